@@ -1,0 +1,114 @@
+#pragma once
+
+#include "Keelbright/state/AppServices.h"
+#include "Keelbright/state/Screen.h"
+#include "KeelbrightCore/backup/BackupEngine.h"
+#include "KeelbrightCore/backup/RecommendedFolder.h"
+#include "KeelbrightCore/backup/RiskAlert.h"
+
+#include <QList>
+#include <QObject>
+#include <optional>
+
+namespace keelbright {
+
+struct AppConfiguration;
+
+/// The one observable object of the application. Main thread only.
+class AppState : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Screen = keelbright::Screen;
+
+    /// Loads what was saved; the services outlive the state.
+    explicit AppState(AppServices services, QObject* parent = nullptr);
+    ~AppState() override;
+
+    /// The screen in the detail area; absent shows the welcome view.
+    [[nodiscard]] std::optional<Screen> selectedScreen() const { return m_selectedScreen; }
+    void setSelectedScreen(std::optional<Screen> screen);
+    /// Passed in this launch; stored nowhere.
+    [[nodiscard]] bool isOnboardingCompleted() const { return m_isOnboardingCompleted; }
+    void setIsOnboardingCompleted(bool completed);
+
+    [[nodiscard]] BackupEngine& engine() { return m_engine; }
+    [[nodiscard]] const BackupEngine& engine() const { return m_engine; }
+
+    // Each set of the following three saves the configuration.
+    [[nodiscard]] const QList<RecommendedFolder>& recommendedFolders() const { return m_recommendedFolders; }
+    void setRecommendedFolders(const QList<RecommendedFolder>& folders);
+    /// Nothing for an index that is out of range.
+    void setRecommendedFolderEnabled(qsizetype index, bool isEnabled);
+    [[nodiscard]] const QList<BackupSource>& customSources() const { return m_customSources; }
+    void setCustomSources(const QList<BackupSource>& sources);
+    [[nodiscard]] const std::optional<BackupDestination>& selectedDestination() const
+    {
+        return m_selectedDestination;
+    }
+    void setSelectedDestination(const std::optional<BackupDestination>& destination);
+
+    /// Report of the last finished backup, also of an earlier launch.
+    [[nodiscard]] const std::optional<BackupReport>& lastReport() const { return m_lastReport; }
+    /// UTC.
+    [[nodiscard]] const std::optional<QDateTime>& lastBackupTime() const { return m_lastBackupTime; }
+    [[nodiscard]] const QList<RiskAlert>& alerts() const { return m_alerts; }
+    void setAlerts(const QList<RiskAlert>& alerts);
+
+    /// The enabled recommended folders (each with a new id at each call), then all custom sources.
+    [[nodiscard]] QList<BackupSource> allEnabledSources() const;
+    /// At most the first three of `allEnabledSources`.
+    [[nodiscard]] QList<BackupSource> previewSources() const;
+
+    /// The way into a backup: raises an alert, or moves to the preflight screen.
+    void startBackup();
+    /// Builds the job from the present choices and starts it; false without a destination.
+    bool confirmBackup();
+    /// Keeps the engine's report, raises or clears the alert, saves and logs.
+    void handleEngineCompletion();
+
+    void persistState();
+    /// Adds a folder unless an enabled source has the same location.
+    void addCustomSource(const FileURL& url);
+    /// Removes every custom source with the same id.
+    void removeCustomSource(const BackupSource& source);
+    void pickCustomFolder();
+    void pickDestination();
+    void resetToDefaults();
+
+    [[nodiscard]] QDateTime now() const { return m_services.clock(); }
+
+Q_SIGNALS:
+    void selectedScreenChanged();
+    void isOnboardingCompletedChanged();
+    void recommendedFoldersChanged();
+    void customSourcesChanged();
+    void selectedDestinationChanged();
+    void lastReportChanged();
+    void lastBackupTimeChanged();
+    void alertsChanged();
+    /// Follows each of the above, and each change of the engine one turn of the event loop later.
+    void changed();
+
+private:
+    void loadPersistedState();
+    void migrateFromUserDefaults();
+    void printDiagnostics() const;
+    void enableRecommendedFolders(const QStringList& names);
+    void setLastReport(const std::optional<BackupReport>& report);
+    void setLastBackupTime(const std::optional<QDateTime>& time);
+
+    AppServices m_services;
+    std::optional<Screen> m_selectedScreen = Screen::dashboard;
+    bool m_isOnboardingCompleted = false;
+    BackupEngine m_engine;
+    QList<RecommendedFolder> m_recommendedFolders;
+    QList<BackupSource> m_customSources;
+    std::optional<BackupDestination> m_selectedDestination;
+    std::optional<BackupReport> m_lastReport;
+    std::optional<QDateTime> m_lastBackupTime;
+    QList<RiskAlert> m_alerts;
+};
+
+} // namespace keelbright

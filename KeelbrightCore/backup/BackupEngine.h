@@ -1,0 +1,76 @@
+#pragma once
+
+#include "KeelbrightCore/backup/BackupJob.h"
+#include "KeelbrightCore/backup/BackupProgress.h"
+#include "KeelbrightCore/backup/BackupReport.h"
+
+#include <QObject>
+#include <memory>
+#include <optional>
+
+namespace keelbright {
+
+class RunLink;
+
+/// The object that the screens watch during a backup: owns the running task and publishes its
+/// progress. Main thread only. Destroying it ends a run before its next item.
+class BackupEngine : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit BackupEngine(QObject* parent = nullptr);
+    ~BackupEngine() override;
+
+    [[nodiscard]] const BackupProgress& progress() const { return m_progress; }
+    [[nodiscard]] bool isRunning() const { return m_isRunning; }
+    [[nodiscard]] bool isCancelled() const { return m_isCancelled; }
+    /// Report of the last finished run.
+    [[nodiscard]] const std::optional<BackupReport>& lastReport() const { return m_lastReport; }
+    /// Why the last run could not start.
+    [[nodiscard]] const std::optional<QString>& lastError() const { return m_lastError; }
+
+    /// Starts a run and returns at once; nothing while one is under way.
+    virtual void startBackup(const BackupJob& job);
+    /// Asks the run to stop before its next item.
+    virtual void cancel();
+    /// One more file copied; announces each of the three counters.
+    virtual void incrementCopied(qint64 size, const QString& name);
+
+    void setProgress(const BackupProgress& progress);
+    void setTotalFilesEstimate(qint64 count);
+    void incrementSkipped();
+    void appendError(const QString& line);
+    void setIsRunning(bool isRunning);
+    void setLastReport(const std::optional<BackupReport>& report);
+    void setLastError(const std::optional<QString>& error);
+
+    /// Ends a run that is under way, because the program quits: no further item is copied and
+    /// nothing unfinished stays. False where the run did not end within `milliseconds`, as on a
+    /// drive that hangs; the program then has to end without waiting for its threads.
+    [[nodiscard]] bool shutDown(int milliseconds);
+
+Q_SIGNALS:
+    // None carries the record: a copy held by an observer would make the next change copy the
+    // whole list of errors.
+    void progressChanged();
+    void isRunningChanged();
+    void isCancelledChanged();
+    void lastReportChanged();
+    void lastErrorChanged();
+    /// Follows each of the above.
+    void changed();
+
+private:
+    void setIsCancelled(bool isCancelled);
+    void announceProgress();
+
+    BackupProgress m_progress;
+    bool m_isRunning = false;
+    bool m_isCancelled = false;
+    std::optional<BackupReport> m_lastReport;
+    std::optional<QString> m_lastError;
+    std::shared_ptr<RunLink> m_currentTask;
+};
+
+} // namespace keelbright

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "KeelbrightCore/backup/BackupDestination.h"
+#include "KeelbrightCore/backup/BackupSource.h"
+
+#include <QDateTime>
+#include <QList>
+
+namespace keelbright {
+
+/// The order for one run.
+struct BackupJob
+{
+    QUuid id;
+    QList<BackupSource> sources;
+    BackupDestination destination;
+    QDateTime startedAt; ///< UTC; when the user confirmed
+};
+
+} // namespace keelbright

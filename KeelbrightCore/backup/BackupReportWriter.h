@@ -1,0 +1,23 @@
+#pragma once
+
+#include "KeelbrightCore/backup/BackupReport.h"
+#include "KeelbrightCore/platform/FileError.h"
+#include "KeelbrightCore/platform/FileURL.h"
+
+namespace keelbright::BackupReportWriter {
+
+struct WrittenReport
+{
+    FileURL jsonURL;
+    FileURL mdURL;
+};
+
+/// Writes the JSON report, then the Markdown report, into an existing folder; the first failure
+/// ends it, and what was written stays.
+[[nodiscard]] std::expected<WrittenReport, FileError> write(const BackupReport& report,
+                                                            const FileURL& reportsDir);
+
+/// The report as a person reads it, in the user's locale and time zone.
+[[nodiscard]] QString generateMarkdown(const BackupReport& report);
+
+} // namespace keelbright::BackupReportWriter

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "KeelbrightCore/backup/BackupDestination.h"
+#include "KeelbrightCore/backup/BackupSource.h"
+
+#include <QList>
+#include <QStringList>
+#include <optional>
+
+namespace keelbright {
+
+/// What the checks before a backup found.
+struct PreflightResult
+{
+    qint64 estimatedFileCount = 0;
+    qint64 estimatedBytes = 0;
+    qint64 destinationFreeSpace = 0; ///< bytes; 0 when unknown
+    QStringList errors;              ///< blocking, in order of detection
+    QStringList warnings;            ///< not blocking, in order of detection
+
+    [[nodiscard]] bool canProceed() const { return errors.isEmpty(); }
+    friend bool operator==(const PreflightResult&, const PreflightResult&) = default;
+};
+
+namespace PreflightService {
+
+/// Runs the checks. Changes nothing on disk, never fails; blocks while it scans, so off the main
+/// thread.
+[[nodiscard]] PreflightResult run(const QList<BackupSource>& sources,
+                                  const std::optional<BackupDestination>& destination);
+
+} // namespace PreflightService
+} // namespace keelbright

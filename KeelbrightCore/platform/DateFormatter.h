@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <optional>
+
+namespace keelbright {
+
+/// Dates as texts.
+namespace DateFormatter {
+
+enum class Style { none, short_, medium, long_ };
+
+/// The date in the default locale and the system's time zone.
+[[nodiscard]] QString string(const QDateTime& date, Style dateStyle, Style timeStyle);
+
+/// ISO 8601 in UTC at whole seconds (cut, not rounded): "2026-03-01T09:05:00Z".
+[[nodiscard]] QString iso8601(const QDateTime& date);
+/// Reads what `iso8601` writes, or the same with a numeric offset; nothing for anything else.
+[[nodiscard]] std::optional<QDateTime> fromIso8601(const QString& text);
+
+/// Reads a date with a fixed pattern of the Unicode date field symbols, such as
+/// "yyyy-MM-dd HH:mm:ss Z", in the locale "en_US_POSIX"; nothing where it does not match whole.
+[[nodiscard]] std::optional<QDateTime> fromPattern(const QString& text, const QString& pattern);
+
+} // namespace DateFormatter
+} // namespace keelbright

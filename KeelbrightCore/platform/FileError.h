@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QString>
+#include <expected>
+
+namespace keelbright {
+
+/// Why an operation on a file failed: a value, never thrown.
+struct FileError
+{
+    /// What was being done, as the verb of the sentence "… could not be <verb>".
+    enum class Operation {
+        read,
+        written,
+        created,
+        copied,
+        replaced,
+        moved,
+        opened,
+        listed,
+        removed,
+        trashed,
+        measured,
+        flushed,
+        launched,
+    };
+
+    /// Reasons of this program's own, for which the system has no error code.
+    enum class Reason {
+        system,              ///< see `code`
+        notARegularFile,     ///< a FIFO, a socket or a device
+        changedDuringCopy,   ///< the source did not hold still through all attempts
+        symbolicLinkInTheWay,///< a folder of the destination turned out to be a link
+        destinationGone,     ///< the destination was unmounted, replaced or mounted over
+        differsInCaseOnly,   ///< another file of that name, spelled differently, is there
+        alreadyInTrash,
+        stopped,             ///< the program is quitting
+    };
+
+    Operation operation = Operation::read;
+    QString name; ///< last path component of the item, for display
+    Reason reason = Reason::system;
+    int code = 0; ///< `errno` where the reason is `system`
+
+    /// A plain English sentence with the name in it.
+    [[nodiscard]] QString localizedDescription() const;
+
+    /// An error with the reason `system` and the given `errno` value.
+    [[nodiscard]] static FileError fromCode(Operation operation, QString name, int code);
+
+    friend bool operator==(const FileError&, const FileError&) = default;
+};
+
+/// The plain English reason of an `errno` value, without a full stop.
+[[nodiscard]] QString systemReason(int code);
+
+} // namespace keelbright

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "KeelbrightCore/platform/FileURL.h"
+
+#include <QVariantMap>
+#include <optional>
+
+namespace keelbright {
+
+/// Reads property lists, XML or binary. The input is not trusted.
+namespace PropertyList {
+
+inline constexpr qint64 maximumBytes = 16 * 1024 * 1024;
+inline constexpr int maximumDepth = 512;
+
+/// The dictionary at the top of the data; nothing where it is no property list, its top is no
+/// dictionary, it is larger than `maximumBytes` or nested deeper than `maximumDepth`.
+/// Values are QString, bool, qint64, double, QDateTime (UTC), QByteArray, QVariantList and
+/// QVariantMap.
+[[nodiscard]] std::optional<QVariantMap> dictionary(const QByteArray& data);
+/// As above, from a regular file.
+[[nodiscard]] std::optional<QVariantMap> dictionaryAt(const FileURL& url);
+
+} // namespace PropertyList
+} // namespace keelbright

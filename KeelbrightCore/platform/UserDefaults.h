@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <memory>
+#include <optional>
+
+class QSettings;
+
+namespace keelbright {
+
+/// The per-user key and value storage of earlier versions. Main thread.
+class UserDefaults
+{
+public:
+    /// The user's own: on Linux "Keelbright/UserDefaults.ini" below the configuration folder
+    /// (`$XDG_CONFIG_HOME`, else `.config` below the home), on macOS the system's defaults.
+    [[nodiscard]] static UserDefaults standard();
+
+    explicit UserDefaults(std::unique_ptr<QSettings> settings);
+    ~UserDefaults();
+    UserDefaults(UserDefaults&&) noexcept;
+    UserDefaults& operator=(UserDefaults&&) noexcept;
+
+    /// Nothing where the key is unset or holds no data.
+    [[nodiscard]] std::optional<QByteArray> dataForKey(const QString& key) const;
+    /// Nothing where the key is unset or holds no list of texts.
+    [[nodiscard]] std::optional<QStringList> stringArrayForKey(const QString& key) const;
+    void removeObjectForKey(const QString& key);
+    void setData(const QString& key, const QByteArray& value);
+    void setStringArray(const QString& key, const QStringList& value);
+
+private:
+    std::unique_ptr<QSettings> m_settings;
+};
+
+} // namespace keelbright
