@@ -1,0 +1,25 @@
+#include "tests/support/SandboxFileManager.h"
+
+namespace keelbright::testing {
+
+SandboxFileManager::SandboxFileManager(FileURL root)
+    : m_root(std::move(root))
+{
+}
+
+FileURL SandboxFileManager::homeDirectory() const
+{
+    return m_root.appending(QStringLiteral("Users/mira"));
+}
+
+FileURL SandboxFileManager::applicationSupportDirectory() const
+{
+    return homeDirectory().appending(QStringLiteral(".local/share"));
+}
+
+FileURL SandboxFileManager::systemLocation(const QString& absolutePath) const
+{
+    return m_root.appending(absolutePath);
+}
+
+} // namespace keelbright::testing

@@ -1,0 +1,92 @@
+#include "tests/support/TestMac.h"
+
+#include <QDir>
+#include <QFile>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+
+namespace keelbright::testing {
+
+namespace {
+
+std::filesystem::path standardPath(const FileURL& url)
+{
+    return {url.nativePath().toStdString()};
+}
+
+} // namespace
+
+TestMac::TestMac()
+    : m_root(FileURL::fromPath(QDir(m_folder.path()).canonicalPath()))
+    , m_fileManager(m_root)
+    , m_guard(m_fileManager)
+    , m_previousTimeZone(qgetenv("TZ"))
+    , m_now(std::make_shared<QDateTime>(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC))
+{
+    if (!m_folder.isValid())
+        ADD_FAILURE() << "no temporary folder: " << m_folder.errorString().toStdString();
+    std::filesystem::create_directories(standardPath(home()));
+    setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
+    setTimeZone("Europe/Berlin");
+}
+
+TestMac::~TestMac()
+{
+    QLocale::setDefault(m_previousLocale);
+    if (m_previousTimeZone.isEmpty())
+        qunsetenv("TZ");
+    else
+        qputenv("TZ", m_previousTimeZone);
+    tzset();
+}
+
+FileURL TestMac::writeFile(const QByteArray& path, const QByteArray& content) const
+{
+    const FileURL url = m_root.appendingNative(path);
+    std::filesystem::create_directories(standardPath(url.deletingLastPathComponent()));
+    std::ofstream file(standardPath(url), std::ios::binary | std::ios::trunc);
+    file.write(content.constData(), content.size());
+    file.close();
+    if (!file)
+        ADD_FAILURE() << "can't write " << url.nativePath().toStdString();
+    return url;
+}
+
+FileURL TestMac::makeFolder(const QByteArray& path) const
+{
+    const FileURL url = m_root.appendingNative(path);
+    std::filesystem::create_directories(standardPath(url));
+    return url;
+}
+
+QByteArray TestMac::read(const FileURL& url)
+{
+    std::ifstream file(standardPath(url), std::ios::binary);
+    if (!file) {
+        ADD_FAILURE() << "can't read " << url.nativePath().toStdString();
+        return {};
+    }
+    return QByteArray::fromStdString({std::istreambuf_iterator<char>(file), {}});
+}
+
+void TestMac::setTimeZone(const QByteArray& ianaName)
+{
+    qputenv("TZ", ianaName);
+    tzset();
+}
+
+void TestMac::setLocale(const QLocale& locale)
+{
+    QLocale::setDefault(locale);
+}
+
+Clock TestMac::clock() const
+{
+    return [now = m_now] { return *now; };
+}
+
+} // namespace keelbright::testing
