@@ -17,7 +17,7 @@ namespace keelbright {
 /// Why a JSON text could not be read as a record.
 struct JsonError
 {
-    QString key;    ///< the key at fault, with its parents ("lastReport.startedAt"); empty for the text itself
+    QString key; ///< the key at fault, with its parents ("lastReport.startedAt"); empty for the text itself
     QString reason; ///< a plain English reason
 
     [[nodiscard]] QString localizedDescription() const;
