@@ -16,6 +16,7 @@ struct BackupDestination
     FileURL url;
 
     [[nodiscard]] QString displayName() const { return url.lastPathComponent(); }
+
     [[nodiscard]] QString path() const { return url.path(); }
 
     [[nodiscard]] QJsonObject toJson() const;

@@ -8,12 +8,12 @@ namespace keelbright {
 /// Live counters of the running backup.
 struct BackupProgress
 {
-    QString currentFile;            ///< last path component of the last file copied
-    qint64 filesCopied = 0;         ///< files written
-    qint64 filesSkipped = 0;        ///< items left out by rule, and items that failed
-    qint64 totalFilesEstimate = 0;  ///< files that the scan before the run counted
-    qint64 bytesCopied = 0;         ///< source sizes of the copied files
-    QStringList errors;             ///< one line a failure, in order; may hold 100,000
+    QString currentFile;           ///< last path component of the last file copied
+    qint64 filesCopied = 0;        ///< files written
+    qint64 filesSkipped = 0;       ///< items left out by rule, and items that failed
+    qint64 totalFilesEstimate = 0; ///< files that the scan before the run counted
+    qint64 bytesCopied = 0;        ///< source sizes of the copied files
+    QStringList errors;            ///< one line a failure, in order; may hold 100,000
 
     /// From 0 to 1; 0 without an estimate.
     [[nodiscard]] double fractionCompleted() const;

@@ -14,8 +14,8 @@ struct BackupReport
 {
     QUuid id;
     QUuid jobId;
-    QDateTime startedAt;   ///< UTC; when the run began
-    QDateTime completedAt; ///< UTC
+    QDateTime startedAt;     ///< UTC; when the run began
+    QDateTime completedAt;   ///< UTC
     QStringList sourcePaths; ///< every source of the job, disabled ones too
     QString destinationPath; ///< the chosen folder
     QString personalFilesPath;

@@ -17,6 +17,7 @@ struct BackupSource
     bool isEnabled = true;
 
     [[nodiscard]] QString displayName() const { return url.lastPathComponent(); }
+
     /// Symbolic icon key, by the folder's name.
     [[nodiscard]] QString icon() const;
 

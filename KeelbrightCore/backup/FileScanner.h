@@ -3,8 +3,10 @@
 #include "KeelbrightCore/backup/BackupSource.h"
 #include "KeelbrightCore/platform/DirectoryEnumerator.h"
 
-#include <QByteArrayList>
 #include <QList>
+
+#include <span>
+#include <string_view>
 
 namespace keelbright {
 
@@ -14,20 +16,21 @@ namespace FileScanner {
 struct ScanResult
 {
     qint64 fileCount = 0;
-    qint64 totalBytes = 0;
+    qint64 totalBytes = 0; ///< logical sizes; stays at the largest value instead of overflowing
     friend bool operator==(const ScanResult&, const ScanResult&) = default;
 };
 
 /// Folder names that are left out whole; compared with letter case.
-[[nodiscard]] const QByteArrayList& skippedFolderNames();
+[[nodiscard]] std::span<const std::string_view> skippedFolderNames();
 /// Extensions that are left out; compared in lower case.
-[[nodiscard]] const QByteArrayList& skippedExtensions();
+[[nodiscard]] std::span<const std::string_view> skippedExtensions();
 
 /// Whether the enumerator's current entry is left out; keeps the enumerator out of a folder that
 /// is left out by its name.
 [[nodiscard]] bool shouldSkip(DirectoryEnumerator& enumerator);
 
-/// Counts the regular files that a backup of the enabled sources would copy. Blocks; never fails.
+/// Counts the regular files that a backup of the enabled sources would copy; what can't be read
+/// adds nothing. Reads metadata only. Blocks; any thread.
 [[nodiscard]] ScanResult scan(const QList<BackupSource>& sources);
 
 } // namespace FileScanner

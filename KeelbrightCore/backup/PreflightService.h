@@ -19,6 +19,7 @@ struct PreflightResult
     QStringList warnings;            ///< not blocking, in order of detection
 
     [[nodiscard]] bool canProceed() const { return errors.isEmpty(); }
+
     friend bool operator==(const PreflightResult&, const PreflightResult&) = default;
 };
 

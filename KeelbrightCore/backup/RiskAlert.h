@@ -11,7 +11,7 @@ struct RiskAlert
     enum class Severity { low, medium, high };
 
     /// With a new id.
-    RiskAlert(QString title, QString message, Severity severity);
+    RiskAlert(QString alertTitle, QString text, Severity level);
 
     QUuid id;
     QString title;

@@ -27,6 +27,7 @@ public:
     void clear() const;
     /// The whole log as CSV, without a line feed at the end.
     [[nodiscard]] QString exportCSV() const;
+
     [[nodiscard]] const FileURL& fileURL() const { return m_fileURL; }
 
 private:

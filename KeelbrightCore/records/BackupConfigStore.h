@@ -18,6 +18,7 @@ public:
 
     [[nodiscard]] AppConfiguration load() const;
     void save(const AppConfiguration& configuration) const;
+
     [[nodiscard]] const FileURL& configURL() const { return m_configURL; }
 
 private:

@@ -1,0 +1,101 @@
+#include "KeelbrightCore/backup/BackupReportWriter.h"
+
+#include "KeelbrightCore/platform/DateFormatter.h"
+#include "KeelbrightCore/platform/FileManager.h"
+
+#include <QJsonDocument>
+
+#include <array>
+#include <charconv>
+
+namespace keelbright::BackupReportWriter {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype listedErrors = 20;
+
+/// "20260301-090500", in UTC.
+QString stamp(const QDateTime& date)
+{
+    constexpr qsizetype lengthWithoutZone = 15;
+    return DateFormatter::iso8601(date).remove(u':').remove(u'-').replace(u'T', u'-').left(lengthWithoutZone);
+}
+
+/// One digit behind the point, in every locale; Qt's own formatting rounds a half the other way.
+QString oneDecimal(double value)
+{
+    std::array<char, 512> digits;
+    const auto end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed, 1);
+    return QString::fromLatin1(digits.data(), end.ptr - digits.data());
+}
+
+QString sourceLines(const QStringList& paths)
+{
+    QStringList lines;
+    for (const QString& path : paths)
+        lines.append(u"- `"_s + path + u'`');
+    return lines.join(u'\n');
+}
+
+QString errorList(const QStringList& errors)
+{
+    if (errors.isEmpty())
+        return u"_None_"_s;
+    return errors.first(std::min(errors.size(), listedErrors)).join("\n- "_L1);
+}
+
+} // namespace
+
+std::expected<WrittenReport, FileError> write(const BackupReport& report, const FileURL& reportsDir)
+{
+    FileManager& fileManager = FileManager::defaultManager();
+    const QString name = u"backup-report-"_s + stamp(report.startedAt);
+    const WrittenReport written{reportsDir.appending(name + ".json"_L1),
+                                reportsDir.appending(name + ".md"_L1)};
+    const QByteArray json = QJsonDocument(report.toJson()).toJson(QJsonDocument::Indented);
+    if (const auto done = fileManager.writeAtomically(written.jsonURL, json); !done)
+        return std::unexpected(done.error());
+    if (const auto done = fileManager.writeAtomically(written.mdURL, generateMarkdown(report).toUtf8());
+        !done)
+        return std::unexpected(done.error());
+    return written;
+}
+
+QString generateMarkdown(const BackupReport& report)
+{
+    const QString date =
+        DateFormatter::string(report.startedAt, DateFormatter::Style::long_, DateFormatter::Style::medium);
+    const QStringList lines{
+        u"# Keel Bright Backup Report"_s,
+        QString(),
+        u"**Date:** "_s + date,
+        u"**Duration:** "_s + oneDecimal(report.durationSeconds()) + u's',
+        QString(),
+        u"## Sources"_s,
+        sourceLines(report.sourcePaths),
+        QString(),
+        u"## Destination"_s,
+        u'`' + report.destinationPath + u'`',
+        QString(),
+        u"## Summary"_s,
+        QString(),
+        u"| Metric | Value |"_s,
+        u"|--------|-------|"_s,
+        u"| Files Copied | "_s + QString::number(report.filesCopied) + " |"_L1,
+        u"| Files Skipped | "_s + QString::number(report.filesSkipped) + " |"_L1,
+        u"| Data Copied | "_s + report.copiedSizeFormatted() + " |"_L1,
+        u"| Errors | "_s + QString::number(report.errors.size()) + " |"_L1,
+        QString(),
+        u"## Recovery Manifest"_s,
+        u'`' + report.manifestPath + u'`',
+        QString(),
+        u"## Skipped / Errors"_s,
+        u"- "_s + errorList(report.errors),
+    };
+    return lines.join(u'\n');
+}
+
+} // namespace keelbright::BackupReportWriter

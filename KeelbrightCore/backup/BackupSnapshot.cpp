@@ -1,0 +1,12 @@
+#include "KeelbrightCore/backup/BackupSnapshot.h"
+
+#include "KeelbrightCore/platform/DateFormatter.h"
+
+namespace keelbright {
+
+QString BackupSnapshot::label() const
+{
+    return DateFormatter::string(date, DateFormatter::Style::medium, DateFormatter::Style::short_);
+}
+
+} // namespace keelbright

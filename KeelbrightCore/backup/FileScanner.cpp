@@ -1,0 +1,108 @@
+#include "KeelbrightCore/backup/FileScanner.h"
+
+#include "KeelbrightCore/platform/FileManager.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace keelbright::FileScanner {
+
+namespace {
+
+constexpr std::array<std::string_view, 10> folderNames{
+    "node_modules", ".git",        "build",  "dist",        "cache",
+    ".cache",       "DerivedData", ".Trash", "__pycache__", ".DS_Store",
+};
+constexpr std::array<std::string_view, 8> extensions{
+    "dmg", "pkg", "iso", "tmp", "app", "framework", "dylib", "o",
+};
+
+constexpr size_t longestExtension = std::ranges::max(extensions, {}, &std::string_view::size).size();
+
+bool contains(std::span<const std::string_view> table, std::string_view text)
+{
+    return std::ranges::find(table, text) != table.end();
+}
+
+std::string_view textOf(QByteArrayView bytes)
+{
+    return {bytes.data(), static_cast<size_t>(bytes.size())};
+}
+
+char toLowerAscii(char character)
+{
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+bool hasSkippedExtension(QByteArrayView name)
+{
+    const std::string_view extension = textOf(pathExtensionOf(name));
+    if (extension.empty() || extension.size() > longestExtension)
+        return false;
+    std::array<char, longestExtension> lowerCase;
+    std::ranges::transform(extension, lowerCase.begin(), toLowerAscii);
+    return contains(extensions, {lowerCase.data(), extension.size()});
+}
+
+qint64 addedWithoutOverflow(qint64 total, qint64 size)
+{
+    constexpr qint64 most = std::numeric_limits<qint64>::max();
+    return size > most - total ? most : total + size;
+}
+
+void scanFolder(const FileURL& url, ScanResult& result)
+{
+    const auto opened = FileManager::defaultManager().enumerator(
+        url, DirectoryEnumerator::Option::skipsHiddenFiles | DirectoryEnumerator::Option::followsRootLink);
+    if (!opened)
+        return;
+    DirectoryEnumerator& enumerator = **opened;
+    while (enumerator.next()) {
+        if (shouldSkip(enumerator) || enumerator.type() != EntryType::regularFile)
+            continue;
+        const std::optional<qint64> size = enumerator.fileSize();
+        if (!size)
+            continue;
+        ++result.fileCount;
+        result.totalBytes = addedWithoutOverflow(result.totalBytes, *size);
+    }
+}
+
+} // namespace
+
+std::span<const std::string_view> skippedFolderNames()
+{
+    return folderNames;
+}
+
+std::span<const std::string_view> skippedExtensions()
+{
+    return extensions;
+}
+
+bool shouldSkip(DirectoryEnumerator& enumerator)
+{
+    // The order is part of the rule: a hidden folder is left out, yet not closed to the walk.
+    const QByteArrayView name = enumerator.name();
+    if (name.startsWith('.'))
+        return true;
+    if (contains(folderNames, textOf(name)) && enumerator.isDirectoryFollowingLinks()) {
+        enumerator.skipDescendants();
+        return true;
+    }
+    // A bundle counts as left out itself, but each item inside is judged on its own.
+    return hasSkippedExtension(name);
+}
+
+ScanResult scan(const QList<BackupSource>& sources)
+{
+    ScanResult result;
+    for (const BackupSource& source : sources) {
+        if (source.isEnabled)
+            scanFolder(source.url, result);
+    }
+    return result;
+}
+
+} // namespace keelbright::FileScanner

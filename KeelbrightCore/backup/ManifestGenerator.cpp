@@ -1,0 +1,66 @@
+#include "KeelbrightCore/backup/ManifestGenerator.h"
+
+#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/Host.h"
+
+#include <algorithm>
+
+namespace keelbright::ManifestGenerator {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList sourcePaths(const QList<BackupSource>& sources)
+{
+    QStringList paths;
+    for (const BackupSource& source : sources)
+        paths.append(source.url.path());
+    return paths;
+}
+
+QStringList installedApps(const FileManager& fileManager)
+{
+    const auto entries = fileManager.contentsOfDirectory(fileManager.systemLocation(u"/Applications"_s), {});
+    if (!entries)
+        return {};
+    QStringList names;
+    for (const DirectoryEntry& entry : *entries) {
+        QString name = entry.url.lastPathComponent();
+        if (name.endsWith(".app"_L1))
+            names.append(name.remove(".app"_L1));
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+QMap<QString, bool> dotfilesPresent(const FileManager& fileManager)
+{
+    QMap<QString, bool> present;
+    for (const QString& name : {u".zshrc"_s, u".bash_profile"_s, u".gitconfig"_s, u".ssh"_s})
+        present.insert(name, fileManager.fileExists(fileManager.homeDirectory().appending(name)).exists);
+    return present;
+}
+
+} // namespace
+
+BackupManifest generate(const BackupJob& job)
+{
+    const FileManager& fileManager = FileManager::defaultManager();
+    return {
+        .appVersion = u"1.0.0-mvp"_s,
+        // Unlike the folder on the destination: nobody reads "MyMac" as a machine without a name.
+        .deviceName = Host::localizedName().value_or(u"Unknown Mac"_s),
+        .macOSVersion = Host::operatingSystemVersionString(),
+        .backupDate = job.startedAt,
+        .sourceFolders = sourcePaths(job.sources),
+        .destinationPath = job.destination.url.path(),
+        .installedApps = installedApps(fileManager),
+        .shellInfo = Host::environment("SHELL").value_or(u"unknown"_s),
+        .dotfilesPresent = dotfilesPresent(fileManager),
+        .notes =
+            u"Application binaries are NOT backed up. This manifest only captures metadata and file presence."_s,
+    };
+}
+
+} // namespace keelbright::ManifestGenerator

@@ -1,0 +1,139 @@
+#include "KeelbrightCore/backup/PreflightService.h"
+
+#include "KeelbrightCore/backup/FileScanner.h"
+#include "KeelbrightCore/platform/ByteCountFormatter.h"
+#include "KeelbrightCore/platform/FileManager.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <limits>
+
+namespace keelbright::PreflightService {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 smallestMargin = 1'000'000'000;
+constexpr double marginFactor = 0.1;
+
+/// One run of the checks.
+class Check
+{
+    Q_DECLARE_TR_FUNCTIONS(PreflightService)
+
+public:
+    explicit Check(const BackupDestination& destination)
+        : m_destination(destination.url)
+    {}
+
+    PreflightResult run(const QList<BackupSource>& sources)
+    {
+        checkDestinationFolder();
+        readFreeSpace();
+        QList<BackupSource> validSources;
+        for (const BackupSource& source : sources) {
+            if (source.isEnabled && isValid(source))
+                validSources.append(source);
+        }
+        if (validSources.isEmpty()) {
+            m_result.errors.append(tr("No valid source folders selected."));
+            return m_result;
+        }
+        const FileScanner::ScanResult scan = FileScanner::scan(validSources);
+        m_result.estimatedFileCount = scan.fileCount;
+        m_result.estimatedBytes = scan.totalBytes;
+        checkSpace();
+        return m_result;
+    }
+
+    static PreflightResult withoutDestination()
+    {
+        PreflightResult result;
+        result.errors.append(tr("No destination selected."));
+        return result;
+    }
+
+private:
+    void checkDestinationFolder()
+    {
+        const FileExistence existence = m_fileManager.fileExists(m_destination);
+        if (!existence.exists || !existence.isDirectory)
+            m_result.errors.append(tr("Destination folder does not exist or is not a directory."));
+        else if (!m_fileManager.isWritable(m_destination))
+            m_result.errors.append(tr("Destination folder is not writable."));
+    }
+
+    void readFreeSpace()
+    {
+        const auto capacity = m_fileManager.fileSystemCapacity(m_destination);
+        if (!capacity)
+            m_result.warnings.append(tr("Could not determine free space on destination."));
+        else
+            m_result.destinationFreeSpace = capacity->freeBytes.value_or(0);
+    }
+
+    [[nodiscard]] bool isDangerous(const FileURL& url) const
+    {
+        return url == m_fileManager.systemLocation(u"/System"_s) ||
+               url == m_fileManager.systemLocation(u"/Library"_s) ||
+               url == m_fileManager.systemLocation(u"/"_s);
+    }
+
+    /// The first thing that is wrong with the source decides.
+    bool isValid(const BackupSource& source)
+    {
+        const FileURL& url = source.url;
+        const QString name = url.lastPathComponent();
+        if (!m_fileManager.fileExists(url).exists)
+            m_result.warnings.append(tr("Source folder missing: %1").arg(name));
+        else if (!m_fileManager.isReadable(url))
+            m_result.warnings.append(tr("Source folder not readable: %1").arg(name));
+        else if (isDangerous(url))
+            m_result.errors.append(tr("Dangerous system folder selected: %1").arg(url.path()));
+        // Plain prefixes, without regard to where a component ends: too careful rather than too bold.
+        else if (m_destination.nativePath().startsWith(url.nativePath()))
+            m_result.errors.append(
+                tr("Destination is inside source folder %1, causing an infinite loop.").arg(name));
+        else if (url.nativePath().startsWith(m_destination.nativePath()))
+            m_result.errors.append(tr("Source folder %1 is already inside the destination.").arg(name));
+        else
+            return true;
+        return false;
+    }
+
+    void checkSpace()
+    {
+        const qint64 required = requiredSpace(m_result.estimatedBytes);
+        const qint64 available = m_result.destinationFreeSpace;
+        // Nothing free means that the figure is unknown.
+        if (available > 0 && available < required)
+            m_result.errors.append(
+                tr("Not enough space. Required: ~%1, Available: %2.")
+                    .arg(ByteCountFormatter::string(required), ByteCountFormatter::string(available)));
+    }
+
+    static qint64 requiredSpace(qint64 bytes)
+    {
+        const qint64 share = static_cast<qint64>(static_cast<double>(bytes) * marginFactor);
+        const qint64 margin = std::max(share, smallestMargin);
+        constexpr qint64 most = std::numeric_limits<qint64>::max();
+        return bytes > most - margin ? most : bytes + margin;
+    }
+
+    const FileManager& m_fileManager = FileManager::defaultManager();
+    const FileURL m_destination;
+    PreflightResult m_result;
+};
+
+} // namespace
+
+PreflightResult run(const QList<BackupSource>& sources, const std::optional<BackupDestination>& destination)
+{
+    if (!destination)
+        return Check::withoutDestination();
+    return Check(*destination).run(sources);
+}
+
+} // namespace keelbright::PreflightService

@@ -1,0 +1,22 @@
+#include "KeelbrightCore/backup/RecommendedFolder.h"
+
+#include "KeelbrightCore/platform/FileManager.h"
+
+namespace keelbright {
+
+FileURL RecommendedFolder::url() const
+{
+    return FileManager::defaultManager().homeDirectory().appending(relativePath);
+}
+
+bool RecommendedFolder::exists() const
+{
+    return FileManager::defaultManager().fileExists(url()).exists;
+}
+
+BackupSource RecommendedFolder::asBackupSource() const
+{
+    return {QUuid::createUuid(), url(), true};
+}
+
+} // namespace keelbright

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdio>
+
+namespace keelbright {
+
+/// Writes one line to standard output at once. The program keeps no log file; this is for whoever
+/// started it from a terminal.
+inline void printLine(const QString& line)
+{
+    const QByteArray bytes = line.toUtf8() + '\n';
+    std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stdout);
+    std::fflush(stdout);
+}
+
+} // namespace keelbright
