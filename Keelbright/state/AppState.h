@@ -28,32 +28,44 @@ public:
 
     /// The screen in the detail area; absent shows the welcome view.
     [[nodiscard]] std::optional<Screen> selectedScreen() const { return m_selectedScreen; }
+
     void setSelectedScreen(std::optional<Screen> screen);
+
     /// Passed in this launch; stored nowhere.
     [[nodiscard]] bool isOnboardingCompleted() const { return m_isOnboardingCompleted; }
+
     void setIsOnboardingCompleted(bool completed);
 
     [[nodiscard]] BackupEngine& engine() { return m_engine; }
+
     [[nodiscard]] const BackupEngine& engine() const { return m_engine; }
 
     // Each set of the following three saves the configuration.
     [[nodiscard]] const QList<RecommendedFolder>& recommendedFolders() const { return m_recommendedFolders; }
+
     void setRecommendedFolders(const QList<RecommendedFolder>& folders);
     /// Nothing for an index that is out of range.
     void setRecommendedFolderEnabled(qsizetype index, bool isEnabled);
+
     [[nodiscard]] const QList<BackupSource>& customSources() const { return m_customSources; }
+
     void setCustomSources(const QList<BackupSource>& sources);
+
     [[nodiscard]] const std::optional<BackupDestination>& selectedDestination() const
     {
         return m_selectedDestination;
     }
+
     void setSelectedDestination(const std::optional<BackupDestination>& destination);
 
     /// Report of the last finished backup, also of an earlier launch.
     [[nodiscard]] const std::optional<BackupReport>& lastReport() const { return m_lastReport; }
+
     /// UTC.
     [[nodiscard]] const std::optional<QDateTime>& lastBackupTime() const { return m_lastBackupTime; }
+
     [[nodiscard]] const QList<RiskAlert>& alerts() const { return m_alerts; }
+
     void setAlerts(const QList<RiskAlert>& alerts);
 
     /// The enabled recommended folders (each with a new id at each call), then all custom sources.
