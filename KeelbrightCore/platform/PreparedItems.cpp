@@ -46,8 +46,10 @@ bool isFolder(int folder, const QByteArray& name)
 
 } // namespace
 
-PreparedFile::PreparedFile(int folder, FileDescriptor file, QByteArray temporaryName, QByteArray name)
+PreparedFile::PreparedFile(int folder, FolderReopener reopen, FileDescriptor file, QByteArray temporaryName,
+                           QByteArray name)
     : m_folder(folder)
+    , m_reopen(std::move(reopen))
     , m_file(std::move(file))
     , m_temporaryName(std::move(temporaryName))
     , m_name(std::move(name))
@@ -61,7 +63,15 @@ PreparedFile::~PreparedFile()
 
 std::expected<void, FileError> PreparedFile::publish()
 {
-    const auto named = publishAsNew();
+    auto named = publishAsNew();
+    if (!named && named.error() == ENOENT && m_temporaryName.isEmpty()) {
+        // Somebody removed the folder under our hands; the file without a name outlived it.
+        const auto folder = m_reopen();
+        if (!folder)
+            return std::unexpected(folder.error());
+        m_folder = *folder;
+        named = publishAsNew();
+    }
     if (named)
         return {};
     if (named.error() != EEXIST)

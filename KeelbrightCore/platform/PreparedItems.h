@@ -4,8 +4,12 @@
 #include "KeelbrightCore/platform/FileDescriptor.h"
 
 #include <QByteArray>
+#include <functional>
 
 namespace keelbright {
+
+/// Opens the folder of a copy anew, because it was removed meanwhile; stays owned by the giver.
+using FolderReopener = std::function<std::expected<int, FileError>()>;
 
 /// A file's complete copy in an open folder: without any name where the file system has such
 /// files, else under a temporary one. Internal to the platform folder.
@@ -13,7 +17,8 @@ class PreparedFile : public PreparedCopy
 {
 public:
     /// `temporaryName` is empty for a file without a name.
-    PreparedFile(int folder, FileDescriptor file, QByteArray temporaryName, QByteArray name);
+    PreparedFile(int folder, FolderReopener reopen, FileDescriptor file, QByteArray temporaryName,
+                 QByteArray name);
     ~PreparedFile() override;
     [[nodiscard]] std::expected<void, FileError> publish() override;
 
@@ -26,6 +31,7 @@ private:
     [[nodiscard]] std::expected<void, FileError> replaceOld();
 
     int m_folder;
+    FolderReopener m_reopen;
     FileDescriptor m_file;
     QByteArray m_temporaryName;
     QByteArray m_name;

@@ -50,6 +50,14 @@ int openSource(const DirectoryEnumerator& item)
     return file < 0 && errno == ESTALE ? retrying(open) : file;
 }
 
+/// Whether a file could not be created because its open folder has been removed. Some file
+/// systems say "does not exist" to that, others "not permitted".
+bool isRemoved(int folder, int code)
+{
+    struct stat status = {};
+    return code == ENOENT || (code == EPERM && ::fstat(folder, &status) == 0 && status.st_nlink == 0);
+}
+
 } // namespace
 
 std::expected<std::unique_ptr<CopyDestination>, FileError>
@@ -148,11 +156,13 @@ std::expected<void, FileError> SystemCopyDestination::enterOrCreate(const QByteA
                                      FileError::Reason::symbolicLinkInTheWay});
 }
 
-std::expected<void, FileError> SystemCopyDestination::reenterFolder()
+std::expected<int, FileError> SystemCopyDestination::reenterFolder()
 {
     const QByteArray folder = m_chain.relativePath();
     m_chain.leaveAll();
-    return enterFolder(folder);
+    if (const auto entered = enterFolder(folder); !entered)
+        return std::unexpected(entered.error());
+    return m_chain.descriptor();
 }
 
 SystemCopyDestination::Prepared SystemCopyDestination::prepare(const DirectoryEnumerator& item,
@@ -192,8 +202,9 @@ SystemCopyDestination::Prepared SystemCopyDestination::prepareFile(const Directo
     if (!target)
         return std::unexpected(target.error());
     const int file = target->get();
-    auto prepared = std::make_unique<PreparedFile>(m_chain.descriptor(), std::move(*target), temporaryName,
-                                                   item.name().toByteArray());
+    auto prepared = std::make_unique<PreparedFile>(
+        m_chain.descriptor(), [this] { return reenterFolder(); }, std::move(*target), temporaryName,
+        item.name().toByteArray());
     if (const auto copied = m_contents.copy(source.get(), file, status, stop, name); !copied)
         return std::unexpected(copied.error());
     copyAttributes(source.get(), file, status);
@@ -222,7 +233,7 @@ std::expected<FileDescriptor, FileError> SystemCopyDestination::createFile(QByte
     };
     auto file = create();
     // Somebody removed the folder under our hands: make it anew, once.
-    if (!file && file.error() == ENOENT) {
+    if (!file && isRemoved(m_chain.descriptor(), file.error())) {
         if (const auto entered = reenterFolder(); !entered)
             return std::unexpected(entered.error());
         file = create();

@@ -32,7 +32,7 @@ private:
     /// now and then only: a drive leaves its place rarely, files come by the thousand.
     [[nodiscard]] bool isInPlace();
     [[nodiscard]] std::expected<void, FileError> enterOrCreate(const QByteArray& name);
-    [[nodiscard]] std::expected<void, FileError> reenterFolder();
+    [[nodiscard]] std::expected<int, FileError> reenterFolder();
     [[nodiscard]] Prepared prepareFile(const DirectoryEnumerator& item, const std::atomic<bool>& stop);
     [[nodiscard]] Prepared prepareLink(const DirectoryEnumerator& item);
     [[nodiscard]] std::expected<FileDescriptor, FileError> createFile(QByteArray& temporaryName,

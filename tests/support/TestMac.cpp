@@ -1,7 +1,7 @@
 #include "tests/support/TestMac.h"
 
 #include <QDir>
-#include <QFile>
+#include <QProcess>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -27,6 +27,7 @@ TestMac::TestMac()
     , m_previousTimeZone(qgetenv("TZ"))
     , m_now(std::make_shared<QDateTime>(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC))
 {
+    m_folder.setAutoRemove(false);
     if (!m_folder.isValid())
         ADD_FAILURE() << "no temporary folder: " << m_folder.errorString().toStdString();
     std::filesystem::create_directories(standardPath(home()));
@@ -42,6 +43,8 @@ TestMac::~TestMac()
     else
         qputenv("TZ", m_previousTimeZone);
     tzset();
+    // Qt and the standard library both give up on trees that are deeper than the longest path.
+    QProcess::execute(QStringLiteral("rm"), {QStringLiteral("-rf"), m_folder.path()});
 }
 
 FileURL TestMac::writeFile(const QByteArray& path, const QByteArray& content) const
