@@ -3,7 +3,7 @@
 add_library(KeelbrightCompile INTERFACE)
 
 target_compile_options(KeelbrightCompile INTERFACE
-  -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
   $<$<BOOL:${KEELBRIGHT_WERROR}>:-Werror>)
 target_compile_definitions(KeelbrightCompile INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH

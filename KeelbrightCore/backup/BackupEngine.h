@@ -23,10 +23,14 @@ public:
     ~BackupEngine() override;
 
     [[nodiscard]] const BackupProgress& progress() const { return m_progress; }
+
     [[nodiscard]] bool isRunning() const { return m_isRunning; }
+
     [[nodiscard]] bool isCancelled() const { return m_isCancelled; }
+
     /// Report of the last finished run.
     [[nodiscard]] const std::optional<BackupReport>& lastReport() const { return m_lastReport; }
+
     /// Why the last run could not start.
     [[nodiscard]] const std::optional<QString>& lastError() const { return m_lastError; }
 

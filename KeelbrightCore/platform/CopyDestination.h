@@ -12,7 +12,8 @@ class DirectoryEnumerator;
 
 /// A copy whose data, mode and times are complete, but which has no name yet.
 ///
-/// Destroying it unpublished leaves nothing behind.
+/// Destroying it unpublished leaves nothing behind. To be published before anything else is
+/// asked of its destination.
 class PreparedCopy
 {
 public:

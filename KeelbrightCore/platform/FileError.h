@@ -27,14 +27,15 @@ struct FileError
 
     /// Reasons of this program's own, for which the system has no error code.
     enum class Reason {
-        system,              ///< see `code`
-        notARegularFile,     ///< a FIFO, a socket or a device
-        changedDuringCopy,   ///< the source did not hold still through all attempts
-        symbolicLinkInTheWay,///< a folder of the destination turned out to be a link
-        destinationGone,     ///< the destination was unmounted, replaced or mounted over
-        differsInCaseOnly,   ///< another file of that name, spelled differently, is there
+        system,               ///< see `code`
+        notARegularFile,      ///< a FIFO, a socket or a device
+        changedDuringCopy,    ///< the source did not hold still through all attempts
+        symbolicLinkInTheWay, ///< a folder of the destination turned out to be a link
+        destinationGone,      ///< the destination was unmounted, replaced or mounted over
+        differsInCaseOnly,    ///< another file of that name, spelled differently, is there
+        linksNotSupported,    ///< the drive can't hold symbolic links
         alreadyInTrash,
-        stopped,             ///< the program is quitting
+        stopped, ///< the program is quitting
     };
 
     Operation operation = Operation::read;

@@ -63,10 +63,8 @@ public:
     [[nodiscard]] virtual std::expected<std::unique_ptr<CopyDestination>, FileError>
     openCopyDestination(const FileURL& base, QByteArrayView relativeFolder) = 0;
 
-    /// Copies one file, link or folder tree; fails where `target` exists.
-    [[nodiscard]] virtual std::expected<void, FileError> copyItem(const FileURL& source,
-                                                                  const FileURL& target) = 0;
-    /// Moves a file or folder; fails rather than replaces, also across devices.
+    /// Moves a file or folder within its volume; fails rather than replaces, and rather than
+    /// copies to another volume.
     [[nodiscard]] virtual std::expected<void, FileError> moveItem(const FileURL& source,
                                                                   const FileURL& target) = 0;
     /// Moves to the Trash of the item's volume; gives its new place. What already lies in the

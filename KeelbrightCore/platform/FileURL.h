@@ -28,6 +28,7 @@ public:
 
     /// The path's exact bytes; always begins with "/".
     [[nodiscard]] const QByteArray& nativePath() const { return m_path; }
+
     /// The path for display.
     [[nodiscard]] QString path() const;
     /// The `file:///…` form, percent-encoded; `fromAbsoluteString` gives back the same bytes.
@@ -47,6 +48,7 @@ public:
     [[nodiscard]] FileURL appendingNative(QByteArrayView component) const;
 
     friend bool operator==(const FileURL&, const FileURL&) = default;
+
     friend size_t qHash(const FileURL& url, size_t seed = 0) noexcept { return qHash(url.m_path, seed); }
 
 private:

@@ -23,8 +23,6 @@ public:
     [[nodiscard]] std::expected<void, FileError> createDirectory(const FileURL& url) override;
     [[nodiscard]] std::expected<std::unique_ptr<CopyDestination>, FileError>
     openCopyDestination(const FileURL& base, QByteArrayView relativeFolder) override;
-    [[nodiscard]] std::expected<void, FileError> copyItem(const FileURL& source,
-                                                          const FileURL& target) override;
     [[nodiscard]] std::expected<void, FileError> moveItem(const FileURL& source,
                                                           const FileURL& target) override;
     [[nodiscard]] std::expected<FileURL, FileError> trashItem(const FileURL& url) override;

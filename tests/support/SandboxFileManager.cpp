@@ -4,8 +4,7 @@ namespace keelbright::testing {
 
 SandboxFileManager::SandboxFileManager(FileURL root)
     : m_root(std::move(root))
-{
-}
+{}
 
 FileURL SandboxFileManager::homeDirectory() const
 {

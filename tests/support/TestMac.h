@@ -20,7 +20,9 @@ public:
     TestMac& operator=(const TestMac&) = delete;
 
     [[nodiscard]] FileURL root() const { return m_root; }
+
     [[nodiscard]] FileURL home() const { return m_fileManager.homeDirectory(); }
+
     [[nodiscard]] SandboxFileManager& fileManager() { return m_fileManager; }
 
     /// Writes a file with its folders. `path` is relative to the root of the machine.
@@ -30,7 +32,9 @@ public:
 
     void setTimeZone(const QByteArray& ianaName);
     void setLocale(const QLocale& locale);
+
     void setNow(const QDateTime& now) { *m_now = now; }
+
     [[nodiscard]] Clock clock() const;
 
 private:

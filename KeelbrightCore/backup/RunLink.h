@@ -1,0 +1,56 @@
+#pragma once
+
+#include "KeelbrightCore/platform/MainThread.h"
+
+#include <atomic>
+#include <semaphore>
+
+namespace keelbright {
+
+class BackupEngine;
+
+/// What ties one run, on its background thread, to the engine on the main thread. Shared by
+/// both, so that either may go first.
+class RunLink
+{
+public:
+    /// On the main thread; the engine calls `close` before it goes.
+    explicit RunLink(BackupEngine& engine);
+
+    // For the run.
+
+    /// Whether the user asked to stop; read directly, and so perhaps stale by one item.
+    [[nodiscard]] bool isCancelled() const { return m_isCancelled; }
+
+    /// Becomes true when the program quits: even a copy under way ends then.
+    [[nodiscard]] const std::atomic<bool>& stopFlag() const { return m_isStopped; }
+
+    /// Sends a change of the engine on its way to the main thread; the one before must have been
+    /// waited for.
+    void post(std::move_only_function<void(BackupEngine&)> change);
+
+    /// Waits for the posted change; false where the engine has gone.
+    [[nodiscard]] bool wait() { return m_hop.wait(); }
+
+    [[nodiscard]] bool hop(std::move_only_function<void(BackupEngine&)> change);
+
+    /// The run's last act.
+    void markEnded() { m_ended.release(); }
+
+    // For the engine.
+
+    void cancel() { m_isCancelled = true; }
+
+    /// Cuts the run off: no further change reaches the engine. False where the run has not ended
+    /// within `milliseconds`.
+    [[nodiscard]] bool close(int milliseconds);
+
+private:
+    BackupEngine& m_engine;
+    MainThreadHop m_hop;
+    std::atomic<bool> m_isCancelled = false;
+    std::atomic<bool> m_isStopped = false;
+    std::binary_semaphore m_ended{0};
+};
+
+} // namespace keelbright

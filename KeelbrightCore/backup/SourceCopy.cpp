@@ -1,0 +1,132 @@
+#include "KeelbrightCore/backup/SourceCopy.h"
+
+#include "KeelbrightCore/backup/BackupEngine.h"
+#include "KeelbrightCore/backup/BackupRunner.h"
+#include "KeelbrightCore/backup/FileScanner.h"
+#include "KeelbrightCore/backup/RunLink.h"
+#include "KeelbrightCore/platform/FileManager.h"
+
+namespace keelbright {
+
+SourceCopy::SourceCopy(DirectoryEnumerator& items, CopyDestination& destination, FileURL root,
+                       QByteArray relativeRoot, RunLink& engine)
+    : m_items(items)
+    , m_destination(destination)
+    , m_root(std::move(root))
+    , m_relativeRoot(std::move(relativeRoot))
+    , m_engine(engine)
+{
+    // A folder of the user's that could not be read is missing from the backup: that must show.
+    m_items.setErrorHandler([this](const FileURL&, const FileError& error) { m_folderErrors.append(error); });
+}
+
+void SourceCopy::run()
+{
+    bool goesOn = true;
+    while (goesOn && m_items.next()) {
+        if (!tellOfFolders() || m_engine.isCancelled())
+            break;
+        if (FileScanner::shouldSkip(m_items))
+            goesOn = tell([](BackupEngine& engine) { engine.incrementSkipped(); });
+        else if (!m_items.isDirectoryFollowingLinks())
+            goesOn = copyCurrent();
+    }
+    if (goesOn)
+        std::ignore = tellOfFolders();
+    std::ignore = m_engine.wait();
+    m_items.setErrorHandler({});
+}
+
+bool SourceCopy::tellOfFolders()
+{
+    for (const FileError& error : std::exchange(m_folderErrors, {})) {
+        if (!tellFailure(error.name, error))
+            return false;
+    }
+    return true;
+}
+
+bool SourceCopy::copyCurrent()
+{
+    const QString name = QString::fromUtf8(m_items.name());
+    if (const auto entered = enterFolder(); !entered) {
+        const FileURL folder = m_root.appendingNative(m_items.relativeFolder());
+        const QString line = QStringLiteral("Dir error ") + folder.path() + QStringLiteral(": ") +
+                             entered.error().localizedDescription();
+        return tell([line](BackupEngine& engine) {
+            engine.appendError(line);
+            engine.incrementSkipped();
+        });
+    }
+    auto prepared = m_destination.prepare(m_items, m_engine.stopFlag());
+    if (!mayGoOn())
+        return false;
+    if (!prepared)
+        return tellFailure(name, prepared.error());
+    if (const auto published = (*prepared)->publish(); !published)
+        return tellFailure(name, published.error());
+    return tell([size = (*prepared)->sourceSize(), name](BackupEngine& engine) {
+        engine.incrementCopied(size, name);
+    });
+}
+
+std::expected<void, FileError> SourceCopy::enterFolder()
+{
+    const QByteArrayView folder = m_items.relativeFolder();
+    // The many files of one folder come one after the other: no path is built for each.
+    if (m_hasEntered && folder == m_enteredFolder)
+        return {};
+    QByteArray path = m_relativeRoot;
+    if (!folder.isEmpty())
+        path.append('/').append(folder);
+    auto entered = m_destination.enterFolder(path);
+    m_hasEntered = entered.has_value();
+    m_enteredFolder = folder.toByteArray();
+    return entered;
+}
+
+bool SourceCopy::mayGoOn()
+{
+    return m_engine.wait() && !m_engine.isCancelled();
+}
+
+bool SourceCopy::tell(Change change)
+{
+    if (!mayGoOn())
+        return false;
+    m_engine.post(std::move(change));
+    return true;
+}
+
+bool SourceCopy::tellFailure(const QString& name, const FileError& error)
+{
+    const QString line = QStringLiteral("Skip ") + name + QStringLiteral(": ") + error.localizedDescription();
+    return tell([line](BackupEngine& engine) {
+        engine.incrementSkipped();
+        engine.appendError(line);
+    });
+}
+
+void BackupRunner::copySource(const BackupSource& source, const FileURL& latest, CopyDestination& destination,
+                              FileManager& fileManager, RunLink& engine)
+{
+    const auto append = [&engine](const QString& line) {
+        std::ignore = engine.hop([line](BackupEngine& target) { target.appendError(line); });
+    };
+    const QByteArray relativeRoot = "Personal Files/" + source.url.nativeLastPathComponent();
+    const FileURL root = latest.appendingNative(relativeRoot);
+    if (const auto entered = destination.enterFolder(relativeRoot); !entered) {
+        append(QStringLiteral("Cannot create ") + root.path() + QStringLiteral(": ") +
+               entered.error().localizedDescription());
+        return;
+    }
+    using Option = DirectoryEnumerator::Option;
+    auto items = fileManager.enumerator(source.url, Option::skipsHiddenFiles | Option::followsRootLink);
+    if (!items) {
+        append(QStringLiteral("Cannot enumerate: ") + source.url.path());
+        return;
+    }
+    SourceCopy(**items, destination, root, relativeRoot, engine).run();
+}
+
+} // namespace keelbright

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "KeelbrightCore/platform/FileError.h"
+#include "KeelbrightCore/platform/FileURL.h"
+
+namespace keelbright {
+
+/// Replaces a file's content in one step and brings it onto the drive: a crash at any moment
+/// leaves the old or the new file whole. A new file is readable by all that the user's mask
+/// allows; an old one's mode is kept. Internal to the platform folder.
+[[nodiscard]] std::expected<void, FileError> atomicWrite(const FileURL& url, const QByteArray& data);
+
+} // namespace keelbright

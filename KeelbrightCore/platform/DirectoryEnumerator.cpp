@@ -1,0 +1,216 @@
+#include "KeelbrightCore/platform/DirectoryEnumerator.h"
+
+#include "KeelbrightCore/platform/DirectoryReader.h"
+#include "KeelbrightCore/platform/FolderChain.h"
+#include "KeelbrightCore/platform/Package.h"
+
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace keelbright {
+
+namespace {
+
+EntryType typeOfMode(mode_t mode)
+{
+    if (S_ISREG(mode))
+        return EntryType::regularFile;
+    if (S_ISDIR(mode))
+        return EntryType::directory;
+    return S_ISLNK(mode) ? EntryType::symbolicLink : EntryType::other;
+}
+
+/// Links are not followed; nothing where the entry has gone meanwhile.
+std::optional<EntryType> typeFromInode(int folder, const char* name)
+{
+    struct stat status = {};
+    if (::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return std::nullopt;
+    return typeOfMode(status.st_mode);
+}
+
+std::optional<qint64> sizeOf(int folder, const char* name)
+{
+#ifdef __linux__
+    // Asking for the size alone spares network drives the rest.
+    struct statx status = {};
+    if (::statx(folder, name, AT_SYMLINK_NOFOLLOW, STATX_SIZE, &status) != 0)
+        return std::nullopt;
+    return static_cast<qint64>(status.stx_size);
+#else
+    struct stat status = {};
+    if (::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return std::nullopt;
+    return status.st_size;
+#endif
+}
+
+} // namespace
+
+class DirectoryEnumerator::Walk
+{
+public:
+    Walk(FileURL root, FileDescriptor folder, Options options)
+        : m_root(std::move(root))
+        , m_options(options)
+        , m_chain(std::move(folder))
+        , m_readers(1)
+    {}
+
+    bool next()
+    {
+        if (m_entersCurrent)
+            enterCurrent();
+        for (;;) {
+            const auto entry = m_readers.back().read(m_chain.descriptor());
+            if (!entry)
+                report(currentFolder(), FileError::Operation::listed, entry.error());
+            if (entry && *entry) {
+                if (deliver(**entry))
+                    return true;
+                continue;
+            }
+            if (m_chain.depth() == 0)
+                return false;
+            leave();
+        }
+    }
+
+    void skipDescendants() { m_entersCurrent = false; }
+
+    [[nodiscard]] FileURL currentFolder() const { return m_root.appendingNative(m_chain.relativePath()); }
+
+    FileURL m_root;
+    Options m_options;
+    FolderChain m_chain;
+    std::vector<DirectoryReader> m_readers; ///< one a folder of the chain, the root's first
+    ErrorHandler m_errorHandler;
+    const char* m_name = nullptr;
+    EntryType m_type = EntryType::other;
+    bool m_entersCurrent = false;
+
+private:
+    bool deliver(const RawDirectoryEntry& entry)
+    {
+        if (m_options.testFlag(Option::skipsHiddenFiles) && entry.name[0] == '.')
+            return false;
+        const auto type = entry.type ? entry.type : typeFromInode(m_chain.descriptor(), entry.name);
+        if (!type)
+            return false;
+        m_name = entry.name;
+        m_type = *type;
+        m_entersCurrent = m_type == EntryType::directory &&
+                          !(m_options.testFlag(Option::skipsPackageDescendants) && isPackage(m_name));
+        return true;
+    }
+
+    void enterCurrent()
+    {
+        m_entersCurrent = false;
+        const QByteArray name(m_name);
+        if (const auto entered = m_chain.enter(name); !entered) {
+            // One that has gone since it was listed is no loss to tell of.
+            if (entered.error() != ENOENT)
+                report(currentFolder().appendingNative(name), FileError::Operation::opened, entered.error());
+            return;
+        }
+        m_readers.emplace_back();
+        const size_t firstOpen = m_chain.firstOpenDepth();
+        if (firstOpen > 1) // the one that was closed for the sake of this one
+            m_readers[firstOpen - 1].suspend();
+    }
+
+    void leave()
+    {
+        const FileURL folder = currentFolder();
+        const auto left = m_chain.leave();
+        m_readers.erase(m_readers.begin() + static_cast<qsizetype>(m_chain.depth()) + 1, m_readers.end());
+        if (!left)
+            report(folder.deletingLastPathComponent(), FileError::Operation::listed, left.error());
+    }
+
+    void report(const FileURL& folder, FileError::Operation operation, int code)
+    {
+        if (m_errorHandler)
+            m_errorHandler(folder, FileError::fromCode(operation, folder.lastPathComponent(), code));
+    }
+};
+
+std::expected<std::unique_ptr<DirectoryEnumerator>, FileError> DirectoryEnumerator::open(const FileURL& root,
+                                                                                         Options options)
+{
+    const int follow = options.testFlag(Option::followsRootLink) ? 0 : O_NOFOLLOW;
+    const char* path = root.nativePath().constData();
+    FileDescriptor folder(
+        retrying([&] { return ::open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | follow); }));
+    if (!folder.isOpen()) {
+        return std::unexpected(
+            FileError::fromCode(FileError::Operation::opened, root.lastPathComponent(), errno));
+    }
+    return std::unique_ptr<DirectoryEnumerator>(
+        new DirectoryEnumerator(std::make_unique<Walk>(root, std::move(folder), options)));
+}
+
+DirectoryEnumerator::DirectoryEnumerator(std::unique_ptr<Walk> walk)
+    : m_walk(std::move(walk))
+{}
+
+DirectoryEnumerator::~DirectoryEnumerator() = default;
+
+void DirectoryEnumerator::setErrorHandler(ErrorHandler handler)
+{
+    m_walk->m_errorHandler = std::move(handler);
+}
+
+bool DirectoryEnumerator::next()
+{
+    return m_walk->next();
+}
+
+void DirectoryEnumerator::skipDescendants()
+{
+    m_walk->skipDescendants();
+}
+
+QByteArrayView DirectoryEnumerator::name() const
+{
+    return {m_walk->m_name, static_cast<qsizetype>(std::strlen(m_walk->m_name))};
+}
+
+EntryType DirectoryEnumerator::type() const
+{
+    return m_walk->m_type;
+}
+
+bool DirectoryEnumerator::isDirectoryFollowingLinks() const
+{
+    if (m_walk->m_type != EntryType::symbolicLink)
+        return m_walk->m_type == EntryType::directory;
+    struct stat status = {};
+    return ::fstatat(folderDescriptor(), m_walk->m_name, &status, 0) == 0 && S_ISDIR(status.st_mode);
+}
+
+std::optional<qint64> DirectoryEnumerator::fileSize() const
+{
+    if (m_walk->m_type == EntryType::directory)
+        return std::nullopt;
+    return sizeOf(folderDescriptor(), m_walk->m_name);
+}
+
+QByteArrayView DirectoryEnumerator::relativeFolder() const
+{
+    return m_walk->m_chain.relativePath();
+}
+
+FileURL DirectoryEnumerator::url() const
+{
+    return m_walk->currentFolder().appendingNative(name());
+}
+
+int DirectoryEnumerator::folderDescriptor() const
+{
+    return m_walk->m_chain.descriptor();
+}
+
+} // namespace keelbright

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cerrno>
+#include <unistd.h>
+#include <utility>
+
+namespace keelbright {
+
+/// Owns one open file descriptor; -1 stands for none. Internal to the platform folder.
+class FileDescriptor
+{
+public:
+    FileDescriptor() = default;
+
+    explicit FileDescriptor(int descriptor)
+        : m_descriptor(descriptor)
+    {}
+
+    FileDescriptor(FileDescriptor&& other) noexcept
+        : m_descriptor(std::exchange(other.m_descriptor, -1))
+    {}
+
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept
+    {
+        std::swap(m_descriptor, other.m_descriptor);
+        return *this;
+    }
+
+    ~FileDescriptor() { reset(); }
+
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+
+    [[nodiscard]] int get() const { return m_descriptor; }
+
+    [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
+
+    /// Gives the descriptor away; the caller closes it.
+    [[nodiscard]] int release() { return std::exchange(m_descriptor, -1); }
+
+    void reset()
+    {
+        if (m_descriptor >= 0)
+            ::close(std::exchange(m_descriptor, -1));
+    }
+
+private:
+    int m_descriptor = -1;
+};
+
+/// Repeats a system call that a signal interrupted.
+template <typename Call> auto retrying(Call call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR)
+        result = call();
+    return result;
+}
+
+} // namespace keelbright
