@@ -75,18 +75,24 @@ public:
 
     /// The way into a backup: raises an alert, or moves to the preflight screen.
     void startBackup();
-    /// Builds the job from the present choices and starts it; false without a destination.
+    /// The user's word on the preflight screen: builds the job from the present choices, starts it
+    /// and moves to the progress screen. False, and nothing done, without a destination.
     bool confirmBackup();
-    /// Keeps the engine's report, raises or clears the alert, saves and logs.
+    /// Keeps the engine's report, raises or clears the alert, saves and logs; nothing where the
+    /// run could not even start. Follows each end of a run by itself, one turn of the event loop
+    /// later.
     void handleEngineCompletion();
 
     void persistState();
-    /// Adds a folder unless an enabled source has the same location.
+    /// Adds a folder unless one of `allEnabledSources` has the same location.
     void addCustomSource(const FileURL& url);
     /// Removes every custom source with the same id.
     void removeCustomSource(const BackupSource& source);
+    /// Asks the user for folders and adds each of them.
     void pickCustomFolder();
+    /// Asks the user where backups go.
     void pickDestination();
+    /// The default selection of folders and no custom sources; all else stays.
     void resetToDefaults();
 
     [[nodiscard]] QDateTime now() const { return m_services.clock(); }
@@ -107,7 +113,9 @@ private:
     void loadPersistedState();
     void migrateFromUserDefaults();
     void printDiagnostics() const;
+    /// Enables the folders of these names and no others; saves after each.
     void enableRecommendedFolders(const QStringList& names);
+    void watchEngine();
     void setLastReport(const std::optional<BackupReport>& report);
     void setLastBackupTime(const std::optional<QDateTime>& time);
 
@@ -115,6 +123,7 @@ private:
     std::optional<Screen> m_selectedScreen = Screen::dashboard;
     bool m_isOnboardingCompleted = false;
     BackupEngine m_engine;
+    bool m_wasRunning = false;
     QList<RecommendedFolder> m_recommendedFolders;
     QList<BackupSource> m_customSources;
     std::optional<BackupDestination> m_selectedDestination;

@@ -1,0 +1,219 @@
+#include "Keelbright/state/AppState.h"
+
+#include "KeelbrightCore/records/ActivityStore.h"
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+RecommendedFolder recommended(const char* name, const QString& relativePath, const char* description,
+                              const QString& icon, bool isEnabled)
+{
+    return {QUuid::createUuid(),
+            QString::fromLatin1(name),
+            relativePath,
+            QString::fromLatin1(description),
+            icon,
+            isEnabled};
+}
+
+QList<RecommendedFolder> defaultRecommendedFolders()
+{
+    return {
+        recommended(QT_TRANSLATE_NOOP("RecommendedFolder", "Desktop"), u"Desktop"_s,
+                    QT_TRANSLATE_NOOP("RecommendedFolder", "Files saved directly to your desktop."),
+                    u"menubar.rectangle"_s, true),
+        recommended(
+            QT_TRANSLATE_NOOP("RecommendedFolder", "Documents"), u"Documents"_s,
+            QT_TRANSLATE_NOOP("RecommendedFolder", "Your personal documents, PDFs, spreadsheets, and more."),
+            u"doc.fill"_s, true),
+        recommended(QT_TRANSLATE_NOOP("RecommendedFolder", "Pictures"), u"Pictures"_s,
+                    QT_TRANSLATE_NOOP("RecommendedFolder", "Images, screenshots, and photo exports."),
+                    u"photo.fill"_s, true),
+        recommended(
+            QT_TRANSLATE_NOOP("RecommendedFolder", "Downloads"), u"Downloads"_s,
+            QT_TRANSLATE_NOOP("RecommendedFolder", "Items downloaded from the web or received via AirDrop."),
+            u"arrow.down.circle.fill"_s, false),
+        recommended(QT_TRANSLATE_NOOP("RecommendedFolder", "Movies"), u"Movies"_s,
+                    QT_TRANSLATE_NOOP("RecommendedFolder", "Video files and projects."), u"film.fill"_s,
+                    false),
+        recommended(QT_TRANSLATE_NOOP("RecommendedFolder", "Music"), u"Music"_s,
+                    QT_TRANSLATE_NOOP("RecommendedFolder", "Music files and media projects."),
+                    u"music.note"_s, false),
+        recommended(QT_TRANSLATE_NOOP("RecommendedFolder", "Photos Library"),
+                    u"Pictures/Photos Library.photoslibrary"_s,
+                    QT_TRANSLATE_NOOP("RecommendedFolder", "Your Photos library package. Can be large."),
+                    u"photo.stack.fill"_s, false),
+    };
+}
+
+} // namespace
+
+AppState::AppState(AppServices services, QObject* parent)
+    : QObject(parent)
+    , m_services(std::move(services))
+    , m_recommendedFolders(defaultRecommendedFolders())
+{
+    watchEngine();
+    loadPersistedState();
+}
+
+AppState::~AppState()
+{
+    // The engine ends its run while it is destroyed, and its last words would find half a state.
+    m_engine.disconnect(this);
+}
+
+void AppState::watchEngine()
+{
+    connect(&m_engine, &BackupEngine::changed, this, &AppState::changed, Qt::QueuedConnection);
+    connect(&m_engine, &BackupEngine::isRunningChanged, this, [this] {
+        const bool hasEnded = m_wasRunning && !m_engine.isRunning();
+        m_wasRunning = m_engine.isRunning();
+        if (hasEnded)
+            QMetaObject::invokeMethod(this, &AppState::handleEngineCompletion, Qt::QueuedConnection);
+    });
+}
+
+void AppState::setSelectedScreen(std::optional<Screen> screen)
+{
+    m_selectedScreen = screen;
+    Q_EMIT selectedScreenChanged();
+    Q_EMIT changed();
+}
+
+void AppState::setIsOnboardingCompleted(bool completed)
+{
+    m_isOnboardingCompleted = completed;
+    Q_EMIT isOnboardingCompletedChanged();
+    Q_EMIT changed();
+}
+
+void AppState::setRecommendedFolders(const QList<RecommendedFolder>& folders)
+{
+    m_recommendedFolders = folders;
+    persistState();
+    Q_EMIT recommendedFoldersChanged();
+    Q_EMIT changed();
+}
+
+void AppState::setRecommendedFolderEnabled(qsizetype index, bool isEnabled)
+{
+    if (index < 0 || index >= m_recommendedFolders.size())
+        return;
+    m_recommendedFolders[index].isEnabled = isEnabled;
+    persistState();
+    Q_EMIT recommendedFoldersChanged();
+    Q_EMIT changed();
+}
+
+void AppState::setCustomSources(const QList<BackupSource>& sources)
+{
+    m_customSources = sources;
+    persistState();
+    Q_EMIT customSourcesChanged();
+    Q_EMIT changed();
+}
+
+void AppState::setSelectedDestination(const std::optional<BackupDestination>& destination)
+{
+    m_selectedDestination = destination;
+    persistState();
+    Q_EMIT selectedDestinationChanged();
+    Q_EMIT changed();
+}
+
+void AppState::setLastReport(const std::optional<BackupReport>& report)
+{
+    m_lastReport = report;
+    Q_EMIT lastReportChanged();
+    Q_EMIT changed();
+}
+
+void AppState::setLastBackupTime(const std::optional<QDateTime>& time)
+{
+    m_lastBackupTime = time;
+    Q_EMIT lastBackupTimeChanged();
+    Q_EMIT changed();
+}
+
+void AppState::setAlerts(const QList<RiskAlert>& alerts)
+{
+    m_alerts = alerts;
+    Q_EMIT alertsChanged();
+    Q_EMIT changed();
+}
+
+QList<BackupSource> AppState::allEnabledSources() const
+{
+    QList<BackupSource> sources;
+    for (const RecommendedFolder& folder : m_recommendedFolders) {
+        if (folder.isEnabled)
+            sources.append(folder.asBackupSource());
+    }
+    return sources + m_customSources;
+}
+
+QList<BackupSource> AppState::previewSources() const
+{
+    constexpr qsizetype shown = 3;
+    return allEnabledSources().mid(0, shown);
+}
+
+void AppState::startBackup()
+{
+    if (!m_selectedDestination) {
+        setAlerts({RiskAlert(tr("No Destination Selected"),
+                             tr("Go to Settings and choose a backup destination first."),
+                             RiskAlert::Severity::high)});
+        return;
+    }
+    if (allEnabledSources().isEmpty()) {
+        setAlerts({RiskAlert(tr("Nothing to Back Up"), tr("Enable at least one folder in Protected Items."),
+                             RiskAlert::Severity::medium)});
+        return;
+    }
+    setAlerts({});
+    setSelectedScreen(Screen::preflight);
+}
+
+bool AppState::confirmBackup()
+{
+    if (!m_selectedDestination)
+        return false;
+    m_engine.startBackup({QUuid::createUuid(), allEnabledSources(), *m_selectedDestination, now()});
+    setSelectedScreen(Screen::backupProgress);
+    return true;
+}
+
+void AppState::handleEngineCompletion()
+{
+    if (!m_engine.lastReport())
+        return;
+    const BackupReport report = *m_engine.lastReport();
+    setLastReport(report);
+    setLastBackupTime(report.completedAt);
+    const bool hasErrors = !report.errors.isEmpty();
+    const QString withWarnings = tr("Backup completed with warnings");
+    if (hasErrors)
+        setAlerts({RiskAlert(withWarnings,
+                             tr("%1 file(s) were skipped. View the report for details.")
+                                 .arg(QString::number(report.errors.size())),
+                             RiskAlert::Severity::medium)});
+    else
+        setAlerts({});
+    persistState();
+    m_services.activityStore.append({
+        .id = QUuid::createUuid(),
+        .timestamp = now(),
+        .kind = ActivityEntry::Kind::backup,
+        .title = hasErrors ? withWarnings : tr("Backup completed"),
+        .detail = tr("%1 files · %2").arg(QString::number(report.filesCopied), report.copiedSizeFormatted()),
+        .bytesAffected = report.bytesCopied,
+        .itemCount = report.filesCopied,
+    });
+}
+
+} // namespace keelbright

@@ -1,0 +1,177 @@
+// How the state comes from disk and goes back there, and how the user's choices of folders reach it.
+
+#include "Keelbright/state/AppState.h"
+#include "Keelbright/state/FolderChooser.h"
+#include "KeelbrightCore/platform/Console.h"
+#include "KeelbrightCore/platform/UserDefaults.h"
+#include "KeelbrightCore/records/BackupConfigStore.h"
+
+#include <QPointer>
+
+#include <algorithm>
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Its presence says that a migration is due.
+QString legacyDestinationKey()
+{
+    return u"kb.selectedDestination"_s;
+}
+
+template <typename Record>
+std::optional<Record> legacyRecord(const UserDefaults& defaults, const QString& key)
+{
+    const auto data = defaults.dataForKey(key);
+    if (!data)
+        return std::nullopt;
+    const auto json = decodeJsonObject(*data);
+    if (!json)
+        return std::nullopt;
+    auto record = Record::fromJson(*json);
+    if (!record)
+        return std::nullopt;
+    return *std::move(record);
+}
+
+std::optional<QList<BackupSource>> legacySources(const UserDefaults& defaults)
+{
+    const auto data = defaults.dataForKey(u"kb.customSources"_s);
+    if (!data)
+        return std::nullopt;
+    const auto json = decodeJsonArray(*data);
+    if (!json)
+        return std::nullopt;
+    auto sources = recordsFromJson<BackupSource>(*json);
+    if (!sources)
+        return std::nullopt;
+    return *std::move(sources);
+}
+
+} // namespace
+
+void AppState::loadPersistedState()
+{
+    const AppConfiguration config = m_services.configStore.load();
+    if (!config.selectedDestination && m_services.userDefaults.dataForKey(legacyDestinationKey())) {
+        migrateFromUserDefaults();
+        return;
+    }
+    setLastReport(config.lastReport);
+    setLastBackupTime(config.lastBackupTime);
+    // An empty list can't be told from a configuration that never held one: the defaults stay.
+    if (!config.enabledRecommendedFolders.isEmpty())
+        enableRecommendedFolders(config.enabledRecommendedFolders);
+    // Each of these saves; the destination comes last, and with it the file is whole again.
+    setCustomSources(config.customSources);
+    setSelectedDestination(config.selectedDestination);
+    printDiagnostics();
+}
+
+void AppState::migrateFromUserDefaults()
+{
+    printLine(u"Migrating from UserDefaults to BackupConfigStore..."_s);
+    UserDefaults& defaults = m_services.userDefaults;
+    if (const auto report = legacyRecord<BackupReport>(defaults, u"kb.lastReport"_s)) {
+        setLastReport(*report);
+        setLastBackupTime(report->completedAt);
+    }
+    // Here an empty list was meant so.
+    if (const auto names = defaults.stringArrayForKey(u"kb.enabledRecommended"_s))
+        enableRecommendedFolders(*names);
+    if (const auto sources = legacySources(defaults))
+        setCustomSources(*sources);
+    if (const auto destination = legacyRecord<BackupDestination>(defaults, legacyDestinationKey()))
+        setSelectedDestination(*destination);
+    // Also where it could not be read: there is no second attempt.
+    defaults.removeObjectForKey(legacyDestinationKey());
+    persistState();
+}
+
+void AppState::enableRecommendedFolders(const QStringList& names)
+{
+    for (qsizetype index = 0; index < m_recommendedFolders.size(); ++index)
+        setRecommendedFolderEnabled(index, names.contains(m_recommendedFolders.at(index).name));
+}
+
+void AppState::printDiagnostics() const
+{
+    printLine(u"--- Keel Bright Diagnostics ---"_s);
+    for (const RecommendedFolder& folder : m_recommendedFolders) {
+        printLine(u"Folder: %1, Path: %2, Exists: %3"_s.arg(folder.name, folder.url().path(),
+                                                            folder.exists() ? u"true"_s : u"false"_s));
+    }
+    printLine(u"-------------------------------"_s);
+}
+
+void AppState::persistState()
+{
+    QStringList enabledNames;
+    for (const RecommendedFolder& folder : m_recommendedFolders) {
+        if (folder.isEnabled)
+            enabledNames.append(folder.name);
+    }
+    m_services.configStore.save({
+        .selectedDestination = m_selectedDestination,
+        .customSources = m_customSources,
+        .enabledRecommendedFolders = enabledNames,
+        .lastReport = m_lastReport,
+        .lastBackupTime = m_lastBackupTime,
+    });
+}
+
+void AppState::addCustomSource(const FileURL& url)
+{
+    const QList<BackupSource> present = allEnabledSources();
+    if (std::any_of(present.cbegin(), present.cend(),
+                    [&](const BackupSource& source) { return source.url == url; }))
+        return;
+    setCustomSources(m_customSources + QList{BackupSource{QUuid::createUuid(), url, true}});
+}
+
+void AppState::removeCustomSource(const BackupSource& source)
+{
+    QList<BackupSource> remaining = m_customSources;
+    remaining.removeIf([id = source.id](const BackupSource& candidate) { return candidate.id == id; });
+    setCustomSources(remaining);
+}
+
+void AppState::pickCustomFolder()
+{
+    const FolderChooserRequest request{
+        .message = tr("Select folders to protect."),
+        .prompt = tr("Add Folder"),
+        .allowsMultipleSelection = true,
+    };
+    // The chooser outlives the state, and so may its answer.
+    m_services.folderChooser.chooseFolders(request, [state = QPointer(this)](const QList<FileURL>& urls) {
+        for (const FileURL& url : urls) {
+            if (state)
+                state->addCustomSource(url);
+        }
+    });
+}
+
+void AppState::pickDestination()
+{
+    const FolderChooserRequest request{
+        .message = tr("Select a folder or external drive to store your backups."),
+        .prompt = tr("Choose Backup Destination"),
+        .canCreateDirectories = true,
+    };
+    m_services.folderChooser.chooseFolders(request, [state = QPointer(this)](const QList<FileURL>& urls) {
+        if (state && !urls.isEmpty())
+            state->setSelectedDestination(BackupDestination{QUuid::createUuid(), urls.first()});
+    });
+}
+
+void AppState::resetToDefaults()
+{
+    enableRecommendedFolders({u"Desktop"_s, u"Documents"_s, u"Pictures"_s});
+    setCustomSources({});
+}
+
+} // namespace keelbright
