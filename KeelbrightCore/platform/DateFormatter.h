@@ -11,16 +11,19 @@ namespace DateFormatter {
 
 enum class Style { none, short_, medium, long_ };
 
-/// The date in the default locale and the system's time zone.
+/// The date in the default locale and the system's time zone; empty for an invalid date and where
+/// both styles are `none`.
 [[nodiscard]] QString string(const QDateTime& date, Style dateStyle, Style timeStyle);
 
-/// ISO 8601 in UTC at whole seconds (cut, not rounded): "2026-03-01T09:05:00Z".
+/// ISO 8601 in UTC at whole seconds (cut, not rounded): "2026-03-01T09:05:00Z". Dates outside the
+/// years 1 to 9999 become the nearest within; empty for an invalid date.
 [[nodiscard]] QString iso8601(const QDateTime& date);
 /// Reads what `iso8601` writes, or the same with a numeric offset; nothing for anything else.
 [[nodiscard]] std::optional<QDateTime> fromIso8601(const QString& text);
 
 /// Reads a date with a fixed pattern of the Unicode date field symbols, such as
-/// "yyyy-MM-dd HH:mm:ss Z", in the locale "en_US_POSIX"; nothing where it does not match whole.
+/// "yyyy-MM-dd HH:mm:ss Z", in the locale "en_US_POSIX"; nothing where it does not match whole, with
+/// as many digits in each field as the pattern writes. Without an offset the text is local time.
 [[nodiscard]] std::optional<QDateTime> fromPattern(const QString& text, const QString& pattern);
 
 } // namespace DateFormatter
