@@ -83,11 +83,12 @@ TEST_F(BackupEngineTest, announcesEachOfTheThreeCountersOfACopiedFile)
 TEST_F(BackupEngineTest, neverCopiesTheItemAfterTheOneOnWhichAnObserverCancels)
 {
     writeFiles(100);
-    QObject::connect(&engine, &BackupEngine::progressChanged, [&] {
+    const auto canceller = QObject::connect(&engine, &BackupEngine::progressChanged, [&] {
         if (engine.progress().filesCopied == 10 && !engine.isCancelled())
             engine.cancel();
     });
     run({documents});
+    QObject::disconnect(canceller);
     EXPECT_TRUE(engine.isCancelled()) << "only the next start resets it";
     EXPECT_EQ(everythingBelow(mirrored("Documents")).size(), 10);
     ASSERT_TRUE(engine.lastReport().has_value());
