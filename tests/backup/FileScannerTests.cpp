@@ -109,6 +109,18 @@ TEST_F(FileScannerTest, regularFilesAreCountedWithTheirSizes)
     EXPECT_EQ(scan(), (ScanResult{3, 12}));
 }
 
+TEST_F(FileScannerTest, theSameFilesAreCountedWhereSizesAreLeftOut)
+{
+    mac.writeFile("Users/mira/Documents/a.txt", "12345");
+    mac.writeFile("Users/mira/Documents/sub/b.txt", "1");
+    mac.writeFile("Users/mira/Documents/c.dmg", "1");
+    const QList<BackupSource> sources = {
+        {QUuid::createUuid(), mac.home().appending(QStringLiteral("Documents")), true}};
+    EXPECT_EQ(FileScanner::scan(sources, FileScanner::Sizes::leftOut),
+              (FileScanner::ScanResult{.fileCount = 2, .totalBytes = 0}));
+    EXPECT_EQ(FileScanner::scan(sources), (FileScanner::ScanResult{.fileCount = 2, .totalBytes = 6}));
+}
+
 TEST_F(FileScannerTest, severalSourcesAddUp)
 {
     write("a.txt", "1");
