@@ -3,15 +3,28 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QThread>
+#include <chrono>
+#include <thread>
 #include <utility>
 
 namespace keelbright {
 
 namespace {
 
+using SteadyClock = std::chrono::steady_clock;
+
 /// How long a waiting task looks again and again before it sleeps. To be woken costs more than
 /// the main thread mostly takes to answer.
-constexpr int looksBeforeSleep = 4000;
+constexpr int looksBeforeSleep = 200;
+
+/// How long the main thread looks out for the next change before it goes back to its events. A
+/// small file is copied within that time, and to wake the main thread for each would cost more
+/// than the copy.
+constexpr auto lookout = std::chrono::microseconds(60);
+
+/// How long the main thread stays with a stream of changes before it sees to its events: well
+/// under a frame.
+constexpr auto longestStay = std::chrono::milliseconds(2);
 
 const QEvent::Type changeEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
 
@@ -27,11 +40,10 @@ public:
     {
         if (event->type() != changeEvent)
             return QObject::event(event);
-        if (m_state == State::posted) {
-            // The last owner of what the change carries goes before the task goes on.
-            std::exchange(m_change, nullptr)();
-            finish(State::idle);
-        }
+        const auto leaveAt = SteadyClock::now() + longestStay;
+        do {
+            makeChange();
+        } while (SteadyClock::now() < leaveAt && looksOut());
         return true;
     }
 
@@ -47,7 +59,31 @@ public:
     }
 
     std::atomic<State> m_state = State::idle;
+    std::atomic<bool> m_isLookingOut = false; ///< the next change needs no event
     std::move_only_function<void()> m_change;
+
+private:
+    void makeChange()
+    {
+        if (m_state != State::posted)
+            return;
+        // The last owner of what the change carries goes before the task goes on.
+        std::exchange(m_change, nullptr)();
+        finish(State::idle);
+    }
+
+    /// Whether another change has come.
+    bool looksOut()
+    {
+        m_isLookingOut = true;
+        const auto until = SteadyClock::now() + lookout;
+        // Yielding costs nothing on a free machine, and on a busy one lets the task go on.
+        while (m_state == State::idle && SteadyClock::now() < until)
+            std::this_thread::yield();
+        // In this order: a task that still saw the lookout has posted before the last look.
+        m_isLookingOut = false;
+        return m_state == State::posted;
+    }
 };
 
 MainThreadHop::MainThreadHop()
@@ -69,7 +105,8 @@ void MainThreadHop::post(std::move_only_function<void()> change)
         return;
     m_receiver->m_change = std::move(change);
     auto expected = Receiver::State::idle;
-    if (m_receiver->m_state.compare_exchange_strong(expected, Receiver::State::posted))
+    if (m_receiver->m_state.compare_exchange_strong(expected, Receiver::State::posted) &&
+        !m_receiver->m_isLookingOut)
         QCoreApplication::postEvent(m_receiver.get(), new QEvent(changeEvent));
 }
 
@@ -78,6 +115,7 @@ bool MainThreadHop::wait()
     for (int look = 0; look < looksBeforeSleep; ++look) {
         if (m_receiver->m_state != Receiver::State::posted)
             break;
+        std::this_thread::yield();
     }
     m_receiver->m_state.wait(Receiver::State::posted);
     return m_receiver->m_state != Receiver::State::closed;

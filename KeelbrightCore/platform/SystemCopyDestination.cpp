@@ -88,6 +88,8 @@ SystemCopyDestination::SystemCopyDestination(FileURL anchor, FileDescriptor fold
     : m_anchor(std::move(anchor))
     , m_device(identity.st_dev)
     , m_inode(identity.st_ino)
+    , m_user(::geteuid())
+    , m_group(::getegid())
     , m_flushDescriptor(::openat(folder.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC))
     , m_chain(std::move(folder))
 {}
@@ -247,7 +249,7 @@ void SystemCopyDestination::copyAttributes(int source, int target, const struct 
 {
     // What the drive can't hold (FAT knows no owners and no modes) is no failure of the copy.
     mode_t mode = status.st_mode & 07777;
-    if (status.st_uid != ::geteuid() || status.st_gid != ::getegid()) {
+    if (status.st_uid != m_user || status.st_gid != m_group) {
         if (::fchown(target, status.st_uid, status.st_gid) != 0) {
             std::ignore = ::fchown(target, static_cast<uid_t>(-1), status.st_gid);
             mode &= 0777U; // never lend a foreign owner's rights to the user's own copy

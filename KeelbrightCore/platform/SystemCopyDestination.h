@@ -43,6 +43,8 @@ private:
     FileURL m_anchor;
     dev_t m_device;
     ino_t m_inode;
+    uid_t m_user; ///< whom new files belong to
+    gid_t m_group;
     FileDescriptor m_flushDescriptor; ///< opened before the first write, to hear of every error since
     FolderChain m_chain;
     FileContents m_contents;

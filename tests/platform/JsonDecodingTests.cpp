@@ -1,10 +1,12 @@
 #include "KeelbrightCore/platform/JsonDecoding.h"
+#include "tests/support/Printing.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-using namespace keelbright;
+namespace keelbright::testing {
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -260,7 +262,7 @@ TEST(JsonDecoding, anErrorReadsAsASentence)
 TEST(JsonDecoding, aTextThatIsNoJsonIsAnErrorThatTellsWhere)
 {
     expectError(decodeJsonObject(""), {}, u"is not valid at byte 0: illegal value"_s);
-    expectError(decodeJsonObject(R"({"a": "b)"), {}, u"is not valid at byte 8: unterminated string"_s);
+    expectError(decodeJsonObject(R"({"a": "b)"), {}, u"is not valid at byte 9: unterminated string"_s);
     expectError(decodeJsonObject("{} x"), {},
                 u"is not valid at byte 3: garbage at the end of the document"_s);
     expectError(decodeJsonObject("{\"a\": \"\xff\"}"), {}, u"is not valid at byte 7: invalid UTF8 string"_s);
@@ -295,3 +297,5 @@ TEST(JsonDecoding, aUuidIsWrittenInUpperCaseWithHyphens)
     EXPECT_EQ(uuidText(QUuid(u"{e621e1f8-c36c-495a-93fc-0c247a3e6e5f}"_s)),
               u"E621E1F8-C36C-495A-93FC-0C247A3E6E5F"_s);
 }
+
+} // namespace keelbright::testing

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace keelbright {
+
+/// How the toolkit's own widgets look (menus, scroll bars, text fields, the folder chooser), so
+/// that they match the widgets that paint themselves.
+class ApplicationStyle : public QProxyStyle
+{
+    Q_OBJECT
+
+public:
+    ApplicationStyle();
+
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                       SubControl subControl, const QWidget* widget) const override;
+    [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                         const QWidget* widget) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override;
+};
+
+} // namespace keelbright

@@ -1,0 +1,111 @@
+#include "Keelbright/widgets/BackupCards.h"
+
+#include "Keelbright/state/L10n.h"
+#include "Keelbright/widgets/Button.h"
+#include "Keelbright/widgets/ElidedLabel.h"
+#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/Progress.h"
+#include "Keelbright/widgets/SymbolLabel.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace keelbright {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+} // namespace
+
+RiskAlertCard::RiskAlertCard(const RiskAlert& alert, QWidget* parent)
+    : Banner(color(alert.severity), u"exclamationmark.triangle.fill"_s, alert.title, parent)
+{
+    setLines({alert.message});
+}
+
+Role RiskAlertCard::color(RiskAlert::Severity severity)
+{
+    switch (severity) {
+    case RiskAlert::Severity::low:
+        return Role::accent;
+    case RiskAlert::Severity::medium:
+        return Role::orange;
+    case RiskAlert::Severity::high:
+        return Role::red;
+    }
+    return Role::orange;
+}
+
+SourceRowCard::SourceRowCard(const BackupSource& source, std::function<void()> onRemove, Role tile,
+                             QWidget* parent)
+    : RowWidget(new Tile(u"folder.fill"_s, tile), source.url.lastPathComponent(), source.url.path(),
+                Detail::path, parent)
+{
+    if (!onRemove)
+        return;
+    auto* remove = new Button(Button::Kind::plainIcon, tr("Remove"), u"minus.circle.fill"_s, this);
+    remove->setHue(Role::red);
+    remove->setAccessibleName(tr("Remove %1").arg(titleLabel()->text()));
+    connect(remove, &QPushButton::clicked, this, std::move(onRemove));
+    addTrailing(remove);
+}
+
+ProgressPanel::ProgressPanel(const BackupProgress& progress, QWidget* parent)
+    : Card(parent)
+    , m_currentFile(new ElidedLabel({}, FontRole::secondary, Role::secondaryText, Qt::ElideRight, this))
+    , m_bar(new BarProgress(tr("Backup progress"), Role::accent, this))
+    , m_percent(new FigureLabel({}, FontRole::bodyStrong, Role::primaryText, this))
+{
+    content()->setSpacing(0);
+    content()->addWidget(new Label(tr("Backing Up…"), FontRole::headline, Role::primaryText, this));
+    content()->addSpacing(2);
+    content()->addWidget(m_currentFile);
+    content()->addSpacing(12);
+    auto* bar = new QHBoxLayout;
+    bar->setSpacing(12);
+    bar->addWidget(m_bar, 1);
+    bar->addWidget(m_percent);
+    m_percent->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_percent->setMinimumWidth(40);
+    content()->addLayout(bar);
+    content()->addSpacing(12);
+    auto* figures = new QHBoxLayout;
+    figures->setSpacing(6);
+    m_copied = addFigure(u"checkmark.circle"_s, figures);
+    m_skipped = addFigure(u"minus.circle"_s, figures);
+    m_size = addFigure(u"internaldrive"_s, figures);
+    figures->addStretch();
+    content()->addLayout(figures);
+    setProgress(progress);
+}
+
+FigureLabel* ProgressPanel::addFigure(const QString& symbol, QHBoxLayout* row)
+{
+    auto* figure = new FigureLabel({}, FontRole::secondary, Role::secondaryText, this);
+    row->addWidget(new SymbolLabel(symbol, 14, Role::secondaryText, this));
+    row->addWidget(figure);
+    row->addSpacing(14);
+    return figure;
+}
+
+void ProgressPanel::setProgress(const BackupProgress& progress)
+{
+    const double done = fraction(progress);
+    m_currentFile->setFullText(progress.currentFile);
+    m_bar->setFraction(done);
+    m_percent->setText(QString::number(static_cast<int>(done * 100)) + u'%');
+    m_copied->setText(tr("%1 copied").arg(progress.filesCopied));
+    m_skipped->setText(tr("%1 skipped").arg(progress.filesSkipped));
+    m_size->setText(L10n::Formatters::bytes(progress.bytesCopied));
+}
+
+double ProgressPanel::fraction(const BackupProgress& progress)
+{
+    if (progress.totalFilesEstimate <= 0)
+        return 0;
+    const double done = static_cast<double>(progress.filesCopied + progress.filesSkipped);
+    return std::min(1.0, done / static_cast<double>(progress.totalFilesEstimate));
+}
+
+} // namespace keelbright

@@ -1,0 +1,212 @@
+#include "Keelbright/widgets/Button.h"
+
+#include "Keelbright/widgets/Symbol.h"
+#include "Keelbright/widgets/Theme.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace keelbright {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int gap = 7;
+
+Role startingHue(Button::Kind kind)
+{
+    switch (kind) {
+    case Button::Kind::primary:
+        return Role::accent;
+    case Button::Kind::destructive:
+        return Role::red;
+    case Button::Kind::link:
+        return Role::accentText;
+    case Button::Kind::icon:
+    case Button::Kind::plainIcon:
+        return Role::mutedText;
+    case Button::Kind::bordered:
+        return Role::primaryText;
+    }
+    return Role::primaryText;
+}
+
+} // namespace
+
+Button::Button(Kind kind, const QString& text, const QString& symbolKey, QWidget* parent)
+    : QPushButton(parent)
+    , m_kind(kind)
+    , m_symbol(symbolKey)
+    , m_hue(startingHue(kind))
+{
+    setCaption(text);
+    applyFont();
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    if (kind == Kind::link)
+        setCursor(Qt::PointingHandCursor);
+}
+
+void Button::setKind(Kind kind)
+{
+    m_kind = kind;
+    m_hue = startingHue(kind);
+    update();
+}
+
+void Button::setCaption(const QString& text)
+{
+    if (isSymbolAlone()) {
+        setToolTip(text);
+        setAccessibleName(text);
+    } else {
+        // A text of ours has no mnemonic; an ampersand in it is one.
+        setText(QString(text).replace(u'&', "&&"_L1));
+        setAccessibleName(text);
+    }
+    updateGeometry();
+}
+
+void Button::setSymbol(const QString& key)
+{
+    m_symbol = key;
+    updateGeometry();
+    update();
+}
+
+void Button::setHue(Role hue)
+{
+    m_hue = hue;
+    update();
+}
+
+void Button::setCompact(bool isCompact)
+{
+    m_isCompact = isCompact;
+    applyFont();
+    updateGeometry();
+}
+
+void Button::applyFont()
+{
+    setFont(Theme::instance().font(m_isCompact ? FontRole::secondary : FontRole::bodyStrong));
+}
+
+int Button::symbolSize() const
+{
+    return m_isCompact ? 14 : 16;
+}
+
+QSize Button::sizeHint() const
+{
+    const int least = m_isCompact ? Metrics::compactButtonHeight : Metrics::buttonHeight;
+    const int height = std::max(least, fontMetrics().height() + 8);
+    if (isSymbolAlone())
+        return {height, height};
+    const int words = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+    const int picture = m_symbol.isEmpty() ? 0 : symbolSize() + gap;
+    const int padding = m_kind == Kind::link ? 3 : (m_isCompact ? 10 : 14);
+    return {words + picture + 2 * padding, height};
+}
+
+QColor Button::wordColor() const
+{
+    const Theme& theme = Theme::instance();
+    if (!isEnabled())
+        return theme.color(Role::emptyMark);
+    if (isFilled())
+        return theme.color(onFillRole(fillRole(m_hue)));
+    if (m_kind == Kind::link)
+        return theme.color(Role::accentText);
+    return theme.color(m_isCompact ? Role::secondaryText : Role::primaryText);
+}
+
+void Button::paintGround(QPainter& painter) const
+{
+    const Theme& theme = Theme::instance();
+    const QRectF ground = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    const bool isHovered = isEnabled() && underMouse();
+    painter.setPen(Qt::NoPen);
+    if (isFilled()) {
+        painter.setBrush(isEnabled() ? theme.color(fillRole(m_hue)) : theme.color(Role::track));
+        painter.drawRoundedRect(rect(), Metrics::buttonRadius, Metrics::buttonRadius);
+    } else if (m_kind == Kind::bordered || m_kind == Kind::icon) {
+        painter.setBrush(theme.color(Role::card));
+        painter.setPen(theme.color(Role::controlLine));
+        painter.drawRoundedRect(ground, Metrics::buttonRadius, Metrics::buttonRadius);
+        painter.setPen(Qt::NoPen);
+    }
+    if (m_kind == Kind::link || !(isHovered || isDown()))
+        return;
+    // On a fill the shade must not take away from the contrast of the words: it darkens in both.
+    painter.setBrush(isFilled() ? QColor(0, 0, 0, isDown() ? 50 : 22)
+                                : theme.color(isDown() ? Role::pressed : Role::hover));
+    painter.drawRoundedRect(ground, Metrics::buttonRadius, Metrics::buttonRadius);
+}
+
+void Button::paintContent(QPainter& painter) const
+{
+    const Theme& theme = Theme::instance();
+    const QColor words = wordColor();
+    const bool isPlain = isFilled() || m_kind == Kind::link || !isEnabled();
+    const QColor picture = isPlain ? words : theme.color(m_hue);
+    if (isSymbolAlone()) {
+        const QRectF square(0, 0, symbolSize(), symbolSize());
+        Symbol::paint(painter, square.translated(QRectF(rect()).center() - square.center()), m_symbol,
+                      picture);
+        return;
+    }
+    const int textWidth = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+    const int pictureWidth = m_symbol.isEmpty() ? 0 : symbolSize() + gap;
+    int x = (width() - textWidth - pictureWidth) / 2;
+    if (pictureWidth > 0) {
+        Symbol::paint(painter, QRectF(x, (height() - symbolSize()) / 2.0, symbolSize(), symbolSize()),
+                      m_symbol, picture);
+        x += pictureWidth;
+    }
+    QFont font = this->font();
+    font.setUnderline(m_kind == Kind::link && isEnabled() && underMouse());
+    painter.setFont(font);
+    painter.setPen(words);
+    painter.drawText(QRect(x, 0, textWidth + 2, height()),
+                     Qt::AlignVCenter | Qt::AlignLeft | Qt::TextHideMnemonic, text());
+}
+
+void Button::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintGround(painter);
+    paintContent(painter);
+    if (hasFocus() && m_focusRing.isVisible())
+        FocusRing::paint(painter, rect(), Metrics::buttonRadius, isFilled());
+}
+
+void Button::focusInEvent(QFocusEvent* event)
+{
+    m_focusRing.focusIn(*event);
+    QPushButton::focusInEvent(event);
+    update();
+}
+
+void Button::focusOutEvent(QFocusEvent* event)
+{
+    m_focusRing.focusOut();
+    QPushButton::focusOutEvent(event);
+    update();
+}
+
+void Button::keyPressEvent(QKeyEvent* event)
+{
+    m_focusRing.keyPressed();
+    // Enter presses a focused button everywhere, not only in a dialog.
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && !event->isAutoRepeat()) {
+        click();
+        return;
+    }
+    QPushButton::keyPressEvent(event);
+    update();
+}
+
+} // namespace keelbright

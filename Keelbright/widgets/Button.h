@@ -1,0 +1,70 @@
+#pragma once
+
+#include "Keelbright/widgets/FocusRing.h"
+#include "Keelbright/widgets/Roles.h"
+
+#include <QPushButton>
+
+namespace keelbright {
+
+/// Something to press. Enter and Space press it while it has the focus.
+class Button : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    enum class Kind {
+        primary,     ///< filled; one a screen
+        destructive, ///< filled in red, takes something away
+        bordered,    ///< the plain one
+        link,        ///< words in the accent colour, no frame
+        icon,        ///< a symbol alone in a frame
+        plainIcon,   ///< a symbol alone, no frame until the pointer is on it
+    };
+
+    /// For the two kinds with a symbol alone `text` is the tool tip and the accessible name.
+    Button(Kind kind, const QString& text, const QString& symbolKey = {}, QWidget* parent = nullptr);
+
+    [[nodiscard]] Kind kind() const { return m_kind; }
+
+    void setKind(Kind kind);
+    /// The words, or for a symbol alone the tool tip and the name.
+    void setCaption(const QString& text);
+    void setSymbol(const QString& key);
+
+    [[nodiscard]] QString symbol() const { return m_symbol; }
+
+    /// The hue of a primary button (accent by default), or that of the symbol of any other.
+    void setHue(Role hue);
+    /// 24 high instead of 30, for a button within a row.
+    void setCompact(bool isCompact);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    [[nodiscard]] bool isFilled() const { return m_kind == Kind::primary || m_kind == Kind::destructive; }
+
+    [[nodiscard]] bool isSymbolAlone() const { return m_kind == Kind::icon || m_kind == Kind::plainIcon; }
+
+    [[nodiscard]] int symbolSize() const;
+    [[nodiscard]] QColor wordColor() const;
+    void applyFont();
+    void paintGround(QPainter& painter) const;
+    void paintContent(QPainter& painter) const;
+
+    Kind m_kind;
+    QString m_symbol;
+    Role m_hue;
+    bool m_isCompact = false;
+    FocusRing m_focusRing;
+};
+
+} // namespace keelbright

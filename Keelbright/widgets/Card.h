@@ -1,0 +1,56 @@
+#pragma once
+
+#include "Keelbright/widgets/Roles.h"
+
+#include <QWidget>
+
+class QVBoxLayout;
+
+namespace keelbright {
+
+/// A rounded surface with a fine frame and a faint shadow. Put the content into `content()`.
+/// The lowest `Metrics::cardShadow` pixels belong to the shadow.
+class Card : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Card(QWidget* parent = nullptr);
+
+    /// With margins of `Metrics::cardPadding` and a spacing of 12; both may be changed.
+    [[nodiscard]] QVBoxLayout* content() const { return m_content; }
+
+    /// Lays a gradient of the hue on the card, strong at the left; none by default.
+    void setTint(Role hue);
+
+    /// Draws such a surface; for widgets that are cards by other means.
+    static void paintSurface(QPainter& painter, const QRectF& rect, const QColor& color);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QVBoxLayout* m_content;
+    Role m_tint = Role::card;
+};
+
+/// A card of rows with a fine line above each but the first. The rows bring their own margins.
+class RowList : public Card
+{
+    Q_OBJECT
+
+public:
+    explicit RowList(QWidget* parent = nullptr);
+
+    /// Takes the row over.
+    void addRow(QWidget* row);
+    /// Destroys every row.
+    void clear();
+    [[nodiscard]] int rowCount() const;
+    [[nodiscard]] QWidget* row(int index) const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+} // namespace keelbright

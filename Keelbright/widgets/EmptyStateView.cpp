@@ -1,0 +1,50 @@
+#include "Keelbright/widgets/EmptyStateView.h"
+
+#include "Keelbright/widgets/Label.h"
+#include "Keelbright/widgets/SymbolLabel.h"
+
+#include <QVBoxLayout>
+
+namespace keelbright {
+
+namespace {
+
+constexpr int iconSize = 52;
+constexpr int readableWidth = 380;
+
+} // namespace
+
+EmptyStateView::EmptyStateView(const QString& title, const QString& message, const QString& icon,
+                               QWidget* parent)
+    : QWidget(parent)
+    , m_column(new QVBoxLayout)
+{
+    setAccessibleName(title);
+    setAccessibleDescription(message);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(Metrics::pageMarginX, Metrics::pageMarginY, Metrics::pageMarginX,
+                               Metrics::pageMarginY);
+    m_column->setSpacing(6);
+    layout->addStretch(4);
+    layout->addLayout(m_column);
+    layout->addStretch(5);
+
+    m_column->addWidget(new SymbolLabel(icon, iconSize, Role::emptyMark, this), 0, Qt::AlignHCenter);
+    m_column->addSpacing(8);
+    auto* titleLabel = makeWrappingLabel(title, FontRole::headline, Role::primaryText, this);
+    auto* messageLabel = makeWrappingLabel(message, FontRole::body, Role::secondaryText, this);
+    for (Label* label : {titleLabel, messageLabel}) {
+        label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+        label->setMinimumWidth(240);
+        label->setFixedWidth(readableWidth);
+        m_column->addWidget(label, 0, Qt::AlignHCenter);
+    }
+}
+
+void EmptyStateView::addAction(QWidget* action)
+{
+    m_column->addSpacing(10);
+    m_column->addWidget(action, 0, Qt::AlignHCenter);
+}
+
+} // namespace keelbright

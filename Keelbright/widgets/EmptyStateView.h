@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QWidget>
+
+class QVBoxLayout;
+
+namespace keelbright {
+
+/// The placeholder of a screen or list with nothing to show: an icon above a title and a message,
+/// centred.
+class EmptyStateView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    EmptyStateView(const QString& title, const QString& message, const QString& icon,
+                   QWidget* parent = nullptr);
+
+    /// Below the message; taken over.
+    void addAction(QWidget* action);
+    using QWidget::addAction;
+
+private:
+    QVBoxLayout* m_column;
+};
+
+} // namespace keelbright

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "Keelbright/widgets/Roles.h"
+
+#include <QWidget>
+
+class QHBoxLayout;
+
+namespace keelbright {
+
+class Label;
+
+/// The head of a screen: its title, a line below, and its actions at the right. The words give
+/// way to the actions and break into lines.
+class PageHeader : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// An empty subtitle takes no room.
+    PageHeader(const QString& title, const QString& subtitle, QWidget* parent = nullptr);
+
+    void setTitle(const QString& title);
+    void setSubtitle(const QString& subtitle);
+    /// A symbol before the title.
+    void setSymbol(const QString& key, Role color);
+    /// Takes the widget over; the first one added stands leftmost.
+    void addAction(QWidget* action);
+    using QWidget::addAction;
+
+private:
+    QHBoxLayout* m_titleRow;
+    Label* m_title;
+    Label* m_subtitle;
+    QHBoxLayout* m_actions;
+};
+
+/// The head of a section of a page, with what belongs to it at the right.
+class SectionHeader : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// No symbol where the key is empty.
+    explicit SectionHeader(const QString& title, const QString& symbolKey = {}, Role color = Role::accent,
+                           QWidget* parent = nullptr);
+
+    void setTitle(const QString& title);
+    /// Takes the widget over.
+    void addTrailing(QWidget* widget);
+
+private:
+    Label* m_title;
+    QHBoxLayout* m_layout;
+};
+
+/// A fine line.
+class Separator : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Separator(Qt::Orientation orientation = Qt::Horizontal, QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+} // namespace keelbright

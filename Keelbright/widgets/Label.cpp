@@ -1,0 +1,44 @@
+#include "Keelbright/widgets/Label.h"
+
+#include "Keelbright/widgets/Theme.h"
+
+namespace keelbright {
+
+Label::Label(const QString& text, FontRole font, Role color, QWidget* parent)
+    : QLabel(text, parent)
+    , m_color(color)
+{
+    setTextFormat(Qt::PlainText);
+    setFontRole(font);
+    applyColor();
+    connect(&Theme::instance(), &Theme::changed, this, &Label::applyColor);
+}
+
+void Label::setFontRole(FontRole font)
+{
+    setFont(Theme::instance().font(font));
+}
+
+void Label::setColorRole(Role color)
+{
+    if (color == m_color)
+        return;
+    m_color = color;
+    applyColor();
+}
+
+void Label::applyColor()
+{
+    QPalette colors = palette();
+    colors.setColor(QPalette::WindowText, Theme::instance().color(m_color));
+    setPalette(colors);
+}
+
+Label* makeWrappingLabel(const QString& text, FontRole font, Role color, QWidget* parent)
+{
+    auto* label = new Label(text, font, color, parent);
+    label->setWordWrap(true);
+    return label;
+}
+
+} // namespace keelbright

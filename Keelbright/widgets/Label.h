@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Keelbright/widgets/Roles.h"
+
+#include <QLabel>
+
+namespace keelbright {
+
+/// Words in a font and a colour by role. Plain text always: what a file is called is never markup.
+class Label : public QLabel
+{
+    Q_OBJECT
+
+public:
+    Label(const QString& text, FontRole font, Role color, QWidget* parent = nullptr);
+
+    void setFontRole(FontRole font);
+    void setColorRole(Role color);
+
+    [[nodiscard]] Role colorRole() const { return m_color; }
+
+private:
+    void applyColor();
+
+    Role m_color;
+};
+
+/// A label that breaks into as many lines as it needs.
+[[nodiscard]] Label* makeWrappingLabel(const QString& text, FontRole font, Role color,
+                                       QWidget* parent = nullptr);
+
+} // namespace keelbright

@@ -1,0 +1,181 @@
+#include "Keelbright/widgets/Progress.h"
+
+#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/Theme.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+namespace keelbright {
+
+namespace {
+
+constexpr int glideTime = 300;
+constexpr int frameTime = 16;
+constexpr int degreesPerFrame = 6;
+constexpr int sixteenths = 16; ///< the toolkit counts angles in sixteenths of a degree
+
+void drawArc(QPainter& painter, const QRectF& square, double thickness, const QColor& color,
+             double startDegrees, double spanDegrees)
+{
+    painter.setPen(QPen(color, thickness, Qt::SolidLine, Qt::RoundCap));
+    painter.setBrush(Qt::NoBrush);
+    const double half = thickness / 2;
+    painter.drawArc(square.adjusted(half, half, -half, -half), static_cast<int>(startDegrees * sixteenths),
+                    static_cast<int>(spanDegrees * sixteenths));
+}
+
+} // namespace
+
+FractionBar::FractionBar(const QString& name, Role color, QWidget* parent)
+    : QProgressBar(parent)
+    , m_color(color)
+{
+    setRange(0, 100);
+    setValue(0);
+    setTextVisible(false);
+    setAccessibleName(name);
+    m_animation.setDuration(glideTime);
+    m_animation.setEasingCurve(QEasingCurve::OutCubic);
+    connect(&m_animation, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
+        m_shown = value.toDouble();
+        update();
+    });
+    connect(&Theme::instance(), &Theme::changed, this, qOverload<>(&QWidget::update));
+}
+
+void FractionBar::setFraction(double fraction)
+{
+    const double cut = std::clamp(std::isnan(fraction) ? 0.0 : fraction, 0.0, 1.0);
+    setValue(static_cast<int>(cut * 100));
+    if (cut == m_fraction)
+        return;
+    m_fraction = cut;
+    m_animation.stop();
+    const int time = Theme::instance().duration(glideTime);
+    if (time == 0 || !isVisible()) {
+        m_shown = cut;
+        update();
+        return;
+    }
+    m_animation.setStartValue(m_shown);
+    m_animation.setEndValue(cut);
+    m_animation.start();
+}
+
+void FractionBar::setColorRole(Role color)
+{
+    m_color = color;
+    update();
+}
+
+BarProgress::BarProgress(const QString& name, Role color, QWidget* parent)
+    : FractionBar(name, color, parent)
+{
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void BarProgress::paintEvent(QPaintEvent*)
+{
+    const Theme& theme = Theme::instance();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    const QRectF groove(rect());
+    const double radius = groove.height() / 2;
+    painter.setBrush(theme.color(Role::track));
+    painter.drawRoundedRect(groove, radius, radius);
+    if (shownFraction() <= 0)
+        return;
+    QRectF bar = groove;
+    bar.setWidth(std::max(groove.height(), groove.width() * shownFraction()));
+    if (layoutDirection() == Qt::RightToLeft)
+        bar.moveRight(groove.right());
+    painter.setBrush(theme.color(colorRole()));
+    painter.drawRoundedRect(bar, radius, radius);
+}
+
+RingProgress::RingProgress(const QString& name, int diameter, int thickness, Role color, QWidget* parent)
+    : FractionBar(name, color, parent)
+    , m_diameter(diameter)
+    , m_thickness(thickness)
+{
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void RingProgress::setCenter(const QString& figure, const QString& word, bool isWordColored)
+{
+    m_figure = figure;
+    m_word = word;
+    m_isWordColored = isWordColored;
+    setAccessibleDescription(word.isEmpty() ? figure : figure + u' ' + word);
+    update();
+}
+
+void RingProgress::paintEvent(QPaintEvent*)
+{
+    const Theme& theme = Theme::instance();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QColor track = theme.color(Role::secondaryText);
+    track.setAlphaF(0.2F);
+    drawArc(painter, rect(), m_thickness, track, 0, 360);
+    if (shownFraction() > 0)
+        drawArc(painter, rect(), m_thickness, theme.color(colorRole()), 90, -360 * shownFraction());
+    if (m_figure.isEmpty())
+        return;
+    const QFont figureFont = theme.font(FontRole::largeFigure);
+    QFont wordFont = theme.font(FontRole::secondary);
+    wordFont.setWeight(QFont::DemiBold);
+    const double figureHeight = QFontMetricsF(figureFont).capHeight();
+    const double wordHeight = m_word.isEmpty() ? 0 : QFontMetricsF(wordFont).capHeight();
+    const double between = m_word.isEmpty() ? 0 : 11;
+    const double top = (height() - figureHeight - between - wordHeight) / 2;
+    painter.setPen(theme.color(Role::primaryText));
+    TabularFigures::paint(painter, QRectF(0, top, width(), figureHeight), Qt::AlignHCenter, figureFont,
+                          m_figure);
+    painter.setPen(theme.color(m_isWordColored ? textRole(colorRole()) : Role::mutedText));
+    TabularFigures::paint(painter, QRectF(0, top + figureHeight + between, width(), wordHeight),
+                          Qt::AlignHCenter, wordFont, m_word);
+}
+
+Spinner::Spinner(const QString& name, int diameter, QWidget* parent)
+    : QProgressBar(parent)
+    , m_diameter(diameter)
+{
+    setRange(0, 0);
+    setTextVisible(false);
+    setAccessibleName(name);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    m_timer.setInterval(frameTime);
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        m_angle = (m_angle + degreesPerFrame) % 360;
+        update();
+    });
+}
+
+void Spinner::paintEvent(QPaintEvent*)
+{
+    const Theme& theme = Theme::instance();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double thickness = std::max(2.0, m_diameter / 9.0);
+    drawArc(painter, rect(), thickness, theme.color(Role::track), 0, 360);
+    drawArc(painter, rect(), thickness, theme.color(Role::accent), 90 - m_angle, -100);
+}
+
+void Spinner::showEvent(QShowEvent* event)
+{
+    QProgressBar::showEvent(event);
+    if (!Theme::instance().isMotionReduced())
+        m_timer.start();
+}
+
+void Spinner::hideEvent(QHideEvent* event)
+{
+    QProgressBar::hideEvent(event);
+    m_timer.stop();
+}
+
+} // namespace keelbright

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Keelbright/widgets/Roles.h"
+
+#include <QString>
+#include <QWidget>
+
+namespace keelbright {
+
+/// A symbol in a colour by role. Decoration: the words beside it tell a screen reader the same.
+class SymbolLabel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `size` is the side of the picture.
+    SymbolLabel(const QString& key, int size, Role color, QWidget* parent = nullptr);
+
+    void setKey(const QString& key);
+
+    [[nodiscard]] QString key() const { return m_key; }
+
+    void setColorRole(Role color);
+
+    [[nodiscard]] Role colorRole() const { return m_color; }
+
+    [[nodiscard]] QSize sizeHint() const override { return {m_size, m_size}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+    QString m_key;
+    int m_size;
+    Role m_color;
+};
+
+/// A symbol on a rounded square that is tinted with its colour.
+class Tile : public SymbolLabel
+{
+    Q_OBJECT
+
+public:
+    Tile(const QString& key, Role color, int side = Metrics::tile, QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override { return {m_side, m_side}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    int m_side;
+};
+
+} // namespace keelbright

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+namespace keelbright::testing {
+
+/// While it lives, the program has the rights of a plain user, also where the tests run as root,
+/// whom no permission holds back.
+class UnprivilegedUser
+{
+public:
+    UnprivilegedUser()
+        : m_previous(::geteuid())
+    {
+        constexpr uid_t nobody = 65534;
+        if (m_previous == 0 && ::seteuid(nobody) != 0)
+            ADD_FAILURE() << "can't become a plain user";
+    }
+
+    ~UnprivilegedUser()
+    {
+        if (::geteuid() != m_previous && ::seteuid(m_previous) != 0)
+            ADD_FAILURE() << "can't become root again";
+    }
+
+    UnprivilegedUser(const UnprivilegedUser&) = delete;
+    UnprivilegedUser& operator=(const UnprivilegedUser&) = delete;
+
+private:
+    uid_t m_previous;
+};
+
+} // namespace keelbright::testing
