@@ -48,7 +48,7 @@ void drawMenuBarItem(const QStyleOptionMenuItem& option, QPainter& painter)
         painter.restore();
     }
     painter.setPen(theme.color(Role::primaryText));
-    painter.drawText(option.rect, Qt::AlignCenter | Qt::TextShowMnemonic, option.text);
+    painter.drawText(option.rect, Qt::AlignCenter | Qt::TextHideMnemonic, option.text);
 }
 
 void drawFocusFrame(const QStyleOption& option, QPainter& painter)
@@ -72,6 +72,11 @@ void ApplicationStyle::drawControl(ControlElement element, const QStyleOption* o
 {
     if (element == CE_MenuBarEmptyArea) {
         painter->fillRect(option->rect, Theme::instance().color(Role::sidebar));
+        return;
+    }
+    if (element == CE_Splitter) {
+        painter->fillRect(option->rect, Theme::instance().color(Role::sidebar));
+        painter->fillRect(option->rect, Theme::instance().color(Role::line));
         return;
     }
     if (element == CE_MenuBarItem) {
@@ -175,6 +180,7 @@ int ApplicationStyle::styleHint(StyleHint hint, const QStyleOption* option, cons
         return 0;
     case SH_Widget_Animation_Duration:
         return Theme::instance().duration(QProxyStyle::styleHint(hint, option, widget, data));
+    case SH_UnderlineShortcut:
     case SH_EtchDisabledText:
     case SH_DitherDisabledText:
         return 0;

@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <vector>
 
 namespace keelbright::testing {
 
@@ -308,6 +309,27 @@ TEST_F(FileScannerTest, anUnreadableSubfolderIsPassedOver)
         qScopeGuard([&] { std::filesystem::permissions(closed, std::filesystem::perms(0755)); });
     const UnprivilegedUser user;
     EXPECT_EQ(scan(), (ScanResult{1, 1}));
+}
+
+TEST_F(FileScannerTest, aFileWhoseSizeCantBeReadIsNotCountedAndHoldsNothingUp)
+{
+    // Whoever may list a folder but not enter it sees the names and nothing more.
+    std::vector<std::filesystem::path> listedOnly;
+    for (int i = 0; i < 20; ++i) {
+        write("open " + QByteArray::number(i) + "/a.txt", "1");
+        const QByteArray closed = "closed " + QByteArray::number(i);
+        write(closed + "/b.txt", "22");
+        listedOnly.push_back(standardPath(folder.appendingNative(closed)));
+    }
+    std::filesystem::permissions(standardPath(mac.root()), std::filesystem::perms(0755));
+    const auto setAll = [&](unsigned mode) {
+        for (const auto& path : listedOnly)
+            std::filesystem::permissions(path, std::filesystem::perms(mode));
+    };
+    setAll(0444);
+    const auto reopened = qScopeGuard([&] { setAll(0755); });
+    const UnprivilegedUser user;
+    EXPECT_EQ(scan(), (ScanResult{20, 20}));
 }
 
 TEST_F(FileScannerTest, deepFoldersAreCounted)
