@@ -148,7 +148,7 @@ public:
     [[nodiscard]] std::optional<int> waitForEnd()
     {
         reap(0);
-        return *m_status;
+        return m_status.value_or(std::nullopt);
     }
 
 private:
@@ -194,7 +194,7 @@ void readWhatIsThere(QByteArray& data, int descriptor)
 
 QByteArray readUntilTheEnd(int output, Helper& helper)
 {
-    constexpr qsizetype piece = 64 * 1024;
+    constexpr qsizetype piece = qsizetype{64} * 1024;
     constexpr int pauseWithoutWatch = 20; // milliseconds
     QByteArray data;
     for (;;) {

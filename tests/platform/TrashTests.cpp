@@ -95,6 +95,7 @@ TEST_F(TrashTests, theRecordedPathHasNoLinks)
 TEST_F(TrashTests, itemsOfEqualNameGetNumbers)
 {
     std::vector<FileURL> places;
+    places.reserve(3);
     for (const char* folder : {"one", "two", "three"})
         places.push_back(trashed(m_mac.writeFile(QByteArray("Users/mira/") + folder + "/photo.jpg", folder)));
     EXPECT_EQ(names("files"), (std::set<QByteArray>{"photo.jpg", "photo 2.jpg", "photo 3.jpg"}));
@@ -162,11 +163,13 @@ TEST_F(TrashTests, manyThreadsLoseNothing)
 {
     constexpr int perThread = 15;
     std::vector<FileURL> files;
+    files.reserve(size_t{4} * perThread);
     for (int i = 0; i < 4 * perThread; ++i)
         files.push_back(
             m_mac.writeFile("Users/mira/" + QByteArray::number(i) + "/same", QByteArray::number(i)));
     {
         std::vector<std::jthread> threads;
+        threads.reserve(4);
         for (size_t first = 0; first < files.size(); first += perThread) {
             threads.emplace_back([this, &files, first] {
                 for (size_t i = first; i < first + perThread; ++i)

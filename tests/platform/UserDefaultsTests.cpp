@@ -12,7 +12,7 @@ namespace {
 
 class UserDefaultsTests : public ::testing::Test
 {
-protected:
+public:
     UserDefaultsTests() { qunsetenv("XDG_CONFIG_HOME"); }
 
     ~UserDefaultsTests() override
@@ -23,6 +23,7 @@ protected:
             qunsetenv("XDG_CONFIG_HOME");
     }
 
+protected:
     static QString text(const char* value) { return QString::fromUtf8(value); }
 
     FileURL standardFile() const
