@@ -19,6 +19,7 @@ Banner::Banner(Role hue, const QString& symbolKey, const QString& title, QWidget
     , m_content(new QVBoxLayout)
     , m_lines(new QVBoxLayout)
 {
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(Metrics::cardPadding, 14, Metrics::cardPadding, 14);
     layout->setSpacing(12);

@@ -10,6 +10,8 @@ namespace keelbright {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr int gap = 7;
 
 Role startingHue(Button::Kind kind)
@@ -59,7 +61,8 @@ void Button::setCaption(const QString& text)
         setToolTip(text);
         setAccessibleName(text);
     } else {
-        setText(text);
+        // A text of ours has no mnemonic; an ampersand in it is one.
+        setText(QString(text).replace(u'&', "&&"_L1));
         setAccessibleName(text);
     }
     updateGeometry();
@@ -113,7 +116,7 @@ QColor Button::wordColor() const
     if (!isEnabled())
         return theme.color(Role::emptyMark);
     if (isFilled())
-        return theme.color(Role::onFill);
+        return theme.color(onFillRole(fillRole(m_hue)));
     if (m_kind == Kind::link)
         return theme.color(Role::accentText);
     return theme.color(m_isCompact ? Role::secondaryText : Role::primaryText);

@@ -14,6 +14,7 @@ Card::Card(QWidget* parent)
     , m_content(new QVBoxLayout(this))
 {
     setContentsMargins(0, 0, 0, Metrics::cardShadow);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     m_content->setContentsMargins(Metrics::cardPadding, Metrics::cardPadding, Metrics::cardPadding,
                                   Metrics::cardPadding);
     m_content->setSpacing(12);

@@ -17,6 +17,7 @@ PageHeader::PageHeader(const QString& title, const QString& subtitle, QWidget* p
     , m_subtitle(makeWrappingLabel(subtitle, FontRole::body, Role::secondaryText, this))
     , m_actions(new QHBoxLayout)
 {
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(16);
@@ -59,6 +60,7 @@ SectionHeader::SectionHeader(const QString& title, const QString& symbolKey, Rol
     , m_title(new Label(title, FontRole::sectionTitle, Role::primaryText, this))
     , m_layout(new QHBoxLayout(this))
 {
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->setSpacing(8);
     if (!symbolKey.isEmpty())

@@ -26,7 +26,8 @@ enum class Role {
     primaryText,
     secondaryText, ///< on window and card only
     mutedText,     ///< the secondary words on a tint, the sidebar or a bar
-    onFill,
+    onFill,        ///< on every fill but the orange one
+    onOrangeFill,  ///< white would be lost there
 
     // Marks only, too faint for words.
     emptyMark,
@@ -61,8 +62,10 @@ enum class Role {
 /// The strength for words of a hue; a role that is no hue stays itself, and `emptyMark` gives
 /// `secondaryText`.
 [[nodiscard]] Role textRole(Role hue);
-/// The strength behind `onFill` words; `accentFill` for a hue that has none.
+/// The strength behind words; `accentFill` for a hue that has none.
 [[nodiscard]] Role fillRole(Role hue);
+/// The words on a fill.
+[[nodiscard]] Role onFillRole(Role fill);
 
 /// What a piece of text is for.
 enum class FontRole {

@@ -25,7 +25,8 @@ RowWidget::RowWidget(QWidget* leading, const QString& title, const QString& deta
     , m_titleLine(new QHBoxLayout)
     , m_layout(new QHBoxLayout(this))
 {
-    setMinimumHeight(Metrics::row);
+    setMinimumHeight(Metrics::row + 1);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_layout->setContentsMargins(rowPadding, 7, rowPadding, 7);
     m_layout->setSpacing(11);
     if (leading != nullptr)

@@ -32,50 +32,49 @@ const QRawFont& symbolFont()
     return font;
 }
 
-/// The glyph in the unit square: the font's em square, with the ascent as its top.
+// Pictures are put together in the font's own units and only then made small: cutting one path out
+// of another rounds to about a hundredth of a unit.
+const QPointF center(emSize / 2, emSize / 2);
+
+/// The glyph, centred in the em square: glyphs sit anywhere on their line.
 QPainterPath glyphPath(char16_t glyph)
 {
     const QList<quint32> indexes = symbolFont().glyphIndexesForString(QString(QChar(glyph)));
     if (indexes.isEmpty())
         return {};
     const QPainterPath raw = symbolFont().pathForGlyph(indexes.first());
-    QTransform toUnit;
-    toUnit.scale(1 / emSize, 1 / emSize);
-    const QPainterPath unit = toUnit.map(raw);
-    // Glyphs sit anywhere on their line; a picture is centred on what is drawn.
-    const QPointF offset = QPointF(0.5, 0.5) - unit.boundingRect().center();
-    return unit.translated(offset);
+    return raw.translated(center - raw.boundingRect().center());
 }
 
-QPainterPath scaledAround(const QPainterPath& path, QPointF center, double factor)
+QPainterPath scaledTo(const QPainterPath& path, QPointF newCenter, double factor)
 {
     QTransform transform;
-    transform.translate(center.x(), center.y());
+    transform.translate(newCenter.x(), newCenter.y());
     transform.scale(factor, factor);
-    transform.translate(-0.5, -0.5);
+    transform.translate(-center.x(), -center.y());
     return transform.map(path);
 }
 
-QPainterPath circle(QPointF center, double radius)
+QPainterPath circle(QPointF middle, double radius)
 {
     QPainterPath path;
-    path.addEllipse(center, radius, radius);
+    path.addEllipse(middle, radius, radius);
     return path;
 }
 
 QPainterPath withBadge(const QPainterPath& base, char16_t badge)
 {
-    const QPointF corner(0.76, 0.76);
-    QPainterPath cut = scaledAround(base, QPointF(0.47, 0.46), 0.94).subtracted(circle(corner, 0.29));
-    cut.addPath(scaledAround(glyphPath(badge), corner, 0.52));
-    return cut;
+    const QPointF corner = center * 1.5;
+    const QPainterPath smaller = scaledTo(base, center * 0.94, 0.94);
+    QPainterPath path = smaller.subtracted(circle(corner, emSize * 0.29));
+    path.addPath(scaledTo(glyphPath(badge), corner, 0.56));
+    return path;
 }
 
 QPainterPath inRing(const QPainterPath& base)
 {
-    const QPointF center(0.5, 0.5);
-    QPainterPath path = circle(center, 0.44).subtracted(circle(center, 0.37));
-    path.addPath(scaledAround(base, center, 0.58));
+    QPainterPath path = circle(center, emSize * 0.42).subtracted(circle(center, emSize * 0.345));
+    path.addPath(scaledTo(base, center, 0.56));
     return path;
 }
 
@@ -88,11 +87,16 @@ QPainterPath struckThrough(const QPainterPath& base)
                        QPointF(0.92 + offset - width, 0.94 - offset + width),
                        QPointF(0.08 + offset - width, 0.10 - offset + width)}));
         path.closeSubpath();
-        return path;
+        return QTransform::fromScale(emSize, emSize).map(path);
     };
     QPainterPath path = base.subtracted(band(0.09, 0.13));
     path.addPath(band(0.02, 0.06));
     return path;
+}
+
+QPainterPath inUnitSquare(const QPainterPath& path)
+{
+    return QTransform::fromScale(1 / emSize, 1 / emSize).map(path);
 }
 
 const SymbolEntry* find(const QString& key)
@@ -174,7 +178,8 @@ const QPainterPath& Symbol::path(const QString& key)
     if (kept != paths.end())
         return kept->second;
     const SymbolEntry* entry = find(key);
-    return paths.emplace(key, entry != nullptr ? build(*entry) : glyphPath(emptyCircle)).first->second;
+    return paths.emplace(key, inUnitSquare(entry != nullptr ? build(*entry) : glyphPath(emptyCircle)))
+        .first->second;
 }
 
 void Symbol::paint(QPainter& painter, const QRectF& rect, const QString& key, const QColor& color)

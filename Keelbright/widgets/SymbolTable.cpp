@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 // The glyph's name in the icon font stands behind each line.
 constexpr SymbolEntry entries[] = {
     {"app.badge.checkmark"_L1, u'\xF03B'},                                    // apps
-    {"app.badge.minus"_L1, u'\xF03B', SymbolForm::badge, u'\xF374'},          // apps + minus
+    {"app.badge.minus"_L1, u'\xF03B', SymbolForm::badge, u'\xF376'},          // apps + minus-circle
     {"app.fill"_L1, u'\xF614'},                                               // application
     {"archivebox.fill"_L1, u'\xF5C4'},                                        // zip-box
     {"arrow.clockwise"_L1, u'\xF450'},                                        // refresh
@@ -39,11 +39,11 @@ constexpr SymbolEntry entries[] = {
     {"chevron.right"_L1, u'\xF142'},                                          // chevron-right
     {"circle"_L1, u'\xF130'},                                                 // checkbox-blank-circle-outline
     {"clock.arrow.circlepath"_L1, u'\xF2DA'},                                 // history
-    {"clock.badge.checkmark"_L1, u'\xF150', SymbolForm::badge, u'\xF12C'},    // clock + check
-    {"clock.badge.questionmark"_L1, u'\xF150', SymbolForm::badge, u'\xF2D6'}, // clock + help
+    {"clock.badge.checkmark"_L1, u'\xF150', SymbolForm::badge, u'\xF5E0'},    // clock + check-circle
+    {"clock.badge.questionmark"_L1, u'\xF150', SymbolForm::badge, u'\xF2D7'}, // clock + help-circle
     {"clock.fill"_L1, u'\xF150'},                                             // clock
-    {"doc.badge.arrow.up"_L1, u'\xF214', SymbolForm::badge, u'\xF05D'},       // file + arrow-up
-    {"doc.badge.checkmark"_L1, u'\xF214', SymbolForm::badge, u'\xF12C'},      // file + check
+    {"doc.badge.arrow.up"_L1, u'\xF214', SymbolForm::badge, u'\xF05F'},       // file + arrow-up-bold-circle
+    {"doc.badge.checkmark"_L1, u'\xF214', SymbolForm::badge, u'\xF5E0'},      // file + check-circle
     {"doc.badge.gearshape"_L1, u'\xF214', SymbolForm::badge, u'\xF493'},      // file + settings
     {"doc.fill"_L1, u'\xF214'},                                               // file
     {"doc.richtext.fill"_L1, u'\xF225'},                                      // file-pdf
@@ -53,8 +53,8 @@ constexpr SymbolEntry entries[] = {
     {"exclamationmark.circle.fill"_L1, u'\xF028'},                            // alert-circle
     {"exclamationmark.triangle.fill"_L1, u'\xF026'},                          // alert
     {"externaldrive.badge.exclamationmark"_L1, u'\xF2CA', SymbolForm::badge,
-     u'\xF205'},                                                                  // harddisk + exclamation
-    {"externaldrive.badge.plus"_L1, u'\xF2CA', SymbolForm::badge, u'\xF415'},     // harddisk + plus
+     u'\xF028'},                                                                  // harddisk + alert-circle
+    {"externaldrive.badge.plus"_L1, u'\xF2CA', SymbolForm::badge, u'\xF417'},     // harddisk + plus-circle
     {"externaldrive.badge.timemachine"_L1, u'\xF06F'},                            // backup-restore
     {"externaldrive.fill"_L1, u'\xF2CA'},                                         // harddisk
     {"film.fill"_L1, u'\xF230'},                                                  // filmstrip

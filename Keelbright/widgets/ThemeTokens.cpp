@@ -50,6 +50,7 @@ constexpr std::array tokens{
     Token{Role::secondaryText, rgb(0x6E6E73), rgb(0xA1A1A6)},
     Token{Role::mutedText, rgb(0x5F5F64), rgb(0xB4B4B9)},
     Token{Role::onFill, rgb(0xFFFFFF), rgb(0xFFFFFF)},
+    Token{Role::onOrangeFill, rgb(0x1D1D1F), rgb(0x1D1D1F)},
     Token{Role::emptyMark, rgb(0xA1A1A6), rgb(0x6E6E73)},
 
     Token{Role::accent, rgb(0x0A6CFF), rgb(0x3D8BFF)},
@@ -73,7 +74,7 @@ constexpr std::array tokens{
     Token{Role::jadeText, rgb(0x0B6E5D), rgb(0x5FDCC4)},
 
     Token{Role::accentFill, rgb(0x0A6CFF), rgb(0x2472E8)},
-    Token{Role::orangeFill, rgb(0xB26100), rgb(0xB26100)},
+    Token{Role::orangeFill, rgb(0xF59A1B), rgb(0xFF9F2E)},
     Token{Role::greenFill, rgb(0x1E843A), rgb(0x1E843A)},
     Token{Role::redFill, rgb(0xD92D31), rgb(0xD92D31)},
 };
@@ -119,6 +120,11 @@ Role fillRole(Role hue)
     default:
         return Role::accentFill;
     }
+}
+
+Role onFillRole(Role fill)
+{
+    return fill == Role::orangeFill ? Role::onOrangeFill : Role::onFill;
 }
 
 } // namespace keelbright
