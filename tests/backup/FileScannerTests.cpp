@@ -4,6 +4,7 @@
 #include "tests/support/TestMac.h"
 #include "tests/support/UnprivilegedUser.h"
 
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -288,7 +289,11 @@ TEST_F(FileScannerTest, anUnreadableSubfolderIsPassedOver)
     write("open/a.txt", "1");
     write("closed/b.txt", "22");
     std::filesystem::permissions(standardPath(mac.root()), std::filesystem::perms(0755));
-    std::filesystem::permissions(standardPath(folder.appending(u"closed"_s)), std::filesystem::perms(0));
+    const std::filesystem::path closed = standardPath(folder.appending(u"closed"_s));
+    std::filesystem::permissions(closed, std::filesystem::perms(0));
+    // Else a plain user could not remove the machine.
+    const auto reopened =
+        qScopeGuard([&] { std::filesystem::permissions(closed, std::filesystem::perms(0755)); });
     const UnprivilegedUser user;
     EXPECT_EQ(scan(), (ScanResult{1, 1}));
 }

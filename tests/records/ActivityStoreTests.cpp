@@ -71,6 +71,12 @@ TEST_F(ActivityStoreTest, theLogLiesInAFolderOfItsOwnInApplicationSupport)
     EXPECT_FALSE(logExists());
 }
 
+TEST_F(ActivityStoreTest, theSharedStoreIsOneInTheUsersApplicationSupport)
+{
+    EXPECT_EQ(&ActivityStore::shared(), &ActivityStore::shared());
+    EXPECT_EQ(ActivityStore::shared().fileURL(), store.fileURL());
+}
+
 TEST_F(ActivityStoreTest, aLogThatWasNeverWrittenIsEmptyAndStaysAbsent)
 {
     EXPECT_TRUE(store.load().isEmpty());

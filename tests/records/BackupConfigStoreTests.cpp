@@ -54,6 +54,12 @@ TEST_F(BackupConfigStoreTest, theFileLiesInAFolderOfItsOwnInApplicationSupport)
     EXPECT_TRUE(mac.fileManager().fileExists(store.configURL().deletingLastPathComponent()).isDirectory);
 }
 
+TEST_F(BackupConfigStoreTest, theSharedStoreIsOneInTheUsersApplicationSupport)
+{
+    EXPECT_EQ(&BackupConfigStore::shared(), &BackupConfigStore::shared());
+    EXPECT_EQ(BackupConfigStore::shared().configURL(), store.configURL());
+}
+
 TEST_F(BackupConfigStoreTest, theFirstStartGivesAnEmptyConfigurationAndPrintsNothing)
 {
     EXPECT_EQ(outputOfFailedLoad(), QString());
