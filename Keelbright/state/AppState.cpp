@@ -60,11 +60,7 @@ AppState::AppState(AppServices services, QObject* parent)
     loadPersistedState();
 }
 
-AppState::~AppState()
-{
-    // The engine ends its run while it is destroyed, and its last words would find half a state.
-    m_engine.disconnect(this);
-}
+AppState::~AppState() = default;
 
 void AppState::watchEngine()
 {

@@ -127,7 +127,7 @@ void run(const BackupJob& job, RunLink& engine)
     if (!folders)
         return failToStart(folders.error(), engine);
 
-    const qint64 estimate = FileScanner::scan(job.sources).fileCount;
+    const qint64 estimate = FileScanner::scan(job.sources, FileScanner::Sizes::leftOut).fileCount;
     if (!engine.hop([estimate](BackupEngine& target) { target.setTotalFilesEstimate(estimate); }))
         return;
     for (const BackupSource& source : job.sources) {

@@ -51,7 +51,7 @@ qint64 addedWithoutOverflow(qint64 total, qint64 size)
     return size > most - total ? most : total + size;
 }
 
-void scanFolder(const FileURL& url, ScanResult& result)
+void scanFolder(const FileURL& url, Sizes sizes, ScanResult& result)
 {
     const auto opened = FileManager::defaultManager().enumerator(
         url, DirectoryEnumerator::Option::skipsHiddenFiles | DirectoryEnumerator::Option::followsRootLink);
@@ -61,7 +61,7 @@ void scanFolder(const FileURL& url, ScanResult& result)
     while (enumerator.next()) {
         if (shouldSkip(enumerator) || enumerator.type() != EntryType::regularFile)
             continue;
-        const std::optional<qint64> size = enumerator.fileSize();
+        const std::optional<qint64> size = sizes == Sizes::read ? enumerator.fileSize() : 0;
         if (!size)
             continue;
         ++result.fileCount;
@@ -95,12 +95,12 @@ bool shouldSkip(DirectoryEnumerator& enumerator)
     return hasSkippedExtension(name);
 }
 
-ScanResult scan(const QList<BackupSource>& sources)
+ScanResult scan(const QList<BackupSource>& sources, Sizes sizes)
 {
     ScanResult result;
     for (const BackupSource& source : sources) {
         if (source.isEnabled)
-            scanFolder(source.url, result);
+            scanFolder(source.url, sizes, result);
     }
     return result;
 }

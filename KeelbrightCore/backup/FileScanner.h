@@ -29,9 +29,12 @@ struct ScanResult
 /// is left out by its name.
 [[nodiscard]] bool shouldSkip(DirectoryEnumerator& enumerator);
 
+/// Whether a scan reads sizes; without them a large tree is counted in half the time.
+enum class Sizes { read, leftOut };
+
 /// Counts the regular files that a backup of the enabled sources would copy; what can't be read
-/// adds nothing. Reads metadata only. Blocks; any thread.
-[[nodiscard]] ScanResult scan(const QList<BackupSource>& sources);
+/// adds nothing. Reads metadata only. `totalBytes` stays 0 where sizes are left out. Blocks; any thread.
+[[nodiscard]] ScanResult scan(const QList<BackupSource>& sources, Sizes sizes = Sizes::read);
 
 } // namespace FileScanner
 } // namespace keelbright

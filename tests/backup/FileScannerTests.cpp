@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <vector>
 
 namespace keelbright::testing {
 
@@ -107,6 +108,18 @@ TEST_F(FileScannerTest, regularFilesAreCountedWithTheirSizes)
     write("one/two/three/b.txt", "12345");
     makeFolder("nothing in here");
     EXPECT_EQ(scan(), (ScanResult{3, 12}));
+}
+
+TEST_F(FileScannerTest, theSameFilesAreCountedWhereSizesAreLeftOut)
+{
+    mac.writeFile("Users/mira/Documents/a.txt", "12345");
+    mac.writeFile("Users/mira/Documents/sub/b.txt", "1");
+    mac.writeFile("Users/mira/Documents/c.dmg", "1");
+    const QList<BackupSource> sources = {
+        {QUuid::createUuid(), mac.home().appending(QStringLiteral("Documents")), true}};
+    EXPECT_EQ(FileScanner::scan(sources, FileScanner::Sizes::leftOut),
+              (FileScanner::ScanResult{.fileCount = 2, .totalBytes = 0}));
+    EXPECT_EQ(FileScanner::scan(sources), (FileScanner::ScanResult{.fileCount = 2, .totalBytes = 6}));
 }
 
 TEST_F(FileScannerTest, severalSourcesAddUp)
@@ -296,6 +309,27 @@ TEST_F(FileScannerTest, anUnreadableSubfolderIsPassedOver)
         qScopeGuard([&] { std::filesystem::permissions(closed, std::filesystem::perms(0755)); });
     const UnprivilegedUser user;
     EXPECT_EQ(scan(), (ScanResult{1, 1}));
+}
+
+TEST_F(FileScannerTest, aFileWhoseSizeCantBeReadIsNotCountedAndHoldsNothingUp)
+{
+    // Whoever may list a folder but not enter it sees the names and nothing more.
+    std::vector<std::filesystem::path> listedOnly;
+    for (int i = 0; i < 20; ++i) {
+        write("open " + QByteArray::number(i) + "/a.txt", "1");
+        const QByteArray closed = "closed " + QByteArray::number(i);
+        write(closed + "/b.txt", "22");
+        listedOnly.push_back(standardPath(folder.appendingNative(closed)));
+    }
+    std::filesystem::permissions(standardPath(mac.root()), std::filesystem::perms(0755));
+    const auto setAll = [&](unsigned mode) {
+        for (const auto& path : listedOnly)
+            std::filesystem::permissions(path, std::filesystem::perms(mode));
+    };
+    setAll(0444);
+    const auto reopened = qScopeGuard([&] { setAll(0755); });
+    const UnprivilegedUser user;
+    EXPECT_EQ(scan(), (ScanResult{20, 20}));
 }
 
 TEST_F(FileScannerTest, deepFoldersAreCounted)

@@ -1,5 +1,6 @@
 #include "tests/state/AppStateFixture.h"
 
+#include <QDeadlineTimer>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -277,6 +278,24 @@ TEST_F(AppStateBackupTest, aRunThatCouldNotStartLeavesNoTraceInTheState)
     EXPECT_EQ(state->alerts().size(), 1);
     EXPECT_TRUE(takeSaves().isEmpty());
     EXPECT_EQ(activityStore.load().size(), 1);
+}
+
+TEST_F(AppStateBackupTest, aRunThatIsUnderWayEndsWithTheState)
+{
+    auto state = makeStateWithWork();
+    for (int i = 0; i < 2000; ++i)
+        mac.writeFile("Users/mira/Desktop/more/" + QByteArray::number(i), "1");
+    ASSERT_TRUE(state->confirmBackup());
+    // In short looks, so that the run can't be over before the first one ends.
+    const QDeadlineTimer deadline(20'000);
+    while (state->engine().progress().filesCopied == 0 && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+    ASSERT_TRUE(state->engine().isRunning());
+    ASSERT_GT(state->engine().progress().filesCopied, 0);
+    state.reset();
+    turnEventLoopOnce();
+    EXPECT_TRUE(activityStore.load().isEmpty());
+    EXPECT_FALSE(savedConfiguration().lastReport.has_value());
 }
 
 TEST_F(AppStateBackupTest, aRealRunThatCantCreateItsFoldersLeavesOnlyTheEnginesError)

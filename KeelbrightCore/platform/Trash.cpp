@@ -1,0 +1,207 @@
+#include "KeelbrightCore/platform/Trash.h"
+
+#ifdef __APPLE__
+#include <QFile>
+#include <unistd.h>
+#else
+#include "KeelbrightCore/platform/SystemCalls.h"
+#include "KeelbrightCore/platform/TrashFolder.h"
+#include "KeelbrightCore/platform/TrashRecord.h"
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <memory>
+#endif
+
+namespace keelbright {
+
+namespace {
+
+using Outcome = std::expected<FileURL, FileError>;
+
+std::unexpected<FileError> failure(const FileURL& item, int code)
+{
+    return std::unexpected(
+        FileError::fromCode(FileError::Operation::trashed, item.lastPathComponent(), code));
+}
+
+std::unexpected<FileError> alreadyInTrash(const FileURL& item)
+{
+    return std::unexpected(FileError{FileError::Operation::trashed, item.lastPathComponent(),
+                                     FileError::Reason::alreadyInTrash});
+}
+
+bool isBelow(const FileURL& location, const FileURL& folder)
+{
+    return location.nativePath().startsWith(folder.nativePath() + '/');
+}
+
+#ifdef __APPLE__
+
+/// The system's own Trash.
+Outcome move(const FileURL& item, const FileURL& homeTrash)
+{
+    const QByteArray volumeTrash = "/.Trashes/" + QByteArray::number(::getuid()) + '/';
+    if (isBelow(item, homeTrash) || item.nativePath().contains(volumeTrash))
+        return alreadyInTrash(item);
+    QString place;
+    if (!QFile::moveToTrash(item.path(), &place))
+        return failure(item, EPERM);
+    return FileURL::fromPath(place);
+}
+
+#else
+
+/// An item, found and held: its folder is open, so that a change of the path's upper parts while
+/// the work goes on can't put another item in its place.
+struct HeldItem
+{
+    FileURL location; ///< without links in the path of its folder
+    QByteArray name;
+    FileDescriptor folder;
+    dev_t device = 0;
+};
+
+FileURL withoutLinks(const FileURL& url)
+{
+    struct Deleter
+    {
+        void operator()(char* text) const { std::free(text); }
+    };
+
+    const std::unique_ptr<char, Deleter> resolved(::realpath(url.nativePath().constData(), nullptr));
+    return resolved ? FileURL::fromNativePath(QByteArray(resolved.get())) : url;
+}
+
+std::expected<HeldItem, int> hold(const FileURL& item)
+{
+    HeldItem held;
+    held.name = item.nativeLastPathComponent();
+    if (item == FileURL() || held.name == "." || held.name == "..")
+        return std::unexpected(EBUSY);
+    const FileURL folder = withoutLinks(item.deletingLastPathComponent());
+    held.location = folder.appendingNative(held.name);
+    held.folder = FileDescriptor(retrying([&] {
+        return ::open(folder.nativePath().constData(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    }));
+    struct stat folderStatus = {};
+    struct stat status = {};
+    if (!held.folder.isOpen() || ::fstat(held.folder.get(), &folderStatus) != 0 ||
+        ::fstatat(held.folder.get(), held.name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return std::unexpected(errno);
+    if (S_ISDIR(status.st_mode) && status.st_dev != folderStatus.st_dev) // the root of a volume
+        return std::unexpected(EBUSY);
+    held.device = folderStatus.st_dev;
+    return held;
+}
+
+QByteArray relativePath(const FileURL& location, const FileURL& folder)
+{
+    return location.nativePath().mid(folder == FileURL() ? 1 : folder.nativePath().size() + 1);
+}
+
+/// Whether the item may go at all: not out of a Trash, and not a Trash itself.
+std::expected<void, FileError> checkIsOutsideTrash(const HeldItem& item, const FileURL& homeTrash,
+                                                   const FileURL& top)
+{
+    const FileURL trash = withoutLinks(homeTrash);
+    const TrashRelation relation = relationToVolumeTrash(relativePath(item.location, top));
+    if (item.location == trash || isBelow(trash, item.location) || relation == TrashRelation::isTrash)
+        return failure(item.location, EBUSY);
+    if (isBelow(item.location, trash) || relation == TrashRelation::inside)
+        return alreadyInTrash(item.location);
+    return {};
+}
+
+/// Writes the record under a name that nobody has; that reserves the name for the item.
+std::expected<void, int> writeRecord(int folder, const QByteArray& name, const QByteArray& content)
+{
+    const FileDescriptor record(retrying([&] {
+        return ::openat(folder, name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+    }));
+    if (!record.isOpen())
+        return std::unexpected(errno);
+    for (qsizetype written = 0; written < content.size();) {
+        const ssize_t count = retrying([&] {
+            return ::write(record.get(), content.constData() + written,
+                           static_cast<size_t>(content.size() - written));
+        });
+        if (count < 0) {
+            const int code = errno;
+            ::unlinkat(folder, name.constData(), 0);
+            return std::unexpected(code);
+        }
+        written += count;
+    }
+    return {};
+}
+
+std::expected<void, int> moveInto(const TrashFolder& trash, const HeldItem& item, const QByteArray& name)
+{
+    const int files = trash.filesDescriptor();
+    auto moved = SystemCalls::renameWithoutReplacing(item.folder.get(), item.name.constData(), files,
+                                                     name.constData());
+    if (moved || moved.error() != ENOTSUP)
+        return moved;
+    // The record has reserved the name among all who keep to the rules of the Trash.
+    struct stat status = {};
+    if (::fstatat(files, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0)
+        return std::unexpected(EEXIST);
+    if (::renameat(item.folder.get(), item.name.constData(), files, name.constData()) != 0)
+        return std::unexpected(errno);
+    return {};
+}
+
+std::expected<FileURL, int> moveWithRecord(const TrashFolder& trash, const HeldItem& item,
+                                           const QByteArray& recordedPath)
+{
+    const QByteArray content = TrashRecord::content(recordedPath, QDateTime::currentDateTime());
+    const qsizetype longest = trash.longestName();
+    for (int attempt = 1; attempt <= TrashRecord::attempts; ++attempt) {
+        const QByteArray name = TrashRecord::itemName(item.name, attempt, longest);
+        const QByteArray recordName = name + TrashRecord::suffix.toByteArray();
+        auto done = writeRecord(trash.infoDescriptor(), recordName, content);
+        if (done) {
+            done = moveInto(trash, item, name);
+            if (done)
+                return trash.files().appendingNative(name);
+            ::unlinkat(trash.infoDescriptor(), recordName.constData(), 0);
+        }
+        if (done.error() != EEXIST)
+            return std::unexpected(done.error());
+    }
+    return std::unexpected(EEXIST);
+}
+
+Outcome move(const FileURL& item, const FileURL& homeTrash)
+{
+    const auto held = hold(item);
+    if (!held)
+        return failure(item, held.error());
+    const FileURL top = volumeTop(held->location.deletingLastPathComponent(), held->device);
+    if (const auto outside = checkIsOutsideTrash(*held, homeTrash, top); !outside)
+        return std::unexpected(outside.error());
+    const auto homeDevice = deviceToBe(homeTrash);
+    if (!homeDevice)
+        return failure(item, homeDevice.error());
+    const bool isAtHome = held->device == *homeDevice;
+    const auto trash = isAtHome ? TrashFolder::ofHome(homeTrash) : TrashFolder::ofVolume(top);
+    if (!trash)
+        return failure(item, trash.error());
+    const auto place = moveWithRecord(
+        *trash, *held, isAtHome ? held->location.nativePath() : relativePath(held->location, top));
+    if (!place)
+        return failure(item, place.error());
+    return *place;
+}
+
+#endif
+
+} // namespace
+
+std::expected<FileURL, FileError> Trash::moveToTrash(const FileURL& item, const FileURL& homeTrash)
+{
+    return move(item, homeTrash);
+}
+
+} // namespace keelbright

@@ -1,0 +1,157 @@
+// keelbright-measure scan TREE | backup TREE DRIVE
+//
+// Does one thing with the real services, the backup with the real window watching (on the
+// platform that QT_QPA_PLATFORM names), and prints the seconds that it took.
+
+#include "Keelbright/screens/MainWindow.h"
+#include "Keelbright/state/KeelbrightApp.h"
+#include "Keelbright/widgets/AlertPresenter.h"
+#include "Keelbright/widgets/Theme.h"
+#include "KeelbrightCore/backup/FileScanner.h"
+#include "tests/support/FakeFolderChooser.h"
+#include "tests/support/TestMac.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+#include <cstdio>
+#include <memory>
+#include <sys/resource.h>
+
+namespace keelbright::bench {
+namespace {
+
+/// Wall and processor time of this process since it was made.
+class Stopwatch
+{
+public:
+    Stopwatch()
+        : m_processorAtStart(processorSeconds())
+    {
+        m_wall.start();
+    }
+
+    void print() const
+    {
+        std::printf("wall %.6f\n", static_cast<double>(m_wall.nsecsElapsed()) / 1e9);
+        std::printf("cpu %.6f\n", processorSeconds() - m_processorAtStart);
+    }
+
+private:
+    static double processorSeconds()
+    {
+        rusage usage = {};
+        ::getrusage(RUSAGE_SELF, &usage);
+        const auto seconds = [](const timeval& time) {
+            return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+        };
+        return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+    }
+
+    QElapsedTimer m_wall;
+    double m_processorAtStart;
+};
+
+/// The longest time that the main thread did not come back to its events.
+class StallProbe
+{
+public:
+    StallProbe()
+    {
+        m_timer.setTimerType(Qt::PreciseTimer);
+        m_timer.setInterval(interval);
+        QObject::connect(&m_timer, &QTimer::timeout, [this] { note(); });
+        m_sinceTurn.start();
+        m_timer.start();
+    }
+
+    [[nodiscard]] double longestSeconds() const { return static_cast<double>(m_longest) / 1e9; }
+
+private:
+    static constexpr int interval = 1;
+
+    void note()
+    {
+        m_longest = qMax(m_longest, m_sinceTurn.nsecsElapsed() - interval * 1'000'000);
+        m_sinceTurn.restart();
+    }
+
+    QTimer m_timer;
+    QElapsedTimer m_sinceTurn;
+    qint64 m_longest = 0;
+};
+
+/// A desktop that nothing is opened on.
+class NoWorkspace : public Workspace
+{
+public:
+    void open(const FileURL&) override {}
+};
+
+int measureScan(const FileURL& tree)
+{
+    const QList<BackupSource> sources = {{QUuid::createUuid(), tree, true}};
+    std::ignore = FileScanner::scan(sources); // both sides are measured warm
+    const Stopwatch stopwatch;
+    const FileScanner::ScanResult result = FileScanner::scan(sources);
+    stopwatch.print();
+    std::printf("files %lld\n", static_cast<long long>(result.fileCount));
+    return 0;
+}
+
+int measureBackup(QApplication& application, const FileURL& tree, const FileURL& drive)
+{
+    Theme::instance().install();
+    testing::FakeFolderChooser chooser;
+    NoWorkspace workspace;
+    DialogAlertPresenter alerts;
+    KeelbrightApp app(chooser);
+    AppState& state = app.state();
+    MainWindow window({state, alerts, workspace});
+    state.setIsOnboardingCompleted(true);
+    state.setSelectedScreen(Screen::backupProgress);
+    window.show();
+
+    const BackupJob job{.id = QUuid::createUuid(),
+                        .sources = {{QUuid::createUuid(), tree, true}},
+                        .destination = {QUuid::createUuid(), drive},
+                        .startedAt = QDateTime::currentDateTimeUtc()};
+    int code = 1;
+    QTimer::singleShot(200, &application, [&] {
+        const auto probe = std::make_shared<StallProbe>();
+        const auto stopwatch = std::make_shared<Stopwatch>();
+        QObject::connect(&state.engine(), &BackupEngine::isRunningChanged, [&, probe, stopwatch] {
+            if (state.engine().isRunning())
+                return;
+            stopwatch->print();
+            std::printf("stall %.6f\n", probe->longestSeconds());
+            const BackupProgress& progress = state.engine().progress();
+            std::printf("files %lld\nerrors %lld\n", static_cast<long long>(progress.filesCopied),
+                        static_cast<long long>(progress.errors.size()));
+            code = state.engine().lastError() ? 1 : 0;
+            application.quit();
+        });
+        state.engine().startBackup(job);
+    });
+    QApplication::exec();
+    return code;
+}
+
+} // namespace
+} // namespace keelbright::bench
+
+int main(int argc, char** argv)
+{
+    using namespace keelbright;
+    QApplication application(argc, argv);
+    const testing::TestMac mac;
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() == 3 && arguments[1] == QStringLiteral("scan"))
+        return bench::measureScan(FileURL::fromPath(arguments[2]));
+    if (arguments.size() == 4 && arguments[1] == QStringLiteral("backup")) {
+        return bench::measureBackup(application, FileURL::fromPath(arguments[2]),
+                                    FileURL::fromPath(arguments[3]));
+    }
+    std::fputs("usage: keelbright-measure scan TREE | backup TREE DRIVE\n", stderr);
+    return 2;
+}
