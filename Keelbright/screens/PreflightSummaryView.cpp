@@ -16,7 +16,6 @@
 #include <QHBoxLayout>
 #include <QShowEvent>
 #include <QThreadPool>
-#include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <QtConcurrent>
 
