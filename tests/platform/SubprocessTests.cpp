@@ -1,6 +1,7 @@
 #include "KeelbrightCore/platform/Subprocess.h"
 
 #include "KeelbrightCore/platform/FileDescriptor.h"
+#include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 
 #include <QElapsedTimer>

@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/UserDefaults.h"
 
+#include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 
 #include <QSettings>
