@@ -192,6 +192,12 @@ class Screen:
         with open(file, "wb") as picture:
             picture.write(now)
 
+    def colour(self, title, x, y):
+        """Red, green and blue of one pixel of the window, from 0 to 255."""
+        image = self._window(title).get_image(x, y, 1, 1, X.ZPixmap, 0xFFFFFFFF)
+        blue, green, red = image.data[:3]
+        return red, green, blue
+
     def _window(self, title):
         return wait_until(lambda: self._window_seen(title), f"no window “{title}” on the screen")
 
