@@ -1,10 +1,10 @@
 #include "Keelbright/screens/PreflightSummaryView.h"
 
 #include "Keelbright/screens/Announcement.h"
-#include "Keelbright/screens/BottomBar.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/widgets/Banner.h"
+#include "Keelbright/widgets/BottomBar.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/Card.h"
 #include "Keelbright/widgets/FigureLabel.h"
@@ -16,6 +16,7 @@
 #include <QHBoxLayout>
 #include <QShowEvent>
 #include <QThreadPool>
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <QtConcurrent>
 
@@ -96,8 +97,9 @@ void PreflightSummaryView::addActions()
     m_confirm = new Button(Button::Kind::primary, L10n::Preflight::confirmBackup(), {}, m_actions);
     connect(cancel, &QPushButton::clicked, this, [this] { m_state.setSelectedScreen(Screen::dashboard); });
     connect(m_confirm, &QPushButton::clicked, &m_state, &AppState::confirmBackup);
-    m_actions->addAction(cancel);
-    m_actions->addAction(m_confirm);
+    m_actions->content()->addStretch();
+    m_actions->content()->addWidget(cancel);
+    m_actions->content()->addWidget(m_confirm);
     layout()->addWidget(m_actions);
 }
 
