@@ -2,20 +2,46 @@
 
 #include "KeelbrightCore/platform/FileManager.h"
 
+#include <QAbstractFileIconProvider>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
 #include <QFileSystemModel>
 #include <QLineEdit>
 #include <QListView>
+#include <QStyle>
 #include <QTreeView>
 #include <QUrl>
+#include <algorithm>
 
 namespace keelbright {
 
 namespace {
 
 using namespace Qt::StringLiterals;
+
+/// One picture for every folder. The toolkit's own provider looks each entry up on the disk.
+class FolderIcons : public QAbstractFileIconProvider
+{
+public:
+    [[nodiscard]] QIcon icon(IconType type) const override
+    {
+        return QApplication::style()->standardIcon(type == Drive      ? QStyle::SP_DriveHDIcon
+                                                   : type == Computer ? QStyle::SP_DriveHDIcon
+                                                                      : QStyle::SP_DirIcon);
+    }
+
+    [[nodiscard]] QIcon icon(const QFileInfo& info) const override
+    {
+        return icon(info.isRoot() ? Drive : Folder);
+    }
+};
+
+FolderIcons* folderIcons()
+{
+    static FolderIcons icons;
+    return &icons;
+}
 
 /// Home, the whole machine, and where drives are found once they are plugged in.
 QList<QUrl> shortcuts()
@@ -45,6 +71,15 @@ FolderDialog::FolderDialog(const FolderChooserRequest& request, QWidget* parent)
     setLabelText(Accept, request.prompt);
     setDirectory(FileManager::defaultManager().homeDirectory().path());
     setSidebarUrls(shortcuts());
+    setViewMode(List);
+    resize(760, 480);
+    setIconProvider(folderIcons());
+    // There are only folders to choose from.
+    for (QWidget* widget :
+         {findChild<QWidget*>(u"fileTypeLabel"_s), findChild<QWidget*>(u"fileTypeCombo"_s)}) {
+        if (widget != nullptr)
+            widget->hide();
+    }
     if (!request.allowsMultipleSelection)
         return;
     // The toolkit has no mode for several folders; its views can mark them all the same.
