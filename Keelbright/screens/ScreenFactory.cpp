@@ -1,5 +1,10 @@
 #include "Keelbright/screens/ScreenFactory.h"
 
+#include "Keelbright/screens/BackupProgressView.h"
+#include "Keelbright/screens/BackupReportView.h"
+#include "Keelbright/screens/DashboardView.h"
+#include "Keelbright/screens/PreflightSummaryView.h"
+#include "Keelbright/screens/ProtectedItemsView.h"
 #include "Keelbright/screens/SettingsView.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 
@@ -15,10 +20,15 @@ QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent
     case Screen::settings:
         return new SettingsView(context.state, SettingsView::Place::screen, parent);
     case Screen::dashboard:
+        return new DashboardView(context.state, parent);
     case Screen::protectedItems:
+        return new ProtectedItemsView(context.state, context.alerts, parent);
     case Screen::preflight:
+        return new PreflightSummaryView(context.state, parent);
     case Screen::backupProgress:
+        return new BackupProgressView(context.state, context.workspace, parent);
     case Screen::backupReport:
+        return new BackupReportView(context.state, context.workspace, parent);
     case Screen::appManager:
     case Screen::junkCleaner:
     case Screen::storageBrowser:

@@ -53,12 +53,12 @@ SidebarView::SidebarView(AppState& state, QWidget* parent)
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_list->setMouseTracking(true);
     m_list->viewport()->setAutoFillBackground(false);
-    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& current) {
-                const std::optional<Screen> screen = m_model->screenAt(current);
-                if (screen && !m_isFollowing)
-                    m_state.setSelectedScreen(screen);
-            });
+    // The selection, not the current row: a screen reader selects a row without going to it.
+    connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        const QModelIndexList selected = m_list->selectionModel()->selectedIndexes();
+        if (!m_isFollowing && !selected.isEmpty())
+            m_state.setSelectedScreen(m_model->screenAt(selected.first()));
+    });
     connect(&state, &AppState::selectedScreenChanged, this, &SidebarView::follow);
     connect(&Theme::instance(), &Theme::changed, this, qOverload<>(&QWidget::update));
     follow();

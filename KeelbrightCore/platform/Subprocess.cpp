@@ -74,13 +74,13 @@ public:
         flags |= POSIX_SPAWN_CLOEXEC_DEFAULT;
 #endif
         // A helper knows nothing of the signals that this program or one of its libraries blocks.
-        sigset_t signals;
-        ::sigemptyset(&signals);
-        ::posix_spawnattr_setsigmask(&m_attributes, &signals);
-        ::sigfillset(&signals);
-        ::sigdelset(&signals, SIGKILL);
-        ::sigdelset(&signals, SIGSTOP);
-        ::posix_spawnattr_setsigdefault(&m_attributes, &signals);
+        sigset_t signalSet;
+        ::sigemptyset(&signalSet);
+        ::posix_spawnattr_setsigmask(&m_attributes, &signalSet);
+        ::sigfillset(&signalSet);
+        ::sigdelset(&signalSet, SIGKILL);
+        ::sigdelset(&signalSet, SIGSTOP);
+        ::posix_spawnattr_setsigdefault(&m_attributes, &signalSet);
         ::posix_spawnattr_setflags(&m_attributes, flags);
     }
 
