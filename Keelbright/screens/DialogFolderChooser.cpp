@@ -5,7 +5,6 @@
 #include <QAbstractFileIconProvider>
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QDir>
 #include <QFileSystemModel>
 #include <QLineEdit>
 #include <QListView>
@@ -89,29 +88,33 @@ FolderDialog::FolderDialog(const FolderChooserRequest& request, QWidget* parent)
     }
 }
 
-QStringList FolderDialog::markedFolders() const
+QList<FileURL> FolderDialog::markedFolders() const
 {
     const auto* view = findChild<QListView*>(u"listView"_s);
-    QStringList paths;
-    if (view == nullptr)
-        return paths;
-    for (const QModelIndex& index : view->selectionModel()->selectedRows())
-        paths.append(index.data(QFileSystemModel::FilePathRole).toString());
-    return paths;
+    const auto* field = findChild<QLineEdit*>(u"fileNameEdit"_s);
+    if (view == nullptr || field == nullptr)
+        return {};
+    // The field repeats what is marked, in quotes where there are several; anything else in it was
+    // typed.
+    const QModelIndexList rows = view->selectionModel()->selectedRows();
+    QStringList names;
+    QList<FileURL> folders;
+    for (const QModelIndex& row : rows) {
+        const QString name = row.data().toString();
+        names.append(rows.size() > 1 ? u'"' + name + u'"' : name);
+        // The toolkit reads the field back, and takes a name with quotes in it for the folder above.
+        if (row.parent() == view->rootIndex())
+            folders.append(FileURL::fromPath(row.data(QFileSystemModel::FilePathRole).toString()));
+    }
+    return field->text() == names.join(u' ') ? folders : QList<FileURL>();
 }
 
 QList<FileURL> FolderDialog::chosenFolders() const
 {
-    // The field repeats what is marked, in quotes where there are several; a name that has quotes
-    // itself can't be read back from there.
-    const QStringList marked = markedFolders();
-    QStringList names;
-    for (const QString& path : marked)
-        names.append(marked.size() > 1 ? u'"' + QDir(path).dirName() + u'"' : QDir(path).dirName());
-    const auto* field = findChild<QLineEdit*>(u"fileNameEdit"_s);
-    const bool isMarked = field != nullptr && !marked.isEmpty() && field->text() == names.join(u' ');
-    QList<FileURL> folders;
-    for (const QString& path : isMarked ? marked : selectedFiles())
+    QList<FileURL> folders = markedFolders();
+    if (!folders.isEmpty())
+        return folders;
+    for (const QString& path : selectedFiles())
         folders.append(FileURL::fromPath(path));
     return folders;
 }

@@ -19,7 +19,7 @@ public:
     void accept() override;
 
 private:
-    [[nodiscard]] QStringList markedFolders() const;
+    [[nodiscard]] QList<FileURL> markedFolders() const;
 };
 
 /// Asks for folders with a `FolderDialog` over the active window.

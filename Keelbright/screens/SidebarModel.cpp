@@ -22,7 +22,7 @@ int SidebarModel::rowCount(const QModelIndex& parent) const
 
 QVariant SidebarModel::data(const QModelIndex& index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!index.isValid())
         return {};
     const Row& row = m_rows.at(index.row());
     switch (role) {
@@ -43,7 +43,7 @@ Qt::ItemFlags SidebarModel::flags(const QModelIndex& index) const
 
 std::optional<Screen> SidebarModel::screenAt(const QModelIndex& index) const
 {
-    return checkIndex(index, CheckIndexOption::IndexIsValid) ? m_rows.at(index.row()).screen : std::nullopt;
+    return index.isValid() ? m_rows.at(index.row()).screen : std::nullopt;
 }
 
 QModelIndex SidebarModel::indexOf(std::optional<Screen> screen) const

@@ -63,7 +63,7 @@ void Button::setCaption(const QString& text)
     m_caption = displayText(text);
     setAccessibleName(m_caption);
     if (isSymbolAlone())
-        setToolTip(m_caption);
+        setToolTip(toolTipText(m_caption));
     else // A text of ours has no mnemonic; an ampersand in it is one.
         setText(QString(m_caption).replace(u'&', "&&"_L1));
     updateGeometry();
