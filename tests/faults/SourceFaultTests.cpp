@@ -185,6 +185,24 @@ TEST_F(SourceFaultTest, copiesLinksThatLeadNowhereOrInACircle)
     }
 }
 
+TEST_F(SourceFaultTest, copiesBothOfTwoNamesThatDifferInCaseOnlyWhereCaseCounts)
+{
+    makeFile("a.txt");
+    makeFile("A.TXT");
+    mac.makeFolder("Users/mira/Documents/Notes");
+    mac.makeFolder("Users/mira/Documents/notes");
+    makeFile("Notes/day");
+    makeFile("notes/day");
+    for (int round = 0; round < 2; ++round) {
+        run({documents});
+        EXPECT_THAT(progress().errors, IsEmpty());
+        EXPECT_THAT(everythingBelow(mirrored("Documents")),
+                    ElementsAre("A.TXT", "Notes", "Notes/day", "a.txt", "notes", "notes/day"));
+        // A folder that looks as if the drive folded case.
+        mac.makeFolder("Volumes/Drive/Keelbright/miras Mac/Latest/pERSONAL fILES");
+    }
+}
+
 TEST_F(SourceFaultTest, walksIntoAnotherDeviceBelowASource)
 {
     makeFile("here");
