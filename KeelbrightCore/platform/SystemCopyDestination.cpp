@@ -140,14 +140,20 @@ std::expected<void, FileError> SystemCopyDestination::enterFolder(QByteArrayView
 
 std::expected<void, FileError> SystemCopyDestination::enterOrCreate(const QByteArray& name)
 {
+    if (m_letterCase.isClaimedByAnother(m_chain.descriptor(), m_chain.relativePath(), name)) {
+        return std::unexpected(FileError{FileError::Operation::created, QString::fromUtf8(name),
+                                         FileError::Reason::differsInCaseOnly});
+    }
     auto entered = m_chain.enter(name);
     if (!entered && entered.error() == ENOENT) {
         if (::mkdirat(m_chain.descriptor(), name.constData(), 0777) != 0 && errno != EEXIST)
             return std::unexpected(failure(FileError::Operation::created, name, errno));
         entered = m_chain.enter(name);
     }
-    if (entered)
+    if (entered) {
+        m_letterCase.learn(m_chain.descriptor(), name);
         return {};
+    }
     struct stat status = {};
     const bool isLink =
         ::fstatat(m_chain.descriptor(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
@@ -172,6 +178,10 @@ SystemCopyDestination::Prepared SystemCopyDestination::prepare(const DirectoryEn
 {
     if (!isInPlace())
         return std::unexpected(goneError());
+    if (m_letterCase.isClaimedByAnother(m_chain.descriptor(), m_chain.relativePath(), item.name())) {
+        return std::unexpected(FileError{FileError::Operation::copied, QString::fromUtf8(item.name()),
+                                         FileError::Reason::differsInCaseOnly});
+    }
     switch (item.type()) {
     case EntryType::regularFile:
         return prepareFile(item, stop);

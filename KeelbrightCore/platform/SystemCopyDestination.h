@@ -3,6 +3,7 @@
 #include "KeelbrightCore/platform/CopyDestination.h"
 #include "KeelbrightCore/platform/FileContents.h"
 #include "KeelbrightCore/platform/FolderChain.h"
+#include "KeelbrightCore/platform/LetterCase.h"
 
 #include <chrono>
 #include <optional>
@@ -48,6 +49,7 @@ private:
     FileDescriptor m_flushDescriptor; ///< opened before the first write, to hear of every error since
     FolderChain m_chain;
     FileContents m_contents;
+    LetterCase m_letterCase;
     std::optional<std::chrono::steady_clock::time_point> m_lastSeenInPlace;
     bool m_hasUnnamedFiles = true;
 };

@@ -1,0 +1,229 @@
+#include "tests/faults/FaultTest.h"
+#include "tests/faults/RunnerProcess.h"
+
+#include <unistd.h>
+
+namespace keelbright {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using testing::RunnerOutcome;
+using testing::RunnerProcess;
+using ::testing::SizeIs;
+
+constexpr int fileCount = 5;
+
+/// Backups in a process of their own, one of whose system calls fails.
+class FailingCallTest : public testing::FaultTest
+{
+protected:
+    void SetUp() override
+    {
+        if (const std::string reason = RunnerProcess::reasonMissing(); !reason.empty())
+            GTEST_SKIP() << reason;
+        makeFiles(fileCount, 3'000);
+    }
+
+    RunnerOutcome runFailing(const char* call, const char* error, int when, const QString& path = {})
+    {
+        const QStringList options = RunnerProcess::failing(
+            QString::fromUtf8(call), QStringLiteral("error=") + QString::fromUtf8(error), when, path);
+        const RunnerOutcome outcome = RunnerProcess(*this, {documents}, options).finish();
+        EXPECT_TRUE(outcome.hasEnded);
+        return outcome;
+    }
+
+    void runWhole()
+    {
+        const RunnerOutcome outcome = RunnerProcess(*this, {documents}).finish();
+        EXPECT_TRUE(outcome.hasEnded);
+        EXPECT_EQ(outcome.errors, QStringList());
+    }
+
+    /// One file was skipped with that line; all others are copied, of the failed one `left`.
+    void expectOneSkip(const RunnerOutcome& outcome, const QByteArray& name, const char* reason,
+                       std::optional<int> left = std::nullopt, int version = 1) const
+    {
+        EXPECT_EQ(outcome.errors, QStringList{skipLine(name, reason)});
+        EXPECT_EQ(outcome.copied, fileCount - 1);
+        EXPECT_EQ(outcome.skipped, 1);
+        for (const QByteArray& other : walkingOrder())
+            EXPECT_EQ(mirroredVersion(other), other == name ? left : version) << other.toStdString();
+        EXPECT_EQ(outcome.manifestPath, latest("recovery-manifest.json").path());
+    }
+
+    [[nodiscard]] QString pathOf(const QByteArray& name) const
+    {
+        return documents.appendingNative(name).path();
+    }
+
+    const QByteArray chosen = fileName(2);
+    const QString chosenName = QString::fromUtf8(chosen);
+};
+
+TEST_F(FailingCallTest, tellsOfAFileThatCannotBeOpened)
+{
+    const RunnerOutcome outcome = runFailing("openat", "EIO", 1, chosenName);
+    expectOneSkip(outcome, chosen, "read: the drive reported an error.");
+    const RunnerOutcome second = runFailing("openat", "EMFILE", 1, chosenName);
+    expectOneSkip(second, chosen, "read: too many files are open.");
+}
+
+TEST_F(FailingCallTest, tellsOfAFileThatCannotBeReadToItsEnd)
+{
+    const RunnerOutcome outcome = runFailing("read", "EIO", 1, pathOf(chosen));
+    expectOneSkip(outcome, chosen, "read: the drive reported an error.");
+    EXPECT_THAT(temporaryFiles(drive), IsEmpty());
+}
+
+TEST_F(FailingCallTest, goesOnAfterAnInterruptedRead)
+{
+    const RunnerOutcome outcome = runFailing("read", "EINTR", 1, pathOf(chosen));
+    EXPECT_EQ(outcome.errors, QStringList());
+    EXPECT_EQ(mirroredVersion(chosen), 1);
+}
+
+TEST_F(FailingCallTest, tellsOfALargeFileWhoseCopyBreaksOff)
+{
+    makeFile(chosen, 2'000'000);
+    const RunnerOutcome outcome = runFailing("copy_file_range", "EIO", 1);
+    expectOneSkip(outcome, chosen, "copied: the drive reported an error.");
+    EXPECT_THAT(temporaryFiles(drive), IsEmpty());
+}
+
+TEST_F(FailingCallTest, copiesALargeFileTheLongWayWhereTheShortOneIsRefused)
+{
+    makeFile(chosen, 2'000'000);
+    const RunnerOutcome outcome = runFailing("copy_file_range", "EXDEV", 1);
+    EXPECT_EQ(outcome.errors, QStringList());
+    EXPECT_EQ(mirroredVersion(chosen), 1);
+}
+
+TEST_F(FailingCallTest, tellsOfAFileThatCannotBeGivenItsName)
+{
+    const RunnerOutcome outcome = runFailing("linkat", "EIO", 1, chosenName);
+    expectOneSkip(outcome, chosen, "copied: the drive reported an error.");
+    EXPECT_THAT(temporaryFiles(drive), IsEmpty());
+    const RunnerOutcome second = runFailing("linkat", "EDQUOT", 1, chosenName);
+    expectOneSkip(second, chosen, "copied: your share of the drive is used up.");
+}
+
+TEST_F(FailingCallTest, keepsTheOldFileWhereTheSwapFails)
+{
+    runWhole();
+    makeFiles(fileCount, 2'000, 2);
+    const RunnerOutcome outcome = runFailing("renameat", "EIO", 1, chosenName);
+    expectOneSkip(outcome, chosen, "replaced: the drive reported an error.", 1, 2);
+}
+
+TEST_F(FailingCallTest, tellsOfAFileWhoseModeOrTimesCannotBeSet)
+{
+    const QByteArray third = walkingOrder().at(2);
+    expectOneSkip(runFailing("fchmod", "EIO", 3), third, "copied: the drive reported an error.");
+    EXPECT_THAT(temporaryFiles(drive), IsEmpty());
+    expectOneSkip(runFailing("utimensat", "EIO", 3), third, "copied: the drive reported an error.",
+                  std::nullopt);
+}
+
+TEST_F(FailingCallTest, copiesAFileWhoseModeOrTimesTheDriveCannotHold)
+{
+    for (const char* refusal : {"EPERM", "EOPNOTSUPP", "ENOSYS"}) {
+        for (const char* call : {"fchmod", "utimensat"}) {
+            const RunnerOutcome outcome = runFailing(call, refusal, 3);
+            EXPECT_EQ(outcome.errors, QStringList()) << call << refusal;
+            EXPECT_EQ(outcome.copied, fileCount);
+        }
+    }
+}
+
+TEST_F(FailingCallTest, tellsOfALinkThatCannotBeRead)
+{
+    ASSERT_EQ(::symlink("f0000", documents.appendingNative("link").nativePath().constData()), 0);
+    const RunnerOutcome outcome = runFailing("readlinkat", "EIO", 1, QStringLiteral("link"));
+    EXPECT_EQ(outcome.errors, QStringList{skipLine("link", "read: the drive reported an error.")});
+    EXPECT_EQ(outcome.copied, fileCount);
+    EXPECT_EQ(outcome.skipped, 1);
+}
+
+TEST_F(FailingCallTest, tellsOfAFolderWhoseListingBreaksOff)
+{
+    const QString line = skipLine("Documents", "listed completely: the drive reported an error.");
+    // Two calls belong to the estimate, the third finds all files, the fourth looks for more.
+    const RunnerOutcome late = runFailing("getdents64", "EIO", 4, documents.path());
+    EXPECT_EQ(late.errors, QStringList{line});
+    EXPECT_EQ(late.copied, fileCount);
+    EXPECT_EQ(late.skipped, 1);
+    const RunnerOutcome early = runFailing("getdents64", "EIO", 3, documents.path());
+    EXPECT_EQ(early.errors, QStringList{line});
+    EXPECT_EQ(early.copied, 0);
+    EXPECT_EQ(early.skipped, 1);
+}
+
+TEST_F(FailingCallTest, goesOnWithTheEstimateWhereItsListingBreaksOff)
+{
+    const RunnerOutcome outcome = runFailing("getdents64", "EIO", 1, documents.path());
+    EXPECT_EQ(outcome.errors, QStringList());
+    EXPECT_EQ(outcome.copied, fileCount);
+}
+
+TEST_F(FailingCallTest, givesASourceUpWhoseFolderCannotBeMade)
+{
+    const RunnerOutcome outcome = runFailing("mkdirat", "EIO", 1, QStringLiteral("Documents"));
+    EXPECT_EQ(outcome.errors,
+              QStringList{QStringLiteral("Cannot create %1: “Documents” could not be created: the drive "
+                                         "reported an error.")
+                              .arg(mirrored("Documents").path())});
+    EXPECT_EQ(outcome.copied, 0);
+    EXPECT_EQ(outcome.skipped, 0);
+}
+
+TEST_F(FailingCallTest, neverCallsABackupCompleteThatDidNotReachTheDrive)
+{
+    const RunnerOutcome outcome = runFailing("syncfs", "EIO", 1);
+    EXPECT_EQ(outcome.errors,
+              QStringList{QStringLiteral("Skip Drive: “Latest” could not be written through to the drive: "
+                                         "the drive reported an error.")});
+    EXPECT_EQ(outcome.copied, fileCount);
+}
+
+TEST_F(FailingCallTest, reportsAManifestAndAReportThatDidNotReachTheDrive)
+{
+    const RunnerOutcome outcome = runFailing("fdatasync", "EIO", 1);
+    EXPECT_EQ(outcome.errors,
+              QStringList{QStringLiteral("Manifest write failed: “recovery-manifest.json” could not be "
+                                         "written: the drive reported an error.")});
+    EXPECT_EQ(outcome.manifestPath, QStringLiteral("Failed"));
+    EXPECT_FALSE(exists(latest("recovery-manifest.json")));
+    EXPECT_THAT(temporaryFiles(drive), IsEmpty());
+    const RunnerOutcome second = runFailing("fdatasync", "EIO", 3);
+    ASSERT_EQ(second.errors.size(), 1);
+    EXPECT_TRUE(second.errors[0].startsWith(QStringLiteral("Report write failed: “backup-report-")));
+    EXPECT_TRUE(second.errors[0].endsWith(QStringLiteral(".md” could not be written: the drive reported an "
+                                                         "error.")));
+    EXPECT_THAT(temporaryFiles(drive), IsEmpty());
+}
+
+// Which write is which depends on how often the main thread has to be woken, so all are tried.
+TEST_F(FailingCallTest, tellsOfEveryFailedWriteOnce)
+{
+    int hits = 0;
+    for (int when = 1; when <= 16; ++when) {
+        const RunnerOutcome outcome = runFailing("write", "EIO", when);
+        EXPECT_EQ(outcome.copied + outcome.skipped, fileCount);
+        EXPECT_LE(outcome.errors.size(), 1) << outcome.errors.join(u'\n').toStdString();
+        EXPECT_THAT(temporaryFiles(drive), IsEmpty());
+        for (const QByteArray& name : walkingOrder()) {
+            const bool isTold =
+                outcome.errors.contains(skipLine(name, "copied: the drive reported an error."));
+            EXPECT_EQ(outcome.skipped == 1 && isTold, isTold);
+            EXPECT_EQ(mirroredVersion(name), isTold ? std::nullopt : std::optional(1));
+            hits += isTold ? 1 : 0;
+            ::unlink(mirrored("Documents/" + name).nativePath().constData());
+        }
+    }
+    EXPECT_GE(hits, 2) << "too few writes of files were failed";
+}
+
+} // namespace
+} // namespace keelbright
