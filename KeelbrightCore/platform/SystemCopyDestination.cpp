@@ -94,11 +94,16 @@ SystemCopyDestination::SystemCopyDestination(FileURL anchor, FileDescriptor fold
     , m_chain(std::move(folder))
 {}
 
+bool SystemCopyDestination::wasInPlaceJustNow()
+{
+    return (m_lastSeenInPlace &&
+            std::chrono::steady_clock::now() - *m_lastSeenInPlace < placeCheckInterval) ||
+           isInPlace();
+}
+
 bool SystemCopyDestination::isInPlace()
 {
     const auto now = std::chrono::steady_clock::now();
-    if (m_lastSeenInPlace && now - *m_lastSeenInPlace < placeCheckInterval)
-        return true;
     struct stat status = {};
     if (::stat(m_anchor.nativePath().constData(), &status) != 0 || status.st_dev != m_device ||
         status.st_ino != m_inode) {
@@ -116,7 +121,7 @@ FileError SystemCopyDestination::goneError() const
 
 std::expected<void, FileError> SystemCopyDestination::enterFolder(QByteArrayView relativeFolder)
 {
-    if (!isInPlace())
+    if (!wasInPlaceJustNow())
         return std::unexpected(goneError());
     if (m_chain.relativePath() == relativeFolder)
         return {};
@@ -166,6 +171,7 @@ std::expected<void, FileError> SystemCopyDestination::enterOrCreate(const QByteA
 
 std::expected<int, FileError> SystemCopyDestination::reenterFolder()
 {
+    m_lastSeenInPlace.reset(); // perhaps it was the whole destination
     const QByteArray folder = m_chain.relativePath();
     m_chain.leaveAll();
     if (const auto entered = enterFolder(folder); !entered)
@@ -176,7 +182,7 @@ std::expected<int, FileError> SystemCopyDestination::reenterFolder()
 SystemCopyDestination::Prepared SystemCopyDestination::prepare(const DirectoryEnumerator& item,
                                                                const std::atomic<bool>& stop)
 {
-    if (!isInPlace())
+    if (!wasInPlaceJustNow())
         return std::unexpected(goneError());
     if (m_letterCase.isClaimedByAnother(m_chain.descriptor(), m_chain.relativePath(), item.name())) {
         return std::unexpected(FileError{FileError::Operation::copied, QString::fromUtf8(item.name()),
