@@ -39,7 +39,8 @@ private:
     [[nodiscard]] Prepared prepareLink(const DirectoryEnumerator& item);
     [[nodiscard]] std::expected<FileDescriptor, FileError> createFile(QByteArray& temporaryName,
                                                                       const QString& name);
-    void copyAttributes(int source, int target, const struct stat& status) const;
+    /// 0, or the `errno` value of what failed.
+    [[nodiscard]] int copyAttributes(int source, int target, const struct stat& status) const;
     [[nodiscard]] FileError goneError() const;
 
     FileURL m_anchor;
