@@ -5,6 +5,7 @@
 
 #include "Keelbright/screens/MainWindow.h"
 #include "Keelbright/state/KeelbrightApp.h"
+#include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "Keelbright/widgets/Theme.h"
 #include "KeelbrightCore/backup/FileScanner.h"

@@ -1,5 +1,6 @@
 #include "Keelbright/widgets/ApplicationStyle.h"
 
+#include "Keelbright/widgets/Symbol.h"
 #include "Keelbright/widgets/Theme.h"
 
 #include <QApplication>
@@ -48,7 +49,7 @@ void drawMenuBarItem(const QStyleOptionMenuItem& option, QPainter& painter)
         painter.restore();
     }
     painter.setPen(theme.color(Role::primaryText));
-    painter.drawText(option.rect, Qt::AlignCenter | Qt::TextShowMnemonic, option.text);
+    painter.drawText(option.rect, Qt::AlignCenter | Qt::TextHideMnemonic, option.text);
 }
 
 void drawFocusFrame(const QStyleOption& option, QPainter& painter)
@@ -59,6 +60,58 @@ void drawFocusFrame(const QStyleOption& option, QPainter& painter)
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(QRectF(option.rect).adjusted(1, 1, -1, -1), 5, 5);
     painter.restore();
+}
+
+/// The ground of a text field or a button of the toolkit.
+void drawControlGround(const QStyleOption& option, QPainter& painter, bool isField)
+{
+    const Theme& theme = Theme::instance();
+    const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);
+    const bool hasFocus = isEnabled && option.state.testFlag(QStyle::State_HasFocus);
+    QColor ground = theme.color(Role::card);
+    if (!isField && option.state.testFlag(QStyle::State_Sunken))
+        ground = composed(ground, theme.color(Role::pressed));
+    else if (!isField && isEnabled && option.state.testFlag(QStyle::State_MouseOver))
+        ground = composed(ground, theme.color(Role::hover));
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(hasFocus ? QPen(theme.color(Role::accent), 2) : QPen(theme.color(Role::controlLine)));
+    painter.setBrush(ground);
+    const double inset = hasFocus ? 1 : 0.5;
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset), Metrics::buttonRadius,
+                            Metrics::buttonRadius);
+    painter.restore();
+}
+
+/// Our own picture for one of the toolkit's; empty where it keeps its own.
+QString symbolFor(QStyle::StandardPixmap picture)
+{
+    switch (picture) {
+    case QStyle::SP_DirIcon:
+    case QStyle::SP_DirOpenIcon:
+    case QStyle::SP_DirClosedIcon:
+        return u"folder.fill"_s;
+    case QStyle::SP_DirHomeIcon:
+        return u"house.fill"_s;
+    case QStyle::SP_DriveHDIcon:
+        return u"internaldrive.fill"_s;
+    case QStyle::SP_FileIcon:
+        return u"doc.fill"_s;
+    case QStyle::SP_ArrowBack:
+        return u"arrow.left"_s;
+    case QStyle::SP_ArrowForward:
+        return u"arrow.right"_s;
+    case QStyle::SP_FileDialogToParent:
+        return u"arrow.up"_s;
+    case QStyle::SP_FileDialogNewFolder:
+        return u"folder.badge.plus"_s;
+    case QStyle::SP_FileDialogListView:
+        return u"square.grid.2x2.fill"_s;
+    case QStyle::SP_FileDialogDetailedView:
+        return u"list.bullet"_s;
+    default:
+        return {};
+    }
 }
 
 } // namespace
@@ -72,6 +125,11 @@ void ApplicationStyle::drawControl(ControlElement element, const QStyleOption* o
 {
     if (element == CE_MenuBarEmptyArea) {
         painter->fillRect(option->rect, Theme::instance().color(Role::sidebar));
+        return;
+    }
+    if (element == CE_Splitter) {
+        painter->fillRect(option->rect, Theme::instance().color(Role::sidebar));
+        painter->fillRect(option->rect, Theme::instance().color(Role::line));
         return;
     }
     if (element == CE_MenuBarItem) {
@@ -102,6 +160,12 @@ void ApplicationStyle::drawPrimitive(PrimitiveElement element, const QStyleOptio
         drawFocusFrame(*option, *painter);
         return;
     }
+    if (element == PE_PanelButtonCommand || element == PE_PanelLineEdit) {
+        drawControlGround(*option, *painter, element == PE_PanelLineEdit);
+        return;
+    }
+    if (element == PE_FrameLineEdit)
+        return; // the ground has its frame
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
@@ -143,6 +207,10 @@ QSize ApplicationStyle::sizeFromContents(ContentsType type, const QStyleOption* 
                                          const QWidget* widget) const
 {
     const QSize base = QProxyStyle::sizeFromContents(type, option, size, widget);
+    if (type == CT_PushButton)
+        return {base.width() + 12, std::max(base.height(), Metrics::buttonHeight)};
+    if (type == CT_LineEdit)
+        return {base.width(), std::max(base.height(), Metrics::buttonHeight)};
     if (type == CT_MenuItem)
         return base + QSize(12, 4);
     if (type == CT_MenuBarItem)
@@ -167,6 +235,16 @@ int ApplicationStyle::pixelMetric(PixelMetric metric, const QStyleOption* option
     }
 }
 
+QIcon ApplicationStyle::standardIcon(StandardPixmap picture, const QStyleOption* option,
+                                     const QWidget* widget) const
+{
+    const QString symbol = symbolFor(picture);
+    if (symbol.isEmpty())
+        return QProxyStyle::standardIcon(picture, option, widget);
+    const bool isPlace = picture == SP_DirIcon || picture == SP_DriveHDIcon || picture == SP_DirHomeIcon;
+    return Symbol::icon(symbol, Theme::instance().color(isPlace ? Role::accent : Role::mutedText));
+}
+
 int ApplicationStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                                 QStyleHintReturn* data) const
 {
@@ -175,6 +253,8 @@ int ApplicationStyle::styleHint(StyleHint hint, const QStyleOption* option, cons
         return 0;
     case SH_Widget_Animation_Duration:
         return Theme::instance().duration(QProxyStyle::styleHint(hint, option, widget, data));
+    case SH_DialogButtonBox_ButtonsHaveIcons:
+    case SH_UnderlineShortcut:
     case SH_EtchDisabledText:
     case SH_DitherDisabledText:
         return 0;

@@ -44,9 +44,9 @@ SourceRowCard::SourceRowCard(const BackupSource& source, std::function<void()> o
 {
     if (!onRemove)
         return;
-    auto* remove = new Button(Button::Kind::plainIcon, tr("Remove"), u"minus.circle.fill"_s, this);
+    auto* remove = new Button(Button::Kind::plainIcon, tr("Remove %1").arg(titleLabel()->text()),
+                              u"minus.circle.fill"_s, this);
     remove->setHue(Role::red);
-    remove->setAccessibleName(tr("Remove %1").arg(titleLabel()->text()));
     connect(remove, &QPushButton::clicked, this, std::move(onRemove));
     addTrailing(remove);
 }

@@ -27,7 +27,7 @@ Banner::Banner(Role hue, const QString& symbolKey, const QString& title, QWidget
     layout->addWidget(symbol);
     layout->setAlignment(symbol, Qt::AlignTop);
     m_content->setSpacing(4);
-    m_lines->setSpacing(3);
+    m_lines->setSpacing(6);
     m_content->addWidget(m_title);
     m_content->addLayout(m_lines);
     layout->addLayout(m_content, 1);

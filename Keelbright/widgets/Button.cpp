@@ -1,10 +1,13 @@
 #include "Keelbright/widgets/Button.h"
 
+#include "Keelbright/widgets/DisplayText.h"
 #include "Keelbright/widgets/Symbol.h"
 #include "Keelbright/widgets/Theme.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace keelbright {
 
@@ -57,15 +60,14 @@ void Button::setKind(Kind kind)
 
 void Button::setCaption(const QString& text)
 {
-    if (isSymbolAlone()) {
-        setToolTip(text);
-        setAccessibleName(text);
-    } else {
-        // A text of ours has no mnemonic; an ampersand in it is one.
-        setText(QString(text).replace(u'&', "&&"_L1));
-        setAccessibleName(text);
-    }
+    m_caption = displayText(text);
+    setAccessibleName(m_caption);
+    if (isSymbolAlone())
+        setToolTip(toolTipText(m_caption));
+    else // A text of ours has no mnemonic; an ampersand in it is one.
+        setText(QString(m_caption).replace(u'&', "&&"_L1));
     updateGeometry();
+    update();
 }
 
 void Button::setSymbol(const QString& key)
@@ -98,16 +100,30 @@ int Button::symbolSize() const
     return m_isCompact ? 14 : 16;
 }
 
+int Button::padding() const
+{
+    if (m_kind == Kind::link)
+        return 3;
+    return m_isCompact ? 10 : 14;
+}
+
+int Button::pictureWidth() const
+{
+    return m_symbol.isEmpty() ? 0 : symbolSize() + gap;
+}
+
+QString Button::shownCaption() const
+{
+    return fontMetrics().elidedText(m_caption, Qt::ElideRight, width() - 2 * padding() - pictureWidth() + 1);
+}
+
 QSize Button::sizeHint() const
 {
     const int least = m_isCompact ? Metrics::compactButtonHeight : Metrics::buttonHeight;
     const int height = std::max(least, fontMetrics().height() + 8);
     if (isSymbolAlone())
         return {height, height};
-    const int words = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
-    const int picture = m_symbol.isEmpty() ? 0 : symbolSize() + gap;
-    const int padding = m_kind == Kind::link ? 3 : (m_isCompact ? 10 : 14);
-    return {words + picture + 2 * padding, height};
+    return {fontMetrics().horizontalAdvance(m_caption) + pictureWidth() + 2 * padding(), height};
 }
 
 QColor Button::wordColor() const
@@ -157,20 +173,29 @@ void Button::paintContent(QPainter& painter) const
                       picture);
         return;
     }
-    const int textWidth = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
-    const int pictureWidth = m_symbol.isEmpty() ? 0 : symbolSize() + gap;
-    int x = (width() - textWidth - pictureWidth) / 2;
-    if (pictureWidth > 0) {
+    const QString shown = shownCaption();
+    const int textWidth = fontMetrics().horizontalAdvance(shown);
+    int x = (width() - textWidth - pictureWidth()) / 2;
+    if (pictureWidth() > 0) {
         Symbol::paint(painter, QRectF(x, (height() - symbolSize()) / 2.0, symbolSize(), symbolSize()),
                       m_symbol, picture);
-        x += pictureWidth;
+        x += pictureWidth();
     }
     QFont font = this->font();
     font.setUnderline(m_kind == Kind::link && isEnabled() && underMouse());
     painter.setFont(font);
     painter.setPen(words);
     painter.drawText(QRect(x, 0, textWidth + 2, height()),
-                     Qt::AlignVCenter | Qt::AlignLeft | Qt::TextHideMnemonic, text());
+                     Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shown);
+}
+
+bool Button::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip && !isSymbolAlone() && shownCaption() != m_caption) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), toolTipText(m_caption), this);
+        return true;
+    }
+    return QPushButton::event(event);
 }
 
 void Button::paintEvent(QPaintEvent*)

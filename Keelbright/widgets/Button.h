@@ -28,8 +28,12 @@ public:
     [[nodiscard]] Kind kind() const { return m_kind; }
 
     void setKind(Kind kind);
-    /// The words, or for a symbol alone the tool tip and the name.
+    /// The words, or for a symbol alone the tool tip and the name. Words that do not fit are cut
+    /// at the end, with the whole in a tool tip; give a button with a name in it a maximum width.
     void setCaption(const QString& text);
+
+    [[nodiscard]] QString caption() const { return m_caption; }
+
     void setSymbol(const QString& key);
 
     [[nodiscard]] QString symbol() const { return m_symbol; }
@@ -44,6 +48,7 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -55,12 +60,16 @@ private:
     [[nodiscard]] bool isSymbolAlone() const { return m_kind == Kind::icon || m_kind == Kind::plainIcon; }
 
     [[nodiscard]] int symbolSize() const;
+    [[nodiscard]] int padding() const;
+    [[nodiscard]] int pictureWidth() const;
+    [[nodiscard]] QString shownCaption() const;
     [[nodiscard]] QColor wordColor() const;
     void applyFont();
     void paintGround(QPainter& painter) const;
     void paintContent(QPainter& painter) const;
 
     Kind m_kind;
+    QString m_caption;
     QString m_symbol;
     Role m_hue;
     bool m_isCompact = false;

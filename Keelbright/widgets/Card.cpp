@@ -72,6 +72,9 @@ RowList::RowList(QWidget* parent)
 void RowList::addRow(QWidget* row)
 {
     content()->addWidget(row);
+    // A layout shows what is new one turn of the event loop later, too late to take the focus.
+    if (!row->testAttribute(Qt::WA_WState_ExplicitShowHide))
+        row->show();
 }
 
 void RowList::clear()

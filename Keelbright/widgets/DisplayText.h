@@ -6,7 +6,7 @@ namespace keelbright {
 
 /// A text from outside (a file's name, an error line) made safe to show on one line: control
 /// characters and line breaks become visible signs, and marks that turn the reading direction,
-/// which could make "exe.gpj" read as "jpg.exe", are dropped.
+/// which could make a program look like a picture, are dropped.
 [[nodiscard]] QString displayText(const QString& text);
 /// The same as a tool tip, which would otherwise take a name with angle brackets for markup.
 [[nodiscard]] QString toolTipText(const QString& text);

@@ -35,7 +35,6 @@ EmptyStateView::EmptyStateView(const QString& title, const QString& message, con
     auto* messageLabel = makeWrappingLabel(message, FontRole::body, Role::secondaryText, this);
     for (Label* label : {titleLabel, messageLabel}) {
         label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-        label->setMinimumWidth(240);
         label->setFixedWidth(readableWidth);
         m_column->addWidget(label, 0, Qt::AlignHCenter);
     }

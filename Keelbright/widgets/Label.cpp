@@ -2,6 +2,8 @@
 
 #include "Keelbright/widgets/Theme.h"
 
+#include <algorithm>
+
 namespace keelbright {
 
 Label::Label(const QString& text, FontRole font, Role color, QWidget* parent)
@@ -25,6 +27,11 @@ void Label::setColorRole(Role color)
         return;
     m_color = color;
     applyColor();
+}
+
+int Label::heightForWidth(int width) const
+{
+    return QLabel::heightForWidth(std::min(width, maximumWidth()));
 }
 
 void Label::applyColor()

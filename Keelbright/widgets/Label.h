@@ -19,6 +19,9 @@ public:
 
     [[nodiscard]] Role colorRole() const { return m_color; }
 
+    /// Never wider than the label may be; layouts ask with the width of the whole line.
+    [[nodiscard]] int heightForWidth(int width) const override;
+
 private:
     void applyColor();
 

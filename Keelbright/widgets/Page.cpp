@@ -28,7 +28,8 @@ Page::Page(QWidget* parent)
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
     row->addStretch(1);
-    row->addWidget(m_column, 1000);
+    // The column takes what there is, up to its maximum; only then do the sides grow.
+    row->addWidget(m_column, 100000);
     row->addStretch(1);
     setMaximumContentWidth(Metrics::pageMaxWidth);
     setWidget(ground);

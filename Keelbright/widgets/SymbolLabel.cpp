@@ -52,7 +52,8 @@ void Tile::paintEvent(QPaintEvent*)
     back.setAlphaF(static_cast<float>(tileTint));
     painter.setPen(Qt::NoPen);
     painter.setBrush(back);
-    painter.drawRoundedRect(rect(), Metrics::tileRadius, Metrics::tileRadius);
+    const double radius = std::max<double>(Metrics::tileRadius, m_side * 0.24);
+    painter.drawRoundedRect(rect(), radius, radius);
 }
 
 } // namespace keelbright

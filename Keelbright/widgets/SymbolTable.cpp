@@ -18,8 +18,10 @@ constexpr SymbolEntry entries[] = {
     {"arrow.counterclockwise"_L1, u'\xF54D'},                                 // undo-variant
     {"arrow.down.app.fill"_L1, u'\xF3D4'},                                    // package-down
     {"arrow.down.circle.fill"_L1, u'\xF1DA'},                                 // download
+    {"arrow.left"_L1, u'\xF04D'},                                             // arrow-left
     {"arrow.left.circle"_L1, u'\xF04D', SymbolForm::ring},                    // arrow-left
     {"arrow.right"_L1, u'\xF054'},                                            // arrow-right
+    {"arrow.up"_L1, u'\xF05D'},                                               // arrow-up
     {"arrow.up.arrow.down"_L1, u'\xF4E2'},                                    // swap-vertical
     {"arrow.up.forward.square"_L1, u'\xF3CC'},                                // open-in-new
     {"arrow.up.left"_L1, u'\xF05B'},                                          // arrow-top-left
@@ -74,6 +76,7 @@ constexpr SymbolEntry entries[] = {
     {"internaldrive.fill"_L1, u'\xF2CA'},                                         // harddisk
     {"iphone.fill"_L1, u'\xF120'},                                                // cellphone-iphone
     {"line.3.horizontal.decrease.circle"_L1, u'\xF236', SymbolForm::ring},        // filter-variant
+    {"list.bullet"_L1, u'\xF572'},                                                // view-list
     {"magnifyingglass"_L1, u'\xF349'},                                            // magnify
     {"magnifyingglass.circle"_L1, u'\xF349', SymbolForm::ring},                   // magnify
     {"magnifyingglass.circle.fill"_L1, u'\xF349'},                                // magnify

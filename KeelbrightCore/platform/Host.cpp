@@ -67,7 +67,7 @@ std::optional<QString> hostName()
     std::array<char, 256> buffer = {};
     if (::gethostname(buffer.data(), buffer.size() - 1) != 0)
         return std::nullopt;
-    const QString name = QString::fromUtf8(buffer.data()).trimmed();
+    QString name = QString::fromUtf8(buffer.data()).trimmed();
     // The kernel's word for a name that nobody has set.
     if (name.isEmpty() || name == QStringLiteral("(none)"))
         return std::nullopt;

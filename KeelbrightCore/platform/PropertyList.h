@@ -10,7 +10,7 @@ namespace keelbright {
 /// Reads property lists, XML or binary. The input is not trusted.
 namespace PropertyList {
 
-inline constexpr qint64 maximumBytes = 16 * 1024 * 1024;
+inline constexpr qint64 maximumBytes = qint64{16} * 1024 * 1024;
 inline constexpr int maximumDepth = 512; ///< dictionaries and arrays within each other
 inline constexpr qint64 maximumValues = 1'000'000;
 

@@ -74,13 +74,13 @@ public:
         flags |= POSIX_SPAWN_CLOEXEC_DEFAULT;
 #endif
         // A helper knows nothing of the signals that this program or one of its libraries blocks.
-        sigset_t signals;
-        ::sigemptyset(&signals);
-        ::posix_spawnattr_setsigmask(&m_attributes, &signals);
-        ::sigfillset(&signals);
-        ::sigdelset(&signals, SIGKILL);
-        ::sigdelset(&signals, SIGSTOP);
-        ::posix_spawnattr_setsigdefault(&m_attributes, &signals);
+        sigset_t signalSet;
+        ::sigemptyset(&signalSet);
+        ::posix_spawnattr_setsigmask(&m_attributes, &signalSet);
+        ::sigfillset(&signalSet);
+        ::sigdelset(&signalSet, SIGKILL);
+        ::sigdelset(&signalSet, SIGSTOP);
+        ::posix_spawnattr_setsigdefault(&m_attributes, &signalSet);
         ::posix_spawnattr_setflags(&m_attributes, flags);
     }
 
@@ -148,7 +148,7 @@ public:
     [[nodiscard]] std::optional<int> waitForEnd()
     {
         reap(0);
-        return *m_status;
+        return m_status.value_or(std::nullopt);
     }
 
 private:
@@ -194,7 +194,7 @@ void readWhatIsThere(QByteArray& data, int descriptor)
 
 QByteArray readUntilTheEnd(int output, Helper& helper)
 {
-    constexpr qsizetype piece = 64 * 1024;
+    constexpr qsizetype piece = qsizetype{64} * 1024;
     constexpr int pauseWithoutWatch = 20; // milliseconds
     QByteArray data;
     for (;;) {

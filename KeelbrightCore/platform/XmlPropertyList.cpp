@@ -165,18 +165,19 @@ private:
 
     [[nodiscard]] bool take(const QVariant& value)
     {
-        if (!isPlaceForValue() || ++m_values > PropertyList::maximumValues)
+        if (++m_values > PropertyList::maximumValues)
             return false;
-        if (m_open.empty()) {
-            m_top = value;
+        if (m_open.empty())
+            return !std::exchange(m_top, value);
+        Container& container = m_open.back();
+        if (!container.isDictionary) {
+            container.list.append(value);
             return true;
         }
-        Container& container = m_open.back();
-        if (container.isDictionary)
-            container.map.insert(*std::exchange(container.key, std::nullopt), value);
-        else
-            container.list.append(value);
-        return true;
+        const std::optional<QString> key = std::exchange(container.key, std::nullopt);
+        if (key)
+            container.map.insert(*key, value);
+        return key.has_value();
     }
 
     QXmlStreamReader m_xml;

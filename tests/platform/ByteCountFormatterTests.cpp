@@ -10,11 +10,12 @@ namespace {
 
 class ByteCountFormatterTests : public ::testing::Test
 {
-protected:
+public:
     ByteCountFormatterTests() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates)); }
 
     ~ByteCountFormatterTests() override { QLocale::setDefault(m_previous); }
 
+protected:
     static std::string text(qint64 count) { return ByteCountFormatter::string(count).toStdString(); }
 
 private:

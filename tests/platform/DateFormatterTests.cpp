@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/DateFormatter.h"
 
+#include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 
 #include <QTimeZone>

@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/Host.h"
 
+#include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 
 #include <QSysInfo>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KeelbrightCore/platform/PropertyList.h"
+#include "tests/support/Printing.h"
 
 #include <QDateTime>
 

@@ -1,6 +1,7 @@
 #include "KeelbrightCore/platform/Subprocess.h"
 
 #include "KeelbrightCore/platform/FileDescriptor.h"
+#include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 
 #include <QElapsedTimer>
@@ -198,6 +199,7 @@ TEST_F(SubprocessTests, thirtyTwoHelpersAtOnceKeepTheirOutputsApart)
     std::atomic<int> right = 0;
     {
         std::vector<std::jthread> threads;
+        threads.reserve(32);
         for (int i = 0; i < 32; ++i) {
             threads.emplace_back([&tool, &right, i] {
                 const QByteArray letter(1, static_cast<char>('A' + i % 26));
@@ -272,6 +274,7 @@ TEST_F(SubprocessTests, signalsInTheMiddleChangeNothing)
     }
     runner.join();
     ::sigaction(SIGUSR1, &previous, nullptr);
+    ASSERT_TRUE(run.has_value());
     EXPECT_EQ(run->standardOutput.size(), 500'000);
     EXPECT_EQ(run->exitCode, 9);
 }

@@ -1,5 +1,7 @@
 #include "KeelbrightCore/platform/TrashRecord.h"
 
+#include "tests/support/Printing.h"
+
 #include <gtest/gtest.h>
 #include <set>
 

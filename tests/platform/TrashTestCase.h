@@ -1,14 +1,13 @@
 #pragma once
 
 #include "KeelbrightCore/platform/Trash.h"
+#include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 
-#include <functional>
-#include <grp.h>
 #include <gtest/gtest.h>
+#include <initializer_list>
 #include <set>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace keelbright::testing {
@@ -87,22 +86,17 @@ protected:
         return found;
     }
 
-    /// Runs `work` in a process of an ordinary user, who does not share root's rights; gives what it
-    /// says. Everything in the machine's folder belongs to that user then.
-    bool asOrdinaryUser(const std::function<bool()>& work) const
+    /// Hands the machine's home and what else is given over to the plain user that
+    /// `UnprivilegedUser` becomes.
+    void giveAway(std::initializer_list<FileURL> urls) const
     {
+        ASSERT_EQ(::chmod(m_mac.root().nativePath().constData(), 0755), 0);
+        if (::getuid() != 0)
+            return;
         constexpr uid_t nobody = 65534;
-        const pid_t process = ::fork();
-        if (process == 0) {
-            if (::getuid() == 0 &&
-                (::setgroups(0, nullptr) != 0 || ::setgid(nobody) != 0 || ::setuid(nobody) != 0))
-                ::_exit(2);
-            ::_exit(work() ? 0 : 1);
-        }
-        int status = 0;
-        EXPECT_EQ(::waitpid(process, &status, 0), process);
-        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) < 2) << "no process of an ordinary user";
-        return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+        ASSERT_EQ(::lchown(m_mac.home().nativePath().constData(), nobody, nobody), 0);
+        for (const FileURL& url : urls)
+            ASSERT_EQ(::lchown(url.nativePath().constData(), nobody, nobody), 0);
     }
 
     mutable TestMac m_mac;

@@ -1,5 +1,6 @@
 #include "tests/platform/TrashTestCase.h"
 #include "tests/support/TemporaryVolume.h"
+#include "tests/support/UnprivilegedUser.h"
 
 #include <QElapsedTimer>
 #include <thread>
@@ -94,6 +95,7 @@ TEST_F(TrashTests, theRecordedPathHasNoLinks)
 TEST_F(TrashTests, itemsOfEqualNameGetNumbers)
 {
     std::vector<FileURL> places;
+    places.reserve(3);
     for (const char* folder : {"one", "two", "three"})
         places.push_back(trashed(m_mac.writeFile(QByteArray("Users/mira/") + folder + "/photo.jpg", folder)));
     EXPECT_EQ(names("files"), (std::set<QByteArray>{"photo.jpg", "photo 2.jpg", "photo 3.jpg"}));
@@ -161,11 +163,13 @@ TEST_F(TrashTests, manyThreadsLoseNothing)
 {
     constexpr int perThread = 15;
     std::vector<FileURL> files;
+    files.reserve(size_t{4} * perThread);
     for (int i = 0; i < 4 * perThread; ++i)
         files.push_back(
             m_mac.writeFile("Users/mira/" + QByteArray::number(i) + "/same", QByteArray::number(i)));
     {
         std::vector<std::jthread> threads;
+        threads.reserve(4);
         for (size_t first = 0; first < files.size(); first += perThread) {
             threads.emplace_back([this, &files, first] {
                 for (size_t i = first; i < first + perThread; ++i)
@@ -232,19 +236,16 @@ TEST_F(TrashTests, theRootAndPathsThatNameNoItemStay)
 TEST_F(TrashTests, anUnwritableInfoFolderIsAnErrorAndTheItemStays)
 {
     const FileURL file = m_mac.writeFile("Users/mira/a", "x");
-    m_mac.makeFolder("Users/mira/.local/share/Trash/files");
+    const FileURL files = m_mac.makeFolder("Users/mira/.local/share/Trash/files");
     const FileURL info = m_mac.makeFolder("Users/mira/.local/share/Trash/info");
-    for (const FileURL& url : {m_mac.home(), m_trash, m_trash.appendingNative("files"), info, file}) {
-        ASSERT_TRUE(::getuid() != 0 || ::lchown(url.nativePath().constData(), 65534, 65534) == 0);
-    }
+    giveAway({m_trash, files, info, file});
     ASSERT_EQ(::chmod(info.nativePath().constData(), 0500), 0);
-    ASSERT_EQ(::chmod(m_mac.root().nativePath().constData(), 0755), 0);
     QElapsedTimer timer;
     timer.start();
-    EXPECT_TRUE(asOrdinaryUser([&] {
-        const auto outcome = moveToTrash(file);
-        return !outcome && outcome.error() == systemError(file, EACCES);
-    }));
+    {
+        const UnprivilegedUser plainUser;
+        EXPECT_EQ(refused(moveToTrash(file)), systemError(file, EACCES));
+    }
     EXPECT_LT(timer.elapsed(), 5'000);
     EXPECT_EQ(TestMac::read(file), "x");
     EXPECT_EQ(names("files"), std::set<QByteArray>());
@@ -253,19 +254,15 @@ TEST_F(TrashTests, anUnwritableInfoFolderIsAnErrorAndTheItemStays)
 TEST_F(TrashTests, anItemInAnUnwritableFolderStaysAndNoRecordRemains)
 {
     const FileURL file = m_mac.writeFile("Users/mira/locked/a", "x");
-    m_mac.makeFolder("Users/mira/.local/share/Trash/files");
-    m_mac.makeFolder("Users/mira/.local/share/Trash/info");
     const FileURL locked = file.deletingLastPathComponent();
-    for (const FileURL& url : {m_mac.home(), m_trash, m_trash.appendingNative("files"),
-                               m_trash.appendingNative("info"), locked, file}) {
-        ASSERT_TRUE(::getuid() != 0 || ::lchown(url.nativePath().constData(), 65534, 65534) == 0);
-    }
+    const FileURL files = m_mac.makeFolder("Users/mira/.local/share/Trash/files");
+    const FileURL info = m_mac.makeFolder("Users/mira/.local/share/Trash/info");
+    giveAway({m_trash, files, info, locked, file});
     ASSERT_EQ(::chmod(locked.nativePath().constData(), 0500), 0);
-    ASSERT_EQ(::chmod(m_mac.root().nativePath().constData(), 0755), 0);
-    EXPECT_TRUE(asOrdinaryUser([&] {
-        const auto outcome = moveToTrash(file);
-        return !outcome && outcome.error() == systemError(file, EACCES);
-    }));
+    {
+        const UnprivilegedUser plainUser;
+        EXPECT_EQ(refused(moveToTrash(file)), systemError(file, EACCES));
+    }
     ASSERT_EQ(::chmod(locked.nativePath().constData(), 0700), 0);
     EXPECT_EQ(TestMac::read(file), "x");
     EXPECT_EQ(names("info"), std::set<QByteArray>());

@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/UserDefaults.h"
 
+#include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 
 #include <QSettings>
@@ -11,7 +12,7 @@ namespace {
 
 class UserDefaultsTests : public ::testing::Test
 {
-protected:
+public:
     UserDefaultsTests() { qunsetenv("XDG_CONFIG_HOME"); }
 
     ~UserDefaultsTests() override
@@ -22,6 +23,7 @@ protected:
             qunsetenv("XDG_CONFIG_HOME");
     }
 
+protected:
     static QString text(const char* value) { return QString::fromUtf8(value); }
 
     FileURL standardFile() const

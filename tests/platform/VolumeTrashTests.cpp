@@ -179,7 +179,7 @@ TEST_F(VolumeTrashTests, aFullVolumeLeavesTheItemAndNoHalfRecord)
     m_mac.makeFolder("Volumes/Stick/.Trash-" + user + "/info");
     const FileURL filler = m_volume.location().appendingNative("filler");
     const int descriptor = ::open(filler.nativePath().constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
-    const QByteArray block(64 * 1024, 'x');
+    const QByteArray block(qsizetype{64} * 1024, 'x');
     while (::write(descriptor, block.constData(), static_cast<size_t>(block.size())) > 0) {
     }
     ::close(descriptor);

@@ -1,6 +1,7 @@
-#include "tests/support/RealFaults.h"
-
+#include "tests/support/AsOtherUser.h"
+#include "tests/support/FatImage.h"
 #include "tests/support/TestMac.h"
+#include "tests/support/TmpfsMount.h"
 
 #include <fstream>
 #include <gmock/gmock.h>

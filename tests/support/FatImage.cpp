@@ -1,4 +1,4 @@
-#include "tests/support/RealFaults.h"
+#include "tests/support/FatImage.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -7,32 +7,13 @@
 #include <QThread>
 #include <gtest/gtest.h>
 
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <grp.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace keelbright::testing {
 
 namespace {
-
-constexpr uid_t nobody = 65534;
-
-FileURL canonical(const QTemporaryDir& folder)
-{
-    return FileURL::fromPath(QDir(folder.path()).canonicalPath());
-}
-
-std::string whyNot(const char* what)
-{
-    return std::string(what) + ": " + std::strerror(errno);
-}
 
 /// What the program printed when it failed; empty when it ended well.
 std::string failureOf(const QString& program, const QStringList& arguments)
@@ -62,34 +43,6 @@ bool isMountPoint(const FileURL& url)
 }
 
 } // namespace
-
-TmpfsMount::TmpfsMount(Limits limits)
-{
-    std::string options = "mode=0755,size=" + std::to_string(limits.bytes);
-    if (limits.inodes > 0)
-        options += ",nr_inodes=" + std::to_string(limits.inodes);
-    if (::mount("tmpfs", m_folder.path().toLocal8Bit().constData(), "tmpfs", 0, options.c_str()) != 0)
-        m_reasonMissing = whyNot("a file system of its own can't be mounted");
-}
-
-TmpfsMount::~TmpfsMount()
-{
-    // Lazily, so that an open file never leaves the mount behind.
-    if (m_reasonMissing.empty() && ::umount2(m_folder.path().toLocal8Bit().constData(), MNT_DETACH) != 0)
-        ADD_FAILURE() << whyNot("can't unmount");
-}
-
-FileURL TmpfsMount::root() const
-{
-    return canonical(m_folder);
-}
-
-void TmpfsMount::makeReadOnly() const
-{
-    if (::mount(nullptr, m_folder.path().toLocal8Bit().constData(), nullptr, MS_REMOUNT | MS_RDONLY,
-                nullptr) != 0)
-        ADD_FAILURE() << whyNot("can't turn the file system read-only");
-}
 
 FatImage::FatImage(qint64 bytes)
 {
@@ -123,36 +76,7 @@ FatImage::~FatImage()
 
 FileURL FatImage::root() const
 {
-    return canonical(m_folder).appending(QStringLiteral("drive"));
-}
-
-std::string asOtherUser(const FileURL& passable, const std::function<void()>& work)
-{
-    if (::geteuid() != 0)
-        return "only root may act as another user";
-    for (FileURL folder = passable; folder != FileURL(); folder = folder.deletingLastPathComponent()) {
-        struct stat status = {};
-        if (::stat(folder.nativePath().constData(), &status) == 0 && (status.st_mode & S_IXOTH) == 0)
-            ::chmod(folder.nativePath().constData(), (status.st_mode & 07777U) | S_IXOTH);
-    }
-    std::fflush(nullptr);
-    const pid_t child = ::fork();
-    if (child < 0)
-        return whyNot("no child process");
-    if (child == 0) {
-        if (::setgroups(0, nullptr) != 0 || ::setgid(nobody) != 0 || ::setuid(nobody) != 0)
-            ::_exit(2);
-        work();
-        std::fflush(nullptr);
-        // No destructor of the parent's objects runs twice.
-        ::_exit(::testing::Test::HasFailure() ? 1 : 0);
-    }
-    int status = 0;
-    while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
-    }
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
-        ADD_FAILURE() << "the work as another user failed, status " << status;
-    return {};
+    return FileURL::fromPath(QDir(m_folder.path()).canonicalPath()).appending(QStringLiteral("drive"));
 }
 
 } // namespace keelbright::testing

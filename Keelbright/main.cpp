@@ -1,0 +1,6 @@
+#include "Keelbright/screens/Application.h"
+
+int main(int argc, char** argv)
+{
+    return keelbright::runApplication(argc, argv);
+}

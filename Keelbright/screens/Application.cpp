@@ -1,0 +1,69 @@
+#include "Keelbright/screens/Application.h"
+
+#include "Keelbright/screens/DesktopWorkspace.h"
+#include "Keelbright/screens/DialogFolderChooser.h"
+#include "Keelbright/screens/MainWindow.h"
+#include "Keelbright/state/KeelbrightApp.h"
+#include "Keelbright/widgets/AlertPresenter.h"
+#include "Keelbright/widgets/DesktopSettings.h"
+#include "Keelbright/widgets/Symbol.h"
+#include "Keelbright/widgets/Theme.h"
+
+#include <QApplication>
+#include <cstdio>
+#include <cstdlib>
+
+namespace keelbright {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+void followDesktop(const DesktopSettings& desktop)
+{
+    Theme& theme = Theme::instance();
+    const auto takeScheme = [&desktop, &theme] { theme.setScheme(desktop.colorScheme()); };
+    const auto takeMotion = [&desktop, &theme] { theme.setMotionReduced(desktop.isMotionReduced()); };
+    QObject::connect(&desktop, &DesktopSettings::colorSchemeChanged, &theme, takeScheme);
+    QObject::connect(&desktop, &DesktopSettings::isMotionReducedChanged, &theme, takeMotion);
+    takeScheme();
+    takeMotion();
+}
+
+int runWindow(QApplication& application)
+{
+    const DesktopSettings desktop;
+    followDesktop(desktop);
+    Theme::instance().install();
+
+    DialogFolderChooser chooser;
+    DesktopWorkspace workspace;
+    DialogAlertPresenter alerts;
+    KeelbrightApp app(chooser);
+    MainWindow window({app.state(), alerts, workspace});
+    QObject::connect(&window, &MainWindow::closed, &application, &QCoreApplication::quit);
+    window.show();
+    const int code = QApplication::exec();
+    window.hide();
+    if (!app.shutDown()) {
+        std::fflush(stdout);
+        std::_Exit(code);
+    }
+    return code;
+}
+
+} // namespace
+
+int runApplication(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(u"Keelbright"_s);
+    QCoreApplication::setApplicationVersion(u"1.0.0"_s);
+    QGuiApplication::setApplicationDisplayName(u"Keel Bright"_s);
+    QGuiApplication::setDesktopFileName(u"keelbright"_s);
+    QGuiApplication::setWindowIcon(
+        Symbol::icon(u"shippingbox.fill"_s, Theme::instance().color(Role::accent)));
+    return runWindow(application);
+}
+
+} // namespace keelbright

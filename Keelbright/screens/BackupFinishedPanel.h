@@ -1,0 +1,32 @@
+#pragma once
+
+#include "KeelbrightCore/backup/BackupReport.h"
+
+#include <QWidget>
+
+namespace keelbright {
+
+/// How a backup ended: three figures, where the files are, and the ways on.
+class BackupFinishedPanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit BackupFinishedPanel(const BackupReport& report, QWidget* parent = nullptr);
+
+    /// The headline for a report.
+    [[nodiscard]] static QString headline(const BackupReport& report);
+
+Q_SIGNALS:
+    void openFilesPressed();
+    void viewReportPressed();
+    void backPressed();
+
+private:
+    void addOutcome(const BackupReport& report);
+    void addFigures(const BackupReport& report);
+    void addPlace(const BackupReport& report);
+    void addButtons();
+};
+
+} // namespace keelbright

@@ -1,0 +1,135 @@
+#include "Keelbright/screens/BackupProgressView.h"
+
+#include "Keelbright/screens/Announcement.h"
+#include "Keelbright/screens/BackupFinishedPanel.h"
+#include "Keelbright/screens/BackupRunningPanel.h"
+#include "Keelbright/state/AppState.h"
+#include "Keelbright/state/Workspace.h"
+#include "Keelbright/widgets/Banner.h"
+#include "Keelbright/widgets/DisplayText.h"
+#include "Keelbright/widgets/EmptyStateView.h"
+
+#include <QVBoxLayout>
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int panelWidth = 560;
+
+} // namespace
+
+BackupProgressView::BackupProgressView(AppState& state, Workspace& workspace, QWidget* parent)
+    : Page(parent)
+    , m_state(state)
+    , m_workspace(workspace)
+    , m_error(new Banner(Role::red, u"xmark.octagon.fill"_s, {}, this))
+{
+    setMaximumContentWidth(panelWidth);
+    content()->addWidget(m_error);
+    content()->addStretch(4);
+    content()->addStretch(5);
+    watchState();
+    redraw();
+}
+
+void BackupProgressView::watchState()
+{
+    const BackupEngine& engine = m_state.engine();
+    connect(&engine, &BackupEngine::isRunningChanged, &m_frames, &FrameThrottle::request);
+    connect(&engine, &BackupEngine::isCancelledChanged, &m_frames, &FrameThrottle::request);
+    connect(&engine, &BackupEngine::lastErrorChanged, &m_frames, &FrameThrottle::request);
+    connect(&m_state, &AppState::lastReportChanged, &m_frames, &FrameThrottle::request);
+    connect(&m_state, &AppState::selectedDestinationChanged, &m_frames, &FrameThrottle::request);
+    connect(&m_frames, &FrameThrottle::frame, this, &BackupProgressView::redraw);
+    connect(&engine, &BackupEngine::progressChanged, &m_progressFrames, &FrameThrottle::request);
+    connect(&m_progressFrames, &FrameThrottle::frame, this, &BackupProgressView::redrawProgress);
+}
+
+void BackupProgressView::redraw()
+{
+    if (m_state.engine().isRunning())
+        showRunning();
+    else if (m_state.lastReport())
+        showFinished(*m_state.lastReport());
+    else
+        showEmpty();
+    redrawError();
+}
+
+void BackupProgressView::redrawProgress()
+{
+    if (m_running != nullptr)
+        m_running->setProgress(m_state.engine().progress());
+}
+
+void BackupProgressView::redrawError()
+{
+    // Also above the panel of an earlier backup, which would otherwise look like this one's success.
+    const auto& error = m_state.engine().lastError();
+    const bool isShown = error && !m_state.engine().isRunning();
+    if (isShown)
+        m_error->setTitle(displayText(*error));
+    m_error->setVisible(isShown);
+}
+
+void BackupProgressView::showRunning()
+{
+    if (m_shown != Shown::running) {
+        auto* panel = new BackupRunningPanel(this);
+        connect(panel, &BackupRunningPanel::cancelPressed, &m_state.engine(), &BackupEngine::cancel);
+        replacePanel(panel, Shown::running);
+        m_running = panel;
+        if (isVisible())
+            announce(*panel, tr("Backup running"));
+    }
+    const auto& destination = m_state.selectedDestination();
+    m_running->setDestinationName(destination ? destination->displayName() : QString());
+    m_running->setCancelling(m_state.engine().isCancelled());
+    redrawProgress();
+}
+
+void BackupProgressView::showFinished(const BackupReport& report)
+{
+    if (m_shown == Shown::finished && m_shownReport == report.id)
+        return;
+    auto* panel = new BackupFinishedPanel(report, this);
+    connect(panel, &BackupFinishedPanel::openFilesPressed, this,
+            [this, path = report.personalFilesPath] { openPersonalFiles(m_workspace, path); });
+    connect(panel, &BackupFinishedPanel::viewReportPressed, this,
+            [this] { m_state.setSelectedScreen(Screen::backupReport); });
+    connect(panel, &BackupFinishedPanel::backPressed, this,
+            [this] { m_state.setSelectedScreen(Screen::dashboard); });
+    replacePanel(panel, Shown::finished);
+    m_shownReport = report.id;
+    if (isVisible())
+        announce(*panel, BackupFinishedPanel::headline(report));
+}
+
+void BackupProgressView::showEmpty()
+{
+    if (m_shown == Shown::empty)
+        return;
+    replacePanel(new EmptyStateView(tr("No Backup Running"),
+                                    tr("Hit \"Backup Now\" on the Dashboard to start."),
+                                    u"arrow.clockwise.circle"_s, this),
+                 Shown::empty);
+}
+
+void BackupProgressView::replacePanel(QWidget* panel, Shown shown)
+{
+    if (m_panel != nullptr) {
+        // A press of one of its buttons may still be under way.
+        m_panel->hide();
+        m_panel->deleteLater();
+    }
+    m_running = nullptr;
+    m_panel = panel;
+    m_shown = shown;
+    // Between the two stretches.
+    content()->insertWidget(content()->count() - 1, panel);
+}
+
+} // namespace keelbright

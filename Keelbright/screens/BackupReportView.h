@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Keelbright/widgets/FrameThrottle.h"
+#include "Keelbright/widgets/Page.h"
+#include "KeelbrightCore/backup/BackupReport.h"
+
+#include <optional>
+
+namespace keelbright {
+
+class AppState;
+class Workspace;
+
+/// The last backup's report: figures, folders, places on disk, and what was skipped. A finished run
+/// replaces the content at once.
+class BackupReportView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// What is handed in outlives the screen.
+    BackupReportView(AppState& state, Workspace& workspace, QWidget* parent = nullptr);
+
+private:
+    [[nodiscard]] const std::optional<BackupReport>& report() const;
+    void redraw();
+    [[nodiscard]] QWidget* makeContent(const BackupReport& report);
+    [[nodiscard]] QWidget* makeHeader(const BackupReport& report);
+    [[nodiscard]] QWidget* makeLocations(const BackupReport& report);
+
+    AppState& m_state;
+    Workspace& m_workspace;
+    FrameThrottle m_frames;
+    QWidget* m_content = nullptr;
+    std::optional<QUuid> m_shownReport;
+};
+
+} // namespace keelbright

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QWidget>
+
+namespace keelbright {
+
+class AppState;
+class Button;
+class StepStack;
+
+/// Fills the window until it is passed: a welcome, then the question where backups go.
+class OnboardingView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    struct Feature
+    {
+        QString icon;
+        QString title;
+        QString body;
+    };
+
+    explicit OnboardingView(AppState& state, QWidget* parent = nullptr);
+
+    [[nodiscard]] static const QList<Feature>& features();
+
+    /// 0 is the welcome, 1 the destination.
+    [[nodiscard]] int step() const { return m_step; }
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    [[nodiscard]] QWidget* makeWelcomeStep();
+    [[nodiscard]] QWidget* makeDestinationStep();
+    [[nodiscard]] QWidget* makeBottomRow();
+    void setStep(int step);
+    void goOn();
+    void showDestination();
+
+    AppState& m_state;
+    int m_step = 0;
+    Button* m_destination = nullptr;
+    StepStack* m_steps;
+    Button* m_back = nullptr;
+    Button* m_main = nullptr;
+};
+
+} // namespace keelbright

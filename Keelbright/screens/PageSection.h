@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QWidget>
+
+class QVBoxLayout;
+
+namespace keelbright {
+
+class SectionHeader;
+
+/// A section of a page: its head, and close below it what belongs to it.
+class PageSection : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Takes the head over.
+    explicit PageSection(SectionHeader* header, QWidget* parent = nullptr);
+
+    /// Below the head.
+    [[nodiscard]] QVBoxLayout* content() const { return m_content; }
+
+private:
+    QVBoxLayout* m_content;
+};
+
+} // namespace keelbright

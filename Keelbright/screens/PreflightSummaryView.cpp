@@ -1,0 +1,161 @@
+#include "Keelbright/screens/PreflightSummaryView.h"
+
+#include "Keelbright/screens/Announcement.h"
+#include "Keelbright/state/AppState.h"
+#include "Keelbright/state/L10n.h"
+#include "Keelbright/widgets/Banner.h"
+#include "Keelbright/widgets/BottomBar.h"
+#include "Keelbright/widgets/Button.h"
+#include "Keelbright/widgets/Card.h"
+#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/Headers.h"
+#include "Keelbright/widgets/Page.h"
+#include "Keelbright/widgets/Progress.h"
+#include "KeelbrightCore/platform/TaskPools.h"
+
+#include <QHBoxLayout>
+#include <QShowEvent>
+#include <QThreadPool>
+#include <QVBoxLayout>
+#include <QtConcurrent>
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+PreflightSummaryView::PreflightSummaryView(AppState& state, QWidget* parent)
+    : QWidget(parent)
+    , m_state(state)
+    , m_page(new Page(this))
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_page, 1);
+    auto* header = new PageHeader(L10n::Preflight::title(), {}, m_page);
+    header->setSymbol(u"checkmark.shield.fill"_s, Role::accent);
+    m_page->content()->addWidget(header);
+    addAnalyzing();
+    addEstimate();
+    addBanners();
+    m_page->content()->addStretch();
+    addActions();
+    connect(&m_check, &QFutureWatcherBase::finished, this, [this] { setResult(m_check.result()); });
+    redraw();
+}
+
+void PreflightSummaryView::addAnalyzing()
+{
+    auto* card = new Card(m_page);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(12);
+    row->addWidget(new Spinner(L10n::Preflight::analyzing(), 20, card));
+    row->addWidget(new Label(L10n::Preflight::analyzing(), FontRole::body, Role::secondaryText, card), 1);
+    card->content()->addLayout(row);
+    m_analyzing = card;
+    m_page->content()->addWidget(card);
+}
+
+void PreflightSummaryView::addEstimate()
+{
+    m_estimate = new Card(m_page);
+    m_estimate->content()->setSpacing(10);
+    m_estimate->content()->addWidget(
+        new Label(L10n::Preflight::estimateTitle(), FontRole::sectionTitle, Role::primaryText, m_estimate));
+    m_fileCount = addEstimateRow(L10n::Preflight::totalFiles());
+    m_size = addEstimateRow(L10n::Preflight::totalSize());
+    m_freeSpace = addEstimateRow(L10n::Preflight::destinationFree());
+    m_page->content()->addWidget(m_estimate);
+}
+
+FigureLabel* PreflightSummaryView::addEstimateRow(const QString& title)
+{
+    m_estimate->content()->addWidget(new Separator(Qt::Horizontal, m_estimate));
+    auto* row = new QHBoxLayout;
+    row->addWidget(new Label(title, FontRole::body, Role::secondaryText, m_estimate));
+    row->addStretch();
+    auto* value = new FigureLabel({}, FontRole::bodyStrong, Role::primaryText, m_estimate);
+    row->addWidget(value);
+    m_estimate->content()->addLayout(row);
+    return value;
+}
+
+void PreflightSummaryView::addBanners()
+{
+    m_errors = new Banner(Role::red, u"xmark.octagon.fill"_s, L10n::Preflight::errorTitle(), m_page);
+    m_warnings =
+        new Banner(Role::orange, u"exclamationmark.triangle.fill"_s, L10n::Preflight::warningTitle(), m_page);
+    m_page->content()->addWidget(m_errors);
+    m_page->content()->addWidget(m_warnings);
+}
+
+void PreflightSummaryView::addActions()
+{
+    m_actions = new BottomBar(this);
+    auto* cancel = new Button(Button::Kind::bordered, L10n::Preflight::cancel(), {}, m_actions);
+    m_confirm = new Button(Button::Kind::primary, L10n::Preflight::confirmBackup(), {}, m_actions);
+    connect(cancel, &QPushButton::clicked, this, [this] { m_state.setSelectedScreen(Screen::dashboard); });
+    connect(m_confirm, &QPushButton::clicked, &m_state, &AppState::confirmBackup);
+    m_actions->content()->addStretch();
+    m_actions->content()->addWidget(cancel);
+    m_actions->content()->addWidget(m_confirm);
+    layout()->addWidget(m_actions);
+}
+
+void PreflightSummaryView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (!event->spontaneous())
+        startCheck();
+}
+
+void PreflightSummaryView::startCheck()
+{
+    m_isAnalyzing = true;
+    m_result.reset();
+    redraw();
+    // The watcher goes with the screen, and a result that comes later finds nobody.
+    m_check.setFuture(
+        QtConcurrent::run(&TaskPools::userInitiated(), [sources = m_state.allEnabledSources(),
+                                                        destination = m_state.selectedDestination()] {
+            return PreflightService::run(sources, destination);
+        }));
+}
+
+void PreflightSummaryView::setResult(const PreflightResult& result)
+{
+    m_result = result;
+    m_isAnalyzing = false;
+    redraw();
+}
+
+void PreflightSummaryView::redraw()
+{
+    m_analyzing->setVisible(m_isAnalyzing);
+    m_estimate->setVisible(m_result.has_value());
+    m_actions->setVisible(m_result.has_value());
+    const PreflightResult result = m_result.value_or(PreflightResult{});
+    m_errors->setLines(result.errors);
+    m_errors->setVisible(!result.errors.isEmpty());
+    m_warnings->setLines(result.warnings);
+    m_warnings->setVisible(!result.warnings.isEmpty());
+    m_confirm->setEnabled(result.canProceed());
+    if (m_result)
+        redrawEstimate(result);
+}
+
+void PreflightSummaryView::redrawEstimate(const PreflightResult& result)
+{
+    m_fileCount->setText(QString::number(result.estimatedFileCount));
+    m_size->setText(L10n::Formatters::bytes(result.estimatedBytes));
+    m_freeSpace->setText(result.destinationFreeSpace > 0
+                             ? L10n::Formatters::bytes(result.destinationFreeSpace)
+                             : tr("Unknown"));
+    m_freeSpace->setColorRole(result.canProceed() ? Role::primaryText : Role::redText);
+    m_fileCount->setAccessibleName(L10n::Preflight::totalFiles() + u' ' + m_fileCount->text());
+    m_size->setAccessibleName(L10n::Preflight::totalSize() + u' ' + m_size->text());
+    m_freeSpace->setAccessibleName(L10n::Preflight::destinationFree() + u' ' + m_freeSpace->text());
+    announce(*m_estimate, L10n::Preflight::estimateTitle());
+}
+
+} // namespace keelbright

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "KeelbrightCore/backup/PreflightService.h"
+
+#include <QFutureWatcher>
+#include <QWidget>
+#include <optional>
+
+namespace keelbright {
+
+class AppState;
+class Banner;
+class BottomBar;
+class Button;
+class Card;
+class FigureLabel;
+class Page;
+
+/// The checks before a backup: runs them each time it comes up, shows what they found, and lets the
+/// user start. A result that comes after the screen was left is dropped.
+class PreflightSummaryView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The state outlives the screen.
+    explicit PreflightSummaryView(AppState& state, QWidget* parent = nullptr);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void addAnalyzing();
+    void addEstimate();
+    void addBanners();
+    void addActions();
+    [[nodiscard]] FigureLabel* addEstimateRow(const QString& title);
+    void startCheck();
+    void setResult(const PreflightResult& result);
+    void redraw();
+    void redrawEstimate(const PreflightResult& result);
+
+    AppState& m_state;
+    QFutureWatcher<PreflightResult> m_check;
+    bool m_isAnalyzing = true;
+    std::optional<PreflightResult> m_result;
+    Page* m_page;
+    QWidget* m_analyzing = nullptr;
+    Card* m_estimate = nullptr;
+    FigureLabel* m_fileCount = nullptr;
+    FigureLabel* m_size = nullptr;
+    FigureLabel* m_freeSpace = nullptr;
+    Banner* m_errors = nullptr;
+    Banner* m_warnings = nullptr;
+    BottomBar* m_actions = nullptr;
+    Button* m_confirm = nullptr;
+};
+
+} // namespace keelbright

@@ -1,0 +1,17 @@
+#pragma once
+
+namespace keelbright {
+
+class AlertPresenter;
+class AppState;
+class Workspace;
+
+/// What every screen is handed. All of it outlives every screen.
+struct ScreenContext
+{
+    AppState& state;
+    AlertPresenter& alerts;
+    Workspace& workspace;
+};
+
+} // namespace keelbright

@@ -1,0 +1,58 @@
+#include "Keelbright/screens/ScreenFactory.h"
+
+#include "Keelbright/screens/BackupProgressView.h"
+#include "Keelbright/screens/BackupReportView.h"
+#include "Keelbright/screens/DashboardView.h"
+#include "Keelbright/screens/PreflightSummaryView.h"
+#include "Keelbright/screens/ProtectedItemsView.h"
+#include "Keelbright/screens/SettingsView.h"
+#include "Keelbright/widgets/EmptyStateView.h"
+
+#include <QCoreApplication>
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent)
+{
+    switch (screen) {
+    case Screen::settings:
+        return new SettingsView(context.state, SettingsView::Place::screen, parent);
+    case Screen::dashboard:
+        return new DashboardView(context.state, parent);
+    case Screen::protectedItems:
+        return new ProtectedItemsView(context.state, context.alerts, parent);
+    case Screen::preflight:
+        return new PreflightSummaryView(context.state, parent);
+    case Screen::backupProgress:
+        return new BackupProgressView(context.state, context.workspace, parent);
+    case Screen::backupReport:
+        return new BackupReportView(context.state, context.workspace, parent);
+    case Screen::appManager:
+    case Screen::junkCleaner:
+    case Screen::storageBrowser:
+    case Screen::organizer:
+    case Screen::scanResults:
+    case Screen::activityLog:
+    case Screen::restoreBrowser:
+    case Screen::recovery:
+        break;
+    }
+    return makeWelcomeView(parent);
+}
+
+QWidget* makeWelcomeView(QWidget* parent)
+{
+    const auto tr = [](const char* text) { return QCoreApplication::translate("WelcomeView", text); };
+    return new EmptyStateView(tr("Welcome to Keel Bright"),
+                              tr("Select an item from the sidebar to get started."), u"shippingbox.fill"_s,
+                              parent);
+}
+
+QString screenTitle(Screen screen)
+{
+    return QCoreApplication::translate("Screen", rawValue(screen).toUtf8().constData());
+}
+
+} // namespace keelbright

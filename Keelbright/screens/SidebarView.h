@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Keelbright/state/Screen.h"
+
+#include <QList>
+#include <QWidget>
+#include <utility>
+
+class QListView;
+
+namespace keelbright {
+
+class AppState;
+class SidebarModel;
+
+/// The list of screens. Its selection and the state's selected screen are one: the arrows and the
+/// pointer navigate, and a screen that has no row here leaves nothing selected.
+class SidebarView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    static constexpr int minimumWidthOfSidebar = 220;
+    static constexpr int idealWidth = 240;
+    static constexpr int maximumWidthOfSidebar = 300;
+
+    /// Section titles with their rows; the last section has no header.
+    [[nodiscard]] static const QList<std::pair<QString, QList<Screen>>>& sections();
+
+    explicit SidebarView(AppState& state, QWidget* parent = nullptr);
+
+    [[nodiscard]] QListView* list() const { return m_list; }
+
+    [[nodiscard]] QSize sizeHint() const override { return {idealWidth, 600}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void follow();
+
+    AppState& m_state;
+    SidebarModel* m_model;
+    QListView* m_list;
+    bool m_isFollowing = false;
+};
+
+} // namespace keelbright

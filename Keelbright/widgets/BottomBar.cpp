@@ -1,0 +1,35 @@
+#include "Keelbright/widgets/BottomBar.h"
+
+#include "Keelbright/widgets/Theme.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+
+namespace keelbright {
+
+namespace {
+
+constexpr int barHeight = 56;
+constexpr int barMargin = 18;
+
+} // namespace
+
+BottomBar::BottomBar(QWidget* parent)
+    : QWidget(parent)
+    , m_content(new QHBoxLayout(this))
+{
+    setFixedHeight(barHeight);
+    m_content->setContentsMargins(barMargin, 0, barMargin, 0);
+    m_content->setSpacing(8);
+    connect(&Theme::instance(), &Theme::changed, this, qOverload<>(&QWidget::update));
+}
+
+void BottomBar::paintEvent(QPaintEvent*)
+{
+    const Theme& theme = Theme::instance();
+    QPainter painter(this);
+    painter.fillRect(rect(), theme.color(Role::sidebar));
+    painter.fillRect(0, 0, width(), 1, theme.color(Role::line));
+}
+
+} // namespace keelbright

@@ -1,0 +1,63 @@
+"""What every scenario has: a machine, a program on it, a picture when it fails."""
+
+import os
+import shutil
+import tempfile
+import unittest
+from pathlib import Path
+
+from keelbright import WINDOW, KeelBright
+from machine import Machine
+
+PROGRAM = os.environ["KEELBRIGHT_PROGRAM"]
+MAKE_MAC = os.environ["KEELBRIGHT_MAKE_MAC"]
+PICTURES = Path(os.environ["KEELBRIGHT_PICTURES"])
+
+
+class Scenario(unittest.TestCase):
+    maxDiff = None
+
+    def setUp(self):
+        folder = tempfile.mkdtemp(prefix="keelbright-e2e-")
+        self.addCleanup(shutil.rmtree, folder)
+        self.machine = Machine(folder, MAKE_MAC)
+        self.window = None
+
+    def start(self):
+        """Starts the program; the one before it has ended."""
+        self.window = KeelBright([PROGRAM], self.machine.environment(), self.machine.root / "output.log")
+        self.addCleanup(self.window.kill)
+        return self.window
+
+    def leave(self):
+        self.assertEqual(self.window.leave(), 0, self.window.output())
+
+    def show_failure(self):
+        if self.window is None:
+            return
+        print(f"What the program printed:\n{self.window.output()}")
+        if self.window.process.poll() is None:
+            picture = PICTURES / f"{self.id()}.png"
+            self.window.screen.picture(WINDOW, picture)
+            print(f"What the window showed, a picture of it in {picture}:\n{self.window.outline()}")
+
+
+class ResultWithPictures(unittest.TextTestResult):
+    """Lets a scenario show its window before it is torn down."""
+
+    def addError(self, test, err):  # noqa: N802
+        self._show(test)
+        super().addError(test, err)
+
+    def addFailure(self, test, err):  # noqa: N802
+        self._show(test)
+        super().addFailure(test, err)
+
+    @staticmethod
+    def _show(test):
+        if isinstance(test, Scenario):
+            test.show_failure()
+
+
+def main():
+    unittest.main(module=None, testRunner=unittest.TextTestRunner(resultclass=ResultWithPictures, verbosity=2))

@@ -1,0 +1,21 @@
+from desktop import Desktop
+from keelbright import WINDOW
+from scenario import Scenario
+from window import wait_until
+
+
+class Appearance(Scenario):
+    def ground(self):
+        """How bright the window's empty ground is, from 0 to 255."""
+        return max(self.window.screen.colour(WINDOW, 60, 400))
+
+    def test_follows_the_desktop_while_it_runs(self):
+        desktop = Desktop("dark")
+        self.addCleanup(desktop.leave)
+        window = self.start()
+        window.button("Continue")
+        wait_until(lambda: self.ground() < 60, "the window never turns dark")
+        desktop.set_scheme("light")
+        wait_until(lambda: self.ground() > 230, "the window never turns light")
+        desktop.set_scheme("dark")
+        wait_until(lambda: self.ground() < 60, "the window never turns dark again")

@@ -1,0 +1,222 @@
+import os
+import stat
+import time
+
+from keelbright import WINDOW
+from machine import decimal_size, read_json
+from scenario import Scenario
+from window import wait_until
+
+FOLDERS = ["Desktop", "Documents", "Pictures"]  # what is protected from the first start on
+
+
+class Backup(Scenario):
+    def test_copies_every_protected_file_to_the_byte(self):
+        expected = self.machine.expected_backup(FOLDERS)
+        window = self.start()
+        window.pass_onboarding(self.machine.drive)
+        window.back_up()
+        window.label("Backup Complete")
+        self.assertEqual(expected.differences(self.machine.personal_files()), [])
+        self.assertFalse((self.machine.personal_files() / "Documents/Empty folder").exists())
+
+    def test_shows_the_estimate_before_it_starts(self):
+        expected = self.machine.expected_backup(FOLDERS)
+        window = self.start()
+        window.pass_onboarding(self.machine.drive)
+        window.button("Backup Now").press()
+        window.button("Confirm & Start")
+        labels = window.labels()
+        for text in ("Preflight Check", "Backup Estimate", "Estimated Files:", str(expected.estimated_files),
+                     "Estimated Size:", decimal_size(expected.estimated_bytes), "Destination Free Space:"):
+            self.assertIn(text, labels)
+        self.assertNotIn("Warnings", labels)
+        self.assertNotIn("Errors", labels)
+        window.button("Cancel").press()
+        window.label("Here's how your Mac is doing.")
+        self.assertFalse((self.machine.drive / "Keelbright").exists())
+
+    def test_leaves_report_manifest_configuration_and_a_line_in_the_log(self):
+        expected = self.machine.expected_backup(FOLDERS)
+        sources = [str(self.machine.home / folder) for folder in FOLDERS]
+        window = self.start()
+        window.pass_onboarding(self.machine.drive)
+        window.back_up()
+        self.leave()
+
+        [report_file] = self.machine.reports()
+        report = read_json(report_file)
+        latest = self.machine.device_folder() / "Latest"
+        self.assertEqual(list(report), sorted(report))
+        for key, value in {"sourcePaths": sources, "destinationPath": str(self.machine.drive),
+                           "personalFilesPath": str(latest / "Personal Files"), "errors": [],
+                           "manifestPath": str(latest / "recovery-manifest.json"),
+                           "filesCopied": len(expected.files), "filesSkipped": expected.skipped,
+                           "bytesCopied": expected.bytes_copied}.items():
+            self.assertEqual(report[key], value, key)
+        markdown = report_file.with_suffix(".md").read_text(encoding="utf-8")
+        self.assertTrue(markdown.startswith("# Keel Bright Backup Report\n\n**Date:** "), markdown)
+        self.assertIn(f"| Files Copied | {len(expected.files)} |\n| Files Skipped | {expected.skipped} |\n"
+                      f"| Data Copied | {decimal_size(expected.bytes_copied)} |\n| Errors | 0 |\n", markdown)
+        self.assertTrue(markdown.endswith("## Skipped / Errors\n- _None_"), markdown)
+
+        manifest = read_json(latest / "recovery-manifest.json")
+        self.assertEqual(manifest["appVersion"], "1.0.0-mvp")
+        self.assertEqual(manifest["shellInfo"], "/bin/zsh")
+        self.assertEqual(manifest["sourceFolders"], sources)
+        self.assertEqual(manifest["installedApps"], ["Harbour Mail", "Just Installed", "Never Indexed",
+                                                     "Old Scanner", "Sketchbook", "Tidewater", "Without list"])
+        self.assertEqual(manifest["dotfilesPresent"], {".bash_profile": False, ".gitconfig": True,
+                                                       ".ssh": False, ".zshrc": True})
+
+        config = self.machine.config()
+        self.assertEqual(config["lastReport"], report)
+        self.assertEqual(config["lastBackupTime"], report["completedAt"])
+        self.assertEqual(config["enabledRecommendedFolders"], FOLDERS)
+        [entry] = self.machine.activity()
+        self.assertEqual((entry["kind"], entry["title"], entry["itemCount"], entry["bytesAffected"]),
+                         ("Backup", "Backup completed", len(expected.files), expected.bytes_copied))
+        self.assertEqual(entry["detail"],
+                         f"{len(expected.files)} files · {decimal_size(expected.bytes_copied)}")
+
+    def test_shows_its_result_and_report(self):
+        expected = self.machine.expected_backup(FOLDERS)
+        window = self.start()
+        window.pass_onboarding(self.machine.drive)
+        window.back_up()
+        personal_files = str(self.machine.personal_files())
+        labels = window.labels()
+        for text in ("Backup Complete", "Files Copied", str(len(expected.files)), "Data Copied",
+                     decimal_size(expected.bytes_copied), "Skipped", str(expected.skipped),
+                     "Files backed up to:", personal_files):
+            self.assertIn(text, labels)
+        window.button("Open Personal Files in Finder")
+        window.button("View Full Report").press()
+        window.label("Backup Report")
+        labels = window.labels()
+        for text in ("Files Copied", "Data Copied", "Duration", "Skipped", "Source Folders",
+                     str(self.machine.home / "Documents"), "Backup Location"):
+            self.assertIn(text, labels)
+
+    def test_a_second_run_takes_what_changed_and_removes_nothing(self):
+        window = self.start()
+        window.pass_onboarding(self.machine.drive)
+        window.back_up()
+        gone = self.machine.home / "Documents/Letters/Letter to Grandma.docx"
+        kept = self.machine.personal_files() / "Documents/Letters/Letter to Grandma.docx"
+        content = gone.read_bytes()
+        gone.unlink()
+        (self.machine.home / "Desktop/To do.txt").write_text("Nothing\n", encoding="utf-8")
+        (self.machine.home / "Desktop/New.txt").write_text("New\n", encoding="utf-8")
+        # Reports are named by the second in which their run begins.
+        first_second = self.machine.reports()[0].stem
+        time.sleep(1.1)
+        expected = self.machine.expected_backup(FOLDERS)
+        window.back_up()
+        self.assertEqual(expected.differences(self.machine.personal_files()),
+                         ["too much: Documents/Letters/Letter to Grandma.docx"])
+        self.assertEqual(kept.read_bytes(), content)
+        reports = self.machine.reports()
+        self.assertEqual(len(reports), 2)
+        self.assertEqual(reports[0].stem, first_second)
+        self.assertEqual(read_json(reports[1])["filesCopied"], len(expected.files))
+        self.assertEqual(len(self.machine.activity()), 2)
+
+    def test_goes_on_after_a_file_that_can_not_be_copied(self):
+        pipe = self.machine.home / "Documents/pipe"
+        os.mkfifo(pipe)
+        expected = self.machine.expected_backup(FOLDERS)
+        del expected.files[pipe.relative_to(self.machine.home)]
+        window = self.start()
+        window.pass_onboarding(self.machine.drive)
+        window.back_up()
+        window.label("Backup Finished with Warnings")
+        self.assertEqual(expected.differences(self.machine.personal_files()), [])
+        [line] = self.machine.config()["lastReport"]["errors"]
+        self.assertTrue(line.startswith("Skip pipe: "), line)
+        window.button("View Full Report").press()
+        window.label("Skipped Files (1)")
+        window.label(line)
+        window.go_to("Dashboard")
+        window.label("Attention")
+        window.label("Backup completed with warnings")
+        window.label("1 file(s) were skipped. View the report for details.")
+        self.assertEqual(self.machine.activity()[0]["title"], "Backup completed with warnings")
+
+
+class LongRun(Scenario):
+    FILES = 40_000
+
+    def setUp(self):
+        super().setUp()
+        many = self.machine.home / "Documents/Many"
+        for number in range(self.FILES):
+            folder = many / f"{number // 1000:03}"
+            if number % 1000 == 0:
+                folder.mkdir(parents=True)
+            (folder / f"{number:05}.txt").write_bytes(b"%05d" % number * 20)
+
+    def assert_whole_part(self):
+        """Every file on the drive is a whole copy, and no temporary one is left."""
+        expected = self.machine.expected_backup(FOLDERS)
+        differences = expected.differences(self.machine.personal_files())
+        self.assertEqual([line for line in differences if not line.startswith("missing: ")], [])
+        self.assertGreater(len(differences), 0, "the run was over before it was stopped")
+        for path in (self.machine.device_folder()).rglob("*"):
+            self.assertFalse(path.name.endswith(".tmp") and stat.S_ISREG(path.lstat().st_mode), path)
+
+    def test_cancelling_stops_before_the_next_file(self):
+        window = self.start()
+        window.pass_onboarding(self.machine.drive)
+        window.confirm_backup()
+        window.label("Backing up to Backup Drive")
+        window.button("Cancel Backup").press()
+        window.button("View Full Report")
+        window.label("Backup Complete")
+        self.assert_whole_part()
+        report = self.machine.config()["lastReport"]
+        self.assertLess(report["filesCopied"], self.FILES)
+        self.assertEqual(report["errors"], [])
+        self.assertEqual(read_json(self.machine.reports()[0]), report)
+        self.assertTrue((self.machine.device_folder() / "Latest/recovery-manifest.json").exists())
+        self.assertEqual(self.machine.activity()[0]["itemCount"], report["filesCopied"])
+
+    def test_goes_on_while_other_screens_are_looked_at(self):
+        window = self.start()
+        window.pass_onboarding(self.machine.drive)
+        window.confirm_backup()
+        window.label("Backing up to Backup Drive")
+        window.go_to("Dashboard")
+        window.label("Backing Up…")
+        window.go_to("Protected Items")
+        window.label("Choose What to Protect")
+        window.go_to("Dashboard")
+        window.find("push button", "Backup Now", 60)
+        self.assertEqual(self.machine.expected_backup(FOLDERS).differences(self.machine.personal_files()), [])
+
+    def test_closing_the_window_asks_once(self):
+        window = self.start()
+        window.pass_onboarding(self.machine.drive)
+        window.confirm_backup()
+        window.label("Backing up to Backup Drive")
+        window.screen.ask_to_close(WINDOW)
+        question = window.find("dialog", "Stop the backup?")
+        question.label("A backup is running. If you stop now, everything copied so far stays on the destination, "
+                       "and the rest is copied the next time.")
+        window.screen.ask_to_close(WINDOW)
+        question.button("Keep going").press()
+        window.wait_gone("dialog", "Stop the backup?")
+        self.assertIsNone(window.process.poll(), "the program goes on")
+        window.screen.ask_to_close(WINDOW)
+        window.find("dialog", "Stop the backup?").button("Stop").press()
+        self.assertEqual(window.wait_for_end(), 0, window.output())
+        self.assert_whole_part()
+
+    def test_no_half_file_is_left_by_a_kill(self):
+        window = self.start()
+        window.pass_onboarding(self.machine.drive)
+        window.confirm_backup()
+        wait_until(lambda: any(self.machine.drive.glob("Keelbright/*/Latest/Personal Files/Documents/Many/*")),
+                   "nothing is copied")
+        window.kill()
+        self.assert_whole_part()

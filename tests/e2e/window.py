@@ -1,0 +1,283 @@
+"""Drives the window of a program as a person with a screen reader, a keyboard and a mouse does:
+everything is found by its role and its accessible name, which is what it shows."""
+
+import os
+import subprocess
+import time
+
+import pyatspi
+from gi.repository import GLib
+from Xlib import X, XK, display, error
+from Xlib.ext import xtest
+from Xlib.protocol import event as protocol
+
+PATIENCE = 20.0  # seconds until something that ought to come counts as missing
+PAUSE = 0.03
+
+
+class Missing(AssertionError):
+    """Something did not come in time; says what was there instead."""
+
+
+def wait_until(condition, what, patience=PATIENCE):
+    """Gives the first true value of `condition`, or fails with `what` (a text, or what gives one)."""
+    deadline = time.monotonic() + patience
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > deadline:
+            raise Missing(what() if callable(what) else what)
+        time.sleep(PAUSE)
+
+
+class Element:
+    """One thing on the screen."""
+
+    def __init__(self, program, accessible):
+        self.program = program
+        self.accessible = accessible
+
+    def __repr__(self):
+        return f"{self.role} “{self.name}”"
+
+    @property
+    def name(self):
+        return self.accessible.name
+
+    @property
+    def role(self):
+        return self.accessible.getRoleName()
+
+    @property
+    def description(self):
+        return self.accessible.description
+
+    @property
+    def text(self):
+        content = self.accessible.queryText()
+        return content.getText(0, content.characterCount)
+
+    @property
+    def value(self):
+        return self.accessible.queryValue().currentValue
+
+    def has(self, state):
+        return self.accessible.getState().contains(state)
+
+    @property
+    def is_enabled(self):
+        return self.has(pyatspi.STATE_ENABLED)
+
+    @property
+    def is_checked(self):
+        return self.has(pyatspi.STATE_CHECKED)
+
+    @property
+    def is_focused(self):
+        return self.has(pyatspi.STATE_FOCUSED)
+
+    def press(self):
+        """Does what the element offers as its first action, once it is enabled."""
+        wait_until(lambda: self.is_enabled, f"{self} is never enabled")
+        assert self.accessible.queryAction().doAction(0), f"{self} can't be pressed"
+
+    def write(self, text):
+        assert self.accessible.queryEditableText().setTextContents(text), f"{self} takes no text"
+        wait_until(lambda: self.text == text, lambda: f"{self} shows {self.text!r} instead of {text!r}")
+
+    def click(self):
+        """Clicks its middle with the mouse."""
+        box = self.accessible.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        self.program.screen.click(box.x + box.width // 2, box.y + box.height // 2)
+
+    # Looking below this element; only what shows counts.
+
+    def all(self, role=None, name=None):
+        return [element for element, its_role, its_name in self._walk()
+                if role in (None, its_role) and name in (None, its_name)]
+
+    def seen(self, role, name=None):
+        """The element, or nothing where it does not show now."""
+        found = self.all(role, name)
+        return found[0] if found else None
+
+    def find(self, role, name=None, patience=PATIENCE):
+        """The element, waited for."""
+        return wait_until(lambda: self.seen(role, name),
+                          lambda: f"no {role} “{name or ''}”; there is\n{self.outline()}", patience)
+
+    def wait_gone(self, role, name, patience=PATIENCE):
+        wait_until(lambda: self.seen(role, name) is None, f"{role} “{name}” does not go", patience)
+
+    def button(self, name):
+        return self.find("push button", name)
+
+    def label(self, name):
+        return self.find("label", name)
+
+    def labels(self):
+        return [name for _, role, name in self._walk() if role == "label"]
+
+    def outline(self):
+        return "\n".join(f"  {role} “{name}”" for _, role, name in self._walk() if name)
+
+    def _walk(self):
+        """Each element that shows, with its role and name; what goes while it is looked at is left out."""
+        pending = [self.accessible]
+        while pending:
+            accessible = pending.pop()
+            try:
+                if accessible is not self.accessible and not accessible.getState().contains(pyatspi.STATE_SHOWING):
+                    continue
+                role, name = accessible.getRoleName(), accessible.name
+                children = [child for child in accessible if child is not None]
+            except (LookupError, ValueError, GLib.Error):
+                continue
+            yield Element(self.program, accessible), role, name
+            pending += reversed(children)
+
+
+class Screen:
+    """The X screen: keys, mouse, windows, pictures."""
+
+    def __init__(self):
+        self.display = display.Display()
+        self.root = self.display.screen().root
+
+    def keys(self, *names):
+        """Presses the keys together, as in keys("Control_L", "comma")."""
+        codes = [self.display.keysym_to_keycode(XK.string_to_keysym(name)) for name in names]
+        for code in codes:
+            xtest.fake_input(self.display, X.KeyPress, code)
+        for code in reversed(codes):
+            xtest.fake_input(self.display, X.KeyRelease, code)
+        self.display.sync()
+
+    def click(self, x, y):
+        xtest.fake_input(self.display, X.MotionNotify, x=x, y=y)
+        xtest.fake_input(self.display, X.ButtonPress, 1)
+        xtest.fake_input(self.display, X.ButtonRelease, 1)
+        self.display.sync()
+
+    # No window manager runs here, so the driver does what one would: it hands out the focus, and
+    # it carries the wish to close.
+
+    def focus(self, title):
+        self._window(title).set_input_focus(X.RevertToPointerRoot, X.CurrentTime)
+        self.display.sync()
+
+    def ask_to_close(self, title):
+        """What a desktop sends when the cross in a window's title bar is clicked."""
+        window = self._window(title)
+        protocols = self.display.intern_atom("WM_PROTOCOLS")
+        delete = self.display.intern_atom("WM_DELETE_WINDOW")
+        window.send_event(protocol.ClientMessage(window=window, client_type=protocols,
+                                                 data=(32, [delete, X.CurrentTime, 0, 0, 0])))
+        self.display.sync()
+
+    def picture(self, title, file):
+        """Saves what the window shows, once it has come to rest."""
+        os.makedirs(os.path.dirname(os.path.abspath(file)), exist_ok=True)
+        window = self._window(title)
+
+        def look():
+            return subprocess.run(["import", "-silent", "-window", str(window.id), "png:-"],
+                                  check=True, capture_output=True, timeout=60).stdout
+
+        before, now, looks = b"", look(), 0
+        while before != now and looks < 8:  # a cursor that blinks never rests
+            time.sleep(0.2)
+            before, now, looks = now, look(), looks + 1
+        with open(file, "wb") as picture:
+            picture.write(now)
+
+    def colour(self, title, x, y):
+        """Red, green and blue of one pixel of the window, from 0 to 255."""
+        image = self._window(title).get_image(x, y, 1, 1, X.ZPixmap, 0xFFFFFFFF)
+        blue, green, red = image.data[:3]
+        return red, green, blue
+
+    def _window(self, title):
+        return wait_until(lambda: self._window_seen(title), f"no window “{title}” on the screen")
+
+    def _window_seen(self, title):
+        for window in self.root.query_tree().children:
+            try:
+                shown = window.get_full_text_property(self.display.intern_atom("_NET_WM_NAME"))
+                # Qt puts the program's name behind a title.
+                if shown and shown.split(" — ")[0] == title and window.get_attributes().map_state == X.IsViewable:
+                    return window
+            except error.XError:
+                continue  # it went while it was looked at
+        return None
+
+
+class Program(Element):
+    """A running program with its windows."""
+
+    def __init__(self, command, environment, log):
+        self.screen = Screen()
+        self.log = log
+        with open(log, "ab") as output:
+            # pylint: disable=consider-using-with
+            self.process = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL,
+                                            stdout=output, stderr=subprocess.STDOUT)
+        try:
+            super().__init__(self, wait_until(self._application, "the program shows no window", 60))
+        except BaseException:
+            self.kill()
+            raise
+
+    def _application(self):
+        if self.process.poll() is not None:
+            raise Missing(f"the program ended with {self.process.returncode} before it showed a window:\n"
+                          f"{self.output()}")
+        for application in pyatspi.Registry.getDesktop(0):
+            if application is not None and application.get_process_id() == self.process.pid:
+                # What was read once must not stand for what shows now.
+                application.set_cache_mask(pyatspi.cache.NONE)
+                if application.childCount:
+                    return application
+        return None
+
+    def output(self):
+        with open(self.log, encoding="utf-8", errors="replace") as log:
+            return log.read()
+
+    def window(self, title):
+        """The window or dialog of that title."""
+        return wait_until(lambda: self.window_seen(title), lambda: f"no window “{title}”; there is\n{self.outline()}")
+
+    def window_seen(self, title):
+        for accessible in self.accessible:
+            if accessible is not None and accessible.name == title and \
+                    accessible.getState().contains(pyatspi.STATE_SHOWING):
+                return Element(self, accessible)
+        return None
+
+    def keys(self, title, *names):
+        """Presses the keys together in that window."""
+        self.screen.focus(title)
+        window = self.window(title)
+        wait_until(lambda: window.has(pyatspi.STATE_ACTIVE), f"“{title}” never gets the focus")
+        self.screen.keys(*names)
+
+    def choose_folder(self, title, prompt, path):
+        """Answers the program's folder chooser."""
+        dialog = self.window(title)
+        dialog.find("text", "Directory:").write(path)
+        dialog.button(prompt).press()
+        wait_until(lambda: self.window_seen(title) is None, f"“{title}” does not close")
+
+    def wait_for_end(self, patience=PATIENCE):
+        """The exit code."""
+        try:
+            return self.process.wait(patience)
+        except subprocess.TimeoutExpired as expired:
+            raise Missing("the program does not end") from expired
+
+    def kill(self):
+        if self.process.poll() is None:
+            self.process.kill()
+            self.process.wait()

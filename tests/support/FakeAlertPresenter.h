@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Keelbright/widgets/AlertPresenter.h"
+
+#include <QList>
+
+namespace keelbright::testing {
+
+/// Questions without a window: keeps each one, and the test answers when it likes.
+class FakeAlertPresenter : public AlertPresenter
+{
+public:
+    void present(QWidget*, const AlertRequest& request, std::function<void()> confirmed) override
+    {
+        m_requests.append(request);
+        m_confirmed = std::move(confirmed);
+    }
+
+    /// Every question so far, in order.
+    [[nodiscard]] const QList<AlertRequest>& requests() const { return m_requests; }
+
+    /// Presses the action of the last question.
+    void confirm() { m_confirmed(); }
+
+private:
+    QList<AlertRequest> m_requests;
+    std::function<void()> m_confirmed;
+};
+
+} // namespace keelbright::testing

@@ -1,0 +1,109 @@
+#include "Keelbright/widgets/AlertDialog.h"
+
+#include "Keelbright/widgets/Button.h"
+#include "tests/support/Accessible.h"
+#include "tests/support/Printing.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPointer>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace keelbright {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+AlertRequest reset(bool isDestructive = true)
+{
+    return {u"Reset to Defaults"_s, u"This will remove any custom folders."_s, u"Reset"_s, u"Cancel"_s,
+            isDestructive};
+}
+
+class AlertPresenterTest : public ::testing::Test
+{
+protected:
+    AlertDialog* present(const AlertRequest& request)
+    {
+        window.show();
+        presenter.present(&window, request, [this] { ++confirmations; });
+        return window.findChild<AlertDialog*>();
+    }
+
+    /// Lets a closed dialog go.
+    static void settle() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+    QWidget window;
+    DialogAlertPresenter presenter;
+    int confirmations = 0;
+};
+
+} // namespace
+
+TEST_F(AlertPresenterTest, showsItsTextsAndReturnsAtOnce)
+{
+    AlertDialog* dialog = present(reset());
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(dialog->windowTitle(), u"Reset to Defaults"_s);
+    QStringList texts;
+    for (const auto* label : dialog->findChildren<QLabel*>())
+        texts.append(label->text());
+    EXPECT_EQ(texts, QStringList({u"Reset to Defaults"_s, u"This will remove any custom folders."_s}));
+    EXPECT_EQ(dialog->actionButton()->caption(), u"Reset"_s);
+    EXPECT_EQ(dialog->cancelButton()->caption(), u"Cancel"_s);
+    EXPECT_EQ(testing::accessibleName(dialog), u"Reset to Defaults"_s);
+    EXPECT_EQ(confirmations, 0);
+}
+
+TEST_F(AlertPresenterTest, theActionConfirmsOnce)
+{
+    QPointer<AlertDialog> dialog = present(reset());
+    dialog->actionButton()->click();
+    settle();
+    EXPECT_EQ(confirmations, 1);
+    EXPECT_TRUE(dialog.isNull());
+}
+
+TEST_F(AlertPresenterTest, theOtherButtonConfirmsNothing)
+{
+    present(reset())->cancelButton()->click();
+    EXPECT_EQ(confirmations, 0);
+}
+
+TEST_F(AlertPresenterTest, escapeCancels)
+{
+    QPointer<AlertDialog> dialog = present(reset());
+    QTest::keyClick(dialog, Qt::Key_Escape);
+    settle();
+    EXPECT_EQ(confirmations, 0);
+    EXPECT_TRUE(dialog.isNull());
+}
+
+TEST_F(AlertPresenterTest, theSafeButtonHasTheFocusWhereTheActionTakesSomethingAway)
+{
+    AlertDialog* dialog = present(reset());
+    EXPECT_EQ(dialog->actionButton()->kind(), Button::Kind::destructive);
+    EXPECT_EQ(dialog->focusWidget(), dialog->cancelButton());
+    EXPECT_TRUE(dialog->cancelButton()->isDefault());
+}
+
+TEST_F(AlertPresenterTest, theActionHasTheFocusOtherwise)
+{
+    AlertDialog* dialog = present(reset(false));
+    EXPECT_EQ(dialog->actionButton()->kind(), Button::Kind::primary);
+    EXPECT_EQ(dialog->focusWidget(), dialog->actionButton());
+}
+
+TEST_F(AlertPresenterTest, goesSilentlyWithTheWindowBelow)
+{
+    auto owner = std::make_unique<QWidget>();
+    owner->show();
+    presenter.present(owner.get(), reset(), [this] { ++confirmations; });
+    owner.reset();
+    EXPECT_EQ(confirmations, 0);
+}
+
+} // namespace keelbright

@@ -1,0 +1,161 @@
+#include "Keelbright/widgets/DesktopSettings.h"
+
+#include <QDBusMessage>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QStandardPaths>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace keelbright {
+
+/// A settings portal of the test's own, on a bus of the test's own.
+class FakePortal : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+public:
+    uint scheme = 0;
+    bool hasAnimations = true;
+
+public Q_SLOTS:
+
+    QDBusVariant Read(const QString& nameSpace, const QString& key)
+    {
+        // The older method wraps its value twice.
+        if (key == QStringLiteral("color-scheme"))
+            return QDBusVariant(QVariant::fromValue(QDBusVariant(scheme)));
+        if (nameSpace == QStringLiteral("org.gnome.desktop.interface"))
+            return QDBusVariant(QVariant::fromValue(QDBusVariant(hasAnimations)));
+        return QDBusVariant(QVariant::fromValue(QDBusVariant(0U)));
+    }
+
+Q_SIGNALS:
+    void SettingChanged(const QString& nameSpace, const QString& key, const QDBusVariant& value);
+};
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class DesktopSettingsTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        const QString daemon = QStandardPaths::findExecutable(u"dbus-daemon"_s);
+        if (daemon.isEmpty())
+            GTEST_SKIP() << "dbus-daemon is not installed";
+        bus.start(daemon, {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address=1"_s});
+        ASSERT_TRUE(bus.waitForReadyRead(5000));
+        const QString address = QString::fromLatin1(bus.readLine()).trimmed();
+        client = QDBusConnection::connectToBus(address, u"client"_s);
+        server = QDBusConnection::connectToBus(address, u"server"_s);
+        ASSERT_TRUE(client.isConnected());
+        ASSERT_TRUE(
+            server.registerObject(u"/org/freedesktop/portal/desktop"_s, &portal,
+                                  QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
+    }
+
+    void TearDown() override
+    {
+        QDBusConnection::disconnectFromBus(u"client"_s);
+        QDBusConnection::disconnectFromBus(u"server"_s);
+        bus.terminate();
+        bus.waitForFinished(5000);
+    }
+
+    void startPortal() { ASSERT_TRUE(server.registerService(u"org.freedesktop.portal.Desktop"_s)); }
+
+    QProcess bus;
+    FakePortal portal;
+    QDBusConnection client{QString()};
+    QDBusConnection server{QString()};
+};
+
+} // namespace
+
+TEST_F(DesktopSettingsTest, takesDarkFromThePortalWithoutWaitingForIt)
+{
+    portal.scheme = 1;
+    startPortal();
+    DesktopSettings settings(client);
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::light); // nothing was waited for
+    QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
+    ASSERT_TRUE(changes.wait(5000));
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::dark);
+}
+
+TEST_F(DesktopSettingsTest, followsThePortalWhileItRuns)
+{
+    startPortal();
+    const DesktopSettings settings(client);
+    QTest::qWait(200);
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
+    QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
+    const auto tell = [this](uint scheme) {
+        Q_EMIT portal.SettingChanged(u"org.freedesktop.appearance"_s, u"color-scheme"_s,
+                                     QDBusVariant(scheme));
+    };
+    tell(1);
+    ASSERT_TRUE(changes.wait(5000));
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::dark);
+    tell(2);
+    ASSERT_TRUE(changes.wait(5000));
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
+}
+
+TEST_F(DesktopSettingsTest, withoutAPreferenceThePaletteDecides)
+{
+    portal.scheme = 1;
+    startPortal();
+    const DesktopSettings settings(client);
+    QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
+    ASSERT_TRUE(changes.wait(5000));
+    Q_EMIT portal.SettingChanged(u"org.freedesktop.appearance"_s, u"color-scheme"_s, QDBusVariant(0U));
+    ASSERT_TRUE(changes.wait(5000));
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::light); // this platform's palette
+}
+
+TEST_F(DesktopSettingsTest, reducesMotionWhereTheDesktopSwitchedAnimationsOff)
+{
+    portal.hasAnimations = false;
+    startPortal();
+    const DesktopSettings settings(client);
+    QSignalSpy changes(&settings, &DesktopSettings::isMotionReducedChanged);
+    ASSERT_TRUE(changes.wait(5000));
+    EXPECT_TRUE(settings.isMotionReduced());
+    Q_EMIT portal.SettingChanged(u"org.gnome.desktop.interface"_s, u"enable-animations"_s,
+                                 QDBusVariant(true));
+    ASSERT_TRUE(changes.wait(5000));
+    EXPECT_FALSE(settings.isMotionReduced());
+}
+
+TEST_F(DesktopSettingsTest, settingsOfOthersAreOverheard)
+{
+    startPortal();
+    const DesktopSettings settings(client);
+    const QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
+    Q_EMIT portal.SettingChanged(u"org.example.other"_s, u"color-scheme"_s, QDBusVariant(1U));
+    QTest::qWait(300);
+    EXPECT_EQ(changes.count(), 0);
+}
+
+TEST_F(DesktopSettingsTest, withoutAPortalOnTheBusThePaletteDecides)
+{
+    const DesktopSettings settings(client);
+    QTest::qWait(300);
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
+    EXPECT_FALSE(settings.isMotionReduced());
+}
+
+TEST(DesktopSettings, withoutABusThePaletteDecides)
+{
+    const DesktopSettings settings{QDBusConnection(u"no such connection"_s)};
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
+}
+
+} // namespace keelbright
+
+#include "DesktopSettingsTests.moc"

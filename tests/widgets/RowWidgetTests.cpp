@@ -1,0 +1,59 @@
+#include "Keelbright/widgets/RowWidget.h"
+
+#include "Keelbright/widgets/Button.h"
+#include "Keelbright/widgets/ElidedLabel.h"
+#include "Keelbright/widgets/SymbolLabel.h"
+#include "tests/support/Accessible.h"
+#include "tests/support/Printing.h"
+
+#include <gtest/gtest.h>
+
+namespace keelbright {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::accessibleName;
+
+} // namespace
+
+TEST(RowWidget, readsAsItsNameAndItsSecondLine)
+{
+    RowWidget row(nullptr, u"Pictures"_s, u"/Users/mira/Pictures"_s, RowWidget::Detail::path);
+    EXPECT_EQ(accessibleName(&row), u"Pictures, /Users/mira/Pictures"_s);
+    row.setDetail(QString());
+    EXPECT_EQ(accessibleName(&row), u"Pictures"_s);
+    EXPECT_TRUE(row.detailLabel()->isHidden());
+    row.setTitle(u"Photos"_s);
+    EXPECT_EQ(accessibleName(&row), u"Photos"_s);
+}
+
+TEST(RowWidget, keepsWhatStandsAtItsEndWholeHoweverLongTheNameIs)
+{
+    auto* button = new Button(Button::Kind::bordered, u"Change"_s);
+    RowWidget row(new Tile(u"folder.fill"_s, Role::accent), QString(300, u'n'), QString(300, u'p'),
+                  RowWidget::Detail::path);
+    row.addTrailing(button);
+    row.resize(400, row.sizeHint().height());
+    row.grab();
+    EXPECT_EQ(button->width(), button->sizeHint().width());
+    EXPECT_LE(button->geometry().right(), 400);
+    EXPECT_EQ(row.titleLabel()->toolTip(), QString(300, u'n'));
+    EXPECT_TRUE(row.detailLabel()->shownText().endsWith(u'p'));
+}
+
+TEST(RowWidget, isAtLeastOneRowHigh)
+{
+    const RowWidget row(nullptr, u"Pictures"_s);
+    EXPECT_GE(row.minimumHeight(), Metrics::row);
+}
+
+TEST(Tag, tellsItsWord)
+{
+    const Tag tag(u"Not found"_s, Role::orange);
+    auto* label = tag.findChild<QLabel*>();
+    ASSERT_NE(label, nullptr);
+    EXPECT_EQ(accessibleName(label), u"Not found"_s);
+}
+
+} // namespace keelbright
