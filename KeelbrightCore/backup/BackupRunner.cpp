@@ -43,13 +43,24 @@ std::expected<RunFolders, FileError> createFolders(const BackupJob& job, FileMan
                       deviceFolder.appending(QStringLiteral("Reports")), std::move(*mirror)};
 }
 
-/// Writes the manifest and gives its path for the report; nothing where the engine has gone.
-std::optional<QString> writeManifest(const BackupJob& job, const FileURL& latest, FileManager& fileManager,
-                                     RunLink& engine)
+/// Manifest and report are written by their paths, which may lead to another drive by now.
+std::expected<void, FileError> checkPlace(const RunFolders& folders, const QString& name)
 {
-    const FileURL url = latest.appending(QStringLiteral("recovery-manifest.json"));
+    if (folders.mirror->isInPlace())
+        return {};
+    return std::unexpected(
+        FileError{FileError::Operation::written, name, FileError::Reason::destinationGone});
+}
+
+/// Writes the manifest and gives its path for the report; nothing where the engine has gone.
+std::optional<QString> writeManifest(const BackupJob& job, const RunFolders& folders,
+                                     FileManager& fileManager, RunLink& engine)
+{
+    const FileURL url = folders.latest.appending(QStringLiteral("recovery-manifest.json"));
     const QJsonDocument document(ManifestGenerator::generate(job).toJson());
-    const auto written = fileManager.writeAtomically(url, document.toJson(QJsonDocument::Indented));
+    auto written = checkPlace(folders, url.lastPathComponent());
+    if (written)
+        written = fileManager.writeAtomically(url, document.toJson(QJsonDocument::Indented));
     if (written)
         return url.path();
     const QString line = QStringLiteral("Manifest write failed: ") + written.error().localizedDescription();
@@ -89,6 +100,15 @@ BackupReport makeReport(const BackupJob& job, const QDateTime& startedAt, const 
             .manifestPath = manifestPath};
 }
 
+std::expected<void, FileError> writeReport(const BackupReport& report, const RunFolders& folders)
+{
+    if (auto inPlace = checkPlace(folders, folders.reports.lastPathComponent()); !inPlace)
+        return inPlace;
+    if (const auto written = BackupReportWriter::write(report, folders.reports); !written)
+        return std::unexpected(written.error());
+    return {};
+}
+
 /// The last steps: flush, final counters, report files, and the end of the run.
 void conclude(const BackupJob& job, const QDateTime& startedAt, const RunFolders& folders,
               const QString& manifestPath, RunLink& engine)
@@ -99,7 +119,7 @@ void conclude(const BackupJob& job, const QDateTime& startedAt, const RunFolders
     if (!engine.hop([&progress](BackupEngine& target) { progress = target.progress(); }))
         return;
     const BackupReport report = makeReport(job, startedAt, progress, folders.latest, manifestPath);
-    if (const auto written = BackupReportWriter::write(report, folders.reports); !written) {
+    if (const auto written = writeReport(report, folders); !written) {
         const QString line = QStringLiteral("Report write failed: ") + written.error().localizedDescription();
         if (!engine.hop([line](BackupEngine& target) { target.appendError(line); }))
             return;
@@ -139,7 +159,7 @@ void run(const BackupJob& job, RunLink& engine)
     }
     if (engine.stopFlag())
         return;
-    const auto manifestPath = writeManifest(job, folders->latest, fileManager, engine);
+    const auto manifestPath = writeManifest(job, *folders, fileManager, engine);
     if (manifestPath)
         conclude(job, startedAt, *folders, *manifestPath, engine);
 }

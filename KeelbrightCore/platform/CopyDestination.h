@@ -43,6 +43,9 @@ public:
     [[nodiscard]] virtual std::expected<std::unique_ptr<PreparedCopy>, FileError>
     prepare(const DirectoryEnumerator& item, const std::atomic<bool>& stop) = 0;
 
+    /// Whether the anchor's path still leads to the folder that was opened, asked anew.
+    [[nodiscard]] virtual bool isInPlace() = 0;
+
     /// Brings everything written to the file system since the destination was opened onto the
     /// drive; reports every write-back error of that time.
     [[nodiscard]] virtual std::expected<void, FileError> flush() = 0;

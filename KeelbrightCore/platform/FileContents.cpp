@@ -169,6 +169,12 @@ FileContents::Outcome FileContents::copySparse(int source, int target, const str
     }
     if (::ftruncate(target, status.st_size) != 0)
         return std::unexpected(Failure{FileError::Operation::copied, errno});
+    // Some drivers say yes to a size that the drive can't hold.
+    struct stat copied = {};
+    if (::fstat(target, &copied) != 0)
+        return std::unexpected(Failure{FileError::Operation::copied, errno});
+    if (!stop && copied.st_size != status.st_size)
+        return std::unexpected(Failure{FileError::Operation::copied, EFBIG});
     return {};
 }
 

@@ -1,6 +1,7 @@
 #include "KeelbrightCore/platform/FolderChain.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace keelbright {
@@ -8,8 +9,18 @@ namespace keelbright {
 namespace {
 
 /// How many folders of one chain are open at most, the root aside. Trees of people are rarely
-/// deeper; a process may have 1,024 files open, sometimes 256.
-constexpr size_t openFolders = 24;
+/// deeper. A process may mostly have 1,024 or 256 files open; where it is fewer, the two chains of
+/// a copy leave room for the rest of the program, a file for each of its threads above all.
+size_t mostOpenFolders()
+{
+    constexpr rlim_t most = 24;
+    constexpr rlim_t least = 4;
+    constexpr rlim_t ofTheProgram = 52;
+    rlimit limit = {};
+    if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur >= ofTheProgram + 2 * most)
+        return most;
+    return limit.rlim_cur <= ofTheProgram + 2 * least ? least : (limit.rlim_cur - ofTheProgram) / 2;
+}
 
 constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
 
@@ -21,6 +32,7 @@ FileDescriptor openFolder(int parent, const char* name)
 } // namespace
 
 FolderChain::FolderChain(FileDescriptor root)
+    : m_mostOpen(mostOpenFolders())
 {
     m_levels.push_back({std::move(root)});
 }
@@ -34,7 +46,7 @@ std::expected<void, int> FolderChain::enter(const QByteArray& name)
         m_path.append('/');
     m_path.append(name);
     m_levels.push_back({.folder = std::move(folder), .pathLength = m_path.size()});
-    if (m_levels.size() - m_firstOpen > openFolders)
+    if (m_levels.size() - m_firstOpen > m_mostOpen)
         closeFarthest();
     return {};
 }

@@ -63,6 +63,7 @@ private:
 
     std::vector<Level> m_levels;
     QByteArray m_path;
+    size_t m_mostOpen;      ///< the root aside
     size_t m_firstOpen = 1; ///< all levels from here on are open; those between it and 0 are not
 };
 

@@ -58,6 +58,14 @@ bool isRemoved(int folder, int code)
     return code == ENOENT || (code == EPERM && ::fstat(folder, &status) == 0 && status.st_nlink == 0);
 }
 
+/// What the drive can't hold (FAT knows no modes) is no failure of the copy; what it fails to
+/// hold is.
+bool isBeyondTheDrive(int code)
+{
+    return code == EPERM || code == EACCES || code == EINVAL || code == ENOSYS || code == EOPNOTSUPP ||
+           code == ENOTSUP;
+}
+
 } // namespace
 
 std::expected<std::unique_ptr<CopyDestination>, FileError>
@@ -94,11 +102,16 @@ SystemCopyDestination::SystemCopyDestination(FileURL anchor, FileDescriptor fold
     , m_chain(std::move(folder))
 {}
 
+bool SystemCopyDestination::wasInPlaceJustNow()
+{
+    return (m_lastSeenInPlace &&
+            std::chrono::steady_clock::now() - *m_lastSeenInPlace < placeCheckInterval) ||
+           isInPlace();
+}
+
 bool SystemCopyDestination::isInPlace()
 {
     const auto now = std::chrono::steady_clock::now();
-    if (m_lastSeenInPlace && now - *m_lastSeenInPlace < placeCheckInterval)
-        return true;
     struct stat status = {};
     if (::stat(m_anchor.nativePath().constData(), &status) != 0 || status.st_dev != m_device ||
         status.st_ino != m_inode) {
@@ -116,7 +129,7 @@ FileError SystemCopyDestination::goneError() const
 
 std::expected<void, FileError> SystemCopyDestination::enterFolder(QByteArrayView relativeFolder)
 {
-    if (!isInPlace())
+    if (!wasInPlaceJustNow())
         return std::unexpected(goneError());
     if (m_chain.relativePath() == relativeFolder)
         return {};
@@ -166,6 +179,7 @@ std::expected<void, FileError> SystemCopyDestination::enterOrCreate(const QByteA
 
 std::expected<int, FileError> SystemCopyDestination::reenterFolder()
 {
+    m_lastSeenInPlace.reset(); // perhaps it was the whole destination
     const QByteArray folder = m_chain.relativePath();
     m_chain.leaveAll();
     if (const auto entered = enterFolder(folder); !entered)
@@ -176,7 +190,7 @@ std::expected<int, FileError> SystemCopyDestination::reenterFolder()
 SystemCopyDestination::Prepared SystemCopyDestination::prepare(const DirectoryEnumerator& item,
                                                                const std::atomic<bool>& stop)
 {
-    if (!isInPlace())
+    if (!wasInPlaceJustNow())
         return std::unexpected(goneError());
     if (m_letterCase.isClaimedByAnother(m_chain.descriptor(), m_chain.relativePath(), item.name())) {
         return std::unexpected(FileError{FileError::Operation::copied, QString::fromUtf8(item.name()),
@@ -219,7 +233,8 @@ SystemCopyDestination::Prepared SystemCopyDestination::prepareFile(const Directo
         item.name().toByteArray());
     if (const auto copied = m_contents.copy(source.get(), file, status, stop, name); !copied)
         return std::unexpected(copied.error());
-    copyAttributes(source.get(), file, status);
+    if (const int code = copyAttributes(source.get(), file, status))
+        return std::unexpected(failure(FileError::Operation::copied, item.name(), code));
     prepared->setSourceSize(status.st_size);
     return prepared;
 }
@@ -255,9 +270,8 @@ std::expected<FileDescriptor, FileError> SystemCopyDestination::createFile(QByte
     return std::move(*file);
 }
 
-void SystemCopyDestination::copyAttributes(int source, int target, const struct stat& status) const
+int SystemCopyDestination::copyAttributes(int source, int target, const struct stat& status) const
 {
-    // What the drive can't hold (FAT knows no owners and no modes) is no failure of the copy.
     mode_t mode = status.st_mode & 07777;
     if (status.st_uid != m_user || status.st_gid != m_group) {
         if (::fchown(target, status.st_uid, status.st_gid) != 0) {
@@ -266,10 +280,11 @@ void SystemCopyDestination::copyAttributes(int source, int target, const struct 
         }
     }
     SystemCalls::copyExtendedAttributes(source, target);
-    std::ignore = ::fchmod(target, mode);
+    if (::fchmod(target, mode) != 0 && !isBeyondTheDrive(errno))
+        return errno;
     const std::array<timespec, 2> times = {SystemCalls::accessTime(status),
                                            SystemCalls::modificationTime(status)};
-    std::ignore = ::futimens(target, times.data());
+    return ::futimens(target, times.data()) == 0 || isBeyondTheDrive(errno) ? 0 : errno;
 }
 
 SystemCopyDestination::Prepared SystemCopyDestination::prepareLink(const DirectoryEnumerator& item)

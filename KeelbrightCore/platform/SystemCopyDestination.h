@@ -22,6 +22,7 @@ public:
     [[nodiscard]] std::expected<void, FileError> enterFolder(QByteArrayView relativeFolder) override;
     [[nodiscard]] std::expected<std::unique_ptr<PreparedCopy>, FileError>
     prepare(const DirectoryEnumerator& item, const std::atomic<bool>& stop) override;
+    [[nodiscard]] bool isInPlace() override;
     [[nodiscard]] std::expected<void, FileError> flush() override;
 
 private:
@@ -29,16 +30,17 @@ private:
 
     SystemCopyDestination(FileURL anchor, FileDescriptor folder, const struct stat& identity);
 
-    /// Whether the anchor's path still leads to the folder that was opened. Asks the file system
-    /// now and then only: a drive leaves its place rarely, files come by the thousand.
-    [[nodiscard]] bool isInPlace();
+    /// Asks the file system now and then only: a drive leaves its place rarely, files come by the
+    /// thousand.
+    [[nodiscard]] bool wasInPlaceJustNow();
     [[nodiscard]] std::expected<void, FileError> enterOrCreate(const QByteArray& name);
     [[nodiscard]] std::expected<int, FileError> reenterFolder();
     [[nodiscard]] Prepared prepareFile(const DirectoryEnumerator& item, const std::atomic<bool>& stop);
     [[nodiscard]] Prepared prepareLink(const DirectoryEnumerator& item);
     [[nodiscard]] std::expected<FileDescriptor, FileError> createFile(QByteArray& temporaryName,
                                                                       const QString& name);
-    void copyAttributes(int source, int target, const struct stat& status) const;
+    /// 0, or the `errno` value of what failed.
+    [[nodiscard]] int copyAttributes(int source, int target, const struct stat& status) const;
     [[nodiscard]] FileError goneError() const;
 
     FileURL m_anchor;

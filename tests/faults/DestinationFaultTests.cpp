@@ -1,6 +1,6 @@
 #include "tests/faults/FaultTest.h"
-#include "tests/support/RealFaults.h"
 #include "tests/support/TemporaryVolume.h"
+#include "tests/support/TmpfsMount.h"
 
 #include <QProcess>
 #include <chrono>

@@ -1,5 +1,5 @@
 #include "tests/faults/FaultTest.h"
-#include "tests/support/RealFaults.h"
+#include "tests/support/FatImage.h"
 
 #include <unistd.h>
 
