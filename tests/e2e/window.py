@@ -176,17 +176,20 @@ class Screen:
                                                  data=(32, [delete, X.CurrentTime, 0, 0, 0])))
         self.display.sync()
 
-    def picture(self, title, file):
-        """Saves what the window shows, once it has come to rest."""
+    def picture(self, title, file, at_rest=True):
+        """Saves what the window shows: once it has come to rest, or at once."""
         os.makedirs(os.path.dirname(os.path.abspath(file)), exist_ok=True)
         window = self._window(title)
+        # Nothing is to look hovered over.
+        xtest.fake_input(self.display, X.MotionNotify, x=self.root.get_geometry().width - 1, y=0)
+        self.display.sync()
 
         def look():
             return subprocess.run(["import", "-silent", "-window", str(window.id), "png:-"],
                                   check=True, capture_output=True, timeout=60).stdout
 
         before, now, looks = b"", look(), 0
-        while before != now and looks < 8:  # a cursor that blinks never rests
+        while at_rest and before != now and looks < 8:  # a cursor that blinks never rests
             time.sleep(0.2)
             before, now, looks = now, look(), looks + 1
         with open(file, "wb") as picture:
