@@ -4,6 +4,7 @@
 #include "KeelbrightCore/records/AppConfiguration.h"
 #include "tests/faults/FaultTest.h"
 #include "tests/faults/RunnerProcess.h"
+#include "tests/support/FatImage.h"
 
 #include <QElapsedTimer>
 #include <QProcess>
@@ -14,15 +15,16 @@ namespace keelbright {
 namespace {
 
 using ::testing::AnyOf;
+using testing::FatImage;
 using testing::RunnerOutcome;
 using testing::RunnerProcess;
-
-constexpr int fileCount = 400;
 
 /// Backups in a process of their own, killed in the middle.
 class KilledRunTest : public testing::FaultTest
 {
 protected:
+    int fileCount = 400;
+
     void makeSource(int version) const
     {
         for (int number = 0; number < fileCount; ++number)
@@ -139,6 +141,24 @@ TEST_F(KilledRunTest, aLaterBackupLeavesOldOrNewFilesOnlyAndTheNextFinishesIt)
     });
     wholeRun();
     expectWholeFiles(std::optional(version));
+}
+
+TEST_F(KilledRunTest, leavesWholeFilesOnADriveWithoutUnnamedOnesToo)
+{
+    const FatImage image(64'000'000);
+    if (!image.reasonMissing().empty())
+        GTEST_SKIP() << image.reasonMissing();
+    drive = image.root();
+    fileCount = 8; // this driver can't make a folder longer that temporary files have passed through
+    makeSource(1);
+    const auto whole = wholeRun();
+    emptyDrive();
+    killAtRandomMoments(4, whole, AnyOf(std::nullopt, std::optional(1)), [] {});
+    wholeRun();
+    makeSource(2);
+    killAtRandomMoments(4, whole, AnyOf(std::optional(1), std::optional(2)), [] {});
+    wholeRun();
+    expectWholeFiles(std::optional(2));
 }
 
 TEST_F(KilledRunTest, diesAtTheCallsThatGiveNamesWithoutHalfAFile)
