@@ -1,10 +1,9 @@
 #include "Keelbright/screens/BackupFinishedPanel.h"
 
 #include "Keelbright/screens/FigureStrip.h"
-#include "Keelbright/screens/PathText.h"
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/widgets/Button.h"
-#include "Keelbright/widgets/Label.h"
+#include "Keelbright/widgets/ElidedLabel.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 
 #include <QHBoxLayout>
@@ -70,9 +69,9 @@ void BackupFinishedPanel::addPlace(const BackupReport& report)
     row->addWidget(new Tile(u"folder.fill"_s, Role::accent, Metrics::tile, box));
     auto* words = new QVBoxLayout;
     words->setSpacing(1);
-    const QString label = tr("Files backed up to:");
-    words->addWidget(new Label(label, FontRole::secondary, Role::secondaryText, box));
-    words->addWidget(new PathText(label, report.personalFilesPath, box));
+    words->addWidget(new Label(tr("Files backed up to:"), FontRole::secondary, Role::secondaryText, box));
+    words->addWidget(
+        new ElidedLabel(report.personalFilesPath, FontRole::body, Role::primaryText, Qt::ElideMiddle, box));
     row->addLayout(words, 1);
     box->content()->addLayout(row);
     layout()->addWidget(box);

@@ -138,7 +138,7 @@ void DashboardView::redrawProgress()
         return;
     m_progressReveal->setRevealed(isRunning);
     if (isVisible())
-        announce(*m_progressReveal, isRunning ? tr("Backing Up…") : tr("Backup ended"));
+        announce(*this, isRunning ? tr("Backing Up…") : tr("Backup ended"));
 }
 
 void DashboardView::pressMainButton()

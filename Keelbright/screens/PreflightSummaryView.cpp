@@ -23,6 +23,17 @@ namespace keelbright {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// A screen reader meets the row of the figure as one thing.
+void setFigure(FigureLabel* figure, const QString& title, const QString& text)
+{
+    figure->setText(text);
+    figure->parentWidget()->setAccessibleName(title + u' ' + text);
+}
+
+} // namespace
+
 PreflightSummaryView::PreflightSummaryView(AppState& state, QWidget* parent)
     : QWidget(parent)
     , m_state(state)
@@ -71,12 +82,14 @@ void PreflightSummaryView::addEstimate()
 FigureLabel* PreflightSummaryView::addEstimateRow(const QString& title)
 {
     m_estimate->content()->addWidget(new Separator(Qt::Horizontal, m_estimate));
-    auto* row = new QHBoxLayout;
-    row->addWidget(new Label(title, FontRole::body, Role::secondaryText, m_estimate));
-    row->addStretch();
-    auto* value = new FigureLabel({}, FontRole::bodyStrong, Role::primaryText, m_estimate);
-    row->addWidget(value);
-    m_estimate->content()->addLayout(row);
+    auto* row = new QWidget(m_estimate);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(new Label(title, FontRole::body, Role::secondaryText, row));
+    layout->addStretch();
+    auto* value = new FigureLabel({}, FontRole::bodyStrong, Role::primaryText, row);
+    layout->addWidget(value);
+    m_estimate->content()->addWidget(row);
     return value;
 }
 
@@ -96,6 +109,7 @@ void PreflightSummaryView::addActions()
     m_confirm = new Button(Button::Kind::primary, L10n::Preflight::confirmBackup(), {}, m_actions);
     connect(cancel, &QPushButton::clicked, this, [this] { m_state.setSelectedScreen(Screen::dashboard); });
     connect(m_confirm, &QPushButton::clicked, &m_state, &AppState::confirmBackup);
+    m_actions->content()->setContentsMargins(Metrics::pageMarginX, 0, Metrics::pageMarginX, 0);
     m_actions->content()->addStretch();
     m_actions->content()->addWidget(cancel);
     m_actions->content()->addWidget(m_confirm);
@@ -146,15 +160,12 @@ void PreflightSummaryView::redraw()
 
 void PreflightSummaryView::redrawEstimate(const PreflightResult& result)
 {
-    m_fileCount->setText(QString::number(result.estimatedFileCount));
-    m_size->setText(L10n::Formatters::bytes(result.estimatedBytes));
-    m_freeSpace->setText(result.destinationFreeSpace > 0
-                             ? L10n::Formatters::bytes(result.destinationFreeSpace)
-                             : tr("Unknown"));
+    setFigure(m_fileCount, L10n::Preflight::totalFiles(), QString::number(result.estimatedFileCount));
+    setFigure(m_size, L10n::Preflight::totalSize(), L10n::Formatters::bytes(result.estimatedBytes));
+    const qint64 freeSpace = result.destinationFreeSpace;
+    setFigure(m_freeSpace, L10n::Preflight::destinationFree(),
+              freeSpace > 0 ? L10n::Formatters::bytes(freeSpace) : tr("Unknown"));
     m_freeSpace->setColorRole(result.canProceed() ? Role::primaryText : Role::redText);
-    m_fileCount->setAccessibleName(L10n::Preflight::totalFiles() + u' ' + m_fileCount->text());
-    m_size->setAccessibleName(L10n::Preflight::totalSize() + u' ' + m_size->text());
-    m_freeSpace->setAccessibleName(L10n::Preflight::destinationFree() + u' ' + m_freeSpace->text());
     announce(*m_estimate, L10n::Preflight::estimateTitle());
 }
 

@@ -15,8 +15,8 @@ CardButton::CardButton(Frame frame, QWidget* parent)
 {
     setAttribute(Qt::WA_Hover);
     setCursor(Qt::PointingHandCursor);
-    // Words inside are those of a card, not the caption of a push button.
-    setForegroundRole(QPalette::WindowText);
+    // Labels take the colour that suits the ground of what they stand on, which is a card's here.
+    setBackgroundRole(QPalette::Window);
     setFocusPolicy(Qt::StrongFocus);
     if (frame == Frame::card)
         setContentsMargins(0, 0, 0, Metrics::cardShadow);

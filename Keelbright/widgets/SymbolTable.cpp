@@ -33,8 +33,8 @@ constexpr SymbolEntry entries[] = {
     {"checkmark"_L1, u'\xF12C'},                                              // check
     {"checkmark.circle"_L1, u'\xF5E1'},                                       // check-circle-outline
     {"checkmark.circle.fill"_L1, u'\xF5E0'},                                  // check-circle
-    {"checkmark.seal.fill"_L1, u'\xF565'},                                    // verified
-    {"checkmark.shield.fill"_L1, u'\xF483'},                                  // security
+    {"checkmark.seal.fill"_L1, u'\xF5E0'},                                    // check-circle
+    {"checkmark.shield.fill"_L1, u'\xF565'},                                  // verified
     {"chevron.down"_L1, u'\xF140'},                                           // chevron-down
     {"chevron.left"_L1, u'\xF141'},                                           // chevron-left
     {"chevron.left.forwardslash.chevron.right"_L1, u'\xF174'},                // code-tags

@@ -1,0 +1,282 @@
+#include "Keelbright/screens/DashboardView.h"
+
+#include "Keelbright/screens/ProtectedFoldersCard.h"
+#include "Keelbright/widgets/BackupCards.h"
+#include "Keelbright/widgets/Progress.h"
+#include "tests/screens/ScreenTestCase.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+namespace keelbright::testing {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class DashboardViewTests : public ScreenTestCase
+{
+protected:
+    /// By the clock of the machine, which stands in Berlin in winter.
+    void setLocalTime(int hour, int minute)
+    {
+        mac.setNow(QDateTime(QDate(2026, 3, 2), QTime(hour, minute), Qt::LocalTime).toUTC());
+    }
+};
+
+} // namespace
+
+TEST_F(DashboardViewTests, greetsByTheLocalHour)
+{
+    AppState& app = makeState();
+    const QList<std::pair<QTime, QString>> greetings{
+        {QTime(0, 0), u"Working late?"_s},    {QTime(4, 59), u"Working late?"_s},
+        {QTime(5, 0), u"Good morning."_s},    {QTime(11, 59), u"Good morning."_s},
+        {QTime(12, 0), u"Good afternoon."_s}, {QTime(16, 59), u"Good afternoon."_s},
+        {QTime(17, 0), u"Good evening."_s},   {QTime(20, 59), u"Good evening."_s},
+        {QTime(21, 0), u"Working late?"_s},   {QTime(23, 59), u"Working late?"_s},
+    };
+    for (const auto& [time, greeting] : greetings) {
+        setLocalTime(time.hour(), time.minute());
+        const DashboardView view(app);
+        EXPECT_EQ(textsIn(view).first(), greeting) << time.toString().toStdString();
+    }
+}
+
+TEST_F(DashboardViewTests, greetsAnewWhenItAppearsAgain)
+{
+    setLocalTime(11, 59);
+    DashboardView view(makeState());
+    show(view);
+    EXPECT_EQ(textsIn(view).first(), u"Good morning."_s);
+    view.hide();
+    setLocalTime(12, 0);
+    view.show();
+    EXPECT_EQ(textsIn(view).first(), u"Good afternoon."_s);
+}
+
+TEST_F(DashboardViewTests, withoutADestinationThereIsOnlyTheHead)
+{
+    const DashboardView view(makeState());
+    EXPECT_EQ(textsIn(view), (QStringList{u"Good morning."_s, u"Here's how your Mac is doing."_s}));
+    EXPECT_EQ(button(view, u"Backup Now"_s)->symbol(), u"arrow.clockwise"_s);
+    EXPECT_EQ(button(view, u"Quick Clean"_s)->symbol(), u"sparkles"_s);
+    EXPECT_EQ(button(view, u"Quick Clean"_s)->toolTip(), u"Clean safe junk items with one tap"_s);
+}
+
+TEST_F(DashboardViewTests, quickCleanOnlyLeadsToTheJunkCleaner)
+{
+    AppState& app = makeState();
+    const DashboardView view(app);
+    button(view, u"Quick Clean"_s)->click();
+    EXPECT_EQ(app.selectedScreen(), Screen::junkCleaner);
+}
+
+TEST_F(DashboardViewTests, backupNowWithoutADestinationRaisesAnAlert)
+{
+    AppState& app = makeState();
+    DashboardView view(app);
+    show(view);
+    button(view, u"Backup Now"_s)->click();
+    turnFrame();
+    EXPECT_EQ(app.selectedScreen(), Screen::dashboard);
+    EXPECT_EQ(textsIn(view).mid(2),
+              (QStringList{u"Attention"_s, u"No Destination Selected"_s,
+                           u"Go to Settings and choose a backup destination first."_s}));
+}
+
+TEST_F(DashboardViewTests, backupNowLeadsToThePreflightScreen)
+{
+    AppState& app = makeState();
+    app.setSelectedDestination(driveDestination());
+    const DashboardView view(app);
+    button(view, u"Backup Now"_s)->click();
+    EXPECT_EQ(app.selectedScreen(), Screen::preflight);
+}
+
+TEST_F(DashboardViewTests, showsAlertsInOrderAndTakesThemAway)
+{
+    AppState& app = makeState();
+    DashboardView view(app);
+    show(view);
+    app.setAlerts({RiskAlert(u"First"_s, u"One."_s, RiskAlert::Severity::low),
+                   RiskAlert(u"Second"_s, u"Two."_s, RiskAlert::Severity::medium)});
+    turnFrame();
+    EXPECT_EQ(textsIn(view).mid(2),
+              (QStringList{u"Attention"_s, u"First"_s, u"One."_s, u"Second"_s, u"Two."_s}));
+    app.setAlerts({});
+    turnFrame();
+    EXPECT_EQ(textsIn(view).size(), 2);
+}
+
+TEST_F(DashboardViewTests, showsFoldersAndDestinationWithTheirActions)
+{
+    AppState& app = makeState();
+    app.setSelectedDestination(driveDestination());
+    const DashboardView view(app);
+    const QString home = mac.home().path();
+    EXPECT_EQ(textsIn(view).mid(2),
+              (QStringList{u"Protected Folders"_s, u"Anchor"_s, u"Desktop"_s, home + u"/Desktop"_s,
+                           u"Documents"_s, home + u"/Documents"_s, u"Pictures"_s, home + u"/Pictures"_s}));
+    EXPECT_TRUE(shownSymbols(view).contains(u"externaldrive.fill"_s));
+    const FileURL other = mac.makeFolder("Volumes/Other");
+    chooser.willChoose({other});
+    button(view, u"Change"_s)->click();
+    EXPECT_EQ(app.selectedDestination()->url, other);
+    button(view, u"Manage"_s)->click();
+    EXPECT_EQ(app.selectedScreen(), Screen::protectedItems);
+}
+
+TEST_F(DashboardViewTests, followsAChangeOfTheDestination)
+{
+    AppState& app = makeState();
+    DashboardView view(app);
+    show(view);
+    EXPECT_FALSE(textsIn(view).contains(u"Protected Folders"_s));
+    app.setSelectedDestination(driveDestination());
+    turnFrame();
+    EXPECT_TRUE(textsIn(view).contains(u"Anchor"_s));
+    app.setSelectedDestination(std::nullopt);
+    turnFrame();
+    EXPECT_FALSE(textsIn(view).contains(u"Protected Folders"_s));
+}
+
+TEST_F(DashboardViewTests, countsTheFoldersBeyondTheThird)
+{
+    AppState& app = makeState();
+    app.setSelectedDestination(driveDestination());
+    DashboardView view(app);
+    show(view);
+    EXPECT_EQ(view.findChildren<SourceRowCard*>().size(), 3);
+    EXPECT_EQ(textsIn(view).filter(u"more folders"_s), QStringList());
+    app.addCustomSource(mac.makeFolder("Users/mira/Code"));
+    turnFrame();
+    EXPECT_EQ(view.findChildren<SourceRowCard*>().size(), 3);
+    EXPECT_EQ(textsIn(view).filter(u"more folders"_s), QStringList{u"+ 1 more folders"_s});
+    app.addCustomSource(mac.makeFolder("Users/mira/Letters"));
+    turnFrame();
+    EXPECT_EQ(textsIn(view).filter(u"more folders"_s), QStringList{u"+ 2 more folders"_s});
+    app.resetToDefaults();
+    turnFrame();
+    EXPECT_EQ(textsIn(view).filter(u"more folders"_s), QStringList());
+}
+
+TEST_F(DashboardViewTests, tellsThatTheLastBackupWentWell)
+{
+    AppState& app = makeState(sampleReport());
+    app.setSelectedDestination(driveDestination());
+    const DashboardView view(app);
+    EXPECT_TRUE(textsIn(view).contains(u"Last backup completed successfully"_s));
+    EXPECT_TRUE(textsIn(view).contains(u"1234 files · 2.5 MB"_s));
+    EXPECT_TRUE(shownSymbols(view).contains(u"checkmark.circle.fill"_s));
+    button(view, u"View Report"_s)->click();
+    EXPECT_EQ(app.selectedScreen(), Screen::backupReport);
+}
+
+TEST_F(DashboardViewTests, tellsThatTheLastBackupHadWarnings)
+{
+    BackupReport report = sampleReport();
+    report.errors = {u"Skip a"_s};
+    AppState& app = makeState(report);
+    app.setSelectedDestination(driveDestination());
+    const DashboardView view(app);
+    EXPECT_TRUE(textsIn(view).contains(u"Last backup had warnings"_s));
+    EXPECT_TRUE(shownSymbols(view).contains(u"exclamationmark.circle.fill"_s));
+}
+
+TEST_F(DashboardViewTests, aRunningBackupShowsItsPanelAndTheWayToCancelIt)
+{
+    AppState& app = makeState();
+    DashboardView view(app);
+    show(view);
+    app.engine().setIsRunning(true);
+    BackupProgress progress;
+    progress.currentFile = u"IMG_2041.heic"_s;
+    progress.filesCopied = 29;
+    progress.filesSkipped = 1;
+    progress.totalFilesEstimate = 100;
+    progress.bytesCopied = 2'500'000;
+    app.engine().setProgress(progress);
+    turnFrame();
+    EXPECT_EQ(textsIn(view).mid(2), (QStringList{u"IMG_2041.heic"_s, u"30%"_s, u"Backing Up…"_s,
+                                                 u"29 copied"_s, u"1 skipped"_s, u"2.5 MB"_s}));
+    EXPECT_EQ(view.accessibleName(), u"Backing Up…"_s);
+    button(view, u"Cancel Backup"_s)->click();
+    EXPECT_TRUE(app.engine().isCancelled());
+    turnFrame();
+    EXPECT_FALSE(button(view, u"Cancel Backup"_s)->isEnabled());
+
+    app.engine().setIsRunning(false);
+    turnFrame();
+    EXPECT_EQ(textsIn(view).size(), 2);
+    EXPECT_TRUE(button(view, u"Backup Now"_s)->isEnabled());
+    EXPECT_EQ(view.accessibleName(), u"Backup ended"_s);
+}
+
+TEST_F(DashboardViewTests, thePanelSlidesInAndOutWhereMotionIsWelcome)
+{
+    Theme::instance().setMotionReduced(false);
+    AppState& app = makeState();
+    DashboardView view(app);
+    show(view);
+    const auto* panel = view.findChild<ProgressPanel*>();
+    app.engine().setIsRunning(true);
+    turnUntil([&] { return panel->isVisible() && panel->graphicsEffect() != nullptr; });
+    turnUntil([&] { return panel->graphicsEffect() == nullptr; });
+    EXPECT_EQ(panel->y(), 0);
+    app.engine().setIsRunning(false);
+    turnUntil([&] { return panel->graphicsEffect() != nullptr; });
+    EXPECT_TRUE(panel->isVisible());
+    turnUntil([&] { return !panel->isVisible(); });
+}
+
+TEST_F(DashboardViewTests, whatHasNotChangedKeepsItsWidgets)
+{
+    AppState& app = makeState();
+    app.setSelectedDestination(driveDestination());
+    DashboardView view(app);
+    show(view);
+    app.setAlerts({RiskAlert(u"First"_s, u"One."_s, RiskAlert::Severity::low)});
+    turnFrame();
+    const auto rows = view.findChildren<SourceRowCard*>();
+    const auto alertCards = view.findChildren<RiskAlertCard*>();
+    app.engine().setIsRunning(true);
+    app.engine().incrementCopied(1, u"a"_s);
+    app.setSelectedDestination(driveDestination());
+    turnFrame();
+    EXPECT_EQ(view.findChildren<SourceRowCard*>(), rows);
+    EXPECT_EQ(view.findChildren<RiskAlertCard*>(), alertCards);
+}
+
+TEST_F(DashboardViewTests, threeHundredThousandAnnouncementsAreDrawnOnceAFrame)
+{
+    AppState& app = makeState();
+    DashboardView view(app);
+    show(view);
+    app.engine().setIsRunning(true);
+    turnFrame();
+    auto* bar = view.findChild<BarProgress*>();
+    app.engine().setTotalFilesEstimate(100'000);
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < 100'000; ++i)
+        app.engine().incrementCopied(1, u"a"_s);
+    // Nothing was drawn in this turn of the event loop, whatever the number of announcements.
+    EXPECT_EQ(bar->fraction(), 0);
+    const qint64 announced = timer.elapsed();
+    RecordProperty("milliseconds", static_cast<int>(announced));
+    EXPECT_LT(announced, 5'000);
+    turnUntil([&] { return bar->fraction() == 1; });
+    EXPECT_TRUE(textsIn(view).contains(u"100%"_s));
+}
+
+TEST_F(DashboardViewTests, everyControlHasANameAndIsReachedByTab)
+{
+    AppState& app = makeState(sampleReport());
+    app.setSelectedDestination(driveDestination());
+    DashboardView view(app);
+    show(view);
+    expectEveryControlIsNamedAndReachedByTab(view);
+}
+
+} // namespace keelbright::testing
