@@ -103,6 +103,8 @@ void DesktopSettings::watchPortal(const QDBusConnection& bus)
 {
     if (!bus.isConnected())
         return;
+    // The bus finds the slot by the names of its types, and knows this one only once it was used.
+    qRegisterMetaType<QDBusVariant>();
     QDBusConnection connection = bus;
     connection.connect(portalService, portalPath, portalInterface, u"SettingChanged"_s, this,
                        SLOT(takeSetting(QString, QString, QDBusVariant)));

@@ -207,6 +207,8 @@ TEST_F(FailingCallTest, reportsAManifestAndAReportThatDidNotReachTheDrive)
 // Which write is which depends on how often the main thread has to be woken, so all are tried.
 TEST_F(FailingCallTest, tellsOfEveryFailedWriteOnce)
 {
+    if (KEELBRIGHT_IS_SANITIZED)
+        GTEST_SKIP() << "a sanitizer writes by itself to find out what it may read, and gives up";
     int hits = 0;
     for (int when = 1; when <= 16; ++when) {
         const RunnerOutcome outcome = runFailing("write", "EIO", when);

@@ -26,6 +26,13 @@ RunnerProcess::RunnerProcess(const EngineRun& run, const QList<FileURL>& folders
     command += {QStringLiteral(FAULT_RUNNER), run.mac.root().path(), run.drive.path()};
     for (const FileURL& folder : folders)
         command += folder.path();
+    // A build that looks for leaks can't do so while strace watches.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    if (!strace.isEmpty()) {
+        const QString name = QStringLiteral("ASAN_OPTIONS");
+        environment.insert(name, environment.value(name) + QStringLiteral(":detect_leaks=0"));
+    }
+    m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(command.takeFirst(), command);
     if (!m_process.waitForStarted())
