@@ -62,8 +62,7 @@ bool isRemoved(int folder, int code)
 /// hold is.
 bool isBeyondTheDrive(int code)
 {
-    return code == EPERM || code == EACCES || code == EINVAL || code == ENOSYS || code == EOPNOTSUPP ||
-           code == ENOTSUP;
+    return code == EPERM || code == EACCES || code == EINVAL || code == ENOSYS || code == EOPNOTSUPP;
 }
 
 } // namespace
