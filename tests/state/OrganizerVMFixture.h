@@ -27,9 +27,9 @@ protected:
             QTest::qWaitFor([] { return TaskPools::userInitiated().activeThreadCount() == 0; }, 20'000));
     }
 
-    void write(const QByteArray& name, qsizetype bytes) const
+    void write(const QByteArray& path, qsizetype bytes) const
     {
-        mac.writeFile("Users/mira/Downloads/" + name, QByteArray(bytes, 'x'));
+        mac.writeFile("Users/mira/Downloads/" + path, QByteArray(bytes, 'x'));
     }
 
     [[nodiscard]] FileURL downloads() const { return mac.home().appending(QStringLiteral("Downloads")); }
@@ -55,12 +55,11 @@ protected:
     [[nodiscard]] QStringList plan() const
     {
         QStringList lines;
-        for (const OrganizeProposal& proposal : model.proposals()) {
+        for (const OrganizeProposal& each : model.proposals()) {
             QStringList names;
-            for (const FileProposal& file : proposal.files)
+            for (const FileProposal& file : each.files)
                 names.append(file.name());
-            lines.append(rawValue(proposal.category) + QStringLiteral(": ") +
-                         names.join(QStringLiteral(", ")));
+            lines.append(rawValue(each.category) + QStringLiteral(": ") + names.join(QStringLiteral(", ")));
         }
         return lines;
     }

@@ -28,7 +28,7 @@ TEST_F(OrganizerMovesTest, onlySelectedFilesMove)
 {
     write("a.png", 1);
     write("b.png", 2);
-    write("c.mp3", 3);
+    write("c.mp3", 30);
     const QList<OrganizeProposal> proposals = propose();
     const QUuid small = proposals.last().files.last().id;
     EXPECT_EQ(OrganizerService::execute(proposals, {small}), moved(1));

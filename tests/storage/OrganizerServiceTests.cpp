@@ -185,7 +185,8 @@ TEST_F(OrganizerServiceTest, filesOfEqualSizeKeepTheOrderOfTheListing)
     for (int i = 0; i < 20; ++i)
         write(QByteArray::number(i) + ".png", 5);
     QStringList listed;
-    for (const DirectoryEntry& entry : mac.fileManager().contentsOfDirectory(folder, {}).value())
+    const QList<DirectoryEntry> entries = mac.fileManager().contentsOfDirectory(folder, {}).value();
+    for (const DirectoryEntry& entry : entries)
         listed.append(entry.url.lastPathComponent());
     EXPECT_EQ(plan(), QStringList{u"Images: "_s + listed.join(u", "_s)});
 }
