@@ -135,15 +135,16 @@ FileCategory fileCategory(const FileURL& url)
 FileCategory fileCategory(QByteArrayView name)
 {
     const QByteArrayView extension = pathExtensionOf(name);
-    const auto length = static_cast<size_t>(extension.size());
-    if (length > longestExtension)
-        return FileCategory::other;
     // Asked for every file of a folder, so nothing is allocated here.
     std::array<char, longestExtension> letters = {};
-    std::ranges::transform(extension, letters.begin(), lowerCase);
-    const std::string_view lowered(letters.data(), length);
-    const auto found = std::ranges::lower_bound(extensionMap, lowered, {}, &ExtensionCategory::extension);
-    return found != extensionMap.end() && found->extension == lowered ? found->category : FileCategory::other;
+    const auto length = static_cast<size_t>(extension.size());
+    if (length > letters.size())
+        return FileCategory::other;
+    for (size_t i = 0; i < length; ++i)
+        letters[i] = lowerCase(extension[static_cast<qsizetype>(i)]);
+    const std::string_view key(letters.data(), length);
+    const auto found = std::ranges::lower_bound(extensionMap, key, {}, &ExtensionCategory::extension);
+    return found != extensionMap.end() && found->extension == key ? found->category : FileCategory::other;
 }
 
 } // namespace keelbright
