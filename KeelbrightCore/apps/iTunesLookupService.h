@@ -26,8 +26,9 @@ inline constexpr qint64 maximumBodyBytes = qint64{16} * 1024 * 1024;
 /// apart. The answer's HTTP status is not looked at, and redirections are followed, never from
 /// HTTPS to HTTP.
 ///
-/// Main thread only; returns at once, and the future finishes on the main thread. Cancelling the
-/// future ends the request. The future is cancelled when the program quits in the middle.
+/// Main thread only; returns at once, and the future finishes on the main thread. An object that may
+/// be destroyed meanwhile listens with a `QFutureWatcher`. Cancelling the future ends the request;
+/// it is cancelled too when the program quits in the middle.
 [[nodiscard]] QFuture<std::optional<iTunesAppInfo>> lookup(const QString& appName,
                                                            const SearchService& service = {});
 

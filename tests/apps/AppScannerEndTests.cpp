@@ -41,11 +41,6 @@ done)");
     }
 
     void openTheGate() const { m_files.text("gate", ""); }
-
-    int m_argumentCount = 1;
-    char m_name[6] = "tests";
-    char* m_arguments[2] = {m_name, nullptr};
-    QCoreApplication m_application{m_argumentCount, m_arguments};
 };
 
 } // namespace

@@ -5,6 +5,8 @@
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 
+#include <QCoreApplication>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace keelbright::testing {
@@ -65,6 +67,12 @@ protected:
         std::ranges::sort(paths);
         return paths;
     }
+
+    // No future can be waited for once there was an application and it has gone.
+    int m_argumentCount = 1;
+    char m_name[6] = "tests";
+    char* m_arguments[2] = {m_name, nullptr};
+    QCoreApplication m_application{m_argumentCount, m_arguments};
 
     TestMac m_mac;
     MadeUpFiles m_files{m_mac.root(), m_mac.clock()()};
