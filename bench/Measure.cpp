@@ -1,9 +1,12 @@
 // keelbright-measure scan TREE | size TREE | level FOLDER | walk TREE | largest TREE |
-//                    treemap CELLS | plan FOLDER | apps | backup TREE DRIVE
+//                    treemap CELLS | plan FOLDER | apps | backup TREE DRIVE | start SINCE
 //
 // Does one thing with the real services, the backup with the real window watching (on the
-// platform that QT_QPA_PLATFORM names), and prints the seconds that it took.
+// platform that QT_QPA_PLATFORM names), and prints the seconds that it took. "start" opens the
+// program in the home that HOME names until its window is painted; SINCE is the moment at which
+// the process was started, in nanoseconds of the monotonic clock.
 
+#include "Keelbright/screens/Application.h"
 #include "Keelbright/screens/MainWindow.h"
 #include "Keelbright/state/KeelbrightApp.h"
 #include "Keelbright/state/Workspace.h"
@@ -24,8 +27,10 @@
 #include <QFile>
 #include <QHash>
 #include <QTimer>
+#include <QWidget>
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <memory>
 #include <optional>
 #include <sys/resource.h>
@@ -237,12 +242,67 @@ std::optional<int> measureOne(const QString& work, const QString& argument)
     return (*found)(FileURL::fromPath(argument));
 }
 
+/// Waits for the first window to be painted, tells when that was, and ends the program.
+class FirstPaint : public QObject
+{
+public:
+    explicit FirstPaint(qint64 since, QObject* parent)
+        : QObject(parent)
+        , m_since(since)
+    {}
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint && !m_hasPainted) {
+            m_hasPainted = true;
+            // The whole window is painted in the same turn.
+            QTimer::singleShot(0, this, [this] {
+                tell();
+                QCoreApplication::quit();
+            });
+        }
+        return false;
+    }
+
+private:
+    void tell() const
+    {
+        timespec now = {};
+        ::clock_gettime(CLOCK_MONOTONIC, &now);
+        const qint64 nanoseconds = now.tv_sec * 1'000'000'000LL + now.tv_nsec - m_since;
+        std::printf("wall %.6f\ncpu 0\n", static_cast<double>(nanoseconds) / 1e9);
+        QFile memory(QStringLiteral("/proc/self/smaps_rollup"));
+        if (!memory.open(QIODevice::ReadOnly))
+            return;
+        for (const QByteArray& line : memory.readAll().split('\n')) {
+            if (line.startsWith("Rss:"))
+                std::printf("resident %s\n", line.mid(4).trimmed().split(' ').first().constData());
+        }
+    }
+
+    qint64 m_since;
+    bool m_hasPainted = false;
+};
+
+std::optional<qint64> startedAt;
+
+void watchFirstPaint()
+{
+    if (startedAt)
+        qApp->installEventFilter(new FirstPaint(*startedAt, qApp));
+}
+Q_COREAPP_STARTUP_FUNCTION(watchFirstPaint)
+
 } // namespace
 } // namespace keelbright::bench
 
 int main(int argc, char** argv)
 {
     using namespace keelbright;
+    if (argc == 3 && QByteArrayView(argv[1]) == "start") {
+        bench::startedAt = QByteArray(argv[2]).toLongLong();
+        return runApplication(argc, argv);
+    }
     QApplication application(argc, argv);
     const testing::TestMac mac;
     const QStringList arguments = QCoreApplication::arguments();
@@ -257,7 +317,8 @@ int main(int argc, char** argv)
     if (arguments.size() == 2 && arguments[1] == QStringLiteral("apps"))
         return bench::measureApps(mac);
     std::fputs("usage: keelbright-measure scan TREE | size TREE | level FOLDER | walk TREE | largest TREE |\n"
-               "                          treemap CELLS | plan FOLDER | apps | backup TREE DRIVE\n",
+               "                          treemap CELLS | plan FOLDER | apps | backup TREE DRIVE |\n"
+               "                          start SINCE\n",
                stderr);
     return 2;
 }
