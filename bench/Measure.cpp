@@ -1,5 +1,5 @@
 // keelbright-measure scan TREE | size TREE | level FOLDER | walk TREE | largest TREE |
-//                    treemap CELLS | plan FOLDER | backup TREE DRIVE | start SINCE
+//                    treemap CELLS | plan FOLDER | apps | backup TREE DRIVE | start SINCE
 //
 // Does one thing with the real services, the backup with the real window watching (on the
 // platform that QT_QPA_PLATFORM names), and prints the seconds that it took. "start" opens the
@@ -12,12 +12,14 @@
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "Keelbright/widgets/Theme.h"
+#include "KeelbrightCore/apps/AppScanner.h"
 #include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/storage/FolderSizeService.h"
 #include "KeelbrightCore/storage/LargestFilesScanner.h"
 #include "KeelbrightCore/storage/OrganizerService.h"
 #include "bench/TreemapNodes.h"
 #include "tests/support/FakeFolderChooser.h"
+#include "tests/support/MadeUpApplication.h"
 #include "tests/support/TestMac.h"
 
 #include <QApplication>
@@ -26,6 +28,7 @@
 #include <QHash>
 #include <QTimer>
 #include <QWidget>
+#include <algorithm>
 #include <cstdio>
 #include <ctime>
 #include <memory>
@@ -204,6 +207,41 @@ int measureBackup(QApplication& application, const FileURL& tree, const FileURL&
     return code;
 }
 
+/// 300 applications, with a metadata tool that takes 50 ms for each.
+int measureApps(const testing::TestMac& mac)
+{
+    const testing::MadeUpFiles files(mac.root(), QDateTime::currentDateTimeUtc());
+    for (int number = 0; number < 300; ++number) {
+        const QByteArray name = "App" + QByteArray::number(number);
+        addApplication(files, "Applications", {.name = name, .bundleID = "org.example." + name});
+    }
+    files.folder("usr/bin");
+    files.link("usr/bin/mdls",
+               QFile::encodeName(QCoreApplication::applicationDirPath()) + "/keelbright-slow-tool");
+    const Stopwatch stopwatch;
+    const QList<AppInfo> apps = AppScanner::scan().result();
+    stopwatch.print();
+    const auto known = std::ranges::count(apps, 42, &AppInfo::useCount);
+    std::printf("applications %lld\n", static_cast<long long>(known));
+    return known == 300 ? 0 : 1;
+}
+
+/// Nothing where there is no such work.
+std::optional<int> measureOne(const QString& work, const QString& argument)
+{
+    static const QHash<QString, int (*)(const FileURL&)> works = {
+        {QStringLiteral("scan"), measureScan},       {QStringLiteral("size"), measureSize},
+        {QStringLiteral("level"), measureLevel},     {QStringLiteral("walk"), measureWalk},
+        {QStringLiteral("largest"), measureLargest}, {QStringLiteral("plan"), measurePlan},
+    };
+    if (work == QStringLiteral("treemap"))
+        return measureTreemap(argument.toLongLong());
+    const auto found = works.find(work);
+    if (found == works.end())
+        return std::nullopt;
+    return (*found)(FileURL::fromPath(argument));
+}
+
 /// Waits for the first window to be painted, tells when that was, and ends the program.
 class FirstPaint : public QObject
 {
@@ -255,22 +293,6 @@ void watchFirstPaint()
 }
 Q_COREAPP_STARTUP_FUNCTION(watchFirstPaint)
 
-/// Nothing where there is no such work.
-std::optional<int> measureOne(const QString& work, const QString& argument)
-{
-    static const QHash<QString, int (*)(const FileURL&)> works = {
-        {QStringLiteral("scan"), measureScan},       {QStringLiteral("size"), measureSize},
-        {QStringLiteral("level"), measureLevel},     {QStringLiteral("walk"), measureWalk},
-        {QStringLiteral("largest"), measureLargest}, {QStringLiteral("plan"), measurePlan},
-    };
-    if (work == QStringLiteral("treemap"))
-        return measureTreemap(argument.toLongLong());
-    const auto found = works.find(work);
-    if (found == works.end())
-        return std::nullopt;
-    return (*found)(FileURL::fromPath(argument));
-}
-
 } // namespace
 } // namespace keelbright::bench
 
@@ -292,8 +314,11 @@ int main(int argc, char** argv)
         return bench::measureBackup(application, FileURL::fromPath(arguments[2]),
                                     FileURL::fromPath(arguments[3]));
     }
+    if (arguments.size() == 2 && arguments[1] == QStringLiteral("apps"))
+        return bench::measureApps(mac);
     std::fputs("usage: keelbright-measure scan TREE | size TREE | level FOLDER | walk TREE | largest TREE |\n"
-               "                          treemap CELLS | plan FOLDER | backup TREE DRIVE | start SINCE\n",
+               "                          treemap CELLS | plan FOLDER | apps | backup TREE DRIVE |\n"
+               "                          start SINCE\n",
                stderr);
     return 2;
 }
