@@ -1,4 +1,4 @@
-// keelbright-measure scan TREE | backup TREE DRIVE
+// keelbright-measure scan TREE | junk HOME | backup TREE DRIVE
 //
 // Does one thing with the real services, the backup with the real window watching (on the
 // platform that QT_QPA_PLATFORM names), and prints the seconds that it took.
@@ -9,6 +9,7 @@
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "Keelbright/widgets/Theme.h"
 #include "KeelbrightCore/backup/FileScanner.h"
+#include "KeelbrightCore/health/HealthScoreService.h"
 #include "tests/support/FakeFolderChooser.h"
 #include "tests/support/TestMac.h"
 
@@ -100,6 +101,33 @@ int measureScan(const FileURL& tree)
     return 0;
 }
 
+/// The real file system with another home.
+class HomeAt : public SystemFileManager
+{
+public:
+    explicit HomeAt(FileURL home)
+        : m_home(std::move(home))
+    {}
+
+    [[nodiscard]] FileURL homeDirectory() const override { return m_home; }
+
+private:
+    FileURL m_home;
+};
+
+int measureJunk(const FileURL& home)
+{
+    HomeAt fileManager(home);
+    const FileManagerGuard guard(fileManager);
+    const auto estimate = [] { return HealthScoreService::compute(std::nullopt).result().junkEstimateBytes; };
+    std::ignore = estimate(); // both sides are measured warm
+    const Stopwatch stopwatch;
+    const qint64 bytes = estimate();
+    stopwatch.print();
+    std::printf("bytes %lld\n", static_cast<long long>(bytes));
+    return 0;
+}
+
 int measureBackup(QApplication& application, const FileURL& tree, const FileURL& drive)
 {
     Theme::instance().install();
@@ -149,10 +177,12 @@ int main(int argc, char** argv)
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() == 3 && arguments[1] == QStringLiteral("scan"))
         return bench::measureScan(FileURL::fromPath(arguments[2]));
+    if (arguments.size() == 3 && arguments[1] == QStringLiteral("junk"))
+        return bench::measureJunk(FileURL::fromPath(arguments[2]));
     if (arguments.size() == 4 && arguments[1] == QStringLiteral("backup")) {
         return bench::measureBackup(application, FileURL::fromPath(arguments[2]),
                                     FileURL::fromPath(arguments[3]));
     }
-    std::fputs("usage: keelbright-measure scan TREE | backup TREE DRIVE\n", stderr);
+    std::fputs("usage: keelbright-measure scan TREE | junk HOME | backup TREE DRIVE\n", stderr);
     return 2;
 }
