@@ -1,4 +1,5 @@
-// keelbright-measure scan TREE | junk HOME | backup TREE DRIVE
+// keelbright-measure scan TREE | size TREE | junk HOME | level FOLDER | walk TREE |
+//                    largest TREE | treemap CELLS | plan FOLDER | backup TREE DRIVE
 //
 // Does one thing with the real services, the backup with the real window watching (on the
 // platform that QT_QPA_PLATFORM names), and prints the seconds that it took.
@@ -10,14 +11,20 @@
 #include "Keelbright/widgets/Theme.h"
 #include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/health/HealthScoreService.h"
+#include "KeelbrightCore/storage/FolderSizeService.h"
+#include "KeelbrightCore/storage/LargestFilesScanner.h"
+#include "KeelbrightCore/storage/OrganizerService.h"
+#include "bench/TreemapNodes.h"
 #include "tests/support/FakeFolderChooser.h"
 #include "tests/support/TestMac.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QHash>
 #include <QTimer>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <sys/resource.h>
 
 namespace keelbright::bench {
@@ -90,15 +97,68 @@ public:
     void open(const FileURL&) override {}
 };
 
+/// Does it once before, so that both sides are measured warm. Prints what came out as `name`.
+template <typename Work> int measureWarm(const char* name, Work work)
+{
+    std::ignore = work();
+    const Stopwatch stopwatch;
+    const auto result = work();
+    stopwatch.print();
+    std::printf("%s %lld\n", name, static_cast<long long>(result));
+    return 0;
+}
+
 int measureScan(const FileURL& tree)
 {
     const QList<BackupSource> sources = {{QUuid::createUuid(), tree, true}};
-    std::ignore = FileScanner::scan(sources); // both sides are measured warm
-    const Stopwatch stopwatch;
-    const FileScanner::ScanResult result = FileScanner::scan(sources);
-    stopwatch.print();
-    std::printf("files %lld\n", static_cast<long long>(result.fileCount));
-    return 0;
+    return measureWarm("files", [&] { return FileScanner::scan(sources).fileCount; });
+}
+
+int measureSize(const FileURL& tree)
+{
+    return measureWarm("bytes",
+                       [&] { return FolderSizeService::recursiveSize(tree, FileManager::defaultManager()); });
+}
+
+int measureLevel(const FileURL& folder)
+{
+    return measureWarm("entries", [&] { return FolderSizeService::scanLevel(folder).size(); });
+}
+
+/// What a search for the largest files can't do without.
+int measureWalk(const FileURL& tree)
+{
+    return measureWarm("bytes", [&] {
+        using Option = DirectoryEnumerator::Option;
+        const auto walk = FileManager::defaultManager().enumerator(tree, Option::skipsHiddenFiles |
+                                                                             Option::skipsPackageDescendants);
+        qint64 bytes = 0;
+        while (walk && (*walk)->next())
+            bytes += (*walk)->fileSize().value_or(0);
+        return bytes;
+    });
+}
+
+int measureLargest(const FileURL& tree)
+{
+    constexpr qsizetype asOnTheScreen = 50;
+    const int code =
+        measureWarm("files", [&] { return LargestFilesScanner::scan(tree, asOnTheScreen).size(); });
+    rusage usage = {};
+    ::getrusage(RUSAGE_SELF, &usage);
+    std::printf("peak %ld\n", usage.ru_maxrss);
+    return code;
+}
+
+int measureTreemap(qint64 cells)
+{
+    const TreemapLayout treemap = treemapOf(cells);
+    return measureWarm("cells", [&] { return treemap.layout().size(); });
+}
+
+int measurePlan(const FileURL& folder)
+{
+    return measureWarm("groups", [&] { return OrganizerService::propose(folder).size(); });
 }
 
 /// The real file system with another home.
@@ -119,13 +179,8 @@ int measureJunk(const FileURL& home)
 {
     HomeAt fileManager(home);
     const FileManagerGuard guard(fileManager);
-    const auto estimate = [] { return HealthScoreService::compute(std::nullopt).result().junkEstimateBytes; };
-    std::ignore = estimate(); // both sides are measured warm
-    const Stopwatch stopwatch;
-    const qint64 bytes = estimate();
-    stopwatch.print();
-    std::printf("bytes %lld\n", static_cast<long long>(bytes));
-    return 0;
+    return measureWarm("bytes",
+                       [] { return HealthScoreService::compute(std::nullopt).result().junkEstimateBytes; });
 }
 
 int measureBackup(QApplication& application, const FileURL& tree, const FileURL& drive)
@@ -166,6 +221,23 @@ int measureBackup(QApplication& application, const FileURL& tree, const FileURL&
     return code;
 }
 
+/// Nothing where there is no such work.
+std::optional<int> measureOne(const QString& work, const QString& argument)
+{
+    static const QHash<QString, int (*)(const FileURL&)> works = {
+        {QStringLiteral("scan"), measureScan},       {QStringLiteral("size"), measureSize},
+        {QStringLiteral("level"), measureLevel},     {QStringLiteral("walk"), measureWalk},
+        {QStringLiteral("largest"), measureLargest}, {QStringLiteral("plan"), measurePlan},
+        {QStringLiteral("junk"), measureJunk},
+    };
+    if (work == QStringLiteral("treemap"))
+        return measureTreemap(argument.toLongLong());
+    const auto found = works.find(work);
+    if (found == works.end())
+        return std::nullopt;
+    return (*found)(FileURL::fromPath(argument));
+}
+
 } // namespace
 } // namespace keelbright::bench
 
@@ -175,14 +247,16 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     const testing::TestMac mac;
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() == 3 && arguments[1] == QStringLiteral("scan"))
-        return bench::measureScan(FileURL::fromPath(arguments[2]));
-    if (arguments.size() == 3 && arguments[1] == QStringLiteral("junk"))
-        return bench::measureJunk(FileURL::fromPath(arguments[2]));
+    if (arguments.size() == 3) {
+        if (const auto code = bench::measureOne(arguments[1], arguments[2]))
+            return *code;
+    }
     if (arguments.size() == 4 && arguments[1] == QStringLiteral("backup")) {
         return bench::measureBackup(application, FileURL::fromPath(arguments[2]),
                                     FileURL::fromPath(arguments[3]));
     }
-    std::fputs("usage: keelbright-measure scan TREE | junk HOME | backup TREE DRIVE\n", stderr);
+    std::fputs("usage: keelbright-measure scan TREE | size TREE | junk HOME | level FOLDER | walk TREE |\n"
+               "                          largest TREE | treemap CELLS | plan FOLDER | backup TREE DRIVE\n",
+               stderr);
     return 2;
 }

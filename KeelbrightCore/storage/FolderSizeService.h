@@ -2,6 +2,9 @@
 
 #include "KeelbrightCore/platform/FileManager.h"
 #include "KeelbrightCore/platform/FileURL.h"
+#include "KeelbrightCore/storage/FolderSizeNode.h"
+
+#include <QList>
 
 namespace keelbright {
 
@@ -16,6 +19,13 @@ namespace FolderSizeService {
 /// its own text, and where the folder itself is a link, the sum is 0. Stays at the largest value
 /// instead of overflowing.
 [[nodiscard]] qint64 recursiveSize(const FileURL& url, const FileManager& fm);
+
+/// The entries of one folder, largest first, equal sizes in the order of the listing; empty where
+/// it can't be read. Hidden entries and links are left out; what can't be measured has size 0. The
+/// folder itself may be a link to one.
+///
+/// Folders are measured side by side, with idle threads of the user-initiated pool.
+[[nodiscard]] QList<FolderSizeNode> scanLevel(const FileURL& url);
 
 } // namespace FolderSizeService
 } // namespace keelbright

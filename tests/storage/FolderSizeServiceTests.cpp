@@ -1,14 +1,9 @@
 #include "KeelbrightCore/storage/FolderSizeService.h"
-#include "tests/support/Printing.h"
-#include "tests/support/TestMac.h"
-#include "tests/support/UnprivilegedUser.h"
+#include "tests/storage/StorageFixture.h"
 
-#include <QScopeGuard>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 #include <cstdint>
-#include <filesystem>
 #include <fstream>
 #include <limits>
 
@@ -18,48 +13,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-std::filesystem::path standardPath(const FileURL& url)
-{
-    return {url.nativePath().toStdString()};
-}
-
-class FolderSizeServiceTest : public ::testing::Test
+class FolderSizeServiceTest : public StorageFixture
 {
 protected:
-    /// Writes a file of that many bytes below the folder.
-    void write(const QByteArray& path, qsizetype bytes) const
-    {
-        mac.writeFile("Users/mira/Folder/" + path, QByteArray(bytes, 'x'));
-    }
-
-    void makeFolder(const QByteArray& path) const { mac.makeFolder("Users/mira/Folder/" + path); }
-
-    void link(const QByteArray& path, const QByteArray& target) const
-    {
-        std::filesystem::create_symlink(target.toStdString(), standardPath(at(path)));
-    }
-
-    [[nodiscard]] FileURL at(const QByteArray& path) const { return folder.appendingNative(path); }
-
     [[nodiscard]] qint64 sizeOf(const FileURL& url)
     {
         return FolderSizeService::recursiveSize(url, mac.fileManager());
     }
 
     [[nodiscard]] qint64 size() { return sizeOf(folder); }
-
-    /// Lets a plain user pass down to the folder, and gives `path` that mode while the result lives.
-    [[nodiscard]] auto withMode(const QByteArray& path, unsigned mode) const
-    {
-        std::filesystem::permissions(standardPath(mac.root()), std::filesystem::perms(0755));
-        const std::filesystem::path changed = standardPath(at(path));
-        std::filesystem::permissions(changed, std::filesystem::perms(mode));
-        return qScopeGuard(
-            [changed] { std::filesystem::permissions(changed, std::filesystem::perms(0755)); });
-    }
-
-    TestMac mac;
-    FileURL folder = mac.makeFolder("Users/mira/Folder");
 };
 
 } // namespace
