@@ -1,5 +1,5 @@
 // keelbright-measure scan TREE | size TREE | junk HOME | level FOLDER | walk TREE |
-//                    largest TREE | treemap CELLS | plan FOLDER | backup TREE DRIVE
+//                    largest TREE | treemap CELLS | plan FOLDER | backup TREE DRIVE | apps
 //
 // Does one thing with the real services, the backup with the real window watching (on the
 // platform that QT_QPA_PLATFORM names), and prints the seconds that it took.
@@ -9,6 +9,7 @@
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "Keelbright/widgets/Theme.h"
+#include "KeelbrightCore/apps/AppScanner.h"
 #include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/health/HealthScoreService.h"
 #include "KeelbrightCore/storage/FolderSizeService.h"
@@ -16,12 +17,15 @@
 #include "KeelbrightCore/storage/OrganizerService.h"
 #include "bench/TreemapNodes.h"
 #include "tests/support/FakeFolderChooser.h"
+#include "tests/support/MadeUpApplication.h"
 #include "tests/support/TestMac.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QHash>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <optional>
@@ -238,6 +242,25 @@ std::optional<int> measureOne(const QString& work, const QString& argument)
     return (*found)(FileURL::fromPath(argument));
 }
 
+/// 300 applications, with a metadata tool that takes 50 ms for each.
+int measureApps(const testing::TestMac& mac)
+{
+    const testing::MadeUpFiles files(mac.root(), QDateTime::currentDateTimeUtc());
+    for (int number = 0; number < 300; ++number) {
+        const QByteArray name = "App" + QByteArray::number(number);
+        addApplication(files, "Applications", {.name = name, .bundleID = "org.example." + name});
+    }
+    files.folder("usr/bin");
+    files.link("usr/bin/mdls",
+               QFile::encodeName(QCoreApplication::applicationDirPath()) + "/keelbright-slow-tool");
+    const Stopwatch stopwatch;
+    const QList<AppInfo> apps = AppScanner::scan().result();
+    stopwatch.print();
+    const auto known = std::ranges::count(apps, 42, &AppInfo::useCount);
+    std::printf("applications %lld\n", static_cast<long long>(known));
+    return known == 300 ? 0 : 1;
+}
+
 } // namespace
 } // namespace keelbright::bench
 
@@ -255,8 +278,11 @@ int main(int argc, char** argv)
         return bench::measureBackup(application, FileURL::fromPath(arguments[2]),
                                     FileURL::fromPath(arguments[3]));
     }
-    std::fputs("usage: keelbright-measure scan TREE | size TREE | junk HOME | level FOLDER | walk TREE |\n"
-               "                          largest TREE | treemap CELLS | plan FOLDER | backup TREE DRIVE\n",
-               stderr);
+    if (arguments.size() == 2 && arguments[1] == QStringLiteral("apps"))
+        return bench::measureApps(mac);
+    std::fputs(
+        "usage: keelbright-measure scan TREE | size TREE | junk HOME | level FOLDER | walk TREE |\n"
+        "                          largest TREE | treemap CELLS | plan FOLDER | backup TREE DRIVE | apps\n",
+        stderr);
     return 2;
 }

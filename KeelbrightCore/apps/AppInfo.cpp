@@ -180,20 +180,20 @@ int sortPriority(UsageCategory category)
     Q_UNREACHABLE();
 }
 
-AppInfo::AppInfo(AppFacts facts, const Clock& clock)
+AppInfo::AppInfo(AppFacts facts, const QDateTime& now)
     : AppFacts(std::move(facts))
 {
-    Verdict verdict = Analysis(*this, clock()).analyze();
+    Verdict verdict = Analysis(*this, now).analyze();
     usageCategory = verdict.category;
     usageDescription = std::move(verdict.description);
 }
 
-QString AppInfo::lastUsedFormatted(const Clock& clock) const
+QString AppInfo::lastUsedFormatted(const QDateTime& now) const
 {
     const auto tr = [](const char* text) { return QCoreApplication::translate("AppInfo", text); };
     if (!lastUsedDate)
         return tr("Never");
-    const qint64 count = days(*lastUsedDate, clock());
+    const qint64 count = days(*lastUsedDate, now);
     if (count == 0)
         return tr("Today");
     if (count == 1)

@@ -39,14 +39,14 @@ struct AppInfo : AppFacts
 {
     using UsageCategory = keelbright::UsageCategory;
 
-    /// Judges by the facts and by one reading of the clock.
-    explicit AppInfo(AppFacts facts, const Clock& clock = systemClock);
+    /// Judges the facts as they look at `now`.
+    explicit AppInfo(AppFacts facts, const QDateTime& now = systemClock());
 
-    UsageCategory usageCategory;
+    UsageCategory usageCategory = UsageCategory::unknown;
     QString usageDescription; ///< one sentence that says why
 
-    /// "Never", "Today", "5 days ago", "2 years ago"…, seen from the clock's time.
-    [[nodiscard]] QString lastUsedFormatted(const Clock& clock = systemClock) const;
+    /// "Never", "Today", "5 days ago", "2 years ago"…, seen from `now`.
+    [[nodiscard]] QString lastUsedFormatted(const QDateTime& now = systemClock()) const;
     /// The day of installation in the user's locale, or "Unknown".
     [[nodiscard]] QString installedFormatted() const;
 

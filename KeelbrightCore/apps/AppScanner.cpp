@@ -68,6 +68,7 @@ QString nameWithoutExtension(const FileURL& url)
     return QString::fromUtf8(name);
 }
 
+/// Nothing for what has no readable property list or no identifier in it.
 std::optional<AppInfo> loadApp(const FileURL& bundle, const Clock& clock)
 {
     const auto list = PropertyList::dictionaryAt(bundle.appending(u"Contents/Info.plist"_s));
@@ -87,7 +88,7 @@ std::optional<AppInfo> loadApp(const FileURL& bundle, const Clock& clock)
                     .lastUsedDate = metadata.lastUsed,
                     .useCount = metadata.useCount,
                     .dateAdded = metadata.dateAdded},
-                   clock);
+                   clock());
 }
 
 bool comesBefore(const AppInfo& a, const AppInfo& b)
