@@ -44,7 +44,7 @@ protected:
 
     [[nodiscard]] AppInfo forgotten(const QString& name) const
     {
-        return AppInfo({.name = name}, mac.clock());
+        return AppInfo({.name = name}, mac.clock()());
     }
 
     [[nodiscard]] qsizetype looksAtApplications() const

@@ -43,7 +43,7 @@ protected:
 
     [[nodiscard]] AppInfo forgotten(const QString& name) const
     {
-        return AppInfo({.name = name}, mac.clock());
+        return AppInfo({.name = name}, mac.clock()());
     }
 
     int argc = 1;
