@@ -20,6 +20,8 @@ public:
     PreparedFile(int folder, FolderReopener reopen, FileDescriptor file, QByteArray temporaryName,
                  QByteArray name);
     ~PreparedFile() override;
+    PreparedFile(const PreparedFile&) = delete;
+    PreparedFile& operator=(const PreparedFile&) = delete;
     [[nodiscard]] std::expected<void, FileError> publish() override;
 
     [[nodiscard]] qint64 sourceSize() const override { return m_sourceSize; }
