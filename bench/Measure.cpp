@@ -1,22 +1,38 @@
-// keelbright-measure scan TREE | backup TREE DRIVE
+// keelbright-measure scan TREE | size TREE | level FOLDER | walk TREE | largest TREE |
+//                    treemap CELLS | plan FOLDER | apps | backup TREE DRIVE | start SINCE
 //
 // Does one thing with the real services, the backup with the real window watching (on the
-// platform that QT_QPA_PLATFORM names), and prints the seconds that it took.
+// platform that QT_QPA_PLATFORM names), and prints the seconds that it took. "start" opens the
+// program in the home that HOME names until its window is painted; SINCE is the moment at which
+// the process was started, in nanoseconds of the monotonic clock.
 
+#include "Keelbright/screens/Application.h"
 #include "Keelbright/screens/MainWindow.h"
 #include "Keelbright/state/KeelbrightApp.h"
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "Keelbright/widgets/Theme.h"
+#include "KeelbrightCore/apps/AppScanner.h"
 #include "KeelbrightCore/backup/FileScanner.h"
+#include "KeelbrightCore/storage/FolderSizeService.h"
+#include "KeelbrightCore/storage/LargestFilesScanner.h"
+#include "KeelbrightCore/storage/OrganizerService.h"
+#include "bench/TreemapNodes.h"
 #include "tests/support/FakeFolderChooser.h"
+#include "tests/support/MadeUpApplication.h"
 #include "tests/support/TestMac.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
+#include <QHash>
 #include <QTimer>
+#include <QWidget>
+#include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <memory>
+#include <optional>
 #include <sys/resource.h>
 
 namespace keelbright::bench {
@@ -89,15 +105,68 @@ public:
     void open(const FileURL&) override {}
 };
 
+/// Does it once before, so that both sides are measured warm. Prints what came out as `name`.
+template <typename Work> int measureWarm(const char* name, Work work)
+{
+    std::ignore = work();
+    const Stopwatch stopwatch;
+    const auto result = work();
+    stopwatch.print();
+    std::printf("%s %lld\n", name, static_cast<long long>(result));
+    return 0;
+}
+
 int measureScan(const FileURL& tree)
 {
     const QList<BackupSource> sources = {{QUuid::createUuid(), tree, true}};
-    std::ignore = FileScanner::scan(sources); // both sides are measured warm
-    const Stopwatch stopwatch;
-    const FileScanner::ScanResult result = FileScanner::scan(sources);
-    stopwatch.print();
-    std::printf("files %lld\n", static_cast<long long>(result.fileCount));
-    return 0;
+    return measureWarm("files", [&] { return FileScanner::scan(sources).fileCount; });
+}
+
+int measureSize(const FileURL& tree)
+{
+    return measureWarm("bytes",
+                       [&] { return FolderSizeService::recursiveSize(tree, FileManager::defaultManager()); });
+}
+
+int measureLevel(const FileURL& folder)
+{
+    return measureWarm("entries", [&] { return FolderSizeService::scanLevel(folder).size(); });
+}
+
+/// What a search for the largest files can't do without.
+int measureWalk(const FileURL& tree)
+{
+    return measureWarm("bytes", [&] {
+        using Option = DirectoryEnumerator::Option;
+        const auto walk = FileManager::defaultManager().enumerator(tree, Option::skipsHiddenFiles |
+                                                                             Option::skipsPackageDescendants);
+        qint64 bytes = 0;
+        while (walk && (*walk)->next())
+            bytes += (*walk)->fileSize().value_or(0);
+        return bytes;
+    });
+}
+
+int measureLargest(const FileURL& tree)
+{
+    constexpr qsizetype asOnTheScreen = 50;
+    const int code =
+        measureWarm("files", [&] { return LargestFilesScanner::scan(tree, asOnTheScreen).size(); });
+    rusage usage = {};
+    ::getrusage(RUSAGE_SELF, &usage);
+    std::printf("peak %ld\n", usage.ru_maxrss);
+    return code;
+}
+
+int measureTreemap(qint64 cells)
+{
+    const TreemapLayout treemap = treemapOf(cells);
+    return measureWarm("cells", [&] { return treemap.layout().size(); });
+}
+
+int measurePlan(const FileURL& folder)
+{
+    return measureWarm("groups", [&] { return OrganizerService::propose(folder).size(); });
 }
 
 int measureBackup(QApplication& application, const FileURL& tree, const FileURL& drive)
@@ -138,21 +207,118 @@ int measureBackup(QApplication& application, const FileURL& tree, const FileURL&
     return code;
 }
 
+/// 300 applications, with a metadata tool that takes 50 ms for each.
+int measureApps(const testing::TestMac& mac)
+{
+    const testing::MadeUpFiles files(mac.root(), QDateTime::currentDateTimeUtc());
+    for (int number = 0; number < 300; ++number) {
+        const QByteArray name = "App" + QByteArray::number(number);
+        addApplication(files, "Applications", {.name = name, .bundleID = "org.example." + name});
+    }
+    files.folder("usr/bin");
+    files.link("usr/bin/mdls",
+               QFile::encodeName(QCoreApplication::applicationDirPath()) + "/keelbright-slow-tool");
+    const Stopwatch stopwatch;
+    const QList<AppInfo> apps = AppScanner::scan().result();
+    stopwatch.print();
+    const auto known = std::ranges::count(apps, 42, &AppInfo::useCount);
+    std::printf("applications %lld\n", static_cast<long long>(known));
+    return known == 300 ? 0 : 1;
+}
+
+/// Nothing where there is no such work.
+std::optional<int> measureOne(const QString& work, const QString& argument)
+{
+    static const QHash<QString, int (*)(const FileURL&)> works = {
+        {QStringLiteral("scan"), measureScan},       {QStringLiteral("size"), measureSize},
+        {QStringLiteral("level"), measureLevel},     {QStringLiteral("walk"), measureWalk},
+        {QStringLiteral("largest"), measureLargest}, {QStringLiteral("plan"), measurePlan},
+    };
+    if (work == QStringLiteral("treemap"))
+        return measureTreemap(argument.toLongLong());
+    const auto found = works.find(work);
+    if (found == works.end())
+        return std::nullopt;
+    return (*found)(FileURL::fromPath(argument));
+}
+
+/// Waits for the first window to be painted, tells when that was, and ends the program.
+class FirstPaint : public QObject
+{
+public:
+    explicit FirstPaint(qint64 since, QObject* parent)
+        : QObject(parent)
+        , m_since(since)
+    {}
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint && !m_hasPainted) {
+            m_hasPainted = true;
+            // The whole window is painted in the same turn.
+            QTimer::singleShot(0, this, [this] {
+                tell();
+                QCoreApplication::quit();
+            });
+        }
+        return false;
+    }
+
+private:
+    void tell() const
+    {
+        timespec now = {};
+        ::clock_gettime(CLOCK_MONOTONIC, &now);
+        const qint64 nanoseconds = now.tv_sec * 1'000'000'000LL + now.tv_nsec - m_since;
+        std::printf("wall %.6f\ncpu 0\n", static_cast<double>(nanoseconds) / 1e9);
+        QFile memory(QStringLiteral("/proc/self/smaps_rollup"));
+        if (!memory.open(QIODevice::ReadOnly))
+            return;
+        for (const QByteArray& line : memory.readAll().split('\n')) {
+            if (line.startsWith("Rss:"))
+                std::printf("resident %s\n", line.mid(4).trimmed().split(' ').first().constData());
+        }
+    }
+
+    qint64 m_since;
+    bool m_hasPainted = false;
+};
+
+std::optional<qint64> startedAt;
+
+void watchFirstPaint()
+{
+    if (startedAt)
+        qApp->installEventFilter(new FirstPaint(*startedAt, qApp));
+}
+Q_COREAPP_STARTUP_FUNCTION(watchFirstPaint)
+
 } // namespace
 } // namespace keelbright::bench
 
 int main(int argc, char** argv)
 {
     using namespace keelbright;
+    if (argc == 3 && QByteArrayView(argv[1]) == "start") {
+        bench::startedAt = QByteArray(argv[2]).toLongLong();
+        return runApplication(argc, argv);
+    }
     QApplication application(argc, argv);
     const testing::TestMac mac;
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() == 3 && arguments[1] == QStringLiteral("scan"))
-        return bench::measureScan(FileURL::fromPath(arguments[2]));
+    if (arguments.size() == 3) {
+        if (const auto code = bench::measureOne(arguments[1], arguments[2]))
+            return *code;
+    }
     if (arguments.size() == 4 && arguments[1] == QStringLiteral("backup")) {
         return bench::measureBackup(application, FileURL::fromPath(arguments[2]),
                                     FileURL::fromPath(arguments[3]));
     }
-    std::fputs("usage: keelbright-measure scan TREE | backup TREE DRIVE\n", stderr);
+    if (arguments.size() == 2 && arguments[1] == QStringLiteral("apps"))
+        return bench::measureApps(mac);
+    std::fputs("usage: keelbright-measure scan TREE | size TREE | level FOLDER | walk TREE | largest TREE |\n"
+               "                          treemap CELLS | plan FOLDER | apps | backup TREE DRIVE |\n"
+               "                          start SINCE\n",
+               stderr);
     return 2;
 }

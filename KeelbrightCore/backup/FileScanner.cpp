@@ -1,10 +1,10 @@
 #include "KeelbrightCore/backup/FileScanner.h"
 
+#include "KeelbrightCore/platform/ByteSum.h"
 #include "KeelbrightCore/platform/FileManager.h"
 
 #include <algorithm>
 #include <array>
-#include <limits>
 
 namespace keelbright::FileScanner {
 
@@ -43,12 +43,6 @@ bool hasSkippedExtension(QByteArrayView name)
     std::array<char, longestExtension> lowerCase{};
     std::ranges::transform(extension, lowerCase.begin(), toLowerAscii);
     return contains(extensions, {lowerCase.data(), extension.size()});
-}
-
-qint64 addedWithoutOverflow(qint64 total, qint64 size)
-{
-    constexpr qint64 most = std::numeric_limits<qint64>::max();
-    return size > most - total ? most : total + size;
 }
 
 void scanFolder(const FileURL& url, Sizes sizes, ScanResult& result)

@@ -158,7 +158,9 @@ std::optional<QDateTime> DateFormatter::fromPattern(const QString& text, const Q
     if (U_FAILURE(status) || position.getErrorIndex() >= 0 || position.getIndex() != text.size())
         return std::nullopt;
     // ICU takes a field of any width; a date in this pattern is only what the pattern writes.
+    // Written in UTC: local time of long ago may have an offset of seconds, or another year.
     icu::UnicodeString written;
+    format.setTimeZone(*icu::TimeZone::getGMT());
     format.format(time, written);
     if (shape(fromIcu(written)) != shape(text))
         return std::nullopt;

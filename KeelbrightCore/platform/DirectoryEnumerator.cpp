@@ -46,6 +46,13 @@ std::optional<qint64> sizeOf(int folder, const char* name)
 #endif
 }
 
+FileDescriptor openForWalk(int folder, const char* path, int followFlag)
+{
+    return FileDescriptor(retrying([&] {
+        return ::openat(folder, path, O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | followFlag);
+    }));
+}
+
 } // namespace
 
 class DirectoryEnumerator::Walk
@@ -77,6 +84,17 @@ public:
     void skipDescendants() { m_entersCurrent = false; }
 
     void setErrorHandler(ErrorHandler handler) { m_errorHandler = std::move(handler); }
+
+    std::unique_ptr<Walk> branchOff()
+    {
+        if (!m_entersCurrent)
+            return nullptr;
+        FileDescriptor folder = openForWalk(m_chain.descriptor(), m_name, O_NOFOLLOW);
+        if (!folder.isOpen())
+            return nullptr;
+        m_entersCurrent = false;
+        return std::make_unique<Walk>(currentFolder().appendingNative(m_name), std::move(folder), m_options);
+    }
 
     [[nodiscard]] FileURL currentFolder() const { return m_root.appendingNative(m_chain.relativePath()); }
 
@@ -156,9 +174,7 @@ std::expected<std::unique_ptr<DirectoryEnumerator>, FileError> DirectoryEnumerat
                                                                                          Options options)
 {
     const int follow = options.testFlag(Option::followsRootLink) ? 0 : O_NOFOLLOW;
-    const char* path = root.nativePath().constData();
-    FileDescriptor folder(
-        retrying([&] { return ::open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | follow); }));
+    FileDescriptor folder = openForWalk(AT_FDCWD, root.nativePath().constData(), follow);
     if (!folder.isOpen()) {
         return std::unexpected(
             FileError::fromCode(FileError::Operation::opened, root.lastPathComponent(), errno));
@@ -186,6 +202,13 @@ bool DirectoryEnumerator::next()
 void DirectoryEnumerator::skipDescendants()
 {
     m_walk->skipDescendants();
+}
+
+std::unique_ptr<DirectoryEnumerator> DirectoryEnumerator::branchOff()
+{
+    auto branch = m_walk->branchOff();
+    return branch ? std::unique_ptr<DirectoryEnumerator>(new DirectoryEnumerator(std::move(branch)))
+                  : nullptr;
 }
 
 QByteArrayView DirectoryEnumerator::name() const

@@ -47,6 +47,11 @@ public:
     [[nodiscard]] bool next();
     /// Keeps the walk out of the folder just delivered; nothing for any other entry.
     void skipDescendants();
+    /// Gives the folder just delivered to a walk of its own, for another thread to take; this walk
+    /// then passes it over. The other has the same options, no error handler, and paths relative to
+    /// its own root. Nothing, and no change, where this walk would not enter the entry or where the
+    /// folder can't be opened.
+    [[nodiscard]] std::unique_ptr<DirectoryEnumerator> branchOff();
 
     [[nodiscard]] QByteArrayView name() const;
     [[nodiscard]] EntryType type() const;

@@ -45,6 +45,9 @@ public:
     [[nodiscard]] virtual FileExistence fileExists(const FileURL& url) const = 0;
     [[nodiscard]] virtual bool isReadable(const FileURL& url) const = 0;
     [[nodiscard]] virtual bool isWritable(const FileURL& url) const = 0;
+    /// The logical size in bytes of anything but a folder (of a link: of the link itself); nothing
+    /// where it can't be read.
+    [[nodiscard]] virtual std::optional<qint64> fileSize(const FileURL& url) const = 0;
     /// The path with every symbolic link resolved; the path itself where that fails.
     [[nodiscard]] virtual FileURL resolvingSymlinks(const FileURL& url) const = 0;
     [[nodiscard]] virtual std::expected<FileSystemCapacity, FileError>

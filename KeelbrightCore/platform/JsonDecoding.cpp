@@ -112,6 +112,14 @@ Decoded<qint64> JsonDecoder::integer(const QString& key) const
     return *number;
 }
 
+Decoded<double> JsonDecoder::number(const QString& key) const
+{
+    const QJsonValue value = m_object.value(key);
+    if (!value.isDouble())
+        return std::unexpected(error(key, u"is not a number"_s));
+    return value.toDouble();
+}
+
 Decoded<QUuid> JsonDecoder::uuid(const QString& key) const
 {
     const Decoded<QString> text = string(key);

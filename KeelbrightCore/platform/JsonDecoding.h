@@ -42,6 +42,7 @@ public:
     [[nodiscard]] Decoded<bool> boolean(const QString& key) const;
     /// A whole number within the 64 bits, exact.
     [[nodiscard]] Decoded<qint64> integer(const QString& key) const;
+    [[nodiscard]] Decoded<double> number(const QString& key) const;
     /// The hyphenated text form in either letter case.
     [[nodiscard]] Decoded<QUuid> uuid(const QString& key) const;
     /// A `file:///` text.

@@ -61,6 +61,14 @@ bool SystemFileManager::isWritable(const FileURL& url) const
     return isAccessible(url, W_OK);
 }
 
+std::optional<qint64> SystemFileManager::fileSize(const FileURL& url) const
+{
+    struct stat status = {};
+    if (::lstat(url.nativePath().constData(), &status) != 0 || S_ISDIR(status.st_mode))
+        return std::nullopt;
+    return status.st_size;
+}
+
 FileURL SystemFileManager::resolvingSymlinks(const FileURL& url) const
 {
     struct Deleter

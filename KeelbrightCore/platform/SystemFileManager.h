@@ -13,6 +13,7 @@ public:
     [[nodiscard]] FileExistence fileExists(const FileURL& url) const override;
     [[nodiscard]] bool isReadable(const FileURL& url) const override;
     [[nodiscard]] bool isWritable(const FileURL& url) const override;
+    [[nodiscard]] std::optional<qint64> fileSize(const FileURL& url) const override;
     [[nodiscard]] FileURL resolvingSymlinks(const FileURL& url) const override;
     [[nodiscard]] std::expected<FileSystemCapacity, FileError>
     fileSystemCapacity(const FileURL& url) const override;

@@ -201,6 +201,17 @@ TEST_F(DateFormatterTests, aPatternIsReadTheSameInEveryLocale)
     EXPECT_EQ(matched("2026-03-01 09:05:00 +0000", wholeSeconds), utc(2026, 3, 1, 9, 5));
 }
 
+TEST_F(DateFormatterTests, aPatternIsReadTheSameInEveryTimeZone)
+{
+    for (const char* zone : {"Europe/Berlin", "America/New_York", "Asia/Kathmandu", "UTC"}) {
+        m_mac.setTimeZone(zone);
+        EXPECT_EQ(matched("2026-07-01 00:05:59 +0200", wholeSeconds), utc(2026, 6, 30, 22, 5, 59)) << zone;
+        // Before there were time zones each town had an offset to the second.
+        EXPECT_EQ(matched("1850-03-01 09:05:00 +0000", wholeSeconds), utc(1850, 3, 1, 9, 5)) << zone;
+        EXPECT_EQ(matched("1-03-01 09:05:00 +0000", wholeSeconds), std::nullopt) << zone;
+    }
+}
+
 TEST_F(DateFormatterTests, sixFractionalDigitsMatchSixLettersOnly)
 {
     EXPECT_EQ(matched("2026-03-01 09:05:00.123456 +0000", microseconds), utc(2026, 3, 1, 9, 5, 0, 123));

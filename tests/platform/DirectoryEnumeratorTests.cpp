@@ -89,6 +89,67 @@ TEST_F(DirectoryEnumeratorTest, staysOutOfAFolderThatTheCallerSkips)
     EXPECT_FALSE((*items)->next());
 }
 
+TEST_F(DirectoryEnumeratorTest, aFolderThatIsBranchedOffIsWalkedByTheBranchAlone)
+{
+    mac.writeFile("tree/a/b/file", "x");
+    auto items = DirectoryEnumerator::open(root, {});
+    ASSERT_TRUE((*items)->next());
+    const auto branch = (*items)->branchOff();
+    ASSERT_TRUE(branch);
+    EXPECT_FALSE((*items)->next());
+    ASSERT_TRUE(branch->next());
+    EXPECT_EQ(branch->name(), "b");
+    EXPECT_EQ(branch->relativeFolder(), "");
+    EXPECT_EQ(branch->url(), root.appending(QStringLiteral("a/b")));
+    ASSERT_TRUE(branch->next());
+    EXPECT_EQ(branch->url(), root.appending(QStringLiteral("a/b/file")));
+    EXPECT_EQ(branch->fileSize(), 1);
+    EXPECT_FALSE(branch->next());
+}
+
+TEST_F(DirectoryEnumeratorTest, aBranchKeepsTheOptionsAndOutlivesItsTrunk)
+{
+    mac.writeFile("tree/a/.hidden", "x");
+    mac.writeFile("tree/a/Tool.app/file", "x");
+    auto items = DirectoryEnumerator::open(root, Option::skipsHiddenFiles | Option::skipsPackageDescendants);
+    ASSERT_TRUE((*items)->next());
+    const auto branch = (*items)->branchOff();
+    items->reset();
+    ASSERT_TRUE(branch);
+    ASSERT_TRUE(branch->next());
+    EXPECT_EQ(branch->name(), "Tool.app");
+    EXPECT_FALSE(branch->next());
+}
+
+TEST_F(DirectoryEnumeratorTest, onlyWhatTheWalkWouldEnterCanBeBranchedOff)
+{
+    mac.writeFile("tree/file", "x");
+    mac.writeFile("tree/Tool.app/inside", "x");
+    mac.makeFolder("tree/skipped");
+    link("skipped", "tree/link");
+    auto items = DirectoryEnumerator::open(root, Option::skipsPackageDescendants);
+    int entries = 0;
+    while ((*items)->next()) {
+        if ((*items)->name() == "skipped")
+            (*items)->skipDescendants();
+        EXPECT_FALSE((*items)->branchOff()) << (*items)->name().toByteArray().toStdString();
+        ++entries;
+    }
+    EXPECT_EQ(entries, 4);
+}
+
+TEST_F(DirectoryEnumeratorTest, aFolderSwappedForALinkIsNotBranchedOff)
+{
+    mac.makeFolder("tree/a");
+    mac.writeFile("elsewhere/file", "x");
+    auto items = DirectoryEnumerator::open(root, {});
+    ASSERT_TRUE((*items)->next());
+    const QByteArray path = root.appending(QStringLiteral("a")).nativePath();
+    ASSERT_EQ(::rmdir(path.constData()), 0);
+    link("../elsewhere", "tree/a");
+    EXPECT_FALSE((*items)->branchOff());
+}
+
 TEST_F(DirectoryEnumeratorTest, deliversLinksWithoutFollowingThem)
 {
     mac.writeFile("elsewhere/file", "x");

@@ -157,6 +157,16 @@ TEST(JsonDecoding, aWholeNumberMayBeWrittenWithAFractionOrExponent)
     EXPECT_EQ(json.integer(u"exponent"_s).value(), 1000);
 }
 
+TEST(JsonDecoding, aNumberMayBeWholeOrNot)
+{
+    const JsonDecoder json = objectFrom(R"({"whole": 4, "broken": -4.25, "text": "4", "yes": true})");
+    EXPECT_EQ(json.number(u"whole"_s), 4.0);
+    EXPECT_EQ(json.number(u"broken"_s), -4.25);
+    expectError(json.number(u"text"_s), u"text"_s, u"is not a number"_s);
+    expectError(json.number(u"yes"_s), u"yes"_s, u"is not a number"_s);
+    expectError(json.number(u"none"_s), u"none"_s, u"is missing"_s);
+}
+
 TEST(JsonDecoding, aUuidMayBeInLowerCase)
 {
     const JsonDecoder json = objectFrom(R"({"id": "e621e1f8-c36c-495a-93fc-0c247a3e6e5f"})");

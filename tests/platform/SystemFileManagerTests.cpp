@@ -35,6 +35,18 @@ TEST_F(SystemFileManagerTest, followsLinksWhenItAsksWhatExists)
     EXPECT_FALSE(exists("none").exists);
 }
 
+TEST_F(SystemFileManagerTest, aFileHasASizeAndALinkItsOwn)
+{
+    const FileURL file = mac.writeFile("folder/file", "12345");
+    const FileURL link = folder.appendingNative("link");
+    ASSERT_EQ(::symlink("file that is far away", link.nativePath().constData()), 0);
+    EXPECT_EQ(files.fileSize(file), 5);
+    EXPECT_EQ(files.fileSize(mac.writeFile("folder/empty", "")), 0);
+    EXPECT_EQ(files.fileSize(link), 21);
+    EXPECT_EQ(files.fileSize(folder), std::nullopt);
+    EXPECT_EQ(files.fileSize(folder.appendingNative("none")), std::nullopt);
+}
+
 TEST_F(SystemFileManagerTest, createsFoldersWithTheirParents)
 {
     const FileURL deep = folder.appending(QStringLiteral("a/b/c"));

@@ -1,0 +1,124 @@
+#pragma once
+
+#include "KeelbrightCore/platform/Clock.h"
+#include "KeelbrightCore/storage/OrganizeProposal.h"
+
+#include <QList>
+#include <QObject>
+#include <QSet>
+#include <optional>
+
+namespace keelbright {
+
+class ActivityStore;
+class FolderChooser;
+
+/// The model behind the organizer screen: the plan of one folder, what is ticked in it, and its
+/// run. Main thread only. A scan that is under way finds nobody where the model has gone.
+///
+/// A proposal is in `selectedCategories` exactly when each of its files is in `selectedFiles`.
+class OrganizerVM : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The folders of the home that a click scans.
+    enum class QuickTarget { desktop, downloads };
+
+    [[nodiscard]] static const QList<QuickTarget>& allQuickTargets();
+    /// The label on the screen, in English, and the name of the folder in the home.
+    [[nodiscard]] static QString rawValue(QuickTarget target);
+
+    /// What is handed in outlives the model.
+    OrganizerVM(ActivityStore& activityStore, FolderChooser& folderChooser, Clock clock = systemClock,
+                QObject* parent = nullptr);
+
+    /// The plan; a new one has its largest category first.
+    [[nodiscard]] const QList<OrganizeProposal>& proposals() const { return m_proposals; }
+
+    /// The category whose files are shown.
+    [[nodiscard]] std::optional<QUuid> selectedProposalID() const { return m_selectedProposalID; }
+
+    void setSelectedProposalID(std::optional<QUuid> id);
+
+    /// Proposals that are ticked as a whole.
+    [[nodiscard]] const QSet<QUuid>& selectedCategories() const { return m_selectedCategories; }
+
+    /// Files that a run moves.
+    [[nodiscard]] const QSet<QUuid>& selectedFiles() const { return m_selectedFiles; }
+
+    [[nodiscard]] bool isScanning() const { return m_isScanning; }
+
+    /// Whether the confirmation is open.
+    [[nodiscard]] bool showConfirm() const { return m_showConfirm; }
+
+    void setShowConfirm(bool show);
+
+    /// The folder of the last scan.
+    [[nodiscard]] const std::optional<FileURL>& targetFolder() const { return m_targetFolder; }
+
+    /// Absent for a folder that was chosen any other way.
+    [[nodiscard]] std::optional<QuickTarget> activeTarget() const { return m_activeTarget; }
+
+    void scan(QuickTarget target);
+    /// Asks the user for a folder and scans it; nothing changes where the chooser is dismissed.
+    void pickCustomFolder();
+    /// Drops the plan and makes that of `folder` in the background, all of it ticked. Of several
+    /// scans at once the last to end stands.
+    void scan(const FileURL& folder);
+
+    /// Ticks or unticks a proposal with all its files; nothing for an unknown id.
+    void toggleCategory(const QUuid& id);
+    /// Unticks everything where every proposal is ticked, and ticks everything otherwise.
+    void toggleSelectAll();
+    void setFile(const QUuid& id, bool selected, const QUuid& proposalID);
+    /// The sizes of `selectedFiles`, added up.
+    [[nodiscard]] QString selectedSizeFormatted() const;
+
+    /// Moves `selectedFiles` and makes a line in the activity log where at least one was moved. What
+    /// was to be moved leaves the plan, also where that failed; the rest is ticked again. Blocks
+    /// until the last file is moved.
+    void execute();
+
+Q_SIGNALS:
+    void proposalsChanged();
+    void selectedProposalIDChanged();
+    void selectedCategoriesChanged();
+    void selectedFilesChanged();
+    void isScanningChanged();
+    void showConfirmChanged();
+    void targetFolderChanged();
+    void activeTargetChanged();
+    /// Follows each of the above.
+    void changed();
+
+private:
+    void setProposals(const QList<OrganizeProposal>& proposals);
+    void setIsScanning(bool isScanning);
+    void setTargetFolder(const FileURL& folder);
+    void setActiveTarget(std::optional<QuickTarget> target);
+
+    void showPlan(const QList<OrganizeProposal>& plan);
+    void selectAll();
+    void selectNothing();
+    /// Both sets at once, so that no observer finds them apart.
+    void announceSelection();
+    [[nodiscard]] const OrganizeProposal* proposalWithID(const QUuid& id) const;
+    [[nodiscard]] qint64 selectedBytes() const;
+    void logRun(qint64 moved, qint64 bytes) const;
+    void dropSelectedFiles();
+
+    ActivityStore& m_activityStore;
+    FolderChooser& m_folderChooser;
+    Clock m_clock;
+    QList<OrganizeProposal> m_proposals;
+    std::optional<QUuid> m_selectedProposalID;
+    QSet<QUuid> m_selectedCategories;
+    QSet<QUuid> m_selectedFiles;
+    bool m_isScanning = false;
+    bool m_showConfirm = false;
+    std::optional<FileURL> m_targetFolder;
+    std::optional<QuickTarget> m_activeTarget;
+};
+
+} // namespace keelbright

@@ -1,0 +1,63 @@
+#include "KeelbrightCore/apps/AppLeftover.h"
+
+#include "KeelbrightCore/platform/ByteCountFormatter.h"
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+const QList<AppLeftover::Kind>& AppLeftover::allKinds()
+{
+    static const QList<Kind> kinds{Kind::preferences, Kind::cache,       Kind::support, Kind::container,
+                                   Kind::savedState,  Kind::launchAgent, Kind::other};
+    return kinds;
+}
+
+QString AppLeftover::rawValue(Kind kind)
+{
+    switch (kind) {
+    case Kind::preferences:
+        return u"Preferences"_s;
+    case Kind::cache:
+        return u"Cache"_s;
+    case Kind::support:
+        return u"App Support"_s;
+    case Kind::container:
+        return u"Container"_s;
+    case Kind::savedState:
+        return u"Saved State"_s;
+    case Kind::launchAgent:
+        return u"Launch Agent"_s;
+    case Kind::other:
+        return u"Other"_s;
+    }
+    Q_UNREACHABLE();
+}
+
+QString AppLeftover::icon(Kind kind)
+{
+    switch (kind) {
+    case Kind::preferences:
+        return u"slider.horizontal.3"_s;
+    case Kind::cache:
+        return u"arrow.clockwise.circle"_s;
+    case Kind::support:
+        return u"folder.fill"_s;
+    case Kind::container:
+        return u"shippingbox.fill"_s;
+    case Kind::savedState:
+        return u"clock.fill"_s;
+    case Kind::launchAgent:
+        return u"gearshape.2.fill"_s;
+    case Kind::other:
+        return u"doc.fill"_s;
+    }
+    Q_UNREACHABLE();
+}
+
+QString AppLeftover::formattedSize() const
+{
+    return ByteCountFormatter::string(sizeBytes);
+}
+
+} // namespace keelbright

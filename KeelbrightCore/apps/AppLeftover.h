@@ -1,0 +1,30 @@
+#pragma once
+
+#include "KeelbrightCore/platform/FileURL.h"
+
+#include <QList>
+#include <QString>
+#include <QUuid>
+
+namespace keelbright {
+
+/// A file or folder that an application keeps outside its bundle.
+struct AppLeftover
+{
+    enum class Kind { preferences, cache, support, container, savedState, launchAgent, other };
+
+    QUuid id = QUuid::createUuid();
+    FileURL url;
+    qint64 sizeBytes;
+    Kind kind;
+
+    [[nodiscard]] static const QList<Kind>& allKinds();
+    /// The text that is shown.
+    [[nodiscard]] static QString rawValue(Kind kind);
+    /// Symbolic icon key.
+    [[nodiscard]] static QString icon(Kind kind);
+
+    [[nodiscard]] QString formattedSize() const;
+};
+
+} // namespace keelbright

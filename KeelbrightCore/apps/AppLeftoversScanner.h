@@ -1,0 +1,15 @@
+#pragma once
+
+#include "KeelbrightCore/apps/AppLeftover.h"
+
+namespace keelbright::AppLeftoversScanner {
+
+/// Finds what an application keeps outside its bundle, in the home and in the system's folders of
+/// launch agents and daemons, the largest first. Sizes are those of `FolderSizeService`. Only
+/// reads; never fails, and what can't be read is left out or has the size 0. Blocks while it
+/// measures the folders that it found; any thread but the main one.
+///
+/// Neither text is checked: an empty one finds the whole folders in which applications keep theirs.
+[[nodiscard]] QList<AppLeftover> scan(const QString& bundleID, const QString& appName);
+
+} // namespace keelbright::AppLeftoversScanner

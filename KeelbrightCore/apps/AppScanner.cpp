@@ -1,0 +1,171 @@
+#include "KeelbrightCore/apps/AppScanner.h"
+
+#include "KeelbrightCore/apps/SpotlightMetadata.h"
+#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/PropertyList.h"
+#include "KeelbrightCore/platform/TaskPools.h"
+
+#include <QMutex>
+#include <QPromise>
+#include <QSet>
+#include <QThreadPool>
+#include <algorithm>
+#include <atomic>
+#include <memory>
+#include <optional>
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype workWidth = 32;
+
+QList<FileURL> roots(const FileManager& fileManager)
+{
+    return {fileManager.systemLocation(u"/Applications"_s),
+            fileManager.systemLocation(u"/Applications/Utilities"_s),
+            FileURL::fromNativePath(fileManager.homeDirectory().nativePath() + "/Applications")};
+}
+
+/// The bundles of all roots; of several that links lead to, the first one found.
+QList<FileURL> installedBundles()
+{
+    const FileManager& fileManager = FileManager::defaultManager();
+    QList<FileURL> bundles;
+    QSet<FileURL> seen;
+    for (const FileURL& root : roots(fileManager)) {
+        const auto entries =
+            fileManager.contentsOfDirectory(root, DirectoryEnumerator::Option::skipsHiddenFiles);
+        if (!entries)
+            continue;
+        for (const DirectoryEntry& entry : *entries) {
+            if (pathExtensionOf(entry.url.nativeLastPathComponent()) != "app")
+                continue;
+            const FileURL resolved = fileManager.resolvingSymlinks(entry.url);
+            if (!seen.contains(resolved)) {
+                seen.insert(resolved);
+                bundles.append(entry.url);
+            }
+        }
+    }
+    return bundles;
+}
+
+/// Nothing where there is no such key or its value is no text.
+std::optional<QString> text(const QVariantMap& values, const QString& key)
+{
+    const QVariant value = values.value(key);
+    return value.typeId() == QMetaType::QString ? std::optional(value.toString()) : std::nullopt;
+}
+
+QString nameWithoutExtension(const FileURL& url)
+{
+    QByteArray name = url.nativeLastPathComponent();
+    if (const qsizetype extension = pathExtensionOf(name).size(); extension > 0)
+        name.chop(extension + 1);
+    return QString::fromUtf8(name);
+}
+
+/// Nothing for what has no readable property list or no identifier in it.
+std::optional<AppInfo> loadApp(const FileURL& bundle, const Clock& clock)
+{
+    const auto list = PropertyList::dictionaryAt(bundle.appending(u"Contents/Info.plist"_s));
+    if (!list)
+        return std::nullopt;
+    const std::optional<QString> bundleID = text(*list, u"CFBundleIdentifier"_s);
+    if (!bundleID)
+        return std::nullopt;
+    std::optional<QString> name = text(*list, u"CFBundleDisplayName"_s);
+    if (!name)
+        name = text(*list, u"CFBundleName"_s);
+    const AppScanner::SpotlightMeta metadata = AppScanner::spotlightMetadata(bundle);
+    return AppInfo({.name = name.value_or(nameWithoutExtension(bundle)),
+                    .bundleID = *bundleID,
+                    .url = bundle,
+                    .version = text(*list, u"CFBundleShortVersionString"_s).value_or(QString()),
+                    .lastUsedDate = metadata.lastUsed,
+                    .useCount = metadata.useCount,
+                    .dateAdded = metadata.dateAdded},
+                   clock());
+}
+
+bool comesBefore(const AppInfo& a, const AppInfo& b)
+{
+    const int priorityOfA = sortPriority(a.usageCategory);
+    const int priorityOfB = sortPriority(b.usageCategory);
+    // An absent date is less than any other.
+    return priorityOfA != priorityOfB ? priorityOfA < priorityOfB : a.lastUsedDate < b.lastUsedDate;
+}
+
+/// One scan under way. Its tasks own it together; none waits for another, so that no thread of
+/// the pool is held for nothing.
+class Scan : public std::enable_shared_from_this<Scan>
+{
+public:
+    explicit Scan(Clock clock)
+        : m_clock(std::move(clock))
+    {}
+
+    QFuture<QList<AppInfo>> start()
+    {
+        m_promise.start();
+        TaskPools::userInitiated().start([scan = shared_from_this()] { scan->discover(); });
+        return m_promise.future();
+    }
+
+private:
+    void discover()
+    {
+        m_bundles = installedBundles();
+        const qsizetype tasks = std::min(workWidth, m_bundles.size());
+        m_tasksAtWork = tasks;
+        if (tasks == 0)
+            finish();
+        // While every thread is taken, these wait behind whatever else the user waits for.
+        constexpr int priority = -1;
+        for (qsizetype i = 0; i < tasks; ++i)
+            TaskPools::userInitiated().start([scan = shared_from_this()] { scan->work(); }, priority);
+    }
+
+    /// Takes one application after another, so that one out lets one in.
+    void work()
+    {
+        for (;;) {
+            const qsizetype next = m_nextBundle++;
+            if (next >= m_bundles.size() || m_promise.isCanceled())
+                break;
+            if (std::optional<AppInfo> app = loadApp(m_bundles.at(next), m_clock)) {
+                const QMutexLocker locker(&m_mutex);
+                m_apps.append(*std::move(app));
+            }
+        }
+        if (--m_tasksAtWork == 0)
+            finish();
+    }
+
+    void finish()
+    {
+        std::ranges::stable_sort(m_apps, comesBefore);
+        m_promise.addResult(std::move(m_apps));
+        m_promise.finish();
+    }
+
+    const Clock m_clock;
+    QPromise<QList<AppInfo>> m_promise;
+    QList<FileURL> m_bundles; ///< not changed any more once tasks are at work
+    std::atomic<qsizetype> m_nextBundle = 0;
+    std::atomic<qsizetype> m_tasksAtWork = 0;
+    QMutex m_mutex; ///< for `m_apps` while tasks are at work
+    QList<AppInfo> m_apps;
+};
+
+} // namespace
+
+QFuture<QList<AppInfo>> AppScanner::scan(Clock clock)
+{
+    return std::make_shared<Scan>(std::move(clock))->start();
+}
+
+} // namespace keelbright

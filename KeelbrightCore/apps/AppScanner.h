@@ -1,0 +1,19 @@
+#pragma once
+
+#include "KeelbrightCore/apps/AppInfo.h"
+
+#include <QFuture>
+#include <QList>
+
+namespace keelbright::AppScanner {
+
+/// Lists the installed applications, sorted by `sortPriority`, then by last use, the longest ago
+/// (or never) first. Never fails; returns at once, from any thread.
+///
+/// Runs on the user-initiated pool and holds nothing of its caller. At most 32 applications are in
+/// work, each with one process of the metadata tool; there is no time-out. Cancelling the future
+/// ends the scan before its next application. The future finishes on a thread of the pool: an
+/// object of the main thread that may be destroyed meanwhile listens with a `QFutureWatcher`.
+[[nodiscard]] QFuture<QList<AppInfo>> scan(Clock clock = systemClock);
+
+} // namespace keelbright::AppScanner

@@ -1,0 +1,91 @@
+#include "KeelbrightCore/apps/SpotlightMetadata.h"
+
+#include "KeelbrightCore/platform/DateFormatter.h"
+#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/Subprocess.h"
+
+#include <QStringDecoder>
+#include <QStringTokenizer>
+#include <algorithm>
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isBlankOrTab(QChar character)
+{
+    return character == u'\t' || character.category() == QChar::Separator_Space;
+}
+
+/// Unlike `QStringView::trimmed`, leaves a carriage return where it is.
+QStringView withoutBlanks(QStringView text)
+{
+    const auto first = std::find_if_not(text.begin(), text.end(), isBlankOrTab);
+    const auto last = std::find_if_not(text.rbegin(), std::make_reverse_iterator(first), isBlankOrTab);
+    return {first, last.base()};
+}
+
+std::optional<QString> valueOf(const QHash<QString, QString>& values, const QString& key)
+{
+    const auto found = values.find(key);
+    return found == values.end() ? std::nullopt : std::optional(*found);
+}
+
+/// 0 for anything but a sign, which may be absent, and digits that fit.
+qint64 wholeNumber(const QString& text)
+{
+    const bool hasSign = text.startsWith(u'+') || text.startsWith(u'-');
+    const QStringView digits = QStringView(text).sliced(hasSign ? 1 : 0);
+    const auto isDigit = [](QChar character) { return character >= u'0' && character <= u'9'; };
+    return std::ranges::all_of(digits, isDigit) ? text.toLongLong() : 0;
+}
+
+} // namespace
+
+AppScanner::SpotlightMeta AppScanner::spotlightMetadata(const FileURL& bundle)
+{
+    const FileURL tool = FileManager::defaultManager().systemLocation(u"/usr/bin/mdls"_s);
+    const auto run = Subprocess::run(tool, {"-name", "kMDItemLastUsedDate", "-name", "kMDItemUseCount",
+                                            "-name", "kMDItemDateAdded", bundle.nativePath()});
+    return run ? metadataFromOutput(run->standardOutput) : SpotlightMeta();
+}
+
+AppScanner::SpotlightMeta AppScanner::metadataFromOutput(const QByteArray& output)
+{
+    QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::Stateless);
+    const QString text = decoder(output);
+    if (decoder.hasError())
+        return {};
+    const QHash<QString, QString> values = parseMdls(text);
+    return {.lastUsed = parseDate(valueOf(values, u"kMDItemLastUsedDate"_s)),
+            .useCount = wholeNumber(values.value(u"kMDItemUseCount"_s)),
+            .dateAdded = parseDate(valueOf(values, u"kMDItemDateAdded"_s))};
+}
+
+QHash<QString, QString> AppScanner::parseMdls(const QString& text)
+{
+    constexpr QStringView separator = u" = ";
+    QHash<QString, QString> values;
+    for (const QStringView line : QStringTokenizer{text, u'\n'}) {
+        const qsizetype place = line.indexOf(separator);
+        if (place < 0)
+            continue;
+        const QStringView value = withoutBlanks(line.sliced(place + separator.size()));
+        if (value != u"(null)")
+            values.insert(withoutBlanks(line.first(place)).toString(), value.toString());
+    }
+    return values;
+}
+
+std::optional<QDateTime> AppScanner::parseDate(const std::optional<QString>& text)
+{
+    if (!text)
+        return std::nullopt;
+    if (const auto date = DateFormatter::fromPattern(*text, u"yyyy-MM-dd HH:mm:ss Z"_s))
+        return date;
+    return DateFormatter::fromPattern(*text, u"yyyy-MM-dd HH:mm:ss.SSSSSS Z"_s);
+}
+
+} // namespace keelbright

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "KeelbrightCore/platform/FileURL.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QHash>
+#include <QString>
+#include <optional>
+
+// What the metadata index knows of one application. Internal to the application scanner; on its
+// own so that its parsers can be fed alone.
+
+namespace keelbright::AppScanner {
+
+/// Nothing is known: no dates and a count of 0.
+struct SpotlightMeta
+{
+    std::optional<QDateTime> lastUsed; ///< UTC
+    qint64 useCount = 0;
+    std::optional<QDateTime> dateAdded; ///< UTC
+
+    friend bool operator==(const SpotlightMeta&, const SpotlightMeta&) = default;
+};
+
+/// Asks the metadata tool and waits for its end. Never fails: where there is no such tool, or it
+/// prints no text, nothing is known. Blocks the calling thread; any thread but the main one.
+[[nodiscard]] SpotlightMeta spotlightMetadata(const FileURL& bundle);
+
+/// Reads everything that the metadata tool printed.
+[[nodiscard]] SpotlightMeta metadataFromOutput(const QByteArray& output);
+
+/// The "key = value" lines, both trimmed of blanks and tabs. A line without " = " and a value of
+/// "(null)" are left out; of two equal keys the last one holds.
+[[nodiscard]] QHash<QString, QString> parseMdls(const QString& text);
+
+/// A date of the form "2026-03-01 09:05:00 +0000", the seconds whole or with exactly six further
+/// digits (kept to the millisecond). Each field needs its full width: nothing else is a date.
+[[nodiscard]] std::optional<QDateTime> parseDate(const std::optional<QString>& text);
+
+} // namespace keelbright::AppScanner

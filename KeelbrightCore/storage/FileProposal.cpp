@@ -1,0 +1,12 @@
+#include "KeelbrightCore/storage/FileProposal.h"
+
+#include "KeelbrightCore/platform/ByteCountFormatter.h"
+
+namespace keelbright {
+
+QString FileProposal::formattedSize() const
+{
+    return ByteCountFormatter::string(sizeBytes);
+}
+
+} // namespace keelbright

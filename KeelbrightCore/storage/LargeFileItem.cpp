@@ -1,0 +1,12 @@
+#include "KeelbrightCore/storage/LargeFileItem.h"
+
+#include "KeelbrightCore/platform/ByteCountFormatter.h"
+
+namespace keelbright {
+
+QString LargeFileItem::formattedSize() const
+{
+    return ByteCountFormatter::string(sizeBytes);
+}
+
+} // namespace keelbright

@@ -1,0 +1,49 @@
+#include "KeelbrightCore/apps/AppScanner.h"
+#include "KeelbrightCore/apps/SpotlightMetadata.h"
+#include "tests/support/MadeUpApplication.h"
+#include "tests/support/TestMac.h"
+
+#include <benchmark/benchmark.h>
+
+namespace keelbright::bench {
+namespace {
+
+void readMetadataOutput(benchmark::State& state)
+{
+    const QByteArray output = "kMDItemDateAdded    = 2025-01-02 03:04:05 +0000\n"
+                              "kMDItemLastUsedDate = 2026-03-01 09:05:00 +0000\n"
+                              "kMDItemUseCount     = 42\n";
+    for (auto _ : state)
+        benchmark::DoNotOptimize(AppScanner::metadataFromOutput(output));
+}
+
+void readMegabytesOfMetadataOutput(benchmark::State& state)
+{
+    const QByteArray output = QByteArray("kMDItemSomething = a value like any other\n").repeated(100'000);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(AppScanner::metadataFromOutput(output));
+}
+
+/// Without a metadata tool: what is left is listing, reading property lists, judging.
+void scanPropertyLists(benchmark::State& state)
+{
+    const testing::TestMac mac;
+    const testing::MadeUpFiles files(mac.root(), mac.clock()());
+    for (int number = 0; number < 100; ++number) {
+        const QByteArray name = "App" + QByteArray::number(number);
+        addApplication(
+            files, "Applications",
+            {.name = name,
+             .bundleID = "org.example." + name,
+             .form = number % 2 == 0 ? testing::PropertyListForm::xml : testing::PropertyListForm::binary});
+    }
+    for (auto _ : state)
+        benchmark::DoNotOptimize(AppScanner::scan(mac.clock()).result());
+}
+
+BENCHMARK(readMetadataOutput)->Unit(benchmark::kMicrosecond);
+BENCHMARK(readMegabytesOfMetadataOutput)->Unit(benchmark::kMillisecond);
+BENCHMARK(scanPropertyLists)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+} // namespace keelbright::bench

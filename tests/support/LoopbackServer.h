@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QTcpServer>
+#include <chrono>
+
+namespace keelbright::testing {
+
+/// What a `LoopbackServer` sends back for one request.
+struct LoopbackAnswer
+{
+    /// Sent one by one, each after the pause.
+    QList<QByteArray> pieces = {};
+    std::chrono::milliseconds pause{0};
+    /// Whether the connection is closed behind the last piece; otherwise it stays open in silence.
+    bool closes = true;
+
+    /// A whole HTTP answer. `headers` are lines, each with its end.
+    [[nodiscard]] static LoopbackAnswer http(const QByteArray& body, const QByteArray& status = "200 OK",
+                                             const QByteArray& headers = {});
+};
+
+/// A real HTTP server on 127.0.0.1, in the thread's own event loop. It reads what is sent up to the
+/// empty line, keeps it, and answers from a list.
+class LoopbackServer
+{
+public:
+    LoopbackServer();
+
+    /// "http://127.0.0.1:<port>"
+    [[nodiscard]] QString origin() const;
+
+    /// For the next requests, one each; the last one also for all that follow.
+    void setAnswers(const QList<LoopbackAnswer>& answers) { m_answers = answers; }
+
+    void setAnswer(const LoopbackAnswer& answer) { setAnswers({answer}); }
+
+    /// From now on nobody listens at the port.
+    void close() { m_server.close(); }
+
+    /// The heads of all requests, in order.
+    [[nodiscard]] const QList<QByteArray>& requests() const { return m_requests; }
+
+    /// Their first lines.
+    [[nodiscard]] QList<QByteArray> requestLines() const;
+
+private:
+    void serve(QTcpSocket* socket);
+    void answer(QTcpSocket* socket);
+
+    QTcpServer m_server;
+    QList<LoopbackAnswer> m_answers;
+    QList<QByteArray> m_requests;
+};
+
+} // namespace keelbright::testing
