@@ -50,10 +50,11 @@ void BackupProgressView::watchState()
 
 void BackupProgressView::redraw()
 {
+    const auto& report = m_state.lastReport();
     if (m_state.engine().isRunning())
         showRunning();
-    else if (m_state.lastReport())
-        showFinished(*m_state.lastReport());
+    else if (report)
+        showFinished(*report);
     else
         showEmpty();
     redrawError();

@@ -101,7 +101,8 @@ const std::optional<BackupReport>& BackupReportView::report() const
 
 void BackupReportView::redraw()
 {
-    const std::optional<QUuid> id = report() ? std::optional(report()->id) : std::nullopt;
+    const std::optional<BackupReport>& shown = report();
+    const std::optional<QUuid> id = shown ? std::optional(shown->id) : std::nullopt;
     if (m_content != nullptr && id == m_shownReport)
         return;
     if (m_content != nullptr) {
@@ -110,8 +111,8 @@ void BackupReportView::redraw()
         m_content->deleteLater();
     }
     m_shownReport = id;
-    if (report())
-        m_content = makeContent(*report());
+    if (shown)
+        m_content = makeContent(*shown);
     else
         m_content = new EmptyStateView(tr("No Report Yet"), tr("Run a backup to generate a report."),
                                        u"doc.text.magnifyingglass"_s);

@@ -14,6 +14,7 @@ class CardGridLayout : public QLayout
 public:
     explicit CardGridLayout(QWidget* parent = nullptr);
     ~CardGridLayout() override;
+    Q_DISABLE_COPY_MOVE(CardGridLayout)
 
     void addItem(QLayoutItem* item) override;
 

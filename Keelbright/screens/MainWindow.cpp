@@ -96,7 +96,7 @@ void MainWindow::toggleSidebar()
 
 void MainWindow::updateSidebarAction()
 {
-    const bool isHidden = m_main && m_main->sidebar()->isHidden();
+    const bool isHidden = m_main != nullptr && m_main->sidebar()->isHidden();
     m_sidebarAction->setEnabled(!m_main.isNull());
     m_sidebarAction->setText(isHidden ? tr("Show Sidebar") : tr("Hide Sidebar"));
 }

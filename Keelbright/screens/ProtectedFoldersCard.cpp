@@ -110,10 +110,11 @@ void ProtectedFoldersCard::redrawSources()
 
 void ProtectedFoldersCard::redrawDestination()
 {
-    if (!m_state.selectedDestination())
+    const auto& destination = m_state.selectedDestination();
+    if (!destination)
         return;
-    m_destinationRow->setTitle(m_state.selectedDestination()->displayName());
-    m_destinationRow->setToolTip(toolTipText(m_state.selectedDestination()->path()));
+    m_destinationRow->setTitle(destination->displayName());
+    m_destinationRow->setToolTip(toolTipText(destination->path()));
 }
 
 void ProtectedFoldersCard::redrawReport()

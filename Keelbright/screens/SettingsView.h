@@ -30,7 +30,7 @@ public:
 private:
     void addDestinationSection(QVBoxLayout& content);
     void addFoldersSection(QVBoxLayout& content);
-    void addAboutSection(QVBoxLayout& content);
+    static void addAboutSection(QVBoxLayout& content);
     void showDestination();
     void showFolders();
     [[nodiscard]] QList<QWidget*> removeButtons() const;

@@ -186,9 +186,10 @@ bool AppState::confirmBackup()
 
 void AppState::handleEngineCompletion()
 {
-    if (!m_engine.lastReport())
+    const std::optional<BackupReport>& finished = m_engine.lastReport();
+    if (!finished)
         return;
-    const BackupReport report = *m_engine.lastReport();
+    const BackupReport report = *finished;
     setLastReport(report);
     setLastBackupTime(report.completedAt);
     const bool hasErrors = !report.errors.isEmpty();

@@ -27,6 +27,7 @@ public:
     /// Loads what was saved; the services outlive the state.
     explicit AppState(AppServices services, QObject* parent = nullptr);
     ~AppState() override;
+    Q_DISABLE_COPY_MOVE(AppState)
 
     /// The screen in the detail area; absent shows the welcome view.
     [[nodiscard]] std::optional<Screen> selectedScreen() const { return m_selectedScreen; }

@@ -76,7 +76,7 @@ void AppState::migrateFromUserDefaults()
     printLine(u"Migrating from UserDefaults to BackupConfigStore..."_s);
     UserDefaults& defaults = m_services.userDefaults;
     if (const auto report = legacyRecord<BackupReport>(defaults, u"kb.lastReport"_s)) {
-        setLastReport(*report);
+        setLastReport(report);
         setLastBackupTime(report->completedAt);
     }
     // Here an empty list was meant so.
@@ -85,7 +85,7 @@ void AppState::migrateFromUserDefaults()
     if (const auto sources = legacySources(defaults))
         setCustomSources(*sources);
     if (const auto destination = legacyRecord<BackupDestination>(defaults, legacyDestinationKey()))
-        setSelectedDestination(*destination);
+        setSelectedDestination(destination);
     // Also where it could not be read: there is no second attempt.
     defaults.removeObjectForKey(legacyDestinationKey());
     persistState();

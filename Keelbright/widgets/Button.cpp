@@ -37,10 +37,10 @@ Role startingHue(Button::Kind kind)
 
 } // namespace
 
-Button::Button(Kind kind, const QString& text, const QString& symbolKey, QWidget* parent)
+Button::Button(Kind kind, const QString& text, QString symbolKey, QWidget* parent)
     : QPushButton(parent)
     , m_kind(kind)
-    , m_symbol(symbolKey)
+    , m_symbol(std::move(symbolKey))
     , m_hue(startingHue(kind))
 {
     setCaption(text);

@@ -23,7 +23,7 @@ public:
     };
 
     /// For the two kinds with a symbol alone `text` is the tool tip and the accessible name.
-    Button(Kind kind, const QString& text, const QString& symbolKey = {}, QWidget* parent = nullptr);
+    Button(Kind kind, const QString& text, QString symbolKey = {}, QWidget* parent = nullptr);
 
     [[nodiscard]] Kind kind() const { return m_kind; }
 

@@ -39,6 +39,19 @@ QVariant unwrapped(QVariant value)
     return value;
 }
 
+/// Nothing where the desktop leaves it to the program.
+std::optional<ColorScheme> schemeOfWish(uint wish)
+{
+    switch (wish) {
+    case 1:
+        return ColorScheme::dark;
+    case 2:
+        return ColorScheme::light;
+    default:
+        return std::nullopt;
+    }
+}
+
 } // namespace
 
 DesktopSettings::DesktopSettings(QObject* parent)
@@ -131,11 +144,7 @@ void DesktopSettings::takeSetting(const QString& nameSpace, const QString& key, 
 {
     const QVariant plain = unwrapped(value.variant());
     if (nameSpace == appearance && key == colorSchemeKey) {
-        // 1 asks for dark, 2 for light, 0 leaves it to the program.
-        const uint wish = plain.toUInt();
-        setPortalScheme(wish == 1   ? std::optional(ColorScheme::dark)
-                        : wish == 2 ? std::optional(ColorScheme::light)
-                                    : std::nullopt);
+        setPortalScheme(schemeOfWish(plain.toUInt()));
     } else if (nameSpace == appearance && key == reducedMotionKey) {
         setMotionReduced(plain.toUInt() == 1);
     } else if (nameSpace == gnomeInterface && key == animationsKey) {

@@ -7,9 +7,9 @@
 
 namespace keelbright {
 
-SymbolLabel::SymbolLabel(const QString& key, int size, Role color, QWidget* parent)
+SymbolLabel::SymbolLabel(QString key, int size, Role color, QWidget* parent)
     : QWidget(parent)
-    , m_key(key)
+    , m_key(std::move(key))
     , m_size(size)
     , m_color(color)
 {
@@ -45,10 +45,9 @@ void Tile::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    QColor back = Theme::instance().color(m_color);
-    Symbol::paint(painter,
-                  QRectF(rect()).adjusted(0, 0, 0, 0).marginsRemoved(QMarginsF() + (m_side - m_size) / 2.0),
-                  m_key, back);
+    QColor back = Theme::instance().color(colorRole());
+    const double margin = (m_side - symbolSize()) / 2.0;
+    Symbol::paint(painter, QRectF(rect()).marginsRemoved(QMarginsF() + margin), key(), back);
     back.setAlphaF(static_cast<float>(tileTint));
     painter.setPen(Qt::NoPen);
     painter.setBrush(back);

@@ -14,7 +14,7 @@ class SymbolLabel : public QWidget
 
 public:
     /// `size` is the side of the picture.
-    SymbolLabel(const QString& key, int size, Role color, QWidget* parent = nullptr);
+    SymbolLabel(QString key, int size, Role color, QWidget* parent = nullptr);
 
     void setKey(const QString& key);
 
@@ -29,6 +29,9 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
 
+    [[nodiscard]] int symbolSize() const { return m_size; }
+
+private:
     QString m_key;
     int m_size;
     Role m_color;

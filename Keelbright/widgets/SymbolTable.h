@@ -16,7 +16,7 @@ enum class SymbolForm {
 struct SymbolEntry
 {
     QLatin1String key;
-    char16_t glyph;
+    char16_t glyph = 0;
     SymbolForm form = SymbolForm::plain;
     char16_t badge = 0;
 };

@@ -19,17 +19,18 @@ constexpr QRgb rgb(unsigned hex)
     return 0xFF000000U | hex;
 }
 
-constexpr QRgb black(double opacity)
+/// Opacities in whole per cent.
+constexpr QRgb black(unsigned opacity)
 {
-    return static_cast<QRgb>(opacity * 255 + 0.5) << 24;
+    return (opacity * 255 + 50) / 100 << 24U;
 }
 
-constexpr QRgb white(double opacity)
+constexpr QRgb white(unsigned opacity)
 {
     return black(opacity) | 0x00FFFFFFU;
 }
 
-constexpr QRgb withOpacity(unsigned hex, double opacity)
+constexpr QRgb withOpacity(unsigned hex, unsigned opacity)
 {
     return black(opacity) | hex;
 }
@@ -38,13 +39,13 @@ constexpr std::array tokens{
     Token{Role::window, rgb(0xF5F5F7), rgb(0x1E1E20)},
     Token{Role::sidebar, rgb(0xECECF0), rgb(0x26262A)},
     Token{Role::card, rgb(0xFFFFFF), rgb(0x2A2A2E)},
-    Token{Role::line, black(0.08), white(0.09)},
-    Token{Role::controlLine, black(0.11), white(0.13)},
-    Token{Role::selection, withOpacity(0x0A6CFF, 0.12), withOpacity(0x3D8BFF, 0.22)},
-    Token{Role::hover, black(0.04), white(0.05)},
-    Token{Role::pressed, black(0.08), white(0.10)},
-    Token{Role::track, black(0.09), white(0.12)},
-    Token{Role::shadow, black(0.05), black(0.16)},
+    Token{Role::line, black(8), white(9)},
+    Token{Role::controlLine, black(11), white(13)},
+    Token{Role::selection, withOpacity(0x0A6CFF, 12), withOpacity(0x3D8BFF, 22)},
+    Token{Role::hover, black(4), white(5)},
+    Token{Role::pressed, black(8), white(10)},
+    Token{Role::track, black(9), white(12)},
+    Token{Role::shadow, black(5), black(16)},
 
     Token{Role::primaryText, rgb(0x1D1D1F), rgb(0xF5F5F7)},
     Token{Role::secondaryText, rgb(0x6E6E73), rgb(0xA1A1A6)},

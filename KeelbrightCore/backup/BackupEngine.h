@@ -21,6 +21,7 @@ class BackupEngine : public QObject
 public:
     explicit BackupEngine(QObject* parent = nullptr);
     ~BackupEngine() override;
+    Q_DISABLE_COPY_MOVE(BackupEngine)
 
     [[nodiscard]] const BackupProgress& progress() const { return m_progress; }
 

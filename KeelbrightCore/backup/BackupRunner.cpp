@@ -144,8 +144,10 @@ void run(const BackupJob& job, RunLink& engine)
     FileManager& fileManager = FileManager::defaultManager();
     const QDateTime startedAt = QDateTime::currentDateTimeUtc();
     const auto folders = createFolders(job, fileManager);
-    if (!folders)
-        return failToStart(folders.error(), engine);
+    if (!folders) {
+        failToStart(folders.error(), engine);
+        return;
+    }
 
     const qint64 estimate = FileScanner::scan(job.sources, FileScanner::Sizes::leftOut).fileCount;
     if (!engine.hop([estimate](BackupEngine& target) { target.setTotalFilesEstimate(estimate); }))

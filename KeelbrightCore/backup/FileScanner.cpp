@@ -40,7 +40,7 @@ bool hasSkippedExtension(QByteArrayView name)
     const std::string_view extension = textOf(pathExtensionOf(name));
     if (extension.empty() || extension.size() > longestExtension)
         return false;
-    std::array<char, longestExtension> lowerCase;
+    std::array<char, longestExtension> lowerCase{};
     std::ranges::transform(extension, lowerCase.begin(), toLowerAscii);
     return contains(extensions, {lowerCase.data(), extension.size()});
 }

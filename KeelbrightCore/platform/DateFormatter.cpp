@@ -80,6 +80,14 @@ std::unique_ptr<icu::DateFormat> makeFormat(DateFormatter::Style dateStyle, Date
         DateFormat::createDateTimeInstance(icuStyle(dateStyle), icuStyle(timeStyle), locale));
 }
 
+/// The nearest date whose year has four digits.
+QDateTime withinFourDigitYears(const QDateTime& date)
+{
+    static const QDateTime earliest(QDate(1, 1, 1), QTime(0, 0, 0), Qt::UTC);
+    static const QDateTime latest(QDate(9999, 12, 31), QTime(23, 59, 59), Qt::UTC);
+    return qBound(earliest, date, latest);
+}
+
 /// The text with all its digits and signs made alike: what remains is the width of its fields.
 QString shape(QString text)
 {
@@ -111,9 +119,7 @@ QString DateFormatter::iso8601(const QDateTime& date)
 {
     if (!date.isValid())
         return {};
-    static const QDateTime earliest(QDate(1, 1, 1), QTime(0, 0, 0), Qt::UTC);
-    static const QDateTime latest(QDate(9999, 12, 31), QTime(23, 59, 59), Qt::UTC);
-    return qBound(earliest, date.toUTC(), latest).toString(QStringLiteral("yyyy-MM-dd'T'HH:mm:ss'Z'"));
+    return withinFourDigitYears(date.toUTC()).toString(QStringLiteral("yyyy-MM-dd'T'HH:mm:ss'Z'"));
 }
 
 std::optional<QDateTime> DateFormatter::fromIso8601(const QString& text)
@@ -131,7 +137,7 @@ std::optional<QDateTime> DateFormatter::fromIso8601(const QString& text)
         return std::nullopt;
     const int offset = (hours * 60 + minutes) * 60;
     const QDateTime asUtc(day, time, Qt::UTC);
-    return asUtc.addSecs(match.captured(3) == QStringLiteral("-") ? offset : -offset);
+    return withinFourDigitYears(asUtc.addSecs(match.captured(3) == QStringLiteral("-") ? offset : -offset));
 }
 
 std::optional<QDateTime> DateFormatter::fromPattern(const QString& text, const QString& pattern)

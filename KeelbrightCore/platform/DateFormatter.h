@@ -18,7 +18,8 @@ enum class Style { none, short_, medium, long_ };
 /// ISO 8601 in UTC at whole seconds (cut, not rounded): "2026-03-01T09:05:00Z". Dates outside the
 /// years 1 to 9999 become the nearest within; empty for an invalid date.
 [[nodiscard]] QString iso8601(const QDateTime& date);
-/// Reads what `iso8601` writes, or the same with a numeric offset; nothing for anything else.
+/// Reads what `iso8601` writes, or the same with a numeric offset; nothing for anything else. A date
+/// that its offset leads out of the years 1 to 9999 becomes the nearest within.
 [[nodiscard]] std::optional<QDateTime> fromIso8601(const QString& text);
 
 /// Reads a date with a fixed pattern of the Unicode date field symbols, such as

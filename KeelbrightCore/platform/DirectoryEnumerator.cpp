@@ -70,11 +70,8 @@ public:
         if (m_entersCurrent)
             enterCurrent();
         for (;;) {
-            const auto entry = m_readers.back().read(m_chain.descriptor());
-            if (!entry)
-                report(currentFolder(), FileError::Operation::listed, entry.error());
-            if (entry && *entry) {
-                if (deliver(**entry))
+            if (const auto entry = read()) {
+                if (deliver(*entry))
                     return true;
                 continue;
             }
@@ -85,6 +82,8 @@ public:
     }
 
     void skipDescendants() { m_entersCurrent = false; }
+
+    void setErrorHandler(ErrorHandler handler) { m_errorHandler = std::move(handler); }
 
     std::unique_ptr<Walk> branchOff()
     {
@@ -99,16 +98,23 @@ public:
 
     [[nodiscard]] FileURL currentFolder() const { return m_root.appendingNative(m_chain.relativePath()); }
 
-    FileURL m_root;
-    Options m_options;
-    FolderChain m_chain;
-    std::vector<DirectoryReader> m_readers; ///< one a folder of the chain, the root's first
-    ErrorHandler m_errorHandler;
-    const char* m_name = nullptr;
-    EntryType m_type = EntryType::other;
-    bool m_entersCurrent = false;
+    [[nodiscard]] const FolderChain& chain() const { return m_chain; }
+
+    [[nodiscard]] const char* name() const { return m_name; }
+
+    [[nodiscard]] EntryType type() const { return m_type; }
 
 private:
+    /// The next entry of the current folder; nothing at its end, and where its listing breaks off.
+    [[nodiscard]] std::optional<RawDirectoryEntry> read()
+    {
+        const auto entry = m_readers.back().read(m_chain.descriptor());
+        if (entry)
+            return *entry;
+        report(currentFolder(), FileError::Operation::listed, entry.error());
+        return std::nullopt;
+    }
+
     bool deliver(const RawDirectoryEntry& entry)
     {
         if (m_options.testFlag(Option::skipsHiddenFiles) && entry.name[0] == '.')
@@ -148,11 +154,20 @@ private:
             report(folder.deletingLastPathComponent(), FileError::Operation::listed, left.error());
     }
 
-    void report(const FileURL& folder, FileError::Operation operation, int code)
+    void report(const FileURL& folder, FileError::Operation operation, int code) const
     {
         if (m_errorHandler)
             m_errorHandler(folder, FileError::fromCode(operation, folder.lastPathComponent(), code));
     }
+
+    FileURL m_root;
+    Options m_options;
+    FolderChain m_chain;
+    std::vector<DirectoryReader> m_readers; ///< one a folder of the chain, the root's first
+    ErrorHandler m_errorHandler;
+    const char* m_name = nullptr;
+    EntryType m_type = EntryType::other;
+    bool m_entersCurrent = false;
 };
 
 std::expected<std::unique_ptr<DirectoryEnumerator>, FileError> DirectoryEnumerator::open(const FileURL& root,
@@ -176,7 +191,7 @@ DirectoryEnumerator::~DirectoryEnumerator() = default;
 
 void DirectoryEnumerator::setErrorHandler(ErrorHandler handler)
 {
-    m_walk->m_errorHandler = std::move(handler);
+    m_walk->setErrorHandler(std::move(handler));
 }
 
 bool DirectoryEnumerator::next()
@@ -198,32 +213,32 @@ std::unique_ptr<DirectoryEnumerator> DirectoryEnumerator::branchOff()
 
 QByteArrayView DirectoryEnumerator::name() const
 {
-    return {m_walk->m_name, static_cast<qsizetype>(std::strlen(m_walk->m_name))};
+    return {m_walk->name(), static_cast<qsizetype>(std::strlen(m_walk->name()))};
 }
 
 EntryType DirectoryEnumerator::type() const
 {
-    return m_walk->m_type;
+    return m_walk->type();
 }
 
 bool DirectoryEnumerator::isDirectoryFollowingLinks() const
 {
-    if (m_walk->m_type != EntryType::symbolicLink)
-        return m_walk->m_type == EntryType::directory;
+    if (m_walk->type() != EntryType::symbolicLink)
+        return m_walk->type() == EntryType::directory;
     struct stat status = {};
-    return ::fstatat(folderDescriptor(), m_walk->m_name, &status, 0) == 0 && S_ISDIR(status.st_mode);
+    return ::fstatat(folderDescriptor(), m_walk->name(), &status, 0) == 0 && S_ISDIR(status.st_mode);
 }
 
 std::optional<qint64> DirectoryEnumerator::fileSize() const
 {
-    if (m_walk->m_type == EntryType::directory)
+    if (m_walk->type() == EntryType::directory)
         return std::nullopt;
-    return sizeOf(folderDescriptor(), m_walk->m_name);
+    return sizeOf(folderDescriptor(), m_walk->name());
 }
 
 QByteArrayView DirectoryEnumerator::relativeFolder() const
 {
-    return m_walk->m_chain.relativePath();
+    return m_walk->chain().relativePath();
 }
 
 FileURL DirectoryEnumerator::url() const
@@ -233,7 +248,7 @@ FileURL DirectoryEnumerator::url() const
 
 int DirectoryEnumerator::folderDescriptor() const
 {
-    return m_walk->m_chain.descriptor();
+    return m_walk->chain().descriptor();
 }
 
 } // namespace keelbright

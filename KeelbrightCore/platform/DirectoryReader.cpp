@@ -38,7 +38,7 @@ std::optional<EntryType> typeOf(unsigned char directoryType)
 namespace {
 
 /// What the C library reads at once too; more did not make a walk faster.
-constexpr size_t bufferSize = 32 * 1024;
+constexpr size_t bufferSize = size_t{32} * 1024;
 
 } // namespace
 

@@ -11,10 +11,10 @@ namespace keelbright {
 namespace {
 
 /// Up to here one read and one write beat a call for a copy within the kernel.
-constexpr qint64 smallFile = 256 * 1024;
-constexpr size_t bufferSize = 1024 * 1024;
+constexpr qint64 smallFile = qint64{256} * 1024;
+constexpr size_t bufferSize = size_t{1024} * 1024;
 /// A copy within the kernel goes in pieces of this size, so that quitting is noticed in between.
-constexpr qint64 kernelPiece = 16 * 1024 * 1024;
+constexpr qint64 kernelPiece = qint64{16} * 1024 * 1024;
 constexpr int maximumCopies = 3;
 
 bool isSame(const timespec& a, const timespec& b)

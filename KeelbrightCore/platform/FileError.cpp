@@ -1,6 +1,7 @@
 #include "KeelbrightCore/platform/FileError.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -71,67 +72,49 @@ QString reasonText(const FileError& error)
     return translated("the reason is unknown");
 }
 
-const char* knownReason(int code)
+struct CodedReason
 {
-    switch (code) {
-    case EACCES:
-    case EPERM:
-        return "you don't have permission";
-    case ENOENT:
-        return "it does not exist";
-    case ENOSPC:
-        return "there is not enough space on the drive";
-    case EDQUOT:
-        return "your share of the drive is used up";
-    case EROFS:
-        return "the drive is read-only";
-    case EIO:
-        return "the drive reported an error";
-    case EEXIST:
-    case ENOTEMPTY:
-        return "something of that name is already there";
-    case ENOTDIR:
-        return "a file stands in the place of a folder";
-    case EISDIR:
-        return "a folder stands in its place";
-    case ENAMETOOLONG:
-        return "the name is too long";
-    case EFBIG:
-        return "the file is too large for the drive";
-    case EINVAL:
-    case EILSEQ:
-        return "the drive does not accept it";
-    case ELOOP:
-        return "its symbolic links lead in a circle";
-    case EMFILE:
-    case ENFILE:
-        return "too many files are open";
-    case ENODEV:
-    case ENXIO:
-    case ENOTCONN:
-        return "the drive is gone";
-    case EXDEV:
-        return "it lies on another drive";
-    case EBUSY:
-    case ETXTBSY:
-        return "it is in use";
-    case ESTALE:
-        return "the network drive no longer knows it";
-    case ENOMEM:
-        return "there is not enough memory";
-    case ETIMEDOUT:
-        return "the drive did not answer in time";
-    default:
-        return nullptr;
-    }
-}
+    int code = 0;
+    const char* reason = nullptr;
+};
+
+constexpr CodedReason knownReasons[] = {
+    {EACCES, "you don't have permission"},
+    {EPERM, "you don't have permission"},
+    {ENOENT, "it does not exist"},
+    {ENOSPC, "there is not enough space on the drive"},
+    {EDQUOT, "your share of the drive is used up"},
+    {EROFS, "the drive is read-only"},
+    {EIO, "the drive reported an error"},
+    {EEXIST, "something of that name is already there"},
+    {ENOTEMPTY, "something of that name is already there"},
+    {ENOTDIR, "a file stands in the place of a folder"},
+    {EISDIR, "a folder stands in its place"},
+    {ENAMETOOLONG, "the name is too long"},
+    {EFBIG, "the file is too large for the drive"},
+    {EINVAL, "the drive does not accept it"},
+    {EILSEQ, "the drive does not accept it"},
+    {ELOOP, "its symbolic links lead in a circle"},
+    {EMFILE, "too many files are open"},
+    {ENFILE, "too many files are open"},
+    {ENODEV, "the drive is gone"},
+    {ENXIO, "the drive is gone"},
+    {ENOTCONN, "the drive is gone"},
+    {EXDEV, "it lies on another drive"},
+    {EBUSY, "it is in use"},
+    {ETXTBSY, "it is in use"},
+    {ESTALE, "the network drive no longer knows it"},
+    {ENOMEM, "there is not enough memory"},
+    {ETIMEDOUT, "the drive did not answer in time"},
+};
 
 } // namespace
 
 QString systemReason(int code)
 {
-    if (const char* known = knownReason(code))
-        return translated(known);
+    const auto known = std::ranges::find(knownReasons, code, &CodedReason::code);
+    if (known != std::end(knownReasons))
+        return translated(known->reason);
     return QString::fromLocal8Bit(std::strerror(code));
 }
 

@@ -55,7 +55,7 @@ Decoded<QList<JsonDecoder>> objectsOf(const QJsonArray& array, const QString& pa
 {
     QList<JsonDecoder> objects;
     objects.reserve(array.size());
-    for (const QJsonValue& element : array) {
+    for (const auto element : array) {
         QString elementPath = u"%1[%2]"_s.arg(path, QString::number(objects.size()));
         if (!element.isObject())
             return std::unexpected(JsonError{std::move(elementPath), u"is not an object"_s});
@@ -161,7 +161,7 @@ Decoded<QStringList> JsonDecoder::strings(const QString& key) const
     const QJsonArray array = value.toArray();
     QStringList texts;
     texts.reserve(array.size());
-    for (const QJsonValue& element : array) {
+    for (const auto element : array) {
         if (!element.isString())
             return std::unexpected(
                 JsonError{u"%1[%2]"_s.arg(pathOf(key), QString::number(texts.size())), u"is not a text"_s});

@@ -44,10 +44,10 @@ void forEachEntry(int parent, const char* name, const std::function<void(QByteAr
         retrying([&] { return ::openat(parent, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
     DirectoryReader reader;
     while (folder.isOpen()) {
-        const auto entry = reader.read(folder.get());
-        if (!entry || !*entry)
+        const auto entry = reader.read(folder.get()).value_or(std::nullopt);
+        if (!entry)
             return;
-        visit((*entry)->name);
+        visit(entry->name);
     }
 }
 

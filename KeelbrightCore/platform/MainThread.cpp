@@ -42,39 +42,39 @@ public:
             return QObject::event(event);
         const auto leaveAt = SteadyClock::now() + longestStay;
         // Already while a change is made: the task answers it faster than we could say so after.
-        m_isLookingOut = true;
+        isLookingOut = true;
         do {
             makeChange();
         } while (SteadyClock::now() < leaveAt && hasNextChange());
-        m_isLookingOut = false;
+        isLookingOut = false;
         // In this order: a task that still saw the lookout has posted before this last look.
-        if (m_state == State::posted)
+        if (state == State::posted)
             QCoreApplication::postEvent(this, new QEvent(changeEvent));
         return true;
     }
 
-    void finish(State state)
+    void finish(State reached)
     {
         State expected = State::posted;
         // A close that came from within the change stays.
-        if (state == State::closed)
-            m_state = State::closed;
-        else if (!m_state.compare_exchange_strong(expected, state))
+        if (reached == State::closed)
+            state = State::closed;
+        else if (!state.compare_exchange_strong(expected, reached))
             return;
-        m_state.notify_all();
+        state.notify_all();
     }
 
-    std::atomic<State> m_state = State::idle;
-    std::atomic<bool> m_isLookingOut = false; ///< the next change needs no event
-    std::move_only_function<void()> m_change;
+    std::atomic<State> state = State::idle;
+    std::atomic<bool> isLookingOut = false; ///< the next change needs no event
+    std::move_only_function<void()> change;
 
 private:
     void makeChange()
     {
-        if (m_state != State::posted)
+        if (state != State::posted)
             return;
         // The last owner of what the change carries goes before the task goes on.
-        std::exchange(m_change, nullptr)();
+        std::exchange(change, nullptr)();
         finish(State::idle);
     }
 
@@ -83,9 +83,9 @@ private:
     {
         const auto until = SteadyClock::now() + lookout;
         // Yielding costs nothing on a free machine, and on a busy one lets the task go on.
-        while (m_state == State::idle && SteadyClock::now() < until)
+        while (state == State::idle && SteadyClock::now() < until)
             std::this_thread::yield();
-        return m_state == State::posted;
+        return state == State::posted;
     }
 };
 
@@ -104,29 +104,29 @@ MainThreadHop::~MainThreadHop()
 
 void MainThreadHop::post(std::move_only_function<void()> change)
 {
-    if (m_receiver->m_state == Receiver::State::closed)
+    if (m_receiver->state == Receiver::State::closed)
         return;
-    m_receiver->m_change = std::move(change);
+    m_receiver->change = std::move(change);
     auto expected = Receiver::State::idle;
-    if (m_receiver->m_state.compare_exchange_strong(expected, Receiver::State::posted) &&
-        !m_receiver->m_isLookingOut)
+    if (m_receiver->state.compare_exchange_strong(expected, Receiver::State::posted) &&
+        !m_receiver->isLookingOut)
         QCoreApplication::postEvent(m_receiver.get(), new QEvent(changeEvent));
 }
 
 bool MainThreadHop::wait()
 {
     for (int look = 0; look < looksBeforeSleep; ++look) {
-        if (m_receiver->m_state != Receiver::State::posted)
+        if (m_receiver->state != Receiver::State::posted)
             break;
         std::this_thread::yield();
     }
-    m_receiver->m_state.wait(Receiver::State::posted);
-    return m_receiver->m_state != Receiver::State::closed;
+    m_receiver->state.wait(Receiver::State::posted);
+    return m_receiver->state != Receiver::State::closed;
 }
 
 bool MainThreadHop::isPending() const
 {
-    return m_receiver->m_state == Receiver::State::posted;
+    return m_receiver->state == Receiver::State::posted;
 }
 
 bool MainThreadHop::hop(std::move_only_function<void()> change)

@@ -18,6 +18,8 @@ public:
     PreparedFile(std::shared_ptr<const TargetFolder> folder, FileDescriptor file, QByteArray temporaryName,
                  QByteArray name);
     ~PreparedFile() override;
+    PreparedFile(const PreparedFile&) = delete;
+    PreparedFile& operator=(const PreparedFile&) = delete;
     [[nodiscard]] std::expected<void, FileError> publish() override;
 
     [[nodiscard]] qint64 sourceSize() const override { return m_sourceSize; }

@@ -93,12 +93,12 @@ public:
     LaunchPlan(const LaunchPlan&) = delete;
     LaunchPlan& operator=(const LaunchPlan&) = delete;
 
-    [[nodiscard]] std::expected<pid_t, int> launch(const QByteArray& executable,
-                                                   const QList<QByteArray>& arguments) const
+    /// Takes copies, because the call asks for bytes that it might change.
+    [[nodiscard]] std::expected<pid_t, int> launch(QByteArray executable, QList<QByteArray> arguments) const
     {
-        std::vector<char*> vector = {const_cast<char*>(executable.constData())};
-        for (const QByteArray& argument : arguments)
-            vector.push_back(const_cast<char*>(argument.constData()));
+        std::vector<char*> vector = {executable.data()};
+        for (QByteArray& argument : arguments)
+            vector.push_back(argument.data());
         vector.push_back(nullptr);
         pid_t process = -1;
         const int code = ::posix_spawn(&process, executable.constData(), &m_actions, &m_attributes,

@@ -17,11 +17,11 @@ struct ActivityEntry
 
     QUuid id;
     QDateTime timestamp; ///< UTC
-    Kind kind;
+    Kind kind = Kind::backup;
     QString title;
     QString detail;
-    qint64 bytesAffected; ///< 0 where there is no size to show
-    qint64 itemCount;
+    qint64 bytesAffected = 0; ///< 0 where there is no size to show
+    qint64 itemCount = 0;
 
     [[nodiscard]] static const QList<Kind>& allKinds();
     [[nodiscard]] static QString rawValue(Kind kind);

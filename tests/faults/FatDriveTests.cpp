@@ -141,9 +141,9 @@ TEST_F(FatDriveTest, keepsTwoFoldersApartThatDifferInCaseOnly)
 TEST_F(FatDriveTest, keepsTwoSourcesApartThatDifferInCaseOnly)
 {
     const FileURL first = mac.makeFolder("Users/mira/Photos");
-    const FileURL second = mac.makeFolder("Users/mira/work/photos");
+    const FileURL second = mac.makeFolder("Users/mira/Archive/photos");
     mac.writeFile("Users/mira/Photos/p", "first");
-    mac.writeFile("Users/mira/work/photos/p", "second");
+    mac.writeFile("Users/mira/Archive/photos/p", "second");
     run({first, second});
     EXPECT_EQ(progress().errors,
               QStringList{QStringLiteral("Cannot create %1: “photos” could not be created: a file whose name "
@@ -157,9 +157,9 @@ TEST_F(FatDriveTest, mergesSourcesOfTheSameNameAndLetsTheLaterWin)
 {
     mac.writeFile("Users/mira/Documents/a.txt", "first");
     mac.writeFile("Users/mira/Documents/same", "first");
-    mac.writeFile("Users/mira/work/Documents/same", "second");
-    mac.writeFile("Users/mira/work/Documents/A.txt", "second");
-    run({documents, mac.makeFolder("Users/mira/work/Documents")});
+    mac.writeFile("Users/mira/Archive/Documents/same", "second");
+    mac.writeFile("Users/mira/Archive/Documents/A.txt", "second");
+    run({documents, mac.makeFolder("Users/mira/Archive/Documents")});
     EXPECT_EQ(progress().errors, QStringList{caseLine("A.txt")});
     EXPECT_EQ(copyOf("same"), "second");
     EXPECT_EQ(copyOf("a.txt"), "first");

@@ -164,6 +164,14 @@ TEST_F(DateFormatterTests, iso8601ReadsANumericOffset)
     EXPECT_EQ(parsed("2026-03-01T09:05:00-0500"), utc(2026, 3, 1, 14, 5));
 }
 
+TEST_F(DateFormatterTests, iso8601KeepsDatesWithinFourDigitsOfTheYearAgainstTheirOffset)
+{
+    EXPECT_EQ(parsed("0001-01-01T14:00:00+14:00"), utc(1, 1, 1));
+    EXPECT_EQ(parsed("0001-01-01T13:59:59+14:00"), utc(1, 1, 1));
+    EXPECT_EQ(parsed("9999-12-31T11:59:59-12:00"), utc(9999, 12, 31, 23, 59, 59));
+    EXPECT_EQ(parsed("9999-12-31T12:00:00-12:00"), utc(9999, 12, 31, 23, 59, 59));
+}
+
 TEST_F(DateFormatterTests, iso8601RefusesAnythingElse)
 {
     for (const char* text :

@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/SystemFileManager.h"
 
+#include "tests/support/EnvironmentVariable.h"
 #include "tests/support/TestMac.h"
 
 #include <gmock/gmock.h>
@@ -157,23 +158,18 @@ TEST_F(SystemFileManagerTest, resolvesLinksOnTheWay)
 
 TEST(SystemFileManagerPlaces, followTheEnvironment)
 {
-    const QByteArray home = qgetenv("HOME");
-    const QByteArray dataHome = qgetenv("XDG_DATA_HOME");
-    qputenv("HOME", "/Users/someone");
-    qunsetenv("XDG_DATA_HOME");
+    const testing::EnvironmentVariable home("HOME");
+    const testing::EnvironmentVariable dataHome("XDG_DATA_HOME");
+    home.set("/Users/someone");
+    dataHome.unset();
     const SystemFileManager files;
     EXPECT_EQ(files.homeDirectory().nativePath(), "/Users/someone");
     EXPECT_EQ(files.applicationSupportDirectory().nativePath(), "/Users/someone/.local/share");
-    qputenv("XDG_DATA_HOME", "/data");
+    dataHome.set("/data");
     EXPECT_EQ(files.applicationSupportDirectory().nativePath(), "/data");
-    qputenv("XDG_DATA_HOME", "relative");
+    dataHome.set("relative");
     EXPECT_EQ(files.applicationSupportDirectory().nativePath(), "/Users/someone/.local/share");
     EXPECT_EQ(files.systemLocation(QStringLiteral("/Applications")).nativePath(), "/Applications");
-    qputenv("HOME", home);
-    if (dataHome.isNull())
-        qunsetenv("XDG_DATA_HOME");
-    else
-        qputenv("XDG_DATA_HOME", dataHome);
 }
 
 TEST(FileManagerGuard, standsInForTheDefaultWhileItLives)

@@ -3,6 +3,7 @@
 #include "KeelbrightCore/platform/Trash.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
+#include "tests/support/UnprivilegedUser.h"
 
 #include <gtest/gtest.h>
 #include <initializer_list>
@@ -93,7 +94,7 @@ protected:
         ASSERT_EQ(::chmod(m_mac.root().nativePath().constData(), 0755), 0);
         if (::getuid() != 0)
             return;
-        constexpr uid_t nobody = 65534;
+        constexpr uid_t nobody = UnprivilegedUser::nobody;
         ASSERT_EQ(::lchown(m_mac.home().nativePath().constData(), nobody, nobody), 0);
         for (const FileURL& url : urls)
             ASSERT_EQ(::lchown(url.nativePath().constData(), nobody, nobody), 0);

@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/UserDefaults.h"
 
+#include "tests/support/EnvironmentVariable.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 
@@ -12,18 +13,9 @@ namespace {
 
 class UserDefaultsTests : public ::testing::Test
 {
-public:
-    UserDefaultsTests() { qunsetenv("XDG_CONFIG_HOME"); }
-
-    ~UserDefaultsTests() override
-    {
-        if (m_configured)
-            qputenv("XDG_CONFIG_HOME", *m_configured);
-        else
-            qunsetenv("XDG_CONFIG_HOME");
-    }
-
 protected:
+    void SetUp() override { m_configurationHome.unset(); }
+
     static QString text(const char* value) { return QString::fromUtf8(value); }
 
     FileURL standardFile() const
@@ -32,11 +24,7 @@ protected:
     }
 
     testing::TestMac m_mac;
-
-private:
-    std::optional<QByteArray> m_configured = qEnvironmentVariableIsSet("XDG_CONFIG_HOME")
-                                                 ? std::optional(qgetenv("XDG_CONFIG_HOME"))
-                                                 : std::nullopt;
+    testing::EnvironmentVariable m_configurationHome{"XDG_CONFIG_HOME"};
 };
 
 const QByteArray json = R"({"id":"0B6E","url":"file:///Volumes/Backup%20;,=","note":"ü \"q\" \\ 🙂"})";
@@ -129,7 +117,7 @@ TEST_F(UserDefaultsTests, theStandardFileLiesBelowTheHome)
 TEST_F(UserDefaultsTests, theConfigurationFolderOfTheEnvironmentIsHonoured)
 {
     const FileURL folder = m_mac.root().appending(text("elsewhere"));
-    qputenv("XDG_CONFIG_HOME", folder.nativePath());
+    m_configurationHome.set(folder.nativePath());
     UserDefaults::standard().setData(text("kb.lastReport"), "x");
     EXPECT_TRUE(m_mac.fileManager().fileExists(folder.appending(text("Keelbright/UserDefaults.ini"))).exists);
     EXPECT_FALSE(m_mac.fileManager().fileExists(standardFile()).exists);
@@ -137,7 +125,7 @@ TEST_F(UserDefaultsTests, theConfigurationFolderOfTheEnvironmentIsHonoured)
 
 TEST_F(UserDefaultsTests, aRelativeConfigurationFolderIsIgnored)
 {
-    qputenv("XDG_CONFIG_HOME", "relative");
+    m_configurationHome.set("relative");
     UserDefaults::standard().setData(text("kb.lastReport"), "x");
     EXPECT_TRUE(m_mac.fileManager().fileExists(standardFile()).exists);
 }

@@ -1,11 +1,10 @@
-#include "tests/support/AsOtherUser.h"
 #include "tests/support/FatImage.h"
 #include "tests/support/TestMac.h"
 #include "tests/support/TmpfsMount.h"
+#include "tests/support/UnprivilegedUser.h"
 
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest-spi.h>
+#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,6 +18,11 @@ bool canWrite(const FileURL& url, size_t bytes)
     std::ofstream file(url.nativePath().toStdString(), std::ios::binary);
     file << std::string(bytes, 'x') << std::flush;
     return file.good();
+}
+
+bool canRead(const FileURL& url)
+{
+    return std::ifstream(url.nativePath().toStdString()).is_open();
 }
 
 TEST(TmpfsMount, isFullBehindItsBytes)
@@ -60,33 +64,21 @@ TEST(FatImage, hasNeitherLinksNorCase)
     EXPECT_NE(::symlink("File.txt", drive.root().appendingNative("link").nativePath().constData()), 0);
 }
 
-TEST(AsOtherUser, mayNotReadWhatIsTheUsersOwn)
+TEST(UnprivilegedUser, mayNotReadWhatIsLockedAndIsHeldBackNoLonger)
 {
     const testing::TestMac mac;
     const FileURL open = mac.writeFile("open", "x");
-    const FileURL closed = mac.writeFile("closed", "x");
-    ASSERT_EQ(::chmod(closed.nativePath().constData(), 0600), 0);
-    const std::string reason = testing::asOtherUser(mac.root(), [&] {
-        EXPECT_EQ(::access(open.nativePath().constData(), R_OK), 0);
-        EXPECT_NE(::access(closed.nativePath().constData(), R_OK), 0);
-    });
-    if (!reason.empty())
-        GTEST_SKIP() << reason;
-}
-
-TEST(AsOtherUser, whatItFailsToExpectFailsTheTest)
-{
-    const testing::TestMac mac;
-    std::string reason;
-    ::testing::TestPartResultArray failures;
+    const FileURL locked = mac.writeFile("locked", "x");
+    ASSERT_EQ(::chmod(mac.root().nativePath().constData(), 0755), 0);
+    ASSERT_EQ(::chmod(locked.nativePath().constData(), 0), 0);
+    const uid_t before = ::geteuid();
     {
-        const ::testing::ScopedFakeTestPartResultReporter reporter(
-            ::testing::ScopedFakeTestPartResultReporter::INTERCEPT_ONLY_CURRENT_THREAD, &failures);
-        reason = testing::asOtherUser(mac.root(), [] { ::_exit(1); });
+        const testing::UnprivilegedUser user;
+        EXPECT_NE(::geteuid(), 0U);
+        EXPECT_TRUE(canRead(open));
+        EXPECT_FALSE(canRead(locked));
     }
-    if (!reason.empty())
-        GTEST_SKIP() << reason;
-    EXPECT_EQ(failures.size(), 1);
+    EXPECT_EQ(::geteuid(), before);
 }
 
 } // namespace

@@ -24,13 +24,15 @@ TestMac::TestMac()
     : m_root(FileURL::fromPath(QDir(m_folder.path()).canonicalPath()))
     , m_fileManager(m_root)
     , m_guard(m_fileManager)
-    , m_previousTimeZone(qgetenv("TZ"))
     , m_now(std::make_shared<QDateTime>(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC))
 {
     m_folder.setAutoRemove(false);
     if (!m_folder.isValid())
         ADD_FAILURE() << "no temporary folder: " << m_folder.errorString().toStdString();
     std::filesystem::create_directories(standardPath(home()));
+    // What asks the environment instead of the file manager must not find the real ones.
+    m_configurationHome.set(home().appendingNative(".config").nativePath());
+    m_dataHome.set(m_fileManager.applicationSupportDirectory().nativePath());
     setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
     setTimeZone("Europe/Berlin");
 }
@@ -38,10 +40,7 @@ TestMac::TestMac()
 TestMac::~TestMac()
 {
     QLocale::setDefault(m_previousLocale);
-    if (m_previousTimeZone.isEmpty())
-        qunsetenv("TZ");
-    else
-        qputenv("TZ", m_previousTimeZone);
+    m_timeZone.restore();
     tzset();
     // Qt and the standard library both give up on trees that are deeper than the longest path.
     QProcess::execute(QStringLiteral("rm"), {QStringLiteral("-rf"), m_folder.path()});
@@ -78,7 +77,7 @@ QByteArray TestMac::read(const FileURL& url)
 
 void TestMac::setTimeZone(const QByteArray& ianaName)
 {
-    qputenv("TZ", ianaName);
+    m_timeZone.set(ianaName);
     tzset();
 }
 

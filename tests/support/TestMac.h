@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KeelbrightCore/platform/Clock.h"
+#include "tests/support/EnvironmentVariable.h"
 #include "tests/support/SandboxFileManager.h"
 
 #include <QByteArray>
@@ -10,7 +11,8 @@
 namespace keelbright::testing {
 
 /// A whole machine in a temporary folder, standing for the real one while it lives: file manager,
-/// home, locale (American English), time zone (Berlin) and clock (2026-03-02 09:05:07 UTC).
+/// home, the folders for configuration and data below it, locale (American English), time zone
+/// (Berlin) and clock (2026-03-02 09:05:07 UTC).
 class TestMac
 {
 public:
@@ -43,7 +45,9 @@ private:
     SandboxFileManager m_fileManager;
     FileManagerGuard m_guard;
     QLocale m_previousLocale;
-    QByteArray m_previousTimeZone;
+    EnvironmentVariable m_timeZone{"TZ"};
+    EnvironmentVariable m_configurationHome{"XDG_CONFIG_HOME"};
+    EnvironmentVariable m_dataHome{"XDG_DATA_HOME"};
     std::shared_ptr<QDateTime> m_now;
 };
 

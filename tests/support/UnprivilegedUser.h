@@ -11,10 +11,11 @@ namespace keelbright::testing {
 class UnprivilegedUser
 {
 public:
+    static constexpr uid_t nobody = 65534;
+
     UnprivilegedUser()
         : m_previous(::geteuid())
     {
-        constexpr uid_t nobody = 65534;
         if (m_previous == 0 && ::seteuid(nobody) != 0)
             ADD_FAILURE() << "can't become a plain user";
     }

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "KeelbrightCore/platform/JsonDecoding.h"
+#include "tests/fuzz/Fuzzer.h"
+
+#include <QJsonDocument>
+
+namespace keelbright::fuzzing {
+
+/// What was read from a file is the same once more after it has been written.
+template <typename Record> void requireRoundTrip(const Record& record)
+{
+    const auto json = decodeJsonObject(QJsonDocument(record.toJson()).toJson());
+    require(json.has_value(), "what is written is JSON");
+    const Decoded<Record> again = Record::fromJson(*json);
+    require(again.has_value(), "what is written can be read");
+    require(*again == record, "what is written and read is what it was");
+}
+
+/// Why a text was refused is a sentence; a text that is none or names nothing helps nobody.
+inline void requireSentence(const JsonError& error)
+{
+    const QString sentence = error.localizedDescription();
+    require(sentence.startsWith(QStringLiteral("The ")) && sentence.endsWith(u'.') && !error.reason.isEmpty(),
+            "a refusal is a sentence with a reason");
+}
+
+/// Reads one record from a JSON text, as the stores do.
+template <typename Record> void readRecord(const QByteArray& text)
+{
+    const auto json = decodeJsonObject(text);
+    const Decoded<Record> record = json ? Record::fromJson(*json) : std::unexpected(json.error());
+    if (record)
+        requireRoundTrip(*record);
+    else
+        requireSentence(record.error());
+}
+
+} // namespace keelbright::fuzzing
