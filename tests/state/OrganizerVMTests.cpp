@@ -1,5 +1,6 @@
 #include "Keelbright/state/OrganizerVM.h"
 #include "tests/state/OrganizerVMFixture.h"
+#include "tests/support/HeldFileManager.h"
 
 #include <QSemaphore>
 #include <QSignalSpy>
@@ -166,12 +167,15 @@ TEST_F(OrganizerVMTest, aChooserThatIsDismissedOrChoosesNothingChangesNothing)
 
 TEST_F(OrganizerVMTest, aChooserThatOutlivesTheModelFindsNobody)
 {
+    HeldFileManager fm(mac.root());
+    const FileManagerGuard guard(fm);
     auto other = std::make_unique<OrganizerVM>(activityStore, chooser, mac.clock());
     chooser.willStayOpen();
     other->pickCustomFolder();
     other.reset();
     chooser.confirm({downloads()});
-    EXPECT_EQ(TaskPools::userInitiated().activeThreadCount(), 0);
+    waitForTasks();
+    EXPECT_EQ(fm.looksAt(downloads()), 0);
 }
 
 TEST_F(OrganizerVMTest, aScanThatOutlivesTheModelFindsNobody)
