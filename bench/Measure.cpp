@@ -1,5 +1,6 @@
-// keelbright-measure scan TREE | size TREE | level FOLDER | walk TREE | largest TREE |
-//                    treemap CELLS | plan FOLDER | apps | backup TREE DRIVE | start SINCE
+// keelbright-measure scan TREE | size TREE | junk HOME | level FOLDER | walk TREE |
+//                    largest TREE | treemap CELLS | plan FOLDER | apps |
+//                    backup TREE DRIVE | start SINCE
 //
 // Does one thing with the real services, the backup with the real window watching (on the
 // platform that QT_QPA_PLATFORM names), and prints the seconds that it took. "start" opens the
@@ -14,6 +15,7 @@
 #include "Keelbright/widgets/Theme.h"
 #include "KeelbrightCore/apps/AppScanner.h"
 #include "KeelbrightCore/backup/FileScanner.h"
+#include "KeelbrightCore/health/HealthScoreService.h"
 #include "KeelbrightCore/storage/FolderSizeService.h"
 #include "KeelbrightCore/storage/LargestFilesScanner.h"
 #include "KeelbrightCore/storage/OrganizerService.h"
@@ -169,6 +171,28 @@ int measurePlan(const FileURL& folder)
     return measureWarm("groups", [&] { return OrganizerService::propose(folder).size(); });
 }
 
+/// The real file system with another home.
+class HomeAt : public SystemFileManager
+{
+public:
+    explicit HomeAt(FileURL home)
+        : m_home(std::move(home))
+    {}
+
+    [[nodiscard]] FileURL homeDirectory() const override { return m_home; }
+
+private:
+    FileURL m_home;
+};
+
+int measureJunk(const FileURL& home)
+{
+    HomeAt fileManager(home);
+    const FileManagerGuard guard(fileManager);
+    return measureWarm("bytes",
+                       [] { return HealthScoreService::compute(std::nullopt).result().junkEstimateBytes; });
+}
+
 int measureBackup(QApplication& application, const FileURL& tree, const FileURL& drive)
 {
     Theme::instance().install();
@@ -233,6 +257,7 @@ std::optional<int> measureOne(const QString& work, const QString& argument)
         {QStringLiteral("scan"), measureScan},       {QStringLiteral("size"), measureSize},
         {QStringLiteral("level"), measureLevel},     {QStringLiteral("walk"), measureWalk},
         {QStringLiteral("largest"), measureLargest}, {QStringLiteral("plan"), measurePlan},
+        {QStringLiteral("junk"), measureJunk},
     };
     if (work == QStringLiteral("treemap"))
         return measureTreemap(argument.toLongLong());
@@ -316,9 +341,9 @@ int main(int argc, char** argv)
     }
     if (arguments.size() == 2 && arguments[1] == QStringLiteral("apps"))
         return bench::measureApps(mac);
-    std::fputs("usage: keelbright-measure scan TREE | size TREE | level FOLDER | walk TREE | largest TREE |\n"
-               "                          treemap CELLS | plan FOLDER | apps | backup TREE DRIVE |\n"
-               "                          start SINCE\n",
+    std::fputs("usage: keelbright-measure scan TREE | size TREE | junk HOME | level FOLDER | walk TREE |\n"
+               "                          largest TREE | treemap CELLS | plan FOLDER | apps |\n"
+               "                          backup TREE DRIVE | start SINCE\n",
                stderr);
     return 2;
 }

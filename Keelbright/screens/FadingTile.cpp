@@ -64,8 +64,8 @@ void FadingTile::paintEvent(QPaintEvent* event)
     painter.setBrush(between(theme.tint(Role::secondaryText), theme.tint(Role::accent), m_position));
     painter.drawRoundedRect(rect(), Metrics::tileRadius, Metrics::tileRadius);
     const QColor color = between(theme.color(Role::secondaryText), theme.color(Role::accent), m_position);
-    const double margin = (width() - m_size) / 2.0;
-    Symbol::paint(painter, QRectF(rect()).adjusted(margin, margin, -margin, -margin), m_key, color);
+    const double margin = (width() - symbolSize()) / 2.0;
+    Symbol::paint(painter, QRectF(rect()).adjusted(margin, margin, -margin, -margin), key(), color);
 }
 
 } // namespace keelbright

@@ -2,9 +2,11 @@
 
 #include "Keelbright/state/AppServices.h"
 #include "Keelbright/state/Screen.h"
+#include "KeelbrightCore/apps/AppInfo.h"
 #include "KeelbrightCore/backup/BackupEngine.h"
 #include "KeelbrightCore/backup/RecommendedFolder.h"
 #include "KeelbrightCore/backup/RiskAlert.h"
+#include "KeelbrightCore/health/HealthScore.h"
 
 #include <QList>
 #include <QObject>
@@ -59,6 +61,14 @@ public:
 
     void setSelectedDestination(const std::optional<BackupDestination>& destination);
 
+    /// Absent before the first `refreshHealthScore` has ended; kept while a new one is computed.
+    [[nodiscard]] const std::optional<HealthScore>& healthScore() const { return m_healthScore; }
+
+    /// Once filled, kept until the program quits.
+    [[nodiscard]] const QList<AppInfo>& scannedApps() const { return m_scannedApps; }
+
+    [[nodiscard]] bool isAppScanning() const { return m_isAppScanning; }
+
     /// Report of the last finished backup, also of an earlier launch.
     [[nodiscard]] const std::optional<BackupReport>& lastReport() const { return m_lastReport; }
 
@@ -84,6 +94,11 @@ public:
     /// later.
     void handleEngineCompletion();
 
+    /// Grades the machine in the background. Two calls compute twice; the one that ends last holds.
+    void refreshHealthScore();
+    /// Lists the applications in the background, unless they are there or under way already.
+    void refreshAppsIfNeeded();
+
     void persistState();
     /// Adds a folder unless one of `allEnabledSources` has the same location.
     void addCustomSource(const FileURL& url);
@@ -104,6 +119,9 @@ Q_SIGNALS:
     void recommendedFoldersChanged();
     void customSourcesChanged();
     void selectedDestinationChanged();
+    void healthScoreChanged();
+    void scannedAppsChanged();
+    void isAppScanningChanged();
     void lastReportChanged();
     void lastBackupTimeChanged();
     void alertsChanged();
@@ -117,6 +135,9 @@ private:
     /// Enables the folders of these names and no others; saves after each.
     void enableRecommendedFolders(const QStringList& names);
     void watchEngine();
+    void setHealthScore(const HealthScore& score);
+    void setScannedApps(const QList<AppInfo>& apps);
+    void setIsAppScanning(bool isScanning);
     void setLastReport(const std::optional<BackupReport>& report);
     void setLastBackupTime(const std::optional<QDateTime>& time);
 
@@ -128,6 +149,9 @@ private:
     QList<RecommendedFolder> m_recommendedFolders;
     QList<BackupSource> m_customSources;
     std::optional<BackupDestination> m_selectedDestination;
+    std::optional<HealthScore> m_healthScore;
+    QList<AppInfo> m_scannedApps;
+    bool m_isAppScanning = false;
     std::optional<BackupReport> m_lastReport;
     std::optional<QDateTime> m_lastBackupTime;
     QList<RiskAlert> m_alerts;

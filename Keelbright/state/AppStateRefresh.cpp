@@ -1,0 +1,48 @@
+// How the state learns anew how the machine is: on the user's word only, never by a timer.
+
+#include "Keelbright/state/AppState.h"
+#include "Keelbright/state/Delivery.h"
+#include "KeelbrightCore/apps/AppScanner.h"
+#include "KeelbrightCore/health/HealthScoreService.h"
+
+namespace keelbright {
+
+void AppState::refreshHealthScore()
+{
+    deliver(HealthScoreService::compute(m_lastBackupTime, m_services.clock), this,
+            [this](const HealthScore& score) { setHealthScore(score); });
+}
+
+void AppState::refreshAppsIfNeeded()
+{
+    if (!m_scannedApps.isEmpty() || m_isAppScanning)
+        return;
+    setIsAppScanning(true);
+    deliver(AppScanner::scan(m_services.clock), this, [this](const QList<AppInfo>& apps) {
+        setScannedApps(apps);
+        setIsAppScanning(false);
+    });
+}
+
+void AppState::setHealthScore(const HealthScore& score)
+{
+    m_healthScore = score;
+    Q_EMIT healthScoreChanged();
+    Q_EMIT changed();
+}
+
+void AppState::setScannedApps(const QList<AppInfo>& apps)
+{
+    m_scannedApps = apps;
+    Q_EMIT scannedAppsChanged();
+    Q_EMIT changed();
+}
+
+void AppState::setIsAppScanning(bool isScanning)
+{
+    m_isAppScanning = isScanning;
+    Q_EMIT isAppScanningChanged();
+    Q_EMIT changed();
+}
+
+} // namespace keelbright

@@ -1,0 +1,12 @@
+#include "KeelbrightCore/health/FullScanReport.h"
+
+#include "KeelbrightCore/platform/ByteCountFormatter.h"
+
+namespace keelbright {
+
+QString FullScanReport::formattedReclaimable() const
+{
+    return ByteCountFormatter::string(totalReclaimableBytes);
+}
+
+} // namespace keelbright

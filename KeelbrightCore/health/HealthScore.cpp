@@ -1,0 +1,77 @@
+#include "KeelbrightCore/health/HealthScore.h"
+
+#include "KeelbrightCore/platform/ByteCountFormatter.h"
+
+#include <QCoreApplication>
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+double HealthScore::diskUsedFraction() const
+{
+    return diskTotalBytes > 0 ? static_cast<double>(diskUsedBytes) / static_cast<double>(diskTotalBytes) : 0;
+}
+
+QString HealthScore::diskUsedFormatted() const
+{
+    return ByteCountFormatter::string(diskUsedBytes);
+}
+
+QString HealthScore::diskTotalFormatted() const
+{
+    return ByteCountFormatter::string(diskTotalBytes);
+}
+
+QString HealthScore::diskFreeFormatted() const
+{
+    return ByteCountFormatter::string(diskFreeBytes());
+}
+
+QString HealthScore::junkFormatted() const
+{
+    return ByteCountFormatter::string(junkEstimateBytes);
+}
+
+const QList<HealthScore::Grade>& HealthScore::allGrades()
+{
+    static const QList<Grade> grades{Grade::a, Grade::b, Grade::c, Grade::d, Grade::f};
+    return grades;
+}
+
+QString HealthScore::rawValue(Grade grade)
+{
+    switch (grade) {
+    case Grade::a:
+        return u"A"_s;
+    case Grade::b:
+        return u"B"_s;
+    case Grade::c:
+        return u"C"_s;
+    case Grade::d:
+        return u"D"_s;
+    case Grade::f:
+        return u"F"_s;
+    }
+    Q_UNREACHABLE();
+}
+
+QString HealthScore::headline(Grade grade)
+{
+    const auto tr = [](const char* text) { return QCoreApplication::translate("HealthScore", text); };
+    switch (grade) {
+    case Grade::a:
+        return tr("Your Mac is in great shape.");
+    case Grade::b:
+        return tr("Your Mac is in good shape.");
+    case Grade::c:
+        return tr("Your Mac could use some attention.");
+    case Grade::d:
+        return tr("Your Mac needs a cleanup.");
+    case Grade::f:
+        return tr("Your Mac needs immediate attention.");
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace keelbright

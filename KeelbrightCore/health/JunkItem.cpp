@@ -1,0 +1,17 @@
+#include "KeelbrightCore/health/JunkItem.h"
+
+#include "KeelbrightCore/platform/ByteCountFormatter.h"
+
+namespace keelbright {
+
+QString JunkItem::name() const
+{
+    return url.lastPathComponent();
+}
+
+QString JunkItem::formattedSize() const
+{
+    return ByteCountFormatter::string(sizeBytes);
+}
+
+} // namespace keelbright

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "KeelbrightCore/platform/FileURL.h"
+
+#include <QUuid>
+
+namespace keelbright {
+
+/// One folder that can be thrown away as a whole.
+struct JunkItem
+{
+    QUuid id = QUuid::createUuid(); ///< not stable across scans
+    FileURL url;                    ///< what would be moved to the Trash as one thing
+    qint64 sizeBytes;               ///< of the files below it; above 0 in what a scan gives
+
+    /// The last path component.
+    [[nodiscard]] QString name() const;
+    [[nodiscard]] QString formattedSize() const;
+
+    friend bool operator==(const JunkItem&, const JunkItem&) = default;
+};
+
+} // namespace keelbright

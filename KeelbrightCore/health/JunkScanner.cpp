@@ -1,0 +1,127 @@
+#include "KeelbrightCore/health/JunkScanner.h"
+
+#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/storage/FolderSizeService.h"
+
+#include <QCoreApplication>
+#include <QtConcurrent>
+#include <algorithm>
+
+namespace keelbright::JunkScanner {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("JunkScanner", text);
+}
+
+/// Appends the folder as one item where there is anything below it.
+void appendIfNotEmpty(QList<JunkItem>& items, const FileURL& folder, const FileManager& fm)
+{
+    const qint64 size = FolderSizeService::recursiveSize(folder, fm);
+    if (size > 0)
+        items.append({.url = folder, .sizeBytes = size});
+}
+
+/// Each child of the folder as an item of its own, the largest first.
+QList<JunkItem> topLevelItems(const FileURL& folder, const FileManager& fm)
+{
+    const auto children = fm.contentsOfDirectory(folder, DirectoryEnumerator::Option::skipsHiddenFiles);
+    QList<JunkItem> items;
+    if (!children)
+        return items;
+    for (const DirectoryEntry& child : *children)
+        appendIfNotEmpty(items, child.url, fm);
+    std::ranges::stable_sort(items, std::ranges::greater(), &JunkItem::sizeBytes);
+    return items;
+}
+
+/// Each folder of a fixed list as one item, in the order of the list.
+QList<JunkItem> itemsOfFolders(const FileURL& home, const QStringList& relativePaths, const FileManager& fm)
+{
+    QList<JunkItem> items;
+    for (const QString& path : relativePaths) {
+        const FileURL folder = home.appending(path);
+        if (fm.fileExists(folder).exists)
+            appendIfNotEmpty(items, folder, fm);
+    }
+    return items;
+}
+
+JunkCategory scanUserCaches(const FileURL& home, const FileManager& fm)
+{
+    return {u"userCaches"_s, tr("User Caches"), u"arrow.clockwise.circle.fill"_s,
+            topLevelItems(home.appending(u"Library/Caches"_s), fm)};
+}
+
+JunkCategory scanUserLogs(const FileURL& home, const FileManager& fm)
+{
+    return {u"userLogs"_s, tr("Log Files"), u"doc.text.fill"_s,
+            topLevelItems(home.appending(u"Library/Logs"_s), fm)};
+}
+
+JunkCategory scanXcode(const FileURL& home, const FileManager& fm)
+{
+    const QStringList folders{
+        u"Library/Developer/Xcode/DerivedData"_s,
+        u"Library/Developer/Xcode/Archives"_s,
+        u"Library/Developer/Xcode/iOS DeviceSupport"_s,
+        u"Library/Developer/Xcode/watchOS DeviceSupport"_s,
+        u"Library/Developer/Xcode/visionOS DeviceSupport"_s,
+        u"Library/Developer/CoreSimulator/Caches"_s,
+    };
+    return {u"xcode"_s, tr("Xcode & Simulators"), u"hammer.fill"_s, itemsOfFolders(home, folders, fm)};
+}
+
+JunkCategory scaniOSBackups(const FileURL& home, const FileManager& fm)
+{
+    return {u"iosBackups"_s, tr("iOS Device Backups"), u"iphone.fill"_s,
+            topLevelItems(home.appending(u"Library/Application Support/MobileSync/Backup"_s), fm)};
+}
+
+JunkCategory scanBrowserCaches(const FileURL& home, const FileManager& fm)
+{
+    const QStringList folders{
+        u"Library/Caches/com.apple.Safari"_s,
+        u"Library/Application Support/Google/Chrome/Default/Cache"_s,
+        u"Library/Application Support/Google/Chrome/Default/Code Cache"_s,
+        u"Library/Caches/Firefox"_s,
+        // The whole folder on purpose: its caches can't be told from the rest by their place.
+        u"Library/Application Support/Firefox/Profiles"_s,
+        u"Library/Caches/com.microsoft.edgemac"_s,
+        u"Library/Application Support/BraveSoftware/Brave-Browser/Default/Cache"_s,
+    };
+    return {u"browserCache"_s, tr("Browser Caches"), u"globe"_s, itemsOfFolders(home, folders, fm)};
+}
+
+JunkCategory scanTrash(const FileManager& fm)
+{
+    return {u"trash"_s, tr("Trash"), u"trash.fill"_s,
+            topLevelItems(fm.homeDirectory().appending(u".Trash"_s), fm)};
+}
+
+QList<JunkCategory> scanSync()
+{
+    const FileManager& fm = FileManager::defaultManager();
+    const FileURL home = fm.homeDirectory();
+    QList<JunkCategory> categories{
+        scanUserCaches(home, fm), scanUserLogs(home, fm),      scanXcode(home, fm),
+        scaniOSBackups(home, fm), scanBrowserCaches(home, fm), scanTrash(fm),
+    };
+    categories.removeIf([](const JunkCategory& category) { return category.items.isEmpty(); });
+    std::ranges::stable_sort(categories, std::ranges::greater(), &JunkCategory::totalBytes);
+    return categories;
+}
+
+} // namespace
+
+QFuture<QList<JunkCategory>> scan()
+{
+    return QtConcurrent::run(&TaskPools::utility(), scanSync);
+}
+
+} // namespace keelbright::JunkScanner

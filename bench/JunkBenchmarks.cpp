@@ -1,0 +1,34 @@
+#include "KeelbrightCore/health/HealthScoreService.h"
+#include "KeelbrightCore/health/JunkScanner.h"
+#include "bench/BenchTree.h"
+
+#include <benchmark/benchmark.h>
+
+namespace keelbright::bench {
+namespace {
+
+/// The estimate of junk, with the disk's capacity and the way to the pool and back.
+void computeHealthScore(benchmark::State& state)
+{
+    const testing::TestMac mac;
+    makeTree(mac, "Users/mira/Library/Caches", fileCount());
+    for (auto _ : state)
+        benchmark::DoNotOptimize(HealthScoreService::compute(std::nullopt, mac.clock()).result());
+    state.SetItemsProcessed(state.iterations() * fileCount());
+}
+
+BENCHMARK(computeHealthScore)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void scanJunk(benchmark::State& state)
+{
+    const testing::TestMac mac;
+    makeTree(mac, "Users/mira/Library/Caches", fileCount());
+    for (auto _ : state)
+        benchmark::DoNotOptimize(JunkScanner::scan().result());
+    state.SetItemsProcessed(state.iterations() * fileCount());
+}
+
+BENCHMARK(scanJunk)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+} // namespace keelbright::bench

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "tests/support/SandboxFileManager.h"
+
+#include <QMutex>
+#include <QSemaphore>
+#include <optional>
+
+namespace keelbright::testing {
+
+/// The test's machine that can hold background work in the middle, and that knows which folders
+/// have been looked at. Looks are listings and questions for the capacity.
+class HeldFileManager : public SandboxFileManager
+{
+public:
+    using SandboxFileManager::SandboxFileManager;
+    /// Lets go and waits for the background work, which still stands on this object.
+    ~HeldFileManager() override;
+
+    /// The next look at this place, and only that one, waits until `letGo`; one at a time.
+    void holdNextLookAt(const FileURL& place);
+    /// Waits until a thread is held; false where none came within some seconds.
+    [[nodiscard]] bool waitUntilHeld();
+    void letGo();
+
+    [[nodiscard]] qsizetype looksAt(const FileURL& place) const;
+
+    [[nodiscard]] std::expected<QList<DirectoryEntry>, FileError>
+    contentsOfDirectory(const FileURL& url, DirectoryEnumerator::Options options) const override;
+    [[nodiscard]] std::expected<FileSystemCapacity, FileError>
+    fileSystemCapacity(const FileURL& url) const override;
+
+private:
+    void look(const FileURL& place) const;
+
+    mutable QMutex m_mutex; ///< for the two members below
+    mutable std::optional<FileURL> m_placeToHold;
+    mutable QList<FileURL> m_looks;
+    mutable QSemaphore m_held;
+    mutable QSemaphore m_go;
+};
+
+} // namespace keelbright::testing
