@@ -1,0 +1,18 @@
+#include "KeelbrightCore/apps/SpotlightMetadata.h"
+#include "tests/fuzz/Fuzzer.h"
+
+int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    using namespace keelbright;
+    using fuzzing::require;
+    const auto date = AppScanner::parseDate(QString::fromUtf8(fuzzing::bytesOf(data, size)));
+    if (!date)
+        return 0;
+    require(date->isValid() && date->timeSpec() == Qt::UTC, "a date is one, and in UTC");
+    // An offset leads out of the years of four digits at either end.
+    if (date->date().year() < 1 || date->date().year() > 9999)
+        return 0;
+    const QString written = date->toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz'000 +0000'"));
+    require(AppScanner::parseDate(written) == date, "a date that is written is read as it was");
+    return 0;
+}
