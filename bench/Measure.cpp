@@ -1,64 +1,35 @@
 // keelbright-measure scan TREE | size TREE | level FOLDER | walk TREE | largest TREE |
-//                    treemap CELLS | plan FOLDER | backup TREE DRIVE
+//                    treemap CELLS | plan FOLDER | backup TREE DRIVE | start SINCE
 //
 // Does one thing with the real services, the backup with the real window watching (on the
-// platform that QT_QPA_PLATFORM names), and prints the seconds that it took.
+// platform that QT_QPA_PLATFORM names), and prints the seconds that it took. "start" opens the
+// program in the home that HOME names until its window is painted; SINCE is the moment at which
+// the process was started, in nanoseconds of the monotonic clock.
 
+#include "Keelbright/screens/Application.h"
 #include "Keelbright/screens/MainWindow.h"
 #include "Keelbright/state/KeelbrightApp.h"
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "Keelbright/widgets/Theme.h"
 #include "KeelbrightCore/backup/FileScanner.h"
-#include "KeelbrightCore/storage/FolderSizeService.h"
-#include "KeelbrightCore/storage/LargestFilesScanner.h"
-#include "KeelbrightCore/storage/OrganizerService.h"
-#include "bench/TreemapNodes.h"
+#include "bench/Stopwatch.h"
+#include "bench/StorageMeasures.h"
 #include "tests/support/FakeFolderChooser.h"
 #include "tests/support/TestMac.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QHash>
+#include <QFile>
 #include <QTimer>
+#include <QWidget>
 #include <cstdio>
+#include <ctime>
 #include <memory>
 #include <optional>
-#include <sys/resource.h>
 
 namespace keelbright::bench {
 namespace {
-
-/// Wall and processor time of this process since it was made.
-class Stopwatch
-{
-public:
-    Stopwatch()
-        : m_processorAtStart(processorSeconds())
-    {
-        m_wall.start();
-    }
-
-    void print() const
-    {
-        std::printf("wall %.6f\n", static_cast<double>(m_wall.nsecsElapsed()) / 1e9);
-        std::printf("cpu %.6f\n", processorSeconds() - m_processorAtStart);
-    }
-
-private:
-    static double processorSeconds()
-    {
-        rusage usage = {};
-        ::getrusage(RUSAGE_SELF, &usage);
-        const auto seconds = [](const timeval& time) {
-            return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-        };
-        return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-    }
-
-    QElapsedTimer m_wall;
-    double m_processorAtStart;
-};
 
 /// The longest time that the main thread did not come back to its events.
 class StallProbe
@@ -96,68 +67,10 @@ public:
     void open(const FileURL&) override {}
 };
 
-/// Does it once before, so that both sides are measured warm. Prints what came out as `name`.
-template <typename Work> int measureWarm(const char* name, Work work)
-{
-    std::ignore = work();
-    const Stopwatch stopwatch;
-    const auto result = work();
-    stopwatch.print();
-    std::printf("%s %lld\n", name, static_cast<long long>(result));
-    return 0;
-}
-
 int measureScan(const FileURL& tree)
 {
     const QList<BackupSource> sources = {{QUuid::createUuid(), tree, true}};
     return measureWarm("files", [&] { return FileScanner::scan(sources).fileCount; });
-}
-
-int measureSize(const FileURL& tree)
-{
-    return measureWarm("bytes",
-                       [&] { return FolderSizeService::recursiveSize(tree, FileManager::defaultManager()); });
-}
-
-int measureLevel(const FileURL& folder)
-{
-    return measureWarm("entries", [&] { return FolderSizeService::scanLevel(folder).size(); });
-}
-
-/// What a search for the largest files can't do without.
-int measureWalk(const FileURL& tree)
-{
-    return measureWarm("bytes", [&] {
-        using Option = DirectoryEnumerator::Option;
-        const auto walk = FileManager::defaultManager().enumerator(tree, Option::skipsHiddenFiles |
-                                                                             Option::skipsPackageDescendants);
-        qint64 bytes = 0;
-        while (walk && (*walk)->next())
-            bytes += (*walk)->fileSize().value_or(0);
-        return bytes;
-    });
-}
-
-int measureLargest(const FileURL& tree)
-{
-    constexpr qsizetype asOnTheScreen = 50;
-    const int code =
-        measureWarm("files", [&] { return LargestFilesScanner::scan(tree, asOnTheScreen).size(); });
-    rusage usage = {};
-    ::getrusage(RUSAGE_SELF, &usage);
-    std::printf("peak %ld\n", usage.ru_maxrss);
-    return code;
-}
-
-int measureTreemap(qint64 cells)
-{
-    const TreemapLayout treemap = treemapOf(cells);
-    return measureWarm("cells", [&] { return treemap.layout().size(); });
-}
-
-int measurePlan(const FileURL& folder)
-{
-    return measureWarm("groups", [&] { return OrganizerService::propose(folder).size(); });
 }
 
 int measureBackup(QApplication& application, const FileURL& tree, const FileURL& drive)
@@ -198,21 +111,56 @@ int measureBackup(QApplication& application, const FileURL& tree, const FileURL&
     return code;
 }
 
-/// Nothing where there is no such work.
-std::optional<int> measureOne(const QString& work, const QString& argument)
+/// Waits for the first window to be painted, tells when that was, and ends the program.
+class FirstPaint : public QObject
 {
-    static const QHash<QString, int (*)(const FileURL&)> works = {
-        {QStringLiteral("scan"), measureScan},       {QStringLiteral("size"), measureSize},
-        {QStringLiteral("level"), measureLevel},     {QStringLiteral("walk"), measureWalk},
-        {QStringLiteral("largest"), measureLargest}, {QStringLiteral("plan"), measurePlan},
-    };
-    if (work == QStringLiteral("treemap"))
-        return measureTreemap(argument.toLongLong());
-    const auto found = works.find(work);
-    if (found == works.end())
-        return std::nullopt;
-    return (*found)(FileURL::fromPath(argument));
+public:
+    explicit FirstPaint(qint64 since, QObject* parent)
+        : QObject(parent)
+        , m_since(since)
+    {}
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint && !m_hasPainted) {
+            m_hasPainted = true;
+            // The whole window is painted in the same turn.
+            QTimer::singleShot(0, this, [this] {
+                tell();
+                QCoreApplication::quit();
+            });
+        }
+        return false;
+    }
+
+private:
+    void tell() const
+    {
+        timespec now = {};
+        ::clock_gettime(CLOCK_MONOTONIC, &now);
+        const qint64 nanoseconds = now.tv_sec * 1'000'000'000LL + now.tv_nsec - m_since;
+        std::printf("wall %.6f\ncpu 0\n", static_cast<double>(nanoseconds) / 1e9);
+        QFile memory(QStringLiteral("/proc/self/smaps_rollup"));
+        if (!memory.open(QIODevice::ReadOnly))
+            return;
+        for (const QByteArray& line : memory.readAll().split('\n')) {
+            if (line.startsWith("Rss:"))
+                std::printf("resident %s\n", line.mid(4).trimmed().split(' ').first().constData());
+        }
+    }
+
+    qint64 m_since;
+    bool m_hasPainted = false;
+};
+
+std::optional<qint64> startedAt;
+
+void watchFirstPaint()
+{
+    if (startedAt)
+        qApp->installEventFilter(new FirstPaint(*startedAt, qApp));
 }
+Q_COREAPP_STARTUP_FUNCTION(watchFirstPaint)
 
 } // namespace
 } // namespace keelbright::bench
@@ -220,11 +168,17 @@ std::optional<int> measureOne(const QString& work, const QString& argument)
 int main(int argc, char** argv)
 {
     using namespace keelbright;
+    if (argc == 3 && QByteArrayView(argv[1]) == "start") {
+        bench::startedAt = QByteArray(argv[2]).toLongLong();
+        return runApplication(argc, argv);
+    }
     QApplication application(argc, argv);
     const testing::TestMac mac;
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() == 3) {
-        if (const auto code = bench::measureOne(arguments[1], arguments[2]))
+        if (arguments[1] == QStringLiteral("scan"))
+            return bench::measureScan(FileURL::fromPath(arguments[2]));
+        if (const auto code = bench::measureStorage(arguments[1], arguments[2]))
             return *code;
     }
     if (arguments.size() == 4 && arguments[1] == QStringLiteral("backup")) {
@@ -232,7 +186,7 @@ int main(int argc, char** argv)
                                     FileURL::fromPath(arguments[3]));
     }
     std::fputs("usage: keelbright-measure scan TREE | size TREE | level FOLDER | walk TREE | largest TREE |\n"
-               "                          treemap CELLS | plan FOLDER | backup TREE DRIVE\n",
+               "                          treemap CELLS | plan FOLDER | backup TREE DRIVE | start SINCE\n",
                stderr);
     return 2;
 }

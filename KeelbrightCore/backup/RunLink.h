@@ -32,6 +32,9 @@ public:
     /// Waits for the posted change; false where the engine has gone.
     [[nodiscard]] bool wait() { return m_hop.wait(); }
 
+    /// Whether the posted change is still on its way.
+    [[nodiscard]] bool isPending() const { return m_hop.isPending(); }
+
     [[nodiscard]] bool hop(std::move_only_function<void(BackupEngine&)> change);
 
     /// The run's last act.

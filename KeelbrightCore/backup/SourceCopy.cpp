@@ -1,6 +1,5 @@
 #include "KeelbrightCore/backup/SourceCopy.h"
 
-#include "KeelbrightCore/backup/BackupEngine.h"
 #include "KeelbrightCore/backup/BackupRunner.h"
 #include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/backup/RunLink.h"
@@ -15,6 +14,7 @@ SourceCopy::SourceCopy(DirectoryEnumerator& items, CopyDestination& destination,
     , m_root(std::move(root))
     , m_relativeRoot(std::move(relativeRoot))
     , m_engine(engine)
+    , m_settler(engine, destination.mostPrepared())
 {
     // A folder of the user's that could not be read is missing from the backup: that must show.
     m_items.setErrorHandler([this](const FileURL&, const FileError& error) { m_folderErrors.append(error); });
@@ -31,8 +31,9 @@ void SourceCopy::run()
         else if (!m_items.isDirectoryFollowingLinks())
             goesOn = copyCurrent();
     }
-    if (goesOn)
-        std::ignore = tellOfFolders();
+    if (goesOn && tellOfFolders())
+        std::ignore = m_settler.settleAll();
+    // Whatever the outcome: afterwards the run speaks to the engine again.
     std::ignore = m_engine.wait();
     m_items.setErrorHandler({});
 }
@@ -40,7 +41,7 @@ void SourceCopy::run()
 bool SourceCopy::tellOfFolders()
 {
     for (const FileError& error : std::exchange(m_folderErrors, {})) {
-        if (!tellFailure(error.name, error))
+        if (!tell(ItemSettler::failure(error.name, error)))
             return false;
     }
     return true;
@@ -58,16 +59,19 @@ bool SourceCopy::copyCurrent()
             engine.incrementSkipped();
         });
     }
-    auto prepared = m_destination.prepare(m_items, m_engine.stopFlag());
-    if (!mayGoOn())
-        return false;
+    auto prepared = prepareCurrent();
     if (!prepared)
-        return tellFailure(name, prepared.error());
-    if (const auto published = (*prepared)->publish(); !published)
-        return tellFailure(name, published.error());
-    return tell([size = (*prepared)->sourceSize(), name](BackupEngine& engine) {
-        engine.incrementCopied(size, name);
-    });
+        return tell(ItemSettler::failure(name, prepared.error()));
+    return m_settler.add({.copy = std::move(*prepared), .name = name, .change = {}});
+}
+
+std::expected<std::unique_ptr<PreparedCopy>, FileError> SourceCopy::prepareCurrent()
+{
+    auto prepared = m_destination.prepare(m_items, m_engine.stopFlag());
+    // Perhaps only for the room that the copies take which still wait for their names.
+    if (!prepared && prepared.error().isForLackOfRoom() && m_settler.settleAll())
+        prepared = m_destination.prepare(m_items, m_engine.stopFlag());
+    return prepared;
 }
 
 std::expected<void, FileError> SourceCopy::enterFolder()
@@ -85,26 +89,9 @@ std::expected<void, FileError> SourceCopy::enterFolder()
     return entered;
 }
 
-bool SourceCopy::mayGoOn()
+bool SourceCopy::tell(ItemSettler::Change change)
 {
-    return m_engine.wait() && !m_engine.isCancelled();
-}
-
-bool SourceCopy::tell(Change change)
-{
-    if (!mayGoOn())
-        return false;
-    m_engine.post(std::move(change));
-    return true;
-}
-
-bool SourceCopy::tellFailure(const QString& name, const FileError& error)
-{
-    const QString line = QStringLiteral("Skip ") + name + QStringLiteral(": ") + error.localizedDescription();
-    return tell([line](BackupEngine& engine) {
-        engine.incrementSkipped();
-        engine.appendError(line);
-    });
+    return m_settler.add({.copy = nullptr, .name = {}, .change = std::move(change)});
 }
 
 void BackupRunner::copySource(const BackupSource& source, const FileURL& latest, CopyDestination& destination,

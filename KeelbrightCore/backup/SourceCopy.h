@@ -1,21 +1,19 @@
 #pragma once
 
 #include "KeelbrightCore/backup/BackupSource.h"
+#include "KeelbrightCore/backup/ItemSettler.h"
 #include "KeelbrightCore/platform/CopyDestination.h"
 #include "KeelbrightCore/platform/DirectoryEnumerator.h"
 
 #include <QList>
-#include <functional>
 
 namespace keelbright {
 
-class BackupEngine;
 class RunLink;
 
-/// The copy loop over one source. While the change that tells of one item is on its way to the
-/// main thread the next item is prepared; it gets its name only when that change has been made
-/// and nobody has cancelled. So the order of counts and error lines is the order of items, and
-/// who cancels on one item never finds the next one copied.
+/// The copy loop over one source: prepares item after item and leaves it to the settler to name
+/// and tell them. So the order of counts and error lines is the order of items, and who cancels on
+/// one item never finds the next one copied.
 class SourceCopy
 {
 public:
@@ -28,21 +26,18 @@ public:
     void run();
 
 private:
-    using Change = std::move_only_function<void(BackupEngine&)>;
-
     [[nodiscard]] bool copyCurrent();
     [[nodiscard]] bool tellOfFolders();
     [[nodiscard]] std::expected<void, FileError> enterFolder();
-    /// Waits for the change before; false where nothing more is to be done.
-    [[nodiscard]] bool mayGoOn();
-    [[nodiscard]] bool tell(Change change);
-    [[nodiscard]] bool tellFailure(const QString& name, const FileError& error);
+    [[nodiscard]] std::expected<std::unique_ptr<PreparedCopy>, FileError> prepareCurrent();
+    [[nodiscard]] bool tell(ItemSettler::Change change);
 
     DirectoryEnumerator& m_items;
     CopyDestination& m_destination;
     FileURL m_root;
     QByteArray m_relativeRoot;
     RunLink& m_engine;
+    ItemSettler m_settler;
     QByteArray m_enteredFolder; ///< below the source; valid where `m_hasEntered` is true
     bool m_hasEntered = false;
     QList<FileError> m_folderErrors; ///< of folders that could not be listed, not yet told

@@ -12,8 +12,8 @@ class DirectoryEnumerator;
 
 /// A copy whose data, mode and times are complete, but which has no name yet.
 ///
-/// Destroying it unpublished leaves nothing behind. To be published before anything else is
-/// asked of its destination.
+/// Destroying it unpublished leaves nothing behind. Further copies may be prepared and other
+/// folders entered meanwhile. None outlives its destination.
 class PreparedCopy
 {
 public:
@@ -42,6 +42,10 @@ public:
     /// under the same name. An unfinished copy is discarded when `stop` becomes true.
     [[nodiscard]] virtual std::expected<std::unique_ptr<PreparedCopy>, FileError>
     prepare(const DirectoryEnumerator& item, const std::atomic<bool>& stop) = 0;
+
+    /// How many copies may be prepared at a time before the first of them is published, at least
+    /// one. To be asked when a folder has been entered.
+    [[nodiscard]] virtual qsizetype mostPrepared() const = 0;
 
     /// Whether the anchor's path still leads to the folder that was opened, asked anew.
     [[nodiscard]] virtual bool isInPlace() = 0;

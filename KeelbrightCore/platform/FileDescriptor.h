@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cerrno>
+#include <fcntl.h>
 #include <unistd.h>
 #include <utility>
 
@@ -27,6 +28,13 @@ public:
     }
 
     ~FileDescriptor() { reset(); }
+
+    /// Another descriptor of the same open file; not open, with `errno` set, where there can be
+    /// no more.
+    [[nodiscard]] static FileDescriptor duplicate(int descriptor)
+    {
+        return FileDescriptor(::fcntl(descriptor, F_DUPFD_CLOEXEC, 0));
+    }
 
     FileDescriptor(const FileDescriptor&) = delete;
     FileDescriptor& operator=(const FileDescriptor&) = delete;

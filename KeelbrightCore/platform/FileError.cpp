@@ -140,6 +140,11 @@ QString FileError::localizedDescription() const
     return translated("“%1” could not be %2: %3.").arg(name, verb(operation), reasonText(*this));
 }
 
+bool FileError::isForLackOfRoom() const
+{
+    return reason == Reason::system && (code == ENOSPC || code == EDQUOT || code == EMFILE || code == ENFILE);
+}
+
 FileError FileError::fromCode(Operation operation, QString name, int code)
 {
     return {operation, std::move(name), Reason::system, code};

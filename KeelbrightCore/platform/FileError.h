@@ -46,6 +46,9 @@ struct FileError
     /// A plain English sentence with the name in it.
     [[nodiscard]] QString localizedDescription() const;
 
+    /// Whether the reason was a full drive, an exhausted quota or too many open files.
+    [[nodiscard]] bool isForLackOfRoom() const;
+
     /// An error with the reason `system` and the given `errno` value.
     [[nodiscard]] static FileError fromCode(Operation operation, QString name, int code);
 

@@ -17,6 +17,9 @@ public:
     /// that was just reached under `name`.
     void learn(int folder, const QByteArray& name);
 
+    /// Whether the file system folds case, as far as that has been learned.
+    [[nodiscard]] bool folds() const { return m_folds; }
+
     /// Whether this name in the open folder at `path` already stands for another one that was
     /// claimed before. Claims it otherwise.
     [[nodiscard]] bool isClaimedByAnother(int folder, const QByteArray& path, QByteArrayView name);

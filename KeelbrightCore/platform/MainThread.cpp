@@ -41,9 +41,15 @@ public:
         if (event->type() != changeEvent)
             return QObject::event(event);
         const auto leaveAt = SteadyClock::now() + longestStay;
+        // Already while a change is made: the task answers it faster than we could say so after.
+        m_isLookingOut = true;
         do {
             makeChange();
-        } while (SteadyClock::now() < leaveAt && looksOut());
+        } while (SteadyClock::now() < leaveAt && hasNextChange());
+        m_isLookingOut = false;
+        // In this order: a task that still saw the lookout has posted before this last look.
+        if (m_state == State::posted)
+            QCoreApplication::postEvent(this, new QEvent(changeEvent));
         return true;
     }
 
@@ -72,16 +78,13 @@ private:
         finish(State::idle);
     }
 
-    /// Whether another change has come.
-    bool looksOut()
+    /// Looks out for another change.
+    [[nodiscard]] bool hasNextChange() const
     {
-        m_isLookingOut = true;
         const auto until = SteadyClock::now() + lookout;
         // Yielding costs nothing on a free machine, and on a busy one lets the task go on.
         while (m_state == State::idle && SteadyClock::now() < until)
             std::this_thread::yield();
-        // In this order: a task that still saw the lookout has posted before the last look.
-        m_isLookingOut = false;
         return m_state == State::posted;
     }
 };
@@ -119,6 +122,11 @@ bool MainThreadHop::wait()
     }
     m_receiver->m_state.wait(Receiver::State::posted);
     return m_receiver->m_state != Receiver::State::closed;
+}
+
+bool MainThreadHop::isPending() const
+{
+    return m_receiver->m_state == Receiver::State::posted;
 }
 
 bool MainThreadHop::hop(std::move_only_function<void()> change)

@@ -26,6 +26,9 @@ public:
     /// Waits until the change that was posted last has been made; false where the hop was
     /// closed instead. True at once where nothing is on its way.
     [[nodiscard]] bool wait();
+
+    /// Whether the posted change has not been made yet, and may still be.
+    [[nodiscard]] bool isPending() const;
     /// Both in one.
     [[nodiscard]] bool hop(std::move_only_function<void()> change);
 

@@ -29,13 +29,11 @@ std::expected<void, int> renameIfFree(int folder, const QByteArray& from, const 
     return {};
 }
 
-/// Puts the file named `temporary` in the place of the one named `name`, in one step. Where that
-/// fails the temporary file stays.
-std::expected<void, FileError> swapIn(int folder, const QByteArray& temporary, const QByteArray& name)
+/// Puts the file named `temporary` in the place of the one named `name`, in one step. 0, or the
+/// `errno` value where that fails; the temporary file stays then.
+int swapIn(int folder, const QByteArray& temporary, const QByteArray& name)
 {
-    if (::renameat(folder, temporary.constData(), folder, name.constData()) != 0)
-        return std::unexpected(failure(FileError::Operation::replaced, name, errno));
-    return {};
+    return ::renameat(folder, temporary.constData(), folder, name.constData()) == 0 ? 0 : errno;
 }
 
 bool isFolder(int folder, const QByteArray& name)
@@ -46,10 +44,9 @@ bool isFolder(int folder, const QByteArray& name)
 
 } // namespace
 
-PreparedFile::PreparedFile(int folder, FolderReopener reopen, FileDescriptor file, QByteArray temporaryName,
-                           QByteArray name)
-    : m_folder(folder)
-    , m_reopen(std::move(reopen))
+PreparedFile::PreparedFile(std::shared_ptr<const TargetFolder> folder, FileDescriptor file,
+                           QByteArray temporaryName, QByteArray name)
+    : m_folder(std::move(folder))
     , m_file(std::move(file))
     , m_temporaryName(std::move(temporaryName))
     , m_name(std::move(name))
@@ -58,35 +55,49 @@ PreparedFile::PreparedFile(int folder, FolderReopener reopen, FileDescriptor fil
 PreparedFile::~PreparedFile()
 {
     if (!m_temporaryName.isEmpty())
-        ::unlinkat(m_folder, m_temporaryName.constData(), 0);
+        ::unlinkat(folder(), m_temporaryName.constData(), 0);
 }
 
 std::expected<void, FileError> PreparedFile::publish()
 {
-    auto named = publishAsNew();
-    if (!named && named.error() == ENOENT && m_temporaryName.isEmpty()) {
+    if (auto inPlace = m_folder->checkPlace(); !inPlace)
+        return inPlace;
+    const bool hadNoName = m_temporaryName.isEmpty();
+    auto named = giveName();
+    if (!named && named.error().code == ENOENT && hadNoName) {
         // Somebody removed the folder under our hands; the file without a name outlived it.
-        const auto folder = m_reopen();
-        if (!folder)
-            return std::unexpected(folder.error());
-        m_folder = *folder;
-        named = publishAsNew();
+        m_temporaryName.clear();
+        auto made = m_folder->makeAnew();
+        if (!made)
+            return std::unexpected(made.error());
+        m_newFolder = std::move(*made);
+        named = giveName();
     }
-    if (named)
-        return {};
-    if (named.error() != EEXIST)
-        return std::unexpected(failure(FileError::Operation::copied, m_name, named.error()));
-    // Nothing of the user's is ever removed from the drive, so a folder is not replaced by a file.
-    if (isFolder(m_folder, m_name))
-        return std::unexpected(failure(FileError::Operation::replaced, m_name, EISDIR));
+    return named;
+}
+
+int PreparedFile::folder() const
+{
+    return m_newFolder.isOpen() ? m_newFolder.get() : m_folder->folder.get();
+}
+
+std::expected<void, FileError> PreparedFile::giveName()
+{
+    if (m_folder->likelyName == NameIs::free) {
+        const auto taken = takeFreeName();
+        if (taken)
+            return {};
+        if (taken.error() != EEXIST)
+            return std::unexpected(failure(FileError::Operation::copied, taken.error()));
+    }
     return replaceOld();
 }
 
-std::expected<void, int> PreparedFile::publishAsNew()
+std::expected<void, int> PreparedFile::takeFreeName()
 {
     if (m_temporaryName.isEmpty())
-        return SystemCalls::nameUnnamed(m_file.get(), m_folder, m_name.constData());
-    auto renamed = renameIfFree(m_folder, m_temporaryName, m_name);
+        return SystemCalls::nameUnnamed(m_file.get(), folder(), m_name.constData());
+    auto renamed = renameIfFree(folder(), m_temporaryName, m_name);
     if (renamed)
         m_temporaryName.clear();
     return renamed;
@@ -94,26 +105,40 @@ std::expected<void, int> PreparedFile::publishAsNew()
 
 std::expected<void, FileError> PreparedFile::replaceOld()
 {
-    QByteArray temporary = std::move(m_temporaryName);
-    m_temporaryName.clear();
-    if (temporary.isEmpty()) {
-        temporary = keelbright::temporaryName();
-        const auto named = SystemCalls::nameUnnamed(m_file.get(), m_folder, temporary.constData());
+    if (m_temporaryName.isEmpty()) {
+        QByteArray temporary = temporaryName();
+        const auto named = SystemCalls::nameUnnamed(m_file.get(), folder(), temporary.constData());
         if (!named)
-            return std::unexpected(failure(FileError::Operation::copied, m_name, named.error()));
+            return std::unexpected(failure(FileError::Operation::copied, named.error()));
+        m_temporaryName = std::move(temporary);
     }
-    return swapIn(m_folder, temporary, m_name);
+    const int code = swapIn(folder(), m_temporaryName, m_name);
+    // A folder is not replaced by a file, as nothing of the user's is ever removed from the drive;
+    // the copy goes then. After any other failure it stays, for it may be the only one.
+    if (code != EISDIR)
+        m_temporaryName.clear();
+    if (code != 0)
+        return std::unexpected(failure(FileError::Operation::replaced, code));
+    return {};
 }
 
-PreparedLink::PreparedLink(int folder, QByteArray linkTarget, QByteArray name)
-    : m_folder(folder)
+FileError PreparedFile::failure(FileError::Operation operation, int code) const
+{
+    return FileError::fromCode(operation, QString::fromUtf8(m_name), code);
+}
+
+PreparedLink::PreparedLink(std::shared_ptr<const TargetFolder> folder, QByteArray linkTarget, QByteArray name)
+    : m_folder(std::move(folder))
     , m_linkTarget(std::move(linkTarget))
     , m_name(std::move(name))
 {}
 
 std::expected<void, FileError> PreparedLink::publish()
 {
-    if (::symlinkat(m_linkTarget.constData(), m_folder, m_name.constData()) == 0)
+    if (auto inPlace = m_folder->checkPlace(); !inPlace)
+        return inPlace;
+    const int folder = m_folder->folder.get();
+    if (::symlinkat(m_linkTarget.constData(), folder, m_name.constData()) == 0)
         return {};
     if (errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS) {
         return std::unexpected(FileError{FileError::Operation::copied, QString::fromUtf8(m_name),
@@ -121,12 +146,14 @@ std::expected<void, FileError> PreparedLink::publish()
     }
     if (errno != EEXIST)
         return std::unexpected(failure(FileError::Operation::copied, m_name, errno));
-    if (isFolder(m_folder, m_name))
+    if (isFolder(folder, m_name))
         return std::unexpected(failure(FileError::Operation::replaced, m_name, EISDIR));
     const QByteArray temporary = temporaryName();
-    if (::symlinkat(m_linkTarget.constData(), m_folder, temporary.constData()) != 0)
+    if (::symlinkat(m_linkTarget.constData(), folder, temporary.constData()) != 0)
         return std::unexpected(failure(FileError::Operation::copied, m_name, errno));
-    return swapIn(m_folder, temporary, m_name);
+    if (const int code = swapIn(folder, temporary, m_name))
+        return std::unexpected(failure(FileError::Operation::replaced, m_name, code));
+    return {};
 }
 
 } // namespace keelbright

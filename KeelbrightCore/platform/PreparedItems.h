@@ -2,14 +2,12 @@
 
 #include "KeelbrightCore/platform/CopyDestination.h"
 #include "KeelbrightCore/platform/FileDescriptor.h"
+#include "KeelbrightCore/platform/TargetFolder.h"
 
 #include <QByteArray>
-#include <functional>
+#include <memory>
 
 namespace keelbright {
-
-/// Opens the folder of a copy anew, because it was removed meanwhile; stays owned by the giver.
-using FolderReopener = std::function<std::expected<int, FileError>()>;
 
 /// A file's complete copy in an open folder: without any name where the file system has such
 /// files, else under a temporary one. Internal to the platform folder.
@@ -17,7 +15,7 @@ class PreparedFile : public PreparedCopy
 {
 public:
     /// `temporaryName` is empty for a file without a name.
-    PreparedFile(int folder, FolderReopener reopen, FileDescriptor file, QByteArray temporaryName,
+    PreparedFile(std::shared_ptr<const TargetFolder> folder, FileDescriptor file, QByteArray temporaryName,
                  QByteArray name);
     ~PreparedFile() override;
     [[nodiscard]] std::expected<void, FileError> publish() override;
@@ -27,11 +25,15 @@ public:
     void setSourceSize(qint64 size) { m_sourceSize = size; }
 
 private:
-    [[nodiscard]] std::expected<void, int> publishAsNew();
+    [[nodiscard]] std::expected<void, FileError> giveName();
+    [[nodiscard]] std::expected<void, int> takeFreeName();
     [[nodiscard]] std::expected<void, FileError> replaceOld();
+    [[nodiscard]] FileError failure(FileError::Operation operation, int code) const;
 
-    int m_folder;
-    FolderReopener m_reopen;
+    [[nodiscard]] int folder() const;
+
+    std::shared_ptr<const TargetFolder> m_folder;
+    FileDescriptor m_newFolder; ///< instead of the one that was removed
     FileDescriptor m_file;
     QByteArray m_temporaryName;
     QByteArray m_name;
@@ -42,13 +44,13 @@ private:
 class PreparedLink : public PreparedCopy
 {
 public:
-    PreparedLink(int folder, QByteArray linkTarget, QByteArray name);
+    PreparedLink(std::shared_ptr<const TargetFolder> folder, QByteArray linkTarget, QByteArray name);
     [[nodiscard]] std::expected<void, FileError> publish() override;
 
     [[nodiscard]] qint64 sourceSize() const override { return m_linkTarget.size(); }
 
 private:
-    int m_folder;
+    std::shared_ptr<const TargetFolder> m_folder;
     QByteArray m_linkTarget;
     QByteArray m_name;
 };

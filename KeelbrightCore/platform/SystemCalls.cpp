@@ -3,6 +3,7 @@
 #include <QByteArrayList>
 #include <array>
 #include <cstdio>
+#include <cstring>
 #include <fcntl.h>
 #include <tuple>
 
@@ -29,15 +30,32 @@ std::expected<void, int> outcome(int result)
 
 #ifdef __linux__
 
-std::expected<FileDescriptor, int> openUnnamed(int folder)
+std::expected<FileDescriptor, int> openUnnamed(int folder, mode_t mode)
 {
     FileDescriptor file(
-        retrying([&] { return ::openat(folder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, S_IRUSR | S_IWUSR); }));
+        retrying([&] { return ::openat(folder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, mode); }));
     if (file.isOpen())
         return file;
     // What kernels and file systems answer that know no unnamed files.
     const bool isUnknown = errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL || errno == ENOSYS;
     return std::unexpected(isUnknown ? ENOTSUP : errno);
+}
+
+mode_t withheldPermissions()
+{
+    // To ask umask() itself means to change it for a moment, for all threads.
+    const FileDescriptor status(::open("/proc/self/status", O_RDONLY | O_CLOEXEC));
+    std::array<char, 4096> text = {};
+    const ssize_t length = retrying([&] { return ::read(status.get(), text.data(), text.size() - 1); });
+    const char* line = length > 0 ? std::strstr(text.data(), "\nUmask:") : nullptr;
+    unsigned int mask = 0;
+    return line != nullptr && std::sscanf(line, "\nUmask: %o", &mask) == 1 ? mask : 0777U;
+}
+
+bool hasDefaultAccessList(int folder)
+{
+    return ::fgetxattr(folder, "system.posix_acl_default", nullptr, 0) >= 0 ||
+           (errno != ENODATA && errno != EOPNOTSUPP);
 }
 
 std::expected<void, int> nameUnnamed(int file, int folder, const char* name)
@@ -126,9 +144,19 @@ timespec changeTime(const struct stat& status)
 
 #else
 
-std::expected<FileDescriptor, int> openUnnamed(int)
+std::expected<FileDescriptor, int> openUnnamed(int, mode_t)
 {
     return std::unexpected(ENOTSUP);
+}
+
+mode_t withheldPermissions()
+{
+    return 0777;
+}
+
+bool hasDefaultAccessList(int)
+{
+    return true;
 }
 
 std::expected<void, int> nameUnnamed(int, int, const char*)

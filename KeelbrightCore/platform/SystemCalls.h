@@ -14,8 +14,14 @@ namespace keelbright {
 /// no such call here and that the caller goes the long way.
 namespace SystemCalls {
 
-/// A file without a name in an open folder, mode 0600.
-[[nodiscard]] std::expected<FileDescriptor, int> openUnnamed(int folder);
+/// A file without a name in an open folder; of `mode` it gets what the folder and the process
+/// allow.
+[[nodiscard]] std::expected<FileDescriptor, int> openUnnamed(int folder, mode_t mode);
+/// The permissions that the process withholds from its new files; all of them where it can't say.
+[[nodiscard]] mode_t withheldPermissions();
+/// Whether new files in an open folder get their permissions by a list of the folder's own
+/// instead; true where it can't be told.
+[[nodiscard]] bool hasDefaultAccessList(int folder);
 /// Gives a file from `openUnnamed` its name; EEXIST where the name is taken.
 [[nodiscard]] std::expected<void, int> nameUnnamed(int file, int folder, const char* name);
 /// EEXIST where `newName` is taken.

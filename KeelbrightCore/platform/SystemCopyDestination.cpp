@@ -1,12 +1,15 @@
 #include "KeelbrightCore/platform/SystemCopyDestination.h"
 
 #include "KeelbrightCore/platform/DirectoryEnumerator.h"
+#include "KeelbrightCore/platform/FolderMaking.h"
 #include "KeelbrightCore/platform/PreparedItems.h"
 #include "KeelbrightCore/platform/SystemCalls.h"
 #include "KeelbrightCore/platform/TemporaryName.h"
 
+#include <algorithm>
 #include <array>
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <tuple>
 
 namespace keelbright {
@@ -20,18 +23,21 @@ FileError failure(FileError::Operation operation, QByteArrayView name, int code)
     return FileError::fromCode(operation, QString::fromUtf8(name), code);
 }
 
+/// Enough that a repaint of the window does not hold up the copy; none to spare where a process
+/// may have few files open. A copy takes two: itself and, at worst, its folder.
+qsizetype mostPreparedCopies()
+{
+    constexpr rlim_t ofTheProgram = 128;
+    constexpr rlim_t most = 200;
+    rlimit limit = {};
+    if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur <= ofTheProgram)
+        return 1;
+    return static_cast<qsizetype>(std::clamp<rlim_t>((limit.rlim_cur - ofTheProgram) / 4, 1, most));
+}
+
 FileError notARegularFile(QByteArrayView name)
 {
     return {FileError::Operation::copied, QString::fromUtf8(name), FileError::Reason::notARegularFile};
-}
-
-/// The part of `path` up to its next slash; `path` becomes what follows.
-QByteArrayView takeComponent(QByteArrayView& path)
-{
-    const qsizetype slash = path.indexOf('/');
-    const QByteArrayView component = slash < 0 ? path : path.first(slash);
-    path = slash < 0 ? QByteArrayView() : path.sliced(slash + 1);
-    return component;
 }
 
 /// Whether `path` is `folder` itself or lies below it.
@@ -83,7 +89,7 @@ SystemCopyDestination::open(const FileURL& base, QByteArrayView relativeFolder)
     SystemCopyDestination top(base, std::move(folder), identity);
     if (const auto entered = top.enterFolder(relativeFolder); !entered)
         return std::unexpected(entered.error());
-    FileDescriptor anchor(::fcntl(top.m_chain.descriptor(), F_DUPFD_CLOEXEC, 0));
+    FileDescriptor anchor = FileDescriptor::duplicate(top.m_chain.descriptor());
     if (!anchor.isOpen() || ::fstat(anchor.get(), &identity) != 0)
         return std::unexpected(failure(FileError::Operation::opened, relativeFolder, errno));
     return std::unique_ptr<CopyDestination>(
@@ -97,8 +103,10 @@ SystemCopyDestination::SystemCopyDestination(FileURL anchor, FileDescriptor fold
     , m_inode(identity.st_ino)
     , m_user(::geteuid())
     , m_group(::getegid())
+    , m_withheldPermissions(SystemCalls::withheldPermissions())
     , m_flushDescriptor(::openat(folder.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC))
     , m_chain(std::move(folder))
+    , m_mostPrepared(mostPreparedCopies())
 {}
 
 bool SystemCopyDestination::wasInPlaceJustNow()
@@ -121,17 +129,27 @@ bool SystemCopyDestination::isInPlace()
     return true;
 }
 
-FileError SystemCopyDestination::goneError() const
+qsizetype SystemCopyDestination::mostPrepared() const
 {
-    return {FileError::Operation::copied, m_anchor.lastPathComponent(), FileError::Reason::destinationGone};
+    // Where case folds, what is there already decides about the next name.
+    return m_letterCase.folds() ? 1 : m_mostPrepared;
+}
+
+std::expected<void, FileError> SystemCopyDestination::checkPlace()
+{
+    if (wasInPlaceJustNow())
+        return {};
+    return std::unexpected(FileError{FileError::Operation::copied, m_anchor.lastPathComponent(),
+                                     FileError::Reason::destinationGone});
 }
 
 std::expected<void, FileError> SystemCopyDestination::enterFolder(QByteArrayView relativeFolder)
 {
-    if (!wasInPlaceJustNow())
-        return std::unexpected(goneError());
+    if (auto inPlace = checkPlace(); !inPlace)
+        return inPlace;
     if (m_chain.relativePath() == relativeFolder)
         return {};
+    m_targetFolder.reset();
     while (!isAtOrBelow(relativeFolder, m_chain.relativePath())) {
         if (!m_chain.leave())
             m_chain.leaveAll(); // the folders were moved about meanwhile: begin at the anchor
@@ -156,41 +174,58 @@ std::expected<void, FileError> SystemCopyDestination::enterOrCreate(const QByteA
         return std::unexpected(FileError{FileError::Operation::created, QString::fromUtf8(name),
                                          FileError::Reason::differsInCaseOnly});
     }
-    auto entered = m_chain.enter(name);
-    if (!entered && entered.error() == ENOENT) {
-        if (::mkdirat(m_chain.descriptor(), name.constData(), 0777) != 0 && errno != EEXIST)
-            return std::unexpected(failure(FileError::Operation::created, name, errno));
-        entered = m_chain.enter(name);
-    }
-    if (entered) {
-        m_letterCase.learn(m_chain.descriptor(), name);
-        return {};
-    }
-    struct stat status = {};
-    const bool isLink =
-        ::fstatat(m_chain.descriptor(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-        S_ISLNK(status.st_mode);
-    if (!isLink)
-        return std::unexpected(failure(FileError::Operation::created, name, entered.error()));
-    return std::unexpected(FileError{FileError::Operation::created, QString::fromUtf8(name),
-                                     FileError::Reason::symbolicLinkInTheWay});
+    const size_t depth = m_chain.depth();
+    const auto wasMade = enterOrMake(m_chain, name);
+    if (!wasMade)
+        return std::unexpected(wasMade.error());
+    m_wasMade.resize(depth);
+    m_wasMade.push_back(*wasMade);
+    m_letterCase.learn(m_chain.descriptor(), name);
+    return {};
 }
 
-std::expected<int, FileError> SystemCopyDestination::reenterFolder()
+std::expected<std::shared_ptr<const TargetFolder>, int> SystemCopyDestination::targetFolder()
+{
+    if (m_targetFolder)
+        return m_targetFolder;
+    FileDescriptor folder = FileDescriptor::duplicate(m_chain.descriptor());
+    if (!folder.isOpen())
+        return std::unexpected(errno);
+    const size_t depth = m_chain.depth();
+    const bool wasThere = depth > 0 && depth <= m_wasMade.size() && !m_wasMade[depth - 1];
+    const mode_t withheld =
+        SystemCalls::hasDefaultAccessList(folder.get()) ? mode_t(0777) : m_withheldPermissions;
+    TargetFolder target{.folder = std::move(folder),
+                        .checkPlace = [this] { return checkPlace(); },
+                        .makeAnew = [this, path = m_chain.relativePath()] { return makeAnew(path); },
+                        .likelyName = wasThere ? NameIs::taken : NameIs::free,
+                        .withheldPermissions = withheld};
+    m_targetFolder = std::make_shared<const TargetFolder>(std::move(target));
+    return m_targetFolder;
+}
+
+std::expected<FileDescriptor, FileError> SystemCopyDestination::makeAnew(const QByteArray& relativeFolder)
 {
     m_lastSeenInPlace.reset(); // perhaps it was the whole destination
+    if (const auto inPlace = checkPlace(); !inPlace)
+        return std::unexpected(inPlace.error());
+    return openOrMake(m_flushDescriptor.get(), relativeFolder);
+}
+
+std::expected<void, FileError> SystemCopyDestination::reenterFolder()
+{
+    m_lastSeenInPlace.reset(); // perhaps it was the whole destination
+    m_targetFolder.reset();
     const QByteArray folder = m_chain.relativePath();
     m_chain.leaveAll();
-    if (const auto entered = enterFolder(folder); !entered)
-        return std::unexpected(entered.error());
-    return m_chain.descriptor();
+    return enterFolder(folder);
 }
 
 SystemCopyDestination::Prepared SystemCopyDestination::prepare(const DirectoryEnumerator& item,
                                                                const std::atomic<bool>& stop)
 {
-    if (!wasInPlaceJustNow())
-        return std::unexpected(goneError());
+    if (const auto inPlace = checkPlace(); !inPlace)
+        return std::unexpected(inPlace.error());
     if (m_letterCase.isClaimedByAnother(m_chain.descriptor(), m_chain.relativePath(), item.name())) {
         return std::unexpected(FileError{FileError::Operation::copied, QString::fromUtf8(item.name()),
                                          FileError::Reason::differsInCaseOnly});
@@ -222,64 +257,80 @@ SystemCopyDestination::Prepared SystemCopyDestination::prepareFile(const Directo
         return std::unexpected(notARegularFile(item.name()));
 
     const QString name = QString::fromUtf8(item.name());
-    QByteArray temporaryName;
-    auto target = createFile(temporaryName, name);
+    auto target = createFile(name, status);
     if (!target)
         return std::unexpected(target.error());
-    const int file = target->get();
-    auto prepared = std::make_unique<PreparedFile>(
-        m_chain.descriptor(), [this] { return reenterFolder(); }, std::move(*target), temporaryName,
-        item.name().toByteArray());
+    const int file = target->file.get();
+    auto prepared = std::make_unique<PreparedFile>(target->folder, std::move(target->file),
+                                                   target->temporaryName, item.name().toByteArray());
     if (const auto copied = m_contents.copy(source.get(), file, status, stop, name); !copied)
         return std::unexpected(copied.error());
-    if (const int code = copyAttributes(source.get(), file, status))
+    if (const int code = copyAttributes(source.get(), file, status, target->hasMode))
         return std::unexpected(failure(FileError::Operation::copied, item.name(), code));
     prepared->setSourceSize(status.st_size);
     return prepared;
 }
 
-std::expected<FileDescriptor, FileError> SystemCopyDestination::createFile(QByteArray& temporaryName,
-                                                                           const QString& name)
+std::expected<SystemCopyDestination::NewFile, FileError>
+SystemCopyDestination::createFile(const QString& name, const struct stat& source)
 {
-    const auto create = [&]() -> std::expected<FileDescriptor, int> {
-        if (m_hasUnnamedFiles) {
-            auto file = SystemCalls::openUnnamed(m_chain.descriptor());
-            if (file || file.error() != ENOTSUP)
-                return file;
-            m_hasUnnamedFiles = false;
-        }
-        temporaryName = keelbright::temporaryName();
-        constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-        FileDescriptor file(retrying([&] {
-            return ::openat(m_chain.descriptor(), temporaryName.constData(), flags, S_IRUSR | S_IWUSR);
-        }));
-        if (file.isOpen())
-            return file;
-        return std::unexpected(errno);
-    };
-    auto file = create();
+    auto file = tryToCreateFile(source);
     // Somebody removed the folder under our hands: make it anew, once.
     if (!file && isRemoved(m_chain.descriptor(), file.error())) {
         if (const auto entered = reenterFolder(); !entered)
             return std::unexpected(entered.error());
-        file = create();
+        file = tryToCreateFile(source);
     }
     if (!file)
         return std::unexpected(FileError::fromCode(FileError::Operation::copied, name, file.error()));
     return std::move(*file);
 }
 
-int SystemCopyDestination::copyAttributes(int source, int target, const struct stat& status) const
+std::expected<SystemCopyDestination::NewFile, int>
+SystemCopyDestination::tryToCreateFile(const struct stat& source)
+{
+    const auto folder = targetFolder();
+    if (!folder)
+        return std::unexpected(folder.error());
+    constexpr mode_t ownersOnly = S_IRUSR | S_IWUSR;
+    if (m_hasUnnamedFiles) {
+        // Nobody can open a file without a name, so it may have its permissions at once, which
+        // saves a call a file.
+        const mode_t mode = source.st_mode & 07777;
+        const bool getsMode = isOwn(source) && (mode & ((*folder)->withheldPermissions | ~mode_t(0777))) == 0;
+        auto file = SystemCalls::openUnnamed((*folder)->folder.get(), getsMode ? mode : ownersOnly);
+        if (file)
+            return NewFile{*folder, std::move(*file), {}, getsMode};
+        if (file.error() != ENOTSUP)
+            return std::unexpected(file.error());
+        m_hasUnnamedFiles = false;
+    }
+    QByteArray name = temporaryName();
+    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    FileDescriptor file(
+        retrying([&] { return ::openat((*folder)->folder.get(), name.constData(), flags, ownersOnly); }));
+    if (!file.isOpen())
+        return std::unexpected(errno);
+    return NewFile{*folder, std::move(file), std::move(name), false};
+}
+
+bool SystemCopyDestination::isOwn(const struct stat& source) const
+{
+    return source.st_uid == m_user && source.st_gid == m_group;
+}
+
+int SystemCopyDestination::copyAttributes(int source, int target, const struct stat& status,
+                                          bool hasMode) const
 {
     mode_t mode = status.st_mode & 07777;
-    if (status.st_uid != m_user || status.st_gid != m_group) {
+    if (!isOwn(status)) {
         if (::fchown(target, status.st_uid, status.st_gid) != 0) {
             std::ignore = ::fchown(target, static_cast<uid_t>(-1), status.st_gid);
             mode &= 0777U; // never lend a foreign owner's rights to the user's own copy
         }
     }
     SystemCalls::copyExtendedAttributes(source, target);
-    if (::fchmod(target, mode) != 0 && !isBeyondTheDrive(errno))
+    if (!hasMode && ::fchmod(target, mode) != 0 && !isBeyondTheDrive(errno))
         return errno;
     const std::array<timespec, 2> times = {SystemCalls::accessTime(status),
                                            SystemCalls::modificationTime(status)};
@@ -300,7 +351,10 @@ SystemCopyDestination::Prepared SystemCopyDestination::prepareLink(const Directo
         }
         target.resize(target.size() * 2);
     }
-    return std::make_unique<PreparedLink>(m_chain.descriptor(), std::move(target), item.name().toByteArray());
+    auto folder = targetFolder();
+    if (!folder)
+        return std::unexpected(failure(FileError::Operation::copied, item.name(), folder.error()));
+    return std::make_unique<PreparedLink>(std::move(*folder), std::move(target), item.name().toByteArray());
 }
 
 std::expected<void, FileError> SystemCopyDestination::flush()

@@ -53,6 +53,13 @@ protected:
         EXPECT_EQ(outcome.manifestPath, latest("recovery-manifest.json").path());
     }
 
+    /// Modes that a new file can't be given at its creation.
+    void giveUncommonModes() const
+    {
+        for (const QByteArray& name : walkingOrder())
+            ASSERT_EQ(::chmod(documents.appendingNative(name).nativePath().constData(), 01644), 0);
+    }
+
     [[nodiscard]] QString pathOf(const QByteArray& name) const
     {
         return documents.appendingNative(name).path();
@@ -66,8 +73,13 @@ TEST_F(FailingCallTest, tellsOfAFileThatCannotBeOpened)
 {
     const RunnerOutcome outcome = runFailing("openat", "EIO", 1, chosenName);
     expectOneSkip(outcome, chosen, "read: the drive reported an error.");
-    const RunnerOutcome second = runFailing("openat", "EMFILE", 1, chosenName);
-    expectOneSkip(second, chosen, "read: too many files are open.");
+}
+
+TEST_F(FailingCallTest, triesAFileOnceMoreForWhichTooManyWereOpen)
+{
+    const RunnerOutcome outcome = runFailing("openat", "EMFILE", 1, chosenName);
+    EXPECT_EQ(outcome.errors, QStringList());
+    EXPECT_EQ(outcome.copied, fileCount);
 }
 
 TEST_F(FailingCallTest, tellsOfAFileThatCannotBeReadToItsEnd)
@@ -105,8 +117,8 @@ TEST_F(FailingCallTest, tellsOfAFileThatCannotBeGivenItsName)
     const RunnerOutcome outcome = runFailing("linkat", "EIO", 1, chosenName);
     expectOneSkip(outcome, chosen, "copied: the drive reported an error.");
     EXPECT_THAT(temporaryFiles(drive), IsEmpty());
-    const RunnerOutcome second = runFailing("linkat", "EDQUOT", 1, chosenName);
-    expectOneSkip(second, chosen, "copied: your share of the drive is used up.");
+    const RunnerOutcome second = runFailing("renameat", "EDQUOT", 1, chosenName);
+    expectOneSkip(second, chosen, "replaced: your share of the drive is used up.");
 }
 
 TEST_F(FailingCallTest, keepsTheOldFileWhereTheSwapFails)
@@ -119,6 +131,7 @@ TEST_F(FailingCallTest, keepsTheOldFileWhereTheSwapFails)
 
 TEST_F(FailingCallTest, tellsOfAFileWhoseModeOrTimesCannotBeSet)
 {
+    giveUncommonModes();
     const QByteArray third = walkingOrder().at(2);
     expectOneSkip(runFailing("fchmod", "EIO", 3), third, "copied: the drive reported an error.");
     EXPECT_THAT(temporaryFiles(drive), IsEmpty());
@@ -128,6 +141,7 @@ TEST_F(FailingCallTest, tellsOfAFileWhoseModeOrTimesCannotBeSet)
 
 TEST_F(FailingCallTest, copiesAFileWhoseModeOrTimesTheDriveCannotHold)
 {
+    giveUncommonModes();
     for (const char* refusal : {"EPERM", "EOPNOTSUPP", "ENOSYS"}) {
         for (const char* call : {"fchmod", "utimensat"}) {
             const RunnerOutcome outcome = runFailing(call, refusal, 3);

@@ -4,6 +4,7 @@
 #include "tests/support/TestMac.h"
 
 #include <QByteArrayList>
+#include <array>
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/socket.h>
@@ -14,6 +15,24 @@
 
 namespace keelbright {
 namespace {
+
+/// An access list as the system keeps it: all rights to the owner, none to anybody else.
+QByteArray ownersOnlyAccessList()
+{
+    struct Entry
+    {
+        quint16 tag;
+        quint16 rights;
+        quint32 id;
+    };
+
+    constexpr quint32 version = 2;
+    constexpr quint32 noId = 0xffffffff;
+    constexpr std::array<Entry, 3> entries = {{{0x01, 07, noId}, {0x04, 0, noId}, {0x20, 0, noId}}};
+    QByteArray list(reinterpret_cast<const char*>(&version), sizeof version);
+    list.append(reinterpret_cast<const char*>(entries.data()), sizeof entries);
+    return list;
+}
 
 class CopyDestinationTest : public ::testing::Test
 {
@@ -251,6 +270,93 @@ TEST_F(CopyDestinationTest, makesAFolderAnewThatWasRemovedUnderItsHands)
     ASSERT_EQ(::rmdir(latest("one").nativePath().constData()), 0);
     ASSERT_TRUE(copy(*mirror, "b", "one").has_value());
     EXPECT_EQ(testing::TestMac::read(latest("one/b")), "y");
+}
+
+TEST_F(CopyDestinationTest, keepsAFolderThatStandsInThePlaceOfAFileInAFolderThatWasThere)
+{
+    mac.writeFile("source/a", "x");
+    mac.writeFile("drive/Latest/one/a/inside", "kept");
+    auto mirror = openMirror();
+    const auto copied = copy(*mirror, "a", "one");
+    ASSERT_FALSE(copied.has_value());
+    EXPECT_EQ(copied.error().localizedDescription(),
+              QStringLiteral("“a” could not be replaced: a folder stands in its place."));
+    EXPECT_THAT(namesIn(latest("one")), ::testing::UnorderedElementsAre("a", "inside"))
+        << "no temporary file stays";
+}
+
+TEST_F(CopyDestinationTest, namesNewFilesBesideOldOnes)
+{
+    mac.writeFile("source/new", "new");
+    mac.writeFile("source/old", "newer");
+    mac.writeFile("drive/Latest/one/old", "old");
+    auto mirror = openMirror();
+    ASSERT_TRUE(copy(*mirror, "new", "one").has_value());
+    ASSERT_TRUE(copy(*mirror, "old", "one").has_value());
+    EXPECT_EQ(testing::TestMac::read(latest("one/new")), "new");
+    EXPECT_EQ(testing::TestMac::read(latest("one/old")), "newer");
+    EXPECT_THAT(namesIn(latest("one")), ::testing::UnorderedElementsAre("new", "old"));
+}
+
+TEST_F(CopyDestinationTest, namesACopyInItsOwnFolderAfterAnotherWasEntered)
+{
+    mac.writeFile("source/a", "x");
+    auto mirror = openMirror();
+    auto items = DirectoryEnumerator::open(source, {});
+    ASSERT_TRUE((*items)->next());
+    std::vector<std::unique_ptr<PreparedCopy>> prepared;
+    for (const char* folder : {"one", "one/two", "three"}) {
+        ASSERT_TRUE(mirror->enterFolder(folder).has_value());
+        auto copy = mirror->prepare(**items, stop);
+        ASSERT_TRUE(copy.has_value());
+        prepared.push_back(std::move(*copy));
+    }
+    for (const auto& copy : prepared)
+        EXPECT_TRUE(copy->publish().has_value());
+    for (const char* path : {"one/a", "one/two/a", "three/a"})
+        EXPECT_EQ(testing::TestMac::read(latest(path)), "x") << path;
+}
+
+TEST_F(CopyDestinationTest, makesAFolderAnewThatWasRemovedWhileItsCopyWaitedForItsName)
+{
+    mac.writeFile("source/a", "x");
+    auto mirror = openMirror();
+    auto items = DirectoryEnumerator::open(source, {});
+    ASSERT_TRUE((*items)->next());
+    ASSERT_TRUE(mirror->enterFolder("one/two").has_value());
+    const auto prepared = mirror->prepare(**items, stop);
+    ASSERT_TRUE(prepared.has_value());
+    ASSERT_TRUE(mirror->enterFolder("three").has_value());
+    ASSERT_EQ(::rmdir(latest("one/two").nativePath().constData()), 0);
+    ASSERT_EQ(::rmdir(latest("one").nativePath().constData()), 0);
+    ASSERT_TRUE((*prepared)->publish().has_value());
+    EXPECT_EQ(testing::TestMac::read(latest("one/two/a")), "x");
+}
+
+TEST_F(CopyDestinationTest, givesEveryModeWhateverTheProcessWithholdsFromNewFiles)
+{
+    const mode_t before = ::umask(077);
+    auto mirror = openMirror();
+    for (const mode_t mode : {0644U, 0600U, 0755U, 0400U, 0777U, 01644U}) {
+        const QByteArray name = QByteArray::number(static_cast<int>(mode), 8);
+        ASSERT_EQ(::chmod(mac.writeFile("source/" + name, "x").nativePath().constData(), mode), 0);
+        EXPECT_TRUE(copy(*mirror, name).has_value());
+        EXPECT_EQ(status(latest(name)).st_mode & 07777, mode) << name.constData();
+    }
+    ::umask(before);
+}
+
+TEST_F(CopyDestinationTest, givesEveryModeWhateverTheFolderGivesToNewFiles)
+{
+    const FileURL folder = mac.makeFolder("drive/Latest/listed");
+    const QByteArray list = ownersOnlyAccessList();
+    ASSERT_EQ(::setxattr(folder.nativePath().constData(), "system.posix_acl_default", list.constData(),
+                         static_cast<size_t>(list.size()), 0),
+              0);
+    ASSERT_EQ(::chmod(mac.writeFile("source/a", "x").nativePath().constData(), 0644), 0);
+    auto mirror = openMirror();
+    ASSERT_TRUE(copy(*mirror, "a", "listed").has_value());
+    EXPECT_EQ(status(latest("listed/a")).st_mode & 07777, 0644U);
 }
 
 TEST_F(CopyDestinationTest, writesNothingOnceTheAnchorHasLeftItsPlace)

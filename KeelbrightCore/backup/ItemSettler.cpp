@@ -1,0 +1,79 @@
+#include "KeelbrightCore/backup/ItemSettler.h"
+
+#include "KeelbrightCore/backup/RunLink.h"
+
+namespace keelbright {
+
+namespace {
+
+/// More than that is not kept on the drive beside what it replaces.
+constexpr qint64 mostBytesAhead = 4'000'000;
+
+} // namespace
+
+ItemSettler::ItemSettler(RunLink& engine, qsizetype most)
+    : m_engine(engine)
+    , m_most(most)
+{}
+
+bool ItemSettler::add(Outcome outcome)
+{
+    if (outcome.copy)
+        m_bytesAhead += outcome.copy->sourceSize();
+    m_ahead.push_back(std::move(outcome));
+    if (hasRoom() && m_engine.isPending())
+        return true;
+    // The main thread answers again: catch up with it. What waits for long is cold in the
+    // processor's caches by the time it gets its name.
+    while (!m_ahead.empty()) {
+        if (!settleFirst())
+            return false;
+    }
+    return true;
+}
+
+bool ItemSettler::hasRoom() const
+{
+    return std::ssize(m_ahead) < m_most && m_bytesAhead <= mostBytesAhead;
+}
+
+bool ItemSettler::settleAll()
+{
+    while (!m_ahead.empty()) {
+        if (!settleFirst())
+            return false;
+    }
+    return m_engine.wait();
+}
+
+bool ItemSettler::settleFirst()
+{
+    if (!m_engine.wait() || m_engine.isCancelled())
+        return false;
+    Outcome outcome = std::move(m_ahead.front());
+    m_ahead.pop_front();
+    if (outcome.copy) {
+        const qint64 size = outcome.copy->sourceSize();
+        m_bytesAhead -= size;
+        if (const auto published = outcome.copy->publish(); published) {
+            outcome.change = [size, name = std::move(outcome.name)](BackupEngine& engine) {
+                engine.incrementCopied(size, name);
+            };
+        } else {
+            outcome.change = failure(outcome.name, published.error());
+        }
+    }
+    m_engine.post(std::move(outcome.change));
+    return true;
+}
+
+ItemSettler::Change ItemSettler::failure(const QString& name, const FileError& error)
+{
+    const QString line = QStringLiteral("Skip ") + name + QStringLiteral(": ") + error.localizedDescription();
+    return [line](BackupEngine& engine) {
+        engine.incrementSkipped();
+        engine.appendError(line);
+    };
+}
+
+} // namespace keelbright
