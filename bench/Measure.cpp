@@ -16,10 +16,8 @@
 #include "KeelbrightCore/apps/AppScanner.h"
 #include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/health/HealthScoreService.h"
-#include "KeelbrightCore/storage/FolderSizeService.h"
-#include "KeelbrightCore/storage/LargestFilesScanner.h"
-#include "KeelbrightCore/storage/OrganizerService.h"
-#include "bench/TreemapNodes.h"
+#include "bench/Stopwatch.h"
+#include "bench/StorageMeasures.h"
 #include "tests/support/FakeFolderChooser.h"
 #include "tests/support/MadeUpApplication.h"
 #include "tests/support/TestMac.h"
@@ -27,7 +25,6 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QHash>
 #include <QTimer>
 #include <QWidget>
 #include <algorithm>
@@ -35,41 +32,9 @@
 #include <ctime>
 #include <memory>
 #include <optional>
-#include <sys/resource.h>
 
 namespace keelbright::bench {
 namespace {
-
-/// Wall and processor time of this process since it was made.
-class Stopwatch
-{
-public:
-    Stopwatch()
-        : m_processorAtStart(processorSeconds())
-    {
-        m_wall.start();
-    }
-
-    void print() const
-    {
-        std::printf("wall %.6f\n", static_cast<double>(m_wall.nsecsElapsed()) / 1e9);
-        std::printf("cpu %.6f\n", processorSeconds() - m_processorAtStart);
-    }
-
-private:
-    static double processorSeconds()
-    {
-        rusage usage = {};
-        ::getrusage(RUSAGE_SELF, &usage);
-        const auto seconds = [](const timeval& time) {
-            return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-        };
-        return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-    }
-
-    QElapsedTimer m_wall;
-    double m_processorAtStart;
-};
 
 /// The longest time that the main thread did not come back to its events.
 class StallProbe
@@ -107,68 +72,10 @@ public:
     void open(const FileURL&) override {}
 };
 
-/// Does it once before, so that both sides are measured warm. Prints what came out as `name`.
-template <typename Work> int measureWarm(const char* name, Work work)
-{
-    std::ignore = work();
-    const Stopwatch stopwatch;
-    const auto result = work();
-    stopwatch.print();
-    std::printf("%s %lld\n", name, static_cast<long long>(result));
-    return 0;
-}
-
 int measureScan(const FileURL& tree)
 {
     const QList<BackupSource> sources = {{QUuid::createUuid(), tree, true}};
     return measureWarm("files", [&] { return FileScanner::scan(sources).fileCount; });
-}
-
-int measureSize(const FileURL& tree)
-{
-    return measureWarm("bytes",
-                       [&] { return FolderSizeService::recursiveSize(tree, FileManager::defaultManager()); });
-}
-
-int measureLevel(const FileURL& folder)
-{
-    return measureWarm("entries", [&] { return FolderSizeService::scanLevel(folder).size(); });
-}
-
-/// What a search for the largest files can't do without.
-int measureWalk(const FileURL& tree)
-{
-    return measureWarm("bytes", [&] {
-        using Option = DirectoryEnumerator::Option;
-        const auto walk = FileManager::defaultManager().enumerator(tree, Option::skipsHiddenFiles |
-                                                                             Option::skipsPackageDescendants);
-        qint64 bytes = 0;
-        while (walk && (*walk)->next())
-            bytes += (*walk)->fileSize().value_or(0);
-        return bytes;
-    });
-}
-
-int measureLargest(const FileURL& tree)
-{
-    constexpr qsizetype asOnTheScreen = 50;
-    const int code =
-        measureWarm("files", [&] { return LargestFilesScanner::scan(tree, asOnTheScreen).size(); });
-    rusage usage = {};
-    ::getrusage(RUSAGE_SELF, &usage);
-    std::printf("peak %ld\n", usage.ru_maxrss);
-    return code;
-}
-
-int measureTreemap(qint64 cells)
-{
-    const TreemapLayout treemap = treemapOf(cells);
-    return measureWarm("cells", [&] { return treemap.layout().size(); });
-}
-
-int measurePlan(const FileURL& folder)
-{
-    return measureWarm("groups", [&] { return OrganizerService::propose(folder).size(); });
 }
 
 /// The real file system with another home.
@@ -191,6 +98,25 @@ int measureJunk(const FileURL& home)
     const FileManagerGuard guard(fileManager);
     return measureWarm("bytes",
                        [] { return HealthScoreService::compute(std::nullopt).result().junkEstimateBytes; });
+}
+
+/// 300 applications, with a metadata tool that takes 50 ms for each.
+int measureApps(const testing::TestMac& mac)
+{
+    const testing::MadeUpFiles files(mac.root(), QDateTime::currentDateTimeUtc());
+    for (int number = 0; number < 300; ++number) {
+        const QByteArray name = "App" + QByteArray::number(number);
+        addApplication(files, "Applications", {.name = name, .bundleID = "org.example." + name});
+    }
+    files.folder("usr/bin");
+    files.link("usr/bin/mdls",
+               QFile::encodeName(QCoreApplication::applicationDirPath()) + "/keelbright-slow-tool");
+    const Stopwatch stopwatch;
+    const QList<AppInfo> apps = AppScanner::scan().result();
+    stopwatch.print();
+    const auto known = std::ranges::count(apps, 42, &AppInfo::useCount);
+    std::printf("applications %lld\n", static_cast<long long>(known));
+    return known == 300 ? 0 : 1;
 }
 
 int measureBackup(QApplication& application, const FileURL& tree, const FileURL& drive)
@@ -229,42 +155,6 @@ int measureBackup(QApplication& application, const FileURL& tree, const FileURL&
     });
     QApplication::exec();
     return code;
-}
-
-/// 300 applications, with a metadata tool that takes 50 ms for each.
-int measureApps(const testing::TestMac& mac)
-{
-    const testing::MadeUpFiles files(mac.root(), QDateTime::currentDateTimeUtc());
-    for (int number = 0; number < 300; ++number) {
-        const QByteArray name = "App" + QByteArray::number(number);
-        addApplication(files, "Applications", {.name = name, .bundleID = "org.example." + name});
-    }
-    files.folder("usr/bin");
-    files.link("usr/bin/mdls",
-               QFile::encodeName(QCoreApplication::applicationDirPath()) + "/keelbright-slow-tool");
-    const Stopwatch stopwatch;
-    const QList<AppInfo> apps = AppScanner::scan().result();
-    stopwatch.print();
-    const auto known = std::ranges::count(apps, 42, &AppInfo::useCount);
-    std::printf("applications %lld\n", static_cast<long long>(known));
-    return known == 300 ? 0 : 1;
-}
-
-/// Nothing where there is no such work.
-std::optional<int> measureOne(const QString& work, const QString& argument)
-{
-    static const QHash<QString, int (*)(const FileURL&)> works = {
-        {QStringLiteral("scan"), measureScan},       {QStringLiteral("size"), measureSize},
-        {QStringLiteral("level"), measureLevel},     {QStringLiteral("walk"), measureWalk},
-        {QStringLiteral("largest"), measureLargest}, {QStringLiteral("plan"), measurePlan},
-        {QStringLiteral("junk"), measureJunk},
-    };
-    if (work == QStringLiteral("treemap"))
-        return measureTreemap(argument.toLongLong());
-    const auto found = works.find(work);
-    if (found == works.end())
-        return std::nullopt;
-    return (*found)(FileURL::fromPath(argument));
 }
 
 /// Waits for the first window to be painted, tells when that was, and ends the program.
@@ -332,7 +222,11 @@ int main(int argc, char** argv)
     const testing::TestMac mac;
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() == 3) {
-        if (const auto code = bench::measureOne(arguments[1], arguments[2]))
+        if (arguments[1] == QStringLiteral("scan"))
+            return bench::measureScan(FileURL::fromPath(arguments[2]));
+        if (arguments[1] == QStringLiteral("junk"))
+            return bench::measureJunk(FileURL::fromPath(arguments[2]));
+        if (const auto code = bench::measureStorage(arguments[1], arguments[2]))
             return *code;
     }
     if (arguments.size() == 4 && arguments[1] == QStringLiteral("backup")) {

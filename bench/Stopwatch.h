@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QElapsedTimer>
+
+#include <cstdio>
+#include <sys/resource.h>
+#include <tuple>
+
+namespace keelbright::bench {
+
+/// Wall and processor time of this process since it was made.
+class Stopwatch
+{
+public:
+    Stopwatch()
+        : m_processorAtStart(processorSeconds())
+    {
+        m_wall.start();
+    }
+
+    void print() const
+    {
+        std::printf("wall %.6f\n", static_cast<double>(m_wall.nsecsElapsed()) / 1e9);
+        std::printf("cpu %.6f\n", processorSeconds() - m_processorAtStart);
+    }
+
+private:
+    static double processorSeconds()
+    {
+        rusage usage = {};
+        ::getrusage(RUSAGE_SELF, &usage);
+        const auto seconds = [](const timeval& time) {
+            return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+        };
+        return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+    }
+
+    QElapsedTimer m_wall;
+    double m_processorAtStart;
+};
+
+/// Does it once before, so that both sides are measured warm. Prints what came out as `name`.
+template <typename Work> int measureWarm(const char* name, Work work)
+{
+    std::ignore = work();
+    const Stopwatch stopwatch;
+    const auto result = work();
+    stopwatch.print();
+    std::printf("%s %lld\n", name, static_cast<long long>(result));
+    return 0;
+}
+
+} // namespace keelbright::bench

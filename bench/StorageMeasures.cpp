@@ -1,0 +1,87 @@
+#include "bench/StorageMeasures.h"
+
+#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/storage/FolderSizeService.h"
+#include "KeelbrightCore/storage/LargestFilesScanner.h"
+#include "KeelbrightCore/storage/OrganizerService.h"
+#include "bench/Stopwatch.h"
+#include "bench/TreemapNodes.h"
+
+#include <QHash>
+
+namespace keelbright::bench {
+
+namespace {
+
+int measureSize(const FileURL& tree)
+{
+    return measureWarm("bytes",
+                       [&] { return FolderSizeService::recursiveSize(tree, FileManager::defaultManager()); });
+}
+
+int measureLevel(const FileURL& folder)
+{
+    return measureWarm("entries", [&] { return FolderSizeService::scanLevel(folder).size(); });
+}
+
+/// What a search for the largest files can't do without.
+int measureWalk(const FileURL& tree)
+{
+    return measureWarm("bytes", [&] {
+        using Option = DirectoryEnumerator::Option;
+        const auto walk = FileManager::defaultManager().enumerator(tree, Option::skipsHiddenFiles |
+                                                                             Option::skipsPackageDescendants);
+        qint64 bytes = 0;
+        while (walk && (*walk)->next())
+            bytes += (*walk)->fileSize().value_or(0);
+        return bytes;
+    });
+}
+
+/// The most memory that the process has had so far, in the units of the system.
+long peakMemory()
+{
+    rusage usage = {};
+    ::getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+}
+
+int measureLargest(const FileURL& tree)
+{
+    constexpr qsizetype asOnTheScreen = 50;
+    const long before = peakMemory();
+    const int code =
+        measureWarm("files", [&] { return LargestFilesScanner::scan(tree, asOnTheScreen).size(); });
+    std::printf("peak %ld\ngrowth %ld\n", peakMemory(), peakMemory() - before);
+    return code;
+}
+
+int measureTreemap(qint64 cells)
+{
+    const TreemapLayout treemap = treemapOf(cells);
+    return measureWarm("cells", [&] { return treemap.layout().size(); });
+}
+
+int measurePlan(const FileURL& folder)
+{
+    return measureWarm("groups", [&] { return OrganizerService::propose(folder).size(); });
+}
+
+} // namespace
+
+std::optional<int> measureStorage(const QString& work, const QString& argument)
+{
+    static const QHash<QString, int (*)(const FileURL&)> works = {
+        {QStringLiteral("size"), measureSize}, {QStringLiteral("level"), measureLevel},
+        {QStringLiteral("walk"), measureWalk}, {QStringLiteral("largest"), measureLargest},
+        {QStringLiteral("plan"), measurePlan},
+    };
+    if (work == QStringLiteral("treemap"))
+        return measureTreemap(argument.toLongLong());
+    const auto found = works.find(work);
+    if (found == works.end())
+        return std::nullopt;
+    return (*found)(FileURL::fromPath(argument));
+}
+
+} // namespace keelbright::bench
