@@ -1,5 +1,6 @@
 #include "Keelbright/state/OrganizerVM.h"
 
+#include "Keelbright/state/Delivery.h"
 #include "Keelbright/state/FolderChooser.h"
 #include "Keelbright/state/L10n.h"
 #include "KeelbrightCore/platform/ByteSum.h"
@@ -8,7 +9,6 @@
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/storage/OrganizerService.h"
 
-#include <QFutureWatcher>
 #include <QPointer>
 #include <QThreadPool>
 #include <QtConcurrent>
@@ -77,15 +77,8 @@ void OrganizerVM::scan(const FileURL& folder)
     selectNothing();
     setSelectedProposalID(std::nullopt);
 
-    // A watcher of its own for each scan. It goes with the model, and a plan that comes later finds
-    // nobody; a continuation with a context would look at the context from the other thread.
-    using Watcher = QFutureWatcher<QList<OrganizeProposal>>;
-    auto* watcher = new Watcher(this);
-    connect(watcher, &Watcher::finished, this, [this, watcher] {
-        showPlan(watcher->result());
-        watcher->deleteLater();
-    });
-    watcher->setFuture(QtConcurrent::run(&TaskPools::userInitiated(), OrganizerService::propose, folder));
+    deliver(QtConcurrent::run(&TaskPools::userInitiated(), OrganizerService::propose, folder), this,
+            [this](const QList<OrganizeProposal>& plan) { showPlan(plan); });
 }
 
 void OrganizerVM::showPlan(const QList<OrganizeProposal>& plan)
