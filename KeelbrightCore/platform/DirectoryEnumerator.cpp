@@ -21,12 +21,12 @@ EntryType typeOfMode(mode_t mode)
     return S_ISLNK(mode) ? EntryType::symbolicLink : EntryType::other;
 }
 
-/// Links are not followed; nothing where the entry has gone meanwhile.
-std::optional<EntryType> typeFromInode(int folder, const char* name)
+/// Links are not followed; the `errno` value of a failure.
+std::expected<EntryType, int> typeFromInode(int folder, const char* name)
 {
     struct stat status = {};
     if (::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
-        return std::nullopt;
+        return std::unexpected(errno);
     return typeOfMode(status.st_mode);
 }
 
@@ -119,9 +119,13 @@ private:
     {
         if (m_options.testFlag(Option::skipsHiddenFiles) && entry.name[0] == '.')
             return false;
-        const auto type = entry.type ? entry.type : typeFromInode(m_chain.descriptor(), entry.name);
-        if (!type)
+        const auto type = entry.type ? std::expected<EntryType, int>(*entry.type)
+                                     : typeFromInode(m_chain.descriptor(), entry.name);
+        if (!type) {
+            if (type.error() != ENOENT)
+                report(currentFolder().appendingNative(entry.name), FileError::Operation::read, type.error());
             return false;
+        }
         m_name = entry.name;
         m_type = *type;
         m_entersCurrent = m_type == EntryType::directory &&
@@ -134,7 +138,7 @@ private:
         m_entersCurrent = false;
         const QByteArray name(m_name);
         if (const auto entered = m_chain.enter(name); !entered) {
-            // One that has gone since it was listed is no loss to tell of.
+            // What has gone since it was listed is no loss to tell of.
             if (entered.error() != ENOENT)
                 report(currentFolder().appendingNative(name), FileError::Operation::opened, entered.error());
             return;
