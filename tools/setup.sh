@@ -74,8 +74,9 @@ install_packages() {
     local as_root=()
     if [ "$(id -u)" -ne 0 ]; then
         if ! command -v sudo >/dev/null; then
-            stage="installing packages, which needs root. Run this as root, then start again:
-  apt-get update && apt-get install --no-install-recommends -y ${missing% }"
+            # Alone on its line, ready to be copied.
+            printf 'This needs root. Run this as root, then start again:\n  %s\n' \
+                "apt-get update && apt-get install --no-install-recommends -y ${missing% }" >&2
             stage_log=""
             return 1
         fi

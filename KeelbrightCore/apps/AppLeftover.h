@@ -15,8 +15,8 @@ struct AppLeftover
 
     QUuid id = QUuid::createUuid();
     FileURL url;
-    qint64 sizeBytes;
-    Kind kind;
+    qint64 sizeBytes = 0;
+    Kind kind = Kind::other;
 
     [[nodiscard]] static const QList<Kind>& allKinds();
     /// The text that is shown.

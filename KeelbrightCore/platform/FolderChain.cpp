@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/FolderChain.h"
 
+#include <algorithm>
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -80,8 +81,7 @@ std::expected<void, int> FolderChain::leave()
         child = std::move(m_levels.back());
         m_levels.pop_back();
     }
-    if (m_firstOpen > m_levels.size())
-        m_firstOpen = m_levels.size();
+    m_firstOpen = std::min(m_firstOpen, m_levels.size());
     m_path.truncate(m_levels.back().pathLength);
     return result;
 }
@@ -109,13 +109,14 @@ std::expected<FileDescriptor, int> FolderChain::reopen(size_t depth, int child) 
 
 std::expected<FileDescriptor, int> FolderChain::walkTo(size_t depth) const
 {
-    FileDescriptor folder;
+    FileDescriptor folder = FileDescriptor::duplicate(rootDescriptor());
+    if (!folder.isOpen())
+        return std::unexpected(errno);
     qsizetype start = 0;
     for (size_t level = 1; level <= depth; ++level) {
         const qsizetype end = m_levels[level].pathLength;
         const QByteArray name = m_path.mid(start, end - start);
-        const int parent = level == 1 ? rootDescriptor() : folder.get();
-        FileDescriptor next = openFolder(parent, name.constData());
+        FileDescriptor next = openFolder(folder.get(), name.constData());
         if (!next.isOpen())
             return std::unexpected(errno);
         folder = std::move(next);

@@ -20,6 +20,8 @@ public:
 
     explicit UserDefaults(std::unique_ptr<QSettings> settings);
     ~UserDefaults();
+    UserDefaults(const UserDefaults&) = delete;
+    UserDefaults& operator=(const UserDefaults&) = delete;
     UserDefaults(UserDefaults&&) noexcept;
     UserDefaults& operator=(UserDefaults&&) noexcept;
 

@@ -27,9 +27,11 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     using namespace keelbright;
     const QByteArray output = fuzzing::bytesOf(data, size);
-    const QHash<QString, QString> values = AppScanner::parseMdls(QString::fromUtf8(output));
+    QHash<QString, QString> values = AppScanner::parseMdls(QString::fromUtf8(output));
     for (const QString& value : values)
         require(value != QStringLiteral("(null)") && !value.contains(u'\n'), "a value is one of a line");
+    // Only a blank of another kind can come between such a key and the sign that ends it.
+    values.removeIf([](const auto& line) { return line.key().endsWith(QStringLiteral(" =")); });
     require(AppScanner::parseMdls(writtenLines(values)) == values,
             "lines that are written are read as they were");
     const AppScanner::SpotlightMeta metadata = AppScanner::metadataFromOutput(output);
