@@ -34,7 +34,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    [[nodiscard]] QWidget* makeWelcomeStep();
+    [[nodiscard]] static QWidget* makeWelcomeStep();
     [[nodiscard]] QWidget* makeDestinationStep();
     [[nodiscard]] QWidget* makeBottomRow();
     void setStep(int step);

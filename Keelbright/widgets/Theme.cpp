@@ -96,7 +96,7 @@ Theme::Theme(QObject* parent)
     m_pointsPerPixel = 72.0 / std::min(96.0, dotsPerInch);
 }
 
-void Theme::install()
+void Theme::install() const
 {
     QApplication::setStyle(new ApplicationStyle);
     QApplication::setFont(font(FontRole::body));

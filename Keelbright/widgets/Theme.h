@@ -22,7 +22,7 @@ public:
     [[nodiscard]] static Theme& instance();
 
     /// Gives the application its style, palette and font. Once, before the first window.
-    void install();
+    void install() const;
 
     [[nodiscard]] ColorScheme scheme() const { return m_scheme; }
 

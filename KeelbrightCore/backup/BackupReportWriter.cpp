@@ -26,7 +26,7 @@ QString stamp(const QDateTime& date)
 /// One digit behind the point, in every locale; Qt's own formatting rounds a half the other way.
 QString oneDecimal(double value)
 {
-    std::array<char, 512> digits;
+    std::array<char, 512> digits{};
     const auto end =
         std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed, 1);
     return QString::fromLatin1(digits.data(), end.ptr - digits.data());
@@ -53,7 +53,7 @@ std::expected<WrittenReport, FileError> write(const BackupReport& report, const 
 {
     FileManager& fileManager = FileManager::defaultManager();
     const QString name = u"backup-report-"_s + stamp(report.startedAt);
-    const WrittenReport written{reportsDir.appending(name + ".json"_L1),
+    WrittenReport written{reportsDir.appending(name + ".json"_L1),
                                 reportsDir.appending(name + ".md"_L1)};
     const QByteArray json = QJsonDocument(report.toJson()).toJson(QJsonDocument::Indented);
     if (const auto done = fileManager.writeAtomically(written.jsonURL, json); !done)

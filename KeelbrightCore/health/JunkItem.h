@@ -11,7 +11,7 @@ struct JunkItem
 {
     QUuid id = QUuid::createUuid(); ///< not stable across scans
     FileURL url;                    ///< what would be moved to the Trash as one thing
-    qint64 sizeBytes;               ///< of the files below it; above 0 in what a scan gives
+    qint64 sizeBytes = 0;           ///< of the files below it; above 0 in what a scan gives
 
     /// The last path component.
     [[nodiscard]] QString name() const;

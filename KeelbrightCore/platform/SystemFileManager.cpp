@@ -169,7 +169,7 @@ std::expected<QByteArray, FileError> SystemFileManager::contents(const FileURL& 
         return std::unexpected(FileError{FileError::Operation::read, url.lastPathComponent(),
                                          FileError::Reason::notARegularFile});
     }
-    constexpr qsizetype piece = 64 * 1024;
+    constexpr qsizetype piece = qsizetype{64} * 1024;
     QByteArray data;
     data.reserve(status.st_size);
     for (;;) {
