@@ -25,9 +25,8 @@ class FolderIcons : public QAbstractFileIconProvider
 public:
     [[nodiscard]] QIcon icon(IconType type) const override
     {
-        return QApplication::style()->standardIcon(type == Drive      ? QStyle::SP_DriveHDIcon
-                                                   : type == Computer ? QStyle::SP_DriveHDIcon
-                                                                      : QStyle::SP_DirIcon);
+        const bool isDrive = type == Drive || type == Computer;
+        return QApplication::style()->standardIcon(isDrive ? QStyle::SP_DriveHDIcon : QStyle::SP_DirIcon);
     }
 
     [[nodiscard]] QIcon icon(const QFileInfo& info) const override
@@ -126,7 +125,7 @@ void FolderDialog::accept()
     const bool areFolders = std::ranges::all_of(
         folders, [&files](const FileURL& url) { return files.fileExists(url).isDirectory; });
     if (areFolders && !folders.isEmpty())
-        QDialog::accept();
+        done(Accepted);
     else
         QFileDialog::accept(); // says what is wrong
 }
