@@ -88,6 +88,13 @@ QDateTime withinFourDigitYears(const QDateTime& date)
     return qBound(earliest, date, latest);
 }
 
+/// ICU divides by zero at a fraction of some thirty digits; no field of a date has ten.
+bool hasOverlongNumber(const QString& text)
+{
+    static const QRegularExpression overlong(QStringLiteral("\\p{Nd}{10}"));
+    return overlong.match(text).hasMatch();
+}
+
 /// The text with all its digits and signs made alike: what remains is the width of its fields.
 QString shape(QString text)
 {
@@ -142,6 +149,8 @@ std::optional<QDateTime> DateFormatter::fromIso8601(const QString& text)
 
 std::optional<QDateTime> DateFormatter::fromPattern(const QString& text, const QString& pattern)
 {
+    if (hasOverlongNumber(text))
+        return std::nullopt;
     const icu::Locale locale("en_US_POSIX");
     UErrorCode status = U_ZERO_ERROR;
     icu::SimpleDateFormat format(toIcu(pattern), locale, status);

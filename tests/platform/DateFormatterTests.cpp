@@ -212,6 +212,14 @@ TEST_F(DateFormatterTests, aPatternIsReadTheSameInEveryTimeZone)
     }
 }
 
+TEST_F(DateFormatterTests, aPatternRefusesAFractionOfAnyLength)
+{
+    for (int digits = 7; digits <= 400; ++digits) {
+        const QByteArray text = "2026-03-01 09:05:00." + QByteArray(digits, '7') + " +0000";
+        EXPECT_EQ(matched(text.constData(), microseconds), std::nullopt) << digits;
+    }
+}
+
 TEST_F(DateFormatterTests, sixFractionalDigitsMatchSixLettersOnly)
 {
     EXPECT_EQ(matched("2026-03-01 09:05:00.123456 +0000", microseconds), utc(2026, 3, 1, 9, 5, 0, 123));
