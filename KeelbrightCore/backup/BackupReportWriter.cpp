@@ -53,8 +53,7 @@ std::expected<WrittenReport, FileError> write(const BackupReport& report, const 
 {
     FileManager& fileManager = FileManager::defaultManager();
     const QString name = u"backup-report-"_s + stamp(report.startedAt);
-    WrittenReport written{reportsDir.appending(name + ".json"_L1),
-                                reportsDir.appending(name + ".md"_L1)};
+    WrittenReport written{reportsDir.appending(name + ".json"_L1), reportsDir.appending(name + ".md"_L1)};
     const QByteArray json = QJsonDocument(report.toJson()).toJson(QJsonDocument::Indented);
     if (const auto done = fileManager.writeAtomically(written.jsonURL, json); !done)
         return std::unexpected(done.error());
