@@ -1,6 +1,7 @@
 #include "Keelbright/screens/Application.h"
 
 #include "Keelbright/screens/DesktopWorkspace.h"
+#include "Keelbright/screens/DialogFileChooser.h"
 #include "Keelbright/screens/DialogFolderChooser.h"
 #include "Keelbright/screens/MainWindow.h"
 #include "Keelbright/state/KeelbrightApp.h"
@@ -37,10 +38,11 @@ int runWindow(QApplication& application)
     Theme::instance().install();
 
     DialogFolderChooser chooser;
+    DialogFileChooser files;
     DesktopWorkspace workspace;
     DialogAlertPresenter alerts;
     KeelbrightApp app(chooser);
-    MainWindow window({app.state(), alerts, workspace});
+    MainWindow window({app.state(), alerts, workspace, files});
     QObject::connect(&window, &MainWindow::closed, &application, &QCoreApplication::quit);
     window.show();
     const int code = QApplication::exec();

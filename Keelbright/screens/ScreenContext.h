@@ -4,6 +4,7 @@ namespace keelbright {
 
 class AlertPresenter;
 class AppState;
+class FileChooser;
 class Workspace;
 
 /// What every screen is handed. All of it outlives every screen.
@@ -12,6 +13,7 @@ struct ScreenContext
     AppState& state;
     AlertPresenter& alerts;
     Workspace& workspace;
+    FileChooser& files;
 };
 
 } // namespace keelbright

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "KeelbrightCore/apps/iTunesLookupService.h"
 #include "KeelbrightCore/platform/Clock.h"
+
+#include <functional>
 
 namespace keelbright {
 
@@ -9,7 +12,10 @@ class BackupConfigStore;
 class FolderChooser;
 class UserDefaults;
 
-/// What the state is handed at start. Everything outlives the state.
+/// Asks the App Store for the application of that name.
+using AppLookup = std::function<QFuture<std::optional<iTunesAppInfo>>(const QString& appName)>;
+
+/// What the state and the models of the screens are handed. Everything outlives the state.
 struct AppServices
 {
     BackupConfigStore& configStore;
@@ -17,6 +23,7 @@ struct AppServices
     UserDefaults& userDefaults;
     FolderChooser& folderChooser;
     Clock clock = systemClock;
+    AppLookup lookup = [](const QString& appName) { return iTunesLookupService::lookup(appName); };
 };
 
 } // namespace keelbright

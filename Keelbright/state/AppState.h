@@ -64,10 +64,14 @@ public:
     /// Absent before the first `refreshHealthScore` has ended; kept while a new one is computed.
     [[nodiscard]] const std::optional<HealthScore>& healthScore() const { return m_healthScore; }
 
-    /// Once filled, kept until the program quits.
+    /// Once filled, kept until the program quits or the application manager changes it.
     [[nodiscard]] const QList<AppInfo>& scannedApps() const { return m_scannedApps; }
 
+    void setScannedApps(const QList<AppInfo>& apps);
+
     [[nodiscard]] bool isAppScanning() const { return m_isAppScanning; }
+
+    void setIsAppScanning(bool isScanning);
 
     /// Report of the last finished backup, also of an earlier launch.
     [[nodiscard]] const std::optional<BackupReport>& lastReport() const { return m_lastReport; }
@@ -113,6 +117,9 @@ public:
 
     [[nodiscard]] QDateTime now() const { return m_services.clock(); }
 
+    /// For the models of the screens.
+    [[nodiscard]] const AppServices& services() const { return m_services; }
+
 Q_SIGNALS:
     void selectedScreenChanged();
     void isOnboardingCompletedChanged();
@@ -136,8 +143,6 @@ private:
     void enableRecommendedFolders(const QStringList& names);
     void watchEngine();
     void setHealthScore(const HealthScore& score);
-    void setScannedApps(const QList<AppInfo>& apps);
-    void setIsAppScanning(bool isScanning);
     void setLastReport(const std::optional<BackupReport>& report);
     void setLastBackupTime(const std::optional<QDateTime>& time);
 

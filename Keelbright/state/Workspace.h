@@ -11,6 +11,8 @@ public:
     virtual ~Workspace() = default;
     /// Opens a file or folder with the program that the desktop has for it; returns at once.
     virtual void open(const FileURL& url) = 0;
+    /// Shows the item in its folder, selected where the file manager can; returns at once.
+    virtual void reveal(const FileURL& url) = 0;
 };
 
 /// Opens the path, or its parent folder where nothing exists at the path.

@@ -7,7 +7,9 @@
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 #include "tests/support/Accessible.h"
+#include "tests/support/BackgroundWork.h"
 #include "tests/support/FakeAlertPresenter.h"
+#include "tests/support/FakeFileChooser.h"
 #include "tests/support/FakeFolderChooser.h"
 #include "tests/support/FakeWorkspace.h"
 #include "tests/support/Printing.h"
@@ -31,12 +33,18 @@ protected:
         (void)standardOutputOf([this] { state = std::make_unique<AppState>(services()); });
     }
 
+    /// What a screen has begun in the background stands on the machine below.
+    ~ScreenFixture() override { waitForBackgroundWork(); }
+
+    ScreenFixture(const ScreenFixture&) = delete;
+    ScreenFixture& operator=(const ScreenFixture&) = delete;
+
     [[nodiscard]] AppServices services()
     {
         return {configStore, activityStore, userDefaults, chooser, mac.clock()};
     }
 
-    [[nodiscard]] ScreenContext context() { return {*state, alerts, workspace}; }
+    [[nodiscard]] ScreenContext context() { return {*state, alerts, workspace, files}; }
 
     [[nodiscard]] FileURL drive() const { return mac.root().appending(QStringLiteral("Volumes/Anchor")); }
 
@@ -79,6 +87,7 @@ protected:
     FakeFolderChooser chooser;
     FakeAlertPresenter alerts;
     FakeWorkspace workspace;
+    FakeFileChooser files;
     std::unique_ptr<AppState> state;
     ThemeGuard theme{ColorScheme::light, true};
 };

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "KeelbrightCore/platform/FileURL.h"
+
+#include <QString>
+#include <QStringList>
+#include <functional>
+
+namespace keelbright {
+
+/// What a chooser is asked for when the user is to open one file.
+struct FileOpenRequest
+{
+    QString message;        ///< what the user is to choose, shown as the title
+    QString prompt;         ///< the text of the accepting button
+    QStringList extensions; ///< without dots; only such files can be chosen
+};
+
+/// What a chooser is asked for when the user is to say where a file goes.
+struct FileSaveRequest
+{
+    QString title;
+    QString prompt;    ///< the text of the accepting button
+    QString name;      ///< what the file is called unless the user writes otherwise
+    QString extension; ///< without a dot; given to a name that is written without one
+};
+
+/// Asks the user for one file. Handed to the screens, so that they know no dialog.
+class FileChooser
+{
+public:
+    virtual ~FileChooser() = default;
+    // Both show the chooser and return at once. `chosen` is called on the main thread when the user
+    // confirms, and never when the chooser is dismissed.
+    virtual void chooseFile(const FileOpenRequest& request, std::function<void(const FileURL&)> chosen) = 0;
+    virtual void chooseSaveLocation(const FileSaveRequest& request,
+                                    std::function<void(const FileURL&)> chosen) = 0;
+};
+
+} // namespace keelbright
