@@ -49,7 +49,9 @@ QVariant RowModel::data(const QModelIndex& index, int role) const
 
 Qt::ItemFlags RowModel::flags(const QModelIndex& index) const
 {
-    if (!index.isValid() || !headerAt(index.row()).isEmpty())
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    if (!headerAt(index.row()).isEmpty())
         return Qt::ItemNeverHasChildren;
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
     // A mark is pressed through the view, which tells the screen; the model holds none.

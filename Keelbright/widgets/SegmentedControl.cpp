@@ -98,11 +98,6 @@ SegmentedControl::SegmentedControl(const QString& name, const QStringList& choic
         m_segments.append(segment);
         const int index = static_cast<int>(i);
         connect(segment, &QRadioButton::clicked, this, [this, index] { Q_EMIT chosen(index); });
-        // Arrows check without a click.
-        connect(segment, &QRadioButton::toggled, this, [this, segment, index](bool isOn) {
-            if (isOn && !m_isFollowing && !segment->isDown())
-                Q_EMIT chosen(index);
-        });
     }
     if (!m_segments.isEmpty())
         setCurrentIndex(0);
@@ -120,9 +115,7 @@ int SegmentedControl::currentIndex() const
 
 void SegmentedControl::setCurrentIndex(int index)
 {
-    m_isFollowing = true;
     m_segments.at(index)->setChecked(true);
-    m_isFollowing = false;
 }
 
 void SegmentedControl::paintEvent(QPaintEvent*)

@@ -29,7 +29,6 @@ protected:
 
 private:
     QList<Segment*> m_segments;
-    bool m_isFollowing = false;
 };
 
 } // namespace keelbright
