@@ -135,9 +135,7 @@ void layOutWords(const ListRow& row, const QRect& rest, RowLayout& layout)
     const int titleHeight = lineHeight(FontRole::bodyStrong);
     const int detailHeight = lineHeight(FontRole::secondary);
     const int height = titleHeight + (hasDetail ? detailHeight : 0);
-    const int lift = row.bar ? barHeight : 0;
-    const QRect title(rest.left(), rest.top() + (rest.height() - height) / 2 - lift, rest.width(),
-                      titleHeight);
+    const QRect title(rest.left(), rest.top() + (rest.height() - height) / 2, rest.width(), titleHeight);
     const int tag = row.tag.isEmpty() ? 0 : textWidth(FontRole::captionStrong, row.tag) + tagPadding;
     const int aside = row.aside.isEmpty() ? 0 : textWidth(FontRole::secondary, row.aside);
     layOutLine(title, textWidth(FontRole::bodyStrong, row.title), narrowestTitle,
@@ -172,6 +170,7 @@ RowLayout layOutRow(const ListRow& row, const QRect& rect, int padding)
         const double fraction = std::clamp(*row.bar, 0.0, 1.0);
         layout.bar = QRect(inner.left(), rect.bottom() - barBottom - barHeight,
                            static_cast<int>(std::round(inner.width() * fraction)), barHeight);
+        inner.setBottom(inner.bottom() - barHeight - 2);
     }
     // A symbol in the middle of its button ends where other rows end.
     if (!row.hasChevron && !row.actions.isEmpty() && !row.actions.last().symbol.isEmpty())
