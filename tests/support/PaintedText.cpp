@@ -29,15 +29,15 @@ public:
 
     void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
 
-    void updateState(const QPaintEngineState& state) override
+    void updateState(const QPaintEngineState& now) override
     {
-        const DirtyFlags changed = state.state();
+        const DirtyFlags changed = now.state();
         if (changed.testFlag(DirtyTransform))
-            m_transform = state.transform();
+            m_transform = now.transform();
         if (changed.testFlag(DirtyPen))
-            m_color = state.pen().color();
+            m_color = now.pen().color();
         if (changed.testFlag(DirtyOpacity))
-            m_opacity = state.opacity();
+            m_opacity = now.opacity();
     }
 
     void drawTextItem(const QPointF& position, const QTextItem& item) override
