@@ -51,7 +51,10 @@ RowListView::RowListView(Look look, const QString& name, QWidget* parent)
     });
 }
 
-RowListView::~RowListView() = default;
+RowListView::~RowListView()
+{
+    delete m_buttons;
+}
 
 void RowListView::setRowModel(RowModel* model)
 {
@@ -115,7 +118,7 @@ bool RowListView::showsFocusAt(const QModelIndex& index) const
 
 bool RowListView::hasButtonsAt(const QModelIndex& index) const
 {
-    return index == currentIndex() && m_buttons->isVisible();
+    return index == currentIndex() && m_buttons != nullptr && m_buttons->isVisible();
 }
 
 RowListView::Target RowListView::targetAt(const QPoint& position) const
@@ -138,8 +141,10 @@ RowListView::Target RowListView::targetAt(const QPoint& position) const
 
 void RowListView::updateButtons()
 {
+    if (m_buttons == nullptr) // they stand beside the list, and may have gone before it
+        return;
     const QModelIndex index = currentIndex();
-    if (m_model == nullptr || !index.isValid() || !m_model->headerAt(index.row()).isEmpty()) {
+    if (m_model == nullptr || !isVisible() || !index.isValid() || !m_model->headerAt(index.row()).isEmpty()) {
         m_buttons->show({}, {});
         return;
     }
@@ -286,6 +291,22 @@ void RowListView::updateGeometries()
 {
     QListView::updateGeometries();
     updateButtons();
+}
+
+bool RowListView::event(QEvent* event)
+{
+    const bool isHandled = QListView::event(event);
+    switch (event->type()) {
+    case QEvent::Show:
+    case QEvent::Hide:
+    case QEvent::Move:
+    case QEvent::ParentChange:
+        updateButtons();
+        break;
+    default:
+        break;
+    }
+    return isHandled;
 }
 
 void RowListView::paintEvent(QPaintEvent* event)

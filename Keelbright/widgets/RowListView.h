@@ -68,6 +68,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    bool event(QEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void updateGeometries() override;
     void paintEvent(QPaintEvent* event) override;
@@ -88,7 +89,7 @@ private:
     Look m_look;
     QPointer<RowModel> m_model;
     RowDelegate* m_delegate;
-    RowButtons* m_buttons;
+    QPointer<RowButtons> m_buttons;
     std::unique_ptr<Target> m_pressed;
     FocusRing m_focusRing;
     bool m_isFollowing = false;
