@@ -4,8 +4,10 @@
 #include "Keelbright/screens/BackupProgressView.h"
 #include "Keelbright/screens/BackupReportView.h"
 #include "Keelbright/screens/DashboardView.h"
+#include "Keelbright/screens/NewMacRecoveryView.h"
 #include "Keelbright/screens/PreflightSummaryView.h"
 #include "Keelbright/screens/ProtectedItemsView.h"
+#include "Keelbright/screens/RestoreBrowserView.h"
 #include "Keelbright/screens/ScanResultsView.h"
 #include "Keelbright/screens/SettingsView.h"
 #include "Keelbright/widgets/EmptyStateView.h"
@@ -39,9 +41,11 @@ QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent
     case Screen::junkCleaner:
     case Screen::storageBrowser:
     case Screen::organizer:
-    case Screen::restoreBrowser:
-    case Screen::recovery:
         break;
+    case Screen::restoreBrowser:
+        return new RestoreBrowserView(context.state, context.workspace, parent);
+    case Screen::recovery:
+        return new NewMacRecoveryView(context.files, parent);
     }
     return makeWelcomeView(parent);
 }
