@@ -18,6 +18,7 @@
 #include "KeelbrightCore/health/HealthScoreService.h"
 #include "bench/Stopwatch.h"
 #include "bench/StorageMeasures.h"
+#include "tests/support/FakeFileChooser.h"
 #include "tests/support/FakeFolderChooser.h"
 #include "tests/support/MadeUpApplication.h"
 #include "tests/support/StallProbe.h"
@@ -97,10 +98,11 @@ int measureBackup(QApplication& application, const FileURL& tree, const FileURL&
     Theme::instance().install();
     testing::FakeFolderChooser chooser;
     NoWorkspace workspace;
+    testing::FakeFileChooser files;
     DialogAlertPresenter alerts;
     KeelbrightApp app(chooser);
     AppState& state = app.state();
-    MainWindow window({state, alerts, workspace});
+    MainWindow window({state, alerts, workspace, files});
     state.setIsOnboardingCompleted(true);
     state.setSelectedScreen(Screen::backupProgress);
     window.show();
