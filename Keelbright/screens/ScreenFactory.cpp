@@ -6,6 +6,7 @@
 #include "Keelbright/screens/PreflightSummaryView.h"
 #include "Keelbright/screens/ProtectedItemsView.h"
 #include "Keelbright/screens/SettingsView.h"
+#include "Keelbright/screens/StorageBrowserView.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 
 #include <QCoreApplication>
@@ -29,9 +30,10 @@ QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent
         return new BackupProgressView(context.state, context.workspace, parent);
     case Screen::backupReport:
         return new BackupReportView(context.state, context.workspace, parent);
+    case Screen::storageBrowser:
+        return new StorageBrowserView(context, parent);
     case Screen::appManager:
     case Screen::junkCleaner:
-    case Screen::storageBrowser:
     case Screen::organizer:
     case Screen::scanResults:
     case Screen::activityLog:
