@@ -10,6 +10,7 @@
 #include "Keelbright/screens/RestoreBrowserView.h"
 #include "Keelbright/screens/ScanResultsView.h"
 #include "Keelbright/screens/SettingsView.h"
+#include "Keelbright/screens/StorageBrowserView.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 
 #include <QCoreApplication>
@@ -37,9 +38,10 @@ QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent
         return new ScanResultsView(context, parent);
     case Screen::activityLog:
         return new ActivityLogView(context, parent);
+    case Screen::storageBrowser:
+        return new StorageBrowserView(context, parent);
     case Screen::appManager:
     case Screen::junkCleaner:
-    case Screen::storageBrowser:
     case Screen::organizer:
         break;
     case Screen::restoreBrowser:
