@@ -47,6 +47,8 @@ void DialogAlertPresenter::present(QWidget* parent, const AlertRequest& request,
     auto* dialog = new AlertDialog(request, parent);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(dialog, &QDialog::accepted, dialog, std::move(confirmed));
+    if (request.dismissed)
+        QObject::connect(dialog, &QDialog::rejected, dialog, request.dismissed);
     dialog->open();
 }
 

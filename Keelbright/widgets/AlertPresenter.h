@@ -15,6 +15,10 @@ struct AlertRequest
     QString action;             ///< what the confirming button says
     QString cancel;             ///< what the other button says
     bool isDestructive = false; ///< the action takes something away
+    /// Called on the main thread when the user takes the way out: the other button, Escape or
+    /// closing the question. Never after the action, and not where the question goes with its
+    /// parent. May be empty.
+    std::function<void()> dismissed = {};
 };
 
 /// Asks the user a question. Handed to the screens, so that a test can answer.

@@ -22,6 +22,13 @@ public:
     /// Presses the action of the last question.
     void confirm() { m_confirmed(); }
 
+    /// Leaves the last question by its way out.
+    void dismiss()
+    {
+        if (m_requests.last().dismissed)
+            m_requests.last().dismissed();
+    }
+
 private:
     QList<AlertRequest> m_requests;
     std::function<void()> m_confirmed;

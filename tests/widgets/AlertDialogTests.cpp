@@ -32,12 +32,20 @@ protected:
         return window.findChild<AlertDialog*>();
     }
 
+    AlertRequest watchedReset()
+    {
+        AlertRequest request = reset();
+        request.dismissed = [this] { ++dismissals; };
+        return request;
+    }
+
     /// Lets a closed dialog go.
     static void settle() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     QWidget window;
     DialogAlertPresenter presenter;
     int confirmations = 0;
+    int dismissals = 0;
 };
 
 } // namespace
@@ -82,6 +90,28 @@ TEST_F(AlertPresenterTest, escapeCancels)
     EXPECT_TRUE(dialog.isNull());
 }
 
+TEST_F(AlertPresenterTest, tellsOnceOfEachWayOut)
+{
+    present(watchedReset())->cancelButton()->click();
+    settle();
+    EXPECT_EQ(dismissals, 1);
+    QTest::keyClick(present(watchedReset()), Qt::Key_Escape);
+    settle();
+    EXPECT_EQ(dismissals, 2);
+    present(watchedReset())->close();
+    settle();
+    EXPECT_EQ(dismissals, 3);
+    EXPECT_EQ(confirmations, 0);
+}
+
+TEST_F(AlertPresenterTest, theActionIsNoWayOut)
+{
+    present(watchedReset())->actionButton()->click();
+    settle();
+    EXPECT_EQ(confirmations, 1);
+    EXPECT_EQ(dismissals, 0);
+}
+
 TEST_F(AlertPresenterTest, theSafeButtonHasTheFocusWhereTheActionTakesSomethingAway)
 {
     AlertDialog* dialog = present(reset());
@@ -101,9 +131,10 @@ TEST_F(AlertPresenterTest, goesSilentlyWithTheWindowBelow)
 {
     auto owner = std::make_unique<QWidget>();
     owner->show();
-    presenter.present(owner.get(), reset(), [this] { ++confirmations; });
+    presenter.present(owner.get(), watchedReset(), [this] { ++confirmations; });
     owner.reset();
     EXPECT_EQ(confirmations, 0);
+    EXPECT_EQ(dismissals, 0);
 }
 
 } // namespace keelbright
