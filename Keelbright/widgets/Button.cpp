@@ -16,6 +16,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int gap = 7;
+constexpr int arrowSize = 14; ///< of a button with a menu
 
 Role startingHue(Button::Kind kind)
 {
@@ -112,9 +113,15 @@ int Button::pictureWidth() const
     return m_symbol.isEmpty() ? 0 : symbolSize() + gap;
 }
 
+int Button::arrowWidth() const
+{
+    return menu() == nullptr || isSymbolAlone() ? 0 : arrowSize + gap;
+}
+
 QString Button::shownCaption() const
 {
-    return fontMetrics().elidedText(m_caption, Qt::ElideRight, width() - 2 * padding() - pictureWidth() + 1);
+    return fontMetrics().elidedText(m_caption, Qt::ElideRight,
+                                    width() - 2 * padding() - pictureWidth() - arrowWidth() + 1);
 }
 
 QSize Button::sizeHint() const
@@ -123,7 +130,8 @@ QSize Button::sizeHint() const
     const int height = std::max(least, fontMetrics().height() + 8);
     if (isSymbolAlone())
         return {height, height};
-    return {fontMetrics().horizontalAdvance(m_caption) + pictureWidth() + 2 * padding(), height};
+    return {fontMetrics().horizontalAdvance(m_caption) + pictureWidth() + arrowWidth() + 2 * padding(),
+            height};
 }
 
 QColor Button::wordColor() const
@@ -175,7 +183,7 @@ void Button::paintContent(QPainter& painter) const
     }
     const QString shown = shownCaption();
     const int textWidth = fontMetrics().horizontalAdvance(shown);
-    int x = (width() - textWidth - pictureWidth()) / 2;
+    int x = (width() - textWidth - pictureWidth() - arrowWidth()) / 2;
     if (pictureWidth() > 0) {
         Symbol::paint(painter, QRectF(x, (height() - symbolSize()) / 2.0, symbolSize(), symbolSize()),
                       m_symbol, picture);
@@ -187,6 +195,10 @@ void Button::paintContent(QPainter& painter) const
     painter.setPen(words);
     painter.drawText(QRect(x, 0, textWidth + 2, height()),
                      Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shown);
+    if (arrowWidth() > 0)
+        Symbol::paint(painter,
+                      QRectF(x + textWidth + gap, (height() - arrowSize) / 2.0 + 0.5, arrowSize, arrowSize),
+                      u"chevron.down"_s, isPlain ? words : theme.color(Role::mutedText));
 }
 
 bool Button::event(QEvent* event)

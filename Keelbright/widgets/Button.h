@@ -62,6 +62,7 @@ private:
     [[nodiscard]] int symbolSize() const;
     [[nodiscard]] int padding() const;
     [[nodiscard]] int pictureWidth() const;
+    [[nodiscard]] int arrowWidth() const;
     [[nodiscard]] QString shownCaption() const;
     [[nodiscard]] QColor wordColor() const;
     void applyFont();

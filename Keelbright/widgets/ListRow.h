@@ -16,6 +16,8 @@ struct RowAction
     QString name;               ///< the words, or the tool tip of a symbol
     bool isDelete = false;      ///< the Delete key does the same
     Role hue = Role::mutedText; ///< of the symbol
+
+    bool operator==(const RowAction&) const = default;
 };
 
 /// One row of a long list as it stands on screen: made when it is painted, pointed at or read out,

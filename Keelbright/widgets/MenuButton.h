@@ -25,8 +25,9 @@ public:
     MenuButton(Kind kind, const QString& text, const QString& symbolKey, const QList<Choice>& choices,
                QWidget* parent = nullptr);
 
-    /// The caption is that of the marked choice.
-    void setShowsChoice(bool shows);
+    /// From now on the caption is that of the marked choice; a screen reader is told the name and
+    /// then the choice.
+    void setShowsChoice(const QString& name);
 
     [[nodiscard]] int currentIndex() const { return m_currentIndex; }
 
@@ -38,6 +39,10 @@ Q_SIGNALS:
     void chosen(int index);
 
 private:
+    void paintSymbols();
+
+    QList<Choice> m_choices;
+    QString m_name;
     QList<QAction*> m_actions;
     int m_currentIndex = 0;
     bool m_showsChoice = false;

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "Keelbright/widgets/FocusRing.h"
 #include "Keelbright/widgets/RowModel.h"
 
 #include <QListView>
 #include <QPointer>
+#include <memory>
 
 namespace keelbright {
 
@@ -26,6 +28,8 @@ public:
 
     /// `name` is told to a screen reader.
     RowListView(Look look, const QString& name, QWidget* parent = nullptr);
+    ~RowListView() override;
+    Q_DISABLE_COPY_MOVE(RowListView)
 
     /// The model outlives the view or is its child. Keeps the current row where it can.
     void setRowModel(RowModel* model);
@@ -41,6 +45,9 @@ public:
 
     /// Does what a press on the row's action with this name does; false where it has none.
     bool press(int row, const QString& actionName);
+
+    /// The name of an action, or what does not fit the row; empty elsewhere.
+    [[nodiscard]] QString toolTipAt(const QPoint& position) const;
 
 Q_SIGNALS:
     /// The user chose another row.
@@ -72,7 +79,9 @@ private:
     struct Target;
 
     [[nodiscard]] Target targetAt(const QPoint& position) const;
-    void pressAction(int row, const RowAction& action);
+    [[nodiscard]] bool showsFocusAt(const QModelIndex& index) const;
+    /// Its actions are real buttons and need no painting.
+    [[nodiscard]] bool hasButtonsAt(const QModelIndex& index) const;
     void showMenu(int row, const QPoint& globalPosition);
     void updateButtons();
 
@@ -80,7 +89,8 @@ private:
     QPointer<RowModel> m_model;
     RowDelegate* m_delegate;
     RowButtons* m_buttons;
-    int m_pressedRow = -1;
+    std::unique_ptr<Target> m_pressed;
+    FocusRing m_focusRing;
     bool m_isFollowing = false;
 };
 

@@ -24,6 +24,9 @@ public:
     /// The words of a row that is the header of a group; empty for any other.
     [[nodiscard]] virtual QString headerAt(int row) const;
 
+    /// Its title alone, which typing letters looks for in every row; to be given by lists that grow.
+    [[nodiscard]] virtual QString titleAt(int row) const;
+
     /// What a screen reader says of the row: its words and its figures.
     [[nodiscard]] virtual QString accessibleText(int row) const;
 

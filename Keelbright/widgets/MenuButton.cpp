@@ -1,0 +1,65 @@
+#include "Keelbright/widgets/MenuButton.h"
+
+#include "Keelbright/widgets/Symbol.h"
+#include "Keelbright/widgets/Theme.h"
+
+#include <QActionGroup>
+#include <QMenu>
+
+namespace keelbright {
+
+MenuButton::MenuButton(Kind kind, const QString& text, const QString& symbolKey, const QList<Choice>& choices,
+                       QWidget* parent)
+    : Button(kind, text, symbolKey, parent)
+    , m_choices(choices)
+{
+    auto* menu = new QMenu(this);
+    auto* group = new QActionGroup(menu);
+    for (qsizetype i = 0; i < choices.size(); ++i) {
+        const Choice& choice = choices.at(i);
+        if (choice.startsGroup)
+            menu->addSeparator();
+        QAction* action = menu->addAction(QString(choice.text).replace(u'&', QStringLiteral("&&")));
+        action->setCheckable(true);
+        action->setChecked(i == 0);
+        group->addAction(action);
+        const int index = static_cast<int>(i);
+        connect(action, &QAction::triggered, this, [this, index] {
+            setCurrentIndex(index);
+            Q_EMIT chosen(index);
+        });
+        m_actions.append(action);
+    }
+    setMenu(menu);
+    connect(&Theme::instance(), &Theme::changed, this, &MenuButton::paintSymbols);
+    paintSymbols();
+}
+
+void MenuButton::paintSymbols()
+{
+    for (qsizetype i = 0; i < m_actions.size(); ++i) {
+        if (!m_choices.at(i).symbol.isEmpty())
+            m_actions.at(i)->setIcon(
+                Symbol::icon(m_choices.at(i).symbol, Theme::instance().color(Role::mutedText)));
+    }
+}
+
+void MenuButton::setShowsChoice(const QString& name)
+{
+    m_name = name;
+    m_showsChoice = true;
+    setCurrentIndex(m_currentIndex);
+}
+
+void MenuButton::setCurrentIndex(int index)
+{
+    m_currentIndex = index;
+    m_actions.at(index)->setChecked(true);
+    if (!m_showsChoice)
+        return;
+    setCaption(m_choices.at(index).text);
+    setAccessibleName(m_name);
+    setAccessibleDescription(m_choices.at(index).text);
+}
+
+} // namespace keelbright

@@ -1,0 +1,132 @@
+#include "Keelbright/widgets/SegmentedControl.h"
+
+#include "Keelbright/widgets/FocusRing.h"
+#include "Keelbright/widgets/Theme.h"
+
+#include <QFocusEvent>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QRadioButton>
+
+namespace keelbright {
+
+namespace {
+
+constexpr int framePadding = 3;
+constexpr int wordPadding = 10;
+
+} // namespace
+
+/// One of the choices.
+class Segment : public QRadioButton
+{
+public:
+    Segment(const QString& text, QWidget* parent)
+        : QRadioButton(text, parent)
+    {
+        setAccessibleName(text);
+        setFont(Theme::instance().font(FontRole::bodyStrong));
+        setAttribute(Qt::WA_Hover);
+        setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Expanding);
+    }
+
+    [[nodiscard]] QSize sizeHint() const override
+    {
+        return {fontMetrics().horizontalAdvance(text()) + 2 * wordPadding,
+                Metrics::buttonHeight - 2 * framePadding};
+    }
+
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    [[nodiscard]] bool hitButton(const QPoint& point) const override { return rect().contains(point); }
+
+    void paintEvent(QPaintEvent*) override
+    {
+        const Theme& theme = Theme::instance();
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        constexpr double radius = Metrics::buttonRadius - 2;
+        if (isChecked() || underMouse()) {
+            painter.setBrush(theme.color(isChecked() ? Role::accentFill : Role::hover));
+            painter.drawRoundedRect(rect(), radius, radius);
+        }
+        painter.setFont(font());
+        painter.setPen(theme.color(isChecked() ? Role::onFill : Role::primaryText));
+        painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
+        if (hasFocus() && m_focusRing.isVisible())
+            FocusRing::paint(painter, rect(), radius, isChecked());
+    }
+
+    void focusInEvent(QFocusEvent* event) override
+    {
+        m_focusRing.focusIn(*event);
+        QRadioButton::focusInEvent(event);
+        update();
+    }
+
+    void focusOutEvent(QFocusEvent* event) override
+    {
+        m_focusRing.focusOut();
+        QRadioButton::focusOutEvent(event);
+        update();
+    }
+
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        m_focusRing.keyPressed();
+        QRadioButton::keyPressEvent(event);
+        update();
+    }
+
+private:
+    FocusRing m_focusRing;
+};
+
+SegmentedControl::SegmentedControl(const QString& name, const QStringList& choices, QWidget* parent)
+    : QWidget(parent)
+{
+    setAccessibleName(name);
+    setFixedHeight(Metrics::buttonHeight);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(framePadding, framePadding, framePadding, framePadding);
+    layout->setSpacing(2);
+    for (qsizetype i = 0; i < choices.size(); ++i) {
+        auto* segment = new Segment(choices.at(i), this);
+        layout->addWidget(segment, 1);
+        m_segments.append(segment);
+        const int index = static_cast<int>(i);
+        connect(segment, &QRadioButton::clicked, this, [this, index] { Q_EMIT chosen(index); });
+    }
+    if (!m_segments.isEmpty())
+        setCurrentIndex(0);
+    connect(&Theme::instance(), &Theme::changed, this, qOverload<>(&QWidget::update));
+}
+
+int SegmentedControl::currentIndex() const
+{
+    for (qsizetype i = 0; i < m_segments.size(); ++i) {
+        if (m_segments.at(i)->isChecked())
+            return static_cast<int>(i);
+    }
+    return -1;
+}
+
+void SegmentedControl::setCurrentIndex(int index)
+{
+    m_segments.at(index)->setChecked(true);
+}
+
+void SegmentedControl::paintEvent(QPaintEvent*)
+{
+    const Theme& theme = Theme::instance();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(theme.color(Role::controlLine));
+    painter.setBrush(theme.color(Role::card));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), Metrics::buttonRadius,
+                            Metrics::buttonRadius);
+}
+
+} // namespace keelbright
