@@ -18,12 +18,13 @@
 #include "KeelbrightCore/health/HealthScoreService.h"
 #include "bench/Stopwatch.h"
 #include "bench/StorageMeasures.h"
+#include "tests/support/FakeFileChooser.h"
 #include "tests/support/FakeFolderChooser.h"
 #include "tests/support/MadeUpApplication.h"
+#include "tests/support/StallProbe.h"
 #include "tests/support/TestMac.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTimer>
 #include <QWidget>
@@ -36,40 +37,13 @@
 namespace keelbright::bench {
 namespace {
 
-/// The longest time that the main thread did not come back to its events.
-class StallProbe
-{
-public:
-    StallProbe()
-    {
-        m_timer.setTimerType(Qt::PreciseTimer);
-        m_timer.setInterval(interval);
-        QObject::connect(&m_timer, &QTimer::timeout, [this] { note(); });
-        m_sinceTurn.start();
-        m_timer.start();
-    }
-
-    [[nodiscard]] double longestSeconds() const { return static_cast<double>(m_longest) / 1e9; }
-
-private:
-    static constexpr int interval = 1;
-
-    void note()
-    {
-        m_longest = qMax(m_longest, m_sinceTurn.nsecsElapsed() - interval * 1'000'000);
-        m_sinceTurn.restart();
-    }
-
-    QTimer m_timer;
-    QElapsedTimer m_sinceTurn;
-    qint64 m_longest = 0;
-};
-
 /// A desktop that nothing is opened on.
 class NoWorkspace : public Workspace
 {
 public:
     void open(const FileURL&) override {}
+
+    void reveal(const FileURL&) override {}
 };
 
 int measureScan(const FileURL& tree)
@@ -124,10 +98,11 @@ int measureBackup(QApplication& application, const FileURL& tree, const FileURL&
     Theme::instance().install();
     testing::FakeFolderChooser chooser;
     NoWorkspace workspace;
+    testing::FakeFileChooser files;
     DialogAlertPresenter alerts;
     KeelbrightApp app(chooser);
     AppState& state = app.state();
-    MainWindow window({state, alerts, workspace});
+    MainWindow window({state, alerts, workspace, files});
     state.setIsOnboardingCompleted(true);
     state.setSelectedScreen(Screen::backupProgress);
     window.show();
@@ -138,7 +113,7 @@ int measureBackup(QApplication& application, const FileURL& tree, const FileURL&
                         .startedAt = QDateTime::currentDateTimeUtc()};
     int code = 1;
     QTimer::singleShot(200, &application, [&] {
-        const auto probe = std::make_shared<StallProbe>();
+        const auto probe = std::make_shared<testing::StallProbe>();
         const auto stopwatch = std::make_shared<Stopwatch>();
         QObject::connect(&state.engine(), &BackupEngine::isRunningChanged, [&, probe, stopwatch] {
             if (state.engine().isRunning())

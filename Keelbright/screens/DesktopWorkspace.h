@@ -2,13 +2,27 @@
 
 #include "Keelbright/state/Workspace.h"
 
+#include <QDBusConnection>
+#include <QObject>
+
 namespace keelbright {
 
-/// Opens files with what the desktop has for them.
+/// Opens and shows files with what the desktop has for them. Never waits for it. What was asked for
+/// and not answered when this goes is forgotten.
 class DesktopWorkspace : public Workspace
 {
 public:
+    /// On the session bus.
+    DesktopWorkspace();
+    /// Without a connection to a bus, `reveal` opens the folder.
+    explicit DesktopWorkspace(const QDBusConnection& bus);
+
     void open(const FileURL& url) override;
+    void reveal(const FileURL& url) override;
+
+private:
+    QDBusConnection m_bus;
+    QObject m_calls; ///< owns what waits for an answer
 };
 
 } // namespace keelbright

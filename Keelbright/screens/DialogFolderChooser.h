@@ -1,13 +1,12 @@
 #pragma once
 
+#include "Keelbright/screens/ChooserDialog.h"
 #include "Keelbright/state/FolderChooser.h"
-
-#include <QFileDialog>
 
 namespace keelbright {
 
-/// A dialog for one or several folders, the same on every desktop and usable by keyboard alone.
-class FolderDialog : public QFileDialog
+/// A dialog for one or several folders.
+class FolderDialog : public ChooserDialog
 {
     Q_OBJECT
 
@@ -15,11 +14,9 @@ public:
     FolderDialog(const FolderChooserRequest& request, QWidget* parent = nullptr);
 
     /// The chosen folders; what was typed counts where it differs from what is marked.
-    [[nodiscard]] QList<FileURL> chosenFolders() const;
-    void accept() override;
+    [[nodiscard]] QList<FileURL> chosenFolders() const { return chosenItems(); }
 
-private:
-    [[nodiscard]] QList<FileURL> markedFolders() const;
+    void accept() override;
 };
 
 /// Asks for folders with a `FolderDialog` over the active window.

@@ -1,11 +1,12 @@
 #include "Keelbright/widgets/DesktopSettings.h"
 
+#include "Keelbright/widgets/SessionBus.h"
+
 #include <QApplication>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QEvent>
-#include <QFile>
 #include <QPalette>
 
 namespace keelbright {
@@ -22,14 +23,6 @@ constexpr auto gnomeInterface = "org.gnome.desktop.interface"_L1;
 constexpr auto colorSchemeKey = "color-scheme"_L1;
 constexpr auto reducedMotionKey = "reduced-motion"_L1;
 constexpr auto animationsKey = "enable-animations"_L1;
-
-/// Without an address the bus library would start a bus of its own, which takes its time.
-bool hasSessionBus()
-{
-    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
-           (qEnvironmentVariableIsSet("XDG_RUNTIME_DIR") &&
-            QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus"_L1));
-}
 
 /// The portal wraps a value once in its signal and twice in the answer of its older method.
 QVariant unwrapped(QVariant value)
@@ -55,12 +48,8 @@ std::optional<ColorScheme> schemeOfWish(uint wish)
 } // namespace
 
 DesktopSettings::DesktopSettings(QObject* parent)
-    : QObject(parent)
-{
-    watchPalette();
-    if (hasSessionBus())
-        watchPortal(QDBusConnection::sessionBus());
-}
+    : DesktopSettings(sessionBus(), parent)
+{}
 
 DesktopSettings::DesktopSettings(const QDBusConnection& bus, QObject* parent)
     : QObject(parent)

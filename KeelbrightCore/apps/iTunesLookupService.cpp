@@ -58,6 +58,8 @@ public:
         connect(m_reply, &QNetworkReply::readyRead, this, &Request::limitBody);
         connect(m_reply, &QNetworkReply::finished, this, &Request::finish);
         connect(&m_watcher, &QFutureWatcherBase::canceled, m_reply, &QNetworkReply::abort);
+        // The toolkit's network thread can only let its own objects go while the application lives.
+        connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, [this] { delete this; });
     }
 
     ~Request() override { m_reply->disconnect(this); }

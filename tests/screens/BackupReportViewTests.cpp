@@ -104,10 +104,10 @@ TEST_F(BackupReportViewTests, listsTheSourceFoldersInOrder)
 TEST_F(BackupReportViewTests, thePlacesOpenAtAPress)
 {
     BackupReport report = sampleReport();
-    const FileURL files = mac.makeFolder("Volumes/Anchor/Keelbright/Mira/Latest/Personal Files");
-    report.personalFilesPath = files.path();
+    const FileURL mirror = mac.makeFolder("Volumes/Anchor/Keelbright/Mira/Latest/Personal Files");
+    report.personalFilesPath = mirror.path();
     report.destinationPath = drive().path();
-    report.manifestPath = files.deletingLastPathComponent().path() + u"/recovery-manifest.json"_s;
+    report.manifestPath = mirror.deletingLastPathComponent().path() + u"/recovery-manifest.json"_s;
     BackupReportView view(makeState(report), workspace);
     show(view);
     ASSERT_EQ(view.findChildren<PathRow*>().size(), 3);
@@ -119,7 +119,7 @@ TEST_F(BackupReportViewTests, thePlacesOpenAtAPress)
     for (qsizetype i = 0; i < 3; ++i)
         QTest::mouseClick(pathRow(view, i), Qt::LeftButton, {}, QPoint(5, 20));
     EXPECT_EQ(workspace.opened,
-              (QStringList{files.path(), drive().path(), files.deletingLastPathComponent().path()}));
+              (QStringList{mirror.path(), drive().path(), mirror.deletingLastPathComponent().path()}));
 }
 
 TEST_F(BackupReportViewTests, aPlaceThatIsGoneLeadsSomewhereNear)

@@ -63,7 +63,7 @@ TEST_F(MainWindowTest, everyLaunchShowsTheOnboarding)
     state->setIsOnboardingCompleted(true);
     std::unique_ptr<AppState> next;
     (void)testing::standardOutputOf([&] { next = std::make_unique<AppState>(services()); });
-    const MainWindow again({*next, alerts, workspace});
+    const MainWindow again({*next, alerts, workspace, files});
     EXPECT_NE(qobject_cast<OnboardingView*>(again.centralWidget()), nullptr);
 }
 

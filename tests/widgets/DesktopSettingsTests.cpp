@@ -1,9 +1,9 @@
 #include "Keelbright/widgets/DesktopSettings.h"
 
+#include "tests/support/PrivateBus.h"
+
 #include <QDBusMessage>
-#include <QProcess>
 #include <QSignalSpy>
-#include <QStandardPaths>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -44,34 +44,18 @@ class DesktopSettingsTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        const QString daemon = QStandardPaths::findExecutable(u"dbus-daemon"_s);
-        if (daemon.isEmpty())
-            GTEST_SKIP() << "dbus-daemon is not installed";
-        bus.start(daemon, {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address=1"_s});
-        ASSERT_TRUE(bus.waitForReadyRead(5000));
-        const QString address = QString::fromLatin1(bus.readLine()).trimmed();
-        client = QDBusConnection::connectToBus(address, u"client"_s);
-        server = QDBusConnection::connectToBus(address, u"server"_s);
-        ASSERT_TRUE(client.isConnected());
+        if (!bus.reasonMissing().empty())
+            GTEST_SKIP() << bus.reasonMissing();
+        ASSERT_TRUE(bus.client().isConnected());
         ASSERT_TRUE(
-            server.registerObject(u"/org/freedesktop/portal/desktop"_s, &portal,
-                                  QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
+            bus.server().registerObject(u"/org/freedesktop/portal/desktop"_s, &portal,
+                                        QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
     }
 
-    void TearDown() override
-    {
-        QDBusConnection::disconnectFromBus(u"client"_s);
-        QDBusConnection::disconnectFromBus(u"server"_s);
-        bus.terminate();
-        bus.waitForFinished(5000);
-    }
+    void startPortal() { ASSERT_TRUE(bus.server().registerService(u"org.freedesktop.portal.Desktop"_s)); }
 
-    void startPortal() { ASSERT_TRUE(server.registerService(u"org.freedesktop.portal.Desktop"_s)); }
-
-    QProcess bus;
     FakePortal portal;
-    QDBusConnection client{QString()};
-    QDBusConnection server{QString()};
+    testing::PrivateBus bus;
 };
 
 } // namespace
@@ -80,7 +64,7 @@ TEST_F(DesktopSettingsTest, takesDarkFromThePortalWithoutWaitingForIt)
 {
     portal.scheme = 1;
     startPortal();
-    DesktopSettings settings(client);
+    DesktopSettings settings(bus.client());
     EXPECT_EQ(settings.colorScheme(), ColorScheme::light); // nothing was waited for
     QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
     ASSERT_TRUE(changes.wait(5000));
@@ -90,7 +74,7 @@ TEST_F(DesktopSettingsTest, takesDarkFromThePortalWithoutWaitingForIt)
 TEST_F(DesktopSettingsTest, followsThePortalWhileItRuns)
 {
     startPortal();
-    const DesktopSettings settings(client);
+    const DesktopSettings settings(bus.client());
     QTest::qWait(200);
     EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
     QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
@@ -110,7 +94,7 @@ TEST_F(DesktopSettingsTest, withoutAPreferenceThePaletteDecides)
 {
     portal.scheme = 1;
     startPortal();
-    const DesktopSettings settings(client);
+    const DesktopSettings settings(bus.client());
     QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
     ASSERT_TRUE(changes.wait(5000));
     Q_EMIT portal.SettingChanged(u"org.freedesktop.appearance"_s, u"color-scheme"_s, QDBusVariant(0U));
@@ -122,7 +106,7 @@ TEST_F(DesktopSettingsTest, reducesMotionWhereTheDesktopSwitchedAnimationsOff)
 {
     portal.hasAnimations = false;
     startPortal();
-    const DesktopSettings settings(client);
+    const DesktopSettings settings(bus.client());
     QSignalSpy changes(&settings, &DesktopSettings::isMotionReducedChanged);
     ASSERT_TRUE(changes.wait(5000));
     EXPECT_TRUE(settings.isMotionReduced());
@@ -135,7 +119,7 @@ TEST_F(DesktopSettingsTest, reducesMotionWhereTheDesktopSwitchedAnimationsOff)
 TEST_F(DesktopSettingsTest, settingsOfOthersAreOverheard)
 {
     startPortal();
-    const DesktopSettings settings(client);
+    const DesktopSettings settings(bus.client());
     const QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
     Q_EMIT portal.SettingChanged(u"org.example.other"_s, u"color-scheme"_s, QDBusVariant(1U));
     QTest::qWait(300);
@@ -144,7 +128,7 @@ TEST_F(DesktopSettingsTest, settingsOfOthersAreOverheard)
 
 TEST_F(DesktopSettingsTest, withoutAPortalOnTheBusThePaletteDecides)
 {
-    const DesktopSettings settings(client);
+    const DesktopSettings settings(bus.client());
     QTest::qWait(300);
     EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
     EXPECT_FALSE(settings.isMotionReduced());

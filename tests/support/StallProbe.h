@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+namespace keelbright::testing {
+
+/// The longest time that the main thread did not come back to its events.
+class StallProbe
+{
+public:
+    StallProbe()
+    {
+        m_timer.setTimerType(Qt::PreciseTimer);
+        m_timer.setInterval(interval);
+        QObject::connect(&m_timer, &QTimer::timeout, [this] { note(); });
+        m_sinceTurn.start();
+        m_timer.start();
+    }
+
+    [[nodiscard]] double longestSeconds() const { return static_cast<double>(m_longest) / 1e9; }
+
+private:
+    static constexpr int interval = 1;
+
+    void note()
+    {
+        m_longest = qMax(m_longest, m_sinceTurn.nsecsElapsed() - interval * 1'000'000);
+        m_sinceTurn.restart();
+    }
+
+    QTimer m_timer;
+    QElapsedTimer m_sinceTurn;
+    qint64 m_longest = 0;
+};
+
+} // namespace keelbright::testing
