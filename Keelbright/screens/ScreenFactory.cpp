@@ -3,6 +3,8 @@
 #include "Keelbright/screens/BackupProgressView.h"
 #include "Keelbright/screens/BackupReportView.h"
 #include "Keelbright/screens/DashboardView.h"
+#include "Keelbright/screens/JunkCleanerView.h"
+#include "Keelbright/screens/OrganizerView.h"
 #include "Keelbright/screens/PreflightSummaryView.h"
 #include "Keelbright/screens/ProtectedItemsView.h"
 #include "Keelbright/screens/SettingsView.h"
@@ -29,10 +31,12 @@ QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent
         return new BackupProgressView(context.state, context.workspace, parent);
     case Screen::backupReport:
         return new BackupReportView(context.state, context.workspace, parent);
-    case Screen::appManager:
     case Screen::junkCleaner:
-    case Screen::storageBrowser:
+        return new JunkCleanerView(context, parent);
     case Screen::organizer:
+        return new OrganizerView(context, parent);
+    case Screen::appManager:
+    case Screen::storageBrowser:
     case Screen::scanResults:
     case Screen::activityLog:
     case Screen::restoreBrowser:
