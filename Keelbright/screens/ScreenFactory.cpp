@@ -4,7 +4,9 @@
 #include "Keelbright/screens/BackupProgressView.h"
 #include "Keelbright/screens/BackupReportView.h"
 #include "Keelbright/screens/DashboardView.h"
+#include "Keelbright/screens/JunkCleanerView.h"
 #include "Keelbright/screens/NewMacRecoveryView.h"
+#include "Keelbright/screens/OrganizerView.h"
 #include "Keelbright/screens/PreflightSummaryView.h"
 #include "Keelbright/screens/ProtectedItemsView.h"
 #include "Keelbright/screens/RestoreBrowserView.h"
@@ -43,6 +45,10 @@ QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent
     case Screen::appManager:
     case Screen::junkCleaner:
     case Screen::organizer:
+        return new JunkCleanerView(context, parent);
+        return new OrganizerView(context, parent);
+    case Screen::restoreBrowser:
+    case Screen::recovery:
         break;
     case Screen::restoreBrowser:
         return new RestoreBrowserView(context.state, context.workspace, parent);
