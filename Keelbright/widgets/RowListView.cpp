@@ -86,7 +86,11 @@ int RowListView::currentRow() const
 
 void RowListView::setCurrentRow(int row)
 {
-    if (m_model == nullptr || row == currentRow())
+    if (m_model == nullptr)
+        return;
+    // With the focus alone a row becomes current without being selected.
+    const bool isSelected = !selectionModel()->selectedIndexes().isEmpty();
+    if (row == currentRow() && isSelected == (row >= 0))
         return;
     m_isFollowing = true;
     if (row < 0) {
@@ -98,11 +102,17 @@ void RowListView::setCurrentRow(int row)
     m_isFollowing = false;
 }
 
+QList<RowAction> RowListView::allActionsAt(int row) const
+{
+    const ListRow shown = m_model->rowAt(row);
+    return shown.actions + shown.menuActions;
+}
+
 bool RowListView::press(int row, const QString& actionName)
 {
     if (m_model == nullptr || row < 0 || row >= m_model->rowCount() || !m_model->headerAt(row).isEmpty())
         return false;
-    for (const RowAction& action : m_model->rowAt(row).actions) {
+    for (const RowAction& action : allActionsAt(row)) {
         if (action.name == actionName) {
             Q_EMIT actionPressed(row, action);
             return true;
@@ -222,7 +232,7 @@ void RowListView::keyPressEvent(QKeyEvent* event)
         return;
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
-        for (const RowAction& action : m_model->rowAt(row).actions) {
+        for (const RowAction& action : allActionsAt(row)) {
             if (action.isDelete) {
                 Q_EMIT actionPressed(row, action);
                 return;
@@ -249,7 +259,7 @@ void RowListView::contextMenuEvent(QContextMenuEvent* event)
 
 void RowListView::showMenu(int row, const QPoint& globalPosition)
 {
-    const QList<RowAction> actions = m_model->rowAt(row).actions;
+    const QList<RowAction> actions = allActionsAt(row);
     if (actions.isEmpty())
         return;
     auto* menu = new QMenu(this);

@@ -83,6 +83,8 @@ private:
     [[nodiscard]] bool showsFocusAt(const QModelIndex& index) const;
     /// Its actions are real buttons and need no painting.
     [[nodiscard]] bool hasButtonsAt(const QModelIndex& index) const;
+    /// With those of the menu.
+    [[nodiscard]] QList<RowAction> allActionsAt(int row) const;
     void showMenu(int row, const QPoint& globalPosition);
     void updateButtons();
 

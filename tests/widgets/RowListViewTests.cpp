@@ -236,6 +236,55 @@ TEST_F(RowListViewTest, theMenuOfARowHoldsItsActions)
     EXPECT_EQ(pressed, u"2Move to Trash"_s);
 }
 
+TEST_F(RowListViewTest, anActionOfTheMenuAloneHasNoButton)
+{
+    show();
+    model.menuActions = {{{}, u"Rename…"_s}};
+    model.announceAllRows();
+    view.setCurrentRow(1);
+    EXPECT_EQ(shownButtons().size(), 2);
+    QString pressed;
+    QObject::connect(&view, &RowListView::actionPressed, &view,
+                     [&](int row, const RowAction& action) { pressed = QString::number(row) + action.name; });
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
+    QApplication::sendEvent(view.viewport(), &event);
+    auto* menu = view.findChild<QMenu*>();
+    ASSERT_NE(menu, nullptr);
+    ASSERT_EQ(menu->actions().size(), 3);
+    EXPECT_EQ(menu->actions().at(2)->text(), u"Rename…"_s);
+    menu->actions().at(2)->trigger();
+    EXPECT_EQ(pressed, u"1Rename…"_s);
+    EXPECT_TRUE(view.press(2, u"Rename…"_s));
+    EXPECT_EQ(pressed, u"2Rename…"_s);
+}
+
+TEST_F(RowListViewTest, theDeleteKeyKnowsTheActionsOfTheMenu)
+{
+    show();
+    model.menuActions = {{{}, u"Remove…"_s, true}};
+    model.hasButtons = false;
+    QString pressed;
+    QObject::connect(&view, &RowListView::actionPressed, &view,
+                     [&](int row, const RowAction& action) { pressed = QString::number(row) + action.name; });
+    view.setFocus();
+    view.setCurrentRow(1);
+    QTest::keyClick(&view, Qt::Key_Delete);
+    EXPECT_EQ(pressed, u"1Remove…"_s);
+}
+
+TEST_F(RowListViewTest, aRowThatIsCurrentByTheFocusAloneCanBeSelected)
+{
+    show();
+    view.setFocus(Qt::TabFocusReason);
+    ASSERT_EQ(view.currentRow(), 0);
+    EXPECT_TRUE(view.selectionModel()->selectedIndexes().isEmpty());
+    view.setCurrentRow(0);
+    EXPECT_EQ(view.selectionModel()->selectedIndexes(), QModelIndexList{model.index(0)});
+    view.setCurrentRow(-1);
+    EXPECT_TRUE(view.selectionModel()->selectedIndexes().isEmpty());
+    EXPECT_EQ(view.currentRow(), -1);
+}
+
 TEST_F(RowListViewTest, aHeaderIsNeitherChosenNorPressed)
 {
     model.setTitles({u"#Today"_s, u"Letters"_s, u"#Yesterday"_s, u"Music"_s});
