@@ -42,13 +42,11 @@ QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent
         return new ActivityLogView(context, parent);
     case Screen::storageBrowser:
         return new StorageBrowserView(context, parent);
-    case Screen::appManager:
     case Screen::junkCleaner:
-    case Screen::organizer:
         return new JunkCleanerView(context, parent);
+    case Screen::organizer:
         return new OrganizerView(context, parent);
-    case Screen::restoreBrowser:
-    case Screen::recovery:
+    case Screen::appManager:
         break;
     case Screen::restoreBrowser:
         return new RestoreBrowserView(context.state, context.workspace, parent);
