@@ -63,6 +63,7 @@ struct ListRow
     double barOpacity = 1;
 
     QList<RowAction> actions;
+    QList<RowAction> menuActions; ///< no buttons: further down in the context menu, and for the Delete key
     bool hasChevron = false;
     Role chevronColor = Role::accent; ///< `Role::window` keeps its room and draws nothing
 };

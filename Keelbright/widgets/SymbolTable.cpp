@@ -51,6 +51,7 @@ constexpr SymbolEntry entries[] = {
     {"doc.richtext.fill"_L1, u'\xF225'},                                      // file-pdf
     {"doc.text.fill"_L1, u'\xF219'},                                          // file-document
     {"doc.text.magnifyingglass"_L1, u'\xF21E'},                               // file-find
+    {"ellipsis"_L1, u'\xF1D8'},                                               // dots-horizontal
     {"exclamationmark.circle"_L1, u'\xF5D6'},                                 // alert-circle-outline
     {"exclamationmark.circle.fill"_L1, u'\xF028'},                            // alert-circle
     {"exclamationmark.triangle.fill"_L1, u'\xF026'},                          // alert
