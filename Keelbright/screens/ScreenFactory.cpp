@@ -1,5 +1,6 @@
 #include "Keelbright/screens/ScreenFactory.h"
 
+#include "Keelbright/screens/AppManagerView.h"
 #include "Keelbright/screens/BackupProgressView.h"
 #include "Keelbright/screens/BackupReportView.h"
 #include "Keelbright/screens/DashboardView.h"
@@ -30,6 +31,7 @@ QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent
     case Screen::backupReport:
         return new BackupReportView(context.state, context.workspace, parent);
     case Screen::appManager:
+        return new AppManagerView(context, parent);
     case Screen::junkCleaner:
     case Screen::storageBrowser:
     case Screen::organizer:
