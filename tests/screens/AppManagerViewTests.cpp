@@ -49,7 +49,7 @@ protected:
 
     static void choose(const QWidget& view, const QString& name, const QString& choice)
     {
-        for (QAction* action : menuButton(view, name)->menu()->actions()) {
+        for (QAction* action : menuButton(view, name)->choiceMenu()->actions()) {
             if (action->text() == choice)
                 return action->trigger();
         }
@@ -59,7 +59,7 @@ protected:
     [[nodiscard]] static QStringList choices(const QWidget& view, const QString& name)
     {
         QStringList texts;
-        for (const QAction* action : menuButton(view, name)->menu()->actions()) {
+        for (const QAction* action : menuButton(view, name)->choiceMenu()->actions()) {
             if (!action->isSeparator())
                 texts.append(action->text());
         }
