@@ -1,6 +1,8 @@
 #include "Keelbright/screens/DashboardView.h"
 
 #include "Keelbright/screens/Announcement.h"
+#include "Keelbright/screens/HealthCard.h"
+#include "Keelbright/screens/InsightGrid.h"
 #include "Keelbright/screens/PageSection.h"
 #include "Keelbright/screens/ProtectedFoldersCard.h"
 #include "Keelbright/screens/SlideReveal.h"
@@ -9,6 +11,7 @@
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/Headers.h"
 
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 namespace keelbright {
@@ -20,6 +23,8 @@ DashboardView::DashboardView(AppState& state, QWidget* parent)
     , m_state(state)
 {
     addHeader();
+    addHealth();
+    addInsights();
     addFolders();
     addAlerts();
     addProgress();
@@ -56,6 +61,19 @@ void DashboardView::addHeader()
     content()->addWidget(m_header);
 }
 
+void DashboardView::addHealth()
+{
+    m_health = new HealthCard(this);
+    connect(m_health, &HealthCard::recalculateRequested, &m_state, &AppState::refreshHealthScore);
+    content()->addWidget(m_health);
+}
+
+void DashboardView::addInsights()
+{
+    m_insights = new InsightGrid(m_state, this);
+    content()->addWidget(m_insights);
+}
+
 void DashboardView::addFolders()
 {
     m_folders = new ProtectedFoldersCard(m_state, this);
@@ -77,11 +95,19 @@ void DashboardView::addProgress()
 
 void DashboardView::watchState()
 {
-    connect(&m_state, &AppState::recommendedFoldersChanged, &m_frames, &FrameThrottle::request);
-    connect(&m_state, &AppState::customSourcesChanged, &m_frames, &FrameThrottle::request);
-    connect(&m_state, &AppState::selectedDestinationChanged, &m_frames, &FrameThrottle::request);
-    connect(&m_state, &AppState::lastReportChanged, &m_frames, &FrameThrottle::request);
-    connect(&m_state, &AppState::alertsChanged, &m_frames, &FrameThrottle::request);
+    const auto changes = {
+        &AppState::recommendedFoldersChanged,
+        &AppState::customSourcesChanged,
+        &AppState::selectedDestinationChanged,
+        &AppState::healthScoreChanged,
+        &AppState::scannedAppsChanged,
+        &AppState::isAppScanningChanged,
+        &AppState::lastReportChanged,
+        &AppState::lastBackupTimeChanged,
+        &AppState::alertsChanged,
+    };
+    for (const auto change : changes)
+        connect(&m_state, change, &m_frames, &FrameThrottle::request);
     connect(&m_state.engine(), &BackupEngine::isRunningChanged, &m_frames, &FrameThrottle::request);
     connect(&m_state.engine(), &BackupEngine::isCancelledChanged, &m_frames, &FrameThrottle::request);
     connect(&m_frames, &FrameThrottle::frame, this, &DashboardView::redraw);
@@ -92,12 +118,19 @@ void DashboardView::watchState()
 void DashboardView::showEvent(QShowEvent* event)
 {
     Page::showEvent(event);
-    redrawHeader();
+    redraw();
+    // A window that comes back from the desktop's task bar shows the same screen as before.
+    if (event->spontaneous())
+        return;
+    m_state.refreshHealthScore();
+    m_state.refreshAppsIfNeeded();
 }
 
 void DashboardView::redraw()
 {
     redrawHeader();
+    m_health->setScore(m_state.healthScore());
+    m_insights->redraw();
     m_folders->redraw();
     redrawAlerts();
     redrawProgress();

@@ -11,6 +11,8 @@ namespace keelbright {
 
 class AppState;
 class Button;
+class HealthCard;
+class InsightGrid;
 class PageHeader;
 class PageSection;
 class ProgressPanel;
@@ -18,7 +20,7 @@ class ProtectedFoldersCard;
 class SlideReveal;
 
 /// The first screen: how things stand, and the shortest way to each action. Keeps nothing of its
-/// own; follows the state.
+/// own; follows the state, and has it look at the machine anew each time it comes up.
 class DashboardView : public Page
 {
     Q_OBJECT
@@ -35,6 +37,8 @@ protected:
 
 private:
     void addHeader();
+    void addHealth();
+    void addInsights();
     void addFolders();
     void addAlerts();
     void addProgress();
@@ -51,6 +55,8 @@ private:
     FrameThrottle m_progressFrames;
     PageHeader* m_header = nullptr;
     Button* m_mainButton = nullptr;
+    HealthCard* m_health = nullptr;
+    InsightGrid* m_insights = nullptr;
     ProtectedFoldersCard* m_folders = nullptr;
     PageSection* m_alerts = nullptr;
     QList<QUuid> m_shownAlerts;

@@ -7,6 +7,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
 #include <QUrl>
+#include <utility>
 
 namespace keelbright {
 
@@ -30,8 +31,8 @@ DesktopWorkspace::DesktopWorkspace()
     : DesktopWorkspace(sessionBus())
 {}
 
-DesktopWorkspace::DesktopWorkspace(const QDBusConnection& bus)
-    : m_bus(bus)
+DesktopWorkspace::DesktopWorkspace(QDBusConnection bus)
+    : m_bus(std::move(bus))
 {}
 
 void DesktopWorkspace::open(const FileURL& url)

@@ -15,7 +15,7 @@ public:
     /// On the session bus.
     DesktopWorkspace();
     /// Without a connection to a bus, `reveal` opens the folder.
-    explicit DesktopWorkspace(const QDBusConnection& bus);
+    explicit DesktopWorkspace(QDBusConnection bus);
 
     void open(const FileURL& url) override;
     void reveal(const FileURL& url) override;

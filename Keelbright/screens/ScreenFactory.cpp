@@ -1,10 +1,12 @@
 #include "Keelbright/screens/ScreenFactory.h"
 
+#include "Keelbright/screens/ActivityLogView.h"
 #include "Keelbright/screens/BackupProgressView.h"
 #include "Keelbright/screens/BackupReportView.h"
 #include "Keelbright/screens/DashboardView.h"
 #include "Keelbright/screens/PreflightSummaryView.h"
 #include "Keelbright/screens/ProtectedItemsView.h"
+#include "Keelbright/screens/ScanResultsView.h"
 #include "Keelbright/screens/SettingsView.h"
 #include "Keelbright/screens/StorageBrowserView.h"
 #include "Keelbright/widgets/EmptyStateView.h"
@@ -32,11 +34,13 @@ QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent
         return new BackupReportView(context.state, context.workspace, parent);
     case Screen::storageBrowser:
         return new StorageBrowserView(context, parent);
+    case Screen::scanResults:
+        return new ScanResultsView(context, parent);
+    case Screen::activityLog:
+        return new ActivityLogView(context, parent);
     case Screen::appManager:
     case Screen::junkCleaner:
     case Screen::organizer:
-    case Screen::scanResults:
-    case Screen::activityLog:
     case Screen::restoreBrowser:
     case Screen::recovery:
         break;

@@ -44,7 +44,7 @@ QSize RowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& inde
     return {1, m_view->look() == RowListView::Look::table ? RowMetrics::tableRow : RowMetrics::panelRow};
 }
 
-void RowDelegate::paintHeader(QPainter& painter, const QRect& rect, const QString& title) const
+void RowDelegate::paintHeader(QPainter& painter, const QRect& rect, const QString& title)
 {
     const Theme& theme = Theme::instance();
     painter.setFont(theme.font(FontRole::groupTitle));

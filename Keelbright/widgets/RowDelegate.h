@@ -28,7 +28,7 @@ public:
     void setHoveredAction(int row, qsizetype action);
 
 private:
-    void paintHeader(QPainter& painter, const QRect& rect, const QString& title) const;
+    static void paintHeader(QPainter& painter, const QRect& rect, const QString& title);
     void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void paintActions(QPainter& painter, const ListRow& row, const RowLayout& layout, int index) const;
 

@@ -4,8 +4,6 @@
 
 namespace keelbright {
 
-using namespace Qt::StringLiterals;
-
 QString ScanFinding::formattedSize() const
 {
     return sizeBytes > 0 ? ByteCountFormatter::string(sizeBytes) : QString();
@@ -15,13 +13,13 @@ QString ScanFinding::rawValue(Category category)
 {
     switch (category) {
     case Category::junk:
-        return u"Junk"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("ScanFinding", "Junk"));
     case Category::apps:
-        return u"Apps"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("ScanFinding", "Apps"));
     case Category::storage:
-        return u"Storage"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("ScanFinding", "Storage"));
     case Category::backup:
-        return u"Backup"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("ScanFinding", "Backup"));
     }
     Q_UNREACHABLE();
 }

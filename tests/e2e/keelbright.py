@@ -1,6 +1,6 @@
 """The steps through the program's window that scenarios and the tour share."""
 
-from window import Program
+from window import Program, wait_until
 
 WINDOW = "Keel Bright"
 CHOOSE_DESTINATION = ("Select a folder or external drive to store your backups.", "Choose Backup Destination")
@@ -30,6 +30,38 @@ class KeelBright(Program):
     def go_to(self, screen):
         """Clicks a row of the sidebar."""
         self.find("list", "Screens").find("list item", screen).click()
+
+    # The lists: a row is named after its words and figures, which begin with its title.
+
+    def row_seen(self, title):
+        """A row that shows, or nothing."""
+        rows = (row for row in self.all("list item") if row.name == title or row.name.startswith(title + ", "))
+        return next(rows, None)
+
+    def row(self, title):
+        return wait_until(lambda: self.row_seen(title), lambda: f"no row “{title}”; there is\n{self.outline()}")
+
+    def wait_row_gone(self, title):
+        wait_until(lambda: self.row_seen(title) is None, f"the row “{title}” does not go")
+
+    def choose_row(self, title):
+        self.row(title).click()
+
+    def choose_in_row(self, title, entry):
+        """Chooses an entry of the row's context menu."""
+        self.row(title).click(3)
+        self.find("menu item", entry).press()
+
+    def answer(self, question, button):
+        """Answers a dialog and waits until it is gone."""
+        dialog = self.find("dialog", question)
+        dialog.button(button).press()
+        self.wait_gone("dialog", question)
+
+    def choose_from(self, menu, entry):
+        """Opens a menu button and chooses an entry of it."""
+        self.find_any(("push button", "button menu"), menu).press()
+        self.find_any(("check menu item", "menu item", "radio menu item"), entry).press()
 
     def confirm_backup(self):
         """From any screen to a run that is under way."""

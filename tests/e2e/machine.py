@@ -22,13 +22,14 @@ class Machine:
         self.support = self.home / ".local/share/Keelbright"
         self.runtime = self.root / "runtime"
         self.runtime.mkdir(mode=0o700)
+        self.extra_environment = {}
 
     def environment(self):
         """What a program sees there: its home, its language and zone, and nothing of the real user."""
         kept = {name: value for name, value in os.environ.items() if not name.startswith("XDG_")}
         return kept | {"HOME": str(self.home), "KEELBRIGHT_TEST_ROOT": str(self.root),
                        "XDG_RUNTIME_DIR": str(self.runtime), "LC_ALL": "C.UTF-8", "TZ": "Europe/Berlin",
-                       "SHELL": "/bin/zsh"}
+                       "SHELL": "/bin/zsh"} | self.extra_environment
 
     def config(self):
         return read_json(self.support / "config.json")
@@ -48,6 +49,10 @@ class Machine:
     def reports(self):
         """The reports of all runs, oldest first, each as the path of its JSON file."""
         return sorted((self.device_folder() / "Reports").glob("backup-report-*.json"))
+
+    def trashed(self):
+        """The names of what lies in the home's Trash."""
+        return sorted(file.name for file in (self.home / ".local/share/Trash/files").iterdir())
 
     def expected_backup(self, folders):
         return ExpectedBackup([self.home / folder for folder in folders])

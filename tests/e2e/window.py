@@ -86,10 +86,19 @@ class Element:
         assert self.accessible.queryEditableText().setTextContents(text), f"{self} takes no text"
         wait_until(lambda: self.text == text, lambda: f"{self} shows {self.text!r} instead of {text!r}")
 
-    def click(self):
-        """Clicks its middle with the mouse."""
-        box = self.accessible.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-        self.program.screen.click(box.x + box.width // 2, box.y + box.height // 2)
+    @property
+    def box(self):
+        """Where it is on the screen."""
+        return self.accessible.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+
+    @property
+    def middle(self):
+        box = self.box
+        return box.x + box.width // 2, box.y + box.height // 2
+
+    def click(self, button=1):
+        """Clicks its middle with the mouse; 3 is the right button."""
+        self.program.screen.click(*self.middle, button)
 
     # Looking below this element; only what shows counts.
 
@@ -106,6 +115,11 @@ class Element:
         """The element, waited for."""
         return wait_until(lambda: self.seen(role, name),
                           lambda: f"no {role} “{name or ''}”; there is\n{self.outline()}", patience)
+
+    def find_any(self, roles, name):
+        """The element of one of the roles, waited for: toolkits differ in what they call a menu."""
+        return wait_until(lambda: next((found for role in roles for found in self.all(role, name)), None),
+                          lambda: f"no {' or '.join(roles)} “{name}”; there is\n{self.outline()}")
 
     def wait_gone(self, role, name, patience=PATIENCE):
         wait_until(lambda: self.seen(role, name) is None, f"{role} “{name}” does not go", patience)
@@ -154,10 +168,10 @@ class Screen:
             xtest.fake_input(self.display, X.KeyRelease, code)
         self.display.sync()
 
-    def click(self, x, y):
+    def click(self, x, y, button=1):
         xtest.fake_input(self.display, X.MotionNotify, x=x, y=y)
-        xtest.fake_input(self.display, X.ButtonPress, 1)
-        xtest.fake_input(self.display, X.ButtonRelease, 1)
+        xtest.fake_input(self.display, X.ButtonPress, button)
+        xtest.fake_input(self.display, X.ButtonRelease, button)
         self.display.sync()
 
     # No window manager runs here, so the driver does what one would: it hands out the focus, and

@@ -1,12 +1,17 @@
 #include "Keelbright/screens/DashboardView.h"
 
+#include "Keelbright/screens/HealthCard.h"
+#include "Keelbright/screens/InsightCard.h"
+#include "Keelbright/screens/PageSection.h"
 #include "Keelbright/screens/ProtectedFoldersCard.h"
 #include "Keelbright/widgets/BackupCards.h"
 #include "Keelbright/widgets/Progress.h"
 #include "tests/screens/ScreenTestCase.h"
 
 #include <QElapsedTimer>
+#include <QSignalSpy>
 #include <QTest>
+#include <QtTest/qtestspontaneevent.h>
 
 namespace keelbright::testing {
 
@@ -21,6 +26,22 @@ protected:
     void setLocalTime(int hour, int minute)
     {
         mac.setNow(QDateTime(QDate(2026, 3, 2), QTime(hour, minute), Qt::LocalTime).toUTC());
+    }
+
+    /// The texts shown in the first such part of the screen; none where it is hidden.
+    template <typename Part> [[nodiscard]] static QStringList textsOf(const DashboardView& view)
+    {
+        const Part* part = view.findChild<Part*>();
+        return part->isVisibleTo(&view) ? textsIn(*part) : QStringList();
+    }
+
+    [[nodiscard]] static InsightCard* card(const DashboardView& view, const QString& title)
+    {
+        for (auto* candidate : view.findChildren<InsightCard*>()) {
+            if (candidate->insight().title == title)
+                return candidate;
+        }
+        return nullptr;
     }
 };
 
@@ -55,10 +76,13 @@ TEST_F(DashboardViewTests, greetsAnewWhenItAppearsAgain)
     EXPECT_EQ(textsIn(view).first(), u"Good afternoon."_s);
 }
 
-TEST_F(DashboardViewTests, withoutADestinationThereIsOnlyTheHead)
+TEST_F(DashboardViewTests, beforeAnythingIsKnownThereAreHeadAndInsights)
 {
     const DashboardView view(makeState());
-    EXPECT_EQ(textsIn(view), (QStringList{u"Good morning."_s, u"Here's how your Mac is doing."_s}));
+    EXPECT_EQ(textsIn(view),
+              (QStringList{u"Good morning."_s, u"Here's how your Mac is doing."_s, u"Storage"_s, u"—"_s,
+                           u"Scanning…"_s, u"Last Backup"_s, u"Never"_s, u"No backup yet"_s, u"Junk"_s,
+                           u"—"_s, u"cached files found"_s, u"Apps"_s, u"—"_s, u"Tap to analyse"_s}));
     EXPECT_EQ(button(view, u"Backup Now"_s)->symbol(), u"arrow.clockwise"_s);
     EXPECT_EQ(button(view, u"Quick Clean"_s)->symbol(), u"sparkles"_s);
     EXPECT_EQ(button(view, u"Quick Clean"_s)->toolTip(), u"Clean safe junk items with one tap"_s);
@@ -80,7 +104,7 @@ TEST_F(DashboardViewTests, backupNowWithoutADestinationRaisesAnAlert)
     button(view, u"Backup Now"_s)->click();
     turnFrame();
     EXPECT_EQ(app.selectedScreen(), Screen::dashboard);
-    EXPECT_EQ(textsIn(view).mid(2),
+    EXPECT_EQ(textsOf<PageSection>(view),
               (QStringList{u"Attention"_s, u"No Destination Selected"_s,
                            u"Go to Settings and choose a backup destination first."_s}));
 }
@@ -102,11 +126,11 @@ TEST_F(DashboardViewTests, showsAlertsInOrderAndTakesThemAway)
     app.setAlerts({RiskAlert(u"First"_s, u"One."_s, RiskAlert::Severity::low),
                    RiskAlert(u"Second"_s, u"Two."_s, RiskAlert::Severity::medium)});
     turnFrame();
-    EXPECT_EQ(textsIn(view).mid(2),
+    EXPECT_EQ(textsOf<PageSection>(view),
               (QStringList{u"Attention"_s, u"First"_s, u"One."_s, u"Second"_s, u"Two."_s}));
     app.setAlerts({});
     turnFrame();
-    EXPECT_EQ(textsIn(view).size(), 2);
+    EXPECT_EQ(textsOf<PageSection>(view), QStringList());
 }
 
 TEST_F(DashboardViewTests, showsFoldersAndDestinationWithTheirActions)
@@ -115,7 +139,7 @@ TEST_F(DashboardViewTests, showsFoldersAndDestinationWithTheirActions)
     app.setSelectedDestination(driveDestination());
     const DashboardView view(app);
     const QString home = mac.home().path();
-    EXPECT_EQ(textsIn(view).mid(2),
+    EXPECT_EQ(textsOf<ProtectedFoldersCard>(view),
               (QStringList{u"Protected Folders"_s, u"Anchor"_s, u"Desktop"_s, home + u"/Desktop"_s,
                            u"Documents"_s, home + u"/Documents"_s, u"Pictures"_s, home + u"/Pictures"_s}));
     EXPECT_TRUE(shownSymbols(view).contains(u"externaldrive.fill"_s));
@@ -198,8 +222,8 @@ TEST_F(DashboardViewTests, aRunningBackupShowsItsPanelAndTheWayToCancelIt)
     progress.bytesCopied = 2'500'000;
     app.engine().setProgress(progress);
     turnFrame();
-    EXPECT_EQ(textsIn(view).mid(2), (QStringList{u"IMG_2041.heic"_s, u"30%"_s, u"Backing Up…"_s,
-                                                 u"29 copied"_s, u"1 skipped"_s, u"2.5 MB"_s}));
+    EXPECT_EQ(textsOf<ProgressPanel>(view), (QStringList{u"IMG_2041.heic"_s, u"30%"_s, u"Backing Up…"_s,
+                                                         u"29 copied"_s, u"1 skipped"_s, u"2.5 MB"_s}));
     EXPECT_EQ(view.accessibleName(), u"Backing Up…"_s);
     button(view, u"Cancel Backup"_s)->click();
     EXPECT_TRUE(app.engine().isCancelled());
@@ -208,7 +232,7 @@ TEST_F(DashboardViewTests, aRunningBackupShowsItsPanelAndTheWayToCancelIt)
 
     app.engine().setIsRunning(false);
     turnFrame();
-    EXPECT_EQ(textsIn(view).size(), 2);
+    EXPECT_EQ(textsOf<ProgressPanel>(view), QStringList());
     EXPECT_TRUE(button(view, u"Backup Now"_s)->isEnabled());
     EXPECT_EQ(view.accessibleName(), u"Backup ended"_s);
 }
@@ -255,7 +279,7 @@ TEST_F(DashboardViewTests, threeHundredThousandAnnouncementsAreDrawnOnceAFrame)
     show(view);
     app.engine().setIsRunning(true);
     turnFrame();
-    auto* bar = view.findChild<BarProgress*>();
+    auto* bar = view.findChild<ProgressPanel*>()->findChild<BarProgress*>();
     app.engine().setTotalFilesEstimate(100'000);
     QElapsedTimer timer;
     timer.start();
@@ -268,6 +292,126 @@ TEST_F(DashboardViewTests, threeHundredThousandAnnouncementsAreDrawnOnceAFrame)
     EXPECT_LT(announced, 5'000);
     turnUntil([&] { return bar->fraction() == 1; });
     EXPECT_TRUE(textsIn(view).contains(u"100%"_s));
+}
+
+TEST_F(DashboardViewTests, aHiddenDashboardLooksAtNothing)
+{
+    AppState& app = makeState();
+    const DashboardView view(app);
+    waitForBackgroundWork();
+    turnFrame();
+    EXPECT_EQ(app.healthScore(), std::nullopt);
+    EXPECT_FALSE(app.isAppScanning());
+    EXPECT_EQ(textsOf<HealthCard>(view), QStringList());
+}
+
+TEST_F(DashboardViewTests, eachAppearanceGradesTheMachineAnew)
+{
+    AppState& app = makeState();
+    DashboardView view(app);
+    const QSignalSpy scores(&app, &AppState::healthScoreChanged);
+    const QSignalSpy scans(&app, &AppState::isAppScanningChanged);
+    show(view);
+    turnUntil([&] { return scores.count() == 1 && scans.count() == 2; });
+    view.hide();
+    view.show();
+    turnUntil([&] { return scores.count() == 2 && scans.count() == 4; });
+}
+
+TEST_F(DashboardViewTests, applicationsThatAreKnownAreNotScannedAgain)
+{
+    AppState& app = makeState();
+    app.setScannedApps({AppInfo(AppFacts{.name = u"Editor"_s}, app.now())});
+    const QSignalSpy scans(&app, &AppState::isAppScanningChanged);
+    DashboardView view(app);
+    show(view);
+    turnUntil([&] { return app.healthScore().has_value(); });
+    EXPECT_EQ(scans.count(), 0);
+    EXPECT_EQ(card(view, u"Apps"_s)->insight().value, u"1 apps"_s);
+}
+
+TEST_F(DashboardViewTests, aWindowThatComesBackLooksAtNothing)
+{
+    AppState& app = makeState();
+    DashboardView view(app);
+    QShowEvent event;
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(&view, &event);
+    waitForBackgroundWork();
+    turnFrame();
+    EXPECT_EQ(app.healthScore(), std::nullopt);
+}
+
+TEST_F(DashboardViewTests, showsTheScoreWhenItIsThere)
+{
+    AppState& app = makeState();
+    DashboardView view(app);
+    show(view);
+    EXPECT_EQ(textsOf<HealthCard>(view), QStringList());
+    turnUntil([&] { return app.healthScore().has_value(); });
+    turnFrame();
+    const HealthScore& score = *app.healthScore();
+    EXPECT_EQ(textsOf<HealthCard>(view), (QStringList{HealthScore::headline(score.grade), score.detail,
+                                                      u"Backup  %1/40"_s.arg(score.backupPoints),
+                                                      u"Storage  %1/30"_s.arg(score.diskPoints),
+                                                      u"Junk  %1/30"_s.arg(score.junkPoints)}));
+    EXPECT_EQ(card(view, u"Storage"_s)->insight(), Insights::storage(score));
+    EXPECT_EQ(card(view, u"Junk"_s)->insight(), Insights::junk(score));
+}
+
+TEST_F(DashboardViewTests, recalculatesTheScoreOnDemand)
+{
+    AppState& app = makeState();
+    DashboardView view(app);
+    show(view);
+    turnUntil([&] { return app.healthScore().has_value(); });
+    turnFrame();
+    const QSignalSpy scores(&app, &AppState::healthScoreChanged);
+    button(view, u"Recalculate health score"_s)->click();
+    turnUntil([&] { return scores.count() == 1; });
+}
+
+TEST_F(DashboardViewTests, eachInsightLeadsToItsScreen)
+{
+    AppState& app = makeState();
+    const DashboardView view(app);
+    const QList<std::pair<QString, Screen>> ways{
+        {u"Storage"_s, Screen::storageBrowser},
+        {u"Last Backup"_s, Screen::backupReport},
+        {u"Junk"_s, Screen::junkCleaner},
+        {u"Apps"_s, Screen::appManager},
+    };
+    for (const auto& [title, screen] : ways) {
+        card(view, title)->click();
+        EXPECT_EQ(app.selectedScreen(), screen) << title.toStdString();
+    }
+    EXPECT_EQ(shownSymbols(view).count(u"chevron.right"_s), 4);
+}
+
+TEST_F(DashboardViewTests, tellsHowOldTheLastBackupIs)
+{
+    AppState& app = makeState(sampleReport());
+    mac.setNow(sampleReport().completedAt.addDays(3));
+    const DashboardView view(app);
+    const InsightCard* lastBackup = card(view, u"Last Backup"_s);
+    EXPECT_EQ(lastBackup->insight().value, u"3 days ago"_s);
+    EXPECT_EQ(lastBackup->insight().color, Role::orange);
+    EXPECT_EQ(textsIn(*lastBackup),
+              (QStringList{u"Last Backup"_s, u"3 days ago"_s, u"Tap to view report"_s}));
+    EXPECT_EQ(lastBackup->accessibleName(), u"Last Backup: 3 days ago, Tap to view report"_s);
+}
+
+TEST_F(DashboardViewTests, tellsWhetherApplicationsAreBeingScanned)
+{
+    AppState& app = makeState();
+    const DashboardView view(app);
+    app.setIsAppScanning(true);
+    turnFrame();
+    EXPECT_EQ(textsIn(*card(view, u"Apps"_s)),
+              (QStringList{u"Apps"_s, u"Scanning…"_s, u"Analysing usage…"_s}));
+    app.setIsAppScanning(false);
+    turnFrame();
+    EXPECT_EQ(textsIn(*card(view, u"Apps"_s)), (QStringList{u"Apps"_s, u"—"_s, u"Tap to analyse"_s}));
 }
 
 TEST_F(DashboardViewTests, everyControlHasANameAndIsReachedByTab)

@@ -97,6 +97,7 @@ class Tour:
     def dashboard_and_settings(self):
         self.window.go_to("Dashboard")
         self.window.label("Here's how your Mac is doing.")
+        self.window.button("Recalculate health score")
         self.in_both_schemes("dashboard")
         self.window.go_to("Settings")
         self.window.label("About Keel Bright")

@@ -1,0 +1,186 @@
+#include "Keelbright/screens/ActivityLogView.h"
+
+#include "Keelbright/screens/ActivityLogModel.h"
+#include "Keelbright/screens/Announcement.h"
+#include "Keelbright/state/AppState.h"
+#include "Keelbright/state/FileChooser.h"
+#include "Keelbright/state/L10n.h"
+#include "Keelbright/widgets/Button.h"
+#include "Keelbright/widgets/EmptyStateView.h"
+#include "Keelbright/widgets/Headers.h"
+#include "Keelbright/widgets/Label.h"
+#include "Keelbright/widgets/MenuButton.h"
+#include "Keelbright/widgets/RowListView.h"
+#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/records/ActivityStore.h"
+
+#include <QCoreApplication>
+#include <QShowEvent>
+#include <QStackedLayout>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <limits>
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Kind = ActivityEntry::Kind;
+
+QString title(Kind kind)
+{
+    return QCoreApplication::translate("ActivityEntry", ActivityEntry::rawValue(kind).toUtf8().constData());
+}
+
+QList<MenuButton::Choice> filterChoices()
+{
+    QList<MenuButton::Choice> choices{{.text = ActivityLogView::tr("All")}};
+    for (const Kind kind : ActivityEntry::allKinds())
+        choices.append({.text = title(kind),
+                        .symbol = ActivityEntry::icon(kind),
+                        .startsGroup = kind == ActivityEntry::allKinds().first()});
+    return choices;
+}
+
+/// A log that somebody wrote by hand can hold any figures.
+qint64 addedWithinBounds(qint64 total, qint64 bytes)
+{
+    using Limits = std::numeric_limits<qint64>;
+    if (bytes >= 0)
+        return total > Limits::max() - bytes ? Limits::max() : total + bytes;
+    return total < Limits::min() - bytes ? Limits::min() : total + bytes;
+}
+
+} // namespace
+
+ActivityLogView::ActivityLogView(const ScreenContext& context, QWidget* parent)
+    : QWidget(parent)
+    , m_context(context)
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    addToolbar();
+    addStates();
+    redraw();
+}
+
+QString ActivityLogView::summaryLine(const QList<ActivityEntry>& entries)
+{
+    if (entries.isEmpty())
+        return tr("No actions recorded");
+    qint64 total = 0;
+    for (const ActivityEntry& entry : entries)
+        total = addedWithinBounds(total, entry.bytesAffected);
+    const QString line =
+        entries.size() == 1 ? tr("%1 action · %2 freed total") : tr("%1 actions · %2 freed total");
+    return line.arg(QString::number(entries.size()), L10n::Formatters::bytes(total));
+}
+
+void ActivityLogView::addToolbar()
+{
+    m_header = new PageHeader(tr("Activity Log"), {});
+    m_header->setContentsMargins(Metrics::pageMarginX, Metrics::pageMarginY, Metrics::pageMarginX,
+                                 Metrics::sectionSpacing);
+    m_filter = new MenuButton(Button::Kind::bordered, tr("Filter"), u"line.3.horizontal.decrease.circle"_s,
+                              filterChoices(), m_header);
+    m_filter->setShowsChoice(tr("Filter"));
+    m_filter->setToolTip(tr("Filter"));
+    auto* exportButton = new Button(Button::Kind::bordered, tr("Export"), u"square.and.arrow.up"_s, m_header);
+    exportButton->setToolTip(tr("Export log as CSV"));
+    auto* clearButton = new Button(Button::Kind::icon, tr("Clear activity log"), u"trash"_s, m_header);
+    connect(m_filter, &MenuButton::chosen, this, [this](int index) {
+        setFilterKind(index == 0 ? std::nullopt : std::optional(ActivityEntry::allKinds().at(index - 1)));
+    });
+    connect(exportButton, &QPushButton::clicked, this, &ActivityLogView::exportCSV);
+    connect(clearButton, &QPushButton::clicked, this, &ActivityLogView::clear);
+    for (QWidget* action : {static_cast<QWidget*>(m_filter), static_cast<QWidget*>(exportButton),
+                            static_cast<QWidget*>(clearButton)})
+        m_header->addAction(action);
+    layout()->addWidget(m_header);
+    layout()->addWidget(new Separator);
+}
+
+void ActivityLogView::addStates()
+{
+    m_empty = new EmptyStateView(
+        tr("No activity yet"),
+        tr("Actions from Backup, Junk Cleaner, Organizer, and App Manager will appear here."),
+        u"clock.arrow.circlepath"_s);
+    m_noMatch = makeWrappingLabel({}, FontRole::body, Role::secondaryText);
+    m_noMatch->setAlignment(Qt::AlignCenter);
+    m_model = new ActivityLogModel(this);
+    m_list = new RowListView(RowListView::Look::table, tr("Activity Log"));
+    m_list->setRowModel(m_model);
+    auto* area = new QWidget;
+    m_states = new QStackedLayout(area);
+    for (QWidget* state :
+         {static_cast<QWidget*>(m_empty), static_cast<QWidget*>(m_noMatch), static_cast<QWidget*>(m_list)})
+        m_states->addWidget(state);
+    qobject_cast<QVBoxLayout*>(layout())->addWidget(area, 1);
+}
+
+void ActivityLogView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (event->spontaneous())
+        return;
+    m_entries = m_context.state.services().activityStore.load();
+    redraw();
+}
+
+void ActivityLogView::setFilterKind(std::optional<Kind> kind)
+{
+    m_filterKind = kind;
+    redraw();
+    if (m_states->currentWidget() == m_noMatch)
+        announce(*m_noMatch, m_noMatch->text());
+}
+
+QList<ActivityEntry> ActivityLogView::filtered() const
+{
+    if (!m_filterKind)
+        return m_entries;
+    QList<ActivityEntry> entries;
+    std::ranges::copy_if(m_entries, std::back_inserter(entries),
+                         [this](const ActivityEntry& entry) { return entry.kind == m_filterKind; });
+    return entries;
+}
+
+void ActivityLogView::exportCSV()
+{
+    const QByteArray text = m_context.state.services().activityStore.exportCSV().toUtf8();
+    const FileSaveRequest request{tr("Export log as CSV"), tr("Save"), u"Keelbright-Activity.csv"_s,
+                                  u"csv"_s};
+    m_context.files.chooseSaveLocation(request, [text](const FileURL& url) {
+        (void)FileManager::defaultManager().writeAtomically(url, text);
+    });
+}
+
+void ActivityLogView::clear()
+{
+    m_context.state.services().activityStore.clear();
+    m_entries.clear();
+    redraw();
+    announce(*m_empty, tr("No activity yet"));
+}
+
+void ActivityLogView::redraw()
+{
+    m_header->setSubtitle(summaryLine(m_entries));
+    const QList<ActivityEntry> shown = filtered();
+    m_model->setEntries(shown, m_context.state.now());
+    if (m_entries.isEmpty()) {
+        m_states->setCurrentWidget(m_empty);
+    } else if (shown.isEmpty()) {
+        m_noMatch->setText(tr("No %1 entries").arg(title(*m_filterKind)));
+        m_states->setCurrentWidget(m_noMatch);
+    } else {
+        m_states->setCurrentWidget(m_list);
+    }
+}
+
+} // namespace keelbright

@@ -1,0 +1,10 @@
+#include "tests/gallery/ScreenStates.h"
+
+namespace keelbright::testing {
+
+QList<ScreenState> cleanStates()
+{
+    return {};
+}
+
+} // namespace keelbright::testing

@@ -1,0 +1,91 @@
+// keelbright-screens FOLDER [BEGINNING...]: draws every screen in every state, in both schemes and at
+// the window's usual and smallest size, into pictures named SCREEN-STATE-SCHEME[-small][-2x].png;
+// only those whose names begin so, where beginnings are given. With QT_SCALE_FACTOR=2 it draws those
+// states that the list has for it.
+
+#include "Keelbright/widgets/Theme.h"
+#include "tests/gallery/ScreenStates.h"
+#include "tests/gallery/Stage.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+using namespace keelbright;
+using namespace keelbright::testing;
+using namespace Qt::StringLiterals;
+
+QString nameOf(const ScreenState& state)
+{
+    return QString::fromLatin1(state.screen) + u'-' + QString::fromLatin1(state.name);
+}
+
+bool isWanted(const ScreenState& state, const QStringList& beginnings)
+{
+    const QString name = nameOf(state);
+    return beginnings.isEmpty() || std::ranges::any_of(beginnings, [&name](const QString& beginning) {
+               return name.startsWith(beginning);
+           });
+}
+
+/// Counts the pictures that could not be written.
+int draw(const ScreenState& state, const QDir& folder)
+{
+    Stage stage;
+    state.play(stage);
+    const bool isDouble = stage.window().devicePixelRatio() > 1;
+    int failures = 0;
+    for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
+        Theme::instance().setScheme(scheme);
+        for (const QSize& size : {MainWindow::startingSize, MainWindow::minimumWindowSize}) {
+            stage.window().resize(size);
+            Stage::turnFrames();
+            QString name = nameOf(state) + (scheme == ColorScheme::light ? "-light"_L1 : "-dark"_L1);
+            if (size == MainWindow::minimumWindowSize)
+                name += "-small"_L1;
+            if (isDouble)
+                name += "-2x"_L1;
+            const QString path = folder.filePath(name + ".png"_L1);
+            if (!stage.window().grab().save(path)) {
+                std::fprintf(stderr, "can't write %s\n", path.toLocal8Bit().constData());
+                ++failures;
+            }
+        }
+    }
+    return failures;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // No display, and nothing of the user's own settings read or written.
+    const QTemporaryDir configuration;
+    qputenv("XDG_CONFIG_HOME", configuration.path().toLocal8Bit());
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, configuration.path());
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    if (arguments.isEmpty() || !QDir().mkpath(arguments.first())) {
+        std::fputs("usage: keelbright-screens FOLDER [BEGINNING...]\n", stderr);
+        return 2;
+    }
+    Theme::instance().install();
+    const bool isDouble = qApp->devicePixelRatio() > 1;
+    int failures = 0;
+    for (const ScreenState& state : screenStates()) {
+        if (!isWanted(state, arguments.mid(1)) || (isDouble && !state.alsoAtDoubleScale))
+            continue;
+        std::printf("%s%s\n", qUtf8Printable(nameOf(state)), isDouble ? " at double scale" : "");
+        std::fflush(stdout);
+        failures += draw(state, QDir(arguments.first()));
+    }
+    const bool wentWrong = ::testing::UnitTest::GetInstance()->ad_hoc_test_result().Failed();
+    return failures > 0 || wentWrong ? 1 : 0;
+}

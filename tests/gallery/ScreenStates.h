@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Keelbright/state/Screen.h"
+
+#include <QList>
+#include <optional>
+
+namespace keelbright::testing {
+
+class Stage;
+
+/// One state that a screen can be in.
+struct ScreenState
+{
+    const char* screen; ///< the screen's name as part of a file's name
+    const char* name;   ///< the state's, likewise
+    /// Brings a fresh stage into the state.
+    void (*play)(Stage& stage);
+    bool alsoAtDoubleScale = false; ///< drawn at twice the scale too
+};
+
+/// Every screen of the program in every state, in the order of the sidebar. The pictures and the
+/// checks of all screens are made from this list: a new state is one line here.
+[[nodiscard]] QList<ScreenState> screenStates();
+
+// The parts of the list.
+[[nodiscard]] QList<ScreenState> protectStates();
+[[nodiscard]] QList<ScreenState> cleanStates();
+[[nodiscard]] QList<ScreenState> reviewStates();
+
+} // namespace keelbright::testing

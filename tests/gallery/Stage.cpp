@@ -1,0 +1,181 @@
+#include "tests/gallery/Stage.h"
+
+#include "Keelbright/screens/DetailView.h"
+#include "KeelbrightCore/platform/TaskPools.h"
+#include "tests/support/StandardOutput.h"
+
+#include <QAbstractItemView>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QSettings>
+#include <QTest>
+#include <QThreadPool>
+
+namespace keelbright::testing {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isAtWork()
+{
+    return TaskPools::userInitiated().activeThreadCount() + TaskPools::utility().activeThreadCount() > 0;
+}
+
+std::optional<iTunesAppInfo> answerOfTheStore(const QString& name)
+{
+    iTunesAppInfo info;
+    info.appName = name;
+    info.description =
+        u"%1 keeps what you draw, wherever you are. Sketch on the train, sort at home, and find "
+        "every page again years later."_s.arg(name);
+    info.sellerName = u"Example Ltd."_s;
+    info.genre = u"Graphics & Design"_s;
+    info.averageRating = 4.6;
+    info.ratingCount = 12'840;
+    return info;
+}
+
+} // namespace
+
+std::expected<FileSystemCapacity, FileError> StageFileManager::fileSystemCapacity(const FileURL& url) const
+{
+    const auto real = HeldFileManager::fileSystemCapacity(url);
+    if (!real)
+        return real;
+    return FileSystemCapacity{.totalBytes = totalBytes, .freeBytes = freeBytes};
+}
+
+Stage::Stage()
+    : userDefaults(std::make_unique<QSettings>(
+          mac.home().appending(u".config/Keelbright/UserDefaults.ini"_s).path(), QSettings::IniFormat))
+{}
+
+Stage::~Stage()
+{
+    m_window.reset();
+    m_state.reset();
+}
+
+void Stage::startWithOnboarding()
+{
+    AppServices services{configStore, activityStore, userDefaults, folderChooser, mac.clock()};
+    services.lookup = [](const QString& name) { return QtFuture::makeReadyFuture(answerOfTheStore(name)); };
+    (void)standardOutputOf([&] { m_state = std::make_unique<AppState>(services); });
+    m_window = std::make_unique<MainWindow>(ScreenContext{*m_state, alerts, workspace, fileChooser});
+    m_window->resize(MainWindow::startingSize);
+    m_window->show();
+    m_window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
+}
+
+void Stage::start()
+{
+    startWithOnboarding();
+    m_state->setSelectedScreen(std::nullopt);
+    m_state->setIsOnboardingCompleted(true);
+}
+
+void Stage::goTo(Screen screen)
+{
+    if (!m_window)
+        start();
+    m_state->setSelectedScreen(screen);
+    turnFrames();
+}
+
+QWidget& Stage::screen()
+{
+    const auto* detail = m_window->findChild<DetailView*>();
+    return detail != nullptr ? *detail->currentView() : *m_window->centralWidget();
+}
+
+void Stage::press(const QString& name)
+{
+    for (auto* button : screen().findChildren<QAbstractButton*>()) {
+        if (button->accessibleName() == name && button->isVisible()) {
+            button->click();
+            turnFrames();
+            return;
+        }
+    }
+    ADD_FAILURE() << "no button " << name.toStdString();
+}
+
+void Stage::choose(const QString& title)
+{
+    for (auto* list : screen().findChildren<QAbstractItemView*>()) {
+        const QModelIndexList found =
+            list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, title, 1, Qt::MatchExactly);
+        if (list->isVisible() && !found.isEmpty()) {
+            list->setCurrentIndex(found.first());
+            turnFrames();
+            return;
+        }
+    }
+    ADD_FAILURE() << "no row " << title.toStdString();
+}
+
+void Stage::pick(const QString& choice)
+{
+    for (const auto* button : screen().findChildren<QPushButton*>()) {
+        if (button->menu() == nullptr || !button->isVisible())
+            continue;
+        for (QAction* action : button->menu()->actions()) {
+            if (action->text() == choice) {
+                action->trigger();
+                turnFrames();
+                return;
+            }
+        }
+    }
+    ADD_FAILURE() << "no choice " << choice.toStdString();
+}
+
+QStringList Stage::texts()
+{
+    QStringList words;
+    for (const auto* label : screen().findChildren<QLabel*>()) {
+        if (label->isVisible())
+            words.append(label->text());
+    }
+    return words;
+}
+
+void Stage::waitUntil(const std::function<bool()>& condition)
+{
+    constexpr int patience = 30'000;
+    EXPECT_TRUE(QTest::qWaitFor(condition, patience)) << "what was waited for did not come";
+}
+
+void Stage::settle()
+{
+    // A result that arrives can start the next piece of work.
+    for (int quietTurns = 0; quietTurns < 3; ++quietTurns) {
+        if (isAtWork())
+            quietTurns = 0;
+        waitUntil([] { return !isAtWork(); });
+        turnFrames();
+    }
+}
+
+void Stage::turnFrames()
+{
+    // Longer than two frames, and what the state announces comes before.
+    QTest::qWait(40);
+}
+
+void Stage::chooseDrive()
+{
+    m_state->setSelectedDestination(BackupDestination{QUuid::createUuid(), mira.backupDrive()});
+}
+
+void Stage::backUp()
+{
+    EXPECT_TRUE(m_state->confirmBackup());
+    waitUntil([this] { return !m_state->engine().isRunning(); });
+    settle();
+}
+
+} // namespace keelbright::testing
