@@ -31,7 +31,7 @@ void followDesktop(const DesktopSettings& desktop)
     takeMotion();
 }
 
-int runWindow(QApplication& application)
+int runWindow(QApplication& application, AppLookup lookup)
 {
     const DesktopSettings desktop;
     followDesktop(desktop);
@@ -41,7 +41,7 @@ int runWindow(QApplication& application)
     DialogFileChooser files;
     DesktopWorkspace workspace;
     DialogAlertPresenter alerts;
-    KeelbrightApp app(chooser);
+    KeelbrightApp app(chooser, std::move(lookup));
     MainWindow window({app.state(), alerts, workspace, files});
     QObject::connect(&window, &MainWindow::closed, &application, &QCoreApplication::quit);
     window.show();
@@ -56,7 +56,7 @@ int runWindow(QApplication& application)
 
 } // namespace
 
-int runApplication(int argc, char** argv)
+int runApplication(int argc, char** argv, AppLookup lookup)
 {
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"Keelbright"_s);
@@ -65,7 +65,7 @@ int runApplication(int argc, char** argv)
     QGuiApplication::setDesktopFileName(u"keelbright"_s);
     QGuiApplication::setWindowIcon(
         Symbol::icon(u"shippingbox.fill"_s, Theme::instance().color(Role::accent)));
-    return runWindow(application);
+    return runWindow(application, std::move(lookup));
 }
 
 } // namespace keelbright

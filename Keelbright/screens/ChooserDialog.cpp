@@ -7,6 +7,7 @@
 #include <QFileSystemModel>
 #include <QLineEdit>
 #include <QListView>
+#include <QSplitter>
 #include <QStyle>
 #include <QUrl>
 
@@ -15,6 +16,8 @@ namespace keelbright {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+constexpr int placesWidth = 160;
 
 /// One picture for every folder and one for every file. The toolkit's own provider looks each entry
 /// up on the disk.
@@ -76,6 +79,9 @@ ChooserDialog::ChooserDialog(const QString& title, const QString& prompt, Accept
     setViewMode(List);
     resize(760, 480);
     setIconProvider(plainIcons());
+    // As it comes, the list of places is too narrow for the names of most.
+    if (auto* panes = findChild<QSplitter*>(u"splitter"_s))
+        panes->setSizes({placesWidth, width() - placesWidth});
 }
 
 void ChooserDialog::ask(std::function<void()> accepted)

@@ -4,8 +4,12 @@
 #include "Keelbright/screens/BackupProgressView.h"
 #include "Keelbright/screens/BackupReportView.h"
 #include "Keelbright/screens/DashboardView.h"
+#include "Keelbright/screens/JunkCleanerView.h"
+#include "Keelbright/screens/NewMacRecoveryView.h"
+#include "Keelbright/screens/OrganizerView.h"
 #include "Keelbright/screens/PreflightSummaryView.h"
 #include "Keelbright/screens/ProtectedItemsView.h"
+#include "Keelbright/screens/RestoreBrowserView.h"
 #include "Keelbright/screens/ScanResultsView.h"
 #include "Keelbright/screens/SettingsView.h"
 #include "Keelbright/screens/StorageBrowserView.h"
@@ -32,18 +36,24 @@ QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent
         return new BackupProgressView(context.state, context.workspace, parent);
     case Screen::backupReport:
         return new BackupReportView(context.state, context.workspace, parent);
-    case Screen::storageBrowser:
-        return new StorageBrowserView(context, parent);
     case Screen::scanResults:
         return new ScanResultsView(context, parent);
     case Screen::activityLog:
         return new ActivityLogView(context, parent);
+    case Screen::storageBrowser:
+        return new StorageBrowserView(context, parent);
     case Screen::appManager:
     case Screen::junkCleaner:
     case Screen::organizer:
+        return new JunkCleanerView(context, parent);
+        return new OrganizerView(context, parent);
     case Screen::restoreBrowser:
     case Screen::recovery:
         break;
+    case Screen::restoreBrowser:
+        return new RestoreBrowserView(context.state, context.workspace, parent);
+    case Screen::recovery:
+        return new NewMacRecoveryView(context.files, parent);
     }
     return makeWelcomeView(parent);
 }

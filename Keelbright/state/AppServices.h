@@ -15,6 +15,12 @@ class UserDefaults;
 /// Asks the App Store for the application of that name.
 using AppLookup = std::function<QFuture<std::optional<iTunesAppInfo>>(const QString& appName)>;
 
+/// The App Store itself.
+inline QFuture<std::optional<iTunesAppInfo>> appStoreLookup(const QString& appName)
+{
+    return iTunesLookupService::lookup(appName);
+}
+
 /// What the state and the models of the screens are handed. Everything outlives the state.
 struct AppServices
 {
@@ -23,7 +29,7 @@ struct AppServices
     UserDefaults& userDefaults;
     FolderChooser& folderChooser;
     Clock clock = systemClock;
-    AppLookup lookup = [](const QString& appName) { return iTunesLookupService::lookup(appName); };
+    AppLookup lookup = appStoreLookup;
 };
 
 } // namespace keelbright

@@ -102,6 +102,8 @@ public:
     void refreshHealthScore();
     /// Lists the applications in the background, unless they are there or under way already.
     void refreshAppsIfNeeded();
+    /// Lists the applications anew in the background, unless that is under way already.
+    void scanApps();
 
     void persistState();
     /// Adds a folder unless one of `allEnabledSources` has the same location.

@@ -15,7 +15,13 @@ void AppState::refreshHealthScore()
 
 void AppState::refreshAppsIfNeeded()
 {
-    if (!m_scannedApps.isEmpty() || m_isAppScanning)
+    if (m_scannedApps.isEmpty())
+        scanApps();
+}
+
+void AppState::scanApps()
+{
+    if (m_isAppScanning)
         return;
     setIsAppScanning(true);
     deliver(AppScanner::scan(m_services.clock), this, [this](const QList<AppInfo>& apps) {

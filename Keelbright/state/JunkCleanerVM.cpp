@@ -12,14 +12,6 @@ namespace keelbright {
 
 namespace {
 
-QSet<QUuid> idsOf(const QList<JunkItem>& items)
-{
-    QSet<QUuid> ids;
-    for (const JunkItem& item : items)
-        ids.insert(item.id);
-    return ids;
-}
-
 qint64 bytesOf(const QList<JunkItem>& items)
 {
     qint64 total = 0;
@@ -65,6 +57,11 @@ void JunkCleanerVM::setSelectedCategoryID(const std::optional<QString>& id)
 void JunkCleanerVM::setSelectedItemIDs(const QSet<QUuid>& ids)
 {
     m_selectedItemIDs = ids;
+    announceSelection();
+}
+
+void JunkCleanerVM::announceSelection()
+{
     Q_EMIT selectedItemIDsChanged();
     Q_EMIT changed();
 }
@@ -85,7 +82,14 @@ void JunkCleanerVM::setShowCleanConfirm(bool show)
 
 qint64 JunkCleanerVM::totalSelectedBytes() const
 {
-    return bytesOf(selectedItems());
+    qint64 total = 0;
+    for (const JunkCategory& category : m_categories) {
+        for (const JunkItem& item : category.items) {
+            if (m_selectedItemIDs.contains(item.id))
+                total = addedWithoutOverflow(total, item.sizeBytes);
+        }
+    }
+    return total;
 }
 
 QList<JunkItem> JunkCleanerVM::selectedItems() const
@@ -130,29 +134,32 @@ void JunkCleanerVM::toggleAll(const JunkCategory& category)
 {
     if (category.items.isEmpty())
         return;
-    const QSet<QUuid> ids = idsOf(category.items);
-    if (m_selectedItemIDs.contains(ids))
-        setSelectedItemIDs(m_selectedItemIDs - ids);
-    else
-        setSelectedItemIDs(m_selectedItemIDs + ids);
+    const bool wereAllSelected = selectionState(category) == SelectionState::all;
+    for (const JunkItem& item : category.items) {
+        if (wereAllSelected)
+            m_selectedItemIDs.remove(item.id);
+        else
+            m_selectedItemIDs.insert(item.id);
+    }
+    announceSelection();
 }
 
 void JunkCleanerVM::selectAll()
 {
-    QSet<QUuid> ids;
-    for (const JunkCategory& category : m_categories)
-        ids.unite(idsOf(category.items));
-    setSelectedItemIDs(ids);
+    for (const JunkCategory& category : m_categories) {
+        for (const JunkItem& item : category.items)
+            m_selectedItemIDs.insert(item.id);
+    }
+    announceSelection();
 }
 
 void JunkCleanerVM::setSelected(const QUuid& itemID, bool isSelected)
 {
-    QSet<QUuid> ids = m_selectedItemIDs;
     if (isSelected)
-        ids.insert(itemID);
+        m_selectedItemIDs.insert(itemID);
     else
-        ids.remove(itemID);
-    setSelectedItemIDs(ids);
+        m_selectedItemIDs.remove(itemID);
+    announceSelection();
 }
 
 void JunkCleanerVM::clean()

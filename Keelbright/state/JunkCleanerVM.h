@@ -73,6 +73,7 @@ Q_SIGNALS:
 private:
     void setCategories(const QList<JunkCategory>& categories);
     void setIsScanning(bool isScanning);
+    void announceSelection();
     [[nodiscard]] QList<JunkItem> selectedItems() const;
     [[nodiscard]] std::optional<QString> firstCategoryID() const;
     void logClean(qint64 selectedBytes, qsizetype removedCount) const;

@@ -11,9 +11,13 @@ constexpr int patience = 2000; ///< milliseconds for a run to end at quitting
 
 } // namespace
 
-KeelbrightApp::KeelbrightApp(FolderChooser& folderChooser)
+KeelbrightApp::KeelbrightApp(FolderChooser& folderChooser, AppLookup lookup)
     : m_userDefaults(UserDefaults::standard())
-    , m_state({BackupConfigStore::shared(), ActivityStore::shared(), m_userDefaults, folderChooser})
+    , m_state({.configStore = BackupConfigStore::shared(),
+               .activityStore = ActivityStore::shared(),
+               .userDefaults = m_userDefaults,
+               .folderChooser = folderChooser,
+               .lookup = std::move(lookup)})
 {}
 
 bool KeelbrightApp::shutDown()

@@ -12,7 +12,7 @@ class KeelbrightApp
 public:
     /// Works on the stores of the present file manager and on the user's defaults. `folderChooser`
     /// outlives the application.
-    explicit KeelbrightApp(FolderChooser& folderChooser);
+    explicit KeelbrightApp(FolderChooser& folderChooser, AppLookup lookup = appStoreLookup);
 
     [[nodiscard]] AppState& state() { return m_state; }
 

@@ -60,6 +60,8 @@ public:
     /// Absent for a folder that was chosen any other way.
     [[nodiscard]] std::optional<QuickTarget> activeTarget() const { return m_activeTarget; }
 
+    void setActiveTarget(std::optional<QuickTarget> target);
+
     void scan(QuickTarget target);
     /// Asks the user for a folder and scans it; nothing changes where the chooser is dismissed.
     void pickCustomFolder();
@@ -96,7 +98,6 @@ private:
     void setProposals(const QList<OrganizeProposal>& proposals);
     void setIsScanning(bool isScanning);
     void setTargetFolder(const FileURL& folder);
-    void setActiveTarget(std::optional<QuickTarget> target);
 
     void showPlan(const QList<OrganizeProposal>& plan);
     void selectAll();

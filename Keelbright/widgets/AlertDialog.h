@@ -4,9 +4,12 @@
 
 #include <QDialog>
 
+class QVBoxLayout;
+
 namespace keelbright {
 
 class Button;
+class Label;
 
 /// The dialog of an `AlertRequest`. Escape cancels; Enter presses the button with the focus, which
 /// is the safe one where the action is destructive.
@@ -15,14 +18,26 @@ class AlertDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// The result where the second action was pressed; neither `accepted` nor `rejected` follows.
+    static constexpr int secondAccepted = 2;
+
     AlertDialog(const AlertRequest& request, QWidget* parent);
 
     [[nodiscard]] Button* actionButton() const { return m_action; }
 
+    /// Null where there is one action only.
+    [[nodiscard]] Button* secondActionButton() const { return m_secondAction; }
+
     [[nodiscard]] Button* cancelButton() const { return m_cancel; }
 
+    void setMessage(const QString& message);
+
 private:
-    Button* m_action;
+    void addButtons(QVBoxLayout& layout);
+
+    Label* m_message = nullptr;
+    Button* m_action = nullptr;
+    Button* m_secondAction = nullptr;
     Button* m_cancel;
 };
 

@@ -16,7 +16,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int gap = 7;
-constexpr int arrowSize = 14; ///< of a button with a menu
+constexpr int arrowSize = 14; ///< of a button that opens a menu
 
 Role startingHue(Button::Kind kind)
 {
@@ -113,9 +113,15 @@ int Button::pictureWidth() const
     return m_symbol.isEmpty() ? 0 : symbolSize() + gap;
 }
 
+void Button::setShowsArrow(bool shows)
+{
+    m_showsArrow = shows;
+    updateGeometry();
+}
+
 int Button::arrowWidth() const
 {
-    return menu() == nullptr || isSymbolAlone() ? 0 : arrowSize + gap;
+    return !m_showsArrow || isSymbolAlone() ? 0 : arrowSize + gap;
 }
 
 QString Button::shownCaption() const

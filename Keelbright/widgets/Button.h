@@ -43,6 +43,9 @@ public:
     /// 24 high instead of 30, for a button within a row.
     void setCompact(bool isCompact);
 
+    /// A small arrow behind the words says that a menu opens.
+    void setShowsArrow(bool shows);
+
     [[nodiscard]] QSize sizeHint() const override;
 
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
@@ -74,6 +77,7 @@ private:
     QString m_symbol;
     Role m_hue;
     bool m_isCompact = false;
+    bool m_showsArrow = false;
     FocusRing m_focusRing;
 };
 

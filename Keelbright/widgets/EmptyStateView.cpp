@@ -3,6 +3,7 @@
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 namespace keelbright {
@@ -35,9 +36,15 @@ EmptyStateView::EmptyStateView(const QString& title, const QString& message, con
     auto* messageLabel = makeWrappingLabel(message, FontRole::body, Role::secondaryText, this);
     for (Label* label : {titleLabel, messageLabel}) {
         label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-        label->setFixedWidth(readableWidth);
-        m_column->addWidget(label, 0, Qt::AlignHCenter);
+        label->setMaximumWidth(readableWidth);
+        // As wide as people read, or as the place allows.
+        auto* line = new QHBoxLayout;
+        line->addStretch(1);
+        line->addWidget(label, 100'000);
+        line->addStretch(1);
+        m_column->addLayout(line);
     }
+    messageLabel->setVisible(!message.isEmpty());
 }
 
 void EmptyStateView::addAction(QWidget* action)

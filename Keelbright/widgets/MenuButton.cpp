@@ -12,14 +12,15 @@ MenuButton::MenuButton(Kind kind, const QString& text, const QString& symbolKey,
                        QWidget* parent)
     : Button(kind, text, symbolKey, parent)
     , m_choices(choices)
+    , m_menu(new QMenu(this))
 {
-    auto* menu = new QMenu(this);
-    auto* group = new QActionGroup(menu);
+    setShowsArrow(true);
+    auto* group = new QActionGroup(m_menu);
     for (qsizetype i = 0; i < choices.size(); ++i) {
         const Choice& choice = choices.at(i);
         if (choice.startsGroup)
-            menu->addSeparator();
-        QAction* action = menu->addAction(QString(choice.text).replace(u'&', QStringLiteral("&&")));
+            m_menu->addSeparator();
+        QAction* action = m_menu->addAction(QString(choice.text).replace(u'&', QStringLiteral("&&")));
         action->setCheckable(true);
         action->setChecked(i == 0);
         group->addAction(action);
@@ -30,7 +31,10 @@ MenuButton::MenuButton(Kind kind, const QString& text, const QString& symbolKey,
         });
         m_actions.append(action);
     }
-    setMenu(menu);
+    // Not as the toolkit's own menu of a button: that one keeps who pressed it waiting until it is
+    // closed, a screen reader among them.
+    connect(this, &QPushButton::clicked, this,
+            [this] { m_menu->popup(mapToGlobal(QPoint(0, height() + 2))); });
     connect(&Theme::instance(), &Theme::changed, this, &MenuButton::paintSymbols);
     paintSymbols();
 }

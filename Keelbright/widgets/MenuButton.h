@@ -5,6 +5,7 @@
 #include <QList>
 
 class QAction;
+class QMenu;
 
 namespace keelbright {
 
@@ -29,6 +30,8 @@ public:
     /// then the choice.
     void setShowsChoice(const QString& name);
 
+    [[nodiscard]] QMenu* choiceMenu() const { return m_menu; }
+
     [[nodiscard]] int currentIndex() const { return m_currentIndex; }
 
     /// Without `chosen`.
@@ -42,6 +45,7 @@ private:
     void paintSymbols();
 
     QList<Choice> m_choices;
+    QMenu* m_menu;
     QString m_name;
     QList<QAction*> m_actions;
     int m_currentIndex = 0;

@@ -94,6 +94,8 @@ QWidget* makeSplit(QWidget* left, QWidget* right, int leftWidth, QWidget* parent
     right->setMinimumWidth(narrowestRight);
     splitter->addWidget(left);
     splitter->addWidget(right);
+    // The splitter has put each behind the one before; a screen reader goes by that order.
+    left->lower();
     splitter->setStretchFactor(0, 0);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({leftWidth, 10000});

@@ -42,6 +42,7 @@ enum class Role {
     mint,
     pink,
     jade,
+    azure,
 
     accentText,
     purpleText,
@@ -52,6 +53,7 @@ enum class Role {
     mintText,
     pinkText,
     jadeText,
+    azureText,
 
     accentFill,
     orangeFill,

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QSplitter>
 
 namespace keelbright {
 
@@ -30,7 +31,7 @@ bool isForTheList(int key)
 } // namespace
 
 RowButtons::RowButtons(RowListView* view)
-    : QWidget(view->viewport())
+    : QWidget(view)
     , m_view(view)
 {
     hide();
@@ -68,14 +69,32 @@ void RowButtons::show(const QList<RowAction>& actions, const QList<QRect>& rects
         hide();
         return;
     }
+    standBesideTheList();
     makeButtons(actions);
     QRect around;
     for (const QRect& rect : rects)
         around |= rect;
-    setGeometry(around);
+    // What the list has scrolled away is cut off.
+    const QRect shown = around & m_view->viewport()->rect();
+    if (shown.isEmpty()) {
+        hide();
+        return;
+    }
+    setGeometry(QRect(m_view->viewport()->mapTo(parentWidget(), shown.topLeft()), shown.size()));
     for (qsizetype i = 0; i < m_buttons.size(); ++i)
-        m_buttons.at(i)->setGeometry(rects.at(i).translated(-around.topLeft()));
+        m_buttons.at(i)->setGeometry(rects.at(i).translated(-shown.topLeft()));
+    raise();
     setVisible(true);
+}
+
+void RowButtons::standBesideTheList()
+{
+    QWidget* host = m_view->parentWidget();
+    // A splitter would give them a panel of their own.
+    if (host == nullptr || m_view->isWindow() || qobject_cast<QSplitter*>(host) != nullptr)
+        host = m_view;
+    if (parentWidget() != host)
+        setParent(host);
 }
 
 bool RowButtons::eventFilter(QObject* watched, QEvent* event)

@@ -10,7 +10,8 @@ class Button;
 class RowListView;
 
 /// The real buttons of the current row of a `RowListView`, above the painted ones: what Tab and a
-/// screen reader reach.
+/// screen reader reach. They stand beside the list, not in it: to a screen reader a list holds rows
+/// and nothing else.
 class RowButtons : public QWidget
 {
     Q_OBJECT
@@ -29,6 +30,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void standBesideTheList();
     void makeButtons(const QList<RowAction>& actions);
 
     RowListView* m_view;

@@ -51,7 +51,10 @@ RowListView::RowListView(Look look, const QString& name, QWidget* parent)
     });
 }
 
-RowListView::~RowListView() = default;
+RowListView::~RowListView()
+{
+    delete m_buttons;
+}
 
 void RowListView::setRowModel(RowModel* model)
 {
@@ -83,7 +86,11 @@ int RowListView::currentRow() const
 
 void RowListView::setCurrentRow(int row)
 {
-    if (m_model == nullptr || row == currentRow())
+    if (m_model == nullptr)
+        return;
+    // With the focus alone a row becomes current without being selected.
+    const bool isSelected = !selectionModel()->selectedIndexes().isEmpty();
+    if (row == currentRow() && isSelected == (row >= 0))
         return;
     m_isFollowing = true;
     if (row < 0) {
@@ -95,11 +102,17 @@ void RowListView::setCurrentRow(int row)
     m_isFollowing = false;
 }
 
+QList<RowAction> RowListView::allActionsAt(int row) const
+{
+    const ListRow shown = m_model->rowAt(row);
+    return shown.actions + shown.menuActions;
+}
+
 bool RowListView::press(int row, const QString& actionName)
 {
     if (m_model == nullptr || row < 0 || row >= m_model->rowCount() || !m_model->headerAt(row).isEmpty())
         return false;
-    for (const RowAction& action : m_model->rowAt(row).actions) {
+    for (const RowAction& action : allActionsAt(row)) {
         if (action.name == actionName) {
             Q_EMIT actionPressed(row, action);
             return true;
@@ -115,7 +128,7 @@ bool RowListView::showsFocusAt(const QModelIndex& index) const
 
 bool RowListView::hasButtonsAt(const QModelIndex& index) const
 {
-    return index == currentIndex() && m_buttons->isVisible();
+    return index == currentIndex() && m_buttons != nullptr && m_buttons->isVisible();
 }
 
 RowListView::Target RowListView::targetAt(const QPoint& position) const
@@ -138,8 +151,10 @@ RowListView::Target RowListView::targetAt(const QPoint& position) const
 
 void RowListView::updateButtons()
 {
+    if (m_buttons == nullptr) // they stand beside the list, and may have gone before it
+        return;
     const QModelIndex index = currentIndex();
-    if (m_model == nullptr || !index.isValid() || !m_model->headerAt(index.row()).isEmpty()) {
+    if (m_model == nullptr || !isVisible() || !index.isValid() || !m_model->headerAt(index.row()).isEmpty()) {
         m_buttons->show({}, {});
         return;
     }
@@ -217,7 +232,7 @@ void RowListView::keyPressEvent(QKeyEvent* event)
         return;
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
-        for (const RowAction& action : m_model->rowAt(row).actions) {
+        for (const RowAction& action : allActionsAt(row)) {
             if (action.isDelete) {
                 Q_EMIT actionPressed(row, action);
                 return;
@@ -244,7 +259,7 @@ void RowListView::contextMenuEvent(QContextMenuEvent* event)
 
 void RowListView::showMenu(int row, const QPoint& globalPosition)
 {
-    const QList<RowAction> actions = m_model->rowAt(row).actions;
+    const QList<RowAction> actions = allActionsAt(row);
     if (actions.isEmpty())
         return;
     auto* menu = new QMenu(this);
@@ -286,6 +301,22 @@ void RowListView::updateGeometries()
 {
     QListView::updateGeometries();
     updateButtons();
+}
+
+bool RowListView::event(QEvent* event)
+{
+    const bool isHandled = QListView::event(event);
+    switch (event->type()) {
+    case QEvent::Show:
+    case QEvent::Hide:
+    case QEvent::Move:
+    case QEvent::ParentChange:
+        updateButtons();
+        break;
+    default:
+        break;
+    }
+    return isHandled;
 }
 
 void RowListView::paintEvent(QPaintEvent* event)

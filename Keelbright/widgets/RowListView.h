@@ -68,6 +68,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    bool event(QEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void updateGeometries() override;
     void paintEvent(QPaintEvent* event) override;
@@ -82,13 +83,15 @@ private:
     [[nodiscard]] bool showsFocusAt(const QModelIndex& index) const;
     /// Its actions are real buttons and need no painting.
     [[nodiscard]] bool hasButtonsAt(const QModelIndex& index) const;
+    /// With those of the menu.
+    [[nodiscard]] QList<RowAction> allActionsAt(int row) const;
     void showMenu(int row, const QPoint& globalPosition);
     void updateButtons();
 
     Look m_look;
     QPointer<RowModel> m_model;
     RowDelegate* m_delegate;
-    RowButtons* m_buttons;
+    QPointer<RowButtons> m_buttons;
     std::unique_ptr<Target> m_pressed;
     FocusRing m_focusRing;
     bool m_isFollowing = false;

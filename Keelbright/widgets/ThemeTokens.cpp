@@ -63,6 +63,7 @@ constexpr std::array tokens{
     Token{Role::mint, rgb(0x12B8A6), rgb(0x3BD6C4)},
     Token{Role::pink, rgb(0xE8478B), rgb(0xFF6BA8)},
     Token{Role::jade, rgb(0x1AB399), rgb(0x1AB399)},
+    Token{Role::azure, rgb(0x0080FF), rgb(0x0080FF)},
 
     Token{Role::accentText, rgb(0x0057D1), rgb(0x74ACFF)},
     Token{Role::purpleText, rgb(0x7E33C2), rgb(0xCFA0F8)},
@@ -73,6 +74,7 @@ constexpr std::array tokens{
     Token{Role::mintText, rgb(0x0B6F64), rgb(0x5FE0D0)},
     Token{Role::pinkText, rgb(0xB3225F), rgb(0xFF97C2)},
     Token{Role::jadeText, rgb(0x0B6E5D), rgb(0x5FDCC4)},
+    Token{Role::azureText, rgb(0x0057D1), rgb(0x74ACFF)},
 
     Token{Role::accentFill, rgb(0x0A6CFF), rgb(0x2472E8)},
     Token{Role::orangeFill, rgb(0xF59A1B), rgb(0xFF9F2E)},
@@ -103,7 +105,7 @@ Role textRole(Role hue)
 {
     if (hue == Role::emptyMark)
         return Role::secondaryText;
-    if (hue < Role::accent || hue > Role::jade)
+    if (hue < Role::accent || hue > Role::azure)
         return hue;
     return static_cast<Role>(static_cast<int>(hue) - static_cast<int>(Role::accent) +
                              static_cast<int>(Role::accentText));

@@ -16,7 +16,8 @@ using Kind = AppLeftover::Kind;
 
 struct Place
 {
-    QByteArray path;
+    QByteArray folder; ///< ends with a slash
+    QByteArray name;
     Kind kind;
 };
 
@@ -47,29 +48,30 @@ private:
 
     [[nodiscard]] QList<Place> fixedPlaces() const
     {
-        return {{m_library + "Preferences/" + m_bundleID + ".plist", Kind::preferences},
-                {m_library + "Preferences/" + m_bundleID + ".LSSharedFileList.plist", Kind::preferences},
-                {m_library + "Caches/" + m_bundleID, Kind::cache},
-                {m_library + "Application Support/" + m_bundleID, Kind::support},
-                {m_library + "Application Support/" + m_appName, Kind::support},
-                {m_library + "Containers/" + m_bundleID, Kind::container},
-                {m_library + "Saved Application State/" + m_bundleID + ".savedState", Kind::savedState},
-                {m_library + "WebKit/" + m_bundleID, Kind::cache},
-                {m_library + "HTTPStorages/" + m_bundleID, Kind::cache},
-                {m_library + "HTTPStorages/" + m_bundleID + ".binarycookies", Kind::cache},
-                {m_library + "Application Scripts/" + m_bundleID, Kind::support},
-                {m_library + "LaunchAgents/" + m_bundleID + ".plist", Kind::launchAgent},
-                {systemPath(u"/Library/LaunchAgents"_s) + m_bundleID + ".plist", Kind::launchAgent},
-                {systemPath(u"/Library/LaunchDaemons"_s) + m_bundleID + ".plist", Kind::launchAgent}};
+        return {{m_library + "Preferences/", m_bundleID + ".plist", Kind::preferences},
+                {m_library + "Preferences/", m_bundleID + ".LSSharedFileList.plist", Kind::preferences},
+                {m_library + "Caches/", m_bundleID, Kind::cache},
+                {m_library + "Application Support/", m_bundleID, Kind::support},
+                {m_library + "Application Support/", m_appName, Kind::support},
+                {m_library + "Containers/", m_bundleID, Kind::container},
+                {m_library + "Saved Application State/", m_bundleID + ".savedState", Kind::savedState},
+                {m_library + "WebKit/", m_bundleID, Kind::cache},
+                {m_library + "HTTPStorages/", m_bundleID, Kind::cache},
+                {m_library + "HTTPStorages/", m_bundleID + ".binarycookies", Kind::cache},
+                {m_library + "Application Scripts/", m_bundleID, Kind::support},
+                {m_library + "LaunchAgents/", m_bundleID + ".plist", Kind::launchAgent},
+                {systemPath(u"/Library/LaunchAgents"_s), m_bundleID + ".plist", Kind::launchAgent},
+                {systemPath(u"/Library/LaunchDaemons"_s), m_bundleID + ".plist", Kind::launchAgent}};
     }
 
     void searchFixedPlaces()
     {
         for (const Place& place : fixedPlaces()) {
-            // No file has a NUL in its name; cut there, the path would be that of a whole folder.
-            if (place.path.contains('\0'))
+            // An application says itself what it is called: with "../../Documents" it would have a
+            // part of the home taken for its leftovers.
+            if (!place.name.isEmpty() && !isFileName(place.name))
                 continue;
-            const FileURL url = FileURL::fromNativePath(place.path);
+            const FileURL url = FileURL::fromNativePath(place.folder + place.name);
             if (m_fileManager.fileExists(url).exists)
                 append(url, place.kind);
         }

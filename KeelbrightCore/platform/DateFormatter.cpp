@@ -1,12 +1,13 @@
 #include "KeelbrightCore/platform/DateFormatter.h"
 
+#include "KeelbrightCore/platform/IcuText.h"
+
 #include <QLocale>
 #include <QRegularExpression>
 #include <QTimeZone>
 #include <memory>
 #include <unicode/calendar.h>
 #include <unicode/datefmt.h>
-#include <unicode/locid.h>
 #include <unicode/simpletz.h>
 #include <unicode/smpdtfmt.h>
 
@@ -15,16 +16,6 @@ namespace keelbright {
 namespace {
 
 constexpr int millisecondsPerSecond = 1'000;
-
-QString fromIcu(const icu::UnicodeString& text)
-{
-    return QString(reinterpret_cast<const QChar*>(text.getBuffer()), text.length());
-}
-
-icu::UnicodeString toIcu(const QString& text)
-{
-    return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<int32_t>(text.size())};
-}
 
 icu::DateFormat::EStyle icuStyle(DateFormatter::Style style)
 {
@@ -39,17 +30,6 @@ icu::DateFormat::EStyle icuStyle(DateFormatter::Style style)
         return icu::DateFormat::kLong;
     }
     return icu::DateFormat::kNone;
-}
-
-icu::Locale defaultLocale()
-{
-    const QLocale locale;
-    // The C locale is for machines; its dates are not meant for people.
-    if (locale.language() == QLocale::C)
-        return icu::Locale::getUS();
-    UErrorCode status = U_ZERO_ERROR;
-    icu::Locale result = icu::Locale::forLanguageTag(locale.bcp47Name().toStdString(), status);
-    return U_SUCCESS(status) ? result : icu::Locale::getUS();
 }
 
 /// ICU brings time zone rules of its own, which may be older than the system's, and does not know
@@ -71,7 +51,7 @@ std::unique_ptr<icu::TimeZone> systemZone(const QDateTime& date)
 std::unique_ptr<icu::DateFormat> makeFormat(DateFormatter::Style dateStyle, DateFormatter::Style timeStyle)
 {
     using icu::DateFormat;
-    const icu::Locale locale = defaultLocale();
+    const icu::Locale locale = defaultIcuLocale();
     if (timeStyle == DateFormatter::Style::none)
         return std::unique_ptr<DateFormat>(DateFormat::createDateInstance(icuStyle(dateStyle), locale));
     if (dateStyle == DateFormatter::Style::none)

@@ -170,4 +170,9 @@ QByteArrayView pathExtensionOf(QByteArrayView name)
     return name.sliced(dot + 1);
 }
 
+bool isFileName(QByteArrayView name)
+{
+    return !name.isEmpty() && !name.contains('/') && !name.contains('\0') && name != "." && name != "..";
+}
+
 } // namespace keelbright

@@ -58,4 +58,8 @@ private:
 /// The extension rule of `FileURL::pathExtension` on bare bytes, without making a text.
 [[nodiscard]] QByteArrayView pathExtensionOf(QByteArrayView name);
 
+/// Whether a folder can hold an entry of this name. Only then does a path that ends with it stay in
+/// its folder.
+[[nodiscard]] bool isFileName(QByteArrayView name);
+
 } // namespace keelbright

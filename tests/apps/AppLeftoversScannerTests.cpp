@@ -219,6 +219,26 @@ TEST_F(AppLeftoversScannerTests, anIdentifierWithANulFindsNoFolderThatIsNotItsOw
                 ElementsAre("~/Library/Application Support/Ink, 4, App Support"));
 }
 
+TEST_F(AppLeftoversScannerTests, anIdentifierLeadsOutOfNoFolder)
+{
+    m_mac.writeFile("Users/mira/Documents/thesis", "x");
+    m_mac.writeFile("Users/mira/Documents.plist", "x");
+    add("Caches/inner/org.example.ink/data", 5);
+    for (const QString& hostile : {u"../../Documents"_s, u"../Caches"_s, u"inner/org.example.ink"_s, u"/"_s,
+                                   u"./"_s, u"."_s, u".."_s}) {
+        EXPECT_THAT(scan(hostile), IsEmpty()) << hostile.toStdString();
+        EXPECT_THAT(scan(u"org.example.ink"_s, hostile), IsEmpty()) << hostile.toStdString();
+    }
+}
+
+TEST_F(AppLeftoversScannerTests, anIdentifierWithTwoDotsInItIsAName)
+{
+    add("Caches/org..ink/data", 5);
+    add("Preferences/...plist", 4);
+    EXPECT_THAT(scan(u"org..ink"_s), ElementsAre("~/Library/Caches/org..ink, 5, Cache"));
+    EXPECT_THAT(scan(u".."_s), ElementsAre("~/Library/Preferences/...plist, 4, Preferences"));
+}
+
 TEST_F(AppLeftoversScannerTests, aLinkIsFollowedToSeeWhetherItExistsButNotMeasured)
 {
     const auto link = [this](const QByteArray& target, const QByteArray& path) {

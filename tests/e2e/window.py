@@ -287,6 +287,13 @@ class Program(Element):
         dialog.button(prompt).press()
         wait_until(lambda: self.window_seen(title) is None, f"“{title}” does not close")
 
+    def choose_file(self, title, prompt, path):
+        """Answers the program's file chooser, to open or to save."""
+        dialog = self.window(title)
+        dialog.find("text", "File name:").write(path)
+        dialog.button(prompt).press()
+        wait_until(lambda: self.window_seen(title) is None, f"“{title}” does not close")
+
     def wait_for_end(self, patience=PATIENCE):
         """The exit code."""
         try:

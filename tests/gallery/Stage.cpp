@@ -1,6 +1,7 @@
 #include "tests/gallery/Stage.h"
 
 #include "Keelbright/screens/DetailView.h"
+#include "Keelbright/widgets/MenuButton.h"
 #include "KeelbrightCore/platform/TaskPools.h"
 #include "tests/support/StandardOutput.h"
 
@@ -119,10 +120,10 @@ void Stage::choose(const QString& title)
 
 void Stage::pick(const QString& choice)
 {
-    for (const auto* button : screen().findChildren<QPushButton*>()) {
-        if (button->menu() == nullptr || !button->isVisible())
+    for (const auto* button : screen().findChildren<MenuButton*>()) {
+        if (!button->isVisible())
             continue;
-        for (QAction* action : button->menu()->actions()) {
+        for (QAction* action : button->choiceMenu()->actions()) {
             if (action->text() == choice) {
                 action->trigger();
                 turnFrames();

@@ -103,5 +103,14 @@ TEST(FileURL, hashesEqualLocationsAlike)
     EXPECT_EQ(qHash(url("/a/b")), qHash(url("/a//b/")));
 }
 
+TEST(FileURL, tellsWhatMayBeAFilesName)
+{
+    for (const char* name : {"a", ".a", "...", "a..b", "..a", "\xff", " ", "\\"})
+        EXPECT_TRUE(isFileName(name)) << name;
+    for (const char* name : {"", ".", "..", "/", "a/b", "../a", "a/"})
+        EXPECT_FALSE(isFileName(name)) << name;
+    EXPECT_FALSE(isFileName(QByteArrayView("a\0b", 3)));
+}
+
 } // namespace
 } // namespace keelbright

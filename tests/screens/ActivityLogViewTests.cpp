@@ -55,7 +55,7 @@ protected:
     /// The entries of the filter's menu; a divider is empty.
     [[nodiscard]] static QList<QAction*> choices(const QWidget& view)
     {
-        return filter(view).menu()->actions();
+        return filter(view).choiceMenu()->actions();
     }
 
     static void choose(const QWidget& view, const QString& choice)

@@ -41,7 +41,14 @@ protected:
 
     [[nodiscard]] AppServices services()
     {
-        return {configStore, activityStore, userDefaults, chooser, mac.clock()};
+        // No test asks the App Store itself.
+        return {configStore,
+                activityStore,
+                userDefaults,
+                chooser,
+                mac.clock(),
+                [](const QString&) {
+                    return QtFuture::makeReadyFuture(std::optional<iTunesAppInfo>()); }};
     }
 
     [[nodiscard]] ScreenContext context() { return {*state, alerts, workspace, files}; }

@@ -162,6 +162,27 @@ TEST_F(AppStateRefreshTest, askingAgainDuringAScanStartsNoSecondOne)
     EXPECT_EQ(held.looksAt(applications()), 1);
 }
 
+TEST_F(AppStateRefreshTest, scanningAnewReplacesTheListAndKeepsTheOldOneMeanwhile)
+{
+    addApplications();
+    const auto state = makeState();
+    state->refreshAppsIfNeeded();
+    waitForApps(*state);
+    std::filesystem::remove_all(applications().appending(u"Never Indexed.app"_s).path().toStdString());
+    held.holdNextLookAt(applications());
+    state->scanApps();
+    EXPECT_TRUE(state->isAppScanning());
+    ASSERT_TRUE(held.waitUntilHeld());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(state->scannedApps().size(), 8);
+    state->scanApps();
+    held.letGo();
+    waitForApps(*state);
+    waitForBackgroundWork();
+    EXPECT_EQ(state->scannedApps().size(), 7);
+    EXPECT_EQ(held.looksAt(applications()), 2);
+}
+
 TEST_F(AppStateRefreshTest, openingTheDashboardWithAFilledListScansNothingButComputesTheScore)
 {
     addApplications();

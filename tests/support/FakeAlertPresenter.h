@@ -3,6 +3,7 @@
 #include "Keelbright/widgets/AlertPresenter.h"
 
 #include <QList>
+#include <QStringList>
 
 namespace keelbright::testing {
 
@@ -15,6 +16,11 @@ public:
         m_requests.append(request);
         m_confirmed = std::move(confirmed);
     }
+
+    void setMessage(QWidget*, const QString& message) override { m_messages.append(message); }
+
+    /// Other words for a question that was open, in order.
+    [[nodiscard]] const QStringList& messages() const { return m_messages; }
 
     /// Every question so far, in order.
     [[nodiscard]] const QList<AlertRequest>& requests() const { return m_requests; }
@@ -29,8 +35,12 @@ public:
             m_requests.last().dismissed();
     }
 
+    /// Presses the second action of the last question.
+    void confirmSecond() { m_requests.last().secondConfirmed(); }
+
 private:
     QList<AlertRequest> m_requests;
+    QStringList m_messages;
     std::function<void()> m_confirmed;
 };
 

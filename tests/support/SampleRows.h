@@ -38,8 +38,11 @@ public:
         shown.detail = QStringLiteral("/Users/mira/") + m_titles.at(row);
         shown.detailElide = Qt::ElideMiddle;
         shown.figure = QStringLiteral("%1 MB").arg(row);
-        shown.actions = {{QStringLiteral("folder"), QStringLiteral("Reveal in Finder")},
-                         {QStringLiteral("trash"), QStringLiteral("Move to Trash"), true}};
+        if (hasButtons) {
+            shown.actions = {{QStringLiteral("folder"), QStringLiteral("Reveal in Finder")},
+                             {QStringLiteral("trash"), QStringLiteral("Move to Trash"), true}};
+        }
+        shown.menuActions = menuActions;
         return shown;
     }
 
@@ -57,7 +60,9 @@ public:
     }
 
     QList<int> ticked;
-    mutable int rowsMade = 0; ///< how often a row was asked for
+    bool hasButtons = true;
+    QList<RowAction> menuActions; ///< of every row
+    mutable int rowsMade = 0;     ///< how often a row was asked for
 
 private:
     QStringList m_titles;

@@ -112,6 +112,60 @@ TEST_F(AlertPresenterTest, theActionIsNoWayOut)
     EXPECT_EQ(dismissals, 0);
 }
 
+TEST_F(AlertPresenterTest, theSecondActionConfirmsItselfAlone)
+{
+    int second = 0;
+    AlertRequest request = watchedReset();
+    request.secondAction = u"Reset a Little"_s;
+    request.secondConfirmed = [&second] { ++second; };
+    QPointer<AlertDialog> dialog = present(request);
+    EXPECT_EQ(dialog->secondActionButton()->caption(), u"Reset a Little"_s);
+    EXPECT_EQ(dialog->secondActionButton()->kind(), Button::Kind::destructive);
+    EXPECT_EQ(dialog->focusWidget(), dialog->cancelButton());
+    // From the top: the actions, then the way out, none of them cut.
+    EXPECT_LT(dialog->actionButton()->y(), dialog->secondActionButton()->y());
+    EXPECT_LT(dialog->secondActionButton()->y(), dialog->cancelButton()->y());
+    EXPECT_GE(dialog->secondActionButton()->width(), dialog->secondActionButton()->sizeHint().width());
+    dialog->secondActionButton()->click();
+    settle();
+    EXPECT_EQ(second, 1);
+    EXPECT_EQ(confirmations, 0);
+    EXPECT_EQ(dismissals, 0);
+    EXPECT_TRUE(dialog.isNull());
+}
+
+TEST_F(AlertPresenterTest, theOtherButtonsDoNotPressTheSecondAction)
+{
+    int second = 0;
+    AlertRequest request = reset();
+    request.secondAction = u"Reset a Little"_s;
+    request.secondConfirmed = [&second] { ++second; };
+    present(request)->cancelButton()->click();
+    settle();
+    present(request)->actionButton()->click();
+    settle();
+    EXPECT_EQ(second, 0);
+    EXPECT_EQ(confirmations, 1);
+}
+
+TEST_F(AlertPresenterTest, oneActionHasNoSecondButton)
+{
+    EXPECT_EQ(present(reset())->secondActionButton(), nullptr);
+}
+
+TEST_F(AlertPresenterTest, anOpenQuestionTakesOtherWords)
+{
+    presenter.setMessage(&window, u"Nobody asks."_s);
+    AlertDialog* dialog = present(reset());
+    presenter.setMessage(&window, u"This will remove 3 folders."_s);
+    QStringList texts;
+    for (const auto* label : dialog->findChildren<QLabel*>())
+        texts.append(label->text());
+    EXPECT_TRUE(texts.contains(u"This will remove 3 folders."_s));
+    EXPECT_FALSE(texts.contains(u"This will remove any custom folders."_s));
+    EXPECT_EQ(dialog->accessibleDescription(), u"This will remove 3 folders."_s);
+}
+
 TEST_F(AlertPresenterTest, theSafeButtonHasTheFocusWhereTheActionTakesSomethingAway)
 {
     AlertDialog* dialog = present(reset());

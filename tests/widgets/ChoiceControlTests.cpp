@@ -89,7 +89,7 @@ TEST(MenuButtonTest, marksTheChoiceInItsMenu)
     MenuButton button(Button::Kind::icon, u"Sort apps"_s, u"arrow.up.arrow.down"_s,
                       {{u"Name"_s}, {u"Size"_s}});
     const QSignalSpy chosen(&button, &MenuButton::chosen);
-    const QList<QAction*> actions = button.menu()->actions();
+    const QList<QAction*> actions = button.choiceMenu()->actions();
     ASSERT_EQ(actions.size(), 2);
     EXPECT_TRUE(actions.at(0)->isChecked());
     actions.at(1)->trigger();
@@ -102,6 +102,17 @@ TEST(MenuButtonTest, marksTheChoiceInItsMenu)
     EXPECT_EQ(accessibleName(&button), u"Sort apps"_s);
 }
 
+TEST(MenuButtonTest, aPressOpensTheMenuAndGoesOnAtOnce)
+{
+    const ThemeGuard theme;
+    MenuButton button(Button::Kind::icon, u"Sort apps"_s, u"arrow.up.arrow.down"_s,
+                      {{u"Name"_s}, {u"Size"_s}});
+    showActive(button);
+    button.click();
+    EXPECT_TRUE(button.choiceMenu()->isVisible());
+    button.choiceMenu()->close();
+}
+
 TEST(MenuButtonTest, showsItsChoiceWhereItIsAPicker)
 {
     const ThemeGuard theme;
@@ -112,7 +123,7 @@ TEST(MenuButtonTest, showsItsChoiceWhereItIsAPicker)
     EXPECT_EQ(button.caption(), u"Junk & more"_s);
     EXPECT_EQ(accessibleName(&button), u"Filter"_s);
     EXPECT_EQ(button.accessibleDescription(), u"Junk & more"_s);
-    EXPECT_TRUE(button.menu()->actions().at(1)->isSeparator());
+    EXPECT_TRUE(button.choiceMenu()->actions().at(1)->isSeparator());
 }
 
 TEST(SearchFieldTest, isReachedByControlAndFAndClearedByEscape)

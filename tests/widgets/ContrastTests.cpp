@@ -11,7 +11,7 @@ namespace {
 constexpr double readable = 4.5;
 constexpr ColorScheme schemes[] = {ColorScheme::light, ColorScheme::dark};
 constexpr Role hues[] = {Role::accent, Role::purple, Role::orange, Role::green, Role::red,
-                         Role::teal,   Role::mint,   Role::pink,   Role::jade};
+                         Role::teal,   Role::mint,   Role::pink,   Role::jade,  Role::azure};
 
 QColor on(Role base, Role front, ColorScheme scheme)
 {

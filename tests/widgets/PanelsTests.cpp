@@ -52,6 +52,15 @@ TEST(SplitTest, theRightPanelTakesWhatIsLeft)
     EXPECT_EQ(pictureOf(*right).pixelColor(5, 5), Theme::instance().color(Role::card));
 }
 
+TEST(SplitTest, theLeftPanelIsReadFirst)
+{
+    const ThemeGuard theme;
+    auto* left = new Ground(Role::window);
+    auto* right = new Ground(Role::card);
+    const std::unique_ptr<QWidget> split(makeSplit(left, right, 290));
+    EXPECT_EQ(split->findChildren<Ground*>(), (QList<Ground*>{left, right}));
+}
+
 TEST(BusyStateTest, saysWhatIsUnderWayWithASpinnerThatTurns)
 {
     const ThemeGuard theme;

@@ -14,6 +14,8 @@
 #include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
+#include <QVBoxLayout>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace keelbright::testing {
@@ -146,7 +148,8 @@ TEST_F(RowListViewTest, theCurrentRowHasRealButtonsThatTabReaches)
     ASSERT_EQ(shownButtons().size(), 2);
     EXPECT_EQ(shownButtons().at(0)->accessibleName(), u"Reveal in Finder"_s);
     EXPECT_EQ(shownButtons().at(1)->accessibleName(), u"Move to Trash"_s);
-    const QPoint center = shownButtons().at(1)->mapTo(view.viewport(), shownButtons().at(1)->rect().center());
+    const QPoint center = view.viewport()->mapFromGlobal(
+        shownButtons().at(1)->mapToGlobal(shownButtons().at(1)->rect().center()));
     EXPECT_TRUE(layoutOf(1).actions.at(1).contains(center));
     QStringList pressed;
     QObject::connect(&view, &RowListView::actionPressed, &view, [&](int row, const RowAction& action) {
@@ -158,6 +161,32 @@ TEST_F(RowListViewTest, theCurrentRowHasRealButtonsThatTabReaches)
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     EXPECT_EQ(pressed, (QStringList{u"1 Reveal in Finder"_s, u"1 Move to Trash"_s}));
+}
+
+TEST_F(RowListViewTest, aScreenReaderMeetsTheButtonsBesideTheRows)
+{
+    QWidget screen;
+    auto* layout = new QVBoxLayout(&screen);
+    auto* list = new RowListView(RowListView::Look::table, u"Junk items"_s);
+    list->setRowModel(&model);
+    layout->addWidget(list);
+    screen.resize(600, 400);
+    screen.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&screen));
+    list->setCurrentRow(1);
+    QStringList names;
+    const std::function<void(QAccessibleInterface*)> collect = [&](QAccessibleInterface* part) {
+        if (part->role() == QAccessible::Button && !part->state().invisible)
+            names.append(part->text(QAccessible::Name));
+        for (int i = 0; i < part->childCount(); ++i)
+            collect(part->child(i));
+    };
+    collect(QAccessible::queryAccessibleInterface(&screen));
+    EXPECT_EQ(names, (QStringList{u"Reveal in Finder"_s, u"Move to Trash"_s}));
+    list->hide();
+    names.clear();
+    collect(QAccessible::queryAccessibleInterface(&screen));
+    EXPECT_EQ(names, QStringList());
 }
 
 TEST_F(RowListViewTest, theArrowsGoOnFromAButtonToTheNextRow)
@@ -205,6 +234,55 @@ TEST_F(RowListViewTest, theMenuOfARowHoldsItsActions)
     EXPECT_EQ(menu->actions().at(0)->text(), u"Reveal in Finder"_s);
     menu->actions().at(1)->trigger();
     EXPECT_EQ(pressed, u"2Move to Trash"_s);
+}
+
+TEST_F(RowListViewTest, anActionOfTheMenuAloneHasNoButton)
+{
+    show();
+    model.menuActions = {{{}, u"Rename…"_s}};
+    model.announceAllRows();
+    view.setCurrentRow(1);
+    EXPECT_EQ(shownButtons().size(), 2);
+    QString pressed;
+    QObject::connect(&view, &RowListView::actionPressed, &view,
+                     [&](int row, const RowAction& action) { pressed = QString::number(row) + action.name; });
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
+    QApplication::sendEvent(view.viewport(), &event);
+    auto* menu = view.findChild<QMenu*>();
+    ASSERT_NE(menu, nullptr);
+    ASSERT_EQ(menu->actions().size(), 3);
+    EXPECT_EQ(menu->actions().at(2)->text(), u"Rename…"_s);
+    menu->actions().at(2)->trigger();
+    EXPECT_EQ(pressed, u"1Rename…"_s);
+    EXPECT_TRUE(view.press(2, u"Rename…"_s));
+    EXPECT_EQ(pressed, u"2Rename…"_s);
+}
+
+TEST_F(RowListViewTest, theDeleteKeyKnowsTheActionsOfTheMenu)
+{
+    show();
+    model.menuActions = {{{}, u"Remove…"_s, true}};
+    model.hasButtons = false;
+    QString pressed;
+    QObject::connect(&view, &RowListView::actionPressed, &view,
+                     [&](int row, const RowAction& action) { pressed = QString::number(row) + action.name; });
+    view.setFocus();
+    view.setCurrentRow(1);
+    QTest::keyClick(&view, Qt::Key_Delete);
+    EXPECT_EQ(pressed, u"1Remove…"_s);
+}
+
+TEST_F(RowListViewTest, aRowThatIsCurrentByTheFocusAloneCanBeSelected)
+{
+    show();
+    view.setFocus(Qt::TabFocusReason);
+    ASSERT_EQ(view.currentRow(), 0);
+    EXPECT_TRUE(view.selectionModel()->selectedIndexes().isEmpty());
+    view.setCurrentRow(0);
+    EXPECT_EQ(view.selectionModel()->selectedIndexes(), QModelIndexList{model.index(0)});
+    view.setCurrentRow(-1);
+    EXPECT_TRUE(view.selectionModel()->selectedIndexes().isEmpty());
+    EXPECT_EQ(view.currentRow(), -1);
 }
 
 TEST_F(RowListViewTest, aHeaderIsNeitherChosenNorPressed)

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Keelbright/widgets/Card.h"
+
+namespace keelbright {
+
+struct BackupManifest;
+
+/// What a manifest tells of the machine it was made on.
+class ManifestSummary : public RowList
+{
+    Q_OBJECT
+
+public:
+    explicit ManifestSummary(const BackupManifest& manifest, QWidget* parent = nullptr);
+
+private:
+    void addFact(const QString& label, const QString& value);
+    void addDotfiles(const BackupManifest& manifest);
+    void addApps(const BackupManifest& manifest);
+};
+
+} // namespace keelbright

@@ -1,0 +1,186 @@
+#include "Keelbright/screens/NewMacRecoveryView.h"
+
+#include "Keelbright/screens/Announcement.h"
+#include "Keelbright/screens/ManifestSummary.h"
+#include "Keelbright/screens/PageSection.h"
+#include "Keelbright/state/FileChooser.h"
+#include "Keelbright/widgets/Button.h"
+#include "Keelbright/widgets/Card.h"
+#include "Keelbright/widgets/DisplayText.h"
+#include "Keelbright/widgets/Headers.h"
+#include "Keelbright/widgets/Label.h"
+#include "Keelbright/widgets/SymbolLabel.h"
+#include "KeelbrightCore/platform/FileManager.h"
+
+#include <QHBoxLayout>
+#include <QPointer>
+#include <QVBoxLayout>
+#include <array>
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Step
+{
+    QLatin1StringView icon;
+    Role color;
+    const char* title;
+    const char* body;
+};
+
+constexpr std::array steps{
+    Step{"doc.fill"_L1, Role::accent, QT_TRANSLATE_NOOP("NewMacRecoveryView", "Restore personal files"),
+         QT_TRANSLATE_NOOP("NewMacRecoveryView",
+                           "Open your backup drive and copy Personal Files back to your new Mac manually, "
+                           "or use the Restore Browser.")},
+    Step{"terminal.fill"_L1, Role::purple,
+         QT_TRANSLATE_NOOP("NewMacRecoveryView", "Rebuild your app environment"),
+         QT_TRANSLATE_NOOP("NewMacRecoveryView",
+                           "Use the recovery manifest to see which apps were installed. Reinstall via Mac "
+                           "App Store, Homebrew, or direct download. Keel Bright does not restore app "
+                           "binaries.")},
+    Step{"checklist"_L1, Role::teal, QT_TRANSLATE_NOOP("NewMacRecoveryView", "Review your setup checklist"),
+         QT_TRANSLATE_NOOP("NewMacRecoveryView",
+                           "The manifest includes dotfile presence and shell info. Re-apply .zshrc, "
+                           ".gitconfig, and SSH keys from your backup.")},
+};
+
+constexpr int stepTile = 34;
+
+QWidget* makeStep(const Step& step, std::size_t number)
+{
+    const QString count = NewMacRecoveryView::tr("Step %1").arg(QString::number(number));
+    const QString title = NewMacRecoveryView::tr(step.title);
+    auto* card = new Card;
+    card->setAccessibleName(NewMacRecoveryView::tr("%1: %2").arg(count, title));
+    auto* row = new QHBoxLayout;
+    row->setSpacing(14);
+    row->addWidget(new Tile(step.icon, step.color, stepTile, card), 0, Qt::AlignTop);
+    auto* words = new QVBoxLayout;
+    words->setSpacing(0);
+    words->addWidget(new Label(count, FontRole::groupTitle, textRole(step.color), card));
+    words->addSpacing(1);
+    words->addWidget(makeWrappingLabel(title, FontRole::sectionTitle, Role::primaryText, card));
+    words->addSpacing(4);
+    words->addWidget(
+        makeWrappingLabel(NewMacRecoveryView::tr(step.body), FontRole::body, Role::secondaryText, card));
+    row->addLayout(words, 1);
+    card->content()->addLayout(row);
+    return card;
+}
+
+/// Why the file can't be read stands in for the manifest.
+std::expected<BackupManifest, QString> manifestIn(const FileURL& url)
+{
+    const auto data = FileManager::defaultManager().contents(url);
+    if (!data)
+        return std::unexpected(data.error().localizedDescription());
+    const auto json = decodeJsonObject(*data);
+    auto manifest = json ? BackupManifest::fromJson(*json) : std::unexpected(json.error());
+    if (!manifest)
+        return std::unexpected(manifest.error().localizedDescription());
+    return *std::move(manifest);
+}
+
+} // namespace
+
+NewMacRecoveryView::NewMacRecoveryView(FileChooser& files, QWidget* parent)
+    : Page(parent)
+    , m_files(files)
+{
+    addHeader();
+    addSteps();
+    addManifestSection();
+    content()->addStretch();
+    redraw();
+}
+
+void NewMacRecoveryView::addHeader()
+{
+    auto* header = new PageHeader(tr("Setting Up a New Mac"),
+                                  tr("Keel Bright helps you pick up where you left off. Follow these steps "
+                                     "after your first login on a new Mac."),
+                                  this);
+    header->setSymbol(u"sparkles"_s, Role::accent);
+    content()->addWidget(header);
+}
+
+void NewMacRecoveryView::addSteps()
+{
+    auto* cards = new QVBoxLayout;
+    cards->setSpacing(Metrics::cardSpacing - Metrics::cardShadow);
+    for (std::size_t i = 0; i < steps.size(); ++i)
+        cards->addWidget(makeStep(steps.at(i), i + 1));
+    content()->addLayout(cards);
+}
+
+void NewMacRecoveryView::addManifestSection()
+{
+    auto* section = new PageSection(new SectionHeader(tr("Recovery Manifest")), this);
+    auto* card = new Card(section);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(16);
+    row->addWidget(
+        makeWrappingLabel(tr("Load your recovery-manifest.json to review what was on your previous Mac."),
+                          FontRole::body, Role::secondaryText, card),
+        1);
+    auto* load = new Button(Button::Kind::primary, tr("Load Manifest…"), u"doc.badge.arrow.up"_s, card);
+    connect(load, &QPushButton::clicked, this, &NewMacRecoveryView::loadManifest);
+    row->addWidget(load);
+    card->content()->addLayout(row);
+
+    m_errorLine = new QWidget(card);
+    auto* error = new QHBoxLayout(m_errorLine);
+    error->setContentsMargins(0, 0, 0, 0);
+    error->setSpacing(7);
+    error->addWidget(new SymbolLabel(u"exclamationmark.circle"_s, 16, Role::red, m_errorLine), 0,
+                     Qt::AlignTop);
+    m_errorText = makeWrappingLabel({}, FontRole::body, Role::redText, m_errorLine);
+    error->addWidget(m_errorText, 1);
+    card->content()->addWidget(m_errorLine);
+    section->content()->addWidget(card);
+    content()->addWidget(section);
+}
+
+void NewMacRecoveryView::loadManifest()
+{
+    const FileOpenRequest request{
+        .message = tr("Select the recovery-manifest.json from your backup."),
+        .prompt = tr("Load"),
+        .extensions = {u"json"_s},
+    };
+    // The screen may have been left while the chooser was open.
+    m_files.chooseFile(request, [self = QPointer(this)](const FileURL& url) {
+        if (self)
+            self->readManifest(url);
+    });
+}
+
+void NewMacRecoveryView::readManifest(const FileURL& url)
+{
+    const auto manifest = manifestIn(url);
+    m_manifestData = manifest ? std::optional(*manifest) : std::nullopt;
+    m_loadError =
+        manifest ? std::nullopt : std::optional(tr("Could not read manifest: %1").arg(manifest.error()));
+    redraw();
+    announce(*this, m_loadError ? displayText(*m_loadError) : tr("Summary from your previous Mac"));
+}
+
+void NewMacRecoveryView::redraw()
+{
+    m_errorLine->setVisible(m_loadError.has_value());
+    m_errorText->setText(displayText(m_loadError.value_or(QString())));
+    delete std::exchange(m_summary, nullptr);
+    if (!m_manifestData)
+        return;
+    m_summary = new PageSection(new SectionHeader(tr("Summary from your previous Mac")), this);
+    static_cast<PageSection*>(m_summary)->content()->addWidget(new ManifestSummary(*m_manifestData));
+    // Above the stretch at the end.
+    content()->insertWidget(content()->count() - 1, m_summary);
+    m_summary->show();
+}
+
+} // namespace keelbright

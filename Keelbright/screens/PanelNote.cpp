@@ -1,0 +1,47 @@
+#include "Keelbright/screens/PanelNote.h"
+
+#include "Keelbright/screens/Announcement.h"
+#include "Keelbright/widgets/Label.h"
+#include "Keelbright/widgets/SymbolLabel.h"
+
+#include <QVBoxLayout>
+
+namespace keelbright {
+
+namespace {
+
+constexpr int symbolSize = 40;
+constexpr int margin = 18;
+
+} // namespace
+
+PanelNote::PanelNote(const QString& symbol, Role color, const QString& title, const QString& detail,
+                     QWidget* parent)
+    : QWidget(parent)
+{
+    setAccessibleName(title);
+    setAccessibleDescription(detail);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(4);
+    layout->addStretch(4);
+    layout->addWidget(new SymbolLabel(symbol, symbolSize, color, this), 0, Qt::AlignHCenter);
+    layout->addSpacing(8);
+    const auto addWords = [this, layout](const QString& text, FontRole font, Role role) {
+        auto* label = makeWrappingLabel(text, font, role, this);
+        label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+        layout->addWidget(label);
+    };
+    addWords(title, FontRole::sectionTitle, Role::primaryText);
+    if (!detail.isEmpty())
+        addWords(detail, FontRole::body, Role::secondaryText);
+    layout->addStretch(5);
+}
+
+void PanelNote::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    announce(*this, accessibleName());
+}
+
+} // namespace keelbright

@@ -1,0 +1,127 @@
+#include "Keelbright/state/AppDetailVM.h"
+
+#include "Keelbright/state/Delivery.h"
+#include "KeelbrightCore/apps/AppLeftoversScanner.h"
+#include "KeelbrightCore/platform/ByteSum.h"
+#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/records/ActivityStore.h"
+
+#include <QtConcurrentRun>
+#include <tuple>
+#include <utility>
+
+namespace keelbright {
+
+namespace {
+
+/// What can't be moved stays, and nobody is told.
+void moveToTrash(const FileURL& url)
+{
+    std::ignore = FileManager::defaultManager().trashItem(url);
+}
+
+} // namespace
+
+AppDetailVM::AppDetailVM(AppInfo app, ActivityStore& activityStore, AppLookup lookup, Clock clock,
+                         QObject* parent)
+    : QObject(parent)
+    , m_app(std::move(app))
+    , m_activityStore(activityStore)
+    , m_lookup(std::move(lookup))
+    , m_clock(std::move(clock))
+{}
+
+AppDetailVM::~AppDetailVM()
+{
+    // A search that waits for its turn is left out, and a request is ended.
+    m_leftoversSearch.cancel();
+    m_itunesRequest.cancel();
+}
+
+qint64 AppDetailVM::totalLeftoverBytes() const
+{
+    qint64 total = 0;
+    for (const AppLeftover& leftover : m_leftovers)
+        total = addedWithoutOverflow(total, leftover.sizeBytes);
+    return total;
+}
+
+void AppDetailVM::setIsLoadingLeftovers(bool isLoading)
+{
+    m_isLoadingLeftovers = isLoading;
+    Q_EMIT isLoadingLeftoversChanged();
+    Q_EMIT changed();
+}
+
+void AppDetailVM::setShowDeleteConfirm(bool show)
+{
+    m_showDeleteConfirm = show;
+    Q_EMIT showDeleteConfirmChanged();
+    Q_EMIT changed();
+}
+
+void AppDetailVM::loadLeftovers()
+{
+    setIsLoadingLeftovers(true);
+    m_leftoversSearch =
+        QtConcurrent::run(&TaskPools::userInitiated(), [bundleID = m_app.bundleID, name = m_app.name] {
+            return AppLeftoversScanner::scan(bundleID, name);
+        });
+    deliver(m_leftoversSearch, this, [this](const QList<AppLeftover>& found) {
+        m_leftovers = found;
+        Q_EMIT leftoversChanged();
+        Q_EMIT changed();
+        setIsLoadingLeftovers(false);
+    });
+}
+
+void AppDetailVM::fetchDescription()
+{
+    m_isLoadingiTunes = true;
+    Q_EMIT itunesChanged();
+    Q_EMIT changed();
+    m_itunesRequest = m_lookup(m_app.name);
+    deliver(m_itunesRequest, this, [this](const std::optional<iTunesAppInfo>& found) {
+        m_itunesInfo = found;
+        m_itunesLookedUp = true;
+        m_isLoadingiTunes = false;
+        Q_EMIT itunesChanged();
+        Q_EMIT changed();
+    });
+}
+
+void AppDetailVM::removeApp()
+{
+    moveToTrash(m_app.url);
+    const qint64 bytes = totalLeftoverBytes();
+    const qsizetype count = m_leftovers.size();
+    for (const AppLeftover& leftover : m_leftovers)
+        moveToTrash(leftover.url);
+    const QString detail = count == 1 ? tr("App + %1 leftover file moved to Trash")
+                                      : tr("App + %1 leftover files moved to Trash");
+    logRemoval(detail.arg(QString::number(count)), bytes, count + 1);
+    Q_EMIT removed(m_app);
+}
+
+void AppDetailVM::removeAppOnly()
+{
+    moveToTrash(m_app.url);
+    logRemoval(tr("App bundle moved to Trash"), 0, 1);
+    Q_EMIT removed(m_app);
+}
+
+void AppDetailVM::logRemoval(const QString& detail, qint64 bytes, qint64 items) const
+{
+    m_activityStore.append({
+        .id = QUuid::createUuid(),
+        .timestamp = m_clock(),
+        .kind = ActivityEntry::Kind::appRemove,
+        .title = tr("%1 removed").arg(m_app.name),
+        .detail = detail,
+        .bytesAffected = bytes,
+        .itemCount = items,
+    });
+}
+
+} // namespace keelbright

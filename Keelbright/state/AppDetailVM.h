@@ -1,0 +1,88 @@
+#pragma once
+
+#include "Keelbright/state/AppServices.h"
+#include "KeelbrightCore/apps/AppInfo.h"
+#include "KeelbrightCore/apps/AppLeftover.h"
+
+#include <QFuture>
+#include <QList>
+#include <QObject>
+#include <optional>
+
+namespace keelbright {
+
+/// One application with what it left around and what the App Store tells of it, and its removal.
+/// One model an application: what is still on its way for another one can't come here. Main thread
+/// only.
+class AppDetailVM : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The store outlives the model. Starts nothing yet.
+    AppDetailVM(AppInfo app, ActivityStore& activityStore, AppLookup lookup, Clock clock = systemClock,
+                QObject* parent = nullptr);
+    ~AppDetailVM() override;
+    Q_DISABLE_COPY_MOVE(AppDetailVM)
+
+    [[nodiscard]] const AppInfo& app() const { return m_app; }
+
+    /// Largest first.
+    [[nodiscard]] const QList<AppLeftover>& leftovers() const { return m_leftovers; }
+
+    [[nodiscard]] qint64 totalLeftoverBytes() const;
+
+    [[nodiscard]] bool isLoadingLeftovers() const { return m_isLoadingLeftovers; }
+
+    [[nodiscard]] const std::optional<iTunesAppInfo>& itunesInfo() const { return m_itunesInfo; }
+
+    [[nodiscard]] bool isLoadingiTunes() const { return m_isLoadingiTunes; }
+
+    /// The App Store was asked, whether or not it knew the application.
+    [[nodiscard]] bool itunesLookedUp() const { return m_itunesLookedUp; }
+
+    /// Whether the user is being asked before a removal; the screen's to set and to clear.
+    [[nodiscard]] bool showDeleteConfirm() const { return m_showDeleteConfirm; }
+
+    void setShowDeleteConfirm(bool show);
+
+    /// Looks in the background for what the application keeps outside its bundle.
+    void loadLeftovers();
+    /// Asks the App Store; only ever on the user's word.
+    void fetchDescription();
+    /// Moves the bundle and then the leftovers found so far to the Trash, one after another and
+    /// before it returns. What can't be moved stays where it is without a word, and the log tells
+    /// of the whole in any case.
+    void removeApp();
+    /// The same for the bundle alone.
+    void removeAppOnly();
+
+Q_SIGNALS:
+    void leftoversChanged();
+    void isLoadingLeftoversChanged();
+    void itunesChanged();
+    void showDeleteConfirmChanged();
+    /// Follows each of the above.
+    void changed();
+    /// The application has been removed, as far as that was possible.
+    void removed(const keelbright::AppInfo& app);
+
+private:
+    void setIsLoadingLeftovers(bool isLoading);
+    void logRemoval(const QString& detail, qint64 bytes, qint64 items) const;
+
+    const AppInfo m_app;
+    ActivityStore& m_activityStore;
+    AppLookup m_lookup;
+    Clock m_clock;
+    QFuture<QList<AppLeftover>> m_leftoversSearch;
+    QFuture<std::optional<iTunesAppInfo>> m_itunesRequest;
+    QList<AppLeftover> m_leftovers;
+    bool m_isLoadingLeftovers = false;
+    std::optional<iTunesAppInfo> m_itunesInfo;
+    bool m_isLoadingiTunes = false;
+    bool m_itunesLookedUp = false;
+    bool m_showDeleteConfirm = false;
+};
+
+} // namespace keelbright

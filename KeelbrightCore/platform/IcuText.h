@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+#include <unicode/locid.h>
+#include <unicode/unistr.h>
+
+namespace keelbright {
+
+// What the units have in common that ask ICU. Internal to the platform folder.
+
+[[nodiscard]] QString fromIcu(const icu::UnicodeString& text);
+[[nodiscard]] icu::UnicodeString toIcu(const QString& text);
+/// The default locale; American English for the C locale, which is for machines.
+[[nodiscard]] icu::Locale defaultIcuLocale();
+
+} // namespace keelbright

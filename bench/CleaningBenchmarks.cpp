@@ -1,0 +1,239 @@
+#include "Keelbright/screens/JunkCleanerView.h"
+#include "Keelbright/screens/OrganizerView.h"
+#include "Keelbright/screens/QuickTargetRow.h"
+#include "Keelbright/screens/ScreenContext.h"
+#include "Keelbright/state/AppState.h"
+#include "Keelbright/widgets/Button.h"
+#include "Keelbright/widgets/RowListView.h"
+#include "KeelbrightCore/platform/UserDefaults.h"
+#include "KeelbrightCore/records/ActivityStore.h"
+#include "KeelbrightCore/records/BackupConfigStore.h"
+#include "bench/BenchTree.h"
+#include "tests/support/BackgroundWork.h"
+#include "tests/support/FakeAlertPresenter.h"
+#include "tests/support/FakeFileChooser.h"
+#include "tests/support/FakeFolderChooser.h"
+#include "tests/support/FakeWorkspace.h"
+#include "tests/support/StallProbe.h"
+
+#include <QScrollBar>
+#include <QSettings>
+#include <QTest>
+#include <benchmark/benchmark.h>
+
+// What is measured is the longest time for which the window did not answer, from what the user did
+// until the last picture of it; the work in the background is not in it.
+
+namespace keelbright::bench {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// A machine with as many items as a screen must bear, and what a screen is handed.
+struct Machine
+{
+    ~Machine() { testing::waitForBackgroundWork(); }
+
+    [[nodiscard]] ScreenContext context() { return {state, alerts, workspace, files}; }
+
+    testing::TestMac mac;
+    BackupConfigStore configStore{mac.fileManager().applicationSupportDirectory()};
+    ActivityStore activityStore{mac.fileManager().applicationSupportDirectory()};
+    UserDefaults userDefaults{
+        std::make_unique<QSettings>(mac.root().appending(u"defaults.ini"_s).path(), QSettings::IniFormat)};
+    testing::FakeFolderChooser chooser;
+    testing::FakeAlertPresenter alerts;
+    testing::FakeWorkspace workspace;
+    testing::FakeFileChooser files;
+    AppState state{{configStore, activityStore, userDefaults, chooser, mac.clock()}};
+};
+
+/// A frame, the picture of it, and what comes after.
+void settle()
+{
+    constexpr int milliseconds = 120;
+    QTest::qWait(milliseconds);
+}
+
+template <typename Act> void measureStall(benchmark::State& state, Act act)
+{
+    const testing::StallProbe probe;
+    QTest::qWait(5);
+    act();
+    settle();
+    state.SetIterationTime(probe.longestSeconds());
+}
+
+RowListView* listOf(const QWidget& view, const QString& name)
+{
+    for (auto* list : view.findChildren<RowListView*>()) {
+        if (list->accessibleName() == name)
+            return list;
+    }
+    qFatal("no list %s", qPrintable(name));
+}
+
+/// The last of this name, which is that of the bar at the bottom.
+Button* buttonOf(const QWidget& view, const QString& name)
+{
+    Button* found = nullptr;
+    for (auto* button : view.findChildren<Button*>()) {
+        if (button->accessibleName() == name)
+            found = button;
+    }
+    if (found == nullptr)
+        qFatal("no button %s", qPrintable(name));
+    return found;
+}
+
+void scroll(RowListView& list, int step)
+{
+    list.verticalScrollBar()->setValue(list.verticalScrollBar()->maximum() / 20 * step);
+}
+
+struct JunkMachine : Machine
+{
+    JunkMachine()
+    {
+        for (int i = 0; i < fileCount(); ++i)
+            mac.writeFile("Users/mira/Library/Caches/com.example.cache" + QByteArray::number(i) + "/data",
+                          QByteArray(1 + i % 1000, 'x'));
+    }
+
+    std::unique_ptr<JunkCleanerView> open()
+    {
+        auto view = std::make_unique<JunkCleanerView>(context());
+        view->resize(940, 760);
+        view->show();
+        const auto* model = view->findChild<JunkCleanerVM*>();
+        if (!QTest::qWaitFor([=] { return !model->isScanning(); }, 120'000))
+            qFatal("the scan did not end");
+        return view;
+    }
+};
+
+struct PlanMachine : Machine
+{
+    PlanMachine()
+    {
+        for (int i = 0; i < fileCount(); ++i)
+            mac.writeFile("Users/mira/Downloads/photo" + QByteArray::number(i) + ".jpg",
+                          QByteArray(1 + i % 1000, 'x'));
+    }
+
+    std::unique_ptr<OrganizerView> open()
+    {
+        auto view = std::make_unique<OrganizerView>(context());
+        view->resize(940, 760);
+        view->show();
+        for (auto* row : view->findChildren<QuickTargetRow*>()) {
+            if (row->accessibleName() == "Downloads"_L1)
+                row->click();
+        }
+        const auto* model = view->findChild<OrganizerVM*>();
+        if (!QTest::qWaitFor([=] { return !model->isScanning(); }, 120'000))
+            qFatal("the scan did not end");
+        return view;
+    }
+};
+
+template <typename Kind> void openScreen(benchmark::State& state)
+{
+    Kind machine;
+    for (auto _ : state) {
+        std::unique_ptr<QWidget> view;
+        measureStall(state, [&] { view = machine.open(); });
+    }
+}
+
+template <typename Kind> void pressOfEverything(benchmark::State& state, const QString& name)
+{
+    Kind machine;
+    const auto view = machine.open();
+    settle();
+    Button* button = buttonOf(*view, name);
+    for (auto _ : state)
+        measureStall(state, [&] { button->click(); });
+}
+
+template <typename Kind> void tickOne(benchmark::State& state, const QString& list)
+{
+    Kind machine;
+    const auto view = machine.open();
+    settle();
+    if (list == "Junk items"_L1)
+        buttonOf(*view, u"Select All"_s)->click();
+    settle();
+    for (auto _ : state)
+        measureStall(state, [&] { Q_EMIT listOf(*view, list)->markPressed(3); });
+}
+
+template <typename Kind> void scrollThrough(benchmark::State& state, const QString& name)
+{
+    Kind machine;
+    const auto view = machine.open();
+    settle();
+    RowListView* list = listOf(*view, name);
+    for (auto _ : state) {
+        measureStall(state, [&] {
+            for (int step = 0; step <= 20; ++step) {
+                scroll(*list, step);
+                QTest::qWait(16);
+            }
+        });
+    }
+}
+
+void junkCleanerOpens(benchmark::State& state)
+{
+    openScreen<JunkMachine>(state);
+}
+
+void junkCleanerTicksAll(benchmark::State& state)
+{
+    pressOfEverything<JunkMachine>(state, u"Select All"_s);
+}
+
+void junkCleanerTicksOne(benchmark::State& state)
+{
+    tickOne<JunkMachine>(state, u"Junk items"_s);
+}
+
+void junkCleanerScrolls(benchmark::State& state)
+{
+    scrollThrough<JunkMachine>(state, u"Junk items"_s);
+}
+
+void organizerOpens(benchmark::State& state)
+{
+    openScreen<PlanMachine>(state);
+}
+
+void organizerTicksAll(benchmark::State& state)
+{
+    pressOfEverything<PlanMachine>(state, u"Deselect All"_s);
+}
+
+void organizerTicksOne(benchmark::State& state)
+{
+    tickOne<PlanMachine>(state, u"Files"_s);
+}
+
+void organizerScrolls(benchmark::State& state)
+{
+    scrollThrough<PlanMachine>(state, u"Files"_s);
+}
+
+constexpr int repetitions = 5;
+
+BENCHMARK(junkCleanerOpens)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
+BENCHMARK(junkCleanerTicksAll)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
+BENCHMARK(junkCleanerTicksOne)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
+BENCHMARK(junkCleanerScrolls)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
+BENCHMARK(organizerOpens)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
+BENCHMARK(organizerTicksAll)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
+BENCHMARK(organizerTicksOne)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
+BENCHMARK(organizerScrolls)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
+
+} // namespace
+} // namespace keelbright::bench

@@ -1,0 +1,19 @@
+#include "Keelbright/widgets/Theme.h"
+
+#include <QApplication>
+#include <benchmark/benchmark.h>
+
+// Screens need an application to stand in, and no display.
+int main(int argc, char** argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    keelbright::Theme::instance().install();
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

@@ -1,0 +1,244 @@
+#include "Keelbright/screens/RestoreBrowserView.h"
+
+#include "Keelbright/screens/SnapshotRows.h"
+#include "Keelbright/widgets/EmptyStateView.h"
+#include "Keelbright/widgets/RowListView.h"
+#include "tests/screens/ScreenTestCase.h"
+
+#include <QAbstractItemModelTester>
+#include <QElapsedTimer>
+
+namespace keelbright::testing {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class RestoreBrowserViewTests : public ScreenTestCase
+{
+protected:
+    [[nodiscard]] FileURL device() const { return drive().appending(u"Keelbright/Mira"_s); }
+
+    void addFolder(const QByteArray& path) const { mac.makeFolder("Volumes/Anchor/Keelbright/Mira/" + path); }
+
+    void pick(RestoreBrowserView& view, const FileURL& folder)
+    {
+        chooser.willChoose({folder});
+        button(view, u"Open Backup Folder"_s)->click();
+    }
+
+    [[nodiscard]] static QStringList namesOf(const RestoreBrowserView& view)
+    {
+        QStringList names;
+        for (const BackupSnapshot& snapshot : view.snapshots())
+            names.append(snapshot.folderURL.lastPathComponent());
+        return names;
+    }
+
+    /// The texts below the head of the screen.
+    [[nodiscard]] static QStringList textsBelowHead(const QWidget& view) { return textsIn(view).mid(2); }
+};
+
+const QStringList nothingFound{u"No Snapshots Found"_s,
+                               u"This folder doesn't appear to contain Keel Bright snapshots."_s};
+
+} // namespace
+
+TEST_F(RestoreBrowserViewTests, asksForAFolderAtFirst)
+{
+    RestoreBrowserView view(*state, workspace);
+    show(view);
+    EXPECT_EQ(textsIn(view),
+              (QStringList{u"Restore Browser"_s,
+                           u"Browse snapshots from a Keel Bright backup to find your personal files."_s,
+                           u"No Backup Folder Opened"_s,
+                           u"Click \"Open Backup Folder\" and navigate to your Keelbright/DeviceName "
+                           "folder on your backup drive."_s}));
+    EXPECT_EQ(shownSymbols(view), QStringList{u"externaldrive.badge.timemachine"_s});
+    EXPECT_EQ(button(view, u"Open Backup Folder"_s)->symbol(), u"folder.badge.gear"_s);
+    expectEveryControlIsNamedAndReachedByTab(view);
+}
+
+TEST_F(RestoreBrowserViewTests, asksWithTheWordsOfTheChooser)
+{
+    RestoreBrowserView view(*state, workspace);
+    chooser.willBeDismissed();
+    button(view, u"Open Backup Folder"_s)->click();
+    ASSERT_EQ(chooser.requests().size(), 1);
+    EXPECT_EQ(chooser.requests().first().message,
+              u"Navigate to your Keelbright/DeviceName folder on your backup drive."_s);
+    EXPECT_EQ(chooser.requests().first().prompt, u"Open"_s);
+    EXPECT_FALSE(chooser.requests().first().allowsMultipleSelection);
+    EXPECT_FALSE(chooser.requests().first().canCreateDirectories);
+}
+
+TEST_F(RestoreBrowserViewTests, aDismissedChooserChangesNothing)
+{
+    addFolder("Snapshots/2024-05-01-0930");
+    RestoreBrowserView view(*state, workspace);
+    pick(view, device());
+    chooser.willBeDismissed();
+    button(view, u"Open Backup Folder"_s)->click();
+    EXPECT_EQ(view.chosenBackupRoot(), device());
+    EXPECT_EQ(namesOf(view), QStringList{u"2024-05-01-0930"_s});
+}
+
+TEST_F(RestoreBrowserViewTests, listsADatedFolderAndNoOther)
+{
+    addFolder("Snapshots/2024-05-01-0930");
+    addFolder("Snapshots/backup-old");
+    addFolder("Snapshots/2024-05-01");
+    addFolder("Snapshots/2024-13-01-0930");
+    addFolder("Snapshots/2024-05-01-0930 copy");
+    addFolder("Snapshots/.2024-05-02-0930");
+    RestoreBrowserView view(*state, workspace);
+    pick(view, device());
+    EXPECT_EQ(namesOf(view), QStringList{u"2024-05-01-0930"_s});
+    const BackupSnapshot& snapshot = view.snapshots().first();
+    EXPECT_EQ(snapshot.date, QDateTime(QDate(2024, 5, 1), QTime(7, 30), Qt::UTC)); // Berlin in summer
+    EXPECT_EQ(snapshot.folderURL, device().appending(u"Snapshots/2024-05-01-0930"_s));
+    EXPECT_FALSE(snapshot.id.isNull());
+}
+
+TEST_F(RestoreBrowserViewTests, aFileWithADateForItsNameIsNotListed)
+{
+    mac.writeFile("Volumes/Anchor/Keelbright/Mira/Snapshots/2024-05-01-0930", "x");
+    addFolder("Elsewhere");
+    ASSERT_TRUE(QFile::link(device().appending(u"Elsewhere"_s).path(),
+                            device().appending(u"Snapshots/2024-05-02-0930"_s).path()));
+    RestoreBrowserView view(*state, workspace);
+    pick(view, device());
+    EXPECT_EQ(namesOf(view), QStringList());
+}
+
+TEST_F(RestoreBrowserViewTests, theNewestComesFirst)
+{
+    for (const char* name : {"2024-05-01-0930", "2025-01-01-0000", "2024-05-01-0931", "2023-12-31-2359"})
+        addFolder(QByteArray("Snapshots/") + name);
+    RestoreBrowserView view(*state, workspace);
+    pick(view, device());
+    EXPECT_EQ(namesOf(view), (QStringList{u"2025-01-01-0000"_s, u"2024-05-01-0931"_s, u"2024-05-01-0930"_s,
+                                          u"2023-12-31-2359"_s}));
+}
+
+TEST_F(RestoreBrowserViewTests, showsTheMirrorAndEachSnapshot)
+{
+    addFolder("Latest");
+    addFolder("Snapshots/2024-05-01-0930");
+    addFolder("Snapshots/2024-05-02-1830");
+    RestoreBrowserView view(*state, workspace);
+    show(view);
+    pick(view, device());
+    EXPECT_EQ(textsBelowHead(view), (QStringList{u"Latest Backup"_s, u"Latest/"_s, u"Snapshots (2)"_s}));
+    EXPECT_EQ(shownSymbols(view), QStringList{u"clock.badge.checkmark"_s});
+    EXPECT_EQ(view.latestURL(), device().appending(u"Latest"_s));
+    EXPECT_EQ(view.accessibleName(), u"Snapshots (2)"_s);
+    const auto* rows = view.findChild<SnapshotRows*>();
+    ASSERT_EQ(rows->rowCount(), 2);
+    const ListRow row = rows->rowAt(0);
+    EXPECT_EQ(row.symbol, u"clock.arrow.circlepath"_s);
+    EXPECT_EQ(row.title, view.snapshots().first().label());
+    EXPECT_EQ(row.title, u"May 2, 2024, 6:30\u202FPM"_s);
+    EXPECT_EQ(row.actions.size(), 1);
+    EXPECT_EQ(row.actions.first().name, u"Open"_s);
+    expectEveryControlIsNamedAndReachedByTab(view);
+}
+
+TEST_F(RestoreBrowserViewTests, opensTheMirror)
+{
+    addFolder("Latest");
+    RestoreBrowserView view(*state, workspace);
+    pick(view, device());
+    button(view, u"Open in Finder"_s)->click();
+    EXPECT_EQ(workspace.opened, QStringList{device().appending(u"Latest"_s).path()});
+}
+
+TEST_F(RestoreBrowserViewTests, opensASnapshot)
+{
+    addFolder("Snapshots/2024-05-01-0930");
+    addFolder("Snapshots/2024-05-02-0930");
+    RestoreBrowserView view(*state, workspace);
+    show(view);
+    pick(view, device());
+    ASSERT_TRUE(view.findChild<RowListView*>()->press(1, u"Open"_s));
+    EXPECT_EQ(workspace.opened, QStringList{device().appending(u"Snapshots/2024-05-01-0930"_s).path()});
+}
+
+TEST_F(RestoreBrowserViewTests, theMirrorAloneStandsAboveNoSnapshots)
+{
+    addFolder("Latest");
+    RestoreBrowserView view(*state, workspace);
+    show(view);
+    pick(view, device());
+    EXPECT_EQ(textsBelowHead(view), (QStringList{u"Latest Backup"_s, u"Latest/"_s} + nothingFound));
+    EXPECT_EQ(shownSymbols(view), (QStringList{u"clock.badge.checkmark"_s, u"clock.arrow.circlepath"_s}));
+    EXPECT_EQ(view.accessibleName(), u"No Snapshots Found"_s);
+}
+
+TEST_F(RestoreBrowserViewTests, aFolderOfAnotherKindHasNoSnapshots)
+{
+    RestoreBrowserView view(*state, workspace);
+    show(view);
+    pick(view, mac.home());
+    EXPECT_EQ(textsBelowHead(view), nothingFound);
+    EXPECT_EQ(view.latestURL(), std::nullopt);
+}
+
+TEST_F(RestoreBrowserViewTests, aSecondFolderReplacesAllThatTheFirstShowed)
+{
+    addFolder("Latest");
+    addFolder("Snapshots/2024-05-01-0930");
+    const FileURL other = mac.makeFolder("Volumes/Other");
+    mac.makeFolder("Volumes/Other/Snapshots/2022-02-02-0202");
+    RestoreBrowserView view(*state, workspace);
+    show(view);
+    pick(view, device());
+    pick(view, other);
+    EXPECT_EQ(view.chosenBackupRoot(), other);
+    EXPECT_EQ(view.latestURL(), std::nullopt);
+    EXPECT_EQ(namesOf(view), QStringList{u"2022-02-02-0202"_s});
+    EXPECT_EQ(textsBelowHead(view), QStringList{u"Snapshots (1)"_s});
+    pick(view, mac.home());
+    EXPECT_EQ(textsBelowHead(view), nothingFound);
+}
+
+TEST_F(RestoreBrowserViewTests, aChooserThatOutlivesTheScreenIsHarmless)
+{
+    chooser.willStayOpen();
+    {
+        RestoreBrowserView view(*state, workspace);
+        button(view, u"Open Backup Folder"_s)->click();
+    }
+    chooser.confirm({device()});
+    EXPECT_EQ(workspace.opened, QStringList());
+}
+
+TEST_F(RestoreBrowserViewTests, theRowsAreASoundModel)
+{
+    SnapshotRows rows;
+    const QAbstractItemModelTester tester(&rows, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    const BackupSnapshot snapshot{QUuid::createUuid(), QDateTime(QDate(2024, 5, 1), QTime(7, 30), Qt::UTC),
+                                  FileURL()};
+    rows.setSnapshots({snapshot, snapshot});
+    EXPECT_EQ(rows.rowCount(), 2);
+    EXPECT_EQ(rows.accessibleText(0), u"May 1, 2024, 9:30\u202FAM"_s);
+    rows.setSnapshots({});
+    EXPECT_EQ(rows.rowCount(), 0);
+}
+
+TEST_F(RestoreBrowserViewTests, tenYearsOfDailySnapshotsOpenWithoutAStall)
+{
+    const QDate first(2014, 1, 1);
+    for (int i = 0; i < 3'650; ++i)
+        addFolder("Snapshots/" + first.addDays(i).toString(u"yyyy-MM-dd"_s).toLatin1() + "-0930");
+    RestoreBrowserView view(*state, workspace);
+    show(view);
+    QElapsedTimer timer;
+    timer.start();
+    pick(view, device());
+    RecordProperty("milliseconds", static_cast<int>(timer.elapsed()));
+    EXPECT_LT(timer.elapsed(), 1'000);
+    EXPECT_EQ(view.snapshots().size(), 3'650);
+}
+
+} // namespace keelbright::testing
