@@ -20,11 +20,15 @@ FlowLayout::~FlowLayout()
 void FlowLayout::addItem(QLayoutItem* item)
 {
     m_items.append(item);
+    invalidate();
 }
 
 QLayoutItem* FlowLayout::takeAt(int index)
 {
-    return index >= 0 && index < m_items.size() ? m_items.takeAt(index) : nullptr;
+    if (index < 0 || index >= m_items.size())
+        return nullptr;
+    invalidate();
+    return m_items.takeAt(index);
 }
 
 template <typename Place> int FlowLayout::flow(const QRect& rect, Place place) const
@@ -55,7 +59,7 @@ int FlowLayout::heightForWidth(int width) const
 
 QSize FlowLayout::sizeHint() const
 {
-    QSize hint;
+    QSize hint(0, 0);
     for (const QLayoutItem* item : m_items) {
         if (item->isEmpty())
             continue;
@@ -68,7 +72,7 @@ QSize FlowLayout::sizeHint() const
 
 QSize FlowLayout::minimumSize() const
 {
-    QSize least;
+    QSize least(0, 0);
     for (const QLayoutItem* item : m_items)
         least = least.expandedTo(item->minimumSize());
     return least;

@@ -42,6 +42,7 @@ StorageBrowserView::StorageBrowserView(const ScreenContext& context, QWidget* pa
     , m_workspace(context.workspace)
     , m_model(context.state)
     , m_header(new StorageHeader(m_model, this))
+    , m_shortcutBar(makeShortcuts())
     , m_pages(new QStackedWidget(this))
     , m_rows(new StorageNodeModel(this))
     , m_busy(new BusyState(tr("Calculating folder sizes…"), {}, 32, m_pages))
@@ -62,7 +63,7 @@ StorageBrowserView::StorageBrowserView(const ScreenContext& context, QWidget* pa
                                Metrics::pageMarginY - Metrics::cardShadow);
     layout->setSpacing(12);
     layout->addWidget(m_header);
-    layout->addWidget(makeShortcuts());
+    layout->addWidget(m_shortcutBar);
     layout->addWidget(m_pages, 1);
     addKeys();
     connect(&m_model, &StorageBrowserModel::changed, &m_frames, &FrameThrottle::request);

@@ -61,6 +61,7 @@ private:
     FrameThrottle m_frames;
     StorageHeader* m_header;
     QList<std::pair<Button*, FileURL>> m_shortcuts;
+    QWidget* m_shortcutBar; ///< before the pages, as Tab goes
     QStackedWidget* m_pages;
     BreadcrumbBar* m_breadcrumbs = nullptr;
     BreakdownBar* m_breakdown = nullptr;

@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 
 constexpr double mostOfIt = 0.4;
 constexpr double aGoodPart = 0.15;
+constexpr qsizetype mostActions = 4;
 
 RowAction rowAction(StorageNodeAction action)
 {
@@ -112,6 +113,7 @@ ListRow StorageNodeRow::listRow() const
     row.barColor = barColor();
     row.barOpacity = barOpacity();
     row.actions = storageNodeActions(node);
+    row.actionRoom = mostActions;
     row.hasChevron = true;
     row.chevronColor = node.isDirectory ? Role::accent : Role::window;
     return row;

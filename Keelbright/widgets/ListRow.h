@@ -63,6 +63,8 @@ struct ListRow
     double barOpacity = 1;
 
     QList<RowAction> actions;
+    /// Room is kept for that many symbols, so that the figures of rows with fewer stand in one column.
+    qsizetype actionRoom = 0;
     QList<RowAction> menuActions; ///< no buttons: further down in the context menu, and for the Delete key
     bool hasChevron = false;
     Role chevronColor = Role::accent; ///< `Role::window` keeps its room and draws nothing

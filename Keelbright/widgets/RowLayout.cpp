@@ -102,6 +102,8 @@ void layOutTrailing(const ListRow& row, Room& room, RowLayout& layout)
         const int width = action.symbol.isEmpty() ? rowButtonWidth(action) : side;
         layout.actions.prepend(room.takeRight({width, side}, i == 0 ? smallGap : buttonGap));
     }
+    for (qsizetype i = row.actions.size(); i < row.actionRoom; ++i)
+        (void)room.takeRight({side, side}, buttonGap);
     if (row.figure.isEmpty())
         return;
     const QFont font = Theme::instance().font(FontRole::body);

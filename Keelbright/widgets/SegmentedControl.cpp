@@ -116,6 +116,9 @@ int SegmentedControl::currentIndex() const
 void SegmentedControl::setCurrentIndex(int index)
 {
     m_segments.at(index)->setChecked(true);
+    // One stop for Tab, and the right one: Qt sees to it only when a segment gets the focus.
+    for (Segment* segment : std::as_const(m_segments))
+        segment->setFocusPolicy(segment->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 void SegmentedControl::paintEvent(QPaintEvent*)

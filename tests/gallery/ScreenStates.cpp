@@ -4,7 +4,7 @@ namespace keelbright::testing {
 
 QList<ScreenState> screenStates()
 {
-    return protectStates() + cleanStates() + reviewStates();
+    return protectStates() + cleanStates() + storageStates() + reviewStates();
 }
 
 } // namespace keelbright::testing

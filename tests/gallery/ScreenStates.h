@@ -26,6 +26,7 @@ struct ScreenState
 // The parts of the list.
 [[nodiscard]] QList<ScreenState> protectStates();
 [[nodiscard]] QList<ScreenState> cleanStates();
+[[nodiscard]] QList<ScreenState> storageStates();
 [[nodiscard]] QList<ScreenState> reviewStates();
 
 } // namespace keelbright::testing

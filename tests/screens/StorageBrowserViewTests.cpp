@@ -558,6 +558,9 @@ TEST_F(StorageBrowserViewTests, everyControlHasANameAndIsReachedByTab)
     turnFrame();
     for (const ViewMode mode : StorageBrowserModel::allViewModes()) {
         choose(view, mode);
+        // A row has its buttons once it is current.
+        for (auto* rows : view.findChildren<RowListView*>())
+            rows->setCurrentRow(0);
         expectEveryControlIsNamedAndReachedByTab(view);
     }
 }
@@ -588,6 +591,40 @@ TEST_F(StorageBrowserViewTests, nothingIsCutInANarrowWindow)
     }
     choose(view, ViewMode::list);
     EXPECT_GE(list(view)->height(), 49);
+}
+
+TEST_F(StorageBrowserViewTests, tabGoesFromTheTopToTheBottom)
+{
+    StorageBrowserView view(context());
+    browse(view, documents());
+    drillIn(view, u"Work"_s);
+    view.model().setViewMode(ViewMode::treemap);
+    turnFrame();
+    QStringList order;
+    view.findChild<TreemapView*>()->setFocus();
+    for (int i = 0; i < 10; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        order.append(QApplication::focusWidget()->accessibleName());
+    }
+    EXPECT_EQ(order, (QStringList{u"Treemap"_s, u"Organise"_s, u"Choose Folder"_s, u"Home"_s, u"Documents"_s,
+                                  u"Pictures"_s, u"Back"_s, u"Documents"_s, u"Treemap"_s, u"Treemap"_s}));
+}
+
+TEST_F(StorageBrowserViewTests, theWholeLegendIsSeenInANarrowWindow)
+{
+    for (const QByteArray name : {"a.mov", "b.zip", "c.mp3", "d.cpp", "e.iso"})
+        write(name, 123'456);
+    StorageBrowserView view(context());
+    show(view);
+    view.resize(640, 560);
+    navigate(view.model(), documents());
+    turnFrame();
+    const auto* bar = view.findChild<BreakdownBar*>();
+    for (const QLabel* label : bar->findChildren<QLabel*>()) {
+        const QRect place(label->mapTo(bar, QPoint()), label->size());
+        EXPECT_TRUE(bar->rect().contains(place)) << label->text().toStdString();
+    }
+    EXPECT_EQ(textsIn(*bar).size(), 12);
 }
 
 TEST_F(StorageBrowserViewTests, theModelOfTheListKeepsItsPromises)

@@ -1,5 +1,7 @@
 #include "Keelbright/screens/StorageNodeRow.h"
 
+#include "Keelbright/widgets/RowLayout.h"
+
 #include <QAbstractItemModelTester>
 #include <QUuid>
 #include <gtest/gtest.h>
@@ -117,6 +119,16 @@ TEST(StorageNodeRow, aFileHasTwoActionsAndRoomForTheChevron)
               (QStringList{u"Reveal in Finder (arrow.up.forward.square)"_s, u"Move to Trash (trash)"_s}));
     EXPECT_TRUE(shown.hasChevron);
     EXPECT_EQ(shown.chevronColor, Role::window);
+}
+
+TEST(StorageNodeRow, theSizesOfFoldersAndFilesStandInOneColumn)
+{
+    const QRect place(0, 0, 600, 48);
+    const RowLayout folder = layOutRow(row(u"a"_s, true, 1'000, 10'000).listRow(), place, 10);
+    const RowLayout file = layOutRow(row(u"b"_s, false, 1'000, 10'000).listRow(), place, 10);
+    ASSERT_FALSE(folder.figure.isEmpty());
+    EXPECT_EQ(folder.figure, file.figure);
+    EXPECT_EQ(folder.actions.last(), file.actions.last());
 }
 
 TEST(StorageNodeRow, anActionIsKnownByItsName)

@@ -51,6 +51,7 @@ protected:
         window.show();
         window.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        view.clearFocus();
         paint();
     }
 
