@@ -87,6 +87,27 @@ QString shape(QString text)
     return text;
 }
 
+constexpr auto patternLocale = "en_US_POSIX";
+
+/// Kept for the next text: making one takes longer than reading with it, and a listing of folders
+/// reads thousands. Null for a pattern that is none.
+icu::SimpleDateFormat* readerOf(const QString& pattern)
+{
+    thread_local QString keptPattern;
+    thread_local std::unique_ptr<icu::SimpleDateFormat> kept;
+    if (kept && keptPattern == pattern)
+        return kept.get();
+    UErrorCode status = U_ZERO_ERROR;
+    kept = std::make_unique<icu::SimpleDateFormat>(toIcu(pattern), icu::Locale(patternLocale), status);
+    keptPattern = pattern;
+    if (U_FAILURE(status)) {
+        kept.reset();
+        return nullptr;
+    }
+    kept->setLenient(false);
+    return kept.get();
+}
+
 } // namespace
 
 QString DateFormatter::string(const QDateTime& date, Style dateStyle, Style timeStyle)
@@ -131,26 +152,24 @@ std::optional<QDateTime> DateFormatter::fromPattern(const QString& text, const Q
 {
     if (hasOverlongNumber(text))
         return std::nullopt;
-    const icu::Locale locale("en_US_POSIX");
     UErrorCode status = U_ZERO_ERROR;
-    icu::SimpleDateFormat format(toIcu(pattern), locale, status);
-    const std::unique_ptr<icu::Calendar> calendar(
-        icu::Calendar::createInstance(systemZone(QDateTime::currentDateTimeUtc()).release(), locale, status));
-    if (U_FAILURE(status))
+    icu::SimpleDateFormat* format = readerOf(pattern);
+    const std::unique_ptr<icu::Calendar> calendar(icu::Calendar::createInstance(
+        systemZone(QDateTime::currentDateTimeUtc()).release(), icu::Locale(patternLocale), status));
+    if (format == nullptr || U_FAILURE(status))
         return std::nullopt;
     calendar->clear();
     calendar->setLenient(false);
-    format.setLenient(false);
     icu::ParsePosition position(0);
-    format.parse(toIcu(text), *calendar, position);
+    format->parse(toIcu(text), *calendar, position);
     const UDate time = calendar->getTime(status);
     if (U_FAILURE(status) || position.getErrorIndex() >= 0 || position.getIndex() != text.size())
         return std::nullopt;
     // ICU takes a field of any width; a date in this pattern is only what the pattern writes.
     // Written in UTC: local time of long ago may have an offset of seconds, or another year.
     icu::UnicodeString written;
-    format.setTimeZone(*icu::TimeZone::getGMT());
-    format.format(time, written);
+    format->setTimeZone(*icu::TimeZone::getGMT());
+    format->format(time, written);
     if (shape(fromIcu(written)) != shape(text))
         return std::nullopt;
     return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(time), Qt::UTC);
