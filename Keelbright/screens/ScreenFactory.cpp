@@ -1,6 +1,7 @@
 #include "Keelbright/screens/ScreenFactory.h"
 
 #include "Keelbright/screens/ActivityLogView.h"
+#include "Keelbright/screens/AppManagerView.h"
 #include "Keelbright/screens/BackupProgressView.h"
 #include "Keelbright/screens/BackupReportView.h"
 #include "Keelbright/screens/DashboardView.h"
@@ -36,20 +37,18 @@ QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent
         return new BackupProgressView(context.state, context.workspace, parent);
     case Screen::backupReport:
         return new BackupReportView(context.state, context.workspace, parent);
+    case Screen::appManager:
+        return new AppManagerView(context, parent);
     case Screen::scanResults:
         return new ScanResultsView(context, parent);
     case Screen::activityLog:
         return new ActivityLogView(context, parent);
     case Screen::storageBrowser:
         return new StorageBrowserView(context, parent);
-    case Screen::appManager:
     case Screen::junkCleaner:
-    case Screen::organizer:
         return new JunkCleanerView(context, parent);
+    case Screen::organizer:
         return new OrganizerView(context, parent);
-    case Screen::restoreBrowser:
-    case Screen::recovery:
-        break;
     case Screen::restoreBrowser:
         return new RestoreBrowserView(context.state, context.workspace, parent);
     case Screen::recovery:
