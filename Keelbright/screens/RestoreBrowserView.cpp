@@ -28,7 +28,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Keeps the square corners of the list off the round ones of its card.
-constexpr int listInset = 6;
+constexpr int listInset = 8;
 /// What of the list is to be seen in a small window, in rows; below that the page scrolls.
 constexpr int leastRows = 4;
 /// More than any screen is high.

@@ -1,5 +1,6 @@
 #include "Keelbright/screens/ScanReportPanel.h"
 
+#include "Keelbright/screens/HealthCard.h"
 #include "Keelbright/screens/ScanFindingsModel.h"
 #include "Keelbright/widgets/Card.h"
 #include "Keelbright/widgets/Headers.h"
@@ -90,6 +91,7 @@ void ScanReportPanel::setReport(const FullScanReport& report)
 {
     m_health->setVisible(report.healthScore.has_value());
     if (report.healthScore) {
+        m_health->setColorRole(HealthCard::color(report.healthScore->grade));
         m_health->setFraction(report.healthScore->points / mostPoints);
         m_health->setCenter(QString::number(report.healthScore->points), tr("Health"), false);
     }

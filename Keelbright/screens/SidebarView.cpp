@@ -67,11 +67,13 @@ SidebarView::SidebarView(AppState& state, QWidget* parent)
 void SidebarView::follow()
 {
     const QModelIndex index = m_model->indexOf(m_state.selectedScreen());
-    if (index == m_list->currentIndex())
+    if (index.isValid() && m_list->selectionModel()->isSelected(index))
         return;
     m_isFollowing = true;
-    m_list->setCurrentIndex(index);
-    if (!index.isValid())
+    // The row that was current stays so: the keyboard's focus needs a place to be seen at.
+    if (index.isValid())
+        m_list->setCurrentIndex(index);
+    else
         m_list->clearSelection();
     m_isFollowing = false;
 }

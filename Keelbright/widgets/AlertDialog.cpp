@@ -49,8 +49,10 @@ void AlertDialog::addButtons(QVBoxLayout& layout)
     if (m_secondAction != nullptr) {
         connect(m_secondAction, &QPushButton::clicked, this, [this] { done(secondAccepted); });
         // Three sets of words are too long for one line.
-        for (Button* button : {m_action, m_secondAction, m_cancel})
+        for (Button* button : {m_action, m_secondAction, m_cancel}) {
+            button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
             layout.addWidget(button);
+        }
         return;
     }
     auto* buttons = new QHBoxLayout;

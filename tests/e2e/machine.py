@@ -22,14 +22,14 @@ class Machine:
         self.support = self.home / ".local/share/Keelbright"
         self.runtime = self.root / "runtime"
         self.runtime.mkdir(mode=0o700)
-        self.extra_environment = {}
+        self.variables = {}  # of the environment, besides the usual ones
 
     def environment(self):
         """What a program sees there: its home, its language and zone, and nothing of the real user."""
         kept = {name: value for name, value in os.environ.items() if not name.startswith("XDG_")}
         return kept | {"HOME": str(self.home), "KEELBRIGHT_TEST_ROOT": str(self.root),
                        "XDG_RUNTIME_DIR": str(self.runtime), "LC_ALL": "C.UTF-8", "TZ": "Europe/Berlin",
-                       "SHELL": "/bin/zsh"} | self.extra_environment
+                       "SHELL": "/bin/zsh"} | self.variables
 
     def config(self):
         return read_json(self.support / "config.json")

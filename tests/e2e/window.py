@@ -97,8 +97,14 @@ class Element:
         return box.x + box.width // 2, box.y + box.height // 2
 
     def click(self, button=1):
-        """Clicks its middle with the mouse; 3 is the right button."""
-        self.program.screen.click(*self.middle, button)
+        """Clicks its middle with the mouse, once it has come to rest there; 3 is the right button."""
+        seen = []
+
+        def rests():
+            seen.append(self.middle)
+            return len(seen) > 3 and len(set(seen[-4:])) == 1
+        wait_until(rests, f"{self} does not come to rest")
+        self.program.screen.click(*seen[-1], button)
 
     # Looking below this element; only what shows counts.
 
@@ -115,11 +121,6 @@ class Element:
         """The element, waited for."""
         return wait_until(lambda: self.seen(role, name),
                           lambda: f"no {role} “{name or ''}”; there is\n{self.outline()}", patience)
-
-    def find_any(self, roles, name):
-        """The element of one of the roles, waited for: toolkits differ in what they call a menu."""
-        return wait_until(lambda: next((found for role in roles for found in self.all(role, name)), None),
-                          lambda: f"no {' or '.join(roles)} “{name}”; there is\n{self.outline()}")
 
     def wait_gone(self, role, name, patience=PATIENCE):
         wait_until(lambda: self.seen(role, name) is None, f"{role} “{name}” does not go", patience)

@@ -124,26 +124,38 @@ private:
             qobject_cast<const QLineEdit*>(widget.parentWidget()) != nullptr ||
             widget.objectName().startsWith("qt_"_L1))
             return false;
+        // A text that can only be read and copied is none.
+        const auto* field = qobject_cast<const QLineEdit*>(&widget);
         return qobject_cast<const QAbstractButton*>(&widget) != nullptr ||
                qobject_cast<const QAbstractItemView*>(&widget) != nullptr ||
                qobject_cast<const QAbstractSlider*>(&widget) != nullptr ||
-               qobject_cast<const QLineEdit*>(&widget) != nullptr ||
                qobject_cast<const QComboBox*>(&widget) != nullptr ||
+               (field != nullptr && !field->isReadOnly()) ||
                (widget.focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
     }
 };
 
-/// The colour that most of the picture has, a little around the rectangle too.
-QColor groundBehind(const QImage& picture, const QRect& rect)
+/// What lies behind the words, a little around them too: the colour that most of the picture has
+/// there. Where the ground is a gradient, each of its colours may be rarer than that of the words.
+QColor groundBehind(const QImage& picture, const ShownText& text)
 {
-    QHash<QRgb, int> counts;
-    const QRect area = rect.adjusted(-3, -3, 3, 3).intersected(picture.rect());
+    constexpr QRgb coarse = 0xFFF8F8F8;
+    QHash<QRgb, qsizetype> counts;
+    QHash<QRgb, QRgb> colors;
+    const QRect area = text.rect.adjusted(-3, -3, 3, 3).intersected(picture.rect());
     for (int y = area.top(); y <= area.bottom(); ++y) {
-        for (int x = area.left(); x <= area.right(); ++x)
-            ++counts[picture.pixel(x, y)];
+        for (int x = area.left(); x <= area.right(); ++x) {
+            const QRgb pixel = picture.pixel(x, y);
+            ++counts[pixel & coarse];
+            colors.insert(pixel & coarse, pixel);
+        }
     }
+    const QRgb ownColor = text.color.rgb() & coarse;
+    const bool isLost = 2 * counts.value(ownColor) > static_cast<qsizetype>(area.width()) * area.height();
+    if (!isLost)
+        counts.remove(ownColor);
     const auto most = std::ranges::max_element(counts);
-    return most == counts.end() ? QColor() : QColor::fromRgb(most.key());
+    return most == counts.end() ? text.color : QColor::fromRgb(colors.value(most.key()));
 }
 
 /// The heart of a line of words, without the room above and below that lines share.
@@ -217,7 +229,7 @@ TEST_P(EveryScreenTests, everyTextCanBeRead)
         const QList<ShownText> texts = shownTexts();
         EXPECT_FALSE(texts.isEmpty());
         for (const ShownText& text : texts) {
-            const QColor ground = groundBehind(picture, text.rect);
+            const QColor ground = groundBehind(picture, text);
             const QColor color = composed(ground, text.color);
             EXPECT_GE(contrastRatio(color, ground), readableContrast)
                 << text.text.toStdString() << ": " << color.name().toStdString() << " on "

@@ -89,6 +89,7 @@ TEST_F(ScanReportPanelTests, theScoreStandsInTheBannerWhereThereIsOne)
     EXPECT_EQ(ring->figure(), u"82"_s);
     EXPECT_EQ(ring->word(), u"Health"_s);
     EXPECT_DOUBLE_EQ(ring->fraction(), 0.82);
+    EXPECT_EQ(ring->colorRole(), Role::jade);
     EXPECT_EQ(ring->accessibleName(), u"Health"_s);
 }
 

@@ -111,6 +111,16 @@ TEST_F(SidebarViewTest, preflightAndProgressLeaveNothingSelected)
     }
 }
 
+TEST_F(SidebarViewTest, theRowWithTheFocusIsSelectedAgainWhenItsScreenComesBack)
+{
+    state->setSelectedScreen(Screen::activityLog);
+    state->setSelectedScreen(Screen::preflight);
+    EXPECT_EQ(sidebar.list()->currentIndex().data().toString(), u"Activity Log"_s);
+    EXPECT_EQ(selectedTitle(), QString());
+    state->setSelectedScreen(Screen::activityLog);
+    EXPECT_EQ(selectedTitle(), u"Activity Log"_s);
+}
+
 TEST_F(SidebarViewTest, leadsBackToTheRowThatWasSelectedBeforeTheFlow)
 {
     show();

@@ -222,7 +222,7 @@ TEST_F(StorageBrowserViewTests, theMenuSortsTheList)
     StorageBrowserView view(context());
     browse(view, documents());
     const auto* sort = view.findChild<MenuButton*>();
-    const QList<QAction*> orders = sort->menu()->actions();
+    const QList<QAction*> orders = sort->choiceMenu()->actions();
     ASSERT_EQ(orders.size(), 2);
     EXPECT_EQ(orders.at(0)->text(), u"Size"_s);
     EXPECT_EQ(orders.at(1)->text(), u"Name"_s);

@@ -1,0 +1,96 @@
+#include "Keelbright/screens/AppManagerView.h"
+
+#include "Keelbright/screens/AppDetailPanel.h"
+#include "Keelbright/screens/AppListPanel.h"
+#include "Keelbright/state/AppState.h"
+#include "Keelbright/widgets/EmptyStateView.h"
+#include "Keelbright/widgets/Panels.h"
+
+#include <QHBoxLayout>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int narrowestList = 280;
+constexpr int usualList = 330;
+constexpr int narrowestDetail = 340;
+
+} // namespace
+
+AppManagerView::AppManagerView(const ScreenContext& context, QWidget* parent)
+    : QWidget(parent)
+    , m_context(context)
+    , m_list(new AppListPanel(context.state, m_icons))
+{
+    auto* right = new Ground(Role::window);
+    m_right = right->content();
+    m_list->setMinimumWidth(narrowestList);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(makeSplit(m_list, right, usualList, this));
+    right->setMinimumWidth(narrowestDetail);
+    setSelectedApp(std::nullopt);
+
+    connect(m_list, &AppListPanel::appSelected, this, &AppManagerView::setSelectedApp);
+    connect(m_list, &AppListPanel::scanRequested, this, &AppManagerView::scanApps);
+    connect(m_list, &AppListPanel::revealRequested, this, [this](const AppInfo& app) {
+        setSelectedApp(app);
+        m_panel->revealBundle();
+    });
+    connect(m_list, &AppListPanel::removalRequested, this, [this](const AppInfo& app) {
+        setSelectedApp(app);
+        m_panel->askForRemoval();
+    });
+    for (const QKeySequence& keys : {QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL | Qt::Key_R)})
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, &AppManagerView::scanApps);
+}
+
+void AppManagerView::scanApps()
+{
+    setSelectedApp(std::nullopt);
+    m_context.state.scanApps();
+}
+
+void AppManagerView::setSelectedApp(const std::optional<AppInfo>& app)
+{
+    m_list->setSelectedApp(app);
+    if (m_detail != nullptr && app == m_selectedApp)
+        return;
+    m_selectedApp = app;
+    if (!app) {
+        showDetail(new EmptyStateView(tr("Select an app to see details"), {}, u"arrow.left.circle"_s));
+        return;
+    }
+    m_panel = new AppDetailPanel(*app, m_context, m_icons);
+    connect(m_panel, &AppDetailPanel::removed, this, &AppManagerView::dropApp);
+    showDetail(m_panel);
+}
+
+void AppManagerView::showDetail(QWidget* detail)
+{
+    if (m_detail != nullptr) {
+        // An answer in the old panel may have led here.
+        m_detail->hide();
+        m_detail->deleteLater();
+    }
+    m_detail = detail;
+    m_right->addWidget(detail);
+    // The layout alone would do so a turn of the event loop later.
+    detail->show();
+}
+
+void AppManagerView::dropApp(const AppInfo& app)
+{
+    QList<AppInfo> apps = m_context.state.scannedApps();
+    apps.removeIf([&app](const AppInfo& other) { return other.id == app.id; });
+    setSelectedApp(std::nullopt);
+    m_context.state.setScannedApps(apps);
+    m_list->focusList();
+}
+
+} // namespace keelbright
