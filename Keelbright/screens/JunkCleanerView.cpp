@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int categoryWidth = 290;
+constexpr int categoryWidth = 306;
 
 } // namespace
 

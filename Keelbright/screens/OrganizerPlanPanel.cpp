@@ -109,6 +109,7 @@ QWidget* OrganizerPlanPanel::makeBottomBar()
     m_selection = new SelectionSummary(bar);
     m_toggleAll = new Button(Button::Kind::bordered, tr("Select All"), {}, bar);
     m_organise = new Button(Button::Kind::primary, tr("Organise Now"), u"folder.badge.gearshape"_s, bar);
+    m_organise->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     auto* upper = new QHBoxLayout;
     upper->addWidget(m_selection, 1);
     upper->addWidget(m_toggleAll);

@@ -41,9 +41,14 @@ QWidget* ProposalPanel::makeDetail()
     auto* column = new QVBoxLayout(detail);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    m_header->addTrailing(m_destination);
     m_header->addTrailing(m_toggle);
     column->addWidget(m_header);
+    // Not in the head, where it would leave no room for the words in a small window.
+    auto* destination = new QHBoxLayout;
+    destination->setContentsMargins(18, 0, 18, 10);
+    destination->addWidget(m_destination);
+    destination->addStretch();
+    column->addLayout(destination);
     column->addWidget(new Separator(Qt::Horizontal, detail));
     column->addWidget(m_list, 1);
     return detail;
