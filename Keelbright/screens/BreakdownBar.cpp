@@ -138,7 +138,8 @@ BreakdownBar::BreakdownBar(QWidget* parent)
     , m_bar(new ShareBar(this))
     , m_legend(new FlowLayout(16, 4))
 {
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    // Not fixed: that would be the height of a legend on one line.
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     auto* layout = new QVBoxLayout(this);
@@ -161,6 +162,7 @@ void BreakdownBar::setShares(const QList<FileTypeShare>& shares, qint64 totalByt
         m_legend->addWidget(entry);
         entry->show();
     }
+    layout()->invalidate(); // it keeps the height of the legend before
     updateGeometry();
 }
 
