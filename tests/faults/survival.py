@@ -75,11 +75,11 @@ class Hang(Exception):
 
 
 class Machine:
-    """The folder of a machine with its documents, and a drive beside them."""
+    """The folder of a machine with its documents, and a drive: a folder of it, or the given one."""
 
-    def __init__(self, root):
+    def __init__(self, root, drive=None):
         self.root = Path(root)
-        self.drive = self.root / "Volumes/Drive"
+        self.drive = Path(drive) if drive else self.root / "Volumes/Drive"
         self.documents = self.root / "Users/mira/Documents"
         self.support = self.root / "Users/mira/.local/share/Keelbright"
         self.use_device(DEVICE)
@@ -204,6 +204,14 @@ def reason_missing():
             return str(error)
         finally:
             sleeper.kill()
+
+
+def has_unnamed_files(folder):
+    try:
+        os.close(os.open(folder, os.O_TMPFILE | os.O_WRONLY))
+        return True
+    except OSError:
+        return False
 
 
 def working_folder():
