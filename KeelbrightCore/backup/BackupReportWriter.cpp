@@ -7,6 +7,7 @@
 
 #include <array>
 #include <charconv>
+#include <functional>
 
 namespace keelbright::BackupReportWriter {
 
@@ -47,20 +48,36 @@ QString errorList(const QStringList& errors)
     return errors.first(std::min(errors.size(), listedErrors)).join("\n- "_L1);
 }
 
+using WriteFile = std::function<std::expected<void, FileError>(const FileURL&, const QByteArray&)>;
+
+std::expected<WrittenReport, FileError> writeBoth(const BackupReport& report, const FileURL& reportsDir,
+                                                  const WriteFile& writeFile)
+{
+    const QString name = u"backup-report-"_s + stamp(report.startedAt);
+    WrittenReport written{reportsDir.appending(name + ".json"_L1), reportsDir.appending(name + ".md"_L1)};
+    const QByteArray json = QJsonDocument(report.toJson()).toJson(QJsonDocument::Indented);
+    if (const auto done = writeFile(written.jsonURL, json); !done)
+        return std::unexpected(done.error());
+    if (const auto done = writeFile(written.mdURL, generateMarkdown(report).toUtf8()); !done)
+        return std::unexpected(done.error());
+    return written;
+}
+
 } // namespace
 
 std::expected<WrittenReport, FileError> write(const BackupReport& report, const FileURL& reportsDir)
 {
-    FileManager& fileManager = FileManager::defaultManager();
-    const QString name = u"backup-report-"_s + stamp(report.startedAt);
-    WrittenReport written{reportsDir.appending(name + ".json"_L1), reportsDir.appending(name + ".md"_L1)};
-    const QByteArray json = QJsonDocument(report.toJson()).toJson(QJsonDocument::Indented);
-    if (const auto done = fileManager.writeAtomically(written.jsonURL, json); !done)
-        return std::unexpected(done.error());
-    if (const auto done = fileManager.writeAtomically(written.mdURL, generateMarkdown(report).toUtf8());
-        !done)
-        return std::unexpected(done.error());
-    return written;
+    return writeBoth(report, reportsDir, [](const FileURL& url, const QByteArray& data) {
+        return FileManager::defaultManager().writeAtomically(url, data);
+    });
+}
+
+std::expected<WrittenReport, FileError> write(const BackupReport& report, const FileURL& reportsDir,
+                                              CopyDestination& folder)
+{
+    return writeBoth(report, reportsDir, [&folder](const FileURL& url, const QByteArray& data) {
+        return folder.writeAtomically(url.nativeLastPathComponent(), data);
+    });
 }
 
 QString generateMarkdown(const BackupReport& report)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KeelbrightCore/backup/BackupReport.h"
+#include "KeelbrightCore/platform/CopyDestination.h"
 #include "KeelbrightCore/platform/FileError.h"
 #include "KeelbrightCore/platform/FileURL.h"
 
@@ -16,6 +17,11 @@ struct WrittenReport
 /// ends it, and what was written stays.
 [[nodiscard]] std::expected<WrittenReport, FileError> write(const BackupReport& report,
                                                             const FileURL& reportsDir);
+
+/// The same into the anchor of `folder`, which was opened at `reportsDir`: nothing is written to
+/// wherever that path leads by now.
+[[nodiscard]] std::expected<WrittenReport, FileError>
+write(const BackupReport& report, const FileURL& reportsDir, CopyDestination& folder);
 
 /// The report as a person reads it, in the user's locale and time zone.
 [[nodiscard]] QString generateMarkdown(const BackupReport& report);

@@ -19,7 +19,8 @@ struct RunFolders
 {
     FileURL latest;
     FileURL reports;
-    std::unique_ptr<CopyDestination> mirror; ///< anchored at `latest`
+    std::unique_ptr<CopyDestination> mirror;        ///< anchored at `latest`
+    std::unique_ptr<CopyDestination> reportsFolder; ///< anchored at `reports`
 };
 
 QString deviceFolderName()
@@ -35,34 +36,24 @@ std::expected<RunFolders, FileError> createFolders(const BackupJob& job, FileMan
     auto mirror = fileManager.openCopyDestination(job.destination.url, device + "/Latest");
     if (!mirror)
         return std::unexpected(mirror.error());
-    const auto reports = fileManager.openCopyDestination(job.destination.url, device + "/Reports");
+    auto reports = fileManager.openCopyDestination(job.destination.url, device + "/Reports");
     if (!reports)
         return std::unexpected(reports.error());
     const FileURL deviceFolder = job.destination.url.appendingNative(device);
     return RunFolders{deviceFolder.appending(QStringLiteral("Latest")),
-                      deviceFolder.appending(QStringLiteral("Reports")), std::move(*mirror)};
-}
-
-/// Manifest and report are written by their paths, which may lead to another drive by now.
-std::expected<void, FileError> checkPlace(const RunFolders& folders, const QString& name)
-{
-    if (folders.mirror->isInPlace())
-        return {};
-    return std::unexpected(
-        FileError{FileError::Operation::written, name, FileError::Reason::destinationGone});
+                      deviceFolder.appending(QStringLiteral("Reports")), std::move(*mirror),
+                      std::move(*reports)};
 }
 
 /// Writes the manifest and gives its path for the report; nothing where the engine has gone.
-std::optional<QString> writeManifest(const BackupJob& job, const RunFolders& folders,
-                                     FileManager& fileManager, RunLink& engine)
+std::optional<QString> writeManifest(const BackupJob& job, const RunFolders& folders, RunLink& engine)
 {
-    const FileURL url = folders.latest.appending(QStringLiteral("recovery-manifest.json"));
+    const QByteArray name = "recovery-manifest.json";
     const QJsonDocument document(ManifestGenerator::generate(job).toJson());
-    auto written = checkPlace(folders, url.lastPathComponent());
+    // Never by the path, which may lead elsewhere by now.
+    const auto written = folders.mirror->writeAtomically(name, document.toJson(QJsonDocument::Indented));
     if (written)
-        written = fileManager.writeAtomically(url, document.toJson(QJsonDocument::Indented));
-    if (written)
-        return url.path();
+        return folders.latest.appendingNative(name).path();
     const QString line = QStringLiteral("Manifest write failed: ") + written.error().localizedDescription();
     if (!engine.hop([line](BackupEngine& target) { target.appendError(line); }))
         return std::nullopt;
@@ -102,9 +93,12 @@ BackupReport makeReport(const BackupJob& job, const QDateTime& startedAt, const 
 
 std::expected<void, FileError> writeReport(const BackupReport& report, const RunFolders& folders)
 {
-    if (auto inPlace = checkPlace(folders, folders.reports.lastPathComponent()); !inPlace)
-        return inPlace;
-    if (const auto written = BackupReportWriter::write(report, folders.reports); !written)
+    if (!folders.mirror->isInPlace()) {
+        return std::unexpected(FileError{FileError::Operation::written, folders.reports.lastPathComponent(),
+                                         FileError::Reason::destinationGone});
+    }
+    const auto written = BackupReportWriter::write(report, folders.reports, *folders.reportsFolder);
+    if (!written)
         return std::unexpected(written.error());
     return {};
 }
@@ -161,7 +155,7 @@ void run(const BackupJob& job, RunLink& engine)
     }
     if (engine.stopFlag())
         return;
-    const auto manifestPath = writeManifest(job, *folders, fileManager, engine);
+    const auto manifestPath = writeManifest(job, *folders, engine);
     if (manifestPath)
         conclude(job, startedAt, *folders, *manifestPath, engine);
 }

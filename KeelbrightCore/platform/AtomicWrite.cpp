@@ -12,57 +12,93 @@ namespace keelbright {
 
 namespace {
 
-/// Creates and fills the temporary file; the `errno` value of what failed.
-std::expected<void, int> writeTemporary(int folder, const QByteArray& temporary, const QByteArray& name,
-                                        const QByteArray& data)
+/// A file in the making; `temporary` is empty as long as it has no name.
+struct NewFile
 {
+    FileDescriptor file;
+    QByteArray temporary;
+};
+
+std::expected<NewFile, int> createFile(int folder)
+{
+    auto unnamed = SystemCalls::openUnnamed(folder, 0666);
+    if (unnamed)
+        return NewFile{std::move(*unnamed), {}};
+    if (unnamed.error() != ENOTSUP)
+        return std::unexpected(unnamed.error());
+    QByteArray temporary = temporaryName();
     constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-    const FileDescriptor file(retrying([&] { return ::openat(folder, temporary.constData(), flags, 0666); }));
+    FileDescriptor file(retrying([&] { return ::openat(folder, temporary.constData(), flags, 0666); }));
     if (!file.isOpen())
         return std::unexpected(errno);
+    return NewFile{std::move(file), std::move(temporary)};
+}
+
+/// Fills the file and brings it onto the drive; the `errno` value of what failed.
+std::expected<void, int> fill(int folder, int file, const QByteArray& name, const QByteArray& data)
+{
     struct stat old = {};
     if (::fstatat(folder, name.constData(), &old, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(old.st_mode))
-        std::ignore = ::fchmod(file.get(), old.st_mode & 07777);
+        std::ignore = ::fchmod(file, old.st_mode & 07777);
     qsizetype done = 0;
     while (done < data.size()) {
-        const ssize_t written = retrying([&] {
-            return ::write(file.get(), data.constData() + done, static_cast<size_t>(data.size() - done));
-        });
+        const ssize_t written = retrying(
+            [&] { return ::write(file, data.constData() + done, static_cast<size_t>(data.size() - done)); });
         if (written < 0)
             return std::unexpected(errno);
         done += written;
     }
-    return SystemCalls::flushData(file.get());
+    return SystemCalls::flushData(file);
+}
+
+/// Puts the filled file in its place, by way of a temporary name where it has none yet.
+std::expected<void, int> putInPlace(int folder, NewFile& file, const QByteArray& name)
+{
+    if (file.temporary.isEmpty()) {
+        QByteArray temporary = temporaryName();
+        if (auto named = SystemCalls::nameUnnamed(file.file.get(), folder, temporary.constData()); !named)
+            return named;
+        file.temporary = std::move(temporary);
+    }
+    if (::renameat(folder, file.temporary.constData(), folder, name.constData()) != 0)
+        return std::unexpected(errno);
+    return {};
 }
 
 } // namespace
 
-std::expected<void, FileError> atomicWrite(const FileURL& url, const QByteArray& data)
+std::expected<void, FileError> atomicWrite(int folder, const QByteArray& name, const QByteArray& data)
 {
     const auto failure = [&](int code) {
         return std::unexpected(
-            FileError::fromCode(FileError::Operation::written, url.lastPathComponent(), code));
+            FileError::fromCode(FileError::Operation::written, QString::fromUtf8(name), code));
     };
+    auto file = createFile(folder);
+    if (!file)
+        return failure(file.error());
+    auto done = fill(folder, file->file.get(), name, data);
+    if (done)
+        done = putInPlace(folder, *file, name);
+    if (!done) {
+        if (!file->temporary.isEmpty())
+            ::unlinkat(folder, file->temporary.constData(), 0);
+        return failure(done.error());
+    }
+    // The new name must reach the drive too. Some file systems can't flush a folder: no failure.
+    std::ignore = ::fsync(folder);
+    return {};
+}
+
+std::expected<void, FileError> atomicWrite(const FileURL& url, const QByteArray& data)
+{
     const FileURL parent = url.deletingLastPathComponent();
     const FileDescriptor folder(retrying(
         [&] { return ::open(parent.nativePath().constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
-    if (!folder.isOpen())
-        return failure(errno);
-    const QByteArray name = url.nativeLastPathComponent();
-    const QByteArray temporary = temporaryName();
-    const auto written = writeTemporary(folder.get(), temporary, name, data);
-    if (!written) {
-        ::unlinkat(folder.get(), temporary.constData(), 0);
-        return failure(written.error());
+    if (!folder.isOpen()) {
+        return std::unexpected(
+            FileError::fromCode(FileError::Operation::written, url.lastPathComponent(), errno));
     }
-    if (::renameat(folder.get(), temporary.constData(), folder.get(), name.constData()) != 0) {
-        const int code = errno;
-        ::unlinkat(folder.get(), temporary.constData(), 0);
-        return failure(code);
-    }
-    // The new name must reach the drive too. Some file systems can't flush a folder: no failure.
-    std::ignore = ::fsync(folder.get());
-    return {};
+    return atomicWrite(folder.get(), url.nativeLastPathComponent(), data);
 }
 
 } // namespace keelbright

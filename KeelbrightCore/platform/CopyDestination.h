@@ -47,6 +47,11 @@ public:
     /// one. To be asked when a folder has been entered.
     [[nodiscard]] virtual qsizetype mostPrepared() const = 0;
 
+    /// Writes a file of that name into the anchor itself, in one step and through to the drive; an
+    /// old file of that name stays whole until the new one is.
+    [[nodiscard]] virtual std::expected<void, FileError> writeAtomically(const QByteArray& name,
+                                                                         const QByteArray& data) = 0;
+
     /// Whether the anchor's path still leads to the folder that was opened, asked anew.
     [[nodiscard]] virtual bool isInPlace() = 0;
 

@@ -34,6 +34,12 @@ bool hasHoles(const struct stat& status)
     return status.st_blocks * blockSize < status.st_size;
 }
 
+/// What file systems answer that can't tell data from holes.
+bool isUnknownSearch(int code)
+{
+    return code == EINVAL || code == ENOSYS || code == EOPNOTSUPP;
+}
+
 /// 0, or an `errno` value.
 int writeAll(int target, const char* data, size_t size)
 {
@@ -152,13 +158,9 @@ FileContents::Outcome FileContents::copySparse(int source, int target, const str
         const off_t data = ::lseek(source, place, SEEK_DATA);
         if (data < 0 && errno == ENXIO)
             break; // nothing but a hole up to the end
-        if (data < 0) {
-            // No such search here: all of it is data.
-            if (::lseek(source, 0, SEEK_SET) < 0)
-                return std::unexpected(Failure{FileError::Operation::read, errno});
-            return copyExtent(source, target, status.st_size, stop);
-        }
-        const off_t hole = ::lseek(source, data, SEEK_HOLE);
+        if (data < 0 && place == 0 && isUnknownSearch(errno))
+            return copyExtent(source, target, status.st_size, stop); // all of it is data
+        const off_t hole = data < 0 ? -1 : ::lseek(source, data, SEEK_HOLE);
         if (hole < 0 || ::lseek(source, data, SEEK_SET) < 0)
             return std::unexpected(Failure{FileError::Operation::read, errno});
         if (::lseek(target, data, SEEK_SET) < 0)

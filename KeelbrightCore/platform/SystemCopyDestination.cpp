@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/SystemCopyDestination.h"
 
+#include "KeelbrightCore/platform/AtomicWrite.h"
 #include "KeelbrightCore/platform/DirectoryEnumerator.h"
 #include "KeelbrightCore/platform/FolderMaking.h"
 #include "KeelbrightCore/platform/PreparedItems.h"
@@ -83,28 +84,42 @@ SystemCopyDestination::open(const FileURL& base, QByteArrayView relativeFolder)
     struct stat identity = {};
     if (!folder.isOpen() || ::fstat(folder.get(), &identity) != 0)
         return std::unexpected(failure(FileError::Operation::opened, base.nativeLastPathComponent(), errno));
+    auto top = anchoredAt(base, std::move(folder), identity);
+    if (!top)
+        return std::unexpected(top.error());
     if (relativeFolder.isEmpty())
-        return std::unique_ptr<CopyDestination>(new SystemCopyDestination(base, std::move(folder), identity));
+        return std::move(*top);
 
-    SystemCopyDestination top(base, std::move(folder), identity);
-    if (const auto entered = top.enterFolder(relativeFolder); !entered)
+    if (const auto entered = (*top)->enterFolder(relativeFolder); !entered)
         return std::unexpected(entered.error());
-    FileDescriptor anchor = FileDescriptor::duplicate(top.m_chain.descriptor());
+    FileDescriptor anchor = FileDescriptor::duplicate((*top)->m_chain.descriptor());
     if (!anchor.isOpen() || ::fstat(anchor.get(), &identity) != 0)
         return std::unexpected(failure(FileError::Operation::opened, relativeFolder, errno));
-    return std::unique_ptr<CopyDestination>(
-        new SystemCopyDestination(base.appendingNative(relativeFolder), std::move(anchor), identity));
+    return anchoredAt(base.appendingNative(relativeFolder), std::move(anchor), identity);
+}
+
+std::expected<std::unique_ptr<SystemCopyDestination>, FileError>
+SystemCopyDestination::anchoredAt(const FileURL& anchor, FileDescriptor folder, const struct stat& identity)
+{
+    FileDescriptor own(
+        retrying([&] { return ::openat(folder.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+    // Without it the run could neither write its records nor hear of what never reached the drive.
+    if (!own.isOpen())
+        return std::unexpected(
+            failure(FileError::Operation::opened, anchor.nativeLastPathComponent(), errno));
+    return std::unique_ptr<SystemCopyDestination>(
+        new SystemCopyDestination(anchor, std::move(folder), std::move(own), identity));
 }
 
 SystemCopyDestination::SystemCopyDestination(FileURL anchor, FileDescriptor folder,
-                                             const struct stat& identity)
+                                             FileDescriptor anchorFolder, const struct stat& identity)
     : m_anchor(std::move(anchor))
     , m_device(identity.st_dev)
     , m_inode(identity.st_ino)
     , m_user(::geteuid())
     , m_group(::getegid())
     , m_withheldPermissions(SystemCalls::withheldPermissions())
-    , m_flushDescriptor(::openat(folder.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    , m_anchorFolder(std::move(anchorFolder))
     , m_chain(std::move(folder))
     , m_mostPrepared(mostPreparedCopies())
 {}
@@ -209,7 +224,7 @@ std::expected<FileDescriptor, FileError> SystemCopyDestination::makeAnew(const Q
     m_lastSeenInPlace.reset(); // perhaps it was the whole destination
     if (const auto inPlace = checkPlace(); !inPlace)
         return std::unexpected(inPlace.error());
-    return openOrMake(m_flushDescriptor.get(), relativeFolder);
+    return openOrMake(m_anchorFolder.get(), relativeFolder);
 }
 
 std::expected<void, FileError> SystemCopyDestination::reenterFolder()
@@ -357,9 +372,19 @@ SystemCopyDestination::Prepared SystemCopyDestination::prepareLink(const Directo
     return std::make_unique<PreparedLink>(std::move(*folder), std::move(target), item.name().toByteArray());
 }
 
+std::expected<void, FileError> SystemCopyDestination::writeAtomically(const QByteArray& name,
+                                                                      const QByteArray& data)
+{
+    if (!isInPlace()) {
+        return std::unexpected(FileError{FileError::Operation::written, QString::fromUtf8(name),
+                                         FileError::Reason::destinationGone});
+    }
+    return atomicWrite(m_anchorFolder.get(), name, data);
+}
+
 std::expected<void, FileError> SystemCopyDestination::flush()
 {
-    const auto flushed = SystemCalls::flushFileSystem(m_flushDescriptor.get());
+    const auto flushed = SystemCalls::flushFileSystem(m_anchorFolder.get());
     if (!flushed)
         return std::unexpected(
             failure(FileError::Operation::flushed, m_anchor.nativeLastPathComponent(), flushed.error()));

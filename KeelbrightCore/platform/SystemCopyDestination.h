@@ -27,13 +27,18 @@ public:
 
     [[nodiscard]] qsizetype mostPrepared() const override;
 
+    [[nodiscard]] std::expected<void, FileError> writeAtomically(const QByteArray& name,
+                                                                 const QByteArray& data) override;
     [[nodiscard]] bool isInPlace() override;
     [[nodiscard]] std::expected<void, FileError> flush() override;
 
 private:
     using Prepared = std::expected<std::unique_ptr<PreparedCopy>, FileError>;
 
-    SystemCopyDestination(FileURL anchor, FileDescriptor folder, const struct stat& identity);
+    [[nodiscard]] static std::expected<std::unique_ptr<SystemCopyDestination>, FileError>
+    anchoredAt(const FileURL& anchor, FileDescriptor folder, const struct stat& identity);
+    SystemCopyDestination(FileURL anchor, FileDescriptor folder, FileDescriptor anchorFolder,
+                          const struct stat& identity);
 
     /// Asks the file system now and then only: a drive leaves its place rarely, files come by the
     /// thousand.
@@ -71,7 +76,7 @@ private:
     uid_t m_user; ///< whom new files belong to
     gid_t m_group;
     mode_t m_withheldPermissions;
-    FileDescriptor m_flushDescriptor; ///< opened before the first write, to hear of every error since
+    FileDescriptor m_anchorFolder; ///< opened before the first write, to hear of every error since
     FolderChain m_chain;
     FileContents m_contents;
     LetterCase m_letterCase;

@@ -1,6 +1,8 @@
 #include "tests/faults/FaultTest.h"
 #include "tests/faults/RunnerProcess.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace keelbright {
@@ -11,6 +13,7 @@ using ::testing::IsEmpty;
 using testing::RunnerOutcome;
 using testing::RunnerProcess;
 using ::testing::SizeIs;
+using testing::TestMac;
 
 constexpr int fileCount = 5;
 
@@ -51,6 +54,18 @@ protected:
         for (const QByteArray& other : walkingOrder())
             EXPECT_EQ(mirroredVersion(other), other == name ? left : version) << other.toStdString();
         EXPECT_EQ(outcome.manifestPath, latest("recovery-manifest.json").path());
+    }
+
+    /// A file with data at its beginning, in its middle and at its end, and holes between.
+    [[nodiscard]] FileURL makeSparse() const
+    {
+        constexpr off_t middle = 400'000;
+        FileURL sparse = mac.writeFile("Users/mira/Documents/sparse", "start");
+        const int file = ::open(sparse.nativePath().constData(), O_WRONLY | O_CLOEXEC);
+        EXPECT_EQ(::pwrite(file, "middle", 6, middle), 6);
+        EXPECT_EQ(::pwrite(file, "end", 3, 2 * middle), 3);
+        ::close(file);
+        return sparse;
     }
 
     /// Modes that a new file can't be given at its creation.
@@ -110,6 +125,26 @@ TEST_F(FailingCallTest, copiesALargeFileTheLongWayWhereTheShortOneIsRefused)
     const RunnerOutcome outcome = runFailing("copy_file_range", "EXDEV", 1);
     EXPECT_EQ(outcome.errors, QStringList());
     EXPECT_EQ(mirroredVersion(chosen), 1);
+}
+
+TEST_F(FailingCallTest, tellsOfAFileWhoseHolesCannotBeFoundToItsEnd)
+{
+    const FileURL sparse = makeSparse();
+    // Where the first data begins and ends, back to its beginning, and then the next data.
+    const RunnerOutcome outcome = runFailing("lseek", "EIO", 4, sparse.path());
+    EXPECT_EQ(outcome.errors, QStringList{skipLine("sparse", "read: the drive reported an error.")});
+    EXPECT_EQ(outcome.skipped, 1);
+    EXPECT_FALSE(exists(mirrored("Documents/sparse")));
+    const RunnerOutcome first = runFailing("lseek", "EIO", 1, sparse.path());
+    EXPECT_EQ(first.errors, outcome.errors);
+}
+
+TEST_F(FailingCallTest, copiesASparseFileWholeWhereNobodyKnowsItsHoles)
+{
+    const FileURL sparse = makeSparse();
+    const RunnerOutcome outcome = runFailing("lseek", "EINVAL", 1, sparse.path());
+    EXPECT_EQ(outcome.errors, QStringList());
+    EXPECT_TRUE(TestMac::read(mirrored("Documents/sparse")) == TestMac::read(sparse));
 }
 
 TEST_F(FailingCallTest, tellsOfAFileThatCannotBeGivenItsName)

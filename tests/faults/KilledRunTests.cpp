@@ -184,8 +184,10 @@ TEST_F(KilledRunTest, diesAtTheCallsThatGiveNamesWithoutHalfAFile)
     // The last three names: of the manifest and of the two forms of the report.
     for (int last = 1; last <= 3; ++last)
         killAtCall(QStringLiteral("renameat"), fileCount + last, std::optional(2));
+    const QByteArrayList before = temporaryFiles(drive);
     for (int last = 1; last <= 3; ++last)
         killAtCall(QStringLiteral("fdatasync"), last, std::optional(2));
+    EXPECT_EQ(temporaryFiles(drive), before) << "a record has no name at all until it is whole";
     wholeRun();
     expectWholeFiles(std::optional(2));
 }

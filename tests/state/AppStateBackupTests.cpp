@@ -3,6 +3,9 @@
 #include <QDeadlineTimer>
 #include <QSignalSpy>
 #include <QTest>
+#include <cstdio>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace keelbright::testing {
 
@@ -158,7 +161,14 @@ TEST_F(AppStateBackupTest, aFinishedBackupIsSavedAndLogged)
 TEST_F(AppStateBackupTest, aFailureOfTheReportFilesIsNoWarning)
 {
     const auto state = makeStateWithWork();
-    fileManager.refusedPrefix = u"backup-report-"_s;
+    backUp(*state);
+    const FileURL latest =
+        FileURL::fromPath(state->lastReport()->personalFilesPath).deletingLastPathComponent();
+    const FileURL reports = latest.deletingLastPathComponent().appending(u"Reports"_s);
+    QObject::connect(&state->engine(), &BackupEngine::progressChanged, [&] {
+        if (state->engine().progress().filesCopied == 1)
+            ::rename(reports.nativePath().constData(), (reports.nativePath() + " of before").constData());
+    });
     backUp(*state);
     EXPECT_EQ(state->lastReport()->errors, QStringList());
     EXPECT_TRUE(state->alerts().isEmpty());
@@ -170,7 +180,10 @@ TEST_F(AppStateBackupTest, aFailureOfTheReportFilesIsNoWarning)
 TEST_F(AppStateBackupTest, aFailureOfTheManifestCountsAsOneSkippedFile)
 {
     const auto state = makeStateWithWork();
-    fileManager.refusedPrefix = u"recovery-manifest"_s;
+    backUp(*state);
+    const QByteArray manifest = FileURL::fromPath(state->lastReport()->manifestPath).nativePath();
+    ASSERT_EQ(::unlink(manifest.constData()), 0);
+    ASSERT_EQ(::mkdir(manifest.constData(), 0755), 0);
     backUp(*state);
     EXPECT_EQ(state->lastReport()->filesSkipped, 0);
     EXPECT_EQ(state->lastReport()->manifestPath, u"Failed"_s);

@@ -1,8 +1,11 @@
+#include "tests/support/FailingDrive.h"
 #include "tests/support/FatImage.h"
+#include "tests/support/ImageDrive.h"
 #include "tests/support/TestMac.h"
 #include "tests/support/TmpfsMount.h"
 #include "tests/support/UnprivilegedUser.h"
 
+#include <fcntl.h>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -62,6 +65,79 @@ TEST(FatImage, hasNeitherLinksNorCase)
     struct stat status = {};
     EXPECT_EQ(::stat(drive.root().appendingNative("FILE.TXT").nativePath().constData(), &status), 0);
     EXPECT_NE(::symlink("File.txt", drive.root().appendingNative("link").nativePath().constData()), 0);
+}
+
+bool hasEntry(const FileURL& url)
+{
+    struct stat status = {};
+    return ::lstat(url.nativePath().constData(), &status) == 0;
+}
+
+void writeThrough(const FileURL& root)
+{
+    const int folder = ::open(root.nativePath().constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    EXPECT_EQ(::syncfs(folder), 0);
+    ::close(folder);
+}
+
+TEST(ImageDrive, foldsLetterCaseWhereItIsOfAForeignKind)
+{
+    for (const auto kind : {testing::ImageDrive::Kind::exFat, testing::ImageDrive::Kind::ntfs}) {
+        const testing::ImageDrive drive(kind, 16'777'216);
+        if (!drive.reasonMissing().empty())
+            GTEST_SKIP() << drive.reasonMissing();
+        EXPECT_TRUE(canWrite(drive.root().appendingNative("File.txt"), 10));
+        EXPECT_TRUE(hasEntry(drive.root().appendingNative("FILE.TXT")));
+        EXPECT_FALSE(canWrite(drive.root().appendingNative("what?"), 10));
+    }
+}
+
+TEST(ImageDrive, takesNoMoreWritesAfterAnErrorInside)
+{
+    const testing::ImageDrive drive(testing::ImageDrive::Kind::ext4, 16'777'216);
+    if (!drive.reasonMissing().empty())
+        GTEST_SKIP() << drive.reasonMissing();
+    EXPECT_TRUE(canWrite(drive.root().appendingNative("before"), 10));
+    drive.failInside();
+    EXPECT_FALSE(canWrite(drive.root().appendingNative("after"), 10));
+    EXPECT_TRUE(canRead(drive.root().appendingNative("before")));
+}
+
+TEST(ImageDrive, losesWhatWasNotWrittenThroughWhenItIsPulled)
+{
+    const testing::ImageDrive drive(testing::ImageDrive::Kind::ext4, 16'777'216);
+    if (!drive.reasonMissing().empty())
+        GTEST_SKIP() << drive.reasonMissing();
+    EXPECT_TRUE(canWrite(drive.root().appendingNative("kept"), 10));
+    writeThrough(drive.root());
+    EXPECT_TRUE(canWrite(drive.root().appendingNative("lost"), 10));
+    drive.pull();
+    EXPECT_FALSE(canWrite(drive.root().appendingNative("after"), 10));
+    drive.putBack();
+    EXPECT_TRUE(hasEntry(drive.root().appendingNative("kept")));
+    EXPECT_FALSE(hasEntry(drive.root().appendingNative("lost")));
+}
+
+TEST(FailingDrive, failsFromTheGivenByteOn)
+{
+    const testing::FailingDrive drive(QStringLiteral("write"), 5'000, QStringLiteral("EIO"));
+    if (!drive.reasonMissing().empty())
+        GTEST_SKIP() << drive.reasonMissing();
+    EXPECT_TRUE(canWrite(drive.root().appendingNative("first"), 4'000));
+    EXPECT_FALSE(canWrite(drive.root().appendingNative("second"), 4'000));
+    EXPECT_FALSE(canWrite(drive.root().appendingNative("third"), 1));
+    EXPECT_TRUE(canRead(drive.root().appendingNative("first")));
+}
+
+TEST(FailingDrive, isGoneWhenItIsPulled)
+{
+    testing::FailingDrive drive(QStringLiteral("none"), 0, QStringLiteral("EIO"));
+    if (!drive.reasonMissing().empty())
+        GTEST_SKIP() << drive.reasonMissing();
+    EXPECT_TRUE(canWrite(drive.root().appendingNative("file"), 10));
+    drive.pull();
+    EXPECT_FALSE(canRead(drive.root().appendingNative("file")));
+    EXPECT_TRUE(canRead(drive.folder().appendingNative("file")));
 }
 
 TEST(UnprivilegedUser, mayNotReadWhatIsLockedAndIsHeldBackNoLonger)

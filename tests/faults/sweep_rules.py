@@ -1,0 +1,211 @@
+"""What the drive must look like after one system call of a run has failed."""
+
+from dataclasses import dataclass
+from pathlib import Path
+
+from survival import DEVICE, Backup, has_unnamed_files, sealed, sealed_version, write_sparse
+
+OLD, NEW = 1, 2
+LINK = "link"
+MANIFEST = "recovery-manifest.json"
+
+
+def sizes():
+    """Twenty files: small ones in three folders, an empty, a large, a sparse one, odd permissions."""
+    files = {f"f{number:04}": 90 + 700 * number for number in range(10)}
+    files |= {f"folder/f{number:04}": 2_000 for number in range(10, 14)}
+    files |= {f"folder/inner/f{number:04}": 300 for number in range(14, 16)}
+    return files | {"large": 700_000, "sparse": 900_000, "odd mode": 500, "zero": 64}
+
+
+def link_target(version):
+    return Path(f"f{version:04}")
+
+
+def make_documents(machine, version):
+    for name, size in sizes().items():
+        path = machine.documents / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        write_sparse(path, sealed(path.name, version, size, b"\0" if name == "sparse" else None))
+    (machine.documents / "odd mode").chmod(0o1646)
+    link = machine.documents / LINK
+    link.unlink(missing_ok=True)
+    link.symlink_to(link_target(version))
+
+
+@dataclass
+class Mode:
+    """A kind of run: what stands on the drive before it, and which part of it is watched."""
+
+    name: str
+    hold: str
+    before: int | None
+    reports_before: int = 0
+
+
+class State:
+    """What lies on the drive after a run."""
+
+    def __init__(self, machine):
+        self.wrong = machine.whole_or_absent_records()
+        self.versions = {}
+        for name in sizes():
+            self.versions[name] = self._version(machine.mirror / name)
+        link = machine.mirror / LINK
+        target = link.readlink() if link.is_symlink() else None
+        self.versions[LINK] = next((version for version in (OLD, NEW) if target == link_target(version)), None)
+        manifest = machine.latest / MANIFEST
+        self.has_manifest = manifest.is_file()
+        self.reports = len(list(machine.reports.glob("*"))) if machine.reports.is_dir() else 0
+        self.temporary = machine.temporary_files()
+
+    def _version(self, path):
+        try:
+            content = path.read_bytes()
+        except FileNotFoundError:
+            return None
+        version = sealed_version(path.name, content)
+        if version is None:
+            self.wrong.append(f"{path.name} is not whole")
+        return version
+
+    def missing(self):
+        return [name for name, version in self.versions.items() if version != NEW]
+
+    def broken_temporary_files(self):
+        known = {Path(name).name for name in sizes()}
+        return [path.name for path in self.temporary if not is_whole(path, known)]
+
+
+def is_whole(path, known):
+    if path.is_symlink():
+        return True
+    content = path.read_bytes()
+    head = content.split(b"\n", 1)[0].decode(errors="replace")
+    if head in known:
+        return sealed_version(head, content) is not None
+    # A record's temporary file: JSON to its end, or the report's last section.
+    return content.rstrip().endswith((b"}", b"]")) or b"## Skipped / Errors\n- " in content
+
+
+class Rules:
+    """What must hold after a call failed; collects what does not."""
+
+    def __init__(self, mode, machine, state, outcome):
+        self.mode, self.machine, self.state, self.outcome = mode, machine, state, outcome
+        self.faults = list(state.wrong)
+        self.kind = self._kind()
+
+    def demand(self, holds, words):
+        if not holds:
+            self.faults.append(words)
+
+    def _kind(self):
+        outcome = self.outcome
+        self.demand(outcome.ended, "the run did not end with success")
+        self.demand(len(outcome.errors) + bool(outcome.last_error) <= 1, "more than one line")
+        if outcome.last_error:
+            self.demand(not any(version == NEW for version in self.state.versions.values()),
+                        "a run that could not start has copied a file")
+            return "a run that could not start told"
+        if not outcome.errors:
+            self._all_is_new("no line")
+            self._counters(0)
+            return "unharmed"
+        return self._kind_of_line(outcome.errors[0])
+
+    def _kind_of_line(self, line):
+        missing = self.state.missing()
+        if line.startswith(("Manifest write failed: ", "Report write failed: ", "Skip Drive: ")):
+            self.demand(not missing, f"missing although only a record failed: {missing}")
+            if line.startswith("Manifest"):
+                self.demand(self.outcome.manifest_path == "Failed", "the report names a manifest that failed")
+            return "a record told"
+        self._records_are_there()
+        if line.startswith("Dir error "):
+            self.demand(len(missing) == 1, f"one line, and missing are {missing}")
+            self._counters(1)
+            return "a file told"
+        if line.startswith("Cannot "):
+            return "a folder told"
+        self.demand(line.startswith("Skip "), "a line of an unknown kind")
+        name = line[len("Skip "):].split(": ", 1)[0]
+        if name in {Path(path).name for path in [*sizes(), LINK]}:
+            self.demand([Path(path).name for path in missing] == [name], f"told {name}, missing {missing}")
+            self._counters(1)
+            return "a file told"
+        below = {"Documents": "", "folder": "folder/", "inner": "folder/inner/"}.get(name)
+        self.demand(below is not None and all(path.startswith(below) for path in missing),
+                    f"told {name}, missing {missing}")
+        return "a folder told"
+
+    def _counters(self, skipped):
+        total = len(sizes()) + 1
+        self.demand((self.outcome.copied, self.outcome.skipped) == (total - skipped, skipped),
+                    f"the counters say {self.outcome.copied} and {self.outcome.skipped}")
+
+    def _all_is_new(self, why):
+        self.demand(not self.state.missing(), f"{why}, and missing are {self.state.missing()}")
+        self._records_are_there()
+
+    def _records_are_there(self):
+        self.demand(self.state.has_manifest, "no manifest")
+        expected = self.mode.reports_before + 2
+        self.demand(self.state.reports == expected, f"{self.state.reports} report files, not {expected}")
+
+    def temporary_files(self, hit):
+        whole_copies = 1 if hit.call.startswith("renameat") and self.kind == "a file told" else 0
+        self.demand(len(self.state.temporary) <= whole_copies, f"left: {self.state.temporary}")
+        self.demand(not self.state.broken_temporary_files(), "a temporary file is not whole")
+
+
+def check_failure(mode, machine, outcome, hit):
+    faults = []
+    if "machine-info" in hit.line:
+        faults, mode = look_at_other_name(mode, machine)
+    rules = Rules(mode, machine, State(machine), outcome)
+    rules.temporary_files(hit)
+    return rules.kind, faults + rules.faults
+
+
+def look_at_other_name(mode, machine):
+    """A machine whose name can't be read has its backup under another name, whole, beside that of
+    before, which stays as it was."""
+    names = [path.name for path in (machine.drive / "Keelbright").iterdir() if path.name != DEVICE]
+    if not names:
+        return [], mode
+    old = State(machine)
+    faults = [f"{name} of before is version {version}" for name, version in old.versions.items()
+              if version != mode.before]
+    machine.use_device(names[0])
+    return faults, Mode(mode.name, mode.hold, None)
+
+
+def check_kill(runner, mode, machine):
+    state = State(machine)
+    faults = list(state.wrong)
+    allowed = {NEW, mode.before}
+    faults += [f"{name} is version {version}" for name, version in state.versions.items()
+               if version not in allowed]
+    if has_unnamed_files(machine.drive):
+        faults += [f"{name} is not whole" for name in state.broken_temporary_files()]
+    left = len(state.temporary)
+    outcome = Backup(runner, machine).finish()
+    after = State(machine)
+    if not outcome.ended or outcome.errors or outcome.last_error:
+        faults.append(f"the next run: {outcome}")
+    faults += after.wrong + [f"missing after the next run: {name}" for name in after.missing()]
+    if not (machine.support / "config.json").exists() or not (machine.support / "activity.json").exists():
+        faults.append("the next run saved no records")
+    return "whole" if left == 0 else "whole, a temporary name left", faults
+
+
+def check_records(machine, outcome):
+    """A record that could not be written is the old one or absent, and takes nothing from the run."""
+    state = State(machine)
+    faults = list(state.wrong)
+    if not outcome.ended or outcome.errors or state.missing():
+        faults.append(f"the run: {outcome}")
+    if state.temporary:
+        faults.append(f"left: {state.temporary}")
+    return "unharmed", faults

@@ -1,0 +1,61 @@
+#include "tests/support/FailingDrive.h"
+
+#include "tests/support/Mounting.h"
+
+#include <QDir>
+#include <csignal>
+#include <filesystem>
+
+namespace keelbright::testing {
+
+FailingDrive::FailingDrive(const QString& request, qint64 after, const QString& error)
+{
+    for (const FileURL& made : {folder(), root()})
+        std::filesystem::create_directory(made.nativePath().toStdString());
+    // The system's own interpreter: others lack the module.
+    const QString python = QStringLiteral("/usr/bin/python3");
+    m_reasonMissing = failureOf(python, {QStringLiteral("-c"), QStringLiteral("import fuse")});
+    if (!m_reasonMissing.empty()) {
+        m_reasonMissing = "python3-fuse is not installed";
+        return;
+    }
+    m_process.setProcessChannelMode(QProcess::ForwardedChannels);
+    m_process.start(python, {QStringLiteral(FAILING_DRIVE), folder().path(), root().path(), request,
+                             QString::number(after), error});
+    if (!isMountedSoon(root()))
+        m_reasonMissing = "no file system of our own can be mounted here";
+}
+
+FailingDrive::~FailingDrive()
+{
+    if (m_reasonMissing.empty())
+        unmountAtOnce(root());
+    // Its work ends with the last that uses it; whoever still does has been told to go.
+    if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(5'000)) {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+}
+
+void FailingDrive::pull()
+{
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+void FailingDrive::hang() const
+{
+    ::kill(static_cast<pid_t>(m_process.processId()), SIGSTOP);
+}
+
+void FailingDrive::goOn() const
+{
+    ::kill(static_cast<pid_t>(m_process.processId()), SIGCONT);
+}
+
+FileURL FailingDrive::place(const char* name) const
+{
+    return FileURL::fromPath(QDir(m_folder.path()).canonicalPath()).appendingNative(name);
+}
+
+} // namespace keelbright::testing

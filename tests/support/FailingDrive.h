@@ -1,0 +1,48 @@
+#pragma once
+
+#include "KeelbrightCore/platform/FileURL.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <string>
+
+namespace keelbright::testing {
+
+/// A drive that shows an ordinary folder, and from some moment on answers one kind of request with
+/// an error: a file system of our own, mounted while it lives. It knows no unnamed files. Needs
+/// python3-fuse and the right to mount: where one is missing, `reasonMissing()` tells, and the test
+/// skips itself with those words.
+class FailingDrive
+{
+public:
+    /// `request` is read, write, open, create, rename, mkdir, list, flush, or none for a drive that
+    /// works; `after` counts bytes of read and write, requests of all others; `error` is a name like
+    /// EIO.
+    FailingDrive(const QString& request, qint64 after, const QString& error);
+    ~FailingDrive();
+    FailingDrive(const FailingDrive&) = delete;
+    FailingDrive& operator=(const FailingDrive&) = delete;
+
+    /// Empty when the drive is there.
+    [[nodiscard]] const std::string& reasonMissing() const { return m_reasonMissing; }
+
+    [[nodiscard]] FileURL root() const { return place("drive"); }
+
+    /// The folder that it shows, past all errors.
+    [[nodiscard]] FileURL folder() const { return place("folder"); }
+
+    /// From now on every request fails: "the drive is gone".
+    void pull();
+    /// From now on no request is answered, until `goOn`.
+    void hang() const;
+    void goOn() const;
+
+private:
+    [[nodiscard]] FileURL place(const char* name) const;
+
+    QTemporaryDir m_folder;
+    QProcess m_process;
+    std::string m_reasonMissing;
+};
+
+} // namespace keelbright::testing

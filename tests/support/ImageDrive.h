@@ -1,0 +1,52 @@
+#pragma once
+
+#include "KeelbrightCore/platform/FileURL.h"
+
+#include <QTemporaryDir>
+#include <string>
+
+namespace keelbright::testing {
+
+/// A drive whose file system lies in an image file, mounted while it lives. Needs root, a loop
+/// device and the programs of that file system: where one is missing, `reasonMissing()` tells, and
+/// the test skips itself with those words.
+class ImageDrive
+{
+public:
+    enum class Kind {
+        exFat, ///< folds letter case; neither links nor permissions
+        ntfs,  ///< folds letter case, refuses the names that its own system refuses
+        ext4,  ///< turns read-only at its first error
+        btrfs, ///< knows quotas; at least 120 MB
+    };
+
+    /// `bytes` is a multiple of 4,096.
+    ImageDrive(Kind kind, qint64 bytes);
+    ~ImageDrive();
+    ImageDrive(const ImageDrive&) = delete;
+    ImageDrive& operator=(const ImageDrive&) = delete;
+
+    /// Empty when the file system is there.
+    [[nodiscard]] const std::string& reasonMissing() const { return m_reasonMissing; }
+
+    [[nodiscard]] FileURL root() const;
+
+    // Of ext4.
+
+    /// The drive finds an error in itself and takes no more writes.
+    void failInside() const;
+    /// The drive is gone from one moment to the next, with all that it had not yet written; then it
+    /// is there again.
+    void pull() const;
+    void putBack() const;
+
+private:
+    [[nodiscard]] std::string mount() const;
+
+    Kind m_kind;
+    QTemporaryDir m_folder;
+    QString m_device; ///< empty where there is none
+    std::string m_reasonMissing;
+};
+
+} // namespace keelbright::testing

@@ -1,0 +1,129 @@
+#!/usr/bin/python3
+"""A drive that fails: shows a folder as a file system of its own, and from some moment on answers one
+kind of request with an error.
+
+    failing_drive.py FOLDER MOUNTPOINT REQUEST AFTER ERROR
+
+REQUEST is read, write, open, create, rename, mkdir, list, flush or none; AFTER counts bytes for read and
+write, requests for all others; ERROR is a name like EIO. Runs until it is unmounted.
+"""
+
+import errno
+import os
+import sys
+
+try:
+    import fuse
+except ImportError:
+    sys.exit("python3-fuse is not installed")
+
+fuse.fuse_python_api = (0, 2)
+
+FOLDER, MOUNT_POINT, REQUEST, AFTER, ERROR = sys.argv[1:6]
+
+
+class Budget:
+    """How much of the requests of one kind is still answered."""
+
+    left = int(AFTER)
+
+    @classmethod
+    def spend(cls, request, amount=1):
+        if request != REQUEST:
+            return
+        if cls.left < amount:
+            cls.left = 0  # once failed, always failed
+            raise OSError(getattr(errno, ERROR), os.strerror(getattr(errno, ERROR)))
+        cls.left -= amount
+
+
+def place_of(path):
+    return FOLDER + path
+
+
+class OpenFile:
+    direct_io = False
+    keep_cache = False
+
+    def __init__(self, path, flags, *mode):
+        Budget.spend("create" if mode else "open")
+        self.descriptor = os.open(place_of(path), flags & ~os.O_APPEND, *mode)
+
+    def read(self, length, offset):
+        Budget.spend("read", length)
+        return os.pread(self.descriptor, length, offset)
+
+    def write(self, data, offset):
+        Budget.spend("write", len(data))
+        return os.pwrite(self.descriptor, data, offset)
+
+    def ftruncate(self, length):
+        os.ftruncate(self.descriptor, length)
+
+    def fgetattr(self):
+        return os.fstat(self.descriptor)
+
+    def fsync(self, _only_data):
+        Budget.spend("flush")
+        os.fsync(self.descriptor)
+
+    def release(self, _flags):
+        os.close(self.descriptor)
+
+
+class FailingDrive(fuse.Fuse):
+    file_class = OpenFile
+
+    def getattr(self, path):
+        return os.lstat(place_of(path))
+
+    def readdir(self, path, _offset):
+        Budget.spend("list")
+        for name in (".", "..", *os.listdir(place_of(path))):
+            yield fuse.Direntry(name)
+
+    def readlink(self, path):
+        return os.readlink(place_of(path))
+
+    def symlink(self, target, path):
+        os.symlink(target, place_of(path))
+
+    def mkdir(self, path, mode):
+        Budget.spend("mkdir")
+        os.mkdir(place_of(path), mode)
+
+    def rename(self, old, new):
+        Budget.spend("rename")
+        os.rename(place_of(old), place_of(new))
+
+    def unlink(self, path):
+        os.unlink(place_of(path))
+
+    def rmdir(self, path):
+        os.rmdir(place_of(path))
+
+    def truncate(self, path, length):
+        os.truncate(place_of(path), length)
+
+    def chmod(self, path, mode):
+        os.chmod(place_of(path), mode)
+
+    def chown(self, path, user, group):
+        os.chown(place_of(path), user, group, follow_symlinks=False)
+
+    def utimens(self, path, accessed, modified):
+        times = tuple(int(time.tv_sec) * 1_000_000_000 + int(time.tv_nsec) for time in (accessed, modified))
+        os.utime(place_of(path), ns=times, follow_symlinks=False)
+
+    def statfs(self):
+        return os.statvfs(FOLDER)
+
+
+def main():
+    drive = FailingDrive(dash_s_do="setsingle")
+    drive.parse(["-f", "-s", MOUNT_POINT])
+    drive.main()
+
+
+if __name__ == "__main__":
+    main()
