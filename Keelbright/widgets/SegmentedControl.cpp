@@ -38,7 +38,17 @@ public:
 
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
+    /// A click, of which `clicked` tells, is turning it on.
+    [[nodiscard]] bool isBeingClicked() const { return m_isBeingClicked; }
+
 protected:
+    void nextCheckState() override
+    {
+        m_isBeingClicked = true;
+        QRadioButton::nextCheckState();
+        m_isBeingClicked = false;
+    }
+
     [[nodiscard]] bool hitButton(const QPoint& point) const override { return rect().contains(point); }
 
     void paintEvent(QPaintEvent*) override
@@ -82,6 +92,7 @@ protected:
 
 private:
     FocusRing m_focusRing;
+    bool m_isBeingClicked = false;
 };
 
 SegmentedControl::SegmentedControl(const QString& name, const QStringList& choices, QWidget* parent)
@@ -98,6 +109,11 @@ SegmentedControl::SegmentedControl(const QString& name, const QStringList& choic
         m_segments.append(segment);
         const int index = static_cast<int>(i);
         connect(segment, &QRadioButton::clicked, this, [this, index] { Q_EMIT chosen(index); });
+        // A screen reader turns it on without a click.
+        connect(segment, &QRadioButton::toggled, this, [this, segment, index](bool isOn) {
+            if (isOn && !m_isFollowing && !segment->isBeingClicked())
+                Q_EMIT chosen(index);
+        });
     }
     if (!m_segments.isEmpty())
         setCurrentIndex(0);
@@ -115,7 +131,9 @@ int SegmentedControl::currentIndex() const
 
 void SegmentedControl::setCurrentIndex(int index)
 {
+    m_isFollowing = true;
     m_segments.at(index)->setChecked(true);
+    m_isFollowing = false;
     // One stop for Tab, and the right one: Qt sees to it only when a segment gets the focus.
     for (Segment* segment : std::as_const(m_segments))
         segment->setFocusPolicy(segment->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);

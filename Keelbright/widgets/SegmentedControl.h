@@ -29,6 +29,7 @@ protected:
 
 private:
     QList<Segment*> m_segments;
+    bool m_isFollowing = false;
 };
 
 } // namespace keelbright

@@ -54,19 +54,21 @@ class KeelBright(Program):
 
     def choose_in_row(self, title, entry):
         """Chooses an entry of the row's context menu."""
+        self.screen.focus(WINDOW)
         self.row(title).click(3)
         self.choose_entry(entry)
 
     def choose_from(self, menu, entry):
         """Opens a menu button and chooses an entry of it."""
+        self.screen.focus(WINDOW)
         self.button(menu).press()
         self.choose_entry(entry)
 
     def choose_entry(self, entry):
         time.sleep(0.3)  # until it is up
         for _ in range(entry + 1):
-            self.keys(WINDOW, "Down")
-        self.keys(WINDOW, "Return")
+            self.screen.keys("Down")
+        self.screen.keys("Return")
 
     def answer(self, question, button):
         """Answers a dialog and waits until it is gone."""

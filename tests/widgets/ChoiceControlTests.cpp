@@ -65,6 +65,15 @@ TEST_F(SegmentedControlTest, aClickTellsTheChoiceAlsoWhereItIsTheSame)
     EXPECT_EQ(control.currentIndex(), 2);
 }
 
+TEST_F(SegmentedControlTest, aScreenReaderChooses)
+{
+    const QSignalSpy chosen(&control, &SegmentedControl::chosen);
+    QAccessibleInterface* segment = QAccessible::queryAccessibleInterface(segments.at(1));
+    segment->actionInterface()->doAction(segment->actionInterface()->actionNames().first());
+    EXPECT_EQ(numbers(chosen), (QList{1}));
+    EXPECT_EQ(control.currentIndex(), 1);
+}
+
 TEST_F(SegmentedControlTest, arrowsChoose)
 {
     showActive(control);

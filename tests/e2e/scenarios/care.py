@@ -81,7 +81,7 @@ class StorageBrowser(Scenario):
         window.choose_row("Day one")
         window.row("Evening.jpg")
         window.button("Back").press()
-        window.row("IMG_4100.jpg")
+        window.row("IMG_4123.jpg")
         window.button("Pictures").press()
         window.row("Wedding")
 
