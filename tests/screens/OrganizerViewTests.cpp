@@ -176,15 +176,15 @@ TEST_F(OrganizerViewTests, aFolderOfTheUsersChoiceMarksNoTarget)
 {
     writeSomeFiles();
     openDownloads();
-    mac.writeFile("Users/mira/Work/plan.zip", "xx");
-    chooser.willChoose({mac.home().appending(u"Work"_s)});
+    mac.writeFile("Users/mira/Projects/plan.zip", "xx");
+    chooser.willChoose({mac.home().appending(u"Projects"_s)});
     target(u"Choose Folder…"_s)->click();
     waitForPlan();
     EXPECT_FALSE(hasChevron(u"Desktop"_s));
     EXPECT_FALSE(hasChevron(u"Downloads"_s));
     EXPECT_FALSE(hasChevron(u"Choose Folder…"_s));
     EXPECT_EQ(categories().texts(), QStringList(u"Archives, 1 file, 2 bytes"_s));
-    EXPECT_TRUE(shows(u"Work/Archives"_s));
+    EXPECT_TRUE(shows(u"Projects/Archives"_s));
 }
 
 TEST_F(OrganizerViewTests, aDismissedChooserChangesNothing)
@@ -202,8 +202,8 @@ TEST_F(OrganizerViewTests, aFolderFromElsewhereIsScanned)
 {
     writeSomeFiles();
     openDownloads();
-    mac.writeFile("Users/mira/Work/plan.zip", "xx");
-    post(QVariant::fromValue(mac.home().appending(u"Work"_s)));
+    mac.writeFile("Users/mira/Projects/plan.zip", "xx");
+    post(QVariant::fromValue(mac.home().appending(u"Projects"_s)));
     EXPECT_TRUE(model().isScanning());
     EXPECT_FALSE(model().activeTarget().has_value());
     waitForPlan();
@@ -434,10 +434,10 @@ TEST_F(OrganizerViewTests, theKeysScanAFolderFromElsewhereToo)
     open();
     QTest::keyClick(view.get(), Qt::Key_F5);
     EXPECT_FALSE(model().isScanning());
-    mac.makeFolder("Users/mira/Work");
-    post(QVariant::fromValue(mac.home().appending(u"Work"_s)));
+    mac.makeFolder("Users/mira/Projects");
+    post(QVariant::fromValue(mac.home().appending(u"Projects"_s)));
     waitForPlan();
-    mac.writeFile("Users/mira/Work/plan.zip", "xx");
+    mac.writeFile("Users/mira/Projects/plan.zip", "xx");
     QTest::keyClick(view.get(), Qt::Key_F5);
     waitForPlan();
     EXPECT_EQ(categories().texts(), QStringList(u"Archives, 1 file, 2 bytes"_s));
