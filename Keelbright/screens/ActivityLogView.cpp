@@ -175,7 +175,7 @@ void ActivityLogView::redraw()
     m_model->setEntries(shown, m_context.state.now());
     if (m_entries.isEmpty()) {
         m_states->setCurrentWidget(m_empty);
-    } else if (shown.isEmpty()) {
+    } else if (m_filterKind && shown.isEmpty()) {
         m_noMatch->setText(tr("No %1 entries").arg(title(*m_filterKind)));
         m_states->setCurrentWidget(m_noMatch);
     } else {

@@ -27,7 +27,7 @@ struct Entry
 struct KnownType
 {
     QByteArrayView type;
-    int side;
+    int side = 0;
 };
 
 constexpr KnownType knownTypes[] = {

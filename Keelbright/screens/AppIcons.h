@@ -35,7 +35,7 @@ private:
     void readNext();
     void take(const Key& key, const QImage& image);
 
-    QCache<Key, QPixmap> m_icons{24 * 1024}; ///< the cost of each is in kilobytes
+    QCache<Key, QPixmap> m_icons{24'576}; ///< the cost of each is in kilobytes
     QList<Key> m_waiting;
     QSet<Key> m_atWork;
 };

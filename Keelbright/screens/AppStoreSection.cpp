@@ -93,8 +93,8 @@ AppStoreSection::AppStoreSection(AppDetailVM& model, QWidget* parent)
 
 QWidget* AppStoreSection::makeContent()
 {
-    if (m_model.itunesInfo())
-        return makeDescription(*m_model.itunesInfo());
+    if (const std::optional<iTunesAppInfo>& info = m_model.itunesInfo())
+        return makeDescription(*info);
     if (m_model.isLoadingiTunes())
         return new BusyLine(tr("Looking up on App Store…"));
     if (m_model.itunesLookedUp())
@@ -121,8 +121,8 @@ void AppStoreSection::redraw()
     m_shown->show();
     if (m_model.isLoadingiTunes())
         announce(*m_card, tr("Looking up on App Store…"));
-    else if (m_model.itunesInfo())
-        announce(*m_card, displayText(m_model.itunesInfo()->appName));
+    else if (const std::optional<iTunesAppInfo>& info = m_model.itunesInfo())
+        announce(*m_card, displayText(info->appName));
     else if (m_model.itunesLookedUp())
         announce(*m_card, tr("Not found on the Mac App Store."));
 }

@@ -98,7 +98,7 @@ void JunkCategoryModel::followCategories()
 
 void JunkCategoryModel::followSelection()
 {
-    for (int row = 0; row < rowCount(); ++row) {
+    for (int row = 0; row < m_categories.size(); ++row) {
         const JunkCleanerVM::SelectionState state = m_vm.selectionState(m_categories.at(row));
         if (std::exchange(m_figures[row].state, state) != state)
             announceRows(row, row);

@@ -112,7 +112,9 @@ void LargestFilesPanel::redraw(const QList<LargeFileItem>& files, bool isLoading
         m_model->setFiles(files);
         fitListCard(m_list);
     }
-    QWidget* const page = isLoading ? m_busy : files.isEmpty() ? m_nothing : m_files;
+    QWidget* page = files.isEmpty() ? m_nothing : m_files;
+    if (isLoading)
+        page = m_busy;
     if (page == m_pages->currentWidget())
         return;
     m_pages->setCurrentWidget(page);

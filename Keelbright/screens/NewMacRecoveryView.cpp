@@ -26,9 +26,9 @@ namespace {
 struct Step
 {
     QLatin1StringView icon;
-    Role color;
-    const char* title;
-    const char* body;
+    Role color = Role::accent;
+    const char* title = nullptr;
+    const char* body = nullptr;
 };
 
 constexpr std::array steps{

@@ -70,12 +70,14 @@ void OrganizerView::redraw()
 
 void OrganizerView::rescan()
 {
-    if (m_vm.isScanning() || !m_vm.targetFolder())
+    const std::optional<OrganizerVM::QuickTarget> target = m_vm.activeTarget();
+    const std::optional<FileURL> folder = m_vm.targetFolder();
+    if (m_vm.isScanning() || !folder)
         return;
-    if (m_vm.activeTarget())
-        m_vm.scan(*m_vm.activeTarget());
+    if (target)
+        m_vm.scan(*target);
     else
-        m_vm.scan(FileURL(*m_vm.targetFolder()));
+        m_vm.scan(*folder);
 }
 
 void OrganizerView::followConfirmation()

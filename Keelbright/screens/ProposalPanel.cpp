@@ -100,9 +100,10 @@ void ProposalPanel::redrawHeader(const OrganizeProposal& proposal)
     m_header->setSubtitle(
         tr("%1 files · %2").arg(QString::number(proposal.files.size()), proposal.formattedSize()));
     m_header->setSymbol(icon(proposal.category), Role::accent);
-    m_destination->setVisible(m_vm.targetFolder().has_value());
-    if (m_vm.targetFolder())
-        m_destination->setText(m_vm.targetFolder()->lastPathComponent() + u'/' + name);
+    const std::optional<FileURL>& folder = m_vm.targetFolder();
+    m_destination->setVisible(folder.has_value());
+    if (folder)
+        m_destination->setText(folder->lastPathComponent() + u'/' + name);
     const bool isSelected = m_vm.selectedCategories().contains(proposal.id);
     m_toggle->setCaption(isSelected ? tr("Deselect") : tr("Select"));
 }

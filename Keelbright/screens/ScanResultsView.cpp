@@ -87,7 +87,7 @@ void ScanResultsView::act(const ScanFinding& finding)
         return;
     }
     if (const auto screen = screenFromRawValue(std::get<ScanFinding::NavigateTo>(finding.action).screen))
-        m_context.state.setSelectedScreen(*screen);
+        m_context.state.setSelectedScreen(screen);
 }
 
 void ScanResultsView::redraw()
@@ -102,7 +102,8 @@ void ScanResultsView::redraw()
         m_report->setReport(*report);
     // Before its button is taken away, so that the focus does not wander off to another part of the
     // window.
-    showState(m_model.isScanning() ? m_scanning : report ? static_cast<QWidget*>(m_report) : m_idle);
+    QWidget* state = report ? static_cast<QWidget*>(m_report) : m_idle;
+    showState(m_model.isScanning() ? m_scanning : state);
     m_fullScan->setCaption(m_model.isScanning() ? tr("Scanning…") : tr("Full Scan"));
     m_fullScan->setKind(report ? Button::Kind::primary : Button::Kind::bordered);
     m_fullScan->setEnabled(!m_model.isScanning());
@@ -116,8 +117,9 @@ void ScanResultsView::showState(QWidget* state)
     m_states->setCurrentWidget(state);
     if (hasFocus)
         (state == m_report ? m_report->list() : state)->setFocus();
-    if (state == m_report)
-        announce(*m_report, ScanReportPanel::headline(*m_model.report()));
+    const std::optional<FullScanReport>& report = m_model.report();
+    if (report && state == m_report)
+        announce(*m_report, ScanReportPanel::headline(*report));
 }
 
 } // namespace keelbright

@@ -191,9 +191,9 @@ void StorageBrowserModel::loadLargestFiles()
 void StorageBrowserModel::organiseCurrentFolder(const FileURL& folder)
 {
     // The screen that the folder may come from goes with the first step.
-    const FileURL kept = folder;
+    const QVariant kept = QVariant::fromValue(folder);
     m_state.setSelectedScreen(Screen::organizer);
-    NotificationCenter::defaultCenter().post(organizeFolderNotification, QVariant::fromValue(kept));
+    NotificationCenter::defaultCenter().post(organizeFolderNotification, kept);
 }
 
 void StorageBrowserModel::addToBackup(const FolderSizeNode& node)

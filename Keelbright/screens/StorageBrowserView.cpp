@@ -238,8 +238,9 @@ void StorageBrowserView::redrawRows()
 
 void StorageBrowserView::redrawContent()
 {
+    const std::optional<FileURL> folder = m_model.currentURL();
     m_largest->redraw(m_model.largestFiles(), m_model.isLoadingLargest(),
-                      m_model.currentURL()->lastPathComponent());
+                      folder ? folder->lastPathComponent() : QString());
     m_content->setCurrentIndex(
         static_cast<int>(StorageBrowserModel::allViewModes().indexOf(m_model.viewMode())));
 }

@@ -17,9 +17,9 @@ using namespace Qt::StringLiterals;
 
 struct FileType
 {
-    const char* label;
-    Role color;
-    QStringList extensions;
+    const char* label = nullptr;
+    Role color = Role::secondaryText;
+    QStringList extensions = {};
 };
 
 /// "Other" stands last and has no extensions.

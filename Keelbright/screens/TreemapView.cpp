@@ -327,7 +327,8 @@ void TreemapView::showMenu(int cell, const QPoint& globalPosition)
     for (const RowAction& action : storageNodeActions(node)) {
         const QColor color = Theme::instance().color(action.hue);
         QAction* entry = menu->addAction(Symbol::icon(action.symbol, color), action.name);
-        connect(entry, &QAction::triggered, this, [=, this] { Q_EMIT actionPressed(node, action); });
+        connect(entry, &QAction::triggered, this,
+                [this, node, action] { Q_EMIT actionPressed(node, action); });
     }
     menu->popup(globalPosition);
 }

@@ -50,7 +50,7 @@ NameComparison::NameComparison()
 {
     const icu::Locale locale = defaultIcuLocale();
     const uint32_t folding = hasDotlessI(locale) ? U_FOLD_CASE_EXCLUDE_SPECIAL_I : U_FOLD_CASE_DEFAULT;
-    m_rules.reset(new Rules{makeCollator(locale), composition(), folding});
+    m_rules = std::make_unique<Rules>(makeCollator(locale), composition(), folding);
 }
 
 NameComparison::~NameComparison() = default;
