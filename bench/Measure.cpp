@@ -9,6 +9,7 @@
 
 #include "Keelbright/screens/Application.h"
 #include "Keelbright/screens/MainWindow.h"
+#include "Keelbright/state/FileChooser.h"
 #include "Keelbright/state/KeelbrightApp.h"
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/AlertPresenter.h"
@@ -18,7 +19,6 @@
 #include "KeelbrightCore/health/HealthScoreService.h"
 #include "bench/Stopwatch.h"
 #include "bench/StorageMeasures.h"
-#include "tests/support/FakeFileChooser.h"
 #include "tests/support/FakeFolderChooser.h"
 #include "tests/support/MadeUpApplication.h"
 #include "tests/support/StallProbe.h"
@@ -36,6 +36,15 @@
 
 namespace keelbright::bench {
 namespace {
+
+/// A chooser that is never asked.
+class NoFileChooser : public FileChooser
+{
+public:
+    void chooseFile(const FileOpenRequest&, std::function<void(const FileURL&)>) override {}
+
+    void chooseSaveLocation(const FileSaveRequest&, std::function<void(const FileURL&)>) override {}
+};
 
 /// A desktop that nothing is opened on.
 class NoWorkspace : public Workspace
@@ -98,7 +107,7 @@ int measureBackup(QApplication& application, const FileURL& tree, const FileURL&
     Theme::instance().install();
     testing::FakeFolderChooser chooser;
     NoWorkspace workspace;
-    testing::FakeFileChooser files;
+    NoFileChooser files;
     DialogAlertPresenter alerts;
     KeelbrightApp app(chooser);
     AppState& state = app.state();
