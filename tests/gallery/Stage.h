@@ -24,6 +24,13 @@ class StageFileManager : public HeldFileManager
 {
 public:
     using HeldFileManager::HeldFileManager;
+
+    /// A look that is held comes back through here.
+    ~StageFileManager() override { finish(); }
+
+    StageFileManager(const StageFileManager&) = delete;
+    StageFileManager& operator=(const StageFileManager&) = delete;
+
     [[nodiscard]] std::expected<FileSystemCapacity, FileError>
     fileSystemCapacity(const FileURL& url) const override;
 

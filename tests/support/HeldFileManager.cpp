@@ -8,6 +8,11 @@ namespace keelbright::testing {
 
 HeldFileManager::~HeldFileManager()
 {
+    finish();
+}
+
+void HeldFileManager::finish()
+{
     {
         const QMutexLocker locker(&m_mutex);
         m_placeToHold.reset();

@@ -17,6 +17,9 @@ public:
     /// Lets go and waits for the background work, which still stands on this object.
     ~HeldFileManager() override;
 
+    /// Does what the destructor does; for the destructor of a class that answers looks itself.
+    void finish();
+
     /// The next look at this place, and only that one, waits until `letGo`; one at a time.
     void holdNextLookAt(const FileURL& place);
     /// Waits until a thread is held; false where none came within some seconds.
