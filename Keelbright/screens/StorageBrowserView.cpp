@@ -74,7 +74,8 @@ StorageBrowserView::StorageBrowserView(const ScreenContext& context, QWidget* pa
 QWidget* StorageBrowserView::makeShortcuts()
 {
     auto* bar = new QWidget(this);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    // Not fixed: that would be the height of one line.
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     bar->setSizePolicy(policy);
     auto* row = new FlowLayout(8, 8, bar);
