@@ -2,16 +2,15 @@
 
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "tests/support/BackgroundWork.h"
-#include "tests/support/HeldFileManager.h"
 #include "tests/support/LoopbackServer.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
+#include "tests/support/WatchedTrash.h"
 
 #include <QCoreApplication>
 #include <QNetworkProxy>
 #include <QSignalSpy>
 #include <QTest>
-#include <cerrno>
 #include <gtest/gtest.h>
 
 namespace keelbright::testing {
@@ -19,25 +18,6 @@ namespace keelbright::testing {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// The test's machine that can refuse to move an item, and remembers what it was asked to move.
-class WatchedTrash : public HeldFileManager
-{
-public:
-    using HeldFileManager::HeldFileManager;
-
-    std::expected<FileURL, FileError> trashItem(const FileURL& url) override
-    {
-        asked.append(url.lastPathComponent());
-        if (refused.contains(url.lastPathComponent()))
-            return std::unexpected(
-                FileError::fromCode(FileError::Operation::trashed, url.lastPathComponent(), EACCES));
-        return HeldFileManager::trashItem(url);
-    }
-
-    QStringList refused;
-    QStringList asked;
-};
 
 class AppDetailVMTest : public ::testing::Test
 {

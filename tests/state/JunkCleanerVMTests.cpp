@@ -1,16 +1,14 @@
 #include "Keelbright/state/JunkCleanerVM.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "tests/support/BackgroundWork.h"
-#include "tests/support/HeldFileManager.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
+#include "tests/support/WatchedTrash.h"
 
 #include <QCoreApplication>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
-
-#include <cerrno>
 
 namespace keelbright::testing {
 
@@ -18,25 +16,6 @@ using namespace Qt::StringLiterals;
 using SelectionState = JunkCleanerVM::SelectionState;
 
 namespace {
-
-/// The test's machine that can refuse to move an item, and remembers what it was asked to move.
-class RefusingFileManager : public HeldFileManager
-{
-public:
-    using HeldFileManager::HeldFileManager;
-
-    std::expected<FileURL, FileError> trashItem(const FileURL& url) override
-    {
-        asked.append(url.lastPathComponent());
-        if (refused.contains(url.lastPathComponent()))
-            return std::unexpected(
-                FileError::fromCode(FileError::Operation::trashed, url.lastPathComponent(), EACCES));
-        return HeldFileManager::trashItem(url);
-    }
-
-    QStringList refused;
-    QStringList asked;
-};
 
 class JunkCleanerVMTest : public ::testing::Test
 {
@@ -128,7 +107,7 @@ protected:
     char* argv[1] = {program};
     QCoreApplication application{argc, argv};
     TestMac mac;
-    RefusingFileManager fileManager{mac.root()};
+    WatchedTrash fileManager{mac.root()};
     FileManagerGuard guard{fileManager};
     ActivityStore activityStore{fileManager.applicationSupportDirectory()};
     JunkCleanerVM model{activityStore, mac.clock()};
