@@ -12,11 +12,7 @@
 
 namespace keelbright {
 
-namespace {
-
 using namespace Qt::StringLiterals;
-
-} // namespace
 
 RiskAlertCard::RiskAlertCard(const RiskAlert& alert, QWidget* parent)
     : Banner(color(alert.severity), u"exclamationmark.triangle.fill"_s, alert.title, parent)
@@ -46,7 +42,8 @@ SourceRowCard::SourceRowCard(const BackupSource& source, std::function<void()> o
         return;
     auto* remove = new Button(Button::Kind::plainIcon, tr("Remove %1").arg(titleLabel()->text()),
                               u"minus.circle.fill"_s, this);
-    remove->setHue(Role::red);
+    constexpr double opacity = 0.8;
+    remove->setHue(Role::red, opacity);
     connect(remove, &QPushButton::clicked, this, std::move(onRemove));
     addTrailing(remove);
 }

@@ -78,9 +78,10 @@ void Button::setSymbol(const QString& key)
     update();
 }
 
-void Button::setHue(Role hue)
+void Button::setHue(Role hue, double symbolOpacity)
 {
     m_hue = hue;
+    m_symbolOpacity = symbolOpacity;
     update();
 }
 
@@ -180,7 +181,11 @@ void Button::paintContent(QPainter& painter) const
     const Theme& theme = Theme::instance();
     const QColor words = wordColor();
     const bool isPlain = isFilled() || m_kind == Kind::link || !isEnabled();
-    const QColor picture = isPlain ? words : theme.color(m_hue);
+    QColor picture = words;
+    if (!isPlain) {
+        picture = theme.color(m_hue);
+        picture.setAlphaF(static_cast<float>(m_symbolOpacity));
+    }
     if (isSymbolAlone()) {
         const QRectF square(0, 0, symbolSize(), symbolSize());
         Symbol::paint(painter, square.translated(QRectF(rect()).center() - square.center()), m_symbol,

@@ -38,8 +38,9 @@ public:
 
     [[nodiscard]] QString symbol() const { return m_symbol; }
 
-    /// The hue of a primary button (accent by default), or that of the symbol of any other.
-    void setHue(Role hue);
+    /// The hue of a primary button (accent by default), or that of the symbol of any other, which is
+    /// drawn at this opacity, 0 to 1.
+    void setHue(Role hue, double symbolOpacity = 1);
     /// 24 high instead of 30, for a button within a row.
     void setCompact(bool isCompact);
 
@@ -76,6 +77,7 @@ private:
     QString m_caption;
     QString m_symbol;
     Role m_hue;
+    double m_symbolOpacity = 1;
     bool m_isCompact = false;
     bool m_showsArrow = false;
     FocusRing m_focusRing;

@@ -40,6 +40,18 @@ TEST(Button, isPressedByEnterAndSpace)
     EXPECT_EQ(clicks.count(), 3);
 }
 
+TEST(Button, drawsItsSymbolAtTheOpacityAskedFor)
+{
+    const ThemeGuard guard;
+    constexpr double opacity = 0.8;
+    Button button(Button::Kind::plainIcon, u"Remove"_s, u"minus.circle.fill"_s);
+    const Theme& theme = Theme::instance();
+    button.setHue(Role::red);
+    EXPECT_TRUE(holdsColor(pictureOf(button), theme.color(Role::red)));
+    button.setHue(Role::red, opacity);
+    EXPECT_FALSE(holdsColor(pictureOf(button), theme.color(Role::red)));
+}
+
 TEST(Button, tellsItsNameAndRole)
 {
     Button button(Button::Kind::bordered, u"Change"_s);
