@@ -2,6 +2,7 @@
 
 #include "Keelbright/screens/ActivityLogModel.h"
 #include "Keelbright/screens/Announcement.h"
+#include "Keelbright/screens/ListCard.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/FileChooser.h"
 #include "Keelbright/state/L10n.h"
@@ -101,7 +102,6 @@ void ActivityLogView::addToolbar()
                             static_cast<QWidget*>(clearButton)})
         m_header->addAction(action);
     layout()->addWidget(m_header);
-    layout()->addWidget(new Separator);
 }
 
 void ActivityLogView::addStates()
@@ -115,10 +115,11 @@ void ActivityLogView::addStates()
     m_model = new ActivityLogModel(this);
     m_list = new RowListView(RowListView::Look::table, tr("Activity Log"));
     m_list->setRowModel(m_model);
+    m_listPage = makeListCard(m_list, this);
+    m_listPage->setContentsMargins(Metrics::pageMarginX, 0, Metrics::pageMarginX, Metrics::pageMarginY);
     auto* area = new QWidget;
     m_states = new QStackedLayout(area);
-    for (QWidget* state :
-         {static_cast<QWidget*>(m_empty), static_cast<QWidget*>(m_noMatch), static_cast<QWidget*>(m_list)})
+    for (QWidget* state : {static_cast<QWidget*>(m_empty), static_cast<QWidget*>(m_noMatch), m_listPage})
         m_states->addWidget(state);
     qobject_cast<QVBoxLayout*>(layout())->addWidget(area, 1);
 }
@@ -173,13 +174,14 @@ void ActivityLogView::redraw()
     m_header->setSubtitle(summaryLine(m_entries));
     const QList<ActivityEntry> shown = filtered();
     m_model->setEntries(shown, m_context.state.now());
+    fitListCard(m_list);
     if (m_entries.isEmpty()) {
         m_states->setCurrentWidget(m_empty);
     } else if (m_filterKind && shown.isEmpty()) {
         m_noMatch->setText(tr("No %1 entries").arg(title(*m_filterKind)));
         m_states->setCurrentWidget(m_noMatch);
     } else {
-        m_states->setCurrentWidget(m_list);
+        m_states->setCurrentWidget(m_listPage);
     }
 }
 

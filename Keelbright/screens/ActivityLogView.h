@@ -62,6 +62,7 @@ private:
     Label* m_noMatch = nullptr;
     ActivityLogModel* m_model = nullptr;
     RowListView* m_list = nullptr;
+    QWidget* m_listPage = nullptr;
 };
 
 } // namespace keelbright

@@ -4,6 +4,7 @@
 #include "Keelbright/screens/AppListModel.h"
 #include "Keelbright/screens/AppStoreSection.h"
 #include "Keelbright/screens/AppUsageSection.h"
+#include "Keelbright/screens/FlowLayout.h"
 #include "Keelbright/screens/LeftoversSection.h"
 #include "Keelbright/screens/UsageLook.h"
 #include "Keelbright/state/AppState.h"
@@ -56,7 +57,6 @@ QWidget* AppDetailPanel::makeHeader()
 {
     constexpr int iconSide = 56;
     const AppInfo& app = m_model.app();
-    const UsageLook look = lookOf(app.usageCategory);
     auto* header = new QWidget(this);
     auto* row = new QHBoxLayout(header);
     row->setContentsMargins(0, 0, 0, 0);
@@ -64,13 +64,8 @@ QWidget* AppDetailPanel::makeHeader()
     row->addWidget(new AppIconLabel(m_icons, app.url, iconSide, header));
     auto* words = new QVBoxLayout;
     words->setSpacing(2);
-    auto* title = new QHBoxLayout;
-    title->setSpacing(10);
-    title->addWidget(
-        new ElidedLabel(app.name, FontRole::toolbarTitle, Role::primaryText, Qt::ElideRight, header));
-    title->addWidget(new Tag(look.label, look.color, header));
-    title->addStretch(1);
-    words->addLayout(title);
+    words->addStretch();
+    words->addLayout(makeTitle(header));
     auto* facts = new QHBoxLayout;
     facts->setSpacing(10);
     facts->addWidget(new ElidedLabel(tr("v%1").arg(app.version), FontRole::secondary, Role::secondaryText,
@@ -79,8 +74,26 @@ QWidget* AppDetailPanel::makeHeader()
         new ElidedLabel(app.bundleID, FontRole::secondary, Role::secondaryText, Qt::ElideMiddle, header));
     facts->addStretch(1);
     words->addLayout(facts);
+    words->addStretch();
     row->addLayout(words, 1);
     return header;
+}
+
+/// The tag beside the name, and below it where that takes the whole width.
+QLayout* AppDetailPanel::makeTitle(QWidget* header) const
+{
+    const AppInfo& app = m_model.app();
+    const UsageLook look = lookOf(app.usageCategory);
+    auto* name = new ElidedLabel(app.name, FontRole::toolbarTitle, Role::primaryText, Qt::ElideRight, header);
+    auto* tagPlace = new QWidget(header);
+    tagPlace->setFixedHeight(name->sizeHint().height());
+    auto* middle = new QHBoxLayout(tagPlace);
+    middle->setContentsMargins(0, 0, 0, 0);
+    middle->addWidget(new Tag(look.label, look.color), 0, Qt::AlignVCenter);
+    auto* title = new FlowLayout(10, 0);
+    title->addWidget(name);
+    title->addWidget(tagPlace);
+    return title;
 }
 
 QWidget* AppDetailPanel::makeActions()

@@ -30,6 +30,7 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] QWidget* makeHeader();
+    [[nodiscard]] QLayout* makeTitle(QWidget* header) const;
     [[nodiscard]] QWidget* makeActions();
     [[nodiscard]] QString question() const;
     void endQuestion(void (AppDetailVM::*remove)());

@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int margin = 18;
+constexpr int margin = Metrics::panelPadding;
 
 QList<MenuButton::Choice> sortChoices()
 {

@@ -2,12 +2,12 @@
 
 #include "Keelbright/screens/AppDetailPanel.h"
 #include "Keelbright/screens/AppListPanel.h"
+#include "Keelbright/screens/RescanShortcuts.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/Panels.h"
 
 #include <QHBoxLayout>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace keelbright {
@@ -46,8 +46,7 @@ AppManagerView::AppManagerView(const ScreenContext& context, QWidget* parent)
         setSelectedApp(app);
         m_panel->askForRemoval();
     });
-    for (const QKeySequence& keys : {QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL | Qt::Key_R)})
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, &AppManagerView::scanApps);
+    addRescanShortcuts(*this, [this] { scanApps(); });
 }
 
 void AppManagerView::scanApps()

@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int categoryWidth = 306;
+constexpr int categoryWidth = 280;
 
 } // namespace
 

@@ -12,7 +12,7 @@ namespace keelbright {
 namespace {
 
 /// Keeps the rows away from the round corners.
-constexpr int cornerRoom = 5;
+constexpr int cornerRoom = 8;
 /// Any screen is smaller.
 constexpr int manyRows = 1000;
 
@@ -38,7 +38,9 @@ QWidget* makeListCard(RowListView* list, QWidget* parent)
 void fitListCard(RowListView* list)
 {
     const int rows = list->rowModel() != nullptr ? list->rowModel()->rowCount() : 0;
-    const int height = std::min(rows, manyRows) * RowMetrics::tableRow;
+    int height = 0;
+    for (int row = 0; row < std::min(rows, manyRows); ++row)
+        height += list->rowModel()->headerAt(row).isEmpty() ? RowMetrics::tableRow : RowMetrics::header;
     list->setMinimumHeight(std::min(height, 2 * RowMetrics::tableRow));
     QWidget* card = list->parentWidget();
     card->setMaximumHeight(height + 2 * cornerRoom + Metrics::cardShadow);

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int rowPadding = 16;
+constexpr int rowPadding = Metrics::cardPadding;
 constexpr int factLabelWidth = 110;
 constexpr int dotfileColumns = 3;
 constexpr qsizetype shownApps = 20;

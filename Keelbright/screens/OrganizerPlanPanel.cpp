@@ -59,7 +59,7 @@ OrganizerPlanPanel::OrganizerPlanPanel(OrganizerVM& vm, QWidget* parent)
 void OrganizerPlanPanel::addTargets()
 {
     auto* title = new Label(tr("QUICK TARGETS"), FontRole::groupTitle, Role::secondaryText, this);
-    title->setContentsMargins(18, 0, 18, 4);
+    title->setContentsMargins(Metrics::panelPadding, 0, Metrics::panelPadding, 4);
     content()->addWidget(title);
     for (const OrganizerVM::QuickTarget target : OrganizerVM::allQuickTargets()) {
         auto* row = new QuickTargetRow(symbolOf(target), labelOf(target), this);

@@ -11,7 +11,7 @@ namespace keelbright {
 namespace {
 
 constexpr int symbolSize = 40;
-constexpr int margin = 18;
+constexpr int margin = Metrics::panelPadding;
 
 } // namespace
 

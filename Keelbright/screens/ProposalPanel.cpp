@@ -45,7 +45,7 @@ QWidget* ProposalPanel::makeDetail()
     column->addWidget(m_header);
     // Not in the head, where it would leave no room for the words in a small window.
     auto* destination = new QHBoxLayout;
-    destination->setContentsMargins(18, 0, 18, 10);
+    destination->setContentsMargins(Metrics::panelPadding, 0, Metrics::panelPadding, 10);
     destination->addWidget(m_destination);
     destination->addStretch();
     column->addLayout(destination);

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int rowPadding = 14;
+constexpr int rowPadding = Metrics::cardPadding;
 constexpr int firstSourceRow = 1; ///< below the card's head
 
 QWidget* makeMoreRow(qsizetype count)

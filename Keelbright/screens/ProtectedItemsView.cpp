@@ -48,7 +48,7 @@ constexpr std::array notBackedUp{
                                   "Files without read permission or behind SIP are skipped safely.")},
 };
 
-constexpr int rowPadding = 14;
+constexpr int rowPadding = Metrics::cardPadding;
 constexpr int markSize = 18;
 
 QWidget* makeNotBackedUpRow(const NotBackedUp& entry)

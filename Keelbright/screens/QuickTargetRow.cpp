@@ -25,7 +25,7 @@ QuickTargetRow::QuickTargetRow(const QString& symbol, const QString& text, QWidg
     setAccessibleName(text);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(18, 10, 16, 10);
+    row->setContentsMargins(Metrics::panelPadding, 10, Metrics::panelPadding, 10);
     row->setSpacing(12);
     row->addWidget(new SymbolLabel(symbol, symbolSize, Role::accent, this));
     row->addWidget(new ElidedLabel(text, FontRole::bodyStrong, Role::primaryText, Qt::ElideRight, this), 1);

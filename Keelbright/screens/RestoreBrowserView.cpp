@@ -1,6 +1,7 @@
 #include "Keelbright/screens/RestoreBrowserView.h"
 
 #include "Keelbright/screens/Announcement.h"
+#include "Keelbright/screens/ListCard.h"
 #include "Keelbright/screens/PageSection.h"
 #include "Keelbright/screens/SnapshotRows.h"
 #include "Keelbright/state/AppState.h"
@@ -10,7 +11,6 @@
 #include "Keelbright/widgets/Card.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/Headers.h"
-#include "Keelbright/widgets/RowLayout.h"
 #include "Keelbright/widgets/RowListView.h"
 #include "Keelbright/widgets/RowWidget.h"
 #include "Keelbright/widgets/SymbolLabel.h"
@@ -26,13 +26,6 @@ namespace keelbright {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Keeps the square corners of the list off the round ones of its card.
-constexpr int listInset = 8;
-/// What of the list is to be seen in a small window, in rows; below that the page scrolls.
-constexpr int leastRows = 4;
-/// More than any screen is high.
-constexpr int mostRows = 1'000;
 
 /// The folders whose names are dates, newest first; none where there is no such listing.
 QList<BackupSnapshot> datedFolders(const FileURL& folder)
@@ -108,16 +101,11 @@ void RestoreBrowserView::addSnapshots()
 {
     m_heading = new SectionHeader({});
     auto* section = new PageSection(m_heading, this);
-    m_frame = new Card(section);
-    m_frame->content()->setContentsMargins(1, listInset, 1, listInset);
-    m_frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
-    m_list = new RowListView(RowListView::Look::table, tr("Snapshots"), m_frame);
+    m_list = new RowListView(RowListView::Look::table, tr("Snapshots"), section);
     m_list->setRowModel(m_rows);
     connect(m_list, &RowListView::actionPressed, this,
             [this](int row) { m_workspace.open(snapshots().at(row).folderURL); });
-    m_frame->content()->addWidget(m_list);
-    section->content()->addWidget(m_frame, 1);
-    section->content()->addStretch();
+    section->content()->addWidget(makeListCard(m_list, section), 1);
     m_found = section;
     content()->addWidget(section, 1);
     m_nothingFound = new EmptyStateView(tr("No Snapshots Found"),
@@ -167,9 +155,7 @@ void RestoreBrowserView::redraw()
     m_found->setVisible(isOpened && count > 0);
     m_nothingFound->setVisible(isOpened && count == 0);
     m_heading->setTitle(tr("Snapshots (%1)").arg(QString::number(count)));
-    m_list->setMinimumHeight(std::min(count, leastRows) * RowMetrics::tableRow);
-    m_frame->setMaximumHeight(std::min(count, mostRows) * RowMetrics::tableRow + 2 * listInset +
-                              Metrics::cardShadow);
+    fitListCard(m_list);
 }
 
 } // namespace keelbright

@@ -8,7 +8,6 @@
 namespace keelbright {
 
 class AppState;
-class Card;
 class RowListView;
 class SectionHeader;
 class SnapshotRows;
@@ -53,7 +52,6 @@ private:
     QWidget* m_latest = nullptr;
     QWidget* m_found = nullptr;
     SectionHeader* m_heading = nullptr;
-    Card* m_frame = nullptr;
     RowListView* m_list = nullptr;
     QWidget* m_nothingFound = nullptr;
 };

@@ -1,9 +1,9 @@
 #include "Keelbright/screens/ScanReportPanel.h"
 
 #include "Keelbright/screens/HealthCard.h"
+#include "Keelbright/screens/ListCard.h"
 #include "Keelbright/screens/ScanFindingsModel.h"
 #include "Keelbright/widgets/Card.h"
-#include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/Progress.h"
 #include "Keelbright/widgets/RowListView.h"
@@ -29,11 +29,10 @@ ScanReportPanel::ScanReportPanel(QWidget* parent)
     , m_list(new RowListView(RowListView::Look::table, tr("Findings")))
 {
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    layout->setContentsMargins(Metrics::pageMarginX, 0, Metrics::pageMarginX, Metrics::pageMarginY);
+    layout->setSpacing(Metrics::cardSpacing - Metrics::cardShadow);
     layout->addWidget(makeBanner());
-    layout->addWidget(new Separator);
-    layout->addWidget(m_list, 1);
+    layout->addWidget(makeListCard(m_list, this), 1);
     m_list->setRowModel(m_model);
     connect(m_list, &RowListView::actionPressed, this,
             [this](int row) { Q_EMIT findingPressed(m_model->findingAt(row)); });
@@ -64,11 +63,7 @@ QString ScanReportPanel::reclaimLine(const FullScanReport& report)
 
 QWidget* ScanReportPanel::makeBanner()
 {
-    auto* ground = new QWidget;
-    auto* margins = new QVBoxLayout(ground);
-    margins->setContentsMargins(Metrics::pageMarginX, 0, Metrics::pageMarginX, Metrics::sectionSpacing);
     auto* card = new Card;
-    margins->addWidget(card);
     auto* row = new QHBoxLayout;
     row->setSpacing(16);
     m_health = new RingProgress(tr("Health"), ringDiameter, ringThickness);
@@ -84,7 +79,7 @@ QWidget* ScanReportPanel::makeBanner()
     words->addStretch();
     row->addLayout(words, 1);
     card->content()->addLayout(row);
-    return ground;
+    return card;
 }
 
 void ScanReportPanel::setReport(const FullScanReport& report)
@@ -100,6 +95,7 @@ void ScanReportPanel::setReport(const FullScanReport& report)
     m_reclaim->setText(reclaimLine(report));
     m_reclaim->setVisible(report.totalReclaimableBytes > 0);
     m_model->setFindings(report.findings);
+    fitListCard(m_list);
 }
 
 } // namespace keelbright

@@ -10,7 +10,7 @@ namespace keelbright {
 namespace {
 
 constexpr int barHeight = 56;
-constexpr int barMargin = 18;
+constexpr int barMargin = Metrics::panelPadding;
 
 } // namespace
 

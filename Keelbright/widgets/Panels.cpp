@@ -17,7 +17,7 @@ namespace keelbright {
 namespace {
 
 constexpr int headerHeight = 66;
-constexpr int headerMargin = 18;
+constexpr int headerMargin = Metrics::panelPadding;
 constexpr int symbolSize = 20;
 constexpr int narrowestRight = 300;
 

@@ -94,6 +94,8 @@ inline constexpr int pageMaxWidth = 1040;
 inline constexpr int sectionSpacing = 18;
 inline constexpr int cardSpacing = 12;
 inline constexpr int cardPadding = 16;
+/// From the side of a panel or a bar to what stands in it.
+inline constexpr int panelPadding = 16;
 inline constexpr int cardRadius = 12;
 /// What a card leaves at its bottom for its shadow.
 inline constexpr int cardShadow = 2;

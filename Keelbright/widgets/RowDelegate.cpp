@@ -71,7 +71,7 @@ void RowDelegate::paintGround(QPainter& painter, const QStyleOptionViewItem& opt
         painter.setBrush(theme.color(isSelected ? Role::selection : Role::hover));
         painter.drawRoundedRect(field, radius, radius);
     }
-    if (!isPanel)
+    if (!isPanel && index.row() + 1 < index.model()->rowCount())
         painter.fillRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1,
                          theme.color(Role::line));
     if (m_view->showsFocusAt(index))

@@ -29,10 +29,10 @@ namespace RowMetrics {
 inline constexpr int tableRow = Metrics::row + 1; ///< with its line
 inline constexpr int panelRow = 50;
 inline constexpr int header = 38;
-inline constexpr int tablePadding = 18;
-inline constexpr int panelInset = 8; ///< around the field of a row
+inline constexpr int tablePadding = Metrics::panelPadding;
+inline constexpr int panelInset = 6; ///< around the field of a row
 inline constexpr int panelRadius = 8;
-inline constexpr int panelPadding = 11; ///< within the field
+inline constexpr int panelPadding = Metrics::panelPadding - panelInset; ///< within the field
 inline constexpr int markSize = 15;
 } // namespace RowMetrics
 

@@ -60,15 +60,17 @@ void RowListView::setRowModel(RowModel* model)
 {
     m_model = model;
     setModel(model);
-    // Rows of one height are laid out without asking for each.
-    const auto lookForHeaders = [this] {
+    const auto lookAtRows = [this] {
+        // Nothing would show where the keyboard is in a list without rows.
+        setFocusPolicy(m_model->rowCount() > 0 ? Qt::StrongFocus : Qt::NoFocus);
+        // Rows of one height are laid out without asking for each.
         bool hasHeaders = false;
         for (int row = 0; !hasHeaders && row < m_model->rowCount(); ++row)
             hasHeaders = !m_model->headerAt(row).isEmpty();
         setUniformItemSizes(!hasHeaders);
     };
-    lookForHeaders();
-    connect(model, &QAbstractItemModel::modelReset, this, lookForHeaders);
+    lookAtRows();
+    connect(model, &QAbstractItemModel::modelReset, this, lookAtRows);
     // The selection, not the current row: a screen reader selects a row without going to it.
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
         const QModelIndexList selected = selectionModel()->selectedIndexes();

@@ -11,7 +11,7 @@ namespace keelbright {
 
 namespace {
 
-constexpr int rowPadding = 14;
+constexpr int rowPadding = Metrics::cardPadding;
 constexpr double tagTint = 0.12;
 
 } // namespace

@@ -32,12 +32,12 @@ struct ScanFinding
     using Action = std::variant<NavigateTo, OpenURL>;
 
     QUuid id = QUuid::createUuid(); ///< not stable across scans
-    Category category;
+    Category category = Category::backup;
     QString title;
     QString detail;
-    qint64 sizeBytes; ///< 0 where there is no size to show
+    qint64 sizeBytes = 0; ///< 0 where there is no size to show
     Action action;
-    Severity severity;
+    Severity severity = Severity::low;
 
     /// Empty where `sizeBytes` is not above 0.
     [[nodiscard]] QString formattedSize() const;

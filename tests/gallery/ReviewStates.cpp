@@ -126,6 +126,60 @@ void playReportErrors(Stage& stage)
     stage.goTo(Screen::backupReport);
 }
 
+void playRestoreEmpty(Stage& stage)
+{
+    stage.goTo(Screen::restoreBrowser);
+}
+
+void openBackup(Stage& stage, const FileURL& root)
+{
+    stage.goTo(Screen::restoreBrowser);
+    stage.folderChooser.willChoose({root});
+    stage.press(u"Open Backup Folder"_s);
+    stage.settle();
+}
+
+void playRestore(Stage& stage)
+{
+    const QByteArray device = "Volumes/Backup Drive/Keelbright/Mira's Mac/";
+    stage.mac.makeFolder(device + "Latest");
+    for (const char* name : {"2026-02-27-1805", "2026-02-20-0915", "2025-12-24-1200", "2024-05-01-0930"})
+        stage.mac.makeFolder(device + "Snapshots/" + name);
+    openBackup(stage, stage.mac.root().appendingNative(device));
+}
+
+void playRestoreWithoutSnapshots(Stage& stage)
+{
+    openBackup(stage, stage.mac.makeFolder("Volumes/Backup Drive/Keelbright/Mira's Mac/Latest")
+                          .deletingLastPathComponent());
+}
+
+void playRecovery(Stage& stage)
+{
+    stage.goTo(Screen::recovery);
+}
+
+void playRecoveryLoaded(Stage& stage)
+{
+    stage.mira.populate();
+    stage.start();
+    stage.chooseDrive();
+    stage.backUp();
+    stage.goTo(Screen::recovery);
+    stage.fileChooser.willChoose(FileURL::fromPath(stage.state().lastReport()->manifestPath));
+    stage.press(u"Load Manifest…"_s);
+    stage.settle();
+}
+
+void playRecoveryError(Stage& stage)
+{
+    stage.goTo(Screen::recovery);
+    stage.fileChooser.willChoose(
+        stage.mac.writeFile("Users/mira/recovery-manifest.json", "{\"deviceName\": 3}"));
+    stage.press(u"Load Manifest…"_s);
+    stage.settle();
+}
+
 void playSettings(Stage& stage)
 {
     stage.goTo(Screen::settings);
@@ -155,6 +209,12 @@ QList<ScreenState> reviewStates()
         {"report", "empty", playReportEmpty},
         {"report", "finished", playReport, true},
         {"report", "errors", playReportErrors},
+        {"restore-browser", "empty", playRestoreEmpty},
+        {"restore-browser", "snapshots", playRestore, true},
+        {"restore-browser", "no-snapshots", playRestoreWithoutSnapshots},
+        {"recovery", "guide", playRecovery},
+        {"recovery", "loaded", playRecoveryLoaded, true},
+        {"recovery", "error", playRecoveryError},
         {"settings", "fresh", playSettings},
         {"settings", "chosen", playSettingsChosen},
     };

@@ -4,7 +4,7 @@ namespace keelbright::testing {
 
 QList<ScreenState> screenStates()
 {
-    return protectStates() + cleanStates() + storageStates() + reviewStates();
+    return protectStates() + cleanStates() + storageStates() + organiseStates() + reviewStates();
 }
 
 } // namespace keelbright::testing

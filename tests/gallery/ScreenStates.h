@@ -23,10 +23,16 @@ struct ScreenState
 /// checks of all screens are made from this list: a new state is one line here.
 [[nodiscard]] QList<ScreenState> screenStates();
 
+/// The name of a file that no place has room for.
+inline constexpr char longName[] =
+    "A name so long that nobody would ever write it on the back of a photograph, not even Grandma in "
+    "the summer of 1961 (final, corrected, second copy)";
+
 // The parts of the list.
 [[nodiscard]] QList<ScreenState> protectStates();
 [[nodiscard]] QList<ScreenState> cleanStates();
 [[nodiscard]] QList<ScreenState> storageStates();
+[[nodiscard]] QList<ScreenState> organiseStates();
 [[nodiscard]] QList<ScreenState> reviewStates();
 
 } // namespace keelbright::testing

@@ -7,6 +7,7 @@
 
 #include <QAbstractItemView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QSettings>
@@ -132,6 +133,18 @@ void Stage::pick(const QString& choice)
         }
     }
     ADD_FAILURE() << "no choice " << choice.toStdString();
+}
+
+void Stage::write(const QString& name, const QString& words)
+{
+    for (auto* field : screen().findChildren<QLineEdit*>()) {
+        if (field->accessibleName() == name && field->isVisible()) {
+            field->setText(words);
+            turnFrames();
+            return;
+        }
+    }
+    ADD_FAILURE() << "no field " << name.toStdString();
 }
 
 QStringList Stage::texts()

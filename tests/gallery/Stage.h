@@ -38,6 +38,14 @@ public:
     qint64 freeBytes = 141'300'000'000;
 };
 
+/// A machine on which it is ten in the morning of the day on which the stage plays: backups take their
+/// time from the computer, and the screens are to show them as of today.
+class StageMac : public TestMac
+{
+public:
+    StageMac() { setNow({QDateTime::currentDateTimeUtc().date(), QTime(9, 5, 7), Qt::UTC}); }
+};
+
 /// The real window on the machine of one Mira, brought into a state by what she would do: scans run
 /// on real files, backups copy them. Nothing moves by itself.
 class Stage
@@ -68,6 +76,8 @@ public:
     void choose(const QString& title);
     /// Picks the choice with these words in the first menu on the screen that has it.
     void pick(const QString& choice);
+    /// Writes into the field of this accessible name.
+    void write(const QString& name, const QString& words);
     /// The words of every label on the screen.
     [[nodiscard]] QStringList texts();
     /// Turns the event loop until the condition holds; a failure after 30 seconds.
@@ -82,7 +92,7 @@ public:
     /// Runs a backup of the chosen folders to the chosen destination.
     void backUp();
 
-    TestMac mac;
+    StageMac mac;
     StageFileManager files{mac.root()};
     FileManagerGuard guard{files};
     MadeUpMac mira{mac.root(), mac.clock()()};

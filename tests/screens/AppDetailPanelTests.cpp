@@ -21,8 +21,6 @@ const QByteArray sketchbookInTheStore = R"({"results": [{"trackName": "Sketchboo
 class AppDetailPanelTests : public AppManagerTestCase
 {
 protected:
-    ~AppDetailPanelTests() override { waitForBackgroundWork(); }
-
     [[nodiscard]] AppInfo sketchbook(const QString& name = u"Sketchbook"_s) const
     {
         const QDateTime now = mac.clock()();
@@ -49,11 +47,6 @@ protected:
         auto panel = makePanel(app);
         waitForFiles(*panel);
         return panel;
-    }
-
-    static void waitForFiles(const AppDetailPanel& panel)
-    {
-        turnUntil([&] { return !textsIn(panel).contains(u"Scanning for leftover files…"_s); });
     }
 
     [[nodiscard]] FileURL groupContainers() const

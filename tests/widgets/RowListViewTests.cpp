@@ -354,6 +354,27 @@ TEST_F(RowListViewTest, onlyWhatIsSeenIsAskedFor)
     EXPECT_LT(model.rowsMade, 400);
 }
 
+TEST_F(RowListViewTest, tabPassesByAListWithoutRows)
+{
+    EXPECT_EQ(view.focusPolicy(), Qt::StrongFocus);
+    model.setTitles({});
+    EXPECT_EQ(view.focusPolicy(), Qt::NoFocus);
+    model.setTitles({u"Letters"_s});
+    EXPECT_EQ(view.focusPolicy(), Qt::StrongFocus);
+}
+
+TEST_F(RowListViewTest, noLineStandsBelowTheLastRow)
+{
+    show();
+    const QImage picture = view.grab().toImage();
+    const auto lineBelow = [&](int row) {
+        return picture.pixelColor(2, view.visualRect(model.index(row, 0)).bottom());
+    };
+    const QColor ground = picture.pixelColor(2, view.visualRect(model.index(0, 0)).top());
+    EXPECT_NE(lineBelow(0), ground);
+    EXPECT_EQ(lineBelow(model.rowCount() - 1), ground);
+}
+
 TEST_F(RowListViewTest, theFocusCanBeSeenAfterAKeyAndNotAfterAClick)
 {
     show();
