@@ -9,20 +9,18 @@
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 #include "bench/BenchTree.h"
+#include "bench/Stall.h"
 #include "tests/support/BackgroundWork.h"
 #include "tests/support/FakeAlertPresenter.h"
 #include "tests/support/FakeFileChooser.h"
 #include "tests/support/FakeFolderChooser.h"
 #include "tests/support/FakeWorkspace.h"
-#include "tests/support/StallProbe.h"
 
-#include <QScrollBar>
 #include <QSettings>
 #include <QTest>
 #include <benchmark/benchmark.h>
 
-// What is measured is the longest time for which the window did not answer, from what the user did
-// until the last picture of it; the work in the background is not in it.
+// Screens with as much as they must bear, from the scan to the last row.
 
 namespace keelbright::bench {
 namespace {
@@ -48,22 +46,6 @@ struct Machine
     AppState state{{configStore, activityStore, userDefaults, chooser, mac.clock()}};
 };
 
-/// A frame, the picture of it, and what comes after.
-void settle()
-{
-    constexpr int milliseconds = 120;
-    QTest::qWait(milliseconds);
-}
-
-template <typename Act> void measureStall(benchmark::State& state, Act act)
-{
-    const testing::StallProbe probe;
-    QTest::qWait(5);
-    act();
-    settle();
-    state.SetIterationTime(probe.longestSeconds());
-}
-
 RowListView* listOf(const QWidget& view, const QString& name)
 {
     for (auto* list : view.findChildren<RowListView*>()) {
@@ -84,11 +66,6 @@ Button* buttonOf(const QWidget& view, const QString& name)
     if (found == nullptr)
         qFatal("no button %s", qPrintable(name));
     return found;
-}
-
-void scroll(RowListView& list, int step)
-{
-    list.verticalScrollBar()->setValue(list.verticalScrollBar()->maximum() / 20 * step);
 }
 
 struct JunkMachine : Machine
@@ -175,12 +152,7 @@ template <typename Kind> void scrollThrough(benchmark::State& state, const QStri
     settle();
     RowListView* list = listOf(*view, name);
     for (auto _ : state) {
-        measureStall(state, [&] {
-            for (int step = 0; step <= 20; ++step) {
-                scroll(*list, step);
-                QTest::qWait(16);
-            }
-        });
+        measureStall(state, [&] { scrollToTheEnd(*list); });
     }
 }
 
@@ -224,16 +196,14 @@ void organizerScrolls(benchmark::State& state)
     scrollThrough<PlanMachine>(state, u"Files"_s);
 }
 
-constexpr int repetitions = 5;
-
-BENCHMARK(junkCleanerOpens)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
-BENCHMARK(junkCleanerTicksAll)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
-BENCHMARK(junkCleanerTicksOne)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
-BENCHMARK(junkCleanerScrolls)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
-BENCHMARK(organizerOpens)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
-BENCHMARK(organizerTicksAll)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
-BENCHMARK(organizerTicksOne)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
-BENCHMARK(organizerScrolls)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(repetitions);
+BENCHMARK(junkCleanerOpens)->Apply(asStall);
+BENCHMARK(junkCleanerTicksAll)->Apply(asStall);
+BENCHMARK(junkCleanerTicksOne)->Apply(asStall);
+BENCHMARK(junkCleanerScrolls)->Apply(asStall);
+BENCHMARK(organizerOpens)->Apply(asStall);
+BENCHMARK(organizerTicksAll)->Apply(asStall);
+BENCHMARK(organizerTicksOne)->Apply(asStall);
+BENCHMARK(organizerScrolls)->Apply(asStall);
 
 } // namespace
 } // namespace keelbright::bench
