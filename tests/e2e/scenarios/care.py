@@ -1,5 +1,7 @@
 """Junk and storage: what looks after the machine and moves things to the Trash."""
 
+import re
+
 from keelbright import WINDOW
 from scenario import Scenario
 from window import wait_until
@@ -70,10 +72,15 @@ class StorageBrowser(Scenario):
         window.label("Choose a Folder to Explore")
         return window
 
-    def test_walks_down_and_back(self):
+    def make_three_levels(self):
         deep = self.machine.home / "Pictures/Lofoten 2024/Day one"
         deep.mkdir()
-        (deep / "Evening.jpg").write_bytes(b"x" * 900_000)
+        # Large enough for a cell of its own at every level.
+        with (deep / "Evening.jpg").open("wb") as photograph:
+            photograph.truncate(6_000_000_000)
+
+    def test_walks_three_levels_down_and_back_in_the_list(self):
+        self.make_three_levels()
         window = self.open()
         window.button("Home").press()
         window.choose_row("Pictures")
@@ -82,16 +89,53 @@ class StorageBrowser(Scenario):
         window.row("Evening.jpg")
         window.button("Back").press()
         window.row("IMG_4123.jpg")
-        window.button("Pictures").press()
+        _shortcut, crumb = window.all("push button", "Pictures")
+        crumb.press()
         window.row("Wedding")
+        window.button("Back").press()
+        window.row("Documents")
+        self.assertFalse(window.button("Back").is_enabled)
+
+    def test_walks_three_levels_down_and_back_in_the_treemap(self):
+        self.make_three_levels()
+        window = self.open()
+        window.button("Home").press()
+        window.row("Pictures")
+        window.find("radio button", "Treemap").press()
+        down = ("Pictures", "Lofoten 2024", "Day one")
+        for folder in down:
+            window.choose_row(folder)
+        window.row("Evening.jpg")
+        for folder in reversed(down):
+            window.button("Back").press()
+            window.row(folder)
+        self.assertFalse(window.button("Back").is_enabled)
+
+    def test_walks_three_levels_back_among_the_largest_files(self):
+        self.make_three_levels()
+        window = self.open()
+        window.button("Home").press()
+        for folder in ("Pictures", "Lofoten 2024", "Day one"):
+            window.choose_row(folder)
+        window.row("Evening.jpg")
+        window.find("radio button", "Largest Files").press()
+        window.label("Top 1 largest files in Day one")
+        # The list stays on the way back, and is made anew when it is asked for.
+        for folder in ("Lofoten 2024", "Pictures", self.machine.home.name):
+            window.button("Back").press()
+            window.label(f"Top 1 largest files in {folder}")
+        self.assertFalse(window.button("Back").is_enabled)
+        window.find("radio button", "List").press()
+        window.find("radio button", "Largest Files").press()
+        anew = re.compile(rf"Top \d\d largest files in {self.machine.home.name}")
+        wait_until(lambda: [text for text in window.labels() if anew.fullmatch(text)], "the list is not made anew")
 
     def test_shows_a_folder_in_three_ways(self):
         window = self.open()
         window.button("Pictures").press()
         window.row("Lofoten 2024")
         window.find("radio button", "Treemap").press()
-        wait_until(lambda: [cell for cell in window.all() if cell.name.startswith("Wedding") and "350 KB" in cell.name],
-                   "no cell of the treemap")
+        window.row("Wedding, 350 KB")
         window.find("radio button", "Largest Files").press()
         window.row("1")
         window.find("radio button", "List").press()
