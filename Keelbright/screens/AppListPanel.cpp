@@ -5,6 +5,7 @@
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/MenuButton.h"
+#include "Keelbright/widgets/PanelNote.h"
 #include "Keelbright/widgets/RowListView.h"
 #include "Keelbright/widgets/SearchField.h"
 #include "Keelbright/widgets/SymbolLabel.h"

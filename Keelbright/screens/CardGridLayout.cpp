@@ -7,31 +7,15 @@
 namespace keelbright {
 
 CardGridLayout::CardGridLayout(QWidget* parent)
-    : QLayout(parent)
+    : ItemLayout(parent)
 {
-    setContentsMargins(0, 0, 0, 0);
     setSpacing(Metrics::cardSpacing);
-}
-
-CardGridLayout::~CardGridLayout()
-{
-    qDeleteAll(m_items);
-}
-
-void CardGridLayout::addItem(QLayoutItem* item)
-{
-    m_items.append(item);
-}
-
-QLayoutItem* CardGridLayout::takeAt(int index)
-{
-    return index >= 0 && index < m_items.size() ? m_items.takeAt(index) : nullptr;
 }
 
 int CardGridLayout::narrowestColumn() const
 {
     int width = 0;
-    for (const QLayoutItem* item : m_items)
+    for (const QLayoutItem* item : items())
         width = std::max(width, item->minimumSize().width());
     return width;
 }
@@ -39,7 +23,7 @@ int CardGridLayout::narrowestColumn() const
 int CardGridLayout::rowHeight() const
 {
     int height = 0;
-    for (const QLayoutItem* item : m_items)
+    for (const QLayoutItem* item : items())
         height = std::max(height, item->sizeHint().height());
     return height;
 }
@@ -57,7 +41,7 @@ int CardGridLayout::columnsWithin(int width) const
 
 int CardGridLayout::heightForWidth(int width) const
 {
-    if (m_items.isEmpty())
+    if (items().isEmpty())
         return 0;
     const int rows = count() / columnsWithin(width);
     return rows * (rowHeight() + spacing()) - spacing();
@@ -85,7 +69,7 @@ void CardGridLayout::setGeometry(const QRect& rect)
         const int left = column * (rect.width() + spacing()) / columns;
         const int right = (column + 1) * (rect.width() + spacing()) / columns - spacing();
         const int top = (i / columns) * (height + spacing());
-        m_items.at(i)->setGeometry({rect.left() + left, rect.top() + top, right - left, height});
+        items().at(i)->setGeometry({rect.left() + left, rect.top() + top, right - left, height});
     }
 }
 

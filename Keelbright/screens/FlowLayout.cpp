@@ -5,38 +5,17 @@
 namespace keelbright {
 
 FlowLayout::FlowLayout(int horizontalSpacing, int verticalSpacing, QWidget* parent)
-    : QLayout(parent)
+    : ItemLayout(parent)
     , m_horizontalSpacing(horizontalSpacing)
     , m_verticalSpacing(verticalSpacing)
-{
-    setContentsMargins(0, 0, 0, 0);
-}
-
-FlowLayout::~FlowLayout()
-{
-    qDeleteAll(m_items);
-}
-
-void FlowLayout::addItem(QLayoutItem* item)
-{
-    m_items.append(item);
-    invalidate();
-}
-
-QLayoutItem* FlowLayout::takeAt(int index)
-{
-    if (index < 0 || index >= m_items.size())
-        return nullptr;
-    invalidate();
-    return m_items.takeAt(index);
-}
+{}
 
 template <typename Place> int FlowLayout::flow(const QRect& rect, Place place) const
 {
     int x = 0;
     int y = 0;
     int lineHeight = 0;
-    for (QLayoutItem* item : m_items) {
+    for (QLayoutItem* item : items()) {
         if (item->isEmpty())
             continue;
         const QSize size = item->sizeHint().boundedTo({rect.width(), QLAYOUTSIZE_MAX});
@@ -60,7 +39,7 @@ int FlowLayout::heightForWidth(int width) const
 QSize FlowLayout::sizeHint() const
 {
     QSize hint(0, 0);
-    for (const QLayoutItem* item : m_items) {
+    for (const QLayoutItem* item : items()) {
         if (item->isEmpty())
             continue;
         const QSize size = item->sizeHint();
@@ -73,7 +52,7 @@ QSize FlowLayout::sizeHint() const
 QSize FlowLayout::minimumSize() const
 {
     QSize least(0, 0);
-    for (const QLayoutItem* item : m_items)
+    for (const QLayoutItem* item : items())
         least = least.expandedTo(item->minimumSize());
     return least;
 }

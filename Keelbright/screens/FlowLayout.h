@@ -1,31 +1,16 @@
 #pragma once
 
-#include <QLayout>
-#include <QList>
+#include "Keelbright/screens/ItemLayout.h"
 
 namespace keelbright {
 
 /// One beside the other, and on as many lines as the width asks for. What is hidden takes no room.
-class FlowLayout : public QLayout
+class FlowLayout : public ItemLayout
 {
     Q_OBJECT
 
 public:
     FlowLayout(int horizontalSpacing, int verticalSpacing, QWidget* parent = nullptr);
-    ~FlowLayout() override;
-    Q_DISABLE_COPY_MOVE(FlowLayout)
-
-    void addItem(QLayoutItem* item) override;
-
-    [[nodiscard]] int count() const override { return static_cast<int>(m_items.size()); }
-
-    [[nodiscard]] QLayoutItem* itemAt(int index) const override { return m_items.value(index); }
-
-    QLayoutItem* takeAt(int index) override;
-
-    [[nodiscard]] Qt::Orientations expandingDirections() const override { return {}; }
-
-    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
 
     [[nodiscard]] int heightForWidth(int width) const override;
     [[nodiscard]] QSize sizeHint() const override;
@@ -38,7 +23,6 @@ private:
 
     int m_horizontalSpacing;
     int m_verticalSpacing;
-    QList<QLayoutItem*> m_items;
 };
 
 } // namespace keelbright

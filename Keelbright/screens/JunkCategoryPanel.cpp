@@ -2,7 +2,7 @@
 
 #include "Keelbright/screens/Announcement.h"
 #include "Keelbright/screens/JunkCategoryModel.h"
-#include "Keelbright/screens/PanelNote.h"
+#include "Keelbright/widgets/PanelNote.h"
 #include "Keelbright/widgets/RowListView.h"
 
 #include <QStackedLayout>

@@ -5,7 +5,7 @@
 #include "Keelbright/screens/StorageFileTypes.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/ElidedLabel.h"
-#include "Keelbright/widgets/Panels.h"
+#include "Keelbright/widgets/PanelNote.h"
 #include "Keelbright/widgets/RowListView.h"
 
 #include <QHBoxLayout>

@@ -1,7 +1,6 @@
 #include "Keelbright/screens/OrganizerPlanPanel.h"
 
 #include "Keelbright/screens/Announcement.h"
-#include "Keelbright/screens/PanelNote.h"
 #include "Keelbright/screens/ProposalModel.h"
 #include "Keelbright/screens/QuickTargetRow.h"
 #include "Keelbright/screens/SelectionSummary.h"
@@ -9,6 +8,7 @@
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/Label.h"
+#include "Keelbright/widgets/PanelNote.h"
 #include "Keelbright/widgets/RowListView.h"
 
 #include <QCoreApplication>

@@ -7,7 +7,7 @@
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/Headers.h"
-#include "Keelbright/widgets/Panels.h"
+#include "Keelbright/widgets/PanelNote.h"
 #include "Keelbright/widgets/RowListView.h"
 #include "KeelbrightCore/platform/DateFormatter.h"
 

@@ -15,7 +15,7 @@
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/DisplayText.h"
 #include "Keelbright/widgets/EmptyStateView.h"
-#include "Keelbright/widgets/Panels.h"
+#include "Keelbright/widgets/PanelNote.h"
 #include "Keelbright/widgets/RowListView.h"
 #include "KeelbrightCore/platform/FileManager.h"
 

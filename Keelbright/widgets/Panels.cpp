@@ -2,12 +2,11 @@
 
 #include "Keelbright/widgets/ElidedLabel.h"
 #include "Keelbright/widgets/Label.h"
-#include "Keelbright/widgets/Progress.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 #include "Keelbright/widgets/Theme.h"
 
-#include <QAccessible>
 #include <QHBoxLayout>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -100,34 +99,6 @@ QWidget* makeSplit(QWidget* left, QWidget* right, int leftWidth, QWidget* parent
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({leftWidth, 10000});
     return splitter;
-}
-
-BusyState::BusyState(const QString& title, const QString& detail, int diameter, QWidget* parent)
-    : QWidget(parent)
-{
-    setAccessibleName(title);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(headerMargin, headerMargin, headerMargin, headerMargin);
-    layout->setSpacing(6);
-    layout->addStretch(4);
-    layout->addWidget(new Spinner(title, diameter, this), 0, Qt::AlignHCenter);
-    layout->addSpacing(6);
-    const auto addWords = [this, layout](const QString& text, FontRole font, Role color) {
-        auto* label = makeWrappingLabel(text, font, color, this);
-        label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-        layout->addWidget(label);
-    };
-    addWords(title, FontRole::sectionTitle, Role::primaryText);
-    if (!detail.isEmpty())
-        addWords(detail, FontRole::body, Role::secondaryText);
-    layout->addStretch(5);
-}
-
-void BusyState::showEvent(QShowEvent* event)
-{
-    QWidget::showEvent(event);
-    QAccessibleEvent alert(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
 }
 
 } // namespace keelbright

@@ -59,18 +59,4 @@ private:
 /// left. Takes both over.
 [[nodiscard]] QWidget* makeSplit(QWidget* left, QWidget* right, int leftWidth, QWidget* parent = nullptr);
 
-/// Something is under way: a spinner, what it is, and words below, centred. The title is announced
-/// to a screen reader when it comes up.
-class BusyState : public QWidget
-{
-    Q_OBJECT
-
-public:
-    /// An empty detail takes no room.
-    BusyState(const QString& title, const QString& detail = {}, int diameter = 32, QWidget* parent = nullptr);
-
-protected:
-    void showEvent(QShowEvent* event) override;
-};
-
 } // namespace keelbright

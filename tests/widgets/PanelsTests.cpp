@@ -2,7 +2,6 @@
 
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/ElidedLabel.h"
-#include "Keelbright/widgets/Progress.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 #include "tests/support/Accessible.h"
 #include "tests/support/Printing.h"
@@ -59,20 +58,6 @@ TEST(SplitTest, theLeftPanelIsReadFirst)
     auto* right = new Ground(Role::card);
     const std::unique_ptr<QWidget> split(makeSplit(left, right, 290));
     EXPECT_EQ(split->findChildren<Ground*>(), (QList<Ground*>{left, right}));
-}
-
-TEST(BusyStateTest, saysWhatIsUnderWayWithASpinnerThatTurns)
-{
-    const ThemeGuard theme;
-    BusyState state(u"Scanning your Mac…"_s, u"Checking junk files."_s);
-    state.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&state));
-    EXPECT_TRUE(state.findChild<Spinner*>()->isTurning());
-    EXPECT_EQ(accessibleName(state.findChild<Spinner*>()), u"Scanning your Mac…"_s);
-    QStringList texts;
-    for (const auto* label : state.findChildren<QLabel*>())
-        texts.append(label->text());
-    EXPECT_EQ(texts, (QStringList{u"Scanning your Mac…"_s, u"Checking junk files."_s}));
 }
 
 } // namespace keelbright::testing

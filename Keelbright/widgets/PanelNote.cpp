@@ -1,9 +1,10 @@
-#include "Keelbright/screens/PanelNote.h"
+#include "Keelbright/widgets/PanelNote.h"
 
-#include "Keelbright/screens/Announcement.h"
 #include "Keelbright/widgets/Label.h"
+#include "Keelbright/widgets/Progress.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 
+#include <QAccessible>
 #include <QVBoxLayout>
 
 namespace keelbright {
@@ -17,6 +18,10 @@ constexpr int margin = Metrics::panelPadding;
 
 PanelNote::PanelNote(const QString& symbol, Role color, const QString& title, const QString& detail,
                      QWidget* parent)
+    : PanelNote(new SymbolLabel(symbol, symbolSize, color), title, detail, parent)
+{}
+
+PanelNote::PanelNote(QWidget* picture, const QString& title, const QString& detail, QWidget* parent)
     : QWidget(parent)
 {
     setAccessibleName(title);
@@ -25,7 +30,7 @@ PanelNote::PanelNote(const QString& symbol, Role color, const QString& title, co
     layout->setContentsMargins(margin, margin, margin, margin);
     layout->setSpacing(4);
     layout->addStretch(4);
-    layout->addWidget(new SymbolLabel(symbol, symbolSize, color, this), 0, Qt::AlignHCenter);
+    layout->addWidget(picture, 0, Qt::AlignHCenter);
     layout->addSpacing(8);
     const auto addWords = [this, layout](const QString& text, FontRole font, Role role) {
         auto* label = makeWrappingLabel(text, font, role, this);
@@ -41,7 +46,12 @@ PanelNote::PanelNote(const QString& symbol, Role color, const QString& title, co
 void PanelNote::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    announce(*this, accessibleName());
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
+
+BusyState::BusyState(const QString& title, const QString& detail, int diameter, QWidget* parent)
+    : PanelNote(new Spinner(title, diameter), title, detail, parent)
+{}
 
 } // namespace keelbright
