@@ -1,6 +1,7 @@
 #include "Keelbright/screens/ScanResultsView.h"
 
 #include "Keelbright/screens/Announcement.h"
+#include "Keelbright/screens/RescanShortcuts.h"
 #include "Keelbright/screens/ScanReportPanel.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/Workspace.h"
@@ -11,7 +12,6 @@
 #include "Keelbright/widgets/RowListView.h"
 #include "KeelbrightCore/platform/DateFormatter.h"
 
-#include <QShortcut>
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
@@ -35,8 +35,7 @@ ScanResultsView::ScanResultsView(const ScreenContext& context, QWidget* parent)
     layout->setSpacing(0);
     addHeader();
     addStates();
-    for (const QKeySequence& keys : {QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL | Qt::Key_R)})
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, &ScanResultsView::scan);
+    addRescanShortcuts(*this, [this] { scan(); });
     connect(&m_model, &ScanResultsVM::changed, &m_frames, &FrameThrottle::request);
     connect(&m_frames, &FrameThrottle::frame, this, &ScanResultsView::redraw);
     redraw();

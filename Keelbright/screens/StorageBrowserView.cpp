@@ -6,6 +6,7 @@
 #include "Keelbright/screens/FlowLayout.h"
 #include "Keelbright/screens/LargestFilesPanel.h"
 #include "Keelbright/screens/ListCard.h"
+#include "Keelbright/screens/RescanShortcuts.h"
 #include "Keelbright/screens/ScreenContext.h"
 #include "Keelbright/screens/StorageHeader.h"
 #include "Keelbright/screens/StorageNodeRow.h"
@@ -160,8 +161,7 @@ QWidget* StorageBrowserView::makeMap()
 
 void StorageBrowserView::addKeys()
 {
-    for (const QKeySequence& key : {QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL | Qt::Key_R)})
-        connect(new QShortcut(key, this), &QShortcut::activated, this, &StorageBrowserView::refresh);
+    addRescanShortcuts(*this, [this] { refresh(); });
     connect(new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Left), this), &QShortcut::activated, this,
             &StorageBrowserView::goBack);
     // In a list this key would ask for the Trash, and a slip must not.
