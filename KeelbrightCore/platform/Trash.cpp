@@ -113,7 +113,14 @@ std::expected<void, FileError> checkIsOutsideTrash(const HeldItem& item, const F
     return {};
 }
 
-/// Writes the record under a name that nobody has; that reserves the name for the item.
+/// 0 where it went well.
+int codeOf(const std::expected<void, int>& outcome)
+{
+    return outcome ? 0 : outcome.error();
+}
+
+/// Writes the record under a name that nobody has; that reserves the name for the item. It is on
+/// the drive before the item moves: after a power cut nobody else would know where that came from.
 std::expected<void, int> writeRecord(int folder, const QByteArray& name, const QByteArray& content)
 {
     FileDescriptor record(retrying([&] {
@@ -122,6 +129,8 @@ std::expected<void, int> writeRecord(int folder, const QByteArray& name, const Q
     if (!record.isOpen())
         return std::unexpected(errno);
     int code = writeAll(record.get(), content.constData(), static_cast<size_t>(content.size()));
+    if (code == 0)
+        code = codeOf(SystemCalls::flushData(record.get()));
     if (code == 0)
         code = record.close();
     if (code == 0)

@@ -2,6 +2,7 @@
 #include "tests/faults/CareFaultTest.h"
 #include "tests/faults/RunnerProcess.h"
 #include "tests/support/FailingDrive.h"
+#include "tests/support/ImageDrive.h"
 #include "tests/support/TemporaryVolume.h"
 
 namespace keelbright {
@@ -10,6 +11,7 @@ namespace {
 using namespace Qt::StringLiterals;
 using ::testing::ElementsAre;
 using testing::FailingDrive;
+using testing::ImageDrive;
 using testing::reasonNoVolume;
 using testing::RunnerProcess;
 using testing::TemporaryVolume;
@@ -64,6 +66,25 @@ TEST_F(FailingCareTest, aPlaceThatCannotBeLookedAtIsNotReplaced)
     EXPECT_TRUE(runner.finish().hasEnded);
     EXPECT_EQ(TestMac::read(old), "old");
     EXPECT_EQ(TestMac::read(loose), "new");
+}
+
+TEST_F(FailingCareTest, anItemStillKnowsWhereItCameFromAfterAPowerCut)
+{
+    const ImageDrive image(ImageDrive::Kind::ext4, 33'554'432);
+    if (!image.reasonMissing().empty())
+        GTEST_SKIP() << image.reasonMissing();
+    write(image.root().appendingNative("folder/file"), "content");
+    write(image.root().appendingNative("other"), "content");
+    ASSERT_TRUE(FileManager::defaultManager().openCopyDestination(image.root(), {}).value()->flush());
+    const auto place = FileManager::defaultManager().trashItem(image.root().appendingNative("folder/file"));
+    ASSERT_TRUE(place);
+    // Whoever brings something of his own onto the drive brings the move there too.
+    ASSERT_TRUE(FileManager::defaultManager().writeAtomically(image.root().appendingNative("other"), "new"));
+    image.pull();
+    image.putBack();
+    EXPECT_EQ(TestMac::read(*place), "content");
+    EXPECT_TRUE(TestMac::read(trashOf(image.root()).appendingNative("info/file.trashinfo"))
+                    .startsWith("[Trash Info]\nPath=folder/file\nDeletionDate="));
 }
 
 } // namespace

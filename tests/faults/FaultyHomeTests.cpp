@@ -1,3 +1,4 @@
+#include "Keelbright/state/AppDetailVM.h"
 #include "Keelbright/state/JunkCleanerVM.h"
 #include "tests/faults/CareFaultTest.h"
 #include "tests/faults/Unchangeable.h"
@@ -67,7 +68,8 @@ protected:
     {
         ASSERT_EQ(::chmod(mac.root().nativePath().constData(), 0755), 0);
         constexpr uid_t nobody = UnprivilegedUser::nobody;
-        for (const char* folder : {"", "Library", "Library/Caches", ".local", ".local/share"}) {
+        for (const char* folder :
+             {"", "Library", "Library/Caches", ".local", ".local/share", ".local/share/Keelbright"}) {
             const FileURL url = mac.makeFolder(QByteArray("Users/mira/") + folder);
             ASSERT_EQ(::lchown(url.nativePath().constData(), nobody, nobody), 0);
         }
@@ -175,6 +177,34 @@ TEST_F(FaultyHomeTest, anotherUsersFolderStaysAndTheOthersGo)
     EXPECT_EQ(contentOf(others), "content of others");
     EXPECT_FALSE(exists(own));
     EXPECT_THAT(inTrash("info"), ElementsAre("own.trashinfo"));
+}
+
+TEST_F(FaultyHomeTest, anApplicationOfTheSystemStaysAndItsLeftoversGo)
+{
+    if (::getuid() != 0)
+        GTEST_SKIP() << "only root can make an application of another user";
+    giveHomeAway();
+    const FileURL inside = mac.writeFile("Applications/Editor.app/Contents/Info.plist", "p");
+    const FileURL cache = makeCache("com.example.editor");
+    ASSERT_EQ(::lchown(cache.nativePath().constData(), UnprivilegedUser::nobody, UnprivilegedUser::nobody),
+              0);
+    AppFacts facts;
+    facts.name = u"Editor"_s;
+    facts.bundleID = u"com.example.editor"_s;
+    facts.url = mac.root().appendingNative("Applications/Editor.app");
+    AppDetailVM model(AppInfo(std::move(facts)), log, {});
+    model.loadLeftovers();
+    turnUntil([&model] { return !model.isLoadingLeftovers(); });
+    {
+        const UnprivilegedUser plainUser;
+        model.removeApp();
+    }
+    EXPECT_EQ(TestMac::read(inside), "p");
+    EXPECT_FALSE(exists(cache));
+    EXPECT_THAT(inTrash("info"), ElementsAre("com.example.editor.trashinfo"));
+    ASSERT_EQ(log.load().size(), 1);
+    EXPECT_EQ(log.load().first().detail, u"App + 1 leftover file moved to Trash"_s);
+    EXPECT_EQ(log.load().first().itemCount, 2);
 }
 
 TEST_F(FaultyHomeTest, whatNobodyMayChangeStaysAndWhatHoldsItGoesWhole)

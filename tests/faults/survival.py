@@ -226,6 +226,16 @@ def has_unnamed_files(folder):
         return False
 
 
+def has_links(folder):
+    trial = Path(folder) / "link on trial"
+    try:
+        trial.symlink_to("nowhere")
+        trial.unlink()
+        return True
+    except OSError:
+        return False
+
+
 def working_folder():
     """In memory where there is some: every backup ends with a flush of the whole drive."""
     memory = "/dev/shm"

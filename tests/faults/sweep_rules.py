@@ -4,7 +4,7 @@ import shutil
 import sys
 from pathlib import Path
 
-from survival import DEVICE, Backup, has_unnamed_files, sealed, sealed_version, write_sparse
+from survival import DEVICE, Backup, has_links, has_unnamed_files, sealed, sealed_version, write_sparse
 
 OLD, NEW = 1, 2
 LINK = "link"
@@ -29,9 +29,10 @@ def make_documents(machine, version):
         path.parent.mkdir(parents=True, exist_ok=True)
         write_sparse(path, sealed(path.name, version, size, b"\0" if name == "sparse" else None))
     (machine.documents / "odd mode").chmod(0o1646)
-    link = machine.documents / LINK
-    link.unlink(missing_ok=True)
-    link.symlink_to(link_target(version))
+    if has_links(machine.drive):
+        link = machine.documents / LINK
+        link.unlink(missing_ok=True)
+        link.symlink_to(link_target(version))
 
 
 class BackupMode:
@@ -91,9 +92,10 @@ class State:
         self.versions = {}
         for name in sizes():
             self.versions[name] = self._version(machine.mirror / name)
-        link = machine.mirror / LINK
-        target = link.readlink() if link.is_symlink() else None
-        self.versions[LINK] = next((version for version in (OLD, NEW) if target == link_target(version)), None)
+        if (machine.documents / LINK).is_symlink():
+            link = machine.mirror / LINK
+            target = link.readlink() if link.is_symlink() else None
+            self.versions[LINK] = next((version for version in (OLD, NEW) if target == link_target(version)), None)
         manifest = machine.latest / MANIFEST
         self.has_manifest = manifest.is_file()
         self.reports = len(list(machine.reports.glob("*"))) if machine.reports.is_dir() else 0
@@ -180,7 +182,7 @@ class Rules:
         return "a folder told"
 
     def _counters(self, skipped):
-        total = len(sizes()) + 1
+        total = len(self.state.versions)
         self.demand((self.outcome.copied, self.outcome.skipped) == (total - skipped, skipped),
                     f"the counters say {self.outcome.copied} and {self.outcome.skipped}")
 

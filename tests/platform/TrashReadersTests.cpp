@@ -194,6 +194,19 @@ TEST_F(TrashReadersTests, theDesktopPutsFoldersAndLinksBackAsTheyWere)
     EXPECT_TRUE(S_ISLNK(status.st_mode));
 }
 
+// As a kill leaves it, between the record and the move: whole, or not yet.
+TEST_F(TrashReadersTests, theDesktopPassesOverARecordWhoseItemNeverCame)
+{
+    if (const std::string reason = reasonNoDesktop(); !reason.empty())
+        GTEST_SKIP() << reason;
+    throwAway("Users/mira/came");
+    m_mac.writeFile("Users/mira/.local/share/Trash/info/early.trashinfo", "");
+    m_mac.writeFile("Users/mira/.local/share/Trash/info/late.trashinfo",
+                    "[Trash Info]\nPath=" + m_mac.home().nativePath() +
+                        "/late\nDeletionDate=2026-03-02T09:05:07\n");
+    EXPECT_EQ(placesListed(), placesThrownAway());
+}
+
 TEST_F(TrashReadersTests, theDesktopPutsItemsOfAnotherVolumeBack)
 {
     if (const std::string reason = reasonNoDesktop(); !reason.empty())
