@@ -40,14 +40,8 @@ std::expected<void, int> fill(int folder, int file, const QByteArray& name, cons
     struct stat old = {};
     if (::fstatat(folder, name.constData(), &old, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(old.st_mode))
         std::ignore = ::fchmod(file, old.st_mode & 07777);
-    qsizetype done = 0;
-    while (done < data.size()) {
-        const ssize_t written = retrying(
-            [&] { return ::write(file, data.constData() + done, static_cast<size_t>(data.size() - done)); });
-        if (written < 0)
-            return std::unexpected(errno);
-        done += written;
-    }
+    if (const int code = writeAll(file, data.constData(), static_cast<size_t>(data.size())))
+        return std::unexpected(code);
     return SystemCalls::flushData(file);
 }
 
@@ -77,6 +71,11 @@ std::expected<void, FileError> atomicWrite(int folder, const QByteArray& name, c
     if (!file)
         return failure(file.error());
     auto done = fill(folder, file->file.get(), name, data);
+    // Before it gets its name, the drive has to say whether all of it has arrived.
+    if (done && !file->temporary.isEmpty()) {
+        if (const int code = file->file.close())
+            done = std::unexpected(code);
+    }
     if (done)
         done = putInPlace(folder, *file, name);
     if (!done) {

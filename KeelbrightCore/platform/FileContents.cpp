@@ -40,21 +40,6 @@ bool isUnknownSearch(int code)
     return code == EINVAL || code == ENOSYS || code == EOPNOTSUPP;
 }
 
-/// 0, or an `errno` value.
-int writeAll(int target, const char* data, size_t size)
-{
-    while (size > 0) {
-        const ssize_t written = retrying([&] { return ::write(target, data, size); });
-        if (written < 0)
-            return errno;
-        if (written == 0)
-            return ENOSPC;
-        data += written;
-        size -= static_cast<size_t>(written);
-    }
-    return 0;
-}
-
 } // namespace
 
 FileContents::FileContents()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cerrno>
+#include <cstddef>
 #include <fcntl.h>
 #include <unistd.h>
 #include <utility>
@@ -46,6 +47,10 @@ public:
     /// Gives the descriptor away; the caller closes it.
     [[nodiscard]] int release() { return std::exchange(m_descriptor, -1); }
 
+    /// Closes it and tells how that went, 0 or an `errno` value: some drives say only then what
+    /// they could not write.
+    [[nodiscard]] int close() { return ::close(std::exchange(m_descriptor, -1)) == 0 ? 0 : errno; }
+
     void reset()
     {
         if (m_descriptor >= 0)
@@ -63,6 +68,21 @@ template <typename Call> auto retrying(Call call)
     while (result < 0 && errno == EINTR)
         result = call();
     return result;
+}
+
+/// Writes all of it, however small the pieces that the file takes; 0, or an `errno` value.
+[[nodiscard]] inline int writeAll(int file, const char* data, size_t size)
+{
+    while (size > 0) {
+        const ssize_t written = retrying([&] { return ::write(file, data, size); });
+        if (written < 0)
+            return errno;
+        if (written == 0)
+            return ENOSPC;
+        data += written;
+        size -= static_cast<size_t>(written);
+    }
+    return 0;
 }
 
 } // namespace keelbright

@@ -16,19 +16,6 @@ FileError failure(FileError::Operation operation, const QByteArray& name, int co
     return FileError::fromCode(operation, QString::fromUtf8(name), code);
 }
 
-std::expected<void, int> renameIfFree(int folder, const QByteArray& from, const QByteArray& to)
-{
-    auto renamed = SystemCalls::renameWithoutReplacing(folder, from.constData(), folder, to.constData());
-    if (renamed || renamed.error() != ENOTSUP)
-        return renamed;
-    struct stat status = {};
-    if (::fstatat(folder, to.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0)
-        return std::unexpected(EEXIST);
-    if (::renameat(folder, from.constData(), folder, to.constData()) != 0)
-        return std::unexpected(errno);
-    return {};
-}
-
 /// Puts the file named `temporary` in the place of the one named `name`, in one step. 0, or the
 /// `errno` value where that fails; the temporary file stays then.
 int swapIn(int folder, const QByteArray& temporary, const QByteArray& name)
@@ -56,6 +43,11 @@ PreparedFile::~PreparedFile()
 {
     if (!m_temporaryName.isEmpty())
         ::unlinkat(folder(), m_temporaryName.constData(), 0);
+}
+
+int PreparedFile::finishWriting()
+{
+    return m_temporaryName.isEmpty() ? 0 : m_file.close();
 }
 
 std::expected<void, FileError> PreparedFile::publish()
@@ -97,7 +89,8 @@ std::expected<void, int> PreparedFile::takeFreeName()
 {
     if (m_temporaryName.isEmpty())
         return SystemCalls::nameUnnamed(m_file.get(), folder(), m_name.constData());
-    auto renamed = renameIfFree(folder(), m_temporaryName, m_name);
+    auto renamed = SystemCalls::renameWithoutReplacing(folder(), m_temporaryName.constData(), folder(),
+                                                       m_name.constData());
     if (renamed)
         m_temporaryName.clear();
     return renamed;

@@ -26,6 +26,10 @@ public:
 
     void setSourceSize(qint64 size) { m_sourceSize = size; }
 
+    /// Closes the file where it has a name by which it is found again: before it gets its own one,
+    /// the drive has to say whether all of it has arrived. 0, or the `errno` value.
+    [[nodiscard]] int finishWriting();
+
 private:
     [[nodiscard]] std::expected<void, FileError> giveName();
     [[nodiscard]] std::expected<void, int> takeFreeName();

@@ -71,8 +71,8 @@ std::expected<void, int> nameUnnamed(int file, int folder, const char* name)
     return outcome(::linkat(AT_FDCWD, path.data(), folder, name, AT_SYMLINK_FOLLOW));
 }
 
-std::expected<void, int> renameWithoutReplacing(int oldFolder, const char* oldName, int newFolder,
-                                                const char* newName)
+std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
+                                         const char* newName)
 {
     if (::renameat2(oldFolder, oldName, newFolder, newName, RENAME_NOREPLACE) == 0)
         return {};
@@ -164,8 +164,8 @@ std::expected<void, int> nameUnnamed(int, int, const char*)
     return std::unexpected(ENOTSUP);
 }
 
-std::expected<void, int> renameWithoutReplacing(int oldFolder, const char* oldName, int newFolder,
-                                                const char* newName)
+std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
+                                         const char* newName)
 {
     return outcome(::renameatx_np(oldFolder, oldName, newFolder, newName, RENAME_EXCL));
 }
@@ -211,5 +211,19 @@ timespec changeTime(const struct stat& status)
 }
 
 #endif
+
+std::expected<void, int> renameWithoutReplacing(int oldFolder, const char* oldName, int newFolder,
+                                                const char* newName)
+{
+    auto renamed = renameInOneStep(oldFolder, oldName, newFolder, newName);
+    if (renamed || renamed.error() != ENOTSUP)
+        return renamed;
+    struct stat status = {};
+    if (::fstatat(newFolder, newName, &status, AT_SYMLINK_NOFOLLOW) == 0)
+        return std::unexpected(EEXIST);
+    if (errno != ENOENT) // what can't be looked at may well be there
+        return std::unexpected(errno);
+    return outcome(::renameat(oldFolder, oldName, newFolder, newName));
+}
 
 } // namespace keelbright::SystemCalls

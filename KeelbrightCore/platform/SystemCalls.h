@@ -24,7 +24,8 @@ namespace SystemCalls {
 [[nodiscard]] bool hasDefaultAccessList(int folder);
 /// Gives a file from `openUnnamed` its name; EEXIST where the name is taken.
 [[nodiscard]] std::expected<void, int> nameUnnamed(int file, int folder, const char* name);
-/// EEXIST where `newName` is taken.
+/// EEXIST where `newName` is taken. Where a file system can't look and rename in one step, it is
+/// looked before.
 [[nodiscard]] std::expected<void, int> renameWithoutReplacing(int oldFolder, const char* oldName,
                                                               int newFolder, const char* newName);
 /// Lets `target` share the data of `source`.

@@ -282,6 +282,8 @@ SystemCopyDestination::Prepared SystemCopyDestination::prepareFile(const Directo
         return std::unexpected(copied.error());
     if (const int code = copyAttributes(source.get(), file, status, target->hasMode))
         return std::unexpected(failure(FileError::Operation::copied, item.name(), code));
+    if (const int code = prepared->finishWriting())
+        return std::unexpected(failure(FileError::Operation::copied, item.name(), code));
     prepared->setSourceSize(status.st_size);
     return prepared;
 }

@@ -136,18 +136,8 @@ SystemFileManager::openCopyDestination(const FileURL& base, QByteArrayView relat
 
 std::expected<void, FileError> SystemFileManager::moveItem(const FileURL& source, const FileURL& target)
 {
-    const char* from = source.nativePath().constData();
-    const char* to = target.nativePath().constData();
-    auto moved = SystemCalls::renameWithoutReplacing(AT_FDCWD, from, AT_FDCWD, to);
-    if (!moved && moved.error() == ENOTSUP) {
-        struct stat status = {};
-        if (::lstat(to, &status) == 0)
-            moved = std::unexpected(EEXIST);
-        else if (::rename(from, to) == 0)
-            moved = {};
-        else
-            moved = std::unexpected(errno);
-    }
+    const auto moved = SystemCalls::renameWithoutReplacing(AT_FDCWD, source.nativePath().constData(),
+                                                           AT_FDCWD, target.nativePath().constData());
     if (!moved)
         return std::unexpected(failure(FileError::Operation::moved, source, moved.error()));
     return {};

@@ -113,43 +113,30 @@ std::expected<void, FileError> checkIsOutsideTrash(const HeldItem& item, const F
     return {};
 }
 
-/// Writes the record under a name that nobody has; that reserves the name for the item.
+/// 0 where it went well.
+int codeOf(const std::expected<void, int>& outcome)
+{
+    return outcome ? 0 : outcome.error();
+}
+
+/// Writes the record under a name that nobody has; that reserves the name for the item. It is on
+/// the drive before the item moves: after a power cut nobody else would know where that came from.
 std::expected<void, int> writeRecord(int folder, const QByteArray& name, const QByteArray& content)
 {
-    const FileDescriptor record(retrying([&] {
+    FileDescriptor record(retrying([&] {
         return ::openat(folder, name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
     }));
     if (!record.isOpen())
         return std::unexpected(errno);
-    for (qsizetype written = 0; written < content.size();) {
-        const ssize_t count = retrying([&] {
-            return ::write(record.get(), content.constData() + written,
-                           static_cast<size_t>(content.size() - written));
-        });
-        if (count < 0) {
-            const int code = errno;
-            ::unlinkat(folder, name.constData(), 0);
-            return std::unexpected(code);
-        }
-        written += count;
-    }
-    return {};
-}
-
-std::expected<void, int> moveInto(const TrashFolder& trash, const HeldItem& item, const QByteArray& name)
-{
-    const int files = trash.filesDescriptor();
-    auto moved = SystemCalls::renameWithoutReplacing(item.folder.get(), item.name.constData(), files,
-                                                     name.constData());
-    if (moved || moved.error() != ENOTSUP)
-        return moved;
-    // The record has reserved the name among all who keep to the rules of the Trash.
-    struct stat status = {};
-    if (::fstatat(files, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0)
-        return std::unexpected(EEXIST);
-    if (::renameat(item.folder.get(), item.name.constData(), files, name.constData()) != 0)
-        return std::unexpected(errno);
-    return {};
+    int code = writeAll(record.get(), content.constData(), static_cast<size_t>(content.size()));
+    if (code == 0)
+        code = codeOf(SystemCalls::flushData(record.get()));
+    if (code == 0)
+        code = record.close();
+    if (code == 0)
+        return {};
+    ::unlinkat(folder, name.constData(), 0);
+    return std::unexpected(code);
 }
 
 std::expected<FileURL, int> moveWithRecord(const TrashFolder& trash, const HeldItem& item,
@@ -162,7 +149,8 @@ std::expected<FileURL, int> moveWithRecord(const TrashFolder& trash, const HeldI
         const QByteArray recordName = name + TrashRecord::suffix.toByteArray();
         auto done = writeRecord(trash.infoDescriptor(), recordName, content);
         if (done) {
-            done = moveInto(trash, item, name);
+            done = SystemCalls::renameWithoutReplacing(item.folder.get(), item.name.constData(),
+                                                       trash.filesDescriptor(), name.constData());
             if (done)
                 return trash.files().appendingNative(name);
             ::unlinkat(trash.infoDescriptor(), recordName.constData(), 0);
@@ -178,18 +166,20 @@ Outcome move(const FileURL& item, const FileURL& homeTrash)
     const auto held = hold(item);
     if (!held)
         return failure(item, held.error());
-    const FileURL top = volumeTop(held->location.deletingLastPathComponent(), held->device);
-    if (const auto outside = checkIsOutsideTrash(*held, homeTrash, top); !outside)
+    const auto top = volumeTop(held->location.deletingLastPathComponent(), held->device);
+    if (!top)
+        return failure(item, top.error());
+    if (const auto outside = checkIsOutsideTrash(*held, homeTrash, *top); !outside)
         return std::unexpected(outside.error());
     const auto homeDevice = deviceToBe(homeTrash);
     if (!homeDevice)
         return failure(item, homeDevice.error());
     const bool isAtHome = held->device == *homeDevice;
-    const auto trash = isAtHome ? TrashFolder::ofHome(homeTrash) : TrashFolder::ofVolume(top);
+    const auto trash = isAtHome ? TrashFolder::ofHome(homeTrash) : TrashFolder::ofVolume(*top);
     if (!trash)
         return failure(item, trash.error());
     const auto place = moveWithRecord(
-        *trash, *held, isAtHome ? held->location.nativePath() : relativePath(held->location, top));
+        *trash, *held, isAtHome ? held->location.nativePath() : relativePath(held->location, *top));
     if (!place)
         return failure(item, place.error());
     return *place;

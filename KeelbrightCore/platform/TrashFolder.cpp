@@ -125,13 +125,15 @@ qsizetype TrashFolder::longestName() const
     return static_cast<qsizetype>(std::min<unsigned long>(status.f_namemax, NAME_MAX));
 }
 
-FileURL volumeTop(const FileURL& folder, dev_t device)
+std::expected<FileURL, int> volumeTop(const FileURL& folder, dev_t device)
 {
     FileURL top = folder;
     while (top != FileURL()) {
         const FileURL parent = top.deletingLastPathComponent();
         struct stat status = {};
-        if (::stat(parent.nativePath().constData(), &status) != 0 || status.st_dev != device)
+        if (::stat(parent.nativePath().constData(), &status) != 0)
+            return std::unexpected(errno);
+        if (status.st_dev != device)
             break;
         top = parent;
     }

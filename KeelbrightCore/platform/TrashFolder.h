@@ -36,8 +36,9 @@ private:
     FileDescriptor m_info;
 };
 
-/// The top folder of the volume that holds `folder`, which must exist and have no link in its path.
-[[nodiscard]] FileURL volumeTop(const FileURL& folder, dev_t device);
+/// The top folder of the volume that holds `folder`, which must exist and have no link in its path;
+/// the `errno` value where it can't be told: a Trash anywhere else would be one that nobody looks for.
+[[nodiscard]] std::expected<FileURL, int> volumeTop(const FileURL& folder, dev_t device);
 
 /// The device of the folder, or of what exists of its path where it is still to be made.
 [[nodiscard]] std::expected<dev_t, int> deviceToBe(const FileURL& folder);

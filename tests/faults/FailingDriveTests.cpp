@@ -90,6 +90,7 @@ INSTANTIATE_TEST_SUITE_P(Requests, DestinationThatFails,
                                            Failure{"create", 7, "ENOSPC"}, Failure{"rename", 0, "EIO"},
                                            Failure{"rename", 7, "EROFS"}, Failure{"mkdir", 0, "EIO"},
                                            Failure{"mkdir", 3, "EIO"}, Failure{"flush", 0, "EIO"},
+                                           Failure{"close", 0, "EIO"}, Failure{"close", 7, "EDQUOT"},
                                            Failure{"list", 0, "EIO"}));
 
 class SourceThatFails : public FailingDriveTest, public ::testing::WithParamInterface<Failure>

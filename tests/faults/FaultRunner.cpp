@@ -1,25 +1,27 @@
-// One whole backup in a process of its own, for the tests that kill it or fail its system calls:
+// One piece of the program's work in a process of its own, for the tests that kill it or fail its
+// system calls:
 //     fault-runner [--hold=run|--hold=records] <machine> <drive> <source>...
-// `machine` is the folder of a made-up machine. Saves config.json and activity.json at the end, as
-// the program does, and prints the outcome as one line of JSON.
+//     fault-runner [--hold=work] --work=clean <machine>
+//     fault-runner [--hold=work] --work=remove <machine> <bundle>
+//     fault-runner [--hold=work] --work=organize <machine> <folder>
+// `machine` is the folder of a made-up machine. A backup saves config.json and activity.json at its
+// end, as the program does. Prints the outcome as one line of JSON.
 //
-// With --hold it prints, right before the run or before the records, a line with the number of the
-// thread that does that part, and goes on when it is given a line. So whoever watches the thread
-// sees the system calls of that part and no others.
+// With --hold it prints, right before the run, before the records or before things are moved, a line
+// with the number of the thread that does that part, and goes on when it is given a line. So whoever
+// watches the thread sees the system calls of that part and no others.
 
 #include "KeelbrightCore/backup/BackupEngine.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
+#include "tests/faults/CareWork.h"
+#include "tests/faults/Holding.h"
 #include "tests/faults/OneWorker.h"
 #include "tests/support/SandboxFileManager.h"
 
 #include <QCoreApplication>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QTimer>
-#include <cstdio>
-#include <sys/prctl.h>
-#include <sys/uio.h>
 #include <unistd.h>
 
 namespace keelbright {
@@ -36,17 +38,6 @@ BackupJob jobFrom(const QStringList& folders)
     return job;
 }
 
-/// Lets a watcher come before `thread` goes on.
-void hold(pid_t thread)
-{
-    // A plain user's system lets only parents watch a process, unless it allows others.
-    ::prctl(PR_SET_PTRACER, PR_SET_PTRACER_ANY);
-    std::printf("%d\n", static_cast<int>(thread));
-    std::fflush(stdout);
-    while (std::getchar() != '\n' && std::feof(stdin) == 0) {
-    }
-}
-
 void saveRecords(const BackupEngine& engine)
 {
     AppConfiguration configuration;
@@ -61,7 +52,7 @@ void saveRecords(const BackupEngine& engine)
                                     .itemCount = engine.progress().filesCopied});
 }
 
-QByteArray outcome(const BackupEngine& engine)
+QJsonObject outcome(const BackupEngine& engine)
 {
     QJsonObject object{{QStringLiteral("copied"), engine.progress().filesCopied},
                        {QStringLiteral("skipped"), engine.progress().filesSkipped},
@@ -69,38 +60,62 @@ QByteArray outcome(const BackupEngine& engine)
                        {QStringLiteral("lastError"), engine.lastError().value_or(QString())}};
     if (engine.lastReport())
         object.insert(QStringLiteral("manifestPath"), engine.lastReport()->manifestPath);
-    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+    return object;
 }
 
-int run(int argumentCount, char** arguments)
+/// Takes an option `--name=` off the front; empty where there is none.
+QString takeOption(QStringList& arguments, const QString& name)
 {
-    QCoreApplication application(argumentCount, arguments);
-    QStringList folders = QCoreApplication::arguments().sliced(1);
-    const QString held = folders.value(0).startsWith(u"--hold=") ? folders.takeFirst().sliced(7) : QString();
-    if (folders.size() < 3)
-        return 2;
-    testing::SandboxFileManager files(FileURL::fromPath(folders.at(0)));
-    const FileManagerGuard guard(files);
+    const QString start = QStringLiteral("--%1=").arg(name);
+    return arguments.value(0).startsWith(start) ? arguments.takeFirst().sliced(start.size()) : QString();
+}
+
+int backUp(const QStringList& folders, const QString& held)
+{
     BackupEngine engine;
     // Changes come through an event; when the failing call is the very one that wakes the main
     // thread, the beat lets it find them all the same.
     QTimer beat;
     beat.start(5);
-    QObject::connect(&engine, &BackupEngine::isRunningChanged, &application, [&engine] {
+    QObject::connect(&engine, &BackupEngine::isRunningChanged, &engine, [&engine] {
         if (!engine.isRunning())
             QCoreApplication::quit();
     });
     if (held == u"run")
-        hold(testing::leaveOneWorker());
+        testing::hold(testing::leaveOneWorker());
     engine.startBackup(jobFrom(folders));
     QCoreApplication::exec();
     if (held == u"records")
-        hold(::gettid());
+        testing::hold(::gettid());
     saveRecords(engine);
-    // Not by `write`: that may be the call that fails.
-    QByteArray line = outcome(engine);
-    const iovec vector{line.data(), static_cast<size_t>(line.size())};
-    return ::writev(STDOUT_FILENO, &vector, 1) == line.size() ? 0 : 1;
+    return testing::tell(outcome(engine));
+}
+
+int care(const QString& work, const QStringList& folders, const QString& held)
+{
+    const auto ready = [&held] {
+        if (held == u"work")
+            testing::hold(::gettid());
+    };
+    const FileURL place = FileURL::fromPath(folders.value(1));
+    if (work == u"clean")
+        return testing::tell(testing::clean(ready));
+    if (work == u"remove")
+        return testing::tell(testing::removeApplication(place, ready));
+    return testing::tell(testing::organize(place, ready));
+}
+
+int run(int argumentCount, char** arguments)
+{
+    const QCoreApplication application(argumentCount, arguments);
+    QStringList folders = QCoreApplication::arguments().sliced(1);
+    const QString held = takeOption(folders, QStringLiteral("hold"));
+    const QString work = takeOption(folders, QStringLiteral("work"));
+    if (folders.size() < (work.isEmpty() ? 3 : work == u"clean" ? 1 : 2))
+        return 2;
+    testing::SandboxFileManager files(FileURL::fromPath(folders.at(0)));
+    const FileManagerGuard guard(files);
+    return work.isEmpty() ? backUp(folders, held) : care(work, folders, held);
 }
 
 } // namespace

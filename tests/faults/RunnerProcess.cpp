@@ -14,18 +14,29 @@ namespace {
 
 constexpr int oneMinute = 60'000;
 
+QStringList backupOf(const EngineRun& run, const QList<FileURL>& folders)
+{
+    QStringList arguments{run.mac.root().path(), run.drive.path()};
+    for (const FileURL& folder : folders)
+        arguments += folder.path();
+    return arguments;
+}
+
 } // namespace
 
 RunnerProcess::RunnerProcess(const EngineRun& run, const QList<FileURL>& folders, const QStringList& strace)
+    : RunnerProcess(backupOf(run, folders), strace)
+{}
+
+RunnerProcess::RunnerProcess(const QStringList& arguments, const QStringList& strace)
 {
     QStringList command;
     if (!strace.isEmpty())
         command = QStringList{QStringLiteral("strace"), QStringLiteral("-f"), QStringLiteral("-qq"),
                               QStringLiteral("-o"), QStringLiteral("/dev/null")} +
                   strace;
-    command += {QStringLiteral(FAULT_RUNNER), run.mac.root().path(), run.drive.path()};
-    for (const FileURL& folder : folders)
-        command += folder.path();
+    command += QStringLiteral(FAULT_RUNNER);
+    command += arguments;
     // A build that looks for leaks can't do so while strace watches.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     if (!strace.isEmpty()) {
@@ -42,7 +53,7 @@ RunnerProcess::RunnerProcess(const EngineRun& run, const QList<FileURL>& folders
 RunnerOutcome RunnerProcess::finish()
 {
     if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(oneMinute)) {
-        ADD_FAILURE() << "the backup does not end";
+        ADD_FAILURE() << "the work does not end";
         m_process.kill();
         m_process.waitForFinished();
     }

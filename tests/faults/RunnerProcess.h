@@ -7,7 +7,7 @@
 
 namespace keelbright::testing {
 
-/// What a backup in a process of its own came to.
+/// What work in a process of its own came to; of work that is no backup, `hasEnded` alone.
 struct RunnerOutcome
 {
     bool hasEnded = false; ///< by itself, and with success
@@ -18,13 +18,15 @@ struct RunnerOutcome
     QString manifestPath; ///< empty where there is no report
 };
 
-/// A backup in a process of its own, which can be killed and whose system calls can be failed.
+/// Work in a process of its own, which can be killed and whose system calls can be failed.
 class RunnerProcess
 {
 public:
     /// Starts a backup of the folders from the machine to the drive of `run`; under strace with
     /// the given options where there are any.
     RunnerProcess(const EngineRun& run, const QList<FileURL>& folders, const QStringList& strace = {});
+    /// Starts other work, told by the runner's arguments.
+    explicit RunnerProcess(const QStringList& arguments, const QStringList& strace = {});
 
     /// Waits for the end; fails the test after a minute.
     [[nodiscard]] RunnerOutcome finish();

@@ -1,10 +1,9 @@
 #include "tests/faults/FaultTest.h"
+#include "tests/faults/Unchangeable.h"
 #include "tests/support/ImageDrive.h"
 #include "tests/support/Mounting.h"
 
-#include <fcntl.h>
 #include <linux/fs.h>
-#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace keelbright {
@@ -14,42 +13,8 @@ using ::testing::AnyOf;
 using testing::failureOf;
 using testing::ImageDrive;
 using ::testing::IsEmpty;
-
-/// A file or folder that nobody may change, root neither, while this lives.
-class Unchangeable
-{
-public:
-    Unchangeable(FileURL url, int flag)
-        : m_url(std::move(url))
-        , m_isSet(set(flag))
-    {}
-
-    ~Unchangeable()
-    {
-        if (m_isSet) {
-            EXPECT_TRUE(set(0));
-        }
-    }
-
-    Unchangeable(const Unchangeable&) = delete;
-    Unchangeable& operator=(const Unchangeable&) = delete;
-
-    [[nodiscard]] bool isSet() const { return m_isSet; }
-
-private:
-    [[nodiscard]] bool set(int flags) const
-    {
-        const int file = ::open(m_url.nativePath().constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-        const bool isDone = ::ioctl(file, FS_IOC_SETFLAGS, &flags) == 0;
-        ::close(file);
-        return isDone;
-    }
-
-    FileURL m_url;
-    bool m_isSet;
-};
-
-constexpr auto reasonUnchangeable = "nothing can be made unchangeable here";
+using testing::reasonUnchangeable;
+using testing::Unchangeable;
 
 class StubbornDriveTest : public testing::FaultTest
 {

@@ -1,5 +1,5 @@
-"""A made-up machine with a backup drive, backups in processes of their own, and a look at what they
-left. What the sweep, the campaign of kills and the races share."""
+"""A made-up machine with a backup drive, work of the program in processes of their own, and a look at
+what it left. What the sweep, the campaign of kills and the races share."""
 
 import hashlib
 import json
@@ -71,7 +71,7 @@ class Outcome:
 
 
 class Hang(Exception):
-    """A backup that does not end."""
+    """Work that does not end."""
 
 
 class Machine:
@@ -121,34 +121,36 @@ class Machine:
                 if TEMPORARY.match(path.name)]
 
 
-class Backup:
-    """A backup under way in a process of its own."""
+class Work:
+    """Work of the program under way in a process of its own."""
 
-    def __init__(self, runner, machine, hold=None):
+    def __init__(self, runner, arguments, hold=None):
         options = [f"--hold={hold}"] if hold else []
-        self.process = subprocess.Popen(
-            [runner, *options, machine.root, machine.drive, machine.documents],
-            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.process = subprocess.Popen([runner, *options, *arguments], stdin=subprocess.PIPE,
+                                        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
 
     def thread(self):
         """The thread that does what is held back; waits until it has come so far."""
         return int(self._line())
 
     def go_on(self):
-        self.process.stdin.write(b"\n")
-        self.process.stdin.flush()
+        try:
+            self.process.stdin.write(b"\n")
+            self.process.stdin.flush()
+        except BrokenPipeError:
+            pass  # it was killed while it waited for this
 
     def kill(self):
         self.process.kill()
 
-    def finish(self):
+    def output(self):
+        """What it has printed, once it has ended."""
         try:
-            output, _ = self.process.communicate(timeout=HANG_SECONDS)
+            return self.process.communicate(timeout=HANG_SECONDS)[0]
         except subprocess.TimeoutExpired as expired:
             self.process.kill()
             self.process.wait()
-            raise Hang("the backup does not end") from expired
-        return Outcome.of(output, self.process.returncode)
+            raise Hang("the work does not end") from expired
 
     def _line(self):
         # Byte by byte, so that nothing of the outcome waits in a buffer of ours.
@@ -156,16 +158,26 @@ class Backup:
         while not line.endswith(b"\n"):
             if not select.select([self.process.stdout], [], [], HANG_SECONDS)[0]:
                 self.process.kill()
-                raise Hang("the backup does not begin")
+                raise Hang("the work does not begin")
             byte = os.read(self.process.stdout.fileno(), 1)
             if not byte:
-                raise Hang("the backup ended before it began")
+                raise Hang("the work ended before it began")
             line += byte
         return line
 
 
+class Backup(Work):
+    """A backup of the machine's documents."""
+
+    def __init__(self, runner, machine, hold=None):
+        super().__init__(runner, [machine.root, machine.drive, machine.documents], hold)
+
+    def finish(self):
+        return Outcome.of(self.output(), self.process.returncode)
+
+
 class Watcher:
-    """strace on one thread of a backup."""
+    """strace on one thread of some work."""
 
     def __init__(self, thread, calls, injection, log):
         options = ["-e", f"inject={injection}"] if injection else []
@@ -209,6 +221,16 @@ def reason_missing():
 def has_unnamed_files(folder):
     try:
         os.close(os.open(folder, os.O_TMPFILE | os.O_WRONLY))
+        return True
+    except OSError:
+        return False
+
+
+def has_links(folder):
+    trial = Path(folder) / "link on trial"
+    try:
+        trial.symlink_to("nowhere")
+        trial.unlink()
         return True
     except OSError:
         return False

@@ -1,9 +1,10 @@
-"""What the drive must look like after one system call of a run has failed."""
+"""The backups of the sweep, and what the drive must look like after one system call has failed."""
 
-from dataclasses import dataclass
+import shutil
+import sys
 from pathlib import Path
 
-from survival import DEVICE, Backup, has_unnamed_files, sealed, sealed_version, write_sparse
+from survival import DEVICE, Backup, has_links, has_unnamed_files, sealed, sealed_version, write_sparse
 
 OLD, NEW = 1, 2
 LINK = "link"
@@ -28,19 +29,59 @@ def make_documents(machine, version):
         path.parent.mkdir(parents=True, exist_ok=True)
         write_sparse(path, sealed(path.name, version, size, b"\0" if name == "sparse" else None))
     (machine.documents / "odd mode").chmod(0o1646)
-    link = machine.documents / LINK
-    link.unlink(missing_ok=True)
-    link.symlink_to(link_target(version))
+    if has_links(machine.drive):
+        link = machine.documents / LINK
+        link.unlink(missing_ok=True)
+        link.symlink_to(link_target(version))
 
 
-@dataclass
-class Mode:
+class BackupMode:
     """A kind of run: what stands on the drive before it, and which part of it is watched."""
 
-    name: str
-    hold: str
-    before: int | None
-    reports_before: int = 0
+    drive_kind = None  # the drive is a folder of the machine, unless the sweep lays it elsewhere
+
+    def __init__(self, name, hold, before, reports_before=0):
+        self.name, self.hold, self.before = name, hold, before
+        self.reports_before = reports_before
+
+    def make_template(self, machine, runner):
+        """The drive and the records as they are before a run of that kind."""
+        if self.before is None:
+            return
+        make_documents(machine, self.before)
+        outcome = self.start(runner, machine).finish()
+        if not self.is_whole(outcome):
+            sys.exit(f"The first run itself does not work: {outcome}")
+        self.reports_before = 2
+        # Of another second than that of any run to come, which must not replace them.
+        for report in machine.reports.iterdir():
+            report.rename(report.with_stem("backup-report-20200101-000000"))
+
+    def furnish(self, machine, template):
+        """Makes the machine as it is before a run."""
+        if not any(machine.documents.iterdir()):
+            make_documents(machine, NEW)
+        machine.use_device(DEVICE)
+        machine.clear_drive()
+        shutil.rmtree(machine.support, ignore_errors=True)
+        if self.before is not None:
+            shutil.copytree(template.drive / "Keelbright", machine.drive / "Keelbright", symlinks=True)
+            shutil.copytree(template.support, machine.support)
+
+    def start(self, runner, machine, hold=None):
+        return Backup(runner, machine, hold)
+
+    def is_whole(self, outcome):
+        """Whether this is how a run ends that nobody disturbs."""
+        return outcome.ended and not outcome.errors
+
+    def check_failure(self, machine, outcome, hit):
+        if self.hold == "records":
+            return check_records(machine, outcome)
+        return check_failure(self, machine, outcome, hit)
+
+    def check_kill(self, runner, machine):
+        return check_kill(runner, self, machine)
 
 
 class State:
@@ -51,9 +92,10 @@ class State:
         self.versions = {}
         for name in sizes():
             self.versions[name] = self._version(machine.mirror / name)
-        link = machine.mirror / LINK
-        target = link.readlink() if link.is_symlink() else None
-        self.versions[LINK] = next((version for version in (OLD, NEW) if target == link_target(version)), None)
+        if (machine.documents / LINK).is_symlink():
+            link = machine.mirror / LINK
+            target = link.readlink() if link.is_symlink() else None
+            self.versions[LINK] = next((version for version in (OLD, NEW) if target == link_target(version)), None)
         manifest = machine.latest / MANIFEST
         self.has_manifest = manifest.is_file()
         self.reports = len(list(machine.reports.glob("*"))) if machine.reports.is_dir() else 0
@@ -140,7 +182,7 @@ class Rules:
         return "a folder told"
 
     def _counters(self, skipped):
-        total = len(sizes()) + 1
+        total = len(self.state.versions)
         self.demand((self.outcome.copied, self.outcome.skipped) == (total - skipped, skipped),
                     f"the counters say {self.outcome.copied} and {self.outcome.skipped}")
 
@@ -178,7 +220,7 @@ def look_at_other_name(mode, machine):
     faults = [f"{name} of before is version {version}" for name, version in old.versions.items()
               if version != mode.before]
     machine.use_device(names[0])
-    return faults, Mode(mode.name, mode.hold, None)
+    return faults, BackupMode(mode.name, mode.hold, None)
 
 
 def check_kill(runner, mode, machine):

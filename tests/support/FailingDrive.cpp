@@ -37,6 +37,11 @@ FailingDrive::~FailingDrive()
     }
 }
 
+void FailingDrive::failNow() const
+{
+    ::kill(static_cast<pid_t>(m_process.processId()), SIGUSR1);
+}
+
 void FailingDrive::pull()
 {
     m_process.kill();

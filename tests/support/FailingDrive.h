@@ -15,8 +15,8 @@ namespace keelbright::testing {
 class FailingDrive
 {
 public:
-    /// `request` is read, write, open, create, rename, mkdir, list, flush, or none for a drive that
-    /// works; `after` counts bytes of read and write, requests of all others; `error` is a name like
+    /// `request` is read, write, open, create, rename, mkdir, list, flush, close, or none for a drive
+    /// that works; `after` counts bytes of read and write, requests of all others; `error` is a name like
     /// EIO.
     FailingDrive(const QString& request, qint64 after, const QString& error);
     ~FailingDrive();
@@ -31,6 +31,8 @@ public:
     /// The folder that it shows, past all errors.
     [[nodiscard]] FileURL folder() const { return place("folder"); }
 
+    /// From now on every request of the kind fails, however much was to be answered.
+    void failNow() const;
     /// From now on every request fails: "the drive is gone".
     void pull();
     /// From now on no request is answered, until `goOn`.

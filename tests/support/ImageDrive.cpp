@@ -46,10 +46,11 @@ std::string start(QStringList command, const QStringList& arguments)
 
 } // namespace
 
-ImageDrive::ImageDrive(Kind kind, qint64 bytes)
+ImageDrive::ImageDrive(Kind kind, qint64 bytes, const std::optional<FileURL>& imageFolder)
     : m_kind(kind)
 {
-    const QString image = m_folder.filePath(QStringLiteral("image"));
+    const QString image = imageFolder ? imageFolder->appendingNative("image").path()
+                                      : m_folder.filePath(QStringLiteral("image"));
     std::ofstream(image.toStdString()).close();
     std::filesystem::resize_file(image.toStdString(), static_cast<std::uintmax_t>(bytes));
     std::filesystem::create_directory(root().nativePath().toStdString());

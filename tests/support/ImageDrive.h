@@ -3,6 +3,7 @@
 #include "KeelbrightCore/platform/FileURL.h"
 
 #include <QTemporaryDir>
+#include <optional>
 #include <string>
 
 namespace keelbright::testing {
@@ -20,8 +21,9 @@ public:
         btrfs, ///< knows quotas; at least 120 MB
     };
 
-    /// `bytes` is a multiple of 4,096.
-    ImageDrive(Kind kind, qint64 bytes);
+    /// `bytes` is a multiple of 4,096. The image lies in a folder of its own, or in the given one,
+    /// which outlives this.
+    ImageDrive(Kind kind, qint64 bytes, const std::optional<FileURL>& imageFolder = std::nullopt);
     ~ImageDrive();
     ImageDrive(const ImageDrive&) = delete;
     ImageDrive& operator=(const ImageDrive&) = delete;

@@ -4,12 +4,14 @@ kind of request with an error.
 
     failing_drive.py FOLDER MOUNTPOINT REQUEST AFTER ERROR
 
-REQUEST is read, write, open, create, rename, mkdir, list, flush or none; AFTER counts bytes for read and
-write, requests for all others; ERROR is a name like EIO. Runs until it is unmounted.
+REQUEST is read, write, open, create, rename, mkdir, list, flush, close or none; AFTER counts bytes for read and
+write, requests for all others; ERROR is a name like EIO. The signal USR1 lets it fail at once. Runs until it
+is unmounted.
 """
 
 import errno
 import os
+import signal
 import sys
 
 try:
@@ -35,6 +37,10 @@ class Budget:
             cls.left = 0  # once failed, always failed
             raise OSError(getattr(errno, ERROR), os.strerror(getattr(errno, ERROR)))
         cls.left -= amount
+
+    @classmethod
+    def use_up(cls, *_):
+        cls.left = 0
 
 
 def place_of(path):
@@ -66,6 +72,9 @@ class OpenFile:
     def fsync(self, _only_data):
         Budget.spend("flush")
         os.fsync(self.descriptor)
+
+    def flush(self):
+        Budget.spend("close")
 
     def release(self, _flags):
         os.close(self.descriptor)
@@ -120,6 +129,7 @@ class FailingDrive(fuse.Fuse):
 
 
 def main():
+    signal.signal(signal.SIGUSR1, Budget.use_up)
     drive = FailingDrive(dash_s_do="setsingle")
     drive.parse(["-f", "-s", MOUNT_POINT])
     drive.main()

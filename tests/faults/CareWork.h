@@ -1,0 +1,21 @@
+#pragma once
+
+#include "KeelbrightCore/platform/FileURL.h"
+
+#include <QJsonObject>
+#include <functional>
+
+namespace keelbright::testing {
+
+/// The work that moves the user's things about, each done by its model as after the user's click.
+/// `ready` is called when all has been found and nothing moved yet. The outcome holds, as "left", the
+/// percent-encoded paths of what is still listed afterwards.
+
+/// Finds all junk of the machine and moves it to the Trash.
+[[nodiscard]] QJsonObject clean(const std::function<void()>& ready);
+/// Moves an application, "Editor", and its leftovers to the Trash.
+[[nodiscard]] QJsonObject removeApplication(const FileURL& bundle, const std::function<void()>& ready);
+/// Sorts the loose files of a folder.
+[[nodiscard]] QJsonObject organize(const FileURL& folder, const std::function<void()>& ready);
+
+} // namespace keelbright::testing
