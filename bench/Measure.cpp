@@ -1,196 +1,75 @@
-// keelbright-measure scan TREE | size TREE | junk HOME | level FOLDER | walk TREE |
-//                    largest TREE | treemap CELLS | plan FOLDER | apps |
-//                    backup TREE DRIVE | start SINCE
+// keelbright-measure WORK ARGUMENT...
 //
-// Does one thing with the real services, the backup with the real window watching (on the
-// platform that QT_QPA_PLATFORM names), and prints the seconds that it took. "start" opens the
-// program in the home that HOME names until its window is painted; SINCE is the moment at which
-// the process was started, in nanoseconds of the monotonic clock.
+// Does one thing with the real services or the real window (on the platform that QT_QPA_PLATFORM
+// names) and prints what it took, a figure a line.
 
-#include "Keelbright/screens/Application.h"
-#include "Keelbright/screens/MainWindow.h"
-#include "Keelbright/state/FileChooser.h"
-#include "Keelbright/state/KeelbrightApp.h"
-#include "Keelbright/state/Workspace.h"
-#include "Keelbright/widgets/AlertPresenter.h"
-#include "Keelbright/widgets/Theme.h"
-#include "KeelbrightCore/apps/AppScanner.h"
-#include "KeelbrightCore/backup/FileScanner.h"
-#include "KeelbrightCore/health/HealthScoreService.h"
-#include "bench/Stopwatch.h"
+#include "KeelbrightCore/platform/FileURL.h"
+#include "bench/ServiceMeasures.h"
 #include "bench/StorageMeasures.h"
-#include "tests/support/FakeFolderChooser.h"
-#include "tests/support/MadeUpApplication.h"
-#include "tests/support/StallProbe.h"
+#include "bench/WindowMeasures.h"
+#include "tests/support/MadeUpMac.h"
 #include "tests/support/TestMac.h"
 
 #include <QApplication>
-#include <QFile>
-#include <QTimer>
-#include <QWidget>
-#include <algorithm>
+#include <QHash>
+
 #include <cstdio>
-#include <ctime>
-#include <memory>
+#include <functional>
 #include <optional>
 
 namespace keelbright::bench {
 namespace {
 
-/// A chooser that is never asked.
-class NoFileChooser : public FileChooser
+constexpr const char* usage =
+    "usage: keelbright-measure scan TREE | size TREE | junk HOME | level FOLDER | walk TREE | largest TREE "
+    "|\n"
+    "                          treemap CELLS | plan FOLDER | apps MACHINE COUNT | backup TREE DRIVE |\n"
+    "                          lay MACHINE | visit MACHINE | rest MACHINE SCREEN | screens | start SINCE\n"
+    "A MACHINE is a folder that stands for the root; SINCE is the moment at which this process was\n"
+    "started, in nanoseconds of the monotonic clock.\n";
+
+int tellScreens()
 {
-public:
-    void chooseFile(const FileOpenRequest&, std::function<void(const FileURL&)>) override {}
-
-    void chooseSaveLocation(const FileSaveRequest&, std::function<void(const FileURL&)>) override {}
-};
-
-/// A desktop that nothing is opened on.
-class NoWorkspace : public Workspace
-{
-public:
-    void open(const FileURL&) override {}
-
-    void reveal(const FileURL&) override {}
-};
-
-int measureScan(const FileURL& tree)
-{
-    const QList<BackupSource> sources = {{QUuid::createUuid(), tree, true}};
-    return measureWarm("files", [&] { return FileScanner::scan(sources).fileCount; });
+    for (const Screen screen : allScreens())
+        std::puts(qPrintable(rawValue(screen)));
+    return 0;
 }
 
-/// The real file system with another home.
-class HomeAt : public SystemFileManager
+/// Nothing where there is no such work or its arguments are others.
+std::optional<int> measure(const QString& work, const QStringList& arguments)
 {
-public:
-    explicit HomeAt(FileURL home)
-        : m_home(std::move(home))
-    {}
+    const auto url = [&arguments](int place) { return FileURL::fromPath(arguments.at(place)); };
 
-    [[nodiscard]] FileURL homeDirectory() const override { return m_home; }
-
-private:
-    FileURL m_home;
-};
-
-int measureJunk(const FileURL& home)
-{
-    HomeAt fileManager(home);
-    const FileManagerGuard guard(fileManager);
-    return measureWarm("bytes",
-                       [] { return HealthScoreService::compute(std::nullopt).result().junkEstimateBytes; });
-}
-
-/// 300 applications, with a metadata tool that takes 50 ms for each.
-int measureApps(const testing::TestMac& mac)
-{
-    const testing::MadeUpFiles files(mac.root(), QDateTime::currentDateTimeUtc());
-    for (int number = 0; number < 300; ++number) {
-        const QByteArray name = "App" + QByteArray::number(number);
-        addApplication(files, "Applications", {.name = name, .bundleID = "org.example." + name});
-    }
-    files.folder("usr/bin");
-    files.link("usr/bin/mdls",
-               QFile::encodeName(QCoreApplication::applicationDirPath()) + "/keelbright-slow-tool");
-    const Stopwatch stopwatch;
-    const QList<AppInfo> apps = AppScanner::scan().result();
-    stopwatch.print();
-    const auto known = std::ranges::count(apps, 42, &AppInfo::useCount);
-    std::printf("applications %lld\n", static_cast<long long>(known));
-    return known == 300 ? 0 : 1;
-}
-
-int measureBackup(QApplication& application, const FileURL& tree, const FileURL& drive)
-{
-    Theme::instance().install();
-    testing::FakeFolderChooser chooser;
-    NoWorkspace workspace;
-    NoFileChooser files;
-    DialogAlertPresenter alerts;
-    KeelbrightApp app(chooser);
-    AppState& state = app.state();
-    MainWindow window({state, alerts, workspace, files});
-    state.setIsOnboardingCompleted(true);
-    state.setSelectedScreen(Screen::backupProgress);
-    window.show();
-
-    const BackupJob job{.id = QUuid::createUuid(),
-                        .sources = {{QUuid::createUuid(), tree, true}},
-                        .destination = {QUuid::createUuid(), drive},
-                        .startedAt = QDateTime::currentDateTimeUtc()};
-    int code = 1;
-    QTimer::singleShot(200, &application, [&] {
-        const auto probe = std::make_shared<testing::StallProbe>();
-        const auto stopwatch = std::make_shared<Stopwatch>();
-        QObject::connect(&state.engine(), &BackupEngine::isRunningChanged, [&, probe, stopwatch] {
-            if (state.engine().isRunning())
-                return;
-            stopwatch->print();
-            std::printf("stall %.6f\n", probe->longestSeconds());
-            const BackupProgress& progress = state.engine().progress();
-            std::printf("files %lld\nerrors %lld\n", static_cast<long long>(progress.filesCopied),
-                        static_cast<long long>(progress.errors.size()));
-            code = state.engine().lastError() ? 1 : 0;
-            application.quit();
-        });
-        state.engine().startBackup(job);
-    });
-    QApplication::exec();
-    return code;
-}
-
-/// Waits for the first window to be painted, tells when that was, and ends the program.
-class FirstPaint : public QObject
-{
-public:
-    explicit FirstPaint(qint64 since, QObject* parent)
-        : QObject(parent)
-        , m_since(since)
-    {}
-
-    bool eventFilter(QObject*, QEvent* event) override
+    struct Work
     {
-        if (event->type() == QEvent::Paint && !m_hasPainted) {
-            m_hasPainted = true;
-            // The whole window is painted in the same turn.
-            QTimer::singleShot(0, this, [this] {
-                tell();
-                QCoreApplication::quit();
-            });
-        }
-        return false;
-    }
+        int arguments;
+        std::function<std::optional<int>()> measure;
+    };
 
-private:
-    void tell() const
-    {
-        timespec now = {};
-        ::clock_gettime(CLOCK_MONOTONIC, &now);
-        const qint64 nanoseconds = now.tv_sec * 1'000'000'000LL + now.tv_nsec - m_since;
-        std::printf("wall %.6f\ncpu 0\n", static_cast<double>(nanoseconds) / 1e9);
-        QFile memory(QStringLiteral("/proc/self/smaps_rollup"));
-        if (!memory.open(QIODevice::ReadOnly))
-            return;
-        for (const QByteArray& line : memory.readAll().split('\n')) {
-            if (line.startsWith("Rss:"))
-                std::printf("resident %s\n", line.mid(4).trimmed().split(' ').first().constData());
-        }
-    }
-
-    qint64 m_since;
-    bool m_hasPainted = false;
-};
-
-std::optional<qint64> startedAt;
-
-void watchFirstPaint()
-{
-    if (startedAt)
-        qApp->installEventFilter(new FirstPaint(*startedAt, qApp));
+    const QHash<QString, Work> works = {
+        {QStringLiteral("scan"), {1, [&] { return measureScan(url(0)); }}},
+        {QStringLiteral("junk"), {1, [&] { return measureJunk(url(0)); }}},
+        {QStringLiteral("apps"), {2, [&] { return measureApps(url(0), arguments.at(1).toInt()); }}},
+        {QStringLiteral("backup"), {2, [&] { return measureBackup(url(0), url(1)); }}},
+        {QStringLiteral("visit"), {1, [&] { return measureVisits(url(0)); }}},
+        {QStringLiteral("screens"), {0, tellScreens}},
+        {QStringLiteral("lay"),
+         {1,
+          [&] {
+              testing::MadeUpMac(url(0)).populate();
+              return 0;
+          }}},
+        {QStringLiteral("rest"),
+         {2,
+          [&]() -> std::optional<int> {
+              const auto screen = screenFromRawValue(arguments.at(1));
+              return screen ? std::optional(rest(url(0), *screen)) : std::nullopt;
+          }}},
+    };
+    if (const auto found = works.find(work); found != works.end())
+        return found->arguments == arguments.size() ? found->measure() : std::nullopt;
+    return arguments.size() == 1 ? measureStorage(work, arguments.first()) : std::nullopt;
 }
-Q_COREAPP_STARTUP_FUNCTION(watchFirstPaint)
 
 } // namespace
 } // namespace keelbright::bench
@@ -198,30 +77,13 @@ Q_COREAPP_STARTUP_FUNCTION(watchFirstPaint)
 int main(int argc, char** argv)
 {
     using namespace keelbright;
-    if (argc == 3 && QByteArrayView(argv[1]) == "start") {
-        bench::startedAt = QByteArray(argv[2]).toLongLong();
-        return runApplication(argc, argv);
-    }
-    QApplication application(argc, argv);
+    if (argc == 3 && QByteArrayView(argv[1]) == "start")
+        return bench::measureStart(QByteArray(argv[2]).toLongLong(), argc, argv);
+    const QApplication application(argc, argv);
     const testing::TestMac mac;
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() == 3) {
-        if (arguments[1] == QStringLiteral("scan"))
-            return bench::measureScan(FileURL::fromPath(arguments[2]));
-        if (arguments[1] == QStringLiteral("junk"))
-            return bench::measureJunk(FileURL::fromPath(arguments[2]));
-        if (const auto code = bench::measureStorage(arguments[1], arguments[2]))
-            return *code;
-    }
-    if (arguments.size() == 4 && arguments[1] == QStringLiteral("backup")) {
-        return bench::measureBackup(application, FileURL::fromPath(arguments[2]),
-                                    FileURL::fromPath(arguments[3]));
-    }
-    if (arguments.size() == 2 && arguments[1] == QStringLiteral("apps"))
-        return bench::measureApps(mac);
-    std::fputs("usage: keelbright-measure scan TREE | size TREE | junk HOME | level FOLDER | walk TREE |\n"
-               "                          largest TREE | treemap CELLS | plan FOLDER | apps |\n"
-               "                          backup TREE DRIVE | start SINCE\n",
-               stderr);
-    return 2;
+    const auto code = bench::measure(arguments.value(1), arguments.mid(2));
+    if (!code)
+        std::fputs(bench::usage, stderr);
+    return code.value_or(2);
 }

@@ -4,6 +4,7 @@
 #include "KeelbrightCore/storage/FolderSizeService.h"
 #include "KeelbrightCore/storage/LargestFilesScanner.h"
 #include "KeelbrightCore/storage/OrganizerService.h"
+#include "bench/Memory.h"
 #include "bench/Stopwatch.h"
 #include "bench/TreemapNodes.h"
 
@@ -36,14 +37,6 @@ int measureWalk(const FileURL& tree)
             bytes += (*walk)->fileSize().value_or(0);
         return bytes;
     });
-}
-
-/// The most memory that the process has had so far, in the units of the system.
-long peakMemory()
-{
-    rusage usage = {};
-    ::getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
 }
 
 int measureLargest(const FileURL& tree)

@@ -1,0 +1,59 @@
+#include "bench/ServiceMeasures.h"
+
+#include "KeelbrightCore/apps/AppScanner.h"
+#include "KeelbrightCore/backup/FileScanner.h"
+#include "KeelbrightCore/health/HealthScoreService.h"
+#include "bench/Stopwatch.h"
+#include "tests/support/SandboxFileManager.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace keelbright::bench {
+
+namespace {
+
+/// The real file system with another home.
+class HomeAt : public SystemFileManager
+{
+public:
+    explicit HomeAt(FileURL home)
+        : m_home(std::move(home))
+    {}
+
+    [[nodiscard]] FileURL homeDirectory() const override { return m_home; }
+
+private:
+    FileURL m_home;
+};
+
+} // namespace
+
+int measureScan(const FileURL& tree)
+{
+    const QList<BackupSource> sources = {{QUuid::createUuid(), tree, true}};
+    return measureWarm("files", [&] { return FileScanner::scan(sources).fileCount; });
+}
+
+int measureJunk(const FileURL& home)
+{
+    HomeAt fileManager(home);
+    const FileManagerGuard guard(fileManager);
+    return measureWarm("bytes",
+                       [] { return HealthScoreService::compute(std::nullopt).result().junkEstimateBytes; });
+}
+
+int measureApps(const FileURL& machine, int count)
+{
+    testing::SandboxFileManager fileManager(machine);
+    const FileManagerGuard guard(fileManager);
+    const Stopwatch stopwatch;
+    const QList<AppInfo> apps = AppScanner::scan().result();
+    stopwatch.print();
+    // As the slow tool says.
+    const auto known = std::ranges::count(apps, 42, &AppInfo::useCount);
+    std::printf("applications %lld\n", static_cast<long long>(known));
+    return known == count ? 0 : 1;
+}
+
+} // namespace keelbright::bench

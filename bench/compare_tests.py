@@ -1,0 +1,221 @@
+"""What the comparison makes of figures: medians, ratios, verdicts, the exit code, the rows and trees."""
+
+import os
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+from comparing import backups, running, window
+from comparing.figures import Figure, exit_code, line
+from comparing.rows import ROWS, chosen
+from comparing.trees import Place, Sizes
+
+COMPARE = Path(__file__).with_name("compare")
+
+
+def figure(ours, peers, at_most=1.0, unit="s"):
+    return Figure("work", "tmpfs", ours, peers, "peer", at_most, unit)
+
+
+class FigureTests(unittest.TestCase):
+    def test_one_slow_round_does_not_count(self):
+        self.assertEqual(figure([1, 9, 2], [4, 4, 4]).own, 2)
+        self.assertEqual(figure([4, 4, 4], [1, 9, 2]).other, 2)
+
+    def test_the_median_of_an_even_number_of_rounds_lies_between_the_middle_ones(self):
+        self.assertEqual(figure([1, 2, 4, 9], [1] * 4).own, 3)
+
+    def test_the_ratio_is_that_of_the_medians(self):
+        self.assertEqual(figure([3, 1, 2], [8, 4, 100]).ratio, 0.25)
+
+    def test_the_spread_is_that_of_the_pairs(self):
+        self.assertEqual(figure([3, 1, 2], [6, 1, 8]).spread, (0.25, 1))
+
+    def test_nothing_beside_nothing_is_held_and_anything_beside_nothing_is_not(self):
+        self.assertTrue(figure([0], [0]).is_held)
+        self.assertFalse(figure([1], [0]).is_held)
+
+    def test_a_ratio_at_its_bound_is_held_and_one_above_is_not(self):
+        self.assertTrue(figure([0.8], [1], 0.8).is_held)
+        self.assertFalse(figure([0.81], [1], 0.8).is_held)
+
+    def test_the_verdict_is_on_the_ratio_that_is_shown(self):
+        self.assertTrue(figure([1.004], [1]).is_held)
+        self.assertFalse(figure([1.006], [1]).is_held)
+
+    def test_without_a_bound_nothing_is_missed(self):
+        self.assertTrue(figure([9], [1], None).is_held)
+        self.assertNotIn("MISSED", line(figure([9], [1], None)))
+
+    def test_a_line_tells_both_sides_the_ratio_its_spread_and_the_bound(self):
+        self.assertEqual(line(figure([3, 1, 2], [6, 1, 8])).split(),
+                         ["work", "tmpfs", "2.000", "s", "6.000", "s", "0.33", "0.25", "1.00", "1.00", "peer"])
+
+    def test_a_line_tells_a_missed_bound(self):
+        self.assertEqual(line(figure([0.02], [0.016], 1.0, "ms")).split(),
+                         ["work", "tmpfs", "20.0", "ms", "16.0", "ms", "1.25", "1.25", "1.25", "1.00", "peer", "MISSED"])
+
+
+class ExitCodeTests(unittest.TestCase):
+    held, missed = figure([1], [2]), figure([2], [1])
+
+    def test_all_held_is_0(self):
+        self.assertEqual(exit_code([self.held, self.held], is_quick=False), 0)
+
+    def test_one_missed_is_1(self):
+        self.assertEqual(exit_code([self.held, self.missed, self.held], is_quick=False), 1)
+
+    def test_a_quick_run_judges_nothing(self):
+        self.assertEqual(exit_code([self.missed], is_quick=True), 0)
+
+
+class CommandTests(unittest.TestCase):
+    def run_with(self, *arguments, tool="exit 0"):
+        """With a program in the place of the services."""
+        with tempfile.TemporaryDirectory() as folder:
+            program = Path(folder) / "measure"
+            program.write_text(f"#!/bin/sh\n{tool}\n", encoding="ascii")
+            program.chmod(0o755)
+            return subprocess.run([sys.executable, COMPARE, "--program", program, "--tmpfs", folder, "--disk", folder,
+                                   "--only", "treemap", "--rounds", "1", *arguments],
+                                  capture_output=True, text=True, check=False)
+
+    def test_a_held_bound_ends_with_0(self):
+        done = self.run_with(tool="echo wall 0.001; echo cpu 0.001")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertIn("1 figures, 0 beyond their bounds", done.stdout)
+
+    def test_a_missed_bound_ends_with_1(self):
+        done = self.run_with(tool="echo wall 0.017; echo cpu 0.017")
+        self.assertEqual(done.returncode, 1, done.stderr)
+        self.assertIn("MISSED", done.stdout)
+
+    def test_a_missed_bound_of_a_quick_run_is_told_and_ends_with_0(self):
+        done = self.run_with("--quick", tool="echo wall 0.017; echo cpu 0.017")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertIn("MISSED", done.stdout)
+
+    def test_a_failing_service_is_an_error_even_of_a_quick_run(self):
+        done = self.run_with("--quick", tool="echo broken >&2; exit 3")
+        self.assertNotEqual(done.returncode, 0)
+        self.assertIn("broken", done.stderr)
+
+    def test_an_unknown_row_is_refused(self):
+        done = self.run_with("--only", "backup,lunch")
+        self.assertEqual(done.returncode, 2)
+        self.assertIn("no such row: lunch", done.stderr)
+
+    def test_an_unknown_place_is_refused(self):
+        self.assertEqual(self.run_with("--places", "moon").returncode, 2)
+
+
+class RowTests(unittest.TestCase):
+    def test_without_a_choice_every_row_is_measured(self):
+        self.assertEqual(chosen([]), list(ROWS))
+
+    def test_rows_are_chosen_by_name(self):
+        self.assertEqual([row.name for row in chosen(["large", "estimate"])], ["estimate", "large"])
+
+    def test_names_are_unique(self):
+        self.assertEqual(len({row.name for row in ROWS}), len(ROWS))
+
+
+class RunningTests(unittest.TestCase):
+    def test_works_take_turns(self):
+        order = []
+        results = running.in_turn(2, lambda: order.append("a") or 1, lambda: order.append("b") or 2)
+        self.assertEqual((order, results), (["a", "b", "a", "b"], [[1, 1], [2, 2]]))
+
+    def test_figures_are_read_from_among_other_words(self):
+        self.assertEqual(running.figures_of(["wall 0.5", "stall:App Manager 0.002", "a warning of some library", ""]),
+                         {"wall": 0.5, "stall:App Manager": 0.002})
+
+    def test_a_peer_tells_what_it_took(self):
+        taken = running.peer("sleep", 0.05)
+        self.assertGreaterEqual(taken["wall"], 0.05)
+        self.assertLess(taken["cpu"], taken["wall"])
+
+    def test_a_failing_peer_ends_everything(self):
+        with self.assertRaisesRegex(SystemExit, "false ended with 1"):
+            running.peer("false")
+
+    def test_a_thread_that_slept_came_or_went_was_awake(self):
+        self.assertEqual(window.wakeups({"1": 5, "2": 7}, {"1": 5, "2": 7}), 0)
+        self.assertEqual(window.wakeups({"1": 5, "2": 7}, {"1": 8, "2": 7}), 3)
+        self.assertEqual(window.wakeups({"1": 5, "2": 7}, {"1": 5, "3": 1}), 2)
+
+    def test_wakeups_of_a_process_are_counted(self):
+        with subprocess.Popen(["sh", "-c", "while :; do sleep 0.01; done"]) as process:
+            before = window.switches(process.pid)
+            time.sleep(0.3)
+            after = window.switches(process.pid)
+            process.kill()
+        self.assertGreater(window.wakeups(before, after), 3)
+
+
+class BackupTests(unittest.TestCase):
+    class Bench:
+        def __init__(self, **figures):
+            self.figures = figures
+
+        def measure(self, *_):
+            return self.figures
+
+    def test_a_run_that_copied_everything_counts(self):
+        bench = self.Bench(files=5, errors=0, wall=1)
+        self.assertEqual(backups.back_up(bench, "tree", "drive", 5)["wall"], 1)
+
+    def test_a_run_that_left_a_file_out_does_not(self):
+        for figures in ({"files": 4, "errors": 0}, {"files": 5, "errors": 1}):
+            with self.assertRaises(SystemExit):
+                backups.back_up(self.Bench(**figures), "tree", "drive", 5)
+
+
+class TreeTests(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        sizes = Sizes(small=1_000, level_folders=4, level_files=7, deep=20_000, large=3 << 20)
+        self.place = Place("tmpfs", Path(folder.name), sizes)
+
+    @staticmethod
+    def files(root):
+        return [Path(folder) / name for folder, _, names in os.walk(root) for name in names]
+
+    def test_a_hundred_small_files_to_a_folder(self):
+        files = self.files(self.place.small())
+        self.assertEqual((len(files), len({file.parent for file in files})), (1_000, 10))
+        self.assertEqual(max(file.stat().st_size for file in files), 6_000)
+
+    def test_a_level_is_folders_side_by_side(self):
+        files = self.files(self.place.level())
+        self.assertEqual((len(files), {file.parent.parent for file in files}), (28, {self.place.folder / "level"}))
+
+    def test_a_deep_tree_is_deep(self):
+        root = self.place.deep()
+        files = self.files(root)
+        self.assertEqual((len(files), max(len(file.relative_to(root).parts) for file in files)), (20_000, 3))
+
+    def test_a_small_deep_tree_has_its_files_too(self):
+        self.assertEqual(len(self.files(Place("tmpfs", self.place.folder, Sizes(deep=20)).deep())), 20)
+
+    def test_a_large_file_takes_room(self):
+        file, = self.files(self.place.large())
+        self.assertEqual(file.stat().st_size, 3 << 20)
+        self.assertGreaterEqual(file.stat().st_blocks * 512, 3 << 20)
+
+    def test_a_tree_is_made_once(self):
+        before = self.place.small().stat().st_mtime_ns
+        self.assertEqual(self.place.small().stat().st_mtime_ns, before)
+
+    def test_a_dropped_tree_is_gone(self):
+        root = self.place.small()
+        self.place.drop("small", "never made")
+        self.assertFalse(root.exists())
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,91 @@
+"""Backups, with the window watching, beside cp and rsync."""
+
+import sys
+
+from comparing.figures import Figure
+from comparing.running import in_turn
+from comparing.walks import FRAME, walls
+
+
+def back_up(bench, tree, drive, files):
+    """A run counts only where it copied everything."""
+    figures = bench.measure("backup", tree, drive)
+    if figures["errors"] != 0 or figures["files"] != files:
+        sys.exit(f"a backup of {files} files copied {figures['files']:.0f}, with {figures['errors']:.0f} errors")
+    return figures
+
+
+def stall(work, bench, runs):
+    longest = max(run["stall"] for run in runs)
+    return Figure(f"longest stall, {work}", bench.place.name, [longest], [FRAME], "one frame", 1.0, "ms")
+
+
+class Flushed:
+    """On a disk a backup ends with everything on the drive, so there the peers' copies have to as well."""
+
+    def __init__(self, bench):
+        self._flushes = bench.place.name == "disk"
+        self._bench = bench
+        self.suffix = ", sync -f" if self._flushes else ""
+
+    def __call__(self, *command):
+        if not self._flushes:
+            return self._bench.peer(*command)
+        return self._bench.peer("sh", "-c", '"$@" && for last; do :; done && sync -f "$last"', "sh", *command)
+
+
+def small(bench):
+    """First and second runs in turn with the peers'."""
+    tree, place, peer = bench.place.small(), bench.place, Flushed(bench)
+    files = bench.sizes.small
+    first, cp, second, again, skipping, rsync = in_turn(
+        bench.rounds,
+        lambda: back_up(bench, tree, place.fresh("drive"), files),
+        lambda: peer("cp", "-a", tree, place.fresh("copy")),
+        lambda: back_up(bench, tree, place.folder / "drive", files),
+        lambda: peer("rsync", "-aIW", f"{tree}/", place.folder / "copy" / tree.name),
+        lambda: peer("rsync", "-a", f"{tree}/", place.folder / "copy" / tree.name),
+        lambda: peer("rsync", "-a", f"{tree}/", place.fresh("copy")))
+    place.drop("drive", "copy")
+    one, two = f"backup of {files:,} files, first run", f"backup of {files:,} files, second run"
+    yield Figure(one, place.name, walls(first), walls(cp), "cp -a" + peer.suffix, 1.0)
+    yield Figure(one, place.name, walls(first), walls(rsync), "rsync -a" + peer.suffix)
+    yield Figure(two, place.name, walls(second), walls(again), "rsync -aIW" + peer.suffix, 1.0)
+    yield Figure(two, place.name, walls(second), walls(skipping), "rsync -a (skips by size and time)")
+    yield stall("backup", bench, first + second)
+
+
+def large(bench):
+    tree, place, peer = bench.place.large(), bench.place, Flushed(bench)
+
+    def ours():
+        try:
+            return back_up(bench, tree, place.fresh("drive"), 1)
+        finally:
+            place.drop("drive")
+
+    def theirs():
+        try:
+            return peer("cp", tree / "large.bin", place.fresh("copy"))
+        finally:
+            place.drop("copy")
+
+    own, cp = in_turn(bench.rounds, ours, theirs)
+    yield Figure(f"one file of {bench.sizes.large >> 20:,} MiB", place.name, walls(own), walls(cp),
+                 "cp" + peer.suffix, 1.05)
+    place.drop("large")
+
+
+def deep(bench):
+    """The main thread while a million files are copied, then copied over."""
+    tree, files = bench.place.deep(), bench.sizes.deep
+    first = back_up(bench, tree, bench.place.fresh("drive"), files)
+    second = back_up(bench, tree, bench.place.folder / "drive", files)
+    bench.place.drop("drive")
+    work = f"backup of {files:,} files"
+    small_peak = back_up(bench, bench.place.shallow(), bench.place.fresh("drive"), files // 100)["peak"]
+    bench.place.drop("drive", "shallow")
+    yield stall(work, bench, [first, second])
+    for run, name in ((first, "first"), (second, "second")):
+        yield Figure(f"{work}, {name} run, memory", bench.place.name, [run["peak"] / 1000], [small_peak / 1000],
+                     f"its own at {files // 100:,}", 1.1, "MB")

@@ -1,0 +1,76 @@
+"""Runs peers as whole processes, and this program's services in a process that tells what they took."""
+
+import os
+import subprocess
+import sys
+import time
+
+
+def peer(*command):
+    """What a whole process took, in seconds, its output thrown away. Ends everything where it fails."""
+    started = time.monotonic()
+    process = subprocess.Popen(list(map(str, command)), stdout=subprocess.DEVNULL)
+    _, status, usage = os.wait4(process.pid, 0)
+    wall = time.monotonic() - started
+    process.returncode = os.waitstatus_to_exitcode(status)
+    if process.returncode != 0:
+        sys.exit(f"{' '.join(map(str, command))} ended with {process.returncode}")
+    return {"wall": wall, "cpu": usage.ru_utime + usage.ru_stime}
+
+
+class Measure:
+    """The program that does one thing with the real services."""
+
+    def __init__(self, program, platform):
+        self.program = program
+        self.platform = platform
+
+    def __call__(self, *arguments, home=None):
+        """The figures that it prints."""
+        return figures_of(self.lines(*arguments, home=home))
+
+    def lines(self, *arguments, home=None):
+        """The lines that it prints. Ends everything where it fails."""
+        done = subprocess.run([self.program, *map(str, arguments)], capture_output=True, text=True, check=False,
+                              env=self.environment(home))
+        if done.returncode != 0:
+            sys.exit(f"{self.program} {' '.join(map(str, arguments))} ended with {done.returncode}:\n{done.stderr}")
+        return done.stdout.splitlines()
+
+    def start(self, *command, home=None):
+        """A process that is left running, with its output to read."""
+        return subprocess.Popen(list(map(str, command)), stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                                text=True, env=self.environment(home))
+
+    def beside(self, name):
+        """Another program of the same build."""
+        return self.program.with_name(name)
+
+    def environment(self, home=None):
+        found = dict(os.environ, QT_QPA_PLATFORM=self.platform)
+        if home is not None:
+            found |= {"HOME": str(home), "XDG_CONFIG_HOME": f"{home}/.config", "XDG_DATA_HOME": f"{home}/.local/share"}
+        return found
+
+
+def figures_of(lines):
+    """Of lines that are a name and a number."""
+    figures = {}
+    for line in lines:
+        name, _, number = line.rpartition(" ")
+        try:
+            figures[name] = float(number)
+        except ValueError:
+            pass  # what the program says besides
+    return figures
+
+
+def in_turn(rounds, *works):
+    """Each work once a round, A B A B: a list of its results for each."""
+    results = [[] for _ in works]
+    for _ in range(rounds):
+        for work, found in zip(works, results):
+            found.append(work())
+    return results
+
+

@@ -1,0 +1,90 @@
+"""Estimates, sizes, levels and searches beside du, gdu and the plain walk."""
+
+from comparing.figures import Figure, fixed
+from comparing.running import in_turn
+
+FRAME = 0.016
+
+
+def walls(runs):
+    return [run["wall"] for run in runs]
+
+
+def cpus(runs):
+    return [run["cpu"] for run in runs]
+
+
+def beside_du(bench, work, service, tree):
+    """Wall and processor; both read the sizes of all files, and both are warm."""
+    bench.peer("du", "-sb", tree)
+    ours, peers = in_turn(bench.rounds, lambda: bench.measure(service, tree), lambda: bench.peer("du", "-sb", tree))
+    place = bench.place.name
+    yield Figure(f"{work}, wall", place, walls(ours), walls(peers), "du -sb", 1.0)
+    yield Figure(f"{work}, processor", place, cpus(ours), cpus(peers), "du -sb", 1.0)
+
+
+def estimate(bench):
+    yield from beside_du(bench, "estimate", "scan", bench.place.small())
+
+
+def size(bench):
+    yield from beside_du(bench, "size of a folder", "size", bench.place.small())
+
+
+def junk(bench):
+    """The estimate of the health score, with the small files as the caches of a home."""
+    home = bench.place.fresh("home")
+    caches = home / "Library" / "Caches"
+    caches.parent.mkdir(parents=True)
+    small = bench.place.small()
+    small.rename(caches)
+    try:
+        ours, peers = in_turn(bench.rounds, lambda: bench.measure("junk", home),
+                              lambda: bench.peer("du", "-sb", caches))
+    finally:
+        caches.rename(small)
+        bench.place.drop("home")
+    yield Figure("junk estimate, wall", bench.place.name, walls(ours), walls(peers), "du -sb", 1.0)
+    yield Figure("junk estimate, processor", bench.place.name, cpus(ours), cpus(peers), "du -sb", 1.0)
+
+
+def level(bench):
+    tree = bench.place.level()
+    bench.peer("gdu", "-n", "-p", tree)
+    ours, peers = in_turn(bench.rounds, lambda: bench.measure("level", tree),
+                          lambda: bench.peer("gdu", "-n", "-p", tree))
+    sizes = bench.sizes
+    yield Figure(f"level of {sizes.level_folders} folders of {sizes.level_files:,} files", bench.place.name,
+                 walls(ours), walls(peers), "gdu -n -p", 0.8)
+    bench.place.drop("level")
+
+
+def deep(bench):
+    files = f"{bench.sizes.deep:,} files, deep"
+    yield from beside_du(bench, f"estimate of {files}", "scan", bench.place.deep())
+    yield from beside_du(bench, f"size of {files}", "size", bench.place.deep())
+
+
+def largest(bench):
+    """The plain walk of the same tree is the peer in time, the search in a small one in memory."""
+    many, few = bench.place.deep(), bench.place.shallow()
+    ours, plain, small = in_turn(bench.rounds, lambda: bench.measure("largest", many),
+                                 lambda: bench.measure("walk", many), lambda: bench.measure("largest", few))
+    files = f"50 largest of {bench.sizes.deep:,} files"
+    yield Figure(files, bench.place.name, walls(ours), walls(plain), "the plain walk", 1.1)
+    yield Figure(f"{files}, memory", bench.place.name, [one["peak"] / 1000 for one in ours],
+                 [one["peak"] / 1000 for one in small], f"its own at {bench.sizes.deep // 100:,}", 1.1, "MB")
+    bench.place.drop("shallow")
+
+
+def plan(bench):
+    loose = bench.place.loose()
+    ours = [bench.measure("plan", loose)["wall"] for _ in range(bench.rounds)]
+    yield Figure(f"plan for {bench.sizes.small:,} loose files", bench.place.name, ours, fixed(0.5, ours),
+                 "half a second", 1.0)
+    bench.place.drop("loose")
+
+
+def treemap(bench):
+    ours = [bench.measure("treemap", bench.sizes.cells)["wall"] for _ in range(bench.rounds)]
+    yield Figure(f"treemap of {bench.sizes.cells:,} cells", "memory", ours, fixed(FRAME, ours), "one frame", 1.0, "ms")
