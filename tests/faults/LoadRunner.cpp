@@ -1,0 +1,146 @@
+// A whole backup as the program does it, with the state that keeps its report and writes its log, in a
+// process of its own that tells what it has cost:
+//     load-runner <machine> <drive> <source>
+// Prints one line of JSON: the counters, how many error lines the engine, the state and a state that
+// is started anew have, seconds, the longest stalls of the main thread (in the run, at its end, in a
+// start with its report, in a change of the settings afterwards), and the most memory that the process
+// has had.
+
+#include "Keelbright/state/AppState.h"
+#include "KeelbrightCore/platform/UserDefaults.h"
+#include "KeelbrightCore/records/ActivityStore.h"
+#include "KeelbrightCore/records/BackupConfigStore.h"
+#include "tests/support/FakeFolderChooser.h"
+#include "tests/support/SandboxFileManager.h"
+#include "tests/support/StallProbe.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSettings>
+#include <cstdio>
+
+namespace keelbright {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// The most memory that the process has had at once. What the system counts for the children of a
+/// process counts that process as well.
+qint64 peakMemory()
+{
+    QFile status(u"/proc/self/status"_s);
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArray text = status.readAll();
+    const QByteArray key = "VmHWM:";
+    const qsizetype place = text.indexOf(key) + key.size();
+    return text.mid(place, text.indexOf("kB", place) - place).trimmed().toLongLong() * 1024;
+}
+
+class Load
+{
+public:
+    explicit Load(const FileURL& machine)
+        : m_files(machine)
+        , m_guard(m_files)
+    {}
+
+    int run(const FileURL& drive, const FileURL& source)
+    {
+        AppState state(services());
+        for (qsizetype index = 0; index < state.recommendedFolders().size(); ++index)
+            state.setRecommendedFolderEnabled(index, false);
+        state.setCustomSources({{QUuid::createUuid(), source, true}});
+        state.setSelectedDestination(BackupDestination{QUuid::createUuid(), drive});
+        backUp(state);
+        tell(state.engine());
+        m_told.insert(u"linesKept"_s, state.lastReport() ? state.lastReport()->errors.size() : 0);
+        // The list in the engine, the report of the state and what is read anew are all there in the
+        // program as well.
+        m_told.insert(u"peakMemory"_s, peakMemory());
+        startAnew();
+        const QByteArray line = QJsonDocument(m_told).toJson(QJsonDocument::Compact);
+        std::printf("%s\n", line.constData());
+        return 0;
+    }
+
+private:
+    [[nodiscard]] AppServices services()
+    {
+        return {m_configStore, m_activityStore, m_userDefaults, m_chooser, &QDateTime::currentDateTimeUtc};
+    }
+
+    void backUp(AppState& state)
+    {
+        std::optional<testing::StallProbe> inRun(std::in_place);
+        std::optional<testing::StallProbe> atEnd;
+        QElapsedTimer time;
+        time.start();
+        QObject::connect(&state.engine(), &BackupEngine::isRunningChanged, &state, [&] {
+            if (state.engine().isRunning())
+                return;
+            m_told.insert(u"seconds"_s, static_cast<double>(time.nsecsElapsed()) / 1e9);
+            m_told.insert(u"stallInRun"_s, inRun->longestSeconds());
+            inRun.reset();
+            atEnd.emplace();
+            constexpr int afterTheSave = 50;
+            QTimer::singleShot(afterTheSave, &QCoreApplication::quit);
+        });
+        if (!state.confirmBackup())
+            return;
+        QCoreApplication::exec();
+        m_told.insert(u"stallAtEnd"_s, atEnd ? atEnd->longestSeconds() : 0);
+    }
+
+    void tell(const BackupEngine& engine)
+    {
+        m_told.insert(u"copied"_s, engine.progress().filesCopied);
+        m_told.insert(u"skipped"_s, engine.progress().filesSkipped);
+        m_told.insert(u"estimate"_s, engine.progress().totalFilesEstimate);
+        m_told.insert(u"lines"_s, engine.progress().errors.size());
+        m_told.insert(u"lastError"_s, engine.lastError().value_or(QString()));
+    }
+
+    /// The program's next start, and a change of the settings in it.
+    void startAnew()
+    {
+        QElapsedTimer time;
+        time.start();
+        AppState state(services());
+        m_told.insert(u"start"_s, static_cast<double>(time.nsecsElapsed()) / 1e9);
+        m_told.insert(u"linesRead"_s, state.lastReport() ? state.lastReport()->errors.size() : 0);
+        time.restart();
+        state.setRecommendedFolderEnabled(0, true);
+        m_told.insert(u"change"_s, static_cast<double>(time.nsecsElapsed()) / 1e9);
+    }
+
+    testing::SandboxFileManager m_files;
+    FileManagerGuard m_guard;
+    BackupConfigStore m_configStore{m_files.applicationSupportDirectory()};
+    ActivityStore m_activityStore{m_files.applicationSupportDirectory()};
+    UserDefaults m_userDefaults{std::make_unique<QSettings>(
+        m_files.homeDirectory().appending(u".config/defaults.ini"_s).path(), QSettings::IniFormat)};
+    testing::FakeFolderChooser m_chooser;
+    QJsonObject m_told;
+};
+
+int run(int argumentCount, char** arguments)
+{
+    QCoreApplication application(argumentCount, arguments);
+    const QStringList folders = QCoreApplication::arguments().sliced(1);
+    if (folders.size() != 3)
+        return 2;
+    return Load(FileURL::fromPath(folders.at(0)))
+        .run(FileURL::fromPath(folders.at(1)), FileURL::fromPath(folders.at(2)));
+}
+
+} // namespace
+} // namespace keelbright
+
+int main(int argumentCount, char** arguments)
+{
+    return keelbright::run(argumentCount, arguments);
+}
