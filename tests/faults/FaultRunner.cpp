@@ -105,13 +105,20 @@ int care(const QString& work, const QStringList& folders, const QString& held)
     return testing::tell(testing::organize(place, ready));
 }
 
+qsizetype leastFolders(const QString& work)
+{
+    if (work.isEmpty())
+        return 3;
+    return work == u"clean" ? 1 : 2;
+}
+
 int run(int argumentCount, char** arguments)
 {
     const QCoreApplication application(argumentCount, arguments);
     QStringList folders = QCoreApplication::arguments().sliced(1);
     const QString held = takeOption(folders, QStringLiteral("hold"));
     const QString work = takeOption(folders, QStringLiteral("work"));
-    if (folders.size() < (work.isEmpty() ? 3 : work == u"clean" ? 1 : 2))
+    if (folders.size() < leastFolders(work))
         return 2;
     testing::SandboxFileManager files(FileURL::fromPath(folders.at(0)));
     const FileManagerGuard guard(files);
