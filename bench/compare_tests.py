@@ -147,6 +147,15 @@ class RunningTests(unittest.TestCase):
         self.assertEqual(window.wakeups({"1": 5, "2": 7}, {"1": 8, "2": 7}), 3)
         self.assertEqual(window.wakeups({"1": 5, "2": 7}, {"1": 5, "3": 1}), 2)
 
+    def test_busy_programs_are_busy_as_long_as_asked_for(self):
+        with running.busy_programs(2):
+            children = Path(f"/proc/self/task/{os.getpid()}/children").read_text(encoding="ascii").split()
+            time.sleep(0.5)
+            ticks = [int(Path(f"/proc/{child}/stat").read_text(encoding="ascii").split()[13]) for child in children]
+        self.assertEqual(len(children), 2)
+        self.assertGreater(sum(ticks), 0)
+        self.assertFalse(any(Path(f"/proc/{child}").exists() for child in children))
+
     def test_wakeups_of_a_process_are_counted(self):
         with subprocess.Popen(["sh", "-c", "while :; do sleep 0.01; done"]) as process:
             before = window.switches(process.pid)
