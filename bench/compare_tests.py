@@ -1,6 +1,7 @@
 """What the comparison makes of figures: medians, ratios, verdicts, the exit code, the rows and trees."""
 
 import os
+import signal
 import subprocess
 import sys
 import tempfile
@@ -110,6 +111,22 @@ class CommandTests(unittest.TestCase):
 
     def test_an_unknown_place_is_refused(self):
         self.assertEqual(self.run_with("--places", "moon").returncode, 2)
+
+
+    def test_nothing_is_left_where_it_is_ended_from_outside(self):
+        with tempfile.TemporaryDirectory() as folder:
+            program = Path(folder) / "measure"
+            program.write_text("#!/bin/sh\nexec sleep 60\n", encoding="ascii")
+            program.chmod(0o755)
+            place = Path(folder) / "place"
+            place.mkdir()
+            with subprocess.Popen([sys.executable, COMPARE, "--program", program, "--tmpfs", place, "--quick", "--only",
+                                   "plan", "--places", "tmpfs"], stdout=subprocess.DEVNULL) as process:
+                while not list(place.glob("*/loose")):
+                    time.sleep(0.01)
+                process.terminate()
+                self.assertEqual(process.wait(), 128 + signal.SIGTERM)
+            self.assertEqual(list(place.iterdir()), [])
 
 
 class RowTests(unittest.TestCase):

@@ -11,7 +11,12 @@ def peer(*command):
     """What a whole process took, in seconds, its output thrown away. Ends everything where it fails."""
     started = time.monotonic()
     process = subprocess.Popen(list(map(str, command)), stdout=subprocess.DEVNULL)
-    _, status, usage = os.wait4(process.pid, 0)
+    try:
+        _, status, usage = os.wait4(process.pid, 0)
+    except BaseException:
+        process.kill()
+        process.wait()
+        raise
     wall = time.monotonic() - started
     process.returncode = os.waitstatus_to_exitcode(status)
     if process.returncode != 0:
