@@ -29,8 +29,8 @@ int measureBackup(const FileURL& tree, const FileURL& drive)
                 return;
             stopwatch->print();
             const BackupProgress& progress = engine.progress();
-            std::printf("stall %.6f\nfiles %lld\nerrors %lld\npeak %ld\n", probe->longestSeconds(),
-                        static_cast<long long>(progress.filesCopied),
+            std::printf("stall %.6f\nwork %.6f\nfiles %lld\nerrors %lld\npeak %ld\n", probe->longestSeconds(),
+                        probe->longestWorkSeconds(), static_cast<long long>(progress.filesCopied),
                         static_cast<long long>(progress.errors.size()), peakMemory());
             code = engine.lastError() ? 1 : 0;
             QCoreApplication::quit();

@@ -106,8 +106,10 @@ public:
 
     void end()
     {
-        if (m_probe)
+        if (m_probe) {
             m_longest[m_what] = std::max(m_longest[m_what], m_probe->longestSeconds());
+            m_longestWork[m_what] = std::max(m_longestWork[m_what], m_probe->longestWorkSeconds());
+        }
         m_probe.reset();
     }
 
@@ -116,12 +118,15 @@ public:
         end();
         for (auto stall = m_longest.cbegin(); stall != m_longest.cend(); ++stall)
             std::printf("stall:%s %.6f\n", qPrintable(stall.key()), *stall);
+        for (auto work = m_longestWork.cbegin(); work != m_longestWork.cend(); ++work)
+            std::printf("work:%s %.6f\n", qPrintable(work.key()), *work);
     }
 
 private:
     QString m_what;
     std::optional<testing::StallProbe> m_probe;
     QMap<QString, double> m_longest;
+    QMap<QString, double> m_longestWork;
 };
 
 /// Opens the screen, then starts what can be started there.

@@ -1,6 +1,7 @@
 """What the comparison makes of figures: medians, ratios, verdicts, the exit code, the rows and trees."""
 
 import os
+import signal
 import subprocess
 import sys
 import tempfile
@@ -112,6 +113,22 @@ class CommandTests(unittest.TestCase):
         self.assertEqual(self.run_with("--places", "moon").returncode, 2)
 
 
+    def test_nothing_is_left_where_it_is_ended_from_outside(self):
+        with tempfile.TemporaryDirectory() as folder:
+            program = Path(folder) / "measure"
+            program.write_text("#!/bin/sh\nexec sleep 60\n", encoding="ascii")
+            program.chmod(0o755)
+            place = Path(folder) / "place"
+            place.mkdir()
+            with subprocess.Popen([sys.executable, COMPARE, "--program", program, "--tmpfs", place, "--quick", "--only",
+                                   "plan", "--places", "tmpfs"], stdout=subprocess.DEVNULL) as process:
+                while not list(place.glob("*/loose")):
+                    time.sleep(0.01)
+                process.terminate()
+                self.assertEqual(process.wait(), 128 + signal.SIGTERM)
+            self.assertEqual(list(place.iterdir()), [])
+
+
 class RowTests(unittest.TestCase):
     def test_without_a_choice_every_row_is_measured(self):
         self.assertEqual(chosen([]), list(ROWS))
@@ -146,6 +163,15 @@ class RunningTests(unittest.TestCase):
         self.assertEqual(window.wakeups({"1": 5, "2": 7}, {"1": 5, "2": 7}), 0)
         self.assertEqual(window.wakeups({"1": 5, "2": 7}, {"1": 8, "2": 7}), 3)
         self.assertEqual(window.wakeups({"1": 5, "2": 7}, {"1": 5, "3": 1}), 2)
+
+    def test_busy_programs_are_busy_as_long_as_asked_for(self):
+        with running.busy_programs(2):
+            children = Path(f"/proc/self/task/{os.getpid()}/children").read_text(encoding="ascii").split()
+            time.sleep(0.5)
+            ticks = [int(Path(f"/proc/{child}/stat").read_text(encoding="ascii").split()[13]) for child in children]
+        self.assertEqual(len(children), 2)
+        self.assertGreater(sum(ticks), 0)
+        self.assertFalse(any(Path(f"/proc/{child}").exists() for child in children))
 
     def test_wakeups_of_a_process_are_counted(self):
         with subprocess.Popen(["sh", "-c", "while :; do sleep 0.01; done"]) as process:

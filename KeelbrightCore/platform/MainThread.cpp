@@ -2,10 +2,15 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QSemaphore>
 #include <QThread>
 #include <chrono>
-#include <thread>
+#include <tuple>
 #include <utility>
+
+#ifdef __linux__
+#include <sched.h>
+#endif
 
 namespace keelbright {
 
@@ -13,18 +18,70 @@ namespace {
 
 using SteadyClock = std::chrono::steady_clock;
 
-/// How long a waiting task looks again and again before it sleeps. To be woken costs more than
-/// the main thread mostly takes to answer.
-constexpr int looksBeforeSleep = 200;
-
-/// How long the main thread looks out for the next change before it goes back to its events. A
-/// small file is copied within that time, and to wake the main thread for each would cost more
-/// than the copy.
+/// How long each side looks out for the other before it sleeps: the task for its answer, the main
+/// thread for the next change. A small file is copied within that time, and to be woken for each
+/// would cost more than the copy.
 constexpr auto lookout = std::chrono::microseconds(60);
 
 /// How long the main thread stays with a stream of changes before it sees to its events: well
 /// under a frame.
 constexpr auto longestStay = std::chrono::milliseconds(2);
+
+/// Lets the other thread of a processor's core run between two looks. The processor itself is not
+/// given away: beside other busy programs the scheduler puts back whoever does that, by milliseconds
+/// each time.
+void rest()
+{
+#if defined(__x86_64__) || defined(__i386__)
+    __builtin_ia32_pause();
+#elif defined(__aarch64__)
+    __asm__ volatile("yield");
+#endif
+}
+
+/// One of the two threads, as the other sees it.
+class Side
+{
+public:
+    /// This thread is at work here now.
+    void note() { m_processor.store(currentProcessor(), std::memory_order_relaxed); }
+
+    /// Whether this thread, at work here, finds it come true within the time of a lookout. No more than
+    /// one look where the other thread was last seen on the same processor: it can't go on before this
+    /// one sleeps.
+    template <typename Condition> bool seesWithin(const Side& other, Condition condition)
+    {
+        if (condition())
+            return true;
+        constexpr int looksATime = 16;
+        const auto until = SteadyClock::now() + lookout;
+        do {
+            note();
+            if (m_processor == other.m_processor && m_processor != unknown)
+                break;
+            for (int look = 0; look < looksATime; ++look) {
+                if (condition())
+                    return true;
+                rest();
+            }
+        } while (SteadyClock::now() < until);
+        return condition();
+    }
+
+private:
+    static constexpr int unknown = -1;
+
+    static int currentProcessor()
+    {
+#ifdef __linux__
+        return ::sched_getcpu();
+#else
+        return unknown;
+#endif
+    }
+
+    std::atomic<int> m_processor = unknown;
+};
 
 const QEvent::Type changeEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
 
@@ -61,32 +118,47 @@ public:
             state = State::closed;
         else if (!state.compare_exchange_strong(expected, reached))
             return;
-        state.notify_all();
+        if (m_isTaskAsleep.exchange(false))
+            m_wakeUp.release();
+    }
+
+    /// Of the task: sleeps until nothing is on its way.
+    void awaitAnswer()
+    {
+        if (task.seesWithin(m_main, [this] { return state != State::posted; }))
+            return;
+        m_isTaskAsleep = true;
+        // Answered in between, and nobody has seen us asleep: nobody will wake us either.
+        if (state != State::posted && m_isTaskAsleep.exchange(false))
+            return;
+        m_wakeUp.acquire();
     }
 
     std::atomic<State> state = State::idle;
     std::atomic<bool> isLookingOut = false; ///< the next change needs no event
     std::move_only_function<void()> change;
+    Side task;
 
 private:
     void makeChange()
     {
         if (state != State::posted)
             return;
+        m_main.note();
         // The last owner of what the change carries goes before the task goes on.
         std::exchange(change, nullptr)();
         finish(State::idle);
     }
 
-    /// Looks out for another change.
-    [[nodiscard]] bool hasNextChange() const
+    [[nodiscard]] bool hasNextChange()
     {
-        const auto until = SteadyClock::now() + lookout;
-        // Yielding costs nothing on a free machine, and on a busy one lets the task go on.
-        while (state == State::idle && SteadyClock::now() < until)
-            std::this_thread::yield();
+        std::ignore = m_main.seesWithin(task, [this] { return state != State::idle; });
         return state == State::posted;
     }
+
+    Side m_main;
+    std::atomic<bool> m_isTaskAsleep = false;
+    QSemaphore m_wakeUp;
 };
 
 MainThreadHop::MainThreadHop()
@@ -107,6 +179,7 @@ void MainThreadHop::post(std::move_only_function<void()> change)
     if (m_receiver->state == Receiver::State::closed)
         return;
     m_receiver->change = std::move(change);
+    m_receiver->task.note();
     auto expected = Receiver::State::idle;
     if (m_receiver->state.compare_exchange_strong(expected, Receiver::State::posted) &&
         !m_receiver->isLookingOut)
@@ -115,12 +188,7 @@ void MainThreadHop::post(std::move_only_function<void()> change)
 
 bool MainThreadHop::wait()
 {
-    for (int look = 0; look < looksBeforeSleep; ++look) {
-        if (m_receiver->state != Receiver::State::posted)
-            break;
-        std::this_thread::yield();
-    }
-    m_receiver->state.wait(Receiver::State::posted);
+    m_receiver->awaitAnswer();
     return m_receiver->state != Receiver::State::closed;
 }
 

@@ -1,9 +1,10 @@
 """Backups, with the window watching, beside cp and rsync."""
 
+import os
 import sys
 
 from comparing.figures import Figure
-from comparing.running import in_turn
+from comparing.running import busy_programs, in_turn
 from comparing.walks import FRAME, walls
 
 
@@ -53,6 +54,24 @@ def small(bench):
     yield Figure(two, place.name, walls(second), walls(again), "rsync -aIW" + peer.suffix, 1.0)
     yield Figure(two, place.name, walls(second), walls(skipping), "rsync -a (skips by size and time)")
     yield stall("backup", bench, first + second)
+
+
+def busy(bench):
+    """Beside twice as many busy programs as there are processors: each file waits for the main thread,
+    and must not wait for everybody else besides."""
+    tree, place, files = bench.place.small(), bench.place, bench.sizes.small
+    programs = 2 * os.cpu_count()
+    with busy_programs(programs):
+        first, cp, second, again = in_turn(
+            bench.rounds,
+            lambda: back_up(bench, tree, place.fresh("drive"), files),
+            lambda: bench.peer("cp", "-a", tree, place.fresh("copy")),
+            lambda: back_up(bench, tree, place.folder / "drive", files),
+            lambda: bench.peer("rsync", "-aIW", f"{tree}/", place.folder / "copy" / tree.name))
+    place.drop("drive", "copy")
+    beside = f"beside {programs} busy programs"
+    yield Figure(f"first run, {beside}", place.name, walls(first), walls(cp), "cp -a", 3.0)
+    yield Figure(f"second run, {beside}", place.name, walls(second), walls(again), "rsync -aIW", 3.0)
 
 
 def large(bench):

@@ -27,6 +27,7 @@ ROWS = (
     Row("level", "a level of the storage browser beside gdu", walks.level),
     Row("plan", "the plan of the organizer", walks.plan),
     Row("backup", "first and second backups beside cp and rsync", backups.small),
+    Row("busy", "the same beside busy programs", backups.busy, ("tmpfs",)),
     Row("large", "one file of 4 GB beside cp", backups.large),
     Row("deep", "estimate and size of 1,000,000 files in a deep tree beside du", walks.deep),
     Row("largest", "the 50 largest of 1,000,000 files: time and memory", walks.largest),

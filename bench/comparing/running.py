@@ -1,5 +1,6 @@
 """Runs peers as whole processes, and this program's services in a process that tells what they took."""
 
+import contextlib
 import os
 import subprocess
 import sys
@@ -10,7 +11,12 @@ def peer(*command):
     """What a whole process took, in seconds, its output thrown away. Ends everything where it fails."""
     started = time.monotonic()
     process = subprocess.Popen(list(map(str, command)), stdout=subprocess.DEVNULL)
-    _, status, usage = os.wait4(process.pid, 0)
+    try:
+        _, status, usage = os.wait4(process.pid, 0)
+    except BaseException:
+        process.kill()
+        process.wait()
+        raise
     wall = time.monotonic() - started
     process.returncode = os.waitstatus_to_exitcode(status)
     if process.returncode != 0:
@@ -51,6 +57,16 @@ class Measure:
         if home is not None:
             found |= {"HOME": str(home), "XDG_CONFIG_HOME": f"{home}/.config", "XDG_DATA_HOME": f"{home}/.local/share"}
         return found
+
+
+@contextlib.contextmanager
+def busy_programs(count):
+    """Other programs that would take all of the processors, as long as this lasts."""
+    with contextlib.ExitStack() as started:
+        for _ in range(count):
+            program = started.enter_context(subprocess.Popen(["sh", "-c", "while :; do :; done"]))
+            started.callback(program.kill)
+        yield
 
 
 def figures_of(lines):

@@ -3,10 +3,21 @@
 #include <QCoreApplication>
 #include <QThread>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <thread>
+#include <tuple>
+#include <vector>
 
 namespace keelbright {
 namespace {
+
+/// How often this thread has lost its processor although it could have gone on.
+long timesProcessorWasGivenAway()
+{
+    rusage usage = {};
+    ::getrusage(RUSAGE_THREAD, &usage);
+    return usage.ru_nivcsw;
+}
 
 class MainThreadHopTest : public ::testing::Test
 {
@@ -59,6 +70,35 @@ TEST_F(MainThreadHopTest, letsTheTaskWorkWhileAChangeIsOnItsWay)
     });
     turnUntilEnded(task, ended);
     EXPECT_EQ(made, 1);
+}
+
+TEST_F(MainThreadHopTest, keepsItsProcessorsBesideBusyPrograms)
+{
+    constexpr int hops = 300;
+    std::atomic<bool> isOver = false;
+    std::vector<std::jthread> busy;
+    for (int i = 0; i < 2 * QThread::idealThreadCount(); ++i) {
+        busy.emplace_back([&] {
+            while (!isOver) {
+            }
+        });
+    }
+    MainThreadHop hop;
+    std::atomic<bool> ended = false;
+    long timesGivenAway = 0;
+    int made = 0;
+    std::thread task([&] {
+        const long before = timesProcessorWasGivenAway();
+        for (int i = 0; i < hops; ++i)
+            std::ignore = hop.hop([&] { ++made; });
+        timesGivenAway = timesProcessorWasGivenAway() - before;
+        ended = true;
+    });
+    turnUntilEnded(task, ended);
+    isOver = true;
+    EXPECT_EQ(made, hops);
+    // To sleep until it is woken is not to give it away. Some are for others' turns that have come.
+    EXPECT_LT(timesGivenAway, hops / 2);
 }
 
 TEST_F(MainThreadHopTest, doesNotWaitWhereNothingIsOnItsWay)

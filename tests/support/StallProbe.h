@@ -3,6 +3,8 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
+#include <ctime>
+
 namespace keelbright::testing {
 
 /// The longest time that the main thread did not come back to its events.
@@ -20,6 +22,9 @@ public:
 
     [[nodiscard]] double longestSeconds() const { return static_cast<double>(m_longest) / 1e9; }
 
+    /// The longest that it worked meanwhile, whatever else kept it from its processor.
+    [[nodiscard]] double longestWorkSeconds() const { return static_cast<double>(m_longestWork) / 1e9; }
+
 private:
     static constexpr int interval = 1;
 
@@ -27,11 +32,23 @@ private:
     {
         m_longest = qMax(m_longest, m_sinceTurn.nsecsElapsed() - interval * 1'000'000);
         m_sinceTurn.restart();
+        const qint64 worked = workOfThisThread();
+        m_longestWork = qMax(m_longestWork, worked - m_workAtTurn);
+        m_workAtTurn = worked;
+    }
+
+    static qint64 workOfThisThread()
+    {
+        timespec time = {};
+        ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
     }
 
     QTimer m_timer;
     QElapsedTimer m_sinceTurn;
     qint64 m_longest = 0;
+    qint64 m_workAtTurn = workOfThisThread();
+    qint64 m_longestWork = 0;
 };
 
 } // namespace keelbright::testing
