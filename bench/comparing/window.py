@@ -51,6 +51,8 @@ def stalls(bench):
         for tree, place in places.items():
             place.rename(tree)
     bench.place.drop("machine")
+    work = max(seconds for key, seconds in run.items() if key.startswith("work:"))
+    yield Figure("longest own work in a turn, all screens", bench.place.name, [work], [FRAME], "one frame", 1.0, "ms")
     for key in sorted(run):
         kind, _, screen = key.partition(":")
         if kind == "stall":
