@@ -5,10 +5,12 @@
 
 #include <QScrollBar>
 #include <QTest>
+#include <algorithm>
 #include <benchmark/benchmark.h>
 
-// What is measured of screens is the longest time for which the window did not answer, from what the
-// user did until the last picture of it; the work in the background is not in it.
+// What is measured of screens is the longest turn of the main thread, from what the user did until the
+// last picture of it: its own work, and beside it (`stall`, milliseconds) for how long the window did
+// not answer, which a shared machine adds to. The work in the background is not in it.
 
 namespace keelbright::bench {
 
@@ -25,7 +27,9 @@ template <typename Act> void measureStall(benchmark::State& state, Act act)
     QTest::qWait(5);
     act();
     settle();
-    state.SetIterationTime(probe.longestSeconds());
+    state.SetIterationTime(probe.longestWorkSeconds());
+    auto& stall = state.counters["stall"];
+    stall = std::max<double>(stall, probe.longestSeconds() * 1e3);
 }
 
 /// From the first row to the last, a picture at each of twenty stops.

@@ -10,6 +10,7 @@ from comparing.walks import FRAME
 
 SETTLING_SECONDS = 3
 START_SECONDS, START_MEGABYTES = 0.3, 90
+OPENING_SECONDS = 0.1
 
 
 def start(bench):
@@ -51,12 +52,13 @@ def stalls(bench):
         for tree, place in places.items():
             place.rename(tree)
     bench.place.drop("machine")
-    work = max(seconds for key, seconds in run.items() if key.startswith("work:"))
-    yield Figure("longest own work in a turn, all screens", bench.place.name, [work], [FRAME], "one frame", 1.0, "ms")
     for key in sorted(run):
         kind, _, screen = key.partition(":")
-        if kind == "stall":
-            yield Figure(f"longest stall, {screen}", bench.place.name, [run[key]], [FRAME], "one frame", 1.0, "ms")
+        if kind in ("stall", "work"):
+            # A screen opens within a tenth of a second; what is asked of an open one costs no frame.
+            limit, named = (FRAME, "one frame") if ": " in screen else (OPENING_SECONDS, "100 ms")
+            what = "longest stall" if kind == "stall" else "own work of it"
+            yield Figure(f"{what}, {screen}", bench.place.name, [run[key]], [limit], named, 1.0, "ms")
 
 
 def rest(bench):
