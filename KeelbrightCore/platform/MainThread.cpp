@@ -99,13 +99,13 @@ public:
             return QObject::event(event);
         const auto leaveAt = SteadyClock::now() + longestStay;
         // Already while a change is made: the task answers it faster than we could say so after.
-        isLookingOut = true;
+        m_isLookingOut = true;
         do {
             makeChange();
         } while (SteadyClock::now() < leaveAt && hasNextChange());
-        isLookingOut = false;
+        m_isLookingOut = false;
         // In this order: a task that still saw the lookout has posted before this last look.
-        if (state == State::posted)
+        if (isPending())
             QCoreApplication::postEvent(this, new QEvent(changeEvent));
         return true;
     }
@@ -115,8 +115,8 @@ public:
         State expected = State::posted;
         // A close that came from within the change stays.
         if (reached == State::closed)
-            state = State::closed;
-        else if (!state.compare_exchange_strong(expected, reached))
+            m_state = State::closed;
+        else if (!m_state.compare_exchange_strong(expected, reached))
             return;
         if (m_isTaskAsleep.exchange(false))
             m_wakeUp.release();
@@ -125,38 +125,53 @@ public:
     /// Of the task: sleeps until nothing is on its way.
     void awaitAnswer()
     {
-        if (task.seesWithin(m_main, [this] { return state != State::posted; }))
+        if (m_task.seesWithin(m_main, [this] { return !isPending(); }))
             return;
         m_isTaskAsleep = true;
         // Answered in between, and nobody has seen us asleep: nobody will wake us either.
-        if (state != State::posted && m_isTaskAsleep.exchange(false))
+        if (!isPending() && m_isTaskAsleep.exchange(false))
             return;
         m_wakeUp.acquire();
     }
 
-    std::atomic<State> state = State::idle;
-    std::atomic<bool> isLookingOut = false; ///< the next change needs no event
-    std::move_only_function<void()> change;
-    Side task;
+    /// Of the task: puts a change on its way, while none is.
+    void post(std::move_only_function<void()> change)
+    {
+        if (isClosed())
+            return;
+        m_change = std::move(change);
+        m_task.note();
+        auto expected = State::idle;
+        if (m_state.compare_exchange_strong(expected, State::posted) && !m_isLookingOut)
+            QCoreApplication::postEvent(this, new QEvent(changeEvent));
+    }
+
+    [[nodiscard]] bool isPending() const { return m_state == State::posted; }
+
+    [[nodiscard]] bool isClosed() const { return m_state == State::closed; }
 
 private:
     void makeChange()
     {
-        if (state != State::posted)
+        if (!isPending())
             return;
         m_main.note();
         // The last owner of what the change carries goes before the task goes on.
-        std::exchange(change, nullptr)();
+        std::exchange(m_change, nullptr)();
         finish(State::idle);
     }
 
     [[nodiscard]] bool hasNextChange()
     {
-        std::ignore = m_main.seesWithin(task, [this] { return state != State::idle; });
-        return state == State::posted;
+        std::ignore = m_main.seesWithin(m_task, [this] { return m_state != State::idle; });
+        return isPending();
     }
 
+    std::atomic<State> m_state = State::idle;
+    std::atomic<bool> m_isLookingOut = false; ///< the next change needs no event
+    std::move_only_function<void()> m_change;
     Side m_main;
+    Side m_task;
     std::atomic<bool> m_isTaskAsleep = false;
     QSemaphore m_wakeUp;
 };
@@ -176,25 +191,18 @@ MainThreadHop::~MainThreadHop()
 
 void MainThreadHop::post(std::move_only_function<void()> change)
 {
-    if (m_receiver->state == Receiver::State::closed)
-        return;
-    m_receiver->change = std::move(change);
-    m_receiver->task.note();
-    auto expected = Receiver::State::idle;
-    if (m_receiver->state.compare_exchange_strong(expected, Receiver::State::posted) &&
-        !m_receiver->isLookingOut)
-        QCoreApplication::postEvent(m_receiver.get(), new QEvent(changeEvent));
+    m_receiver->post(std::move(change));
 }
 
 bool MainThreadHop::wait()
 {
     m_receiver->awaitAnswer();
-    return m_receiver->state != Receiver::State::closed;
+    return !m_receiver->isClosed();
 }
 
 bool MainThreadHop::isPending() const
 {
-    return m_receiver->state == Receiver::State::posted;
+    return m_receiver->isPending();
 }
 
 bool MainThreadHop::hop(std::move_only_function<void()> change)
