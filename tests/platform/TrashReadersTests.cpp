@@ -21,6 +21,7 @@ protected:
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("HOME"), m_mac.home().path());
+        environment.remove(QStringLiteral("XDG_DATA_HOME"));
         environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_runtime.path());
         environment.insert(QStringLiteral("GVFS_DISABLE_FUSE"), QStringLiteral("1"));
         environment.insert(QStringLiteral("PYTHONIOENCODING"), QStringLiteral("utf-8:surrogateescape"));
@@ -61,11 +62,14 @@ protected:
         return reasonMissing({"gio", "dbus-run-session", "/usr/libexec/gvfsd-trash"});
     }
 
-    /// Puts back all that the desktop shows in its Trash.
-    void restoreAll() const
+    /// Puts back what the desktop shows in its Trash with a place below the folder. It shows the
+    /// Trashes of all volumes of the machine together; what others threw away stays where it is.
+    void restoreAll(const FileURL& folder) const
     {
-        onDesktop(QStringLiteral("gio list --hidden -u trash:/// | while read -r item; do "
-                                 "gio trash --restore \"$item\"; done"));
+        const QString lines =
+            QStringLiteral("tab=$(printf '\\t'); gio trash --list | while IFS=$tab read -r item place; do "
+                           "case \"$place\" in \"%1\"/*) gio trash --restore \"$item\";; esac; done");
+        onDesktop(lines.arg(folder.path()));
     }
 
     /// A file of its own content in a folder of the given path, thrown away.
@@ -86,7 +90,7 @@ protected:
         EXPECT_EQ(names("info"), std::set<QByteArray>());
     }
 
-    /// Old places as the desktop lists them, with its way of writing odd bytes undone.
+    /// Old places on this machine as the desktop lists them, with its way of writing odd bytes undone.
     std::set<QByteArray> placesListed() const
     {
         std::set<QByteArray> places;
@@ -94,7 +98,7 @@ protected:
             QByteArray place = line.mid(line.indexOf('\t') + 1);
             for (qsizetype at = place.indexOf("\\x"); at >= 0; at = place.indexOf("\\x", at + 1))
                 place.replace(at, 4, QByteArray::fromHex(place.mid(at + 2, 2)));
-            if (!place.isEmpty())
+            if (place.startsWith(m_mac.root().nativePath() + '/'))
                 places.insert(place);
         }
         return places;
@@ -143,8 +147,9 @@ TEST_F(TrashReadersTests, theDesktopTellsWhereAnItemCameFrom)
     if (const std::string reason = reasonNoDesktop(); !reason.empty())
         GTEST_SKIP() << reason;
     throwAway("Users/mira/Documents/100% sure.txt");
-    EXPECT_EQ(onDesktop(QStringLiteral("gio trash --list")),
-              "trash:///100%25%20sure.txt\t" + m_mac.home().nativePath() + "/Documents/100% sure.txt\n");
+    const QByteArray line =
+        "trash:///100%25%20sure.txt\t" + m_mac.home().nativePath() + "/Documents/100% sure.txt\n";
+    EXPECT_TRUE(onDesktop(QStringLiteral("gio trash --list")).contains(line));
 }
 
 TEST_F(TrashReadersTests, theDesktopKnowsOddPlacesToTheByte)
@@ -164,7 +169,7 @@ TEST_F(TrashReadersTests, theDesktopPutsEachItemBack)
         GTEST_SKIP() << reason;
     for (const QByteArray& name : plainNames())
         throwAway("Users/mira/Documents/50 % off/" + name);
-    restoreAll();
+    restoreAll(m_mac.root());
     expectAllIsBack();
 }
 
@@ -174,7 +179,7 @@ TEST_F(TrashReadersTests, theDesktopPutsItemsOfEqualNameBackWhereEachCameFrom)
         GTEST_SKIP() << reason;
     for (const char* folder : {"one", "two", "three"})
         throwAway(QByteArray("Users/mira/") + folder + "/photo.jpg");
-    restoreAll();
+    restoreAll(m_mac.root());
     expectAllIsBack();
 }
 
@@ -187,7 +192,7 @@ TEST_F(TrashReadersTests, theDesktopPutsFoldersAndLinksBackAsTheyWere)
     ASSERT_EQ(::symlink("nowhere", link.nativePath().constData()), 0);
     trashed(m_mac.home().appendingNative("Tool.app"));
     trashed(link);
-    restoreAll();
+    restoreAll(m_mac.root());
     EXPECT_EQ(TestMac::read(inside), "p");
     struct stat status = {};
     ASSERT_EQ(::lstat(link.nativePath().constData(), &status), 0);
@@ -219,9 +224,27 @@ TEST_F(TrashReadersTests, theDesktopPutsItemsOfAnotherVolumeBack)
     ASSERT_TRUE(m_mac.fileManager().writeAtomically(file, "picture"));
     const FileURL place = trashed(file);
     EXPECT_EQ(place, drive.root().appendingNative(".Trash-" + user + "/files/100% sure.jpg"));
-    restoreAll();
+    restoreAll(drive.root());
     EXPECT_EQ(TestMac::read(file), "picture");
     EXPECT_FALSE(exists(place));
+}
+
+// Without this, two of these tests at the same time would empty each other's Trash.
+TEST_F(TrashReadersTests, whatOthersThrewAwayStaysInTheirTrash)
+{
+    if (const std::string reason = reasonNoDesktop(); !reason.empty())
+        GTEST_SKIP() << reason;
+    const ImageDrive drive(ImageDrive::Kind::ext4, 16'777'216);
+    if (!drive.reasonMissing().empty())
+        GTEST_SKIP() << drive.reasonMissing();
+    const FileURL theirs = drive.root().appendingNative("theirs");
+    ASSERT_TRUE(m_mac.fileManager().writeAtomically(theirs, "theirs"));
+    const FileURL place = trashed(theirs);
+    throwAway("Users/mira/ours");
+    EXPECT_EQ(placesListed(), placesThrownAway());
+    restoreAll(m_mac.root());
+    expectAllIsBack();
+    EXPECT_TRUE(exists(place));
 }
 
 // That program puts names that are no UTF-8 back with a sign of replacement in them.
@@ -232,7 +255,7 @@ TEST_F(TrashReadersTests, anotherProgramPutsOddNamesBackToTheByte)
     for (const QByteArray& name : plainNames() + oddNames()) {
         throwAway("Users/mira/Documents/" + name);
         EXPECT_TRUE(
-            asUser({QStringLiteral("trash-restore"), QStringLiteral("/")}, "0\n").contains("/Documents/"));
+            asUser({QStringLiteral("trash-restore"), m_mac.home().path()}, "0\n").contains("/Documents/"));
     }
     expectAllIsBack();
 }
