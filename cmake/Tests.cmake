@@ -10,6 +10,12 @@ if(KEELBRIGHT_SANITIZE STREQUAL "thread")
   target_link_libraries(KeelbrightThreadOrder PRIVATE Qt6::Core KeelbrightCompile)
 endif()
 
+# For tests that have to know that the program is slower than it is, or makes calls of its own.
+set(KEELBRIGHT_IS_SANITIZED false)
+if(KEELBRIGHT_SANITIZE)
+  set(KEELBRIGHT_IS_SANITIZED true)
+endif()
+
 # One test program a folder of the tree, one source a unit.
 #   keelbright_tests(NAME SOURCES file... LINKS target... [ALONE test...])
 # Of the tests that ALONE names, each runs with no other beside it: they measure how long something
