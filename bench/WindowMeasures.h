@@ -3,8 +3,6 @@
 #include "Keelbright/state/Screen.h"
 #include "KeelbrightCore/platform/FileURL.h"
 
-class QApplication;
-
 namespace keelbright::bench {
 
 // Each opens the real window, prints what it measured and gives the code to exit with.

@@ -112,7 +112,6 @@ class CommandTests(unittest.TestCase):
     def test_an_unknown_place_is_refused(self):
         self.assertEqual(self.run_with("--places", "moon").returncode, 2)
 
-
     def test_nothing_is_left_where_it_is_ended_from_outside(self):
         with tempfile.TemporaryDirectory() as folder:
             program = Path(folder) / "measure"
@@ -140,7 +139,30 @@ class RowTests(unittest.TestCase):
         self.assertEqual(len({row.name for row in ROWS}), len(ROWS))
 
 
+def children_of(process):
+    return Path(f"/proc/{process}/task/{process}/children").read_text(encoding="ascii").split()
+
+
+def processor_ticks(process):
+    return int(Path(f"/proc/{process}/stat").read_text(encoding="ascii").rpartition(")")[2].split()[11])
+
+
+def is_there(process):
+    """Whether it still runs; who started it may never ask for its end."""
+    try:
+        return Path(f"/proc/{process}/stat").read_text(encoding="ascii").rpartition(")")[2].split()[0] != "Z"
+    except (FileNotFoundError, ProcessLookupError):
+        return False
+
+
 class RunningTests(unittest.TestCase):
+    def wait_until(self, condition):
+        """However long a busy machine takes for it."""
+        until = time.monotonic() + 60
+        while not condition():
+            self.assertLess(time.monotonic(), until, "what was waited for did not come")
+            time.sleep(0.05)
+
     def test_works_take_turns(self):
         order = []
         results = running.in_turn(2, lambda: order.append("a") or 1, lambda: order.append("b") or 2)
@@ -166,20 +188,57 @@ class RunningTests(unittest.TestCase):
 
     def test_busy_programs_are_busy_as_long_as_asked_for(self):
         with running.busy_programs(2):
-            children = Path(f"/proc/self/task/{os.getpid()}/children").read_text(encoding="ascii").split()
-            time.sleep(0.5)
-            ticks = [int(Path(f"/proc/{child}/stat").read_text(encoding="ascii").split()[13]) for child in children]
-        self.assertEqual(len(children), 2)
-        self.assertGreater(sum(ticks), 0)
-        self.assertFalse(any(Path(f"/proc/{child}").exists() for child in children))
+            programs = children_of(os.getpid())
+            self.wait_until(lambda: all(processor_ticks(program) for program in programs))
+        self.assertEqual(len(programs), 2)
+        self.assertFalse(any(is_there(program) for program in programs))
+
+    def test_busy_programs_end_where_who_started_them_is_killed(self):
+        starting = "import time; from comparing import running\nwith running.busy_programs(2): time.sleep(60)"
+        with subprocess.Popen([sys.executable, "-c", starting], cwd=COMPARE.parent) as process:
+            self.wait_until(lambda: len(children_of(process.pid)) == 2)
+            programs = children_of(process.pid)
+            process.kill()
+        self.wait_until(lambda: not any(is_there(program) for program in programs))
 
     def test_wakeups_of_a_process_are_counted(self):
         with subprocess.Popen(["sh", "-c", "while :; do sleep 0.01; done"]) as process:
             before = window.switches(process.pid)
-            time.sleep(0.3)
-            after = window.switches(process.pid)
+            self.wait_until(lambda: window.wakeups(before, window.switches(process.pid)) > 3)
             process.kill()
-        self.assertGreater(window.wakeups(before, after), 3)
+
+
+class WindowTests(unittest.TestCase):
+    class Bench:
+        """Its services can't lay the machine."""
+
+        is_quick = True
+
+        def __init__(self, folder):
+            self.place = Place("tmpfs", Path(folder), Sizes())
+            self.measure = self
+            self.started = []
+
+        def __call__(self, *_):
+            sys.exit("there is no room")
+
+        def beside(self, name):
+            return name
+
+        def start(self, *_, **__):
+            self.started.append(subprocess.Popen(["sleep", "60"], stdout=subprocess.PIPE, text=True))
+            return self.started[-1]
+
+    def test_no_program_is_left_where_the_machine_can_not_be_laid(self):
+        with tempfile.TemporaryDirectory() as folder:
+            bench = self.Bench(folder)
+            with self.assertRaises(SystemExit):
+                list(window.rest(bench))
+        left = [process for process in bench.started if process.poll() is None]
+        for process in left:
+            process.kill()
+            process.communicate()
+        self.assertEqual(left, [])
 
 
 class BackupTests(unittest.TestCase):

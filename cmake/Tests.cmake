@@ -10,13 +10,27 @@ if(KEELBRIGHT_SANITIZE STREQUAL "thread")
   target_link_libraries(KeelbrightThreadOrder PRIVATE Qt6::Core KeelbrightCompile)
 endif()
 
+# For tests that have to know that the program is slower than it is, or makes calls of its own.
+set(KEELBRIGHT_IS_SANITIZED false)
+if(KEELBRIGHT_SANITIZE)
+  set(KEELBRIGHT_IS_SANITIZED true)
+endif()
+
 # One test program a folder of the tree, one source a unit.
-#   keelbright_tests(NAME SOURCES file... LINKS target...)
+#   keelbright_tests(NAME SOURCES file... LINKS target... [ALONE test...])
+# Of the tests that ALONE names, each runs with no other beside it: they measure how long something
+# takes, keep the whole machine busy, or look at what all its programs share.
 function(keelbright_tests name)
-  cmake_parse_arguments(SUITE "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(SUITE "" "" "SOURCES;LINKS;ALONE" ${ARGN})
   add_executable(${name} ${SUITE_SOURCES})
   target_link_libraries(${name} PRIVATE ${SUITE_LINKS} GTest::gmock_main KeelbrightCompile
     $<$<BOOL:${KEELBRIGHT_HAS_THREAD_SANITIZER}>:KeelbrightThreadOrder>)
   target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <QString> <QList> <expected> <memory>)
-  gtest_discover_tests(${name} TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 180)
+  set(discovery TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60)
+  if(SUITE_ALONE)
+    list(JOIN SUITE_ALONE ":" alone)
+    gtest_discover_tests(${name} ${discovery} TEST_FILTER "${alone}" PROPERTIES TIMEOUT 180 RUN_SERIAL ON)
+    list(APPEND discovery TEST_FILTER "-${alone}")
+  endif()
+  gtest_discover_tests(${name} ${discovery} PROPERTIES TIMEOUT 180)
 endfunction()

@@ -61,10 +61,12 @@ class Measure:
 
 @contextlib.contextmanager
 def busy_programs(count):
-    """Other programs that would take all of the processors, as long as this lasts."""
+    """Other programs that would take all of the processors, as long as this lasts. They end by themselves
+    where this process is killed and can't end them."""
     with contextlib.ExitStack() as started:
         for _ in range(count):
-            program = started.enter_context(subprocess.Popen(["sh", "-c", "while :; do :; done"]))
+            program = started.enter_context(subprocess.Popen(["sh", "-c", "while kill -0 $PPID; do :; done"],
+                                                             stderr=subprocess.DEVNULL))
             started.callback(program.kill)
         yield
 

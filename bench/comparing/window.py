@@ -65,11 +65,12 @@ def rest(bench):
     """How often any thread wakes within ten seconds in which nothing happens: the program as it starts,
     and every screen after its scans, each in a process of its own."""
     seconds = 1 if bench.is_quick else 10
-    application = bench.measure.beside("keelbright")
-    processes = {"as started": bench.measure.start(application, home=bench.place.fresh("home"))}
     machine = bench.place.fresh("machine")
     bench.measure("lay", machine)
+    processes = {}
     try:
+        application = bench.measure.beside("keelbright")
+        processes["as started"] = bench.measure.start(application, home=bench.place.fresh("home"))
         for screen in bench.measure.lines("screens"):
             processes[screen] = bench.measure.start(bench.measure.program, "rest", machine, screen)
         for screen, process in list(processes.items())[1:]:

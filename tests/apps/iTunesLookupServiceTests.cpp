@@ -285,10 +285,7 @@ TEST_F(iTunesLookupServiceTests, theMainThreadIsNotHeldWhileTheServerThinks)
     LoopbackAnswer answer = LoopbackAnswer::http(inkBody);
     answer.pause = 300ms;
     m_server.setAnswer(answer);
-    QElapsedTimer timer;
-    timer.start();
     const QFuture<Found> future = start();
-    EXPECT_LT(timer.elapsed(), 250);
     EXPECT_FALSE(future.isFinished());
     EngineRun::turnUntil([&future] { return future.isFinished(); });
     EXPECT_TRUE(future.result().has_value());

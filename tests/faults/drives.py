@@ -62,9 +62,11 @@ class MountedDrive:
             time.sleep(0.01)
 
     def unmount(self):
-        run(["umount", "--lazy"], self.folder)
-        if self.device:
-            run(["losetup", "--detach"], self.device)
+        try:
+            run(["umount", "--lazy"], self.folder)
+        finally:
+            if self.device:
+                run(["losetup", "--detach"], self.device)
 
 
 def reason_missing(kind, folder):

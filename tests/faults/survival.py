@@ -1,15 +1,18 @@
 """A made-up machine with a backup drive, work of the program in processes of their own, and a look at
 what it left. What the sweep, the campaign of kills and the races share."""
 
+import contextlib
 import hashlib
 import json
 import os
 import re
 import select
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
+import weakref
 from dataclasses import dataclass, field
 from pathlib import Path
 
@@ -18,6 +21,7 @@ HANG_SECONDS = 60
 DEVICE = "miras Mac"
 TEMPORARY = re.compile(r"^\.[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}\.tmp$")
 CHECKSUM_SIZE = 20
+UNDER_WAY = weakref.WeakSet()
 
 
 def sealed(name, version, size, fill=None):
@@ -121,13 +125,20 @@ class Machine:
                 if TEMPORARY.match(path.name)]
 
 
+def start(command, **options):
+    """A process that ends with the script, if not before."""
+    process = subprocess.Popen(command, **options)
+    UNDER_WAY.add(process)
+    return process
+
+
 class Work:
     """Work of the program under way in a process of its own."""
 
     def __init__(self, runner, arguments, hold=None):
         options = [f"--hold={hold}"] if hold else []
-        self.process = subprocess.Popen([runner, *options, *arguments], stdin=subprocess.PIPE,
-                                        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.process = start([runner, *options, *arguments], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                             stderr=subprocess.DEVNULL)
 
     def thread(self):
         """The thread that does what is held back; waits until it has come so far."""
@@ -182,7 +193,7 @@ class Watcher:
     def __init__(self, thread, calls, injection, log):
         options = ["-e", f"inject={injection}"] if injection else []
         self.log = log
-        self.process = subprocess.Popen(
+        self.process = start(
             ["strace", "-y", "-s", "300", "-o", log, "-e", f"trace={calls}", *options, "-p", str(thread)],
             stdin=subprocess.DEVNULL, stderr=subprocess.PIPE)
         said = b""
@@ -236,11 +247,22 @@ def has_links(folder):
         return False
 
 
+@contextlib.contextmanager
 def working_folder():
-    """In memory where there is some: every backup ends with a flush of the whole drive."""
+    """In memory where there is some: every backup ends with a flush of the whole drive. It goes in the end, and
+    with it what still works there, also where the script is told to end."""
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))
     memory = "/dev/shm"
     in_memory = "TMPDIR" not in os.environ and os.access(memory, os.W_OK)
-    return tempfile.TemporaryDirectory(prefix="keelbright-faults-", dir=memory if in_memory else None)
+    folder = tempfile.mkdtemp(prefix="keelbright-faults-", dir=memory if in_memory else None)
+    try:
+        yield folder
+    finally:
+        for process in UNDER_WAY:
+            process.kill()
+            process.wait()
+        # Python's own gives up on trees that are deeper than the longest path.
+        subprocess.run(["rm", "-rf", folder], check=True)
 
 
 def give_up(reason):

@@ -6,9 +6,9 @@
 #include "Keelbright/widgets/SearchField.h"
 #include "tests/screens/AppManagerTestCase.h"
 #include "tests/support/HeldFileManager.h"
+#include "tests/support/WorkTimer.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTest>
@@ -296,19 +296,18 @@ TEST_F(AppManagerViewTests, thousandsOpenAtOnceAndScrollWithoutAStall)
                             now));
     }
     state->setScannedApps(many);
-    QElapsedTimer timer;
-    timer.start();
+    WorkTimer timer;
     const auto view = makeView();
-    EXPECT_LT(timer.elapsed(), 1'000);
+    EXPECT_LT(timer.milliseconds(), 1'000);
     RowListView* rows = apps(*view);
     qint64 longest = 0;
     for (int position = 0; position < rows->verticalScrollBar()->maximum(); position += 5'000) {
         timer.restart();
         rows->verticalScrollBar()->setValue(position);
         QCoreApplication::processEvents();
-        longest = std::max(longest, timer.elapsed());
+        longest = std::max(longest, timer.milliseconds());
     }
-    EXPECT_LT(longest, 50);
+    EXPECT_LT(longest, KEELBRIGHT_IS_SANITIZED ? 150 : 50);
 }
 
 } // namespace keelbright::testing

@@ -94,6 +94,12 @@ TEST_F(WindowChecksTests, aFaintTextThatCanNotBeUsedPasses)
     EXPECT_EQ(faintTexts(window), QStringList());
 }
 
+TEST_F(WindowChecksTests, aWindowWithoutWordsDoesNotPassForReadable)
+{
+    show();
+    EXPECT_EQ(faintTexts(window), QStringList{u"no words at all"_s});
+}
+
 TEST_F(WindowChecksTests, wordsOnWordsAreFoundAndWordsSideBySideAreNot)
 {
     addLabel(u"Left"_s, Role::primaryText, {10, 20, 60, 20});

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <csignal>
 #include <filesystem>
+#include <gtest/gtest.h>
 
 namespace keelbright::testing {
 
@@ -39,7 +40,7 @@ FailingDrive::~FailingDrive()
 
 void FailingDrive::failNow() const
 {
-    ::kill(static_cast<pid_t>(m_process.processId()), SIGUSR1);
+    send(SIGUSR1);
 }
 
 void FailingDrive::pull()
@@ -50,12 +51,20 @@ void FailingDrive::pull()
 
 void FailingDrive::hang() const
 {
-    ::kill(static_cast<pid_t>(m_process.processId()), SIGSTOP);
+    send(SIGSTOP);
 }
 
 void FailingDrive::goOn() const
 {
-    ::kill(static_cast<pid_t>(m_process.processId()), SIGCONT);
+    send(SIGCONT);
+}
+
+void FailingDrive::send(int signal) const
+{
+    // A program that has ended has the number 0, and that calls everybody who was started with this test.
+    const qint64 program = m_process.processId();
+    if (program == 0 || ::kill(static_cast<pid_t>(program), signal) != 0)
+        ADD_FAILURE() << "the drive's program is not there any more";
 }
 
 FileURL FailingDrive::place(const char* name) const

@@ -40,6 +40,7 @@ public:
     void goOn() const;
 
 private:
+    void send(int signal) const;
     [[nodiscard]] FileURL place(const char* name) const;
 
     QTemporaryDir m_folder;

@@ -7,6 +7,7 @@
 
 #include <fcntl.h>
 #include <fstream>
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -138,6 +139,15 @@ TEST(FailingDrive, isGoneWhenItIsPulled)
     drive.pull();
     EXPECT_FALSE(canRead(drive.root().appendingNative("file")));
     EXPECT_TRUE(canRead(drive.folder().appendingNative("file")));
+}
+
+TEST(FailingDrive, tellsNobodyElseWhatItsProgramIsNotThereToHear)
+{
+    testing::FailingDrive drive(QStringLiteral("none"), 0, QStringLiteral("EIO"));
+    if (!drive.reasonMissing().empty())
+        GTEST_SKIP() << drive.reasonMissing();
+    drive.pull();
+    EXPECT_NONFATAL_FAILURE(drive.failNow(), "not there any more");
 }
 
 TEST(UnprivilegedUser, mayNotReadWhatIsLockedAndIsHeldBackNoLonger)

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "tests/support/WorkTimer.h"
+
 #include <QElapsedTimer>
 #include <QTimer>
-
-#include <ctime>
 
 namespace keelbright::testing {
 
@@ -32,22 +32,13 @@ private:
     {
         m_longest = qMax(m_longest, m_sinceTurn.nsecsElapsed() - interval * 1'000'000);
         m_sinceTurn.restart();
-        const qint64 worked = workOfThisThread();
-        m_longestWork = qMax(m_longestWork, worked - m_workAtTurn);
-        m_workAtTurn = worked;
-    }
-
-    static qint64 workOfThisThread()
-    {
-        timespec time = {};
-        ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-        return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
+        m_longestWork = qMax(m_longestWork, m_workOfTurn.restart());
     }
 
     QTimer m_timer;
     QElapsedTimer m_sinceTurn;
     qint64 m_longest = 0;
-    qint64 m_workAtTurn = workOfThisThread();
+    WorkTimer m_workOfTurn;
     qint64 m_longestWork = 0;
 };
 

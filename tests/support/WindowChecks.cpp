@@ -114,8 +114,11 @@ QString nameOf(const QWidget& widget)
 QStringList faintTexts(QWidget& window)
 {
     const QImage picture = window.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const QList<ShownText> texts = shownTexts(window);
+    if (texts.isEmpty())
+        return {u"no words at all"_s};
     QStringList faults;
-    for (const ShownText& text : shownTexts(window)) {
+    for (const ShownText& text : texts) {
         const QColor ground = groundBehind(picture, text);
         const QColor color = composed(ground, text.color);
         if (text.isEnabled && contrastRatio(color, ground) < readableContrast)

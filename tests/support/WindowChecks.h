@@ -14,7 +14,7 @@ namespace keelbright::testing {
 /// The class of the widget and its accessible name.
 [[nodiscard]] QString nameOf(const QWidget& widget);
 /// Words with a contrast below 4.5 to what lies behind them. Those of what can't be used now are
-/// pale by custom and pass.
+/// pale by custom and pass. A window without any words is a fault as well.
 [[nodiscard]] QStringList faintTexts(QWidget& window);
 /// Words that lie on other words.
 [[nodiscard]] QStringList coveredTexts(QWidget& window);

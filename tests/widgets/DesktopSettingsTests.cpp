@@ -18,11 +18,13 @@ class FakePortal : public QObject
 public:
     uint scheme = 0;
     bool hasAnimations = true;
+    int answers = 0;
 
 public Q_SLOTS:
 
     QDBusVariant Read(const QString& nameSpace, const QString& key)
     {
+        ++answers;
         // The older method wraps its value twice.
         if (key == QStringLiteral("color-scheme"))
             return QDBusVariant(QVariant::fromValue(QDBusVariant(scheme)));
@@ -75,7 +77,8 @@ TEST_F(DesktopSettingsTest, followsThePortalWhileItRuns)
 {
     startPortal();
     const DesktopSettings settings(bus.client());
-    QTest::qWait(200);
+    // An answer that is given later would take back what is told now.
+    ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == 3; }));
     EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
     QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
     const auto tell = [this](uint scheme) {
