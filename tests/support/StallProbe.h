@@ -1,9 +1,9 @@
 #pragma once
 
+#include "tests/support/ProcessorTime.h"
+
 #include <QElapsedTimer>
 #include <QTimer>
-
-#include <ctime>
 
 namespace keelbright::testing {
 
@@ -35,13 +35,6 @@ private:
         const qint64 worked = workOfThisThread();
         m_longestWork = qMax(m_longestWork, worked - m_workAtTurn);
         m_workAtTurn = worked;
-    }
-
-    static qint64 workOfThisThread()
-    {
-        timespec time = {};
-        ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-        return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
     }
 
     QTimer m_timer;
