@@ -3,9 +3,42 @@
 #include "KeelbrightCore/platform/ByteCountFormatter.h"
 #include "KeelbrightCore/platform/DateFormatter.h"
 
+#include <QJsonDocument>
+#include <mutex>
+
 namespace keelbright {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The last report that was written as text, and that text: of 100,000 error lines, too long to be
+/// made anew for each setting that is saved beside it.
+class LastText
+{
+public:
+    /// Null for another report. Lists that are shared, as in a copy of the report, count as equal
+    /// without a look at their lines.
+    [[nodiscard]] QByteArray textOf(const BackupReport& report) const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_report == report ? m_text : QByteArray();
+    }
+
+    void keep(const BackupReport& report, const QByteArray& text)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_report = report;
+        m_text = text;
+    }
+
+private:
+    mutable std::mutex m_mutex;
+    std::optional<BackupReport> m_report;
+    QByteArray m_text;
+};
+
+} // namespace
 
 double BackupReport::durationSeconds() const
 {
@@ -33,6 +66,17 @@ QJsonObject BackupReport::toJson() const
         {u"errors"_s, QJsonArray::fromStringList(errors)},
         {u"manifestPath"_s, manifestPath},
     };
+}
+
+QByteArray BackupReport::toJsonText() const
+{
+    static LastText lastText;
+    QByteArray text = lastText.textOf(*this);
+    if (text.isNull()) {
+        text = QJsonDocument(toJson()).toJson(QJsonDocument::Indented);
+        lastText.keep(*this, text);
+    }
+    return text;
 }
 
 Decoded<BackupReport> BackupReport::fromJson(const JsonDecoder& json)

@@ -29,6 +29,9 @@ struct BackupReport
     [[nodiscard]] QString copiedSizeFormatted() const;
 
     [[nodiscard]] QJsonObject toJson() const;
+    /// `toJson` as indented text in UTF-8. The text of the report that was asked last is kept: a run
+    /// writes it to the drive, and from then on every change of a setting writes it again. Any thread.
+    [[nodiscard]] QByteArray toJsonText() const;
     [[nodiscard]] static Decoded<BackupReport> fromJson(const JsonDecoder& json);
     friend bool operator==(const BackupReport&, const BackupReport&) = default;
 };

@@ -3,8 +3,6 @@
 #include "KeelbrightCore/platform/DateFormatter.h"
 #include "KeelbrightCore/platform/FileManager.h"
 
-#include <QJsonDocument>
-
 #include <array>
 #include <charconv>
 #include <functional>
@@ -55,8 +53,7 @@ std::expected<WrittenReport, FileError> writeBoth(const BackupReport& report, co
 {
     const QString name = u"backup-report-"_s + stamp(report.startedAt);
     WrittenReport written{reportsDir.appending(name + ".json"_L1), reportsDir.appending(name + ".md"_L1)};
-    const QByteArray json = QJsonDocument(report.toJson()).toJson(QJsonDocument::Indented);
-    if (const auto done = writeFile(written.jsonURL, json); !done)
+    if (const auto done = writeFile(written.jsonURL, report.toJsonText()); !done)
         return std::unexpected(done.error());
     if (const auto done = writeFile(written.mdURL, generateMarkdown(report).toUtf8()); !done)
         return std::unexpected(done.error());

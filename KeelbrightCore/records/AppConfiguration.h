@@ -20,6 +20,8 @@ struct AppConfiguration
     std::optional<QDateTime> lastBackupTime; ///< UTC
 
     [[nodiscard]] QJsonObject toJson() const;
+    /// `toJson` as indented text in UTF-8, for which an unchanged report is not written anew.
+    [[nodiscard]] QByteArray toJsonText() const;
     [[nodiscard]] static Decoded<AppConfiguration> fromJson(const JsonDecoder& json);
     friend bool operator==(const AppConfiguration&, const AppConfiguration&) = default;
 };

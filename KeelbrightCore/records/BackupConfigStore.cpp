@@ -3,8 +3,6 @@
 #include "KeelbrightCore/platform/Console.h"
 #include "KeelbrightCore/platform/FileManager.h"
 
-#include <QJsonDocument>
-
 namespace keelbright {
 
 using namespace Qt::StringLiterals;
@@ -39,8 +37,9 @@ AppConfiguration BackupConfigStore::load() const
 
 void BackupConfigStore::save(const AppConfiguration& configuration) const
 {
-    const QByteArray data = QJsonDocument(configuration.toJson()).toJson(QJsonDocument::Indented);
-    if (const auto written = FileManager::defaultManager().writeAtomically(m_configURL, data); !written)
+    const auto written =
+        FileManager::defaultManager().writeAtomically(m_configURL, configuration.toJsonText());
+    if (!written)
         printLine(u"Failed to encode or write config: "_s + written.error().localizedDescription());
 }
 

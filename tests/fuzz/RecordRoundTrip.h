@@ -26,14 +26,15 @@ inline void requireSentence(const JsonError& error)
 }
 
 /// Reads one record from a JSON text, as the stores do.
-template <typename Record> void readRecord(const QByteArray& text)
+template <typename Record> Decoded<Record> readRecord(const QByteArray& text)
 {
     const auto json = decodeJsonObject(text);
-    const Decoded<Record> record = json ? Record::fromJson(*json) : std::unexpected(json.error());
+    Decoded<Record> record = json ? Record::fromJson(*json) : std::unexpected(json.error());
     if (record)
         requireRoundTrip(*record);
     else
         requireSentence(record.error());
+    return record;
 }
 
 } // namespace keelbright::fuzzing

@@ -3,10 +3,12 @@
 #include "tests/support/SampleReport.h"
 #include "tests/support/StandardOutput.h"
 #include "tests/support/TestMac.h"
+#include "tests/support/WorkTimer.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <limits>
 
 namespace keelbright::testing {
 
@@ -104,6 +106,30 @@ TEST_F(BackupConfigStoreTest, theFileIsIndentedAndLeavesOutWhatIsAbsent)
 }
 )";
     EXPECT_EQ(TestMac::read(store.configURL()), expected);
+}
+
+TEST_F(BackupConfigStoreTest, aSettingBesideAnUnchangedReportCostsAFractionOfItsFirstSave)
+{
+    AppConfiguration configuration = sampleConfiguration();
+    configuration.lastReport = sampleReport();
+    for (int i = 0; i < 100'000; ++i)
+        configuration.lastReport->errors.append(
+            u"Skip IMG_%1.heic: “IMG_%1.heic” could not be copied."_s.arg(i));
+    const auto workOfSaving = [&] {
+        const WorkTimer timer;
+        store.save(configuration);
+        return timer.nanoseconds();
+    };
+    qint64 first = std::numeric_limits<qint64>::max();
+    qint64 next = first;
+    for (int round = 0; round < 3; ++round) {
+        configuration.lastReport->id = QUuid::createUuid();
+        first = std::min(first, workOfSaving());
+        configuration.enabledRecommendedFolders.append(u"Music"_s);
+        next = std::min(next, workOfSaving());
+    }
+    EXPECT_LT(next, first / 2);
+    EXPECT_EQ(store.load(), configuration);
 }
 
 TEST_F(BackupConfigStoreTest, keysAreReadInAnyOrder)
