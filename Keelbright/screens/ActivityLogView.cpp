@@ -136,6 +136,7 @@ void ActivityLogView::showEvent(QShowEvent* event)
 void ActivityLogView::setFilterKind(std::optional<Kind> kind)
 {
     m_filterKind = kind;
+    m_filter->setCurrentIndex(kind ? static_cast<int>(ActivityEntry::allKinds().indexOf(*kind)) + 1 : 0);
     redraw();
     if (m_states->currentWidget() == m_noMatch)
         announce(*m_noMatch, m_noMatch->text());

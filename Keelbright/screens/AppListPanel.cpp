@@ -140,6 +140,7 @@ QWidget* AppListPanel::makeList()
     m_list->setRowModel(&m_model);
     connect(m_list, &RowListView::currentRowChanged, this,
             [this](int row) { Q_EMIT appSelected(m_model.filteredApps().at(row)); });
+    connect(m_list, &RowListView::currentRowCleared, this, &AppListPanel::selectionCleared);
     connect(m_list, &RowListView::actionPressed, this, &AppListPanel::press);
     column->addWidget(m_list, 1);
     return listed;

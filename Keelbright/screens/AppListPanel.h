@@ -31,6 +31,8 @@ public:
 
 Q_SIGNALS:
     void appSelected(const keelbright::AppInfo& app);
+    /// The user took the choice back.
+    void selectionCleared();
     void scanRequested();
     void revealRequested(const keelbright::AppInfo& app);
     void removalRequested(const keelbright::AppInfo& app);

@@ -37,6 +37,7 @@ AppManagerView::AppManagerView(const ScreenContext& context, QWidget* parent)
     setSelectedApp(std::nullopt);
 
     connect(m_list, &AppListPanel::appSelected, this, &AppManagerView::setSelectedApp);
+    connect(m_list, &AppListPanel::selectionCleared, this, [this] { setSelectedApp(std::nullopt); });
     connect(m_list, &AppListPanel::scanRequested, this, &AppManagerView::scanApps);
     connect(m_list, &AppListPanel::revealRequested, this, [this](const AppInfo& app) {
         setSelectedApp(app);

@@ -35,6 +35,8 @@ void JunkCategoryPanel::addList()
     m_states->addWidget(m_list);
     connect(m_list, &RowListView::currentRowChanged, this,
             [this](int row) { m_vm.setSelectedCategoryID(m_model->categoryAt(row).id); });
+    connect(m_list, &RowListView::currentRowCleared, this,
+            [this] { m_vm.setSelectedCategoryID(std::nullopt); });
     connect(m_list, &RowListView::markPressed, this,
             [this](int row) { m_vm.toggleAll(m_model->categoryAt(row)); });
 }

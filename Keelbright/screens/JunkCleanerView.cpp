@@ -12,6 +12,7 @@
 #include "Keelbright/widgets/Button.h"
 
 #include <QHBoxLayout>
+#include <QShortcut>
 #include <QShowEvent>
 #include <QVBoxLayout>
 
@@ -39,6 +40,9 @@ JunkCleanerView::JunkCleanerView(const ScreenContext& context, QWidget* parent)
     column->addWidget(m_panels, 1);
     column->addWidget(makeBottomBar());
     addRescanShortcuts(*this, [this] { rescan(); });
+    auto* clean = new QShortcut(Qt::Key_Delete, this);
+    clean->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(clean, &QShortcut::activated, m_clean, &QPushButton::click);
     watchModel();
     redraw();
 }

@@ -90,6 +90,8 @@ QWidget* OrganizerPlanPanel::makePlan()
     m_list->setRowModel(m_model);
     connect(m_list, &RowListView::currentRowChanged, this,
             [this](int row) { m_vm.setSelectedProposalID(m_model->idAt(row)); });
+    connect(m_list, &RowListView::currentRowCleared, this,
+            [this] { m_vm.setSelectedProposalID(std::nullopt); });
     connect(m_list, &RowListView::markPressed, this,
             [this](int row) { m_vm.toggleCategory(m_model->idAt(row)); });
     auto* plan = new QWidget(this);

@@ -3,6 +3,7 @@
 #include "Keelbright/screens/Announcement.h"
 #include "Keelbright/screens/ListCard.h"
 #include "Keelbright/screens/PageSection.h"
+#include "Keelbright/screens/RescanShortcuts.h"
 #include "Keelbright/screens/SnapshotRows.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/FolderChooser.h"
@@ -38,7 +39,9 @@ QList<BackupSnapshot> datedFolders(const FileURL& folder)
     for (const DirectoryEntry& entry : *entries) {
         if (entry.type != EntryType::directory)
             continue;
-        if (const auto date = DateFormatter::fromPattern(entry.url.lastPathComponent(), u"yyyy-MM-dd-HHmm"_s))
+        const auto date = DateFormatter::fromPattern(entry.url.lastPathComponent(), u"yyyy-MM-dd-HHmm"_s,
+                                                     DateFormatter::Conventions::user);
+        if (date)
             snapshots.append({QUuid::createUuid(), *date, entry.url});
     }
     std::ranges::stable_sort(snapshots, std::ranges::greater(), &BackupSnapshot::date);
@@ -56,6 +59,10 @@ RestoreBrowserView::RestoreBrowserView(AppState& state, Workspace& workspace, QW
     addHeader();
     addLatest();
     addSnapshots();
+    addRescanShortcuts(*this, [this] {
+        if (const std::optional<FileURL> root = m_chosenBackupRoot)
+            openFolder(*root);
+    });
     redraw();
 }
 

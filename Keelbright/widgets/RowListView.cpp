@@ -73,8 +73,12 @@ void RowListView::setRowModel(RowModel* model)
     connect(model, &QAbstractItemModel::modelReset, this, lookAtRows);
     // The selection, not the current row: a screen reader selects a row without going to it.
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        if (m_isFollowing)
+            return;
         const QModelIndexList selected = selectionModel()->selectedIndexes();
-        if (!m_isFollowing && !selected.isEmpty())
+        if (selected.isEmpty())
+            Q_EMIT currentRowCleared();
+        else
             Q_EMIT currentRowChanged(selected.first().row());
     });
     connect(model, &QAbstractItemModel::dataChanged, this, &RowListView::updateButtons);

@@ -52,6 +52,8 @@ public:
 Q_SIGNALS:
     /// The user chose another row.
     void currentRowChanged(int row);
+    /// The user took the choice back, as with Control and a click; none is chosen now.
+    void currentRowCleared();
     /// Click on the mark, or Space.
     void markPressed(int row);
     void actionPressed(int row, const keelbright::RowAction& action);

@@ -1,9 +1,13 @@
 #include "Keelbright/widgets/RowWidget.h"
 
+#include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/ElidedLabel.h"
+#include "Keelbright/widgets/Symbol.h"
 #include "Keelbright/widgets/Theme.h"
 
+#include <QContextMenuEvent>
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -71,6 +75,27 @@ void RowWidget::addBesideTitle(QWidget* widget)
 void RowWidget::addTrailing(QWidget* widget)
 {
     m_layout->addWidget(widget);
+}
+
+void RowWidget::contextMenuEvent(QContextMenuEvent* event)
+{
+    QList<Button*> buttons = findChildren<Button*>(Qt::FindDirectChildrenOnly);
+    buttons.removeIf([this](const Button* button) { return !button->isVisibleTo(this); });
+    if (buttons.isEmpty()) {
+        QWidget::contextMenuEvent(event);
+        return;
+    }
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (Button* button : buttons) {
+        const QIcon icon = button->symbol().isEmpty()
+                               ? QIcon()
+                               : Symbol::icon(button->symbol(), Theme::instance().color(Role::mutedText));
+        QAction* action = menu->addAction(icon, button->caption().replace(u'&', QStringLiteral("&&")));
+        action->setEnabled(button->isEnabled());
+        connect(action, &QAction::triggered, button, &Button::click);
+    }
+    menu->popup(event->globalPos());
 }
 
 void RowWidget::updateAccessibleName()

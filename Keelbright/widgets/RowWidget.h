@@ -11,7 +11,8 @@ namespace keelbright {
 class ElidedLabel;
 
 /// One row of a short, fixed list: what leads, a name, a line below it, and what stands at the
-/// end. A list that grows with the user's data is a model with a delegate instead.
+/// end. Its context menu holds what its buttons do. A list that grows with the user's data is a model
+/// with a delegate instead.
 class RowWidget : public QWidget
 {
     Q_OBJECT
@@ -35,6 +36,9 @@ public:
     [[nodiscard]] ElidedLabel* titleLabel() const { return m_title; }
 
     [[nodiscard]] ElidedLabel* detailLabel() const { return m_detail; }
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     void updateAccessibleName();

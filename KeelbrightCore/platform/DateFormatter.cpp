@@ -75,11 +75,13 @@ bool hasOverlongNumber(const QString& text)
     return overlong.match(text).hasMatch();
 }
 
-/// The text with all its digits and signs made alike: what remains is the width of its fields.
-QString shape(QString text)
+/// The text with all its digits and signs made alike: what remains is the width of its fields. The
+/// digits of people are those of any script.
+QString shape(QString text, DateFormatter::Conventions conventions)
 {
+    const bool isOfPeople = conventions == DateFormatter::Conventions::user;
     for (QChar& character : text) {
-        if (character >= u'0' && character <= u'9')
+        if ((character >= u'0' && character <= u'9') || (isOfPeople && character.isDigit()))
             character = u'0';
         else if (character == u'+')
             character = u'-';
@@ -87,19 +89,24 @@ QString shape(QString text)
     return text;
 }
 
-constexpr auto patternLocale = "en_US_POSIX";
+icu::Locale patternLocale(DateFormatter::Conventions conventions)
+{
+    return conventions == DateFormatter::Conventions::user ? defaultIcuLocale() : icu::Locale("en_US_POSIX");
+}
 
 /// Kept for the next text: making one takes longer than reading with it, and a listing of folders
 /// reads thousands. Null for a pattern that is none.
-icu::SimpleDateFormat* readerOf(const QString& pattern)
+icu::SimpleDateFormat* readerOf(const QString& pattern, const icu::Locale& locale)
 {
     thread_local QString keptPattern;
+    thread_local icu::Locale keptLocale;
     thread_local std::unique_ptr<icu::SimpleDateFormat> kept;
-    if (kept && keptPattern == pattern)
+    if (kept && keptPattern == pattern && keptLocale == locale)
         return kept.get();
     UErrorCode status = U_ZERO_ERROR;
-    kept = std::make_unique<icu::SimpleDateFormat>(toIcu(pattern), icu::Locale(patternLocale), status);
+    kept = std::make_unique<icu::SimpleDateFormat>(toIcu(pattern), locale, status);
     keptPattern = pattern;
+    keptLocale = locale;
     if (U_FAILURE(status)) {
         kept.reset();
         return nullptr;
@@ -148,14 +155,16 @@ std::optional<QDateTime> DateFormatter::fromIso8601(const QString& text)
     return withinFourDigitYears(asUtc.addSecs(match.captured(3) == QStringLiteral("-") ? offset : -offset));
 }
 
-std::optional<QDateTime> DateFormatter::fromPattern(const QString& text, const QString& pattern)
+std::optional<QDateTime> DateFormatter::fromPattern(const QString& text, const QString& pattern,
+                                                    Conventions conventions)
 {
     if (hasOverlongNumber(text))
         return std::nullopt;
     UErrorCode status = U_ZERO_ERROR;
-    icu::SimpleDateFormat* format = readerOf(pattern);
-    const std::unique_ptr<icu::Calendar> calendar(icu::Calendar::createInstance(
-        systemZone(QDateTime::currentDateTimeUtc()).release(), icu::Locale(patternLocale), status));
+    const icu::Locale locale = patternLocale(conventions);
+    icu::SimpleDateFormat* format = readerOf(pattern, locale);
+    const std::unique_ptr<icu::Calendar> calendar(
+        icu::Calendar::createInstance(systemZone(QDateTime::currentDateTimeUtc()).release(), locale, status));
     if (format == nullptr || U_FAILURE(status))
         return std::nullopt;
     calendar->clear();
@@ -170,7 +179,7 @@ std::optional<QDateTime> DateFormatter::fromPattern(const QString& text, const Q
     icu::UnicodeString written;
     format->setTimeZone(*icu::TimeZone::getGMT());
     format->format(time, written);
-    if (shape(fromIcu(written)) != shape(text))
+    if (shape(fromIcu(written), conventions) != shape(text, conventions))
         return std::nullopt;
     return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(time), Qt::UTC);
 }

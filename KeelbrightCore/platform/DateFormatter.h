@@ -22,10 +22,15 @@ enum class Style { none, short_, medium, long_ };
 /// that its offset leads out of the years 1 to 9999 becomes the nearest within.
 [[nodiscard]] std::optional<QDateTime> fromIso8601(const QString& text);
 
+/// Whose calendar and digits a text has: "en_US_POSIX" for what programs write for each other, the
+/// default locale for what people name.
+enum class Conventions { posix, user };
+
 /// Reads a date with a fixed pattern of the Unicode date field symbols, such as
-/// "yyyy-MM-dd HH:mm:ss Z", in the locale "en_US_POSIX"; nothing where it does not match whole, with
-/// as many digits in each field as the pattern writes. Without an offset the text is local time.
-[[nodiscard]] std::optional<QDateTime> fromPattern(const QString& text, const QString& pattern);
+/// "yyyy-MM-dd HH:mm:ss Z"; nothing where it does not match whole, with as many digits in each field
+/// as the pattern writes. Without an offset the text is local time.
+[[nodiscard]] std::optional<QDateTime> fromPattern(const QString& text, const QString& pattern,
+                                                   Conventions conventions = Conventions::posix);
 
 } // namespace DateFormatter
 } // namespace keelbright

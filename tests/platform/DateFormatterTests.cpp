@@ -201,6 +201,38 @@ TEST_F(DateFormatterTests, aPatternIsReadTheSameInEveryLocale)
     EXPECT_EQ(matched("2026-03-01 09:05:00 +0000", wholeSeconds), utc(2026, 3, 1, 9, 5));
 }
 
+TEST_F(DateFormatterTests, whatPeopleNameIsReadInTheirCalendarAndTheirDigits)
+{
+    const auto named = [](const QString& text) {
+        return DateFormatter::fromPattern(text, QStringLiteral("yyyy-MM-dd-HHmm"),
+                                          DateFormatter::Conventions::user);
+    };
+    const QDateTime date = utc(2024, 5, 1, 7, 30);
+    EXPECT_EQ(named(QStringLiteral("2024-05-01-0930")), date);
+    m_mac.setLocale(QLocale(QLocale::German, QLocale::Germany));
+    EXPECT_EQ(named(QStringLiteral("2024-05-01-0930")), date);
+    m_mac.setLocale(QLocale::c());
+    EXPECT_EQ(named(QStringLiteral("2024-05-01-0930")), date);
+    m_mac.setLocale(QLocale(QLocale::Thai, QLocale::Thailand));
+    EXPECT_EQ(named(QStringLiteral("2567-05-01-0930")), date);
+    m_mac.setLocale(QLocale(QLocale::Arabic, QLocale::Egypt));
+    EXPECT_EQ(named(QStringLiteral("2024-05-01-0930")), date);
+    EXPECT_EQ(named(QStringLiteral("٢٠٢٤-٠٥-٠١-٠٩٣٠")), date);
+    m_mac.setLocale(QLocale(QLocale::Persian, QLocale::Iran));
+    EXPECT_EQ(named(QStringLiteral("1403-02-12-0930")), date);
+    EXPECT_EQ(named(QStringLiteral("1403-12-31-0930")), std::nullopt); // the last month has no such day
+    EXPECT_EQ(named(QStringLiteral("1403-2-12-0930")), std::nullopt);
+    EXPECT_EQ(named(QStringLiteral("backup-old")), std::nullopt);
+}
+
+TEST_F(DateFormatterTests, whatProgramsWriteHasTheirDigits)
+{
+    m_mac.setLocale(QLocale(QLocale::Arabic, QLocale::Egypt));
+    EXPECT_EQ(
+        DateFormatter::fromPattern(QStringLiteral("٢٠٢٦-٠٣-٠١ ٠٩:٠٥"), QStringLiteral("yyyy-MM-dd HH:mm")),
+        std::nullopt);
+}
+
 TEST_F(DateFormatterTests, aPatternIsReadTheSameInEveryTimeZone)
 {
     for (const char* zone : {"Europe/Berlin", "America/New_York", "Asia/Kathmandu", "UTC"}) {

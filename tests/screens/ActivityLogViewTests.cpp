@@ -4,6 +4,8 @@
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/MenuButton.h"
 #include "Keelbright/widgets/RowListView.h"
+#include "Keelbright/widgets/Symbol.h"
+#include "Keelbright/widgets/Theme.h"
 #include "tests/screens/ScreenTestCase.h"
 
 #include <QElapsedTimer>
@@ -138,8 +140,14 @@ TEST_F(ActivityLogViewTests, theFilterOffersEveryKind)
         texts.append(action->isSeparator() ? u"-"_s : action->text());
     EXPECT_EQ(texts, (QStringList{u"All"_s, u"-"_s, u"Backup"_s, u"Junk Clean"_s, u"Organise"_s,
                                   u"App Removed"_s, u"Full Scan"_s}));
+    const auto picture = [](const QIcon& icon) { return icon.pixmap(16).toImage(); };
     EXPECT_TRUE(choices(view).first()->icon().isNull());
-    EXPECT_FALSE(choices(view).last()->icon().isNull());
+    for (qsizetype i = 0; i < ActivityEntry::allKinds().size(); ++i) {
+        const QString key = ActivityEntry::icon(ActivityEntry::allKinds().at(i));
+        EXPECT_EQ(picture(choices(view).at(i + 2)->icon()),
+                  picture(Symbol::icon(key, Theme::instance().color(Role::mutedText))))
+            << key.toStdString();
+    }
     EXPECT_EQ(filter(view).accessibleName(), u"Filter"_s);
     EXPECT_EQ(filter(view).caption(), u"All"_s);
 }
@@ -159,6 +167,31 @@ TEST_F(ActivityLogViewTests, theFilterShowsOneKindAndAllAgain)
     choose(view, u"All"_s);
     EXPECT_EQ(view.filterKind(), std::nullopt);
     EXPECT_EQ(rows(view), (QStringList{u"Today"_s, u"Cleaned"_s, u"Saved"_s}));
+}
+
+TEST_F(ActivityLogViewTests, theMenuFollowsTheFilter)
+{
+    ActivityLogView view(context());
+    show(view);
+    for (const Kind kind : ActivityEntry::allKinds()) {
+        view.setFilterKind(kind);
+        EXPECT_EQ(filter(view).caption(), ActivityEntry::rawValue(kind));
+    }
+    view.setFilterKind(std::nullopt);
+    EXPECT_EQ(filter(view).caption(), u"All"_s);
+    EXPECT_TRUE(choices(view).first()->isChecked());
+}
+
+TEST_F(ActivityLogViewTests, theToolbarStandsInItsOrder)
+{
+    ActivityLogView view(context());
+    show(view);
+    const auto left = [&view](const QWidget& widget) { return widget.mapTo(&view, QPoint()).x(); };
+    const QLabel* title = view.findChild<QLabel*>();
+    EXPECT_EQ(title->text(), u"Activity Log"_s);
+    EXPECT_LT(left(*title), left(filter(view)));
+    EXPECT_LT(left(filter(view)), left(*button(view, u"Export"_s)));
+    EXPECT_LT(left(*button(view, u"Export"_s)), left(*button(view, u"Clear activity log"_s)));
 }
 
 TEST_F(ActivityLogViewTests, aKindWithoutEntriesHasItsLine)
@@ -260,39 +293,17 @@ TEST_F(ActivityLogViewTests, anExportThatFailsSaysNothing)
     EXPECT_EQ(textsIn(view), (QStringList{u"Activity Log"_s, u"1 action · 2.5 MB freed total"_s}));
 }
 
-namespace {
-
-/// A save panel that stays open until the test confirms it.
-class OpenFileChooser : public FileChooser
-{
-public:
-    void chooseFile(const FileOpenRequest&, std::function<void(const FileURL&)>) override
-    {
-        ADD_FAILURE() << "nobody opens a file here";
-    }
-
-    void chooseSaveLocation(const FileSaveRequest&, std::function<void(const FileURL&)> chosen) override
-    {
-        confirm = std::move(chosen);
-    }
-
-    std::function<void(const FileURL&)> confirm;
-};
-
-} // namespace
-
 TEST_F(ActivityLogViewTests, theTextIsTakenBeforeThePlaceIsChosenAndOutlivesTheScreen)
 {
     activityStore.append(entry(Kind::backup, 0, u"Before"_s));
-    OpenFileChooser panel;
+    files.willStayOpen();
     {
-        ActivityLogView view({*state, alerts, workspace, panel});
+        ActivityLogView view(context());
         show(view);
         button(view, u"Export"_s)->click();
     }
     activityStore.append(entry(Kind::backup, 0, u"After"_s));
-    ASSERT_TRUE(panel.confirm != nullptr);
-    panel.confirm(mac.home().appending(u"log.csv"_s));
+    files.confirm(mac.home().appending(u"log.csv"_s));
     EXPECT_TRUE(saved(u"log.csv"_s).contains(u"Before"_s));
     EXPECT_FALSE(saved(u"log.csv"_s).contains(u"After"_s));
 }

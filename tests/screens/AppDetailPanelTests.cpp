@@ -2,6 +2,7 @@
 
 #include "Keelbright/screens/AppIcons.h"
 #include "tests/screens/AppManagerTestCase.h"
+#include "tests/screens/ListDriver.h"
 #include "tests/support/HeldFileManager.h"
 
 #include <QApplication>
@@ -187,6 +188,18 @@ TEST_F(AppDetailPanelTests, aFileIsRevealedByItsButton)
     EXPECT_EQ(workspace.revealed,
               QStringList{mac.home().appending(u"Library/Application Support/Sketchbook"_s).path()});
     EXPECT_TRUE(workspace.opened.isEmpty());
+}
+
+TEST_F(AppDetailPanelTests, theMenuOfAFileRevealsItToo)
+{
+    made.addLibrary();
+    const auto panel = makeSettledPanel(sketchbook());
+    QMenu* menu = ListDriver(*panel, u"Associated Files"_s).openMenu(1);
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(ListDriver::textsIn(*menu), QStringList{u"Reveal in Finder"_s});
+    menu->actions().first()->trigger();
+    EXPECT_EQ(workspace.revealed,
+              QStringList{mac.home().appending(u"Library/Application Support/Sketchbook"_s).path()});
 }
 
 TEST_F(AppDetailPanelTests, whereNothingIsLeftItSaysSo)

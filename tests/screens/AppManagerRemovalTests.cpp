@@ -1,4 +1,6 @@
+#include "Keelbright/widgets/AlertDialog.h"
 #include "tests/screens/AppManagerTestCase.h"
+#include "tests/screens/ListDriver.h"
 
 #include <QApplication>
 #include <QTest>
@@ -74,6 +76,49 @@ TEST_F(AppManagerRemovalTests, removingTheLastAppOffersAScan)
     turnFrame();
     EXPECT_TRUE(textsIn(*view).contains(u"No apps scanned yet"_s));
     EXPECT_EQ(QApplication::focusWidget(), button(*view, u"Scan Now"_s));
+}
+
+TEST_F(AppManagerRemovalTests, theMenuOfARowHoldsBoth)
+{
+    const auto view = makeListedView();
+    const ListDriver rows(*view, u"Applications"_s);
+    QMenu* menu = rows.openMenu(0);
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(ListDriver::textsIn(*menu), (QStringList{u"Reveal in Finder"_s, u"Remove…"_s}));
+    menu->actions().last()->trigger();
+    ASSERT_EQ(alerts.requests().size(), 1);
+    EXPECT_EQ(alerts.requests().first().title, u"Remove \"Never Indexed\"?"_s);
+}
+
+TEST_F(AppManagerRemovalTests, aQuestionGoesWithTheSelection)
+{
+    DialogAlertPresenter dialogs;
+    scan();
+    AppManagerView view({*state, dialogs, workspace, files});
+    show(view);
+    const auto questions = [&view] {
+        QStringList titles;
+        for (const auto* dialog : view.findChildren<AlertDialog*>()) {
+            if (dialog->isVisible())
+                titles.append(dialog->windowTitle());
+        }
+        return titles;
+    };
+    choose(view, u"Sketchbook"_s);
+    button(view, u"Remove…"_s)->click();
+    EXPECT_EQ(questions(), QStringList{u"Remove \"Sketchbook\"?"_s});
+    choose(view, u"Tidewater"_s);
+    turnFrame();
+    EXPECT_EQ(questions(), QStringList());
+    // The new one was not asked about yet, and the old one can be again.
+    for (const QString& name : {u"Tidewater"_s, u"Sketchbook"_s}) {
+        choose(view, name);
+        turnFrame();
+        button(view, u"Remove…"_s)->click();
+        EXPECT_EQ(questions(), QStringList{u"Remove \"%1\"?"_s.arg(name)});
+        EXPECT_TRUE(exists(bundle(name)));
+    }
+    EXPECT_TRUE(activityStore.load().isEmpty());
 }
 
 } // namespace keelbright::testing

@@ -5,6 +5,7 @@
 #include "Keelbright/widgets/MenuButton.h"
 #include "Keelbright/widgets/SearchField.h"
 #include "tests/screens/AppManagerTestCase.h"
+#include "tests/screens/ListDriver.h"
 #include "tests/support/HeldFileManager.h"
 #include "tests/support/WorkTimer.h"
 
@@ -163,6 +164,31 @@ TEST_F(AppManagerViewTests, anAppThatIsChosenIsShownInDetail)
     EXPECT_FALSE(textsIn(*view).contains(u"Select an app to see details"_s));
     waitForFiles(*view);
     EXPECT_TRUE(textsIn(*view).contains(u"Total: 148 MB"_s));
+}
+
+TEST_F(AppManagerViewTests, aChoiceThatIsTakenBackClosesThePanel)
+{
+    const auto view = makeListedView();
+    const ListDriver rows(*view, u"Applications"_s);
+    rows.clickTitle(2);
+    ASSERT_TRUE(view->selectedApp().has_value());
+    rows.clickTitle(2, Qt::ControlModifier);
+    EXPECT_FALSE(view->selectedApp().has_value());
+    EXPECT_EQ(panel(*view), nullptr);
+    EXPECT_EQ(rows.selectedRow(), -1);
+    EXPECT_TRUE(textsIn(*view).contains(u"Select an app to see details"_s));
+}
+
+TEST_F(AppManagerViewTests, controlFGoesToTheSearch)
+{
+    const auto view = makeListedView();
+    auto* search = view->findChild<SearchField*>();
+    search->setText(u"book"_s);
+    choose(*view, u"Sketchbook"_s);
+    ASSERT_FALSE(search->hasFocus());
+    QTest::keyClick(apps(*view), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(search->hasFocus());
+    EXPECT_EQ(search->selectedText(), u"book"_s);
 }
 
 TEST_F(AppManagerViewTests, whatWasLookedUpGoesWithTheSelection)

@@ -437,6 +437,52 @@ TEST_F(JunkCleanerViewTests, aCleanKeepsThePlaceInTheList)
     EXPECT_EQ(items().row(40).title, u"cache41"_s);
 }
 
+TEST_F(JunkCleanerViewTests, aChoiceThatIsTakenBackClosesTheCategory)
+{
+    addSomeJunk();
+    open();
+    categories().clickTitle(0, Qt::ControlModifier);
+    turnFrame();
+    EXPECT_EQ(model().selectedCategoryID(), std::nullopt);
+    EXPECT_EQ(categories().selectedRow(), -1);
+    EXPECT_TRUE(shows(u"Select a category"_s));
+    chooseCategory(0);
+    EXPECT_FALSE(shows(u"Select a category"_s));
+}
+
+TEST_F(JunkCleanerViewTests, theDeleteKeyAsksLikeTheButton)
+{
+    addSomeJunk();
+    open();
+    items().view()->setFocus();
+    QTest::keyClick(items().view(), Qt::Key_Delete);
+    // Nothing is ticked, and the button is off.
+    EXPECT_TRUE(alerts.requests().isEmpty());
+    tick(0);
+    QTest::keyClick(items().view(), Qt::Key_Delete);
+    ASSERT_EQ(alerts.requests().size(), 1);
+    EXPECT_EQ(alerts.requests().first().title, u"Move 1 item to Trash?"_s);
+    alerts.dismiss();
+    categories().view()->setFocus();
+    QTest::keyClick(categories().view(), Qt::Key_Delete);
+    EXPECT_EQ(alerts.requests().size(), 2);
+    EXPECT_EQ(items().count(), 2);
+    alerts.confirm();
+    turnFrame();
+    EXPECT_EQ(items().count(), 1);
+}
+
+TEST_F(JunkCleanerViewTests, theMenuOfAnItemRevealsItToo)
+{
+    const FileURL cache = addJunk("Caches/com.example.editor", 6'000'000);
+    open();
+    QMenu* menu = items().openMenu(0);
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(ListDriver::textsIn(*menu), QStringList{u"Reveal in Finder"_s});
+    menu->actions().first()->trigger();
+    EXPECT_EQ(workspace.revealed, QStringList{cache.path()});
+}
+
 TEST_F(JunkCleanerViewTests, reScanDropsTheSelectionAtOnce)
 {
     addSomeJunk();

@@ -3,6 +3,9 @@
 #include "Keelbright/widgets/RowLayout.h"
 #include "Keelbright/widgets/RowListView.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QTest>
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -58,7 +61,28 @@ public:
 
     void clickMark(int index) const { click(layoutOf(index).mark.center()); }
 
-    void clickTitle(int index) const { click(layoutOf(index).title.center()); }
+    void clickTitle(int index, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        click(layoutOf(index).title.center(), modifiers);
+    }
+
+    /// What a press of the right button on the row offers; null where that is nothing.
+    [[nodiscard]] QMenu* openMenu(int index) const
+    {
+        m_list->scrollTo(m_list->rowModel()->index(index));
+        const QPoint place = m_list->visualRect(m_list->rowModel()->index(index)).center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, m_list->viewport()->mapToGlobal(place));
+        QApplication::sendEvent(m_list->viewport(), &event);
+        return m_list->findChild<QMenu*>();
+    }
+
+    [[nodiscard]] static QStringList textsIn(const QMenu& menu)
+    {
+        QStringList texts;
+        for (const QAction* action : menu.actions())
+            texts.append(action->text());
+        return texts;
+    }
 
     void clickAction(int index, qsizetype action = 0) const
     {
@@ -76,9 +100,9 @@ private:
                          RowMetrics::panelPadding);
     }
 
-    void click(const QPoint& place) const
+    void click(const QPoint& place, Qt::KeyboardModifiers modifiers = {}) const
     {
-        QTest::mouseClick(m_list->viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseClick(m_list->viewport(), Qt::LeftButton, modifiers, place);
     }
 
     RowListView* m_list = nullptr;

@@ -253,4 +253,57 @@ TEST_F(NewMacRecoveryViewTests, aDismissedChooserChangesNothing)
     EXPECT_FALSE(summaryOf(view).isEmpty());
 }
 
+TEST_F(NewMacRecoveryViewTests, theGuideStaysUsableAfterAFailure)
+{
+    NewMacRecoveryView view(files);
+    show(view);
+    const QStringList guide = textsIn(view);
+    load(view, write("{}"));
+    EXPECT_EQ(textsIn(view), guide + QStringList{*view.loadError()});
+    QList<Role> colors;
+    for (const auto* symbol : view.findChildren<SymbolLabel*>()) {
+        if (symbol->key() == u"exclamationmark.circle"_s)
+            colors.append(symbol->colorRole());
+    }
+    EXPECT_EQ(colors, QList<Role>{Role::red});
+    EXPECT_TRUE(button(view, u"Load Manifest…"_s)->isEnabled());
+}
+
+TEST_F(NewMacRecoveryViewTests, aFileThatLacksAnyFieldIsNoManifest)
+{
+    NewMacRecoveryView view(files);
+    const QJsonObject whole = manifest().toJson();
+    for (const QString& key : whole.keys()) {
+        QJsonObject lacking = whole;
+        lacking.remove(key);
+        load(view, write(manifest()));
+        load(view, write(QJsonDocument(lacking).toJson()));
+        EXPECT_EQ(view.loadError(), u"Could not read manifest: The value \"%1\" is missing."_s.arg(key));
+        EXPECT_EQ(view.manifestData(), std::nullopt);
+    }
+}
+
+TEST_F(NewMacRecoveryViewTests, aNewVisitHasForgottenTheManifest)
+{
+    {
+        NewMacRecoveryView view(files);
+        load(view, write(manifest()));
+    }
+    const NewMacRecoveryView again(files);
+    EXPECT_EQ(again.manifestData(), std::nullopt);
+    EXPECT_TRUE(summaryOf(again).isEmpty());
+}
+
+TEST_F(NewMacRecoveryViewTests, aChooserThatOutlivesTheScreenIsHarmless)
+{
+    files.willStayOpen();
+    {
+        const NewMacRecoveryView view(files);
+        button(view, u"Load Manifest…"_s)->click();
+    }
+    files.confirm(write(manifest()));
+    NewMacRecoveryView view(files);
+    EXPECT_EQ(view.manifestData(), std::nullopt);
+}
+
 } // namespace keelbright::testing

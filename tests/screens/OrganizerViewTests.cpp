@@ -342,6 +342,34 @@ TEST_F(OrganizerViewTests, theButtonBelowTicksEverything)
     EXPECT_TRUE(button(*view, u"Organise Now"_s)->isEnabled());
 }
 
+TEST_F(OrganizerViewTests, aChoiceThatIsTakenBackClosesTheCategory)
+{
+    writeSomeFiles();
+    openDownloads();
+    categories().clickTitle(0, Qt::ControlModifier);
+    turnFrame();
+    EXPECT_EQ(model().selectedProposalID(), std::nullopt);
+    EXPECT_EQ(categories().selectedRow(), -1);
+    EXPECT_TRUE(shows(u"Select a category"_s));
+    EXPECT_FALSE(shows(u"2 files · 11 KB"_s));
+    // What is ticked stays so.
+    EXPECT_TRUE(shows(u"3 files selected"_s));
+    categories().clickTitle(0);
+    turnFrame();
+    EXPECT_TRUE(shows(u"2 files · 11 KB"_s));
+}
+
+TEST_F(OrganizerViewTests, theMenuOfAFileRevealsItToo)
+{
+    writeSomeFiles();
+    openDownloads();
+    QMenu* menu = files().openMenu(1);
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(ListDriver::textsIn(*menu), QStringList{u"Reveal in Finder"_s});
+    menu->actions().first()->trigger();
+    EXPECT_EQ(workspace.revealed, QStringList(downloads().path() + u"/cat.png"_s));
+}
+
 TEST_F(OrganizerViewTests, aFileIsRevealedWhereItIs)
 {
     writeSomeFiles();
@@ -368,6 +396,33 @@ TEST_F(OrganizerViewTests, asksBeforeAnythingIsMoved)
     EXPECT_EQ(request.cancel, u"Cancel"_s);
     EXPECT_TRUE(request.isDestructive);
     EXPECT_TRUE(mac.fileManager().fileExists(downloads().appending(u"beach.jpg"_s)).exists);
+}
+
+TEST_F(OrganizerViewTests, theQuestionIsThatOfTheTickedFilesOfAllCategories)
+{
+    writeSomeFiles();
+    openDownloads();
+    tick(0);
+    tickCategory(1);
+    // One picture is left of three files, and no category is ticked as a whole.
+    press(u"Organise Now"_s);
+    EXPECT_EQ(alerts.requests().first().title, u"Move 1 file into subfolders?"_s);
+    alerts.confirm();
+    EXPECT_FALSE(mac.fileManager().fileExists(downloads().appending(u"cat.png"_s)).exists);
+    EXPECT_TRUE(mac.fileManager().fileExists(downloads().appending(u"beach.jpg"_s)).exists);
+    EXPECT_TRUE(mac.fileManager().fileExists(downloads().appending(u"letter.pdf"_s)).exists);
+}
+
+TEST_F(OrganizerViewTests, theQuestionSpeaksOfTheFolderWhereThereIsNone)
+{
+    open();
+    model().setShowConfirm(true);
+    ASSERT_EQ(alerts.requests().size(), 1);
+    EXPECT_EQ(alerts.requests().first().title, u"Move 0 files into subfolders?"_s);
+    EXPECT_EQ(
+        alerts.requests().first().message,
+        u"Files will be moved into named subfolders inside \"the folder\". This can be undone in Finder "
+        u"(⌘Z)."_s);
 }
 
 TEST_F(OrganizerViewTests, aDismissedQuestionLeavesAllAsItIs)

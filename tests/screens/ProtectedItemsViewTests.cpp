@@ -8,6 +8,8 @@
 #include "tests/screens/ScreenTestCase.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QTest>
 
 namespace keelbright::testing {
@@ -262,6 +264,23 @@ TEST_F(ProtectedItemsViewTests, everyControlHasANameAndIsReachedByTab)
     ProtectedItemsView view(app, alerts);
     show(view);
     expectEveryControlIsNamedAndReachedByTab(view);
+}
+
+TEST_F(ProtectedItemsViewTests, theMenuOfACustomFolderRemovesIt)
+{
+    AppState& app = makeState();
+    app.addCustomSource(mac.makeFolder("Users/mira/Fish & Chips"));
+    ProtectedItemsView view(app, alerts);
+    show(view);
+    Button* remove = button(view, u"Remove Fish & Chips"_s);
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), remove->mapToGlobal(QPoint()));
+    QApplication::sendEvent(remove, &event);
+    const QMenu* menu = remove->parentWidget()->findChild<QMenu*>();
+    ASSERT_NE(menu, nullptr);
+    ASSERT_EQ(menu->actions().size(), 1);
+    EXPECT_EQ(menu->actions().first()->text(), u"Remove Fish && Chips"_s);
+    menu->actions().first()->trigger();
+    EXPECT_TRUE(app.customSources().isEmpty());
 }
 
 } // namespace keelbright::testing

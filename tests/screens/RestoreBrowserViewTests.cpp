@@ -3,10 +3,14 @@
 #include "Keelbright/screens/SnapshotRows.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/RowListView.h"
+#include "tests/screens/ListDriver.h"
 #include "tests/screens/ScreenTestCase.h"
 
 #include <QAbstractItemModelTester>
+#include <QContextMenuEvent>
 #include <QElapsedTimer>
+#include <QMenu>
+#include <QTest>
 
 namespace keelbright::testing {
 
@@ -98,6 +102,18 @@ TEST_F(RestoreBrowserViewTests, listsADatedFolderAndNoOther)
     EXPECT_EQ(snapshot.date, QDateTime(QDate(2024, 5, 1), QTime(7, 30), Qt::UTC)); // Berlin in summer
     EXPECT_EQ(snapshot.folderURL, device().appending(u"Snapshots/2024-05-01-0930"_s));
     EXPECT_FALSE(snapshot.id.isNull());
+}
+
+TEST_F(RestoreBrowserViewTests, aDateIsThatOfTheUsersCalendar)
+{
+    // The year 2567 of the Buddhist calendar is 2024.
+    mac.setLocale(QLocale(QLocale::Thai, QLocale::Thailand));
+    addFolder("Snapshots/2567-05-01-0930");
+    RestoreBrowserView view(*state, workspace);
+    pick(view, device());
+    ASSERT_EQ(view.snapshots().size(), 1);
+    EXPECT_EQ(view.snapshots().first().date, QDateTime(QDate(2024, 5, 1), QTime(7, 30), Qt::UTC));
+    EXPECT_TRUE(view.snapshots().first().label().contains(u"2567"_s));
 }
 
 TEST_F(RestoreBrowserViewTests, aFileWithADateForItsNameIsNotListed)
@@ -200,6 +216,68 @@ TEST_F(RestoreBrowserViewTests, aSecondFolderReplacesAllThatTheFirstShowed)
     EXPECT_EQ(textsBelowHead(view), QStringList{u"Snapshots (1)"_s});
     pick(view, mac.home());
     EXPECT_EQ(textsBelowHead(view), nothingFound);
+}
+
+TEST_F(RestoreBrowserViewTests, theMenusOfTheRowsOpenThem)
+{
+    addFolder("Latest");
+    addFolder("Snapshots/2024-05-01-0930");
+    RestoreBrowserView view(*state, workspace);
+    show(view);
+    pick(view, device());
+    turnFrame();
+    QWidget* row = button(view, u"Open in Finder"_s)->parentWidget();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), row->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(row, &event);
+    const QMenu* ofLatest = row->findChild<QMenu*>();
+    ASSERT_NE(ofLatest, nullptr);
+    EXPECT_EQ(ListDriver::textsIn(*ofLatest), QStringList{u"Open in Finder"_s});
+    ofLatest->actions().first()->trigger();
+    const QMenu* ofSnapshot = ListDriver(view, u"Snapshots"_s).openMenu(0);
+    ASSERT_NE(ofSnapshot, nullptr);
+    EXPECT_EQ(ListDriver::textsIn(*ofSnapshot), QStringList{u"Open"_s});
+    ofSnapshot->actions().first()->trigger();
+    EXPECT_EQ(workspace.opened, (QStringList{device().appending(u"Latest"_s).path(),
+                                             device().appending(u"Snapshots/2024-05-01-0930"_s).path()}));
+}
+
+TEST_F(RestoreBrowserViewTests, fFiveAndControlRListTheFolderAnew)
+{
+    RestoreBrowserView view(*state, workspace);
+    show(view);
+    QTest::keyClick(&view, Qt::Key_F5);
+    EXPECT_EQ(view.chosenBackupRoot(), std::nullopt);
+    addFolder("Latest");
+    pick(view, device());
+    addFolder("Snapshots/2024-05-01-0930");
+    QTest::keyClick(&view, Qt::Key_F5);
+    EXPECT_EQ(namesOf(view), QStringList{u"2024-05-01-0930"_s});
+    addFolder("Snapshots/2024-05-02-0930");
+    QTest::keyClick(&view, Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(view.snapshots().size(), 2);
+    EXPECT_EQ(view.chosenBackupRoot(), device());
+}
+
+TEST_F(RestoreBrowserViewTests, aNewVisitHasForgottenTheFolder)
+{
+    addFolder("Latest");
+    {
+        RestoreBrowserView view(*state, workspace);
+        pick(view, device());
+    }
+    const RestoreBrowserView again(*state, workspace);
+    EXPECT_EQ(again.chosenBackupRoot(), std::nullopt);
+    EXPECT_EQ(again.latestURL(), std::nullopt);
+    EXPECT_TRUE(textsIn(again).contains(u"No Backup Folder Opened"_s));
+}
+
+TEST_F(RestoreBrowserViewTests, aMirrorThatLeadsNowhereIsNone)
+{
+    addFolder("Snapshots");
+    ASSERT_TRUE(QFile::link(u"/nowhere"_s, device().appending(u"Latest"_s).path()));
+    RestoreBrowserView view(*state, workspace);
+    pick(view, device());
+    EXPECT_EQ(view.latestURL(), std::nullopt);
 }
 
 TEST_F(RestoreBrowserViewTests, aChooserThatOutlivesTheScreenIsHarmless)

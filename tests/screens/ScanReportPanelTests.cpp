@@ -3,6 +3,7 @@
 #include "Keelbright/screens/ScanFindingsModel.h"
 #include "Keelbright/widgets/Progress.h"
 #include "Keelbright/widgets/RowListView.h"
+#include "tests/screens/ListDriver.h"
 #include "tests/screens/ScreenTestCase.h"
 
 #include <QElapsedTimer>
@@ -108,6 +109,28 @@ TEST_F(ScanReportPanelTests, theButtonOfARowTellsWhichFindingIsMeant)
     EXPECT_TRUE(panel.list()->press(3, u"Fix"_s));
     EXPECT_FALSE(panel.list()->press(0, u"Fix"_s));
     EXPECT_EQ(pressed, (QStringList{u"Backup is current"_s, u"Tidewater"_s}));
+}
+
+TEST_F(ScanReportPanelTests, theMenuOfARowHoldsItsButton)
+{
+    FullScanReport shown = report({});
+    shown.findings = {finding(Category::apps, Severity::low, u"Tidewater"_s),
+                      finding(Category::backup, Severity::low, u"Backup is current"_s)};
+    shown.findings.last().action = ScanFinding::NavigateTo{u"Nowhere"_s};
+    panel.setReport(shown);
+    show(panel);
+    QStringList pressed;
+    QObject::connect(&panel, &ScanReportPanel::findingPressed, &panel,
+                     [&pressed](const ScanFinding& finding) { pressed.append(finding.title); });
+    const ListDriver rows(panel, u"Findings"_s);
+    EXPECT_EQ(rows.openMenu(0), nullptr);
+    // Without a button there is nothing to offer.
+    EXPECT_EQ(rows.openMenu(1), nullptr);
+    const QMenu* menu = rows.openMenu(3);
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(ListDriver::textsIn(*menu), QStringList{u"Fix"_s});
+    menu->actions().first()->trigger();
+    EXPECT_EQ(pressed, QStringList{u"Tidewater"_s});
 }
 
 TEST_F(ScanReportPanelTests, aRowIsReachedAndPressedFromTheKeyboard)

@@ -10,6 +10,7 @@
 #include "Keelbright/widgets/MenuButton.h"
 #include "Keelbright/widgets/RowListView.h"
 #include "Keelbright/widgets/SegmentedControl.h"
+#include "tests/screens/ListDriver.h"
 #include "tests/screens/StorageBrowserFixture.h"
 
 #include <QAbstractItemModelTester>
@@ -313,6 +314,45 @@ TEST_F(StorageBrowserViewTests, theActionsOfARowDoWhatTheySay)
     EXPECT_EQ(state->customSources().first().url, documents().appending(u"Work"_s));
     EXPECT_FALSE(list(view)->press(1, u"Add to Backup Sources"_s));
     EXPECT_FALSE(list(view)->press(1, u"Organise this folder"_s));
+}
+
+TEST_F(StorageBrowserViewTests, theMenuOfARowHoldsItsActions)
+{
+    StorageBrowserView view(context());
+    browse(view, documents());
+    const ListDriver entries(view, u"Entries"_s);
+    const QMenu* ofFolder = entries.openMenu(0);
+    ASSERT_NE(ofFolder, nullptr);
+    EXPECT_EQ(ListDriver::textsIn(*ofFolder),
+              (QStringList{u"Add to Backup Sources"_s, u"Organise this folder"_s, u"Reveal in Finder"_s,
+                           u"Move to Trash"_s}));
+    ofFolder->actions().last()->trigger();
+    ASSERT_EQ(alerts.requests().size(), 1);
+    EXPECT_EQ(alerts.requests().first().title, u"Move \"Work\" to Trash?"_s);
+    delete ofFolder;
+    const QMenu* ofFile = entries.openMenu(1);
+    ASSERT_NE(ofFile, nullptr);
+    EXPECT_EQ(ListDriver::textsIn(*ofFile), (QStringList{u"Reveal in Finder"_s, u"Move to Trash"_s}));
+}
+
+TEST_F(StorageBrowserViewTests, deleteInTheListsAsksForTheTrash)
+{
+    StorageBrowserView view(context());
+    browse(view, documents());
+    list(view)->setFocus();
+    list(view)->setCurrentRow(1);
+    QTest::keyClick(list(view), Qt::Key_Delete);
+    ASSERT_EQ(alerts.requests().size(), 1);
+    EXPECT_EQ(alerts.requests().last().title, u"Move \"c.txt\" to Trash?"_s);
+    alerts.dismiss();
+    choose(view, ViewMode::largest);
+    RowListView* largest = view.findChild<LargestFilesPanel*>()->list();
+    largest->setFocus();
+    largest->setCurrentRow(0);
+    QTest::keyClick(largest, Qt::Key_Delete);
+    ASSERT_EQ(alerts.requests().size(), 2);
+    EXPECT_EQ(alerts.requests().last().title, u"Move \"b.zip\" to Trash?"_s);
+    EXPECT_TRUE(exists(documents().appending(u"Work/Old/b.zip"_s)));
 }
 
 TEST_F(StorageBrowserViewTests, organisingHandsTheFolderToTheOrganizer)

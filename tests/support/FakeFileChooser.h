@@ -5,6 +5,7 @@
 #include <QList>
 #include <gtest/gtest.h>
 #include <optional>
+#include <utility>
 
 namespace keelbright::testing {
 
@@ -26,6 +27,16 @@ public:
     /// The next request is dismissed.
     void willBeDismissed() { m_answers.append(std::nullopt); }
 
+    /// The next request stays open until `confirm` is called.
+    void willStayOpen() { m_answers.append(FileURL()); }
+
+    /// Confirms the chooser that stayed open.
+    void confirm(const FileURL& url)
+    {
+        ASSERT_TRUE(m_open != nullptr) << "no file chooser is open";
+        std::exchange(m_open, nullptr)(url);
+    }
+
     void chooseFile(const FileOpenRequest& request, std::function<void(const FileURL&)> chosen) override
     {
         openRequests.append(request);
@@ -46,11 +57,15 @@ private:
     void answer(const std::function<void(const FileURL&)>& chosen)
     {
         ASSERT_FALSE(m_answers.isEmpty()) << "nobody expected a file chooser";
-        if (const std::optional<FileURL> url = m_answers.takeFirst())
+        const std::optional<FileURL> url = m_answers.takeFirst();
+        if (url == FileURL())
+            m_open = chosen;
+        else if (url)
             chosen(*url);
     }
 
-    QList<std::optional<FileURL>> m_answers;
+    QList<std::optional<FileURL>> m_answers; ///< an empty one where the chooser stays open
+    std::function<void(const FileURL&)> m_open;
 };
 
 } // namespace keelbright::testing

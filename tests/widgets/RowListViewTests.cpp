@@ -118,6 +118,25 @@ TEST_F(RowListViewTest, aClickOnTheRowChoosesAndOpensIt)
     EXPECT_EQ(opened.first().first().toInt(), 1);
 }
 
+TEST_F(RowListViewTest, aChoiceThatIsTakenBackIsTold)
+{
+    show();
+    click(layoutOf(1).title.center());
+    const QSignalSpy rows(&view, &RowListView::currentRowChanged);
+    const QSignalSpy cleared(&view, &RowListView::currentRowCleared);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ControlModifier, layoutOf(1).title.center());
+    EXPECT_EQ(cleared.size(), 1);
+    EXPECT_TRUE(rows.isEmpty());
+    // Neither the next choice nor one of the program, nor other rows, take any back.
+    click(layoutOf(0).title.center());
+    click(layoutOf(2).title.center());
+    view.setCurrentRow(-1);
+    view.setCurrentRow(1);
+    model.setTitles({u"Letters"_s});
+    EXPECT_EQ(cleared.size(), 1);
+    EXPECT_EQ(rows.size(), 2);
+}
+
 TEST_F(RowListViewTest, theActionsOfEveryRowFollowAClick)
 {
     show();

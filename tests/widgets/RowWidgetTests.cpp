@@ -6,6 +6,10 @@
 #include "tests/support/Accessible.h"
 #include "tests/support/Printing.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QSignalSpy>
 #include <gtest/gtest.h>
 
 namespace keelbright {
@@ -14,6 +18,14 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using testing::accessibleName;
+
+/// What the menu key offers while the focus is there; null where that is nothing.
+QMenu* openMenu(RowWidget& row, QWidget* focused)
+{
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), focused->mapToGlobal(QPoint()));
+    QApplication::sendEvent(focused, &event);
+    return row.findChild<QMenu*>();
+}
 
 } // namespace
 
@@ -40,6 +52,36 @@ TEST(RowWidget, keepsWhatStandsAtItsEndWholeHoweverLongTheNameIs)
     EXPECT_LE(button->geometry().right(), 400);
     EXPECT_EQ(row.titleLabel()->toolTip(), QString(300, u'n'));
     EXPECT_TRUE(row.detailLabel()->shownText().endsWith(u'p'));
+}
+
+TEST(RowWidget, itsMenuHoldsWhatItsButtonsDo)
+{
+    auto* change = new Button(Button::Kind::bordered, u"Change"_s);
+    auto* remove = new Button(Button::Kind::plainIcon, u"Remove Fish & Chips"_s, u"minus.circle.fill"_s);
+    auto* hidden = new Button(Button::Kind::bordered, u"Hidden"_s);
+    RowWidget row(nullptr, u"Fish & Chips"_s);
+    for (Button* button : {change, remove, hidden})
+        row.addTrailing(button);
+    hidden->hide();
+    change->setEnabled(false);
+    row.show();
+    const QSignalSpy removed(remove, &Button::clicked);
+    const QMenu* menu = openMenu(row, remove);
+    ASSERT_NE(menu, nullptr);
+    ASSERT_EQ(menu->actions().size(), 2);
+    EXPECT_EQ(menu->actions().at(0)->text(), u"Change"_s);
+    EXPECT_FALSE(menu->actions().at(0)->isEnabled());
+    EXPECT_TRUE(menu->actions().at(0)->icon().isNull());
+    EXPECT_EQ(menu->actions().at(1)->text(), u"Remove Fish && Chips"_s);
+    EXPECT_FALSE(menu->actions().at(1)->icon().isNull());
+    menu->actions().at(1)->trigger();
+    EXPECT_EQ(removed.size(), 1);
+}
+
+TEST(RowWidget, aRowThatOffersNothingHasNoMenu)
+{
+    RowWidget row(nullptr, u"Pictures"_s);
+    EXPECT_EQ(openMenu(row, &row), nullptr);
 }
 
 TEST(RowWidget, isAtLeastOneRowHigh)
