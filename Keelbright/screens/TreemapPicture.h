@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KeelbrightCore/storage/TreemapLayout.h"
+#include "Keelbright/screens/TreemapLayout.h"
 
 #include <QPixmap>
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "Keelbright/screens/TreemapLayout.h"
 #include "Keelbright/screens/TreemapNavigation.h"
 #include "Keelbright/widgets/FocusRing.h"
 #include "Keelbright/widgets/ListRow.h"
 #include "Keelbright/widgets/Roles.h"
-#include "KeelbrightCore/storage/TreemapLayout.h"
 
 #include <QPixmap>
 #include <QWidget>

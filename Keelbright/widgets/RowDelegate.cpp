@@ -9,6 +9,18 @@
 
 namespace keelbright {
 
+namespace {
+
+/// Fainter than over a button: a whole row changes.
+QColor hoverColor()
+{
+    QColor color = Theme::instance().color(Role::secondaryText);
+    color.setAlphaF(0.05F);
+    return color;
+}
+
+} // namespace
+
 RowDelegate::RowDelegate(RowListView* view)
     : QStyledItemDelegate(view)
     , m_view(view)
@@ -68,7 +80,7 @@ void RowDelegate::paintGround(QPainter& painter, const QStyleOptionViewItem& opt
     const double radius = isPanel ? RowMetrics::panelRadius : 0;
     painter.setPen(Qt::NoPen);
     if (isSelected || isHovered) {
-        painter.setBrush(theme.color(isSelected ? Role::selection : Role::hover));
+        painter.setBrush(isSelected ? theme.color(Role::selection) : hoverColor());
         painter.drawRoundedRect(field, radius, radius);
     }
     if (!isPanel && index.row() + 1 < index.model()->rowCount())

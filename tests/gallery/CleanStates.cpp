@@ -38,9 +38,27 @@ void playAppDetail(Stage& stage)
     stage.settle();
 }
 
+void playAppFilesBusy(Stage& stage)
+{
+    playApps(stage);
+    stage.files.holdNextLookAt(stage.mac.home().appending(u"Library/Group Containers"_s));
+    stage.choose(u"Sketchbook"_s);
+    EXPECT_TRUE(stage.files.waitUntilHeld());
+    Stage::turnFrames();
+}
+
 void playAppLookedUp(Stage& stage)
 {
     playAppDetail(stage);
+    stage.press(u"Look Up on App Store"_s);
+    stage.settle();
+}
+
+void playAppUnknownToTheStore(Stage& stage)
+{
+    playApps(stage);
+    stage.choose(u"Brew Timer"_s);
+    stage.settle();
     stage.press(u"Look Up on App Store"_s);
     stage.settle();
 }
@@ -98,7 +116,9 @@ QList<ScreenState> cleanStates()
         {"app-manager", "busy", playAppsBusy},
         {"app-manager", "list", playApps},
         {"app-manager", "detail", playAppDetail},
+        {"app-manager", "files-busy", playAppFilesBusy},
         {"app-manager", "looked-up", playAppLookedUp, true},
+        {"app-manager", "not-in-store", playAppUnknownToTheStore},
         {"app-manager", "no-match", playAppsNoMatch},
         {"junk-cleaner", "busy", playJunkBusy},
         {"junk-cleaner", "clean", playJunkClean},

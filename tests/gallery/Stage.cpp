@@ -27,6 +27,8 @@ bool isAtWork()
 
 std::optional<iTunesAppInfo> answerOfTheStore(const QString& name)
 {
+    if (name == u"Brew Timer"_s)
+        return std::nullopt;
     iTunesAppInfo info;
     info.appName = name;
     info.description =

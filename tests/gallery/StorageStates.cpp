@@ -99,6 +99,13 @@ void playEmptyFolder(Stage& stage)
     stage.settle();
 }
 
+void playEmptyMap(Stage& stage)
+{
+    playEmptyFolder(stage);
+    stage.press(u"Treemap"_s);
+    stage.settle();
+}
+
 void playNoLargest(Stage& stage)
 {
     playEmptyFolder(stage);
@@ -139,6 +146,7 @@ QList<ScreenState> storageStates()
         {"storage", "treemap", playMap, true},
         {"storage", "largest", playLargest},
         {"storage", "empty-folder", playEmptyFolder},
+        {"storage", "empty-treemap", playEmptyMap},
         {"storage", "no-files", playNoLargest},
         {"storage", "deep", playDeep},
     };

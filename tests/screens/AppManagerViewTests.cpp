@@ -276,6 +276,27 @@ TEST_F(AppManagerViewTests, reScanningClearsTheSelectionBeforeTheScanBegins)
     turnUntil([&] { return !state->isAppScanning(); });
 }
 
+TEST_F(AppManagerViewTests, aScanTakesThePlaceOfTheListAndKeepsItsHeader)
+{
+    scan();
+    HeldFileManager held(mac.root());
+    const FileManagerGuard guard(held);
+    const auto view = makeView();
+    held.holdNextLookAt(applications());
+    button(*view, u"Re-scan apps"_s)->click();
+    ASSERT_TRUE(held.waitUntilHeld());
+    turnFrame();
+    EXPECT_TRUE(textsIn(*view).contains(u"Scanning applications…"_s));
+    EXPECT_TRUE(textsIn(*view).contains(u"8 of 8 apps"_s));
+    EXPECT_FALSE(view->findChild<SearchField*>()->isVisible());
+    EXPECT_NE(buttonIn(*view, u"All Apps"_s), nullptr);
+    held.letGo();
+    turnUntil([this] { return !state->isAppScanning(); });
+    turnFrame();
+    EXPECT_EQ(titlesIn(*apps(*view)).size(), 8);
+    waitForBackgroundWork();
+}
+
 TEST_F(AppManagerViewTests, fFiveAndControlRScanAgain)
 {
     const auto view = makeListedView();

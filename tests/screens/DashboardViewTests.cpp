@@ -5,7 +5,9 @@
 #include "Keelbright/screens/PageSection.h"
 #include "Keelbright/screens/ProtectedFoldersCard.h"
 #include "Keelbright/widgets/BackupCards.h"
+#include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/Progress.h"
+#include "Keelbright/widgets/SymbolLabel.h"
 #include "tests/screens/ScreenTestCase.h"
 
 #include <QElapsedTimer>
@@ -33,6 +35,12 @@ protected:
     {
         const Part* part = view.findChild<Part*>();
         return part->isVisibleTo(&view) ? textsIn(*part) : QStringList();
+    }
+
+    /// The left top corner of the first such part, from that of the page.
+    template <typename Part> [[nodiscard]] static QPoint placeOf(const DashboardView& view)
+    {
+        return view.findChild<Part*>()->mapTo(&view, QPoint());
     }
 
     [[nodiscard]] static InsightCard* card(const DashboardView& view, const QString& title)
@@ -86,6 +94,71 @@ TEST_F(DashboardViewTests, beforeAnythingIsKnownThereAreHeadAndInsights)
     EXPECT_EQ(button(view, u"Backup Now"_s)->symbol(), u"arrow.clockwise"_s);
     EXPECT_EQ(button(view, u"Quick Clean"_s)->symbol(), u"sparkles"_s);
     EXPECT_EQ(button(view, u"Quick Clean"_s)->toolTip(), u"Clean safe junk items with one tap"_s);
+}
+
+TEST_F(DashboardViewTests, thePartsStandInOneOrderFromTopToBottom)
+{
+    AppState& app = makeState(sampleReport());
+    app.setSelectedDestination(driveDestination());
+    app.setAlerts({RiskAlert(u"First"_s, u"One."_s, RiskAlert::Severity::low)});
+    app.engine().setIsRunning(true);
+    DashboardView view(app);
+    show(view);
+    const QList<int> tops{placeOf<PageHeader>(view).y(),   placeOf<HealthCard>(view).y(),
+                          placeOf<InsightCard>(view).y(),  placeOf<ProtectedFoldersCard>(view).y(),
+                          placeOf<PageSection>(view).y(),  placeOf<RiskAlertCard>(view).y(),
+                          placeOf<ProgressPanel>(view).y()};
+    for (qsizetype i = 1; i < tops.size(); ++i)
+        EXPECT_LT(tops.at(i - 1), tops.at(i)) << "part " << i;
+}
+
+TEST_F(DashboardViewTests, theInsightsStandInTheirOrder)
+{
+    const DashboardView view(makeState());
+    QStringList titles;
+    QStringList symbols;
+    for (const auto* insight : view.findChildren<InsightCard*>()) {
+        titles.append(insight->insight().title);
+        symbols.append(insight->findChild<Tile*>()->key());
+        EXPECT_EQ(insight->findChild<Tile*>()->colorRole(), insight->insight().color);
+    }
+    EXPECT_EQ(titles, (QStringList{u"Storage"_s, u"Last Backup"_s, u"Junk"_s, u"Apps"_s}));
+    EXPECT_EQ(symbols, (QStringList{u"internaldrive.fill"_s, u"arrow.clockwise.circle.fill"_s,
+                                    u"trash.fill"_s, u"app.badge.checkmark"_s}));
+}
+
+TEST_F(DashboardViewTests, theSymbolOfTheLastBackupHasTheColourOfItsEnd)
+{
+    const auto colorOf = [this](const BackupReport& report, const QString& key) {
+        AppState& app = makeState(report);
+        app.setSelectedDestination(driveDestination());
+        const DashboardView view(app);
+        for (const auto* symbol : view.findChildren<Tile*>()) {
+            if (symbol->key() == key)
+                return symbol->colorRole();
+        }
+        return Role::window;
+    };
+    BackupReport report = sampleReport();
+    EXPECT_EQ(colorOf(report, u"checkmark.circle.fill"_s), Role::green);
+    report.errors = {u"Skip a"_s};
+    EXPECT_EQ(colorOf(report, u"exclamationmark.circle.fill"_s), Role::orange);
+}
+
+TEST_F(DashboardViewTests, theMainButtonAndThePanelFollowTheEngineByThemselves)
+{
+    AppState& app = makeState();
+    DashboardView view(app);
+    show(view);
+    EXPECT_EQ(button(view, u"Backup Now"_s)->kind(), Button::Kind::primary);
+    app.engine().setIsRunning(true);
+    turnFrame();
+    EXPECT_EQ(button(view, u"Cancel Backup"_s)->symbol(), QString());
+    EXPECT_FALSE(app.engine().isCancelled());
+    app.engine().setIsRunning(false);
+    turnFrame();
+    EXPECT_EQ(button(view, u"Backup Now"_s)->symbol(), u"arrow.clockwise"_s);
+    EXPECT_EQ(app.selectedScreen(), Screen::dashboard);
 }
 
 TEST_F(DashboardViewTests, quickCleanOnlyLeadsToTheJunkCleaner)

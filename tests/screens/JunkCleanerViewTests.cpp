@@ -1,5 +1,7 @@
 #include "Keelbright/screens/JunkCleanerView.h"
 
+#include "Keelbright/widgets/Panels.h"
+#include "Keelbright/widgets/SymbolLabel.h"
 #include "tests/screens/ListDriver.h"
 #include "tests/screens/ScreenTestCase.h"
 #include "tests/support/HeldFileManager.h"
@@ -173,6 +175,18 @@ TEST_F(JunkCleanerViewTests, aWindowThatComesBackKeepsItsCategories)
     EXPECT_TRUE(shows(u"4 items selected"_s));
 }
 
+TEST_F(JunkCleanerViewTests, whereAllWasCleanItLooksAgainWhenItComesUpAgain)
+{
+    open();
+    EXPECT_TRUE(shows(u"All clean!"_s));
+    addJunk("Logs/Later", 1'000'000);
+    view->hide();
+    view->show();
+    EXPECT_TRUE(model().isScanning());
+    waitForScan();
+    EXPECT_EQ(categories().texts(), QStringList(u"Log Files, 1 item, 1 MB"_s));
+}
+
 TEST_F(JunkCleanerViewTests, theCategoriesStandAtTheLeftWithTheirFigures)
 {
     addSomeJunk();
@@ -184,6 +198,27 @@ TEST_F(JunkCleanerViewTests, theCategoriesStandAtTheLeftWithTheirFigures)
     EXPECT_EQ(categories().row(0).mark, ListRow::Mark::circle);
     EXPECT_EQ(categories().selectedRow(), 0);
     EXPECT_EQ(categories().marks(), (QList{Qt::Unchecked, Qt::Unchecked, Qt::Unchecked}));
+}
+
+TEST_F(JunkCleanerViewTests, aCategoryHasItsColourAtTheLeftAndAboveItsItems)
+{
+    addSomeJunk();
+    open();
+    const QList<Role> colors{Role::accent, Role::mint, Role::purple};
+    const auto symbolAboveTheItems = [this] {
+        for (const auto* header : view->findChildren<PanelHeader*>()) {
+            const auto* symbol = header->findChild<SymbolLabel*>();
+            if (symbol->isVisible() && symbol->key() != u"trash.fill"_s)
+                return std::pair(symbol->key(), symbol->colorRole());
+        }
+        return std::pair(QString(), Role::window);
+    };
+    for (int i = 0; i < colors.size(); ++i) {
+        EXPECT_EQ(categories().row(i).symbolColor, colors.at(i));
+        chooseCategory(i);
+        EXPECT_EQ(symbolAboveTheItems(), std::pair(categories().row(i).symbol, colors.at(i)));
+    }
+    EXPECT_EQ(view->findChild<PanelHeader*>()->findChild<SymbolLabel*>()->colorRole(), Role::orange);
 }
 
 TEST_F(JunkCleanerViewTests, theItemsStandAtTheRight)
@@ -331,6 +366,20 @@ TEST_F(JunkCleanerViewTests, asksBeforeAnythingIsMoved)
     EXPECT_EQ(request.cancel, u"Cancel"_s);
     EXPECT_TRUE(request.isDestructive);
     EXPECT_EQ(categories().count(), 3);
+}
+
+TEST_F(JunkCleanerViewTests, movingToTheTrashIsTheOneProminentActionAndOrange)
+{
+    addSomeJunk();
+    open();
+    tick(0);
+    int prominent = 0;
+    for (const auto* each : view->findChildren<Button*>())
+        prominent += each->kind() == Button::Kind::primary ? 1 : 0;
+    EXPECT_EQ(prominent, 1);
+    Button* clean = button(*view, u"Move to Trash"_s);
+    EXPECT_EQ(clean->kind(), Button::Kind::primary);
+    EXPECT_TRUE(holdsColor(pictureOf(*clean), Theme::instance().color(Role::orangeFill)));
 }
 
 TEST_F(JunkCleanerViewTests, aDismissedQuestionLeavesAllAsItIs)

@@ -397,6 +397,22 @@ TEST_F(StorageBrowserModelTests, aFolderThatCannotBeReadIsAnEmptyLevel)
     EXPECT_EQ(model.currentBytes(), 0);
 }
 
+TEST_F(StorageBrowserModelTests, aFolderThatMayNotBeReadIsAnEmptyLevelToo)
+{
+    std::filesystem::permissions(mac.root().nativePath().toStdString(), std::filesystem::perms(0755));
+    const std::filesystem::path folder = documents().appending(u"Work"_s).nativePath().toStdString();
+    std::filesystem::permissions(folder, std::filesystem::perms::none);
+    StorageBrowserModel model(*state);
+    {
+        const UnprivilegedUser user;
+        navigate(model, documents().appending(u"Work"_s));
+    }
+    std::filesystem::permissions(folder, std::filesystem::perms(0755));
+    EXPECT_EQ(walked(model), QStringList{u"Work"_s});
+    EXPECT_TRUE(model.currentNodes().isEmpty());
+    EXPECT_EQ(model.currentBytes(), 0);
+}
+
 TEST_F(StorageBrowserModelTests, announcesEachChange)
 {
     StorageBrowserModel model(*state);

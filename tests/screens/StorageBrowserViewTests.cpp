@@ -16,6 +16,7 @@
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QMenu>
+#include <QRadioButton>
 #include <QTest>
 
 namespace keelbright::testing {
@@ -158,6 +159,26 @@ TEST_F(StorageBrowserViewTests, aShortcutMeasuresItsFolderAndShowsIt)
     EXPECT_EQ(rows(list(view)), (QStringList{u"Work 7 KB"_s, u"c.txt 2 KB"_s, u"d.JPG 1 KB"_s}));
 }
 
+TEST_F(StorageBrowserViewTests, eachShortcutLeadsToItsFolder)
+{
+    for (const QByteArray name : {"Desktop", "Downloads"})
+        mac.makeFolder("Users/mira/" + name);
+    StorageBrowserView view(context());
+    show(view);
+    const FileURL home = mac.home();
+    const QList<std::pair<QString, FileURL>> shortcuts{{u"Home"_s, home},
+                                                       {u"Documents"_s, home.appending(u"Documents"_s)},
+                                                       {u"Desktop"_s, home.appending(u"Desktop"_s)},
+                                                       {u"Downloads"_s, home.appending(u"Downloads"_s)},
+                                                       {u"Pictures"_s, home.appending(u"Pictures"_s)}};
+    for (const auto& [label, folder] : shortcuts) {
+        button(view, label)->click();
+        waitForLevel(view.model());
+        ASSERT_EQ(view.model().stack().size(), 1);
+        EXPECT_EQ(view.model().currentURL(), folder);
+    }
+}
+
 TEST_F(StorageBrowserViewTests, choosingTheSameShortcutAgainMeasuresAnew)
 {
     StorageBrowserView view(context());
@@ -249,6 +270,63 @@ TEST_F(StorageBrowserViewTests, aFolderOpensAndAFileDoesNot)
     EXPECT_TRUE(view.model().isScanning());
     waitForLevel(view.model());
     EXPECT_EQ(walked(view.model()), (QStringList{u"Documents"_s, u"Work"_s}));
+}
+
+TEST_F(StorageBrowserViewTests, aClickOnARowLeadsIntoAFolderAndNowhereForAFile)
+{
+    StorageBrowserView view(context());
+    browse(view, documents());
+    const ListDriver entries(view, u"Entries"_s);
+    entries.clickTitle(1);
+    EXPECT_FALSE(view.model().isScanning());
+    entries.clickTitle(0);
+    EXPECT_TRUE(view.model().isScanning());
+    waitForLevel(view.model());
+    turnFrame();
+    EXPECT_EQ(walked(view.model()), (QStringList{u"Documents"_s, u"Work"_s}));
+    // Its buttons do not open it as well.
+    entries.clickAction(0, 2);
+    EXPECT_EQ(workspace.revealed, QStringList{documents().appending(u"Work/Old"_s).path()});
+    EXPECT_FALSE(view.model().isScanning());
+}
+
+TEST_F(StorageBrowserViewTests, aClickOnACrumbCutsTheWayThere)
+{
+    StorageBrowserView view(context());
+    browse(view, documents());
+    drillIn(view, u"Work"_s);
+    drillIn(view, u"Old"_s);
+    for (auto* crumb : view.findChild<BreadcrumbBar*>()->findChildren<Button*>()) {
+        if (crumb->isVisible() && crumb->caption() == u"Work"_s)
+            QTest::mouseClick(crumb, Qt::LeftButton);
+    }
+    turnFrame();
+    EXPECT_EQ(walked(view.model()), (QStringList{u"Documents"_s, u"Work"_s}));
+    EXPECT_FALSE(view.model().isScanning());
+}
+
+TEST_F(StorageBrowserViewTests, aClickOnASegmentChoosesTheViewAndOnTheLargestFilesLoadsThem)
+{
+    StorageBrowserView view(context());
+    browse(view, documents());
+    const auto segments = view.findChild<SegmentedControl*>()->findChildren<QRadioButton*>();
+    ASSERT_EQ(segments.size(), 3);
+    QTest::mouseClick(segments.at(1), Qt::LeftButton);
+    turnFrame();
+    EXPECT_TRUE(view.findChild<TreemapView*>()->isVisible());
+    for (int chosen = 0; chosen < 2; ++chosen) {
+        QTest::mouseClick(segments.at(2), Qt::LeftButton);
+        EXPECT_TRUE(view.model().isLoadingLargest());
+        waitForLargest(view.model());
+    }
+    turnFrame();
+    EXPECT_TRUE(view.findChild<LargestFilesPanel*>()->isVisible());
+    QTest::mouseClick(segments.at(0), Qt::LeftButton);
+    turnFrame();
+    EXPECT_TRUE(list(view)->isVisible());
+    EXPECT_EQ(segments.at(0)->text(), u"List"_s);
+    EXPECT_EQ(segments.at(1)->text(), u"Treemap"_s);
+    EXPECT_EQ(segments.at(2)->text(), u"Largest Files"_s);
 }
 
 TEST_F(StorageBrowserViewTests, theKeyboardWalksDownAndBackWithoutLosingItsPlace)

@@ -73,6 +73,21 @@ bool hasName(double width, double height)
     return writtenPixels(picture, cell, QRect(9, 8, 20, 12)) > 20;
 }
 
+/// On how many lines of pixels the words of a cell of this width stand, from `top` on.
+int heightOfWords(double width, const QString& name, int top)
+{
+    constexpr int bright = 170; ///< of red, of which the first pair of colours has little
+    const QImage picture = pictureOf({single(width, 120, name)}, QSize(200, 200));
+    int lines = 0;
+    for (int y = top; y < 50; ++y) {
+        bool isWritten = false;
+        for (int x = 9; x < 50; ++x)
+            isWritten = isWritten || picture.pixelColor(x, y).red() > bright;
+        lines += isWritten ? 1 : 0;
+    }
+    return lines;
+}
+
 bool hasSize(double width, double height)
 {
     const TreemapCell cell = single(width, height, u"W"_s);
@@ -84,13 +99,16 @@ bool hasSize(double width, double height)
 
 TEST(TreemapPicture, thePaletteHasSixPairsFromLighterToDarker)
 {
+    constexpr float pairs[6][6]{
+        {0.12F, 0.47F, 0.90F, 0.06F, 0.28F, 0.66F}, {0.50F, 0.22F, 0.86F, 0.32F, 0.12F, 0.62F},
+        {0.08F, 0.62F, 0.44F, 0.04F, 0.38F, 0.28F}, {0.88F, 0.32F, 0.30F, 0.64F, 0.16F, 0.16F},
+        {0.90F, 0.60F, 0.08F, 0.66F, 0.40F, 0.02F}, {0.12F, 0.60F, 0.74F, 0.06F, 0.38F, 0.52F},
+    };
     ASSERT_EQ(treemapPalette().size(), 6);
-    EXPECT_EQ(treemapPalette().at(0).lighter, QColor::fromRgbF(0.12F, 0.47F, 0.90F));
-    EXPECT_EQ(treemapPalette().at(5).darker, QColor::fromRgbF(0.06F, 0.38F, 0.52F));
-    for (const TreemapColors& colors : treemapPalette()) {
-        EXPECT_GT(colors.lighter.lightnessF(), colors.darker.lightnessF());
-        EXPECT_EQ(colors.lighter.alpha(), 255);
-        EXPECT_EQ(colors.darker.alpha(), 255);
+    for (qsizetype i = 0; i < 6; ++i) {
+        const float(&pair)[6] = pairs[i];
+        EXPECT_EQ(treemapPalette().at(i).lighter, QColor::fromRgbF(pair[0], pair[1], pair[2])) << i;
+        EXPECT_EQ(treemapPalette().at(i).darker, QColor::fromRgbF(pair[3], pair[4], pair[5])) << i;
     }
 }
 
@@ -141,6 +159,45 @@ TEST(TreemapPicture, theSizeNeedsMoreHeightThanTheName)
     EXPECT_FALSE(hasSize(120, 50));
     EXPECT_TRUE(hasSize(120, 51));
     EXPECT_FALSE(hasSize(52, 120));
+}
+
+TEST(TreemapPicture, theNameGrowsWithItsCellBetweenTwoSizes)
+{
+    const auto height = [](double width) {
+        return heightOfWords(width, u"H"_s, 8) - heightOfWords(width, {}, 8);
+    };
+    EXPECT_GT(height(53), 0);
+    EXPECT_EQ(height(53), height(81));
+    EXPECT_LT(height(81), height(99));
+    EXPECT_LT(height(99), height(117));
+    EXPECT_EQ(height(117), height(190));
+}
+
+TEST(TreemapPicture, theSizeGrowsWithItsCellBetweenTwoSizes)
+{
+    const auto height = [](double width) { return heightOfWords(width, {}, 8); };
+    EXPECT_GT(height(53), 0);
+    EXPECT_EQ(height(53), height(88));
+    EXPECT_LT(height(88), height(121));
+    EXPECT_EQ(height(121), height(190));
+}
+
+TEST(TreemapPicture, theNameIsWhiteOverAShadow)
+{
+    const TreemapCell cell = single(190, 120, u"H"_s);
+    const QImage picture = pictureOf({cell}, {200, 200});
+    bool hasWhite = false;
+    bool hasShadow = false;
+    for (int y = 8; y < 30; ++y) {
+        for (int x = 9; x < 25; ++x) {
+            const QColor color = picture.pixelColor(x, y);
+            const QColor bare = expectedColor(cell, QPointF(x + 0.5, y + 0.5));
+            hasWhite = hasWhite || color == QColor(Qt::white);
+            hasShadow = hasShadow || color.blue() < bare.blue() / 2;
+        }
+    }
+    EXPECT_TRUE(hasWhite);
+    EXPECT_TRUE(hasShadow);
 }
 
 TEST(TreemapPicture, isTransparentWithoutCellsAndAtTheCorners)

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QWidget>
+#include <cstdlib>
 
 namespace keelbright::testing {
 
@@ -30,6 +31,14 @@ namespace keelbright::testing {
 [[nodiscard]] inline QImage pictureOf(QWidget& widget)
 {
     return widget.grab().toImage().convertToFormat(QImage::Format_ARGB32);
+}
+
+/// Whether the colours differ by no more than painting rounds.
+[[nodiscard]] inline bool isNear(const QColor& actual, const QColor& expected)
+{
+    const auto differ = [](int a, int b) { return std::abs(a - b) > 1; };
+    return !differ(actual.red(), expected.red()) && !differ(actual.green(), expected.green()) &&
+           !differ(actual.blue(), expected.blue());
 }
 
 /// Whether a pixel of exactly this colour is in the picture.

@@ -3,9 +3,12 @@
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/ElidedLabel.h"
 #include "Keelbright/widgets/Progress.h"
+#include "Keelbright/widgets/SymbolLabel.h"
+#include "Keelbright/widgets/Theme.h"
 #include "tests/support/Accessible.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
+#include "tests/support/ThemeGuard.h"
 
 #include <gtest/gtest.h>
 
@@ -48,6 +51,44 @@ TEST(RiskAlertCard, isColouredBySeverity)
     EXPECT_EQ(RiskAlertCard::color(RiskAlert::Severity::high), Role::red);
 }
 
+TEST(RiskAlertCard, hasItsSymbolAndAFaintGroundInTheColourOfItsSeverity)
+{
+    const testing::ThemeGuard guard;
+    for (const auto severity :
+         {RiskAlert::Severity::low, RiskAlert::Severity::medium, RiskAlert::Severity::high}) {
+        RiskAlertCard card(RiskAlert(u"Title"_s, u"Message."_s, severity));
+        const Role hue = RiskAlertCard::color(severity);
+        const auto* symbol = card.findChild<SymbolLabel*>();
+        EXPECT_EQ(symbol->key(), u"exclamationmark.triangle.fill"_s);
+        EXPECT_EQ(symbol->colorRole(), hue);
+        EXPECT_EQ(card.findChildren<Label*>().last()->colorRole(), Role::mutedText);
+        card.resize(300, 70);
+        const QColor ground = testing::pictureOf(card).pixelColor(150, 4);
+        EXPECT_TRUE(testing::isNear(ground, Theme::instance().tint(hue, panelTint)));
+    }
+}
+
+TEST(SourceRowCard, hasATileWithAFolderInTheAccentColour)
+{
+    const SourceRowCard row(source(u"/Users/mira/Code"_s));
+    const auto* tile = row.findChild<Tile*>();
+    ASSERT_NE(tile, nullptr);
+    EXPECT_EQ(tile->key(), u"folder.fill"_s);
+    EXPECT_EQ(tile->colorRole(), Role::accent);
+}
+
+TEST(SourceRowCard, itsButtonIsRedAtFourFifths)
+{
+    const testing::ThemeGuard guard;
+    SourceRowCard row(source(u"/Users/mira/Code"_s), [] {});
+    auto* button = row.findChild<Button*>();
+    const QImage picture = testing::pictureOf(*button);
+    QColor red = Theme::instance().color(Role::red);
+    red.setAlphaF(0.8F);
+    EXPECT_TRUE(testing::holdsColor(picture, composed(picture.pixelColor(0, 0), red)));
+    EXPECT_FALSE(testing::holdsColor(picture, Theme::instance().color(Role::red)));
+}
+
 TEST(SourceRowCard, showsNameAndPathAndNoButtonWithoutAnAction)
 {
     SourceRowCard row(source(u"/Users/mira/Code"_s));
@@ -81,6 +122,27 @@ TEST(ProgressPanel, showsFilePercentageAndFigures)
     EXPECT_EQ(textsIn(panel), QStringList({u"IMG_2041.heic"_s, u"68%"_s, u"Backing Up…"_s, u"812 copied"_s,
                                            u"11 skipped"_s, u"8.31 GB"_s}));
     EXPECT_EQ(testing::accessibleValue(panel.findChild<BarProgress*>()).toInt(), 68);
+}
+
+TEST(ProgressPanel, eachFigureHasItsSymbol)
+{
+    const ProgressPanel panel({});
+    QStringList symbols;
+    for (const auto* symbol : panel.findChildren<SymbolLabel*>())
+        symbols.append(symbol->key());
+    EXPECT_EQ(symbols, QStringList({u"checkmark.circle"_s, u"minus.circle"_s, u"internaldrive"_s}));
+}
+
+TEST(ProgressPanel, aLongFileNameStaysOnOneLine)
+{
+    BackupProgress progress;
+    progress.currentFile = QString(400, u'n');
+    ProgressPanel panel(progress);
+    ProgressPanel empty({});
+    EXPECT_EQ(panel.sizeHint().height(), empty.sizeHint().height());
+    panel.resize(400, panel.sizeHint().height());
+    panel.grab();
+    EXPECT_TRUE(panel.findChild<ElidedLabel*>()->shownText().endsWith(u'…'));
 }
 
 TEST(ProgressPanel, cutsThePercentageAndStopsAtAHundred)

@@ -394,6 +394,23 @@ TEST_F(RowListViewTest, noLineStandsBelowTheLastRow)
     EXPECT_EQ(lineBelow(model.rowCount() - 1), ground);
 }
 
+TEST_F(RowListViewTest, theRowBelowThePointerHasAFaintGround)
+{
+    show();
+    const auto groundOf = [&](int row) {
+        const QPoint corner = view.visualRect(model.index(row)).topLeft() + QPoint(2, 2);
+        return pictureOf(view).pixelColor(corner);
+    };
+    const QColor bare = groundOf(1);
+    QTest::mouseMove(view.viewport(), layoutOf(1).title.center());
+    QColor faint = Theme::instance().color(Role::secondaryText);
+    faint.setAlphaF(0.05F);
+    EXPECT_TRUE(isNear(groundOf(1), composed(bare, faint)));
+    EXPECT_EQ(groundOf(0), bare);
+    QTest::mouseMove(view.viewport(), layoutOf(0).title.center());
+    EXPECT_EQ(groundOf(1), bare);
+}
+
 TEST_F(RowListViewTest, theFocusCanBeSeenAfterAKeyAndNotAfterAClick)
 {
     show();

@@ -5,6 +5,7 @@
 #include "Keelbright/widgets/SymbolLabel.h"
 #include "tests/support/Accessible.h"
 #include "tests/support/Printing.h"
+#include "tests/support/ThemeGuard.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -96,6 +97,15 @@ TEST(Tag, tellsItsWord)
     auto* label = tag.findChild<QLabel*>();
     ASSERT_NE(label, nullptr);
     EXPECT_EQ(accessibleName(label), u"Not found"_s);
+}
+
+TEST(Tag, standsOnAFaintTintOfItsColour)
+{
+    const testing::ThemeGuard guard;
+    Tag tag(u"Was Important"_s, Role::accent);
+    tag.resize(tag.sizeHint());
+    const QColor ground = testing::pictureOf(tag).pixelColor(3, tag.height() / 2);
+    EXPECT_TRUE(testing::isNear(ground, Theme::instance().tint(Role::accent, 0.12)));
 }
 
 } // namespace keelbright

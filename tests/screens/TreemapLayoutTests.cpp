@@ -1,5 +1,5 @@
-#include "KeelbrightCore/storage/TreemapLayout.h"
-#include "tests/storage/PlainColoring.h"
+#include "Keelbright/screens/TreemapLayout.h"
+#include "tests/screens/PlainColoring.h"
 #include "tests/support/Printing.h"
 
 #include <QRandomGenerator>

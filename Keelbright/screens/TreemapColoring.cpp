@@ -1,4 +1,4 @@
-#include "KeelbrightCore/storage/TreemapColoring.h"
+#include "Keelbright/screens/TreemapColoring.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,5 @@
-#include "KeelbrightCore/storage/TreemapColoring.h"
-#include "tests/storage/PlainColoring.h"
+#include "Keelbright/screens/TreemapColoring.h"
+#include "tests/screens/PlainColoring.h"
 
 #include <QRandomGenerator>
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
-#include "KeelbrightCore/storage/TreemapLayout.h"
+#include "Keelbright/screens/TreemapLayout.h"
 
+#include "Keelbright/screens/TreemapColoring.h"
 #include "KeelbrightCore/platform/ByteSum.h"
-#include "KeelbrightCore/storage/TreemapColoring.h"
 
 #include <algorithm>
 #include <span>
