@@ -51,7 +51,7 @@ QByteArray withValue(const QByteArray& json, const QByteArray& key, const QByteA
     const QByteArray name = '\n' + indentation.toByteArray() + '"' + key + "\": ";
     const qsizetype place = json.indexOf(name + null.toByteArray()) + name.size();
     QByteArray text;
-    text.reserve(json.size() + value.size() + value.count('\n') * indentation.size());
+    text.reserve(json.size() + value.size() + value.size() / 8); // for the indentation
     text.append(QByteArrayView(json).first(place));
     QByteArrayView rest = QByteArrayView(value).chopped(1);
     for (qsizetype end = rest.indexOf('\n'); end >= 0; end = rest.indexOf('\n')) {

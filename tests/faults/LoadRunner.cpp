@@ -3,14 +3,15 @@
 //     load-runner <machine> <drive> <source>
 // Prints one line of JSON: the counters, how many error lines the engine, the state and a state that
 // is started anew have, seconds, the longest stalls of the main thread (in the run, at its end, in a
-// start with its report, in a change of the settings afterwards), and the most memory that the process
-// has had.
+// start with its report, in a change of the settings afterwards), what it has worked in the last three
+// of these, and the most memory that the process has had.
 
 #include "Keelbright/state/AppState.h"
 #include "KeelbrightCore/platform/UserDefaults.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 #include "tests/support/FakeFolderChooser.h"
+#include "tests/support/ProcessorTime.h"
 #include "tests/support/SandboxFileManager.h"
 #include "tests/support/StallProbe.h"
 
@@ -93,6 +94,7 @@ private:
             return;
         QCoreApplication::exec();
         m_told.insert(u"stallAtEnd"_s, atEnd ? atEnd->longestSeconds() : 0);
+        m_told.insert(u"workAtEnd"_s, atEnd ? atEnd->longestWorkSeconds() : 0);
     }
 
     void tell(const BackupEngine& engine)
@@ -107,14 +109,18 @@ private:
     /// The program's next start, and a change of the settings in it.
     void startAnew()
     {
+        std::optional<AppState> state;
+        tellTimeOf(u"start"_s, u"workOfStart"_s, [&] { state.emplace(services()); });
+        m_told.insert(u"linesRead"_s, state->lastReport() ? state->lastReport()->errors.size() : 0);
+        tellTimeOf(u"change"_s, u"workOfChange"_s, [&] { state->setRecommendedFolderEnabled(0, true); });
+    }
+
+    template <typename Action> void tellTimeOf(const QString& key, const QString& workKey, Action&& action)
+    {
         QElapsedTimer time;
         time.start();
-        AppState state(services());
-        m_told.insert(u"start"_s, static_cast<double>(time.nsecsElapsed()) / 1e9);
-        m_told.insert(u"linesRead"_s, state.lastReport() ? state.lastReport()->errors.size() : 0);
-        time.restart();
-        state.setRecommendedFolderEnabled(0, true);
-        m_told.insert(u"change"_s, static_cast<double>(time.nsecsElapsed()) / 1e9);
+        m_told.insert(workKey, static_cast<double>(testing::workOf(action)) / 1e9);
+        m_told.insert(key, static_cast<double>(time.nsecsElapsed()) / 1e9);
     }
 
     testing::SandboxFileManager m_files;
