@@ -11,9 +11,9 @@
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 #include "tests/support/FakeFolderChooser.h"
-#include "tests/support/ProcessorTime.h"
 #include "tests/support/SandboxFileManager.h"
 #include "tests/support/StallProbe.h"
+#include "tests/support/WorkTimer.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -119,7 +119,9 @@ private:
     {
         QElapsedTimer time;
         time.start();
-        m_told.insert(workKey, static_cast<double>(testing::workOf(action)) / 1e9);
+        const testing::WorkTimer work;
+        action();
+        m_told.insert(workKey, static_cast<double>(work.nanoseconds()) / 1e9);
         m_told.insert(key, static_cast<double>(time.nsecsElapsed()) / 1e9);
     }
 
