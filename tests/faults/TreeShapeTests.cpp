@@ -68,7 +68,9 @@ TEST_F(TreeShapeTest, copies2000LevelsWithAFewOpenFiles)
     makeDeepTree(levels);
     rlimit limit = {};
     ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
-    const rlimit few{64, limit.rlim_max};
+    // A sanitizer opens two files of its own to find out whether it may look at an object, and takes a
+    // refusal for an object of the wrong type: it needs room beside the program.
+    const rlimit few{KEELBRIGHT_IS_SANITIZED ? 112 : 64, limit.rlim_max};
     ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
     const auto restore = qScopeGuard([&] { ::setrlimit(RLIMIT_NOFILE, &limit); });
     for (int round = 0; round < 2; ++round) {
