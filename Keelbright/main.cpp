@@ -1,4 +1,4 @@
-#include "Keelbright/screens/Application.h"
+#include "Keelbright/screens/shell/Application.h"
 
 int main(int argc, char** argv)
 {

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "Keelbright/screens/MainWindow.h"
+#include "Keelbright/screens/shell/MainWindow.h"
 #include "Keelbright/state/FileChooser.h"
 #include "Keelbright/state/KeelbrightApp.h"
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/AlertPresenter.h"
-#include "Keelbright/widgets/Theme.h"
+#include "Keelbright/widgets/theme/Theme.h"
 #include "tests/support/FakeFolderChooser.h"
 
 namespace keelbright::bench {

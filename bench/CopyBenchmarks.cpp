@@ -1,5 +1,5 @@
-#include "KeelbrightCore/platform/CopyDestination.h"
-#include "KeelbrightCore/platform/DirectoryEnumerator.h"
+#include "KeelbrightCore/platform/files/CopyDestination.h"
+#include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 #include "tests/support/TestMac.h"
 
 #include <benchmark/benchmark.h>

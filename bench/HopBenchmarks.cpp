@@ -1,4 +1,4 @@
-#include "KeelbrightCore/platform/MainThread.h"
+#include "KeelbrightCore/platform/system/MainThread.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>

@@ -3,7 +3,7 @@
 // Does one thing with the real services or the real window (on the platform that QT_QPA_PLATFORM
 // names) and prints what it took, a figure a line.
 
-#include "KeelbrightCore/platform/FileURL.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
 #include "bench/ServiceMeasures.h"
 #include "bench/StorageMeasures.h"
 #include "bench/WindowMeasures.h"

@@ -1,4 +1,4 @@
-#include "Keelbright/widgets/Theme.h"
+#include "Keelbright/widgets/theme/Theme.h"
 
 #include <QApplication>
 #include <benchmark/benchmark.h>

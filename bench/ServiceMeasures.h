@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KeelbrightCore/platform/FileURL.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
 
 namespace keelbright::bench {
 

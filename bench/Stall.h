@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Keelbright/widgets/RowListView.h"
+#include "Keelbright/widgets/rows/RowListView.h"
 #include "tests/support/StallProbe.h"
 
 #include <QScrollBar>

@@ -1,4 +1,4 @@
-#include "Keelbright/screens/Application.h"
+#include "Keelbright/screens/shell/Application.h"
 #include "bench/Memory.h"
 #include "bench/WindowMeasures.h"
 

@@ -1,6 +1,6 @@
 #include "bench/StorageMeasures.h"
 
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/storage/FolderSizeService.h"
 #include "KeelbrightCore/storage/LargestFilesScanner.h"
 #include "KeelbrightCore/storage/OrganizerService.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Keelbright/screens/TreemapLayout.h"
+#include "Keelbright/screens/storage/treemap/TreemapLayout.h"
 
 #include <QRandomGenerator>
 

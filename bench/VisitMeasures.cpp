@@ -1,4 +1,4 @@
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
 #include "bench/BenchWindow.h"
 #include "bench/Memory.h"
 #include "bench/WindowMeasures.h"

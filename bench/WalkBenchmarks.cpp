@@ -1,5 +1,5 @@
 #include "KeelbrightCore/backup/FileScanner.h"
-#include "KeelbrightCore/platform/DirectoryEnumerator.h"
+#include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 #include "bench/BenchTree.h"
 
 #include <benchmark/benchmark.h>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Keelbright/state/Screen.h"
-#include "KeelbrightCore/platform/FileURL.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
 
 namespace keelbright::bench {
 

@@ -1,8 +1,8 @@
 #include "Keelbright/screens/ActivityLogView.h"
 
-#include "Keelbright/screens/ActivityLogModel.h"
-#include "Keelbright/screens/Announcement.h"
-#include "Keelbright/screens/ListCard.h"
+#include "Keelbright/screens/review/ActivityLogModel.h"
+#include "Keelbright/screens/shared/Announcement.h"
+#include "Keelbright/screens/shared/ListCard.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/FileChooser.h"
 #include "Keelbright/state/L10n.h"
@@ -11,8 +11,8 @@
 #include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/MenuButton.h"
-#include "Keelbright/widgets/RowListView.h"
-#include "KeelbrightCore/platform/FileManager.h"
+#include "Keelbright/widgets/rows/RowListView.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Keelbright/screens/ScreenContext.h"
+#include "Keelbright/screens/shared/ScreenContext.h"
 #include "KeelbrightCore/records/ActivityEntry.h"
 
 #include <QList>

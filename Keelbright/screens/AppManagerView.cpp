@@ -1,8 +1,8 @@
 #include "Keelbright/screens/AppManagerView.h"
 
-#include "Keelbright/screens/AppDetailPanel.h"
-#include "Keelbright/screens/AppListPanel.h"
-#include "Keelbright/screens/RescanShortcuts.h"
+#include "Keelbright/screens/apps/AppDetailPanel.h"
+#include "Keelbright/screens/apps/AppListPanel.h"
+#include "Keelbright/screens/shared/RescanShortcuts.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/Panels.h"

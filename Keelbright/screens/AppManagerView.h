@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Keelbright/screens/AppIcons.h"
-#include "Keelbright/screens/ScreenContext.h"
+#include "Keelbright/screens/apps/AppIcons.h"
+#include "Keelbright/screens/shared/ScreenContext.h"
 #include "KeelbrightCore/apps/AppInfo.h"
 
 #include <QPointer>

@@ -1,8 +1,8 @@
 #include "Keelbright/screens/BackupProgressView.h"
 
-#include "Keelbright/screens/Announcement.h"
-#include "Keelbright/screens/BackupFinishedPanel.h"
-#include "Keelbright/screens/BackupRunningPanel.h"
+#include "Keelbright/screens/backup/BackupFinishedPanel.h"
+#include "Keelbright/screens/backup/BackupRunningPanel.h"
+#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/Banner.h"

@@ -1,8 +1,8 @@
 #include "Keelbright/screens/BackupReportView.h"
 
-#include "Keelbright/screens/CardGridLayout.h"
-#include "Keelbright/screens/PageSection.h"
-#include "Keelbright/screens/PathRow.h"
+#include "Keelbright/screens/backup/PathRow.h"
+#include "Keelbright/screens/shared/CardGridLayout.h"
+#include "Keelbright/screens/shared/PageSection.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/state/Workspace.h"
@@ -14,7 +14,7 @@
 #include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/StatusCard.h"
 #include "Keelbright/widgets/SymbolLabel.h"
-#include "KeelbrightCore/platform/DateFormatter.h"
+#include "KeelbrightCore/platform/text/DateFormatter.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>

@@ -1,8 +1,8 @@
 #include "Keelbright/screens/NewMacRecoveryView.h"
 
-#include "Keelbright/screens/Announcement.h"
-#include "Keelbright/screens/ManifestSummary.h"
-#include "Keelbright/screens/PageSection.h"
+#include "Keelbright/screens/recovery/ManifestSummary.h"
+#include "Keelbright/screens/shared/Announcement.h"
+#include "Keelbright/screens/shared/PageSection.h"
 #include "Keelbright/state/FileChooser.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/Card.h"
@@ -10,7 +10,7 @@
 #include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/SymbolLabel.h"
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
 
 #include <QHBoxLayout>
 #include <QPointer>

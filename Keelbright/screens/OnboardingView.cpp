@@ -1,11 +1,11 @@
 #include "Keelbright/screens/OnboardingView.h"
 
-#include "Keelbright/screens/StepStack.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/BottomBar.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/Card.h"
 #include "Keelbright/widgets/Label.h"
+#include "Keelbright/widgets/StepStack.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 
 #include <QHBoxLayout>

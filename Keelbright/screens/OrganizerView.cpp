@@ -1,9 +1,9 @@
 #include "Keelbright/screens/OrganizerView.h"
 
-#include "Keelbright/screens/OrganizerPlanPanel.h"
-#include "Keelbright/screens/ProposalPanel.h"
-#include "Keelbright/screens/RescanShortcuts.h"
-#include "Keelbright/screens/ScreenContext.h"
+#include "Keelbright/screens/organizer/OrganizerPlanPanel.h"
+#include "Keelbright/screens/organizer/ProposalPanel.h"
+#include "Keelbright/screens/shared/RescanShortcuts.h"
+#include "Keelbright/screens/shared/ScreenContext.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/NotificationCenter.h"
 #include "Keelbright/widgets/AlertPresenter.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Keelbright/screens/FocusKeeper.h"
+#include "Keelbright/screens/shared/FocusKeeper.h"
 #include "Keelbright/state/OrganizerVM.h"
 #include "Keelbright/widgets/FrameThrottle.h"
 

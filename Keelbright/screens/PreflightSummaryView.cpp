@@ -1,6 +1,6 @@
 #include "Keelbright/screens/PreflightSummaryView.h"
 
-#include "Keelbright/screens/Announcement.h"
+#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/widgets/Banner.h"
@@ -11,7 +11,7 @@
 #include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/Page.h"
 #include "Keelbright/widgets/Progress.h"
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
 
 #include <QHBoxLayout>
 #include <QShowEvent>

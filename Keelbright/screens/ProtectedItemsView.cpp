@@ -1,7 +1,7 @@
 #include "Keelbright/screens/ProtectedItemsView.h"
 
-#include "Keelbright/screens/PageSection.h"
-#include "Keelbright/screens/RecommendedFolderRow.h"
+#include "Keelbright/screens/protect/RecommendedFolderRow.h"
+#include "Keelbright/screens/shared/PageSection.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "Keelbright/widgets/BackupCards.h"

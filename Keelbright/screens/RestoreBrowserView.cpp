@@ -1,10 +1,10 @@
 #include "Keelbright/screens/RestoreBrowserView.h"
 
-#include "Keelbright/screens/Announcement.h"
-#include "Keelbright/screens/ListCard.h"
-#include "Keelbright/screens/PageSection.h"
-#include "Keelbright/screens/RescanShortcuts.h"
-#include "Keelbright/screens/SnapshotRows.h"
+#include "Keelbright/screens/recovery/SnapshotRows.h"
+#include "Keelbright/screens/shared/Announcement.h"
+#include "Keelbright/screens/shared/ListCard.h"
+#include "Keelbright/screens/shared/PageSection.h"
+#include "Keelbright/screens/shared/RescanShortcuts.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/FolderChooser.h"
 #include "Keelbright/state/Workspace.h"
@@ -12,11 +12,11 @@
 #include "Keelbright/widgets/Card.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/Headers.h"
-#include "Keelbright/widgets/RowListView.h"
-#include "Keelbright/widgets/RowWidget.h"
 #include "Keelbright/widgets/SymbolLabel.h"
-#include "KeelbrightCore/platform/DateFormatter.h"
-#include "KeelbrightCore/platform/FileManager.h"
+#include "Keelbright/widgets/rows/RowListView.h"
+#include "Keelbright/widgets/rows/RowWidget.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/text/DateFormatter.h"
 
 #include <QPointer>
 #include <QVBoxLayout>

@@ -1,16 +1,16 @@
 #include "Keelbright/screens/ScanResultsView.h"
 
-#include "Keelbright/screens/Announcement.h"
-#include "Keelbright/screens/RescanShortcuts.h"
-#include "Keelbright/screens/ScanReportPanel.h"
+#include "Keelbright/screens/review/ScanReportPanel.h"
+#include "Keelbright/screens/shared/Announcement.h"
+#include "Keelbright/screens/shared/RescanShortcuts.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/PanelNote.h"
-#include "Keelbright/widgets/RowListView.h"
-#include "KeelbrightCore/platform/DateFormatter.h"
+#include "Keelbright/widgets/rows/RowListView.h"
+#include "KeelbrightCore/platform/text/DateFormatter.h"
 
 #include <QStackedLayout>
 #include <QVBoxLayout>

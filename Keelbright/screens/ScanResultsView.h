@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Keelbright/screens/ScreenContext.h"
+#include "Keelbright/screens/shared/ScreenContext.h"
 #include "Keelbright/state/ScanResultsVM.h"
 #include "Keelbright/widgets/FrameThrottle.h"
 

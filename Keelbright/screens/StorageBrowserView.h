@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Keelbright/screens/StorageBrowserModel.h"
+#include "Keelbright/screens/storage/StorageBrowserModel.h"
 #include "Keelbright/widgets/FrameThrottle.h"
 
 #include <QWidget>

@@ -2,9 +2,9 @@
 
 #include "Keelbright/state/Delivery.h"
 #include "KeelbrightCore/apps/AppLeftoversScanner.h"
-#include "KeelbrightCore/platform/ByteSum.h"
-#include "KeelbrightCore/platform/FileManager.h"
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
+#include "KeelbrightCore/platform/text/ByteSum.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 
 #include <QtConcurrentRun>

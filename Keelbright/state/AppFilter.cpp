@@ -1,6 +1,6 @@
 #include "Keelbright/state/AppFilter.h"
 
-#include "KeelbrightCore/platform/NameComparison.h"
+#include "KeelbrightCore/platform/text/NameComparison.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "KeelbrightCore/apps/iTunesLookupService.h"
-#include "KeelbrightCore/platform/Clock.h"
+#include "KeelbrightCore/platform/system/Clock.h"
 
 #include <functional>
 

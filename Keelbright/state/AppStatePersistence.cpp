@@ -2,8 +2,8 @@
 
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/FolderChooser.h"
-#include "KeelbrightCore/platform/Console.h"
-#include "KeelbrightCore/platform/UserDefaults.h"
+#include "KeelbrightCore/platform/system/Console.h"
+#include "KeelbrightCore/platform/system/UserDefaults.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 
 #include <QPointer>

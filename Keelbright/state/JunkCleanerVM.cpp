@@ -2,8 +2,8 @@
 
 #include "Keelbright/state/Delivery.h"
 #include "KeelbrightCore/health/JunkScanner.h"
-#include "KeelbrightCore/platform/ByteSum.h"
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/text/ByteSum.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 
 #include <algorithm>

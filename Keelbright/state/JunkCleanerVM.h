@@ -1,7 +1,7 @@
 #pragma once
 
 #include "KeelbrightCore/health/JunkCategory.h"
-#include "KeelbrightCore/platform/Clock.h"
+#include "KeelbrightCore/platform/system/Clock.h"
 
 #include <QObject>
 #include <QSet>

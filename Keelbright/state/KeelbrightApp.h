@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Keelbright/state/AppState.h"
-#include "KeelbrightCore/platform/UserDefaults.h"
+#include "KeelbrightCore/platform/system/UserDefaults.h"
 
 namespace keelbright {
 

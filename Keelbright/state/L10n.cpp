@@ -1,7 +1,7 @@
 #include "Keelbright/state/L10n.h"
 
-#include "KeelbrightCore/platform/ByteCountFormatter.h"
-#include "KeelbrightCore/platform/DateFormatter.h"
+#include "KeelbrightCore/platform/text/ByteCountFormatter.h"
+#include "KeelbrightCore/platform/text/DateFormatter.h"
 
 #include <QCoreApplication>
 

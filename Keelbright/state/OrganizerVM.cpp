@@ -3,9 +3,9 @@
 #include "Keelbright/state/Delivery.h"
 #include "Keelbright/state/FolderChooser.h"
 #include "Keelbright/state/L10n.h"
-#include "KeelbrightCore/platform/ByteSum.h"
-#include "KeelbrightCore/platform/FileManager.h"
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
+#include "KeelbrightCore/platform/text/ByteSum.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/storage/OrganizerService.h"
 

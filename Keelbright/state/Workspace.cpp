@@ -1,6 +1,6 @@
 #include "Keelbright/state/Workspace.h"
 
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
 
 namespace keelbright {
 

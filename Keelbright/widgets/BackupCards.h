@@ -2,7 +2,7 @@
 
 #include "Keelbright/widgets/Banner.h"
 #include "Keelbright/widgets/Card.h"
-#include "Keelbright/widgets/RowWidget.h"
+#include "Keelbright/widgets/rows/RowWidget.h"
 #include "KeelbrightCore/backup/BackupProgress.h"
 #include "KeelbrightCore/backup/BackupSource.h"
 #include "KeelbrightCore/backup/RiskAlert.h"

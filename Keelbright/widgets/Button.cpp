@@ -1,8 +1,8 @@
 #include "Keelbright/widgets/Button.h"
 
 #include "Keelbright/widgets/DisplayText.h"
-#include "Keelbright/widgets/Symbol.h"
-#include "Keelbright/widgets/Theme.h"
+#include "Keelbright/widgets/theme/Symbol.h"
+#include "Keelbright/widgets/theme/Theme.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>

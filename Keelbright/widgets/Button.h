@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Keelbright/widgets/FocusRing.h"
-#include "Keelbright/widgets/Roles.h"
+#include "Keelbright/widgets/theme/Roles.h"
 
 #include <QPushButton>
 

@@ -1,6 +1,6 @@
 #include "Keelbright/widgets/Card.h"
 
-#include "Keelbright/widgets/Theme.h"
+#include "Keelbright/widgets/theme/Theme.h"
 
 #include <QLayout>
 #include <QLinearGradient>

@@ -1,7 +1,7 @@
 #include "Keelbright/widgets/CardButton.h"
 
 #include "Keelbright/widgets/Card.h"
-#include "Keelbright/widgets/Theme.h"
+#include "Keelbright/widgets/theme/Theme.h"
 
 #include <QKeyEvent>
 #include <QLayout>

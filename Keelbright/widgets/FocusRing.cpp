@@ -1,6 +1,6 @@
 #include "Keelbright/widgets/FocusRing.h"
 
-#include "Keelbright/widgets/Theme.h"
+#include "Keelbright/widgets/theme/Theme.h"
 
 #include <QPainter>
 

@@ -2,7 +2,7 @@
 
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/SymbolLabel.h"
-#include "Keelbright/widgets/Theme.h"
+#include "Keelbright/widgets/theme/Theme.h"
 
 #include <QHBoxLayout>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Keelbright/widgets/Roles.h"
+#include "Keelbright/widgets/theme/Roles.h"
 
 #include <QLabel>
 

@@ -1,7 +1,7 @@
 #include "Keelbright/widgets/MenuButton.h"
 
-#include "Keelbright/widgets/Symbol.h"
-#include "Keelbright/widgets/Theme.h"
+#include "Keelbright/widgets/theme/Symbol.h"
+#include "Keelbright/widgets/theme/Theme.h"
 
 #include <QActionGroup>
 #include <QMenu>

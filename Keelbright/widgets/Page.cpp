@@ -1,6 +1,6 @@
 #include "Keelbright/widgets/Page.h"
 
-#include "Keelbright/widgets/Roles.h"
+#include "Keelbright/widgets/theme/Roles.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>

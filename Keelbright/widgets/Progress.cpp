@@ -1,7 +1,7 @@
 #include "Keelbright/widgets/Progress.h"
 
 #include "Keelbright/widgets/FigureLabel.h"
-#include "Keelbright/widgets/Theme.h"
+#include "Keelbright/widgets/theme/Theme.h"
 
 #include <QPainter>
 #include <algorithm>

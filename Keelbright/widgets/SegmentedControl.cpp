@@ -1,7 +1,7 @@
 #include "Keelbright/widgets/SegmentedControl.h"
 
 #include "Keelbright/widgets/FocusRing.h"
-#include "Keelbright/widgets/Theme.h"
+#include "Keelbright/widgets/theme/Theme.h"
 
 #include <QFocusEvent>
 #include <QHBoxLayout>

@@ -1,6 +1,6 @@
 #include "Keelbright/widgets/ToggleSwitch.h"
 
-#include "Keelbright/widgets/Theme.h"
+#include "Keelbright/widgets/theme/Theme.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #include "KeelbrightCore/apps/AppInfo.h"
 
-#include "KeelbrightCore/platform/DateFormatter.h"
+#include "KeelbrightCore/platform/text/DateFormatter.h"
 
 #include <QCoreApplication>
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "KeelbrightCore/platform/Clock.h"
-#include "KeelbrightCore/platform/FileURL.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
+#include "KeelbrightCore/platform/system/Clock.h"
 
 #include <QDateTime>
 #include <QList>

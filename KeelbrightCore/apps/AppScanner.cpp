@@ -1,9 +1,9 @@
 #include "KeelbrightCore/apps/AppScanner.h"
 
 #include "KeelbrightCore/apps/SpotlightMetadata.h"
-#include "KeelbrightCore/platform/FileManager.h"
-#include "KeelbrightCore/platform/PropertyList.h"
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/formats/PropertyList.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
 
 #include <QMutex>
 #include <QPromise>

@@ -1,8 +1,8 @@
 #include "KeelbrightCore/apps/SpotlightMetadata.h"
 
-#include "KeelbrightCore/platform/DateFormatter.h"
-#include "KeelbrightCore/platform/FileManager.h"
-#include "KeelbrightCore/platform/Subprocess.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/system/Subprocess.h"
+#include "KeelbrightCore/platform/text/DateFormatter.h"
 
 #include <QStringDecoder>
 #include <QStringTokenizer>

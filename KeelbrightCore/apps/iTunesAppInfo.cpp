@@ -1,6 +1,6 @@
 #include "KeelbrightCore/apps/iTunesAppInfo.h"
 
-#include "KeelbrightCore/platform/JsonDecoding.h"
+#include "KeelbrightCore/platform/formats/JsonDecoding.h"
 
 #include <algorithm>
 

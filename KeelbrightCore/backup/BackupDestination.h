@@ -1,7 +1,7 @@
 #pragma once
 
-#include "KeelbrightCore/platform/FileURL.h"
-#include "KeelbrightCore/platform/JsonDecoding.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
+#include "KeelbrightCore/platform/formats/JsonDecoding.h"
 
 #include <QJsonObject>
 #include <QString>

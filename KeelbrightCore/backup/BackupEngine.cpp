@@ -2,7 +2,7 @@
 
 #include "KeelbrightCore/backup/BackupRunner.h"
 #include "KeelbrightCore/backup/RunLink.h"
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
 
 #include <QThreadPool>
 

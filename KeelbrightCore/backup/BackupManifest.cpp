@@ -1,6 +1,6 @@
 #include "KeelbrightCore/backup/BackupManifest.h"
 
-#include "KeelbrightCore/platform/DateFormatter.h"
+#include "KeelbrightCore/platform/text/DateFormatter.h"
 
 namespace keelbright {
 

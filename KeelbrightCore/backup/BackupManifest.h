@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KeelbrightCore/platform/JsonDecoding.h"
+#include "KeelbrightCore/platform/formats/JsonDecoding.h"
 
 #include <QDateTime>
 #include <QJsonObject>

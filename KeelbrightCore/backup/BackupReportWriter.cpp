@@ -1,7 +1,7 @@
 #include "KeelbrightCore/backup/BackupReportWriter.h"
 
-#include "KeelbrightCore/platform/DateFormatter.h"
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/text/DateFormatter.h"
 
 #include <array>
 #include <charconv>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "KeelbrightCore/backup/BackupReport.h"
-#include "KeelbrightCore/platform/CopyDestination.h"
-#include "KeelbrightCore/platform/FileError.h"
-#include "KeelbrightCore/platform/FileURL.h"
+#include "KeelbrightCore/platform/files/CopyDestination.h"
+#include "KeelbrightCore/platform/files/FileError.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
 
 namespace keelbright::BackupReportWriter {
 

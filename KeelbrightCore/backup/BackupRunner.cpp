@@ -5,8 +5,8 @@
 #include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/backup/ManifestGenerator.h"
 #include "KeelbrightCore/backup/RunLink.h"
-#include "KeelbrightCore/platform/FileManager.h"
-#include "KeelbrightCore/platform/Host.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/system/Host.h"
 
 #include <QJsonDocument>
 

@@ -1,7 +1,7 @@
 #include "KeelbrightCore/backup/FileScanner.h"
 
-#include "KeelbrightCore/platform/ByteSum.h"
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/text/ByteSum.h"
 
 #include <algorithm>
 #include <array>

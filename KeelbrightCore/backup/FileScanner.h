@@ -1,7 +1,7 @@
 #pragma once
 
 #include "KeelbrightCore/backup/BackupSource.h"
-#include "KeelbrightCore/platform/DirectoryEnumerator.h"
+#include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 
 #include <QList>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "KeelbrightCore/backup/BackupEngine.h"
-#include "KeelbrightCore/platform/CopyDestination.h"
+#include "KeelbrightCore/platform/files/CopyDestination.h"
 
 #include <deque>
 #include <functional>

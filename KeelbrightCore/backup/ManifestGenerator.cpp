@@ -1,7 +1,7 @@
 #include "KeelbrightCore/backup/ManifestGenerator.h"
 
-#include "KeelbrightCore/platform/FileManager.h"
-#include "KeelbrightCore/platform/Host.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/system/Host.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "KeelbrightCore/backup/PreflightService.h"
 
 #include "KeelbrightCore/backup/FileScanner.h"
-#include "KeelbrightCore/platform/ByteCountFormatter.h"
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/text/ByteCountFormatter.h"
 
 #include <QCoreApplication>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KeelbrightCore/platform/MainThread.h"
+#include "KeelbrightCore/platform/system/MainThread.h"
 
 #include <atomic>
 #include <semaphore>

@@ -3,7 +3,7 @@
 #include "KeelbrightCore/backup/BackupRunner.h"
 #include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/backup/RunLink.h"
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
 
 namespace keelbright {
 

@@ -2,8 +2,8 @@
 
 #include "KeelbrightCore/backup/BackupSource.h"
 #include "KeelbrightCore/backup/ItemSettler.h"
-#include "KeelbrightCore/platform/CopyDestination.h"
-#include "KeelbrightCore/platform/DirectoryEnumerator.h"
+#include "KeelbrightCore/platform/files/CopyDestination.h"
+#include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 
 #include <QList>
 

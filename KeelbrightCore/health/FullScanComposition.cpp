@@ -1,8 +1,8 @@
 #include "KeelbrightCore/health/FullScanComposition.h"
 
 #include "KeelbrightCore/health/ElapsedDays.h"
-#include "KeelbrightCore/platform/ByteCountFormatter.h"
-#include "KeelbrightCore/platform/ByteSum.h"
+#include "KeelbrightCore/platform/text/ByteCountFormatter.h"
+#include "KeelbrightCore/platform/text/ByteSum.h"
 
 #include <QCoreApplication>
 #include <algorithm>

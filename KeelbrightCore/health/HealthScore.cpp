@@ -1,6 +1,6 @@
 #include "KeelbrightCore/health/HealthScore.h"
 
-#include "KeelbrightCore/platform/ByteCountFormatter.h"
+#include "KeelbrightCore/platform/text/ByteCountFormatter.h"
 
 #include <QCoreApplication>
 

@@ -1,9 +1,9 @@
 #include "KeelbrightCore/health/HealthScoreService.h"
 
 #include "KeelbrightCore/health/HealthScoring.h"
-#include "KeelbrightCore/platform/ByteSum.h"
-#include "KeelbrightCore/platform/FileManager.h"
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
+#include "KeelbrightCore/platform/text/ByteSum.h"
 #include "KeelbrightCore/storage/FolderSizeService.h"
 
 #include <QtConcurrent>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "KeelbrightCore/health/HealthScore.h"
-#include "KeelbrightCore/platform/Clock.h"
+#include "KeelbrightCore/platform/system/Clock.h"
 
 #include <QFuture>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "KeelbrightCore/health/HealthScoring.h"
 
 #include "KeelbrightCore/health/ElapsedDays.h"
-#include "KeelbrightCore/platform/ByteCountFormatter.h"
+#include "KeelbrightCore/platform/text/ByteCountFormatter.h"
 
 #include <QCoreApplication>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #include "KeelbrightCore/health/JunkScanner.h"
 
-#include "KeelbrightCore/platform/FileManager.h"
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
 #include "KeelbrightCore/storage/FolderSizeService.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #include "KeelbrightCore/health/ScanFinding.h"
 
-#include "KeelbrightCore/platform/ByteCountFormatter.h"
+#include "KeelbrightCore/platform/text/ByteCountFormatter.h"
 
 namespace keelbright {
 

@@ -1,7 +1,7 @@
 #include "KeelbrightCore/records/ActivityStore.h"
 
-#include "KeelbrightCore/platform/DateFormatter.h"
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/text/DateFormatter.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

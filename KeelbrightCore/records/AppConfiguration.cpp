@@ -1,6 +1,6 @@
 #include "KeelbrightCore/records/AppConfiguration.h"
 
-#include "KeelbrightCore/platform/DateFormatter.h"
+#include "KeelbrightCore/platform/text/DateFormatter.h"
 
 #include <QJsonDocument>
 

@@ -1,7 +1,7 @@
 #include "KeelbrightCore/records/BackupConfigStore.h"
 
-#include "KeelbrightCore/platform/Console.h"
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/system/Console.h"
 
 namespace keelbright {
 

@@ -1,6 +1,6 @@
 #include "KeelbrightCore/storage/FileProposal.h"
 
-#include "KeelbrightCore/platform/ByteCountFormatter.h"
+#include "KeelbrightCore/platform/text/ByteCountFormatter.h"
 
 namespace keelbright {
 

@@ -1,6 +1,6 @@
 #include "KeelbrightCore/storage/FolderSizeNode.h"
 
-#include "KeelbrightCore/platform/ByteCountFormatter.h"
+#include "KeelbrightCore/platform/text/ByteCountFormatter.h"
 
 #include <algorithm>
 

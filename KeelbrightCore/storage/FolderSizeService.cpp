@@ -1,6 +1,6 @@
 #include "KeelbrightCore/storage/FolderSizeService.h"
 
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
 #include "KeelbrightCore/storage/SharedMeasuring.h"
 #include "KeelbrightCore/storage/SizeWalk.h"
 

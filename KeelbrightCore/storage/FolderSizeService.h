@@ -1,7 +1,7 @@
 #pragma once
 
-#include "KeelbrightCore/platform/FileManager.h"
-#include "KeelbrightCore/platform/FileURL.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
 #include "KeelbrightCore/storage/FolderSizeNode.h"
 
 #include <QList>

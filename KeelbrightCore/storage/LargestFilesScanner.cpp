@@ -1,6 +1,6 @@
 #include "KeelbrightCore/storage/LargestFilesScanner.h"
 
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
 
 #include <algorithm>
 

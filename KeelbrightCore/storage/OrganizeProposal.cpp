@@ -1,7 +1,7 @@
 #include "KeelbrightCore/storage/OrganizeProposal.h"
 
-#include "KeelbrightCore/platform/ByteCountFormatter.h"
-#include "KeelbrightCore/platform/ByteSum.h"
+#include "KeelbrightCore/platform/text/ByteCountFormatter.h"
+#include "KeelbrightCore/platform/text/ByteSum.h"
 
 namespace keelbright {
 

@@ -1,6 +1,6 @@
 #include "KeelbrightCore/storage/OrganizerService.h"
 
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/storage/FolderSizeService.h"
 
 #include <algorithm>

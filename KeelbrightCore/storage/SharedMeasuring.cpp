@@ -1,6 +1,6 @@
 #include "KeelbrightCore/storage/SharedMeasuring.h"
 
-#include "KeelbrightCore/platform/ByteSum.h"
+#include "KeelbrightCore/platform/text/ByteSum.h"
 #include "KeelbrightCore/storage/SizeWalk.h"
 
 #include <QThread>

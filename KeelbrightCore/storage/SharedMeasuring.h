@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
 
 #include <QList>
 

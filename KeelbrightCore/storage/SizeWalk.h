@@ -1,7 +1,7 @@
 #pragma once
 
-#include "KeelbrightCore/platform/ByteSum.h"
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/text/ByteSum.h"
 
 namespace keelbright {
 

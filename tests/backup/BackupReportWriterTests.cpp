@@ -1,5 +1,5 @@
 #include "KeelbrightCore/backup/BackupReportWriter.h"
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
 #include "tests/support/Printing.h"
 #include "tests/support/SampleReport.h"
 #include "tests/support/TestMac.h"

@@ -1,5 +1,5 @@
 #include "KeelbrightCore/backup/ManifestGenerator.h"
-#include "KeelbrightCore/platform/Host.h"
+#include "KeelbrightCore/platform/system/Host.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 

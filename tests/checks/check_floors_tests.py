@@ -17,7 +17,7 @@ class CheckFloorsTests(unittest.TestCase):
         self.write("KeelbrightCore/platform/Ground.h", "#include <unistd.h>\n#include <QString>\n#ifdef __linux__\n#endif\n")
         self.write("KeelbrightCore/backup/Runner.h", '#include "KeelbrightCore/platform/Ground.h"\n#include <QObject>\n')
         self.write("Keelbright/state/State.h", '#include "KeelbrightCore/backup/Runner.h"\n')
-        self.write("Keelbright/widgets/DesktopSettings.cpp", "#include <QDBusConnection>\n#include <QColor>\n")
+        self.write("Keelbright/widgets/theme/DesktopSettings.cpp", "#include <QDBusConnection>\n#include <QColor>\n")
         self.write("Keelbright/screens/Window.cpp", '#include "Keelbright/state/State.h"\n#include <QWidget>\n')
         self.write("Keelbright/main.cpp", '#include "Keelbright/screens/Window.h"\n')
 

@@ -2,8 +2,8 @@
 // folder that KEELBRIGHT_TEST_ROOT names. The App Store is the server that KEELBRIGHT_TEST_STORE
 // names ("http://127.0.0.1:8080"); without one it knows nothing, and no network is touched.
 
-#include "Keelbright/screens/Application.h"
-#include "KeelbrightCore/platform/FileManager.h"
+#include "Keelbright/screens/shell/Application.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
 #include "tests/support/SandboxFileManager.h"
 
 #include <cstdio>

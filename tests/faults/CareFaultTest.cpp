@@ -1,6 +1,6 @@
 #include "tests/faults/CareFaultTest.h"
 
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -1,4 +1,4 @@
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
 #include "tests/faults/CareFaultTest.h"
 #include "tests/faults/RunnerProcess.h"
 #include "tests/support/FailingDrive.h"

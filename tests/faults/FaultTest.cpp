@@ -1,6 +1,6 @@
 #include "tests/faults/FaultTest.h"
 
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
 #include "tests/faults/SealedContent.h"
 
 #include <sys/stat.h>

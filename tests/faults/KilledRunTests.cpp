@@ -1,6 +1,6 @@
 #include "KeelbrightCore/backup/BackupManifest.h"
 #include "KeelbrightCore/backup/BackupReport.h"
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/records/AppConfiguration.h"
 #include "tests/faults/FaultTest.h"
 #include "tests/faults/RunnerProcess.h"

@@ -7,7 +7,7 @@
 // of these, and the most memory that the process has had.
 
 #include "Keelbright/state/AppState.h"
-#include "KeelbrightCore/platform/UserDefaults.h"
+#include "KeelbrightCore/platform/system/UserDefaults.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 #include "tests/support/FakeFolderChooser.h"

@@ -1,6 +1,6 @@
 #include "tests/faults/OneWorker.h"
 
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
 
 #include <QSemaphore>
 #include <QThreadPool>

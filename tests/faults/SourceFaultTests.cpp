@@ -1,4 +1,4 @@
-#include "KeelbrightCore/platform/FileManager.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
 #include "tests/faults/FaultTest.h"
 #include "tests/support/TemporaryVolume.h"
 #include "tests/support/UnprivilegedUser.h"

@@ -1,4 +1,4 @@
-#include "KeelbrightCore/platform/DirectoryEnumerator.h"
+#include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 #include "tests/faults/FaultTest.h"
 
 #include <QScopeGuard>

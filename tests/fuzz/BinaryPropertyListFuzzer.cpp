@@ -1,5 +1,5 @@
-#include "KeelbrightCore/platform/BinaryPropertyList.h"
-#include "KeelbrightCore/platform/PropertyList.h"
+#include "KeelbrightCore/platform/formats/BinaryPropertyList.h"
+#include "KeelbrightCore/platform/formats/PropertyList.h"
 #include "tests/fuzz/Fuzzer.h"
 #include "tests/fuzz/WrittenPropertyList.h"
 

@@ -1,4 +1,4 @@
-#include "KeelbrightCore/platform/FileURL.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
 #include "tests/fuzz/Fuzzer.h"
 
 namespace keelbright {

@@ -1,6 +1,6 @@
 #include "tests/fuzz/WrittenPropertyList.h"
 
-#include "KeelbrightCore/platform/DateFormatter.h"
+#include "KeelbrightCore/platform/text/DateFormatter.h"
 #include "tests/fuzz/Fuzzer.h"
 
 #include <QDateTime>

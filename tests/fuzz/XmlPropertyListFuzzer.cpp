@@ -1,5 +1,5 @@
-#include "KeelbrightCore/platform/PropertyList.h"
-#include "KeelbrightCore/platform/XmlPropertyList.h"
+#include "KeelbrightCore/platform/formats/PropertyList.h"
+#include "KeelbrightCore/platform/formats/XmlPropertyList.h"
 #include "tests/fuzz/Fuzzer.h"
 #include "tests/fuzz/WrittenPropertyList.h"
 

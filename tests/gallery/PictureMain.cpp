@@ -3,7 +3,7 @@
 // only those whose names begin so, where beginnings are given. With QT_SCALE_FACTOR=2 it draws those
 // states that the list has for it.
 
-#include "Keelbright/widgets/Theme.h"
+#include "Keelbright/widgets/theme/Theme.h"
 #include "tests/gallery/ScreenStates.h"
 #include "tests/gallery/Stage.h"
 

@@ -1,8 +1,8 @@
 #include "tests/gallery/Stage.h"
 
-#include "Keelbright/screens/DetailView.h"
+#include "Keelbright/screens/shell/DetailView.h"
 #include "Keelbright/widgets/MenuButton.h"
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
 #include "tests/support/StandardOutput.h"
 
 #include <QAbstractItemView>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Keelbright/screens/MainWindow.h"
+#include "Keelbright/screens/shell/MainWindow.h"
 #include "Keelbright/state/AppState.h"
-#include "KeelbrightCore/platform/UserDefaults.h"
+#include "KeelbrightCore/platform/system/UserDefaults.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 #include "tests/support/FakeAlertPresenter.h"

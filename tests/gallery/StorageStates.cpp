@@ -1,4 +1,4 @@
-#include "Keelbright/screens/TreemapView.h"
+#include "Keelbright/screens/storage/treemap/TreemapView.h"
 #include "tests/gallery/ScreenStates.h"
 #include "tests/gallery/Stage.h"
 

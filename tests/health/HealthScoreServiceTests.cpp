@@ -1,5 +1,5 @@
 #include "KeelbrightCore/health/HealthScoreService.h"
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
 #include "tests/support/BackgroundWork.h"
 #include "tests/support/HeldFileManager.h"
 #include "tests/support/Printing.h"

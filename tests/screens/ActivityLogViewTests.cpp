@@ -1,12 +1,12 @@
 #include "Keelbright/screens/ActivityLogView.h"
 
-#include "Keelbright/screens/ActivityLogModel.h"
+#include "Keelbright/screens/review/ActivityLogModel.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/MenuButton.h"
-#include "Keelbright/widgets/RowListView.h"
-#include "Keelbright/widgets/Symbol.h"
-#include "Keelbright/widgets/Theme.h"
-#include "tests/screens/ScreenTestCase.h"
+#include "Keelbright/widgets/rows/RowListView.h"
+#include "Keelbright/widgets/theme/Symbol.h"
+#include "Keelbright/widgets/theme/Theme.h"
+#include "tests/screens/shared/ScreenTestCase.h"
 
 #include <QElapsedTimer>
 #include <QMenu>

@@ -1,11 +1,11 @@
 #include "Keelbright/screens/AppManagerView.h"
 
-#include "Keelbright/screens/AppDetailPanel.h"
-#include "Keelbright/screens/ScreenFactory.h"
+#include "Keelbright/screens/apps/AppDetailPanel.h"
+#include "Keelbright/screens/shell/ScreenFactory.h"
 #include "Keelbright/widgets/MenuButton.h"
 #include "Keelbright/widgets/SearchField.h"
-#include "tests/screens/AppManagerTestCase.h"
-#include "tests/screens/ListDriver.h"
+#include "tests/screens/apps/AppManagerTestCase.h"
+#include "tests/screens/shared/ListDriver.h"
 #include "tests/support/HeldFileManager.h"
 #include "tests/support/WorkTimer.h"
 

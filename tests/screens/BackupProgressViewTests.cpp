@@ -1,9 +1,9 @@
 #include "Keelbright/screens/BackupProgressView.h"
 
-#include "Keelbright/screens/BackupFinishedPanel.h"
-#include "Keelbright/screens/BackupRunningPanel.h"
+#include "Keelbright/screens/backup/BackupFinishedPanel.h"
+#include "Keelbright/screens/backup/BackupRunningPanel.h"
 #include "Keelbright/widgets/Progress.h"
-#include "tests/screens/ScreenTestCase.h"
+#include "tests/screens/shared/ScreenTestCase.h"
 #include "tests/support/Accessible.h"
 
 #include <QElapsedTimer>

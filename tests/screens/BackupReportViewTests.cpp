@@ -1,11 +1,11 @@
 #include "Keelbright/screens/BackupReportView.h"
 
-#include "Keelbright/screens/PathRow.h"
-#include "Keelbright/screens/PathText.h"
+#include "Keelbright/screens/backup/PathRow.h"
+#include "Keelbright/screens/backup/PathText.h"
 #include "Keelbright/widgets/Banner.h"
 #include "Keelbright/widgets/StatusCard.h"
 #include "Keelbright/widgets/SymbolLabel.h"
-#include "tests/screens/ScreenTestCase.h"
+#include "tests/screens/shared/ScreenTestCase.h"
 
 #include <QApplication>
 #include <QClipboard>

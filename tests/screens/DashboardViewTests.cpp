@@ -1,14 +1,14 @@
 #include "Keelbright/screens/DashboardView.h"
 
-#include "Keelbright/screens/HealthCard.h"
-#include "Keelbright/screens/InsightCard.h"
-#include "Keelbright/screens/PageSection.h"
-#include "Keelbright/screens/ProtectedFoldersCard.h"
+#include "Keelbright/screens/dashboard/InsightCard.h"
+#include "Keelbright/screens/dashboard/ProtectedFoldersCard.h"
+#include "Keelbright/screens/shared/HealthCard.h"
+#include "Keelbright/screens/shared/PageSection.h"
 #include "Keelbright/widgets/BackupCards.h"
 #include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/Progress.h"
 #include "Keelbright/widgets/SymbolLabel.h"
-#include "tests/screens/ScreenTestCase.h"
+#include "tests/screens/shared/ScreenTestCase.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>

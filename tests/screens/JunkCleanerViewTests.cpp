@@ -2,8 +2,8 @@
 
 #include "Keelbright/widgets/Panels.h"
 #include "Keelbright/widgets/SymbolLabel.h"
-#include "tests/screens/ListDriver.h"
-#include "tests/screens/ScreenTestCase.h"
+#include "tests/screens/shared/ListDriver.h"
+#include "tests/screens/shared/ScreenTestCase.h"
 #include "tests/support/HeldFileManager.h"
 
 #include <QAbstractItemModelTester>

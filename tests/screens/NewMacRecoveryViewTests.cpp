@@ -1,9 +1,9 @@
 #include "Keelbright/screens/NewMacRecoveryView.h"
 
-#include "Keelbright/screens/ManifestSummary.h"
+#include "Keelbright/screens/recovery/ManifestSummary.h"
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/SymbolLabel.h"
-#include "tests/screens/ScreenTestCase.h"
+#include "tests/screens/shared/ScreenTestCase.h"
 
 #include <QJsonDocument>
 

@@ -1,8 +1,8 @@
 #include "Keelbright/screens/OnboardingView.h"
 
-#include "Keelbright/screens/StepStack.h"
+#include "Keelbright/widgets/StepStack.h"
 #include "Keelbright/widgets/SymbolLabel.h"
-#include "tests/screens/ScreenFixture.h"
+#include "tests/screens/shared/ScreenFixture.h"
 
 #include <QTest>
 

@@ -1,9 +1,9 @@
 #include "Keelbright/screens/OrganizerView.h"
 
-#include "Keelbright/screens/QuickTargetRow.h"
+#include "Keelbright/screens/organizer/QuickTargetRow.h"
 #include "Keelbright/state/NotificationCenter.h"
-#include "tests/screens/ListDriver.h"
-#include "tests/screens/ScreenTestCase.h"
+#include "tests/screens/shared/ListDriver.h"
+#include "tests/screens/shared/ScreenTestCase.h"
 #include "tests/support/HeldFileManager.h"
 
 #include <QAbstractItemModelTester>

@@ -2,8 +2,8 @@
 
 #include "Keelbright/widgets/FigureLabel.h"
 #include "Keelbright/widgets/Progress.h"
-#include "KeelbrightCore/platform/TaskPools.h"
-#include "tests/screens/ScreenTestCase.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
+#include "tests/screens/shared/ScreenTestCase.h"
 
 #include <QScrollArea>
 #include <QScrollBar>

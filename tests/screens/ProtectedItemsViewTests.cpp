@@ -1,11 +1,11 @@
 #include "Keelbright/screens/ProtectedItemsView.h"
 
-#include "Keelbright/screens/RecommendedFolderRow.h"
+#include "Keelbright/screens/protect/RecommendedFolderRow.h"
 #include "Keelbright/widgets/BackupCards.h"
 #include "Keelbright/widgets/ElidedLabel.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 #include "Keelbright/widgets/ToggleSwitch.h"
-#include "tests/screens/ScreenTestCase.h"
+#include "tests/screens/shared/ScreenTestCase.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>

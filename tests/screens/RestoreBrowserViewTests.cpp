@@ -1,10 +1,10 @@
 #include "Keelbright/screens/RestoreBrowserView.h"
 
-#include "Keelbright/screens/SnapshotRows.h"
+#include "Keelbright/screens/recovery/SnapshotRows.h"
 #include "Keelbright/widgets/EmptyStateView.h"
-#include "Keelbright/widgets/RowListView.h"
-#include "tests/screens/ListDriver.h"
-#include "tests/screens/ScreenTestCase.h"
+#include "Keelbright/widgets/rows/RowListView.h"
+#include "tests/screens/shared/ListDriver.h"
+#include "tests/screens/shared/ScreenTestCase.h"
 
 #include <QAbstractItemModelTester>
 #include <QContextMenuEvent>

@@ -1,8 +1,8 @@
 #include "Keelbright/screens/ScanResultsView.h"
 
-#include "Keelbright/screens/ScanReportPanel.h"
-#include "Keelbright/widgets/RowListView.h"
-#include "tests/screens/ScreenTestCase.h"
+#include "Keelbright/screens/review/ScanReportPanel.h"
+#include "Keelbright/widgets/rows/RowListView.h"
+#include "tests/screens/shared/ScreenTestCase.h"
 #include "tests/support/HeldFileManager.h"
 #include "tests/support/MadeUpMac.h"
 

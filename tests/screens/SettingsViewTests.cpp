@@ -2,7 +2,7 @@
 
 #include "Keelbright/widgets/ElidedLabel.h"
 #include "Keelbright/widgets/SymbolLabel.h"
-#include "tests/screens/ScreenFixture.h"
+#include "tests/screens/shared/ScreenFixture.h"
 
 #include <QTest>
 

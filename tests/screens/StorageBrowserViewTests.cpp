@@ -1,17 +1,17 @@
 #include "Keelbright/screens/StorageBrowserView.h"
 
-#include "Keelbright/screens/BreadcrumbBar.h"
-#include "Keelbright/screens/BreakdownBar.h"
-#include "Keelbright/screens/LargestFilesPanel.h"
-#include "Keelbright/screens/ScreenFactory.h"
-#include "Keelbright/screens/StorageNodeRow.h"
-#include "Keelbright/screens/TreemapView.h"
+#include "Keelbright/screens/shell/ScreenFactory.h"
+#include "Keelbright/screens/storage/BreadcrumbBar.h"
+#include "Keelbright/screens/storage/BreakdownBar.h"
+#include "Keelbright/screens/storage/LargestFilesPanel.h"
+#include "Keelbright/screens/storage/StorageNodeRow.h"
+#include "Keelbright/screens/storage/treemap/TreemapView.h"
 #include "Keelbright/state/NotificationCenter.h"
 #include "Keelbright/widgets/MenuButton.h"
-#include "Keelbright/widgets/RowListView.h"
 #include "Keelbright/widgets/SegmentedControl.h"
-#include "tests/screens/ListDriver.h"
-#include "tests/screens/StorageBrowserFixture.h"
+#include "Keelbright/widgets/rows/RowListView.h"
+#include "tests/screens/shared/ListDriver.h"
+#include "tests/screens/storage/StorageBrowserFixture.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Keelbright/state/AppState.h"
-#include "KeelbrightCore/platform/UserDefaults.h"
+#include "KeelbrightCore/platform/system/UserDefaults.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 #include "tests/support/FakeFolderChooser.h"

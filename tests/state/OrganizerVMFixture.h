@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Keelbright/state/OrganizerVM.h"
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "tests/support/FakeFolderChooser.h"
 #include "tests/support/Printing.h"

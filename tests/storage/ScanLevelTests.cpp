@@ -1,4 +1,4 @@
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
 #include "KeelbrightCore/storage/FolderSizeService.h"
 #include "tests/storage/StorageFixture.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KeelbrightCore/platform/FileURL.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 #include "tests/support/UnprivilegedUser.h"

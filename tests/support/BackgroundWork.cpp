@@ -1,6 +1,6 @@
 #include "tests/support/BackgroundWork.h"
 
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
 
 #include <QDeadlineTimer>
 #include <QThread>

@@ -1,6 +1,6 @@
 #include "tests/support/EngineRun.h"
 
-#include "KeelbrightCore/platform/DirectoryEnumerator.h"
+#include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>

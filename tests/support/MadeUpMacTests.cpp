@@ -1,6 +1,6 @@
 #include "tests/support/MadeUpMac.h"
 
-#include "KeelbrightCore/platform/PropertyList.h"
+#include "KeelbrightCore/platform/formats/PropertyList.h"
 #include "tests/support/TestMac.h"
 
 #include <QProcess>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Keelbright/widgets/RowModel.h"
+#include "Keelbright/widgets/rows/RowModel.h"
 
 namespace keelbright::testing {
 

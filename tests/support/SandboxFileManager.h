@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KeelbrightCore/platform/SystemFileManager.h"
+#include "KeelbrightCore/platform/files/SystemFileManager.h"
 
 namespace keelbright::testing {
 

@@ -1,6 +1,6 @@
 #include "tests/support/TestMac.h"
 
-#include "KeelbrightCore/platform/Subprocess.h"
+#include "KeelbrightCore/platform/system/Subprocess.h"
 
 #include <QDir>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KeelbrightCore/platform/Clock.h"
+#include "KeelbrightCore/platform/system/Clock.h"
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/SandboxFileManager.h"
 

@@ -1,6 +1,6 @@
 #include "tests/support/TestMac.h"
 
-#include "KeelbrightCore/platform/UserDefaults.h"
+#include "KeelbrightCore/platform/system/UserDefaults.h"
 
 #include <QStandardPaths>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Keelbright/widgets/Theme.h"
+#include "Keelbright/widgets/theme/Theme.h"
 
 namespace keelbright::testing {
 

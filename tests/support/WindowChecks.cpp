@@ -1,6 +1,6 @@
 #include "tests/support/WindowChecks.h"
 
-#include "Keelbright/widgets/Theme.h"
+#include "Keelbright/widgets/theme/Theme.h"
 #include "tests/support/PaintedText.h"
 
 #include <QAbstractButton>

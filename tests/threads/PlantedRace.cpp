@@ -5,8 +5,8 @@
 // puts in an order, and once with one that it does not. Time is never what decides: the sanitizer
 // tells accesses without an order, however far apart they are.
 
-#include "KeelbrightCore/platform/MainThread.h"
-#include "KeelbrightCore/platform/TaskPools.h"
+#include "KeelbrightCore/platform/system/MainThread.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
 
 #include <QCoreApplication>
 #include <QFuture>

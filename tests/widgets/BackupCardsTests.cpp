@@ -4,7 +4,7 @@
 #include "Keelbright/widgets/ElidedLabel.h"
 #include "Keelbright/widgets/Progress.h"
 #include "Keelbright/widgets/SymbolLabel.h"
-#include "Keelbright/widgets/Theme.h"
+#include "Keelbright/widgets/theme/Theme.h"
 #include "tests/support/Accessible.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"

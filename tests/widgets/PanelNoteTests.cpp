@@ -1,7 +1,7 @@
 #include "Keelbright/widgets/PanelNote.h"
 
 #include "Keelbright/widgets/Progress.h"
-#include "Keelbright/widgets/Roles.h"
+#include "Keelbright/widgets/theme/Roles.h"
 #include "tests/support/Accessible.h"
 #include "tests/support/Printing.h"
 #include "tests/support/ThemeGuard.h"

@@ -1,0 +1,28 @@
+#include "Keelbright/screens/apps/AppIconLabel.h"
+
+#include "Keelbright/screens/apps/AppIcons.h"
+
+#include <QPainter>
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+AppIconLabel::AppIconLabel(AppIcons& icons, FileURL bundle, int side, QWidget* parent)
+    : Tile(u"app.fill"_s, Role::secondaryText, side, parent)
+    , m_icons(icons)
+    , m_bundle(std::move(bundle))
+{
+    connect(&m_icons, &AppIcons::loaded, this, qOverload<>(&QWidget::update));
+}
+
+void AppIconLabel::paintEvent(QPaintEvent* event)
+{
+    const QPixmap icon = m_icons.icon(m_bundle, sizeHint().width());
+    if (icon.isNull())
+        Tile::paintEvent(event);
+    else
+        QPainter(this).drawPixmap(rect(), icon);
+}
+
+} // namespace keelbright

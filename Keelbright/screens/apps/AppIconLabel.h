@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Keelbright/widgets/SymbolLabel.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
+
+namespace keelbright {
+
+class AppIcons;
+
+/// The icon of an application; a tile while it is not known, and where there is none.
+class AppIconLabel : public Tile
+{
+    Q_OBJECT
+
+public:
+    /// The icons outlive the label.
+    AppIconLabel(AppIcons& icons, FileURL bundle, int side, QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    AppIcons& m_icons;
+    const FileURL m_bundle;
+};
+
+} // namespace keelbright

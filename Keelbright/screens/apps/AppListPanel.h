@@ -1,0 +1,73 @@
+#pragma once
+
+#include "Keelbright/screens/apps/AppListModel.h"
+#include "Keelbright/widgets/FrameThrottle.h"
+#include "Keelbright/widgets/Panels.h"
+
+class QStackedWidget;
+
+namespace keelbright {
+
+class AppState;
+class Button;
+class MenuButton;
+class RowListView;
+class SearchField;
+
+/// The installed applications to choose from, with the order, the category and the search of the
+/// user's choice.
+class AppListPanel : public Ground
+{
+    Q_OBJECT
+
+public:
+    /// State and icons outlive the panel.
+    AppListPanel(AppState& state, AppIcons& icons, QWidget* parent = nullptr);
+
+    /// Marks it in the list, where it is listed.
+    void setSelectedApp(const std::optional<AppInfo>& app);
+    /// Gives the keyboard to the list.
+    void focusList();
+
+Q_SIGNALS:
+    void appSelected(const keelbright::AppInfo& app);
+    /// The user took the choice back.
+    void selectionCleared();
+    void scanRequested();
+    void revealRequested(const keelbright::AppInfo& app);
+    void removalRequested(const keelbright::AppInfo& app);
+
+private:
+    void addHeader();
+    void addFilterBar();
+    void addStates();
+    [[nodiscard]] QWidget* makeEmptyState();
+    [[nodiscard]] QWidget* makeList();
+    void setCategory(int choice);
+    void setFilter(const AppFilter& filter);
+    void press(int row, const RowAction& action);
+    /// Empty where nothing was found yet.
+    [[nodiscard]] QString caption() const;
+    void redraw();
+    void showState(QWidget* state);
+
+    AppState& m_state;
+    AppListModel m_model;
+    FrameThrottle m_frames;
+    bool m_areAppsStale = true;
+    bool m_wasScanning = false;
+    bool m_isFocusOwed = false;
+    std::optional<QUuid> m_selectedApp;
+    PanelHeader* m_header = nullptr;
+    MenuButton* m_category = nullptr;
+    Button* m_clearFilter = nullptr;
+    QStackedWidget* m_states = nullptr;
+    QWidget* m_scanning = nullptr;
+    QWidget* m_empty = nullptr;
+    Button* m_scanNow = nullptr;
+    QWidget* m_listed = nullptr;
+    SearchField* m_search = nullptr;
+    RowListView* m_list = nullptr;
+};
+
+} // namespace keelbright

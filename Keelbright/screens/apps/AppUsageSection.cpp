@@ -1,0 +1,68 @@
+#include "Keelbright/screens/apps/AppUsageSection.h"
+
+#include "Keelbright/screens/apps/UsageLook.h"
+#include "Keelbright/screens/shared/CardGridLayout.h"
+#include "Keelbright/widgets/Card.h"
+#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/Headers.h"
+#include "Keelbright/widgets/SymbolLabel.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What it is and its value, beside a tile. A screen reader meets it as one thing.
+QWidget* makeFigure(const QString& title, const QString& value, const QString& icon, Role color)
+{
+    auto* figure = new QWidget;
+    figure->setAccessibleName(AppUsageSection::tr("%1 %2").arg(title, value));
+    auto* row = new QHBoxLayout(figure);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(10);
+    row->addWidget(new Tile(icon, color, Metrics::tile, figure));
+    auto* words = new QVBoxLayout;
+    words->setSpacing(1);
+    words->addWidget(new FigureLabel(value, FontRole::sectionTitle, Role::primaryText, figure));
+    words->addWidget(new Label(title, FontRole::secondary, Role::secondaryText, figure));
+    row->addLayout(words, 1);
+    return figure;
+}
+
+QHBoxLayout* makeVerdict(const AppInfo& app)
+{
+    constexpr int iconSize = 20;
+    const UsageLook look = lookOf(app.usageCategory);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(10);
+    row->addWidget(new SymbolLabel(look.icon, iconSize, look.color), 0, Qt::AlignTop);
+    row->addWidget(makeWrappingLabel(app.usageDescription, FontRole::body, Role::primaryText), 1);
+    return row;
+}
+
+} // namespace
+
+AppUsageSection::AppUsageSection(const AppInfo& app, const QDateTime& now, QWidget* parent)
+    : PageSection(new SectionHeader(tr("Usage"), u"chart.bar.fill"_s), parent)
+{
+    const QString uses = app.useCount == 0 ? tr("Never") : QString::number(app.useCount);
+    auto* card = new Card(this);
+    // Its height goes by how many figures stand side by side.
+    card->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    auto* figures = new CardGridLayout;
+    figures->setSpacing(12);
+    figures->addWidget(
+        makeFigure(tr("Last Opened"), app.lastUsedFormatted(now), u"clock.fill"_s, Role::accent));
+    figures->addWidget(makeFigure(tr("Times Opened"), uses, u"arrow.clockwise"_s, Role::purple));
+    figures->addWidget(makeFigure(tr("Installed"), app.installedFormatted(), u"calendar"_s, Role::green));
+    card->content()->addLayout(figures);
+    card->content()->addWidget(new Separator(Qt::Horizontal, card));
+    card->content()->addLayout(makeVerdict(app));
+    content()->addWidget(card);
+}
+
+} // namespace keelbright

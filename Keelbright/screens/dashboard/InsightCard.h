@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Keelbright/screens/dashboard/Insight.h"
+#include "Keelbright/widgets/CardButton.h"
+
+namespace keelbright {
+
+class FigureLabel;
+class Label;
+class Tile;
+
+/// An insight as a card to press; the press is for whoever holds the card to answer.
+class InsightCard : public CardButton
+{
+    Q_OBJECT
+
+public:
+    explicit InsightCard(const Insight& insight, QWidget* parent = nullptr);
+
+    void setInsight(const Insight& insight);
+
+    [[nodiscard]] const Insight& insight() const { return m_insight; }
+
+private:
+    void showInsight(const Insight& insight);
+
+    Insight m_insight;
+    Tile* m_tile;
+    Label* m_title;
+    FigureLabel* m_value;
+    Label* m_subtitle;
+};
+
+} // namespace keelbright

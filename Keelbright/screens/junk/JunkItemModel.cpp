@@ -1,0 +1,93 @@
+#include "Keelbright/screens/junk/JunkItemModel.h"
+
+#include <algorithm>
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto folderSymbol = "folder.fill"_L1;
+
+/// Large items stand out: a tenth of a GiB and more, a GiB and more.
+Role sizeColor(qint64 bytes)
+{
+    constexpr double gibibyte = 1'073'741'824;
+    const double gibibytes = static_cast<double>(bytes) / gibibyte;
+    if (gibibytes >= 1)
+        return Role::red;
+    return gibibytes >= 0.1 ? Role::orange : Role::primaryText;
+}
+
+QString fileSymbol(const FileURL& url)
+{
+    const QString extension = url.pathExtension();
+    if (extension == "plist"_L1)
+        return u"doc.badge.gearshape"_s;
+    if (extension == "log"_L1 || extension == "crash"_L1)
+        return u"doc.text.fill"_s;
+    return u"doc.fill"_s;
+}
+
+} // namespace
+
+JunkItemModel::JunkItemModel(const JunkCleanerVM& vm, QObject* parent)
+    : RowModel(parent)
+    , m_vm(vm)
+    , m_folders(new FolderLookup(this))
+{
+    connect(m_folders, &FolderLookup::found, this, &RowModel::announceAllRows);
+}
+
+int JunkItemModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_items.size());
+}
+
+QString JunkItemModel::symbolOf(const JunkItem& item) const
+{
+    // Until the answer is in, what almost every item is.
+    return m_folders->isFolder(item.id, item.url).value_or(true) ? QString(folderSymbol)
+                                                                 : fileSymbol(item.url);
+}
+
+ListRow JunkItemModel::rowAt(int row) const
+{
+    const JunkItem& item = m_items.at(row);
+    ListRow shown;
+    shown.mark = ListRow::Mark::checkBox;
+    shown.markState = m_vm.selectedItemIDs().contains(item.id) ? Qt::Checked : Qt::Unchecked;
+    shown.symbol = symbolOf(item);
+    shown.symbolColor = shown.symbol == folderSymbol ? Role::accent : Role::secondaryText;
+    shown.title = item.name();
+    shown.detail = item.url.path();
+    shown.detailElide = Qt::ElideMiddle;
+    shown.figure = item.formattedSize();
+    shown.figureColor = sizeColor(item.sizeBytes);
+    shown.actions = {{.symbol = u"folder"_s, .name = tr("Reveal in Finder")}};
+    return shown;
+}
+
+QString JunkItemModel::titleAt(int row) const
+{
+    return m_items.at(row).name();
+}
+
+void JunkItemModel::setItems(const QList<JunkItem>& items)
+{
+    if (m_items == items)
+        return;
+    beginResetModel();
+    m_items = items;
+    m_folders->forget();
+    endResetModel();
+}
+
+int JunkItemModel::rowOf(const QUuid& id) const
+{
+    const auto found = std::ranges::find(m_items, id, &JunkItem::id);
+    return found == m_items.end() ? -1 : static_cast<int>(found - m_items.begin());
+}
+
+} // namespace keelbright

@@ -1,0 +1,66 @@
+#include "Keelbright/screens/shared/FlowLayout.h"
+
+#include <algorithm>
+
+namespace keelbright {
+
+FlowLayout::FlowLayout(int horizontalSpacing, int verticalSpacing, QWidget* parent)
+    : ItemLayout(parent)
+    , m_horizontalSpacing(horizontalSpacing)
+    , m_verticalSpacing(verticalSpacing)
+{}
+
+template <typename Place> int FlowLayout::flow(const QRect& rect, Place place) const
+{
+    int x = 0;
+    int y = 0;
+    int lineHeight = 0;
+    for (QLayoutItem* item : items()) {
+        if (item->isEmpty())
+            continue;
+        const QSize size = item->sizeHint().boundedTo({rect.width(), QLAYOUTSIZE_MAX});
+        if (x > 0 && x + size.width() > rect.width()) {
+            x = 0;
+            y += lineHeight + m_verticalSpacing;
+            lineHeight = 0;
+        }
+        place(item, QRect(rect.topLeft() + QPoint(x, y), size));
+        x += size.width() + m_horizontalSpacing;
+        lineHeight = std::max(lineHeight, size.height());
+    }
+    return y + lineHeight;
+}
+
+int FlowLayout::heightForWidth(int width) const
+{
+    return flow({0, 0, width, 0}, [](QLayoutItem*, const QRect&) {});
+}
+
+QSize FlowLayout::sizeHint() const
+{
+    QSize hint(0, 0);
+    for (const QLayoutItem* item : items()) {
+        if (item->isEmpty())
+            continue;
+        const QSize size = item->sizeHint();
+        hint = {hint.width() + size.width() + (hint.width() > 0 ? m_horizontalSpacing : 0),
+                std::max(hint.height(), size.height())};
+    }
+    return hint;
+}
+
+QSize FlowLayout::minimumSize() const
+{
+    QSize least(0, 0);
+    for (const QLayoutItem* item : items())
+        least = least.expandedTo(item->minimumSize());
+    return least;
+}
+
+void FlowLayout::setGeometry(const QRect& rect)
+{
+    QLayout::setGeometry(rect);
+    flow(rect, [](QLayoutItem* item, const QRect& place) { item->setGeometry(place); });
+}
+
+} // namespace keelbright

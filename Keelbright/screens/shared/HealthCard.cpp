@@ -1,0 +1,182 @@
+#include "Keelbright/screens/shared/HealthCard.h"
+
+#include "Keelbright/screens/shared/Announcement.h"
+#include "Keelbright/screens/shared/Placeholder.h"
+#include "Keelbright/widgets/Button.h"
+#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/Progress.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int ringDiameter = 88;
+constexpr int ringThickness = 8;
+constexpr int barHeight = 6;
+constexpr int fullScore = 100;
+
+/// One of the three parts of the score.
+struct Part
+{
+    const char* name;
+    int HealthScore::* points;
+    int maximum;
+    Role color;
+};
+
+constexpr std::array parts{
+    Part{QT_TRANSLATE_NOOP("HealthCard", "Backup"), &HealthScore::backupPoints, 40, Role::accent},
+    Part{QT_TRANSLATE_NOOP("HealthCard", "Storage"), &HealthScore::diskPoints, 30, Role::purple},
+    Part{QT_TRANSLATE_NOOP("HealthCard", "Junk"), &HealthScore::junkPoints, 30, Role::orange},
+};
+
+/// What stands in the places of the card, so that it has one shape with and without a score.
+struct Pieces
+{
+    struct Band
+    {
+        QWidget* label;
+        QWidget* bar;
+    };
+
+    QWidget* ring;
+    QWidget* headline;
+    QWidget* detail;
+    std::array<Band, parts.size()> bands;
+    QWidget* button;
+};
+
+QWidget* arrange(const Pieces& pieces)
+{
+    auto* whole = new QWidget;
+    auto* row = new QHBoxLayout(whole);
+    row->setContentsMargins(8, 6, 6, 6);
+    row->setSpacing(24);
+    row->addWidget(pieces.ring, 0, Qt::AlignVCenter);
+    auto* words = new QVBoxLayout;
+    words->setSpacing(0);
+    words->addStretch();
+    words->addWidget(pieces.headline);
+    words->addSpacing(1);
+    words->addWidget(pieces.detail);
+    words->addSpacing(12);
+    auto* bands = new QHBoxLayout;
+    bands->setSpacing(22);
+    for (const Pieces::Band& piece : pieces.bands) {
+        auto* band = new QVBoxLayout;
+        band->setSpacing(5);
+        band->addWidget(piece.label);
+        band->addWidget(piece.bar);
+        bands->addLayout(band, 1);
+    }
+    words->addLayout(bands);
+    words->addStretch();
+    row->addLayout(words, 1);
+    row->addWidget(pieces.button, 0, Qt::AlignTop);
+    return whole;
+}
+
+} // namespace
+
+HealthCard::HealthCard(QWidget* parent)
+    : Card(parent)
+    , m_loading(makeLoading())
+    , m_loaded(makeLoaded())
+{
+    content()->addWidget(m_loading);
+    content()->addWidget(m_loaded);
+    m_loaded->hide();
+    setAccessibleName(tr("Calculating the health score"));
+}
+
+Role HealthCard::color(HealthScore::Grade grade)
+{
+    switch (grade) {
+    case HealthScore::Grade::a:
+        return Role::green;
+    case HealthScore::Grade::b:
+        return Role::jade;
+    case HealthScore::Grade::c:
+        return Role::accent;
+    case HealthScore::Grade::d:
+        return Role::orange;
+    case HealthScore::Grade::f:
+        return Role::red;
+    }
+    return Role::red;
+}
+
+QWidget* HealthCard::makeLoading()
+{
+    Pieces pieces{
+        .ring = Placeholder::ring(ringDiameter, ringThickness),
+        .headline = new Placeholder(FontRole::headline, 230),
+        .detail = new Placeholder(FontRole::body, 310),
+        .bands = {},
+        .button = new QWidget,
+    };
+    for (Pieces::Band& band : pieces.bands)
+        band = {new Placeholder(FontRole::captionStrong, 76), Placeholder::bar(barHeight)};
+    pieces.button->setFixedSize(Metrics::buttonHeight, Metrics::buttonHeight);
+    return arrange(pieces);
+}
+
+QWidget* HealthCard::makeLoaded()
+{
+    m_ring = new RingProgress(tr("Health score"), ringDiameter, ringThickness);
+    m_headline = makeWrappingLabel({}, FontRole::headline, Role::primaryText);
+    m_detail = makeWrappingLabel({}, FontRole::body, Role::mutedText);
+    auto* button = new Button(Button::Kind::icon, tr("Recalculate health score"), u"arrow.clockwise"_s);
+    connect(button, &QPushButton::clicked, this, &HealthCard::recalculateRequested);
+    Pieces pieces{m_ring, m_headline, m_detail, {}, button};
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        m_bands.at(i) = {new FigureLabel({}, FontRole::captionStrong, Role::primaryText),
+                         new BarProgress(tr(parts.at(i).name), parts.at(i).color)};
+        pieces.bands.at(i) = {m_bands.at(i).label, m_bands.at(i).bar};
+    }
+    return arrange(pieces);
+}
+
+void HealthCard::setScore(const std::optional<HealthScore>& score)
+{
+    if (score == m_score)
+        return;
+    m_score = score;
+    m_loading->setVisible(!score);
+    m_loaded->setVisible(score.has_value());
+    setTint(score ? color(score->grade) : Role::card);
+    if (score)
+        showScore(*score);
+    else
+        setAccessibleName(tr("Calculating the health score"));
+}
+
+void HealthCard::showScore(const HealthScore& score)
+{
+    const QString grade = HealthScore::rawValue(score.grade);
+    const QString headline = HealthScore::headline(score.grade);
+    m_ring->setColorRole(color(score.grade));
+    m_ring->setCenter(QString::number(score.points), grade);
+    m_ring->setFraction(static_cast<double>(score.points) / fullScore);
+    m_headline->setText(headline);
+    m_detail->setText(score.detail);
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        const Part& part = parts.at(i);
+        const int points = score.*part.points;
+        m_bands.at(i).label->setText(
+            tr("%1  %2/%3").arg(tr(part.name), QString::number(points), QString::number(part.maximum)));
+        m_bands.at(i).bar->setFraction(static_cast<double>(points) / part.maximum);
+    }
+    const QString summary = tr("Health score %1, %2. %3").arg(QString::number(score.points), grade, headline);
+    if (isVisible())
+        announce(*this, summary);
+    else
+        setAccessibleName(summary);
+}
+
+} // namespace keelbright

@@ -1,0 +1,39 @@
+#include "Keelbright/screens/shared/SelectionSummary.h"
+
+#include "Keelbright/screens/shared/Announcement.h"
+#include "Keelbright/widgets/ElidedLabel.h"
+
+#include <QVBoxLayout>
+
+namespace keelbright {
+
+SelectionSummary::SelectionSummary(QWidget* parent)
+    : QWidget(parent)
+    , m_count(new ElidedLabel({}, FontRole::bodyStrong, Role::primaryText, Qt::ElideRight, this))
+    , m_size(new ElidedLabel({}, FontRole::secondary, Role::mutedText, Qt::ElideRight, this))
+{
+    auto* words = new QVBoxLayout(this);
+    words->setContentsMargins(0, 0, 0, 0);
+    words->setSpacing(1);
+    words->addStretch();
+    words->addWidget(m_count);
+    words->addWidget(m_size);
+    words->addStretch();
+    m_size->hide();
+}
+
+void SelectionSummary::setSelection(const QString& count, const QString& size)
+{
+    const QString whole = size.isEmpty() ? count : tr("%1, %2").arg(count, size);
+    if (whole == accessibleName())
+        return;
+    m_count->setFullText(count);
+    m_size->setFullText(size);
+    m_size->setVisible(!size.isEmpty());
+    if (isVisible())
+        announce(*this, whole);
+    else
+        setAccessibleName(whole);
+}
+
+} // namespace keelbright

@@ -1,0 +1,71 @@
+#include "Keelbright/screens/shell/Application.h"
+
+#include "Keelbright/screens/shell/DesktopWorkspace.h"
+#include "Keelbright/screens/shell/DialogFileChooser.h"
+#include "Keelbright/screens/shell/DialogFolderChooser.h"
+#include "Keelbright/screens/shell/MainWindow.h"
+#include "Keelbright/state/KeelbrightApp.h"
+#include "Keelbright/widgets/AlertPresenter.h"
+#include "Keelbright/widgets/theme/DesktopSettings.h"
+#include "Keelbright/widgets/theme/Symbol.h"
+#include "Keelbright/widgets/theme/Theme.h"
+
+#include <QApplication>
+#include <cstdio>
+#include <cstdlib>
+
+namespace keelbright {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+void followDesktop(const DesktopSettings& desktop)
+{
+    Theme& theme = Theme::instance();
+    const auto takeScheme = [&desktop, &theme] { theme.setScheme(desktop.colorScheme()); };
+    const auto takeMotion = [&desktop, &theme] { theme.setMotionReduced(desktop.isMotionReduced()); };
+    QObject::connect(&desktop, &DesktopSettings::colorSchemeChanged, &theme, takeScheme);
+    QObject::connect(&desktop, &DesktopSettings::isMotionReducedChanged, &theme, takeMotion);
+    takeScheme();
+    takeMotion();
+}
+
+int runWindow(QApplication& application, AppLookup lookup)
+{
+    const DesktopSettings desktop;
+    followDesktop(desktop);
+    Theme::instance().install();
+
+    DialogFolderChooser chooser;
+    DialogFileChooser files;
+    DesktopWorkspace workspace;
+    DialogAlertPresenter alerts;
+    KeelbrightApp app(chooser, std::move(lookup));
+    MainWindow window({app.state(), alerts, workspace, files});
+    QObject::connect(&window, &MainWindow::closed, &application, &QCoreApplication::quit);
+    window.show();
+    const int code = QApplication::exec();
+    window.hide();
+    if (!app.shutDown()) {
+        std::fflush(stdout);
+        std::_Exit(code);
+    }
+    return code;
+}
+
+} // namespace
+
+int runApplication(int argc, char** argv, AppLookup lookup)
+{
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(u"Keelbright"_s);
+    QCoreApplication::setApplicationVersion(u"1.0.0"_s);
+    QGuiApplication::setApplicationDisplayName(u"Keel Bright"_s);
+    QGuiApplication::setDesktopFileName(u"keelbright"_s);
+    QGuiApplication::setWindowIcon(
+        Symbol::icon(u"shippingbox.fill"_s, Theme::instance().color(Role::accent)));
+    return runWindow(application, std::move(lookup));
+}
+
+} // namespace keelbright

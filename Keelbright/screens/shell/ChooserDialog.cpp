@@ -1,0 +1,130 @@
+#include "Keelbright/screens/shell/ChooserDialog.h"
+
+#include "KeelbrightCore/platform/files/FileManager.h"
+
+#include <QAbstractFileIconProvider>
+#include <QApplication>
+#include <QFileSystemModel>
+#include <QLineEdit>
+#include <QListView>
+#include <QSplitter>
+#include <QStyle>
+#include <QUrl>
+
+namespace keelbright {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int placesWidth = 160;
+
+/// One picture for every folder and one for every file. The toolkit's own provider looks each entry
+/// up on the disk.
+class PlainIcons : public QAbstractFileIconProvider
+{
+public:
+    [[nodiscard]] QIcon icon(IconType type) const override
+    {
+        switch (type) {
+        case Drive:
+        case Computer:
+            return QApplication::style()->standardIcon(QStyle::SP_DriveHDIcon);
+        case File:
+            return QApplication::style()->standardIcon(QStyle::SP_FileIcon);
+        default:
+            return QApplication::style()->standardIcon(QStyle::SP_DirIcon);
+        }
+    }
+
+    [[nodiscard]] QIcon icon(const QFileInfo& info) const override
+    {
+        if (info.isRoot())
+            return icon(Drive);
+        return icon(info.isDir() ? Folder : File);
+    }
+};
+
+PlainIcons* plainIcons()
+{
+    static PlainIcons icons;
+    return &icons;
+}
+
+/// Home, the whole machine, and where drives are found once they are plugged in.
+QList<QUrl> shortcuts()
+{
+    const FileManager& files = FileManager::defaultManager();
+    const FileURL home = files.homeDirectory();
+    const QString user = home.lastPathComponent();
+    QList<QUrl> urls{QUrl::fromLocalFile(home.path()), QUrl::fromLocalFile(u"/"_s)};
+    for (const QString& place : {u"/Volumes"_s, u"/media/"_s + user, u"/run/media/"_s + user, u"/mnt"_s}) {
+        const FileURL url = files.systemLocation(place);
+        if (files.fileExists(url).isDirectory)
+            urls.append(QUrl::fromLocalFile(url.path()));
+    }
+    return urls;
+}
+
+} // namespace
+
+ChooserDialog::ChooserDialog(const QString& title, const QString& prompt, AcceptMode mode, QWidget* parent)
+    : QFileDialog(parent, title)
+{
+    setOption(DontUseNativeDialog);
+    setAcceptMode(mode);
+    setLabelText(Accept, prompt);
+    setDirectory(FileManager::defaultManager().homeDirectory().path());
+    setSidebarUrls(shortcuts());
+    setViewMode(List);
+    resize(760, 480);
+    setIconProvider(plainIcons());
+    // As it comes, the list of places is too narrow for the names of most.
+    if (auto* panes = findChild<QSplitter*>(u"splitter"_s))
+        panes->setSizes({placesWidth, width() - placesWidth});
+}
+
+void ChooserDialog::ask(std::function<void()> accepted)
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    connect(this, &QDialog::accepted, this, std::move(accepted));
+    open();
+}
+
+QLineEdit* ChooserDialog::nameField() const
+{
+    return findChild<QLineEdit*>(u"fileNameEdit"_s);
+}
+
+QList<FileURL> ChooserDialog::markedItems() const
+{
+    const auto* view = findChild<QListView*>(u"listView"_s);
+    const QLineEdit* field = nameField();
+    if (view == nullptr || field == nullptr)
+        return {};
+    // The field repeats what is marked, in quotes where there are several; anything else in it was
+    // typed.
+    const QModelIndexList rows = view->selectionModel()->selectedRows();
+    QStringList names;
+    QList<FileURL> items;
+    for (const QModelIndex& row : rows) {
+        const QString name = row.data().toString();
+        names.append(rows.size() > 1 ? u'"' + name + u'"' : name);
+        // The toolkit reads the field back, and takes a name with quotes in it for the folder above.
+        if (row.parent() == view->rootIndex())
+            items.append(FileURL::fromPath(row.data(QFileSystemModel::FilePathRole).toString()));
+    }
+    return field->text() == names.join(u' ') ? items : QList<FileURL>();
+}
+
+QList<FileURL> ChooserDialog::chosenItems() const
+{
+    QList<FileURL> items = markedItems();
+    if (!items.isEmpty())
+        return items;
+    for (const QString& path : selectedFiles())
+        items.append(FileURL::fromPath(path));
+    return items;
+}
+
+} // namespace keelbright

@@ -1,0 +1,41 @@
+#include "Keelbright/screens/shell/DetailView.h"
+
+#include "Keelbright/screens/shell/ScreenFactory.h"
+#include "Keelbright/state/AppState.h"
+
+#include <QAccessible>
+#include <QVBoxLayout>
+
+namespace keelbright {
+
+DetailView::DetailView(const ScreenContext& context, QWidget* parent)
+    : QWidget(parent)
+    , m_context(context)
+    , m_layout(new QVBoxLayout(this))
+{
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    connect(&context.state, &AppState::selectedScreenChanged, this, &DetailView::follow);
+    follow();
+}
+
+void DetailView::follow()
+{
+    const std::optional<Screen> wanted = m_context.state.selectedScreen();
+    if (m_view && wanted == m_screen)
+        return;
+    m_screen = wanted;
+    if (m_view) {
+        // The press that led here may still be under way in the view.
+        m_layout->removeWidget(m_view);
+        m_view->hide();
+        m_view->deleteLater();
+    }
+    m_view = wanted ? makeScreen(*wanted, m_context, this) : makeWelcomeView(this);
+    m_layout->addWidget(m_view);
+    m_view->show();
+    setAccessibleName(wanted ? screenTitle(*wanted) : tr("Welcome"));
+    QAccessibleEvent event(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+} // namespace keelbright

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Keelbright/screens/shared/ScreenContext.h"
+#include "Keelbright/state/Screen.h"
+
+#include <QPointer>
+#include <QWidget>
+#include <optional>
+
+class QVBoxLayout;
+
+namespace keelbright {
+
+/// The detail area: shows the view of the state's selected screen, or the welcome view where none
+/// is selected. A view is made when its screen is selected and destroyed when it is left.
+class DetailView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit DetailView(const ScreenContext& context, QWidget* parent = nullptr);
+
+    /// The view on screen.
+    [[nodiscard]] QWidget* currentView() const { return m_view; }
+
+private:
+    void follow();
+
+    ScreenContext m_context;
+    QVBoxLayout* m_layout;
+    std::optional<Screen> m_screen;
+    QPointer<QWidget> m_view;
+};
+
+} // namespace keelbright

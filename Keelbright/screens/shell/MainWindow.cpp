@@ -1,0 +1,129 @@
+#include "Keelbright/screens/shell/MainWindow.h"
+
+#include "Keelbright/screens/OnboardingView.h"
+#include "Keelbright/screens/shell/MainView.h"
+#include "Keelbright/screens/shell/SettingsWindow.h"
+#include "Keelbright/screens/shell/SidebarView.h"
+#include "Keelbright/state/AppState.h"
+#include "Keelbright/widgets/AlertPresenter.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QScreen>
+
+namespace keelbright {
+
+MainWindow::MainWindow(const ScreenContext& context, QWidget* parent)
+    : QMainWindow(parent)
+    , m_context(context)
+{
+    setWindowTitle(tr("Keel Bright"));
+    setMinimumSize(minimumWindowSize);
+    resize(startingSize.boundedTo(screen()->availableSize()));
+    makeMenus();
+    connect(&context.state, &AppState::isOnboardingCompletedChanged, this, &MainWindow::follow);
+    follow();
+}
+
+void MainWindow::makeMenus()
+{
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    QAction* settings = file->addAction(tr("&Settings…"), this, &MainWindow::showSettings);
+    settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    settings->setMenuRole(QAction::PreferencesRole);
+    file->addSeparator();
+    QAction* quit = file->addAction(tr("&Quit"), this, &QWidget::close);
+    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    quit->setMenuRole(QAction::QuitRole);
+
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    m_sidebarAction = view->addAction(tr("Hide Sidebar"), this, &MainWindow::toggleSidebar);
+    m_sidebarAction->setShortcut(QKeySequence(Qt::Key_F9));
+
+    QMenu* window = menuBar()->addMenu(tr("&Window"));
+    QAction* minimize = window->addAction(tr("&Minimize"), this, &QWidget::showMinimized);
+    minimize->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
+    QAction* close = window->addAction(tr("&Close"), this, &QWidget::close);
+    close->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_W));
+}
+
+void MainWindow::follow()
+{
+    const bool isPassed = m_context.state.isOnboardingCompleted();
+    if (centralWidget() != nullptr && isPassed == !m_main.isNull())
+        return;
+    if (QWidget* before = takeCentralWidget()) {
+        // The press that led here may still be under way in it.
+        before->hide();
+        before->setParent(nullptr);
+        before->deleteLater();
+    }
+    m_main = isPassed ? new MainView(m_context, this) : nullptr;
+    if (isPassed)
+        setCentralWidget(m_main);
+    else
+        setCentralWidget(new OnboardingView(m_context.state, this));
+    if (m_main)
+        m_main->takeFocus();
+    updateSidebarAction();
+}
+
+void MainWindow::showSettings()
+{
+    if (!m_settings) {
+        m_settings = new SettingsWindow(m_context.state, this);
+        m_settings->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    m_settings->show();
+    m_settings->raise();
+    m_settings->activateWindow();
+}
+
+SettingsWindow* MainWindow::settingsWindow() const
+{
+    return m_settings;
+}
+
+void MainWindow::toggleSidebar()
+{
+    if (!m_main)
+        return;
+    SidebarView* sidebar = m_main->sidebar();
+    sidebar->setVisible(sidebar->isHidden());
+    updateSidebarAction();
+}
+
+void MainWindow::updateSidebarAction()
+{
+    const bool isHidden = m_main != nullptr && m_main->sidebar()->isHidden();
+    m_sidebarAction->setEnabled(!m_main.isNull());
+    m_sidebarAction->setText(isHidden ? tr("Show Sidebar") : tr("Hide Sidebar"));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (m_context.state.engine().isRunning() && !m_mayClose) {
+        event->ignore();
+        askToStop();
+        return;
+    }
+    event->accept();
+    Q_EMIT closed();
+}
+
+void MainWindow::askToStop()
+{
+    const AlertRequest question{tr("Stop the backup?"),
+                                tr("A backup is running. If you stop now, everything copied so far stays on "
+                                   "the destination, and the rest is "
+                                   "copied the next time."),
+                                tr("Stop"), tr("Keep going"), true};
+    m_context.alerts.present(this, question, [this] {
+        m_mayClose = true;
+        m_context.state.engine().cancel();
+        close();
+    });
+}
+
+} // namespace keelbright

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Keelbright/screens/shared/ScreenContext.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+class QAction;
+
+namespace keelbright {
+
+class MainView;
+class SettingsWindow;
+
+/// The one main window: the onboarding until it is passed, then the sidebar and the screens.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    static constexpr QSize minimumWindowSize{860, 620};
+    static constexpr QSize startingSize{1180, 760};
+
+    explicit MainWindow(const ScreenContext& context, QWidget* parent = nullptr);
+
+    /// Opens the settings window, or brings it to the front.
+    void showSettings();
+
+    /// Null while it is not open.
+    [[nodiscard]] SettingsWindow* settingsWindow() const;
+
+Q_SIGNALS:
+    /// The window has closed for good: the program ends.
+    void closed();
+
+protected:
+    /// While a backup runs the user is asked first.
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void makeMenus();
+    void follow();
+    void askToStop();
+    void toggleSidebar();
+    void updateSidebarAction();
+
+    ScreenContext m_context;
+    QPointer<MainView> m_main;
+    QPointer<SettingsWindow> m_settings;
+    QAction* m_sidebarAction = nullptr;
+    bool m_mayClose = false;
+};
+
+} // namespace keelbright

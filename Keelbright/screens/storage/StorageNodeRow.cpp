@@ -1,0 +1,140 @@
+#include "Keelbright/screens/storage/StorageNodeRow.h"
+
+#include "Keelbright/screens/storage/StorageFileTypes.h"
+
+#include <QCoreApplication>
+#include <QHash>
+
+namespace keelbright {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr double mostOfIt = 0.4;
+constexpr double aGoodPart = 0.15;
+constexpr qsizetype mostActions = 4;
+
+RowAction rowAction(StorageNodeAction action)
+{
+    const auto tr = [](const char* text) { return QCoreApplication::translate("StorageNodeRow", text); };
+    switch (action) {
+    case StorageNodeAction::addToBackup:
+        return {.symbol = u"plus.circle"_s, .name = tr("Add to Backup Sources")};
+    case StorageNodeAction::organise:
+        return {.symbol = u"folder.badge.gearshape"_s, .name = tr("Organise this folder")};
+    case StorageNodeAction::reveal:
+        return {.symbol = u"arrow.up.forward.square"_s, .name = tr("Reveal in Finder")};
+    case StorageNodeAction::trash:
+        return {.symbol = u"trash"_s, .name = tr("Move to Trash"), .isDelete = true};
+    }
+    Q_UNREACHABLE();
+}
+
+QString folderIcon(const QString& name)
+{
+    static const QHash<QString, QString> icons{
+        {u"documents"_s, u"doc.fill"_s},
+        {u"desktop"_s, u"menubar.rectangle"_s},
+        {u"pictures"_s, u"photo.fill"_s},
+        {u"downloads"_s, u"arrow.down.circle.fill"_s},
+        {u"movies"_s, u"film.fill"_s},
+        {u"music"_s, u"music.note"_s},
+        {u"library"_s, u"books.vertical.fill"_s},
+    };
+    return icons.value(name.toLower(), u"folder.fill"_s);
+}
+
+} // namespace
+
+QList<RowAction> storageNodeActions(const FolderSizeNode& node)
+{
+    QList<RowAction> actions;
+    if (node.isDirectory)
+        actions = {rowAction(StorageNodeAction::addToBackup), rowAction(StorageNodeAction::organise)};
+    actions.append({rowAction(StorageNodeAction::reveal), rowAction(StorageNodeAction::trash)});
+    return actions;
+}
+
+std::optional<StorageNodeAction> storageNodeAction(const RowAction& action)
+{
+    for (const StorageNodeAction candidate : {StorageNodeAction::addToBackup, StorageNodeAction::organise,
+                                              StorageNodeAction::reveal, StorageNodeAction::trash}) {
+        if (rowAction(candidate).name == action.name)
+            return candidate;
+    }
+    return std::nullopt;
+}
+
+QString StorageNodeRow::iconName() const
+{
+    return node.isDirectory ? folderIcon(node.name) : fileIcon(node.name);
+}
+
+Role StorageNodeRow::iconColor() const
+{
+    const double share = node.fraction(totalBytes);
+    if (share > mostOfIt)
+        return Role::red;
+    if (share > aGoodPart)
+        return Role::orange;
+    return node.isDirectory ? Role::accent : Role::secondaryText;
+}
+
+Role StorageNodeRow::barColor() const
+{
+    const double share = node.fraction(totalBytes);
+    if (share > mostOfIt)
+        return Role::red;
+    return share > aGoodPart ? Role::orange : Role::accent;
+}
+
+double StorageNodeRow::barOpacity() const
+{
+    switch (barColor()) {
+    case Role::red:
+        return 0.75;
+    case Role::orange:
+        return 1;
+    default:
+        return 0.7;
+    }
+}
+
+ListRow StorageNodeRow::listRow() const
+{
+    ListRow row;
+    row.picture = ListRow::Picture::tile;
+    row.symbol = iconName();
+    row.symbolColor = iconColor();
+    row.title = node.name;
+    row.figure = node.formattedSize();
+    row.bar = node.fraction(totalBytes);
+    row.barColor = barColor();
+    row.barOpacity = barOpacity();
+    row.actions = storageNodeActions(node);
+    row.actionRoom = mostActions;
+    row.hasChevron = true;
+    row.chevronColor = node.isDirectory ? Role::accent : Role::window;
+    return row;
+}
+
+void StorageNodeModel::setNodes(const QList<FolderSizeNode>& nodes, qint64 totalBytes)
+{
+    beginResetModel();
+    m_nodes = nodes;
+    m_totalBytes = totalBytes;
+    endResetModel();
+}
+
+int StorageNodeModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_nodes.size());
+}
+
+ListRow StorageNodeModel::rowAt(int row) const
+{
+    return StorageNodeRow{m_nodes.at(row), m_totalBytes}.listRow();
+}
+
+} // namespace keelbright

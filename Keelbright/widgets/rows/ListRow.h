@@ -1,0 +1,73 @@
+#pragma once
+
+#include "Keelbright/widgets/theme/Roles.h"
+
+#include <QList>
+#include <QPixmap>
+#include <QString>
+#include <optional>
+
+namespace keelbright {
+
+/// Something that can be done with a row.
+struct RowAction
+{
+    QString symbol;             ///< empty for a button with words
+    QString name;               ///< the words, or the tool tip of a symbol
+    bool isDelete = false;      ///< the Delete key does the same
+    Role hue = Role::mutedText; ///< of the symbol
+
+    bool operator==(const RowAction&) const = default;
+};
+
+/// One row of a long list as it stands on screen: made when it is painted, pointed at or read out,
+/// and not kept. From the left: mark, rank, picture, words, figure, actions, chevron. What is empty
+/// takes no room.
+struct ListRow
+{
+    enum class Mark {
+        none,
+        checkBox, ///< on or off
+        circle,   ///< a round mark that can also be half on, in `symbolColor`
+    };
+    enum class Picture {
+        symbol, ///< plain
+        tile,   ///< on a rounded square in its tint
+        disc,   ///< on a circle in its tint
+        dot,    ///< no symbol: a small disc in the colour
+        image,  ///< `image`
+    };
+
+    Mark mark = Mark::none;
+    Qt::CheckState markState = Qt::Unchecked;
+    QString rank;
+    Picture picture = Picture::symbol;
+    QString symbol;
+    Role symbolColor = Role::accent;
+    QPixmap image;
+
+    QString title;
+    QString tag; ///< a small word on a tint behind the title
+    Role tagColor = Role::secondaryText;
+    QString aside; ///< faint words behind the title
+    QString detail;
+    QString detailSymbol;                           ///< before the detail
+    Qt::TextElideMode detailElide = Qt::ElideRight; ///< paths are cut in the middle
+    QString capsule;                                ///< a small figure on a tint behind the detail
+    Role capsuleColor = Role::secondaryText;
+
+    QString figure;
+    Role figureColor = Role::secondaryText;
+    std::optional<double> bar; ///< a thin bar below the row, from 0 to 1
+    Role barColor = Role::accent;
+    double barOpacity = 1;
+
+    QList<RowAction> actions;
+    /// Room is kept for that many symbols, so that the figures of rows with fewer stand in one column.
+    qsizetype actionRoom = 0;
+    QList<RowAction> menuActions; ///< no buttons: further down in the context menu, and for the Delete key
+    bool hasChevron = false;
+    Role chevronColor = Role::accent; ///< `Role::window` keeps its room and draws nothing
+};
+
+} // namespace keelbright

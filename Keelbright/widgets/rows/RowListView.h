@@ -1,0 +1,102 @@
+#pragma once
+
+#include "Keelbright/widgets/FocusRing.h"
+#include "Keelbright/widgets/rows/RowModel.h"
+
+#include <QListView>
+#include <QPointer>
+#include <memory>
+
+namespace keelbright {
+
+class RowButtons;
+class RowDelegate;
+
+/// A list of any length: paints the rows of a `RowModel`. The mouse reaches marks and actions of
+/// every row; the row that is current has real buttons for its actions, which Tab and a screen
+/// reader reach. Space ticks, Enter opens, Delete does what the row's action for it says, and the
+/// menu key shows all of them.
+class RowListView : public QListView
+{
+    Q_OBJECT
+
+public:
+    enum class Look {
+        table, ///< rows from edge to edge on the ground of a card, with lines between them
+        panel, ///< rows as rounded fields on the ground of the window, for the choice in a side panel
+    };
+
+    /// `name` is told to a screen reader.
+    RowListView(Look look, const QString& name, QWidget* parent = nullptr);
+    ~RowListView() override;
+    Q_DISABLE_COPY_MOVE(RowListView)
+
+    /// The model outlives the view or is its child. Keeps the current row where it can.
+    void setRowModel(RowModel* model);
+
+    [[nodiscard]] RowModel* rowModel() const { return m_model; }
+
+    [[nodiscard]] Look look() const { return m_look; }
+
+    /// -1 where no row is current.
+    [[nodiscard]] int currentRow() const;
+    /// Makes the row current and selects it without `currentRowChanged`; none for -1.
+    void setCurrentRow(int row);
+
+    /// Does what a press on the row's action with this name does; false where it has none.
+    bool press(int row, const QString& actionName);
+
+    /// The name of an action, or what does not fit the row; empty elsewhere.
+    [[nodiscard]] QString toolTipAt(const QPoint& position) const;
+
+Q_SIGNALS:
+    /// The user chose another row.
+    void currentRowChanged(int row);
+    /// The user took the choice back, as with Control and a click; none is chosen now.
+    void currentRowCleared();
+    /// Click on the mark, or Space.
+    void markPressed(int row);
+    void actionPressed(int row, const keelbright::RowAction& action);
+    /// Click on the row, or Enter.
+    void opened(int row);
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    bool event(QEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void updateGeometries() override;
+    void paintEvent(QPaintEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+
+private:
+    friend class RowDelegate;
+
+    struct Target;
+
+    [[nodiscard]] Target targetAt(const QPoint& position) const;
+    [[nodiscard]] bool showsFocusAt(const QModelIndex& index) const;
+    /// Its actions are real buttons and need no painting.
+    [[nodiscard]] bool hasButtonsAt(const QModelIndex& index) const;
+    /// With those of the menu.
+    [[nodiscard]] QList<RowAction> allActionsAt(int row) const;
+    void showMenu(int row, const QPoint& globalPosition);
+    void updateButtons();
+
+    Look m_look;
+    QPointer<RowModel> m_model;
+    RowDelegate* m_delegate;
+    QPointer<RowButtons> m_buttons;
+    std::unique_ptr<Target> m_pressed;
+    FocusRing m_focusRing;
+    bool m_isFollowing = false;
+};
+
+} // namespace keelbright

@@ -1,0 +1,160 @@
+#include "Keelbright/widgets/theme/DesktopSettings.h"
+
+#include "Keelbright/widgets/SessionBus.h"
+
+#include <QApplication>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QEvent>
+#include <QPalette>
+
+namespace keelbright {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr auto portalService = "org.freedesktop.portal.Desktop"_L1;
+constexpr auto portalPath = "/org/freedesktop/portal/desktop"_L1;
+constexpr auto portalInterface = "org.freedesktop.portal.Settings"_L1;
+constexpr auto appearance = "org.freedesktop.appearance"_L1;
+constexpr auto gnomeInterface = "org.gnome.desktop.interface"_L1;
+constexpr auto colorSchemeKey = "color-scheme"_L1;
+constexpr auto reducedMotionKey = "reduced-motion"_L1;
+constexpr auto animationsKey = "enable-animations"_L1;
+
+/// The portal wraps a value once in its signal and twice in the answer of its older method.
+QVariant unwrapped(QVariant value)
+{
+    while (value.canConvert<QDBusVariant>())
+        value = value.value<QDBusVariant>().variant();
+    return value;
+}
+
+/// Nothing where the desktop leaves it to the program.
+std::optional<ColorScheme> schemeOfWish(uint wish)
+{
+    switch (wish) {
+    case 1:
+        return ColorScheme::dark;
+    case 2:
+        return ColorScheme::light;
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+DesktopSettings::DesktopSettings(QObject* parent)
+    : DesktopSettings(sessionBus(), parent)
+{}
+
+DesktopSettings::DesktopSettings(const QDBusConnection& bus, QObject* parent)
+    : QObject(parent)
+{
+    watchPalette();
+    watchPortal(bus);
+}
+
+ColorScheme DesktopSettings::colorScheme() const
+{
+    return m_portalScheme.value_or(m_paletteScheme);
+}
+
+void DesktopSettings::watchPalette()
+{
+    qApp->installEventFilter(this);
+    readPalette();
+}
+
+void DesktopSettings::readPalette()
+{
+    // The application's own palette hides the platform's; an empty one lets it show.
+    const QPalette own = QApplication::palette();
+    QApplication::setPalette(QPalette());
+    const QPalette platform = QApplication::palette();
+    QApplication::setPalette(own);
+
+    const bool isDark =
+        platform.color(QPalette::Window).lightnessF() < platform.color(QPalette::WindowText).lightnessF();
+    const ColorScheme before = colorScheme();
+    m_paletteScheme = isDark ? ColorScheme::dark : ColorScheme::light;
+    if (colorScheme() != before)
+        Q_EMIT colorSchemeChanged();
+}
+
+bool DesktopSettings::eventFilter(QObject* watched, QEvent* event)
+{
+    // Each window is told; one reading, when all are, is enough.
+    if (event->type() == QEvent::ThemeChange && !m_isReadingDue) {
+        m_isReadingDue = true;
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                m_isReadingDue = false;
+                readPalette();
+            },
+            Qt::QueuedConnection);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void DesktopSettings::watchPortal(const QDBusConnection& bus)
+{
+    if (!bus.isConnected())
+        return;
+    // The bus finds the slot by the names of its types, and knows this one only once it was used.
+    qRegisterMetaType<QDBusVariant>();
+    QDBusConnection connection = bus;
+    connection.connect(portalService, portalPath, portalInterface, u"SettingChanged"_s, this,
+                       SLOT(takeSetting(QString, QString, QDBusVariant)));
+    askPortal(bus, appearance, colorSchemeKey);
+    askPortal(bus, appearance, reducedMotionKey);
+    askPortal(bus, gnomeInterface, animationsKey);
+}
+
+void DesktopSettings::askPortal(const QDBusConnection& bus, const QString& nameSpace, const QString& key)
+{
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(portalService, portalPath, portalInterface, u"Read"_s);
+    message.setArguments({nameSpace, key});
+    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, nameSpace, key] {
+        const QDBusPendingReply<QDBusVariant> reply = *watcher;
+        if (reply.isValid())
+            takeSetting(nameSpace, key, reply.value());
+        watcher->deleteLater();
+    });
+}
+
+void DesktopSettings::takeSetting(const QString& nameSpace, const QString& key, const QDBusVariant& value)
+{
+    const QVariant plain = unwrapped(value.variant());
+    if (nameSpace == appearance && key == colorSchemeKey) {
+        setPortalScheme(schemeOfWish(plain.toUInt()));
+    } else if (nameSpace == appearance && key == reducedMotionKey) {
+        setMotionReduced(plain.toUInt() == 1);
+    } else if (nameSpace == gnomeInterface && key == animationsKey) {
+        setMotionReduced(!plain.toBool());
+    }
+}
+
+void DesktopSettings::setPortalScheme(std::optional<ColorScheme> scheme)
+{
+    const ColorScheme before = colorScheme();
+    m_portalScheme = scheme;
+    if (colorScheme() != before)
+        Q_EMIT colorSchemeChanged();
+}
+
+void DesktopSettings::setMotionReduced(bool isReduced)
+{
+    if (isReduced == m_isMotionReduced)
+        return;
+    m_isMotionReduced = isReduced;
+    Q_EMIT isMotionReducedChanged();
+}
+
+} // namespace keelbright

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Keelbright/widgets/theme/Roles.h"
+
+#include <QDBusConnection>
+#include <QDBusVariant>
+#include <QObject>
+#include <optional>
+
+namespace keelbright {
+
+/// What the desktop asks of the look, followed while the program runs: light or dark, and whether
+/// to move. Asks the desktop's settings portal without ever waiting for it; until it answers, and
+/// where there is none, the lightness of the platform's palette decides. Main thread.
+///
+/// The portal client stands here and not with the platform's other services because the logic
+/// links no D-Bus.
+class DesktopSettings : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// On the session bus, or without a portal where there is no session bus to be reached.
+    explicit DesktopSettings(QObject* parent = nullptr);
+    explicit DesktopSettings(const QDBusConnection& bus, QObject* parent = nullptr);
+
+    [[nodiscard]] ColorScheme colorScheme() const;
+
+    [[nodiscard]] bool isMotionReduced() const { return m_isMotionReduced; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    void colorSchemeChanged();
+    void isMotionReducedChanged();
+
+private Q_SLOTS:
+    void takeSetting(const QString& nameSpace, const QString& key, const QDBusVariant& value);
+
+private:
+    void watchPalette();
+    void readPalette();
+    void watchPortal(const QDBusConnection& bus);
+    void askPortal(const QDBusConnection& bus, const QString& nameSpace, const QString& key);
+    void setPortalScheme(std::optional<ColorScheme> scheme);
+    void setMotionReduced(bool isReduced);
+
+    ColorScheme m_paletteScheme = ColorScheme::light;
+    std::optional<ColorScheme> m_portalScheme;
+    bool m_isMotionReduced = false;
+    bool m_isReadingDue = false;
+};
+
+} // namespace keelbright

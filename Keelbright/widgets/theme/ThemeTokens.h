@@ -1,0 +1,12 @@
+#pragma once
+
+#include "Keelbright/widgets/theme/Roles.h"
+
+#include <QColor>
+
+namespace keelbright {
+
+/// The colour of a role in a scheme; the only place that knows numbers.
+[[nodiscard]] QColor tokenColor(Role role, ColorScheme scheme);
+
+} // namespace keelbright

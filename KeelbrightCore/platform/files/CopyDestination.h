@@ -1,0 +1,63 @@
+#pragma once
+
+#include "KeelbrightCore/platform/files/FileError.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
+
+#include <atomic>
+#include <memory>
+
+namespace keelbright {
+
+class DirectoryEnumerator;
+
+/// A copy whose data, mode and times are complete, but which has no name yet.
+///
+/// Destroying it unpublished leaves nothing behind. Further copies may be prepared and other
+/// folders entered meanwhile. None outlives its destination.
+class PreparedCopy
+{
+public:
+    virtual ~PreparedCopy() = default;
+    /// Gives the copy its name; replaces an older file of that name in one step.
+    [[nodiscard]] virtual std::expected<void, FileError> publish() = 0;
+    /// Logical size in bytes of the source item; of a link, that of the link itself.
+    [[nodiscard]] virtual qint64 sourceSize() const = 0;
+};
+
+/// A folder tree that files are copied into.
+///
+/// Everything happens relative to open folders from the anchor downwards, and no link below the
+/// anchor is ever followed. Once the anchor's path leads elsewhere (unmounted, mounted over,
+/// replaced), every call fails. One thread at a time.
+class CopyDestination
+{
+public:
+    virtual ~CopyDestination() = default;
+
+    /// Makes `relativeFolder` (below the anchor, no slash at either end, empty for the anchor)
+    /// the folder that files are copied to, and creates what is missing of it.
+    [[nodiscard]] virtual std::expected<void, FileError> enterFolder(QByteArrayView relativeFolder) = 0;
+
+    /// Copies the enumerator's current entry, a regular file or a link, into the entered folder
+    /// under the same name. An unfinished copy is discarded when `stop` becomes true.
+    [[nodiscard]] virtual std::expected<std::unique_ptr<PreparedCopy>, FileError>
+    prepare(const DirectoryEnumerator& item, const std::atomic<bool>& stop) = 0;
+
+    /// How many copies may be prepared at a time before the first of them is published, at least
+    /// one. To be asked when a folder has been entered.
+    [[nodiscard]] virtual qsizetype mostPrepared() const = 0;
+
+    /// Writes a file of that name into the anchor itself, in one step and through to the drive; an
+    /// old file of that name stays whole until the new one is.
+    [[nodiscard]] virtual std::expected<void, FileError> writeAtomically(const QByteArray& name,
+                                                                         const QByteArray& data) = 0;
+
+    /// Whether the anchor's path still leads to the folder that was opened, asked anew.
+    [[nodiscard]] virtual bool isInPlace() = 0;
+
+    /// Brings everything written to the file system since the destination was opened onto the
+    /// drive; reports every write-back error of that time.
+    [[nodiscard]] virtual std::expected<void, FileError> flush() = 0;
+};
+
+} // namespace keelbright

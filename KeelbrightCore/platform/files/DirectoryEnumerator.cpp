@@ -1,0 +1,258 @@
+#include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
+
+#include "KeelbrightCore/platform/files/DirectoryReader.h"
+#include "KeelbrightCore/platform/files/FolderChain.h"
+#include "KeelbrightCore/platform/files/Package.h"
+
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace keelbright {
+
+namespace {
+
+EntryType typeOfMode(mode_t mode)
+{
+    if (S_ISREG(mode))
+        return EntryType::regularFile;
+    if (S_ISDIR(mode))
+        return EntryType::directory;
+    return S_ISLNK(mode) ? EntryType::symbolicLink : EntryType::other;
+}
+
+/// Links are not followed; the `errno` value of a failure.
+std::expected<EntryType, int> typeFromInode(int folder, const char* name)
+{
+    struct stat status = {};
+    if (::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return std::unexpected(errno);
+    return typeOfMode(status.st_mode);
+}
+
+std::optional<qint64> sizeOf(int folder, const char* name)
+{
+#ifdef __linux__
+    // Asking for the size alone spares network drives the rest.
+    struct statx status = {};
+    if (::statx(folder, name, AT_SYMLINK_NOFOLLOW, STATX_SIZE, &status) != 0)
+        return std::nullopt;
+    return static_cast<qint64>(status.stx_size);
+#else
+    struct stat status = {};
+    if (::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return std::nullopt;
+    return status.st_size;
+#endif
+}
+
+FileDescriptor openForWalk(int folder, const char* path, int followFlag)
+{
+    return FileDescriptor(retrying([&] {
+        return ::openat(folder, path, O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | followFlag);
+    }));
+}
+
+} // namespace
+
+class DirectoryEnumerator::Walk
+{
+public:
+    Walk(FileURL root, FileDescriptor folder, Options options)
+        : m_root(std::move(root))
+        , m_options(options)
+        , m_chain(std::move(folder))
+        , m_readers(1)
+    {}
+
+    bool next()
+    {
+        if (m_entersCurrent)
+            enterCurrent();
+        for (;;) {
+            if (const auto entry = read()) {
+                if (deliver(*entry))
+                    return true;
+                continue;
+            }
+            if (m_chain.depth() == 0)
+                return false;
+            leave();
+        }
+    }
+
+    void skipDescendants() { m_entersCurrent = false; }
+
+    void setErrorHandler(ErrorHandler handler) { m_errorHandler = std::move(handler); }
+
+    std::unique_ptr<Walk> branchOff()
+    {
+        if (!m_entersCurrent)
+            return nullptr;
+        FileDescriptor folder = openForWalk(m_chain.descriptor(), m_name, O_NOFOLLOW);
+        if (!folder.isOpen())
+            return nullptr;
+        m_entersCurrent = false;
+        return std::make_unique<Walk>(currentFolder().appendingNative(m_name), std::move(folder), m_options);
+    }
+
+    [[nodiscard]] FileURL currentFolder() const { return m_root.appendingNative(m_chain.relativePath()); }
+
+    [[nodiscard]] const FolderChain& chain() const { return m_chain; }
+
+    [[nodiscard]] const char* name() const { return m_name; }
+
+    [[nodiscard]] EntryType type() const { return m_type; }
+
+private:
+    /// The next entry of the current folder; nothing at its end, and where its listing breaks off.
+    [[nodiscard]] std::optional<RawDirectoryEntry> read()
+    {
+        const auto entry = m_readers.back().read(m_chain.descriptor());
+        if (entry)
+            return *entry;
+        report(currentFolder(), FileError::Operation::listed, entry.error());
+        return std::nullopt;
+    }
+
+    bool deliver(const RawDirectoryEntry& entry)
+    {
+        if (m_options.testFlag(Option::skipsHiddenFiles) && entry.name[0] == '.')
+            return false;
+        const auto type = entry.type ? std::expected<EntryType, int>(*entry.type)
+                                     : typeFromInode(m_chain.descriptor(), entry.name);
+        if (!type) {
+            if (type.error() != ENOENT)
+                report(currentFolder().appendingNative(entry.name), FileError::Operation::read, type.error());
+            return false;
+        }
+        m_name = entry.name;
+        m_type = *type;
+        m_entersCurrent = m_type == EntryType::directory &&
+                          !(m_options.testFlag(Option::skipsPackageDescendants) && isPackage(m_name));
+        return true;
+    }
+
+    void enterCurrent()
+    {
+        m_entersCurrent = false;
+        const QByteArray name(m_name);
+        if (const auto entered = m_chain.enter(name); !entered) {
+            // What has gone since it was listed is no loss to tell of.
+            if (entered.error() != ENOENT)
+                report(currentFolder().appendingNative(name), FileError::Operation::opened, entered.error());
+            return;
+        }
+        m_readers.emplace_back();
+        const size_t firstOpen = m_chain.firstOpenDepth();
+        if (firstOpen > 1) // the one that was closed for the sake of this one
+            m_readers[firstOpen - 1].suspend();
+    }
+
+    void leave()
+    {
+        const FileURL folder = currentFolder();
+        const auto left = m_chain.leave();
+        m_readers.erase(m_readers.begin() + static_cast<qsizetype>(m_chain.depth()) + 1, m_readers.end());
+        if (!left)
+            report(folder.deletingLastPathComponent(), FileError::Operation::listed, left.error());
+    }
+
+    void report(const FileURL& folder, FileError::Operation operation, int code) const
+    {
+        if (m_errorHandler)
+            m_errorHandler(folder, FileError::fromCode(operation, folder.lastPathComponent(), code));
+    }
+
+    FileURL m_root;
+    Options m_options;
+    FolderChain m_chain;
+    std::vector<DirectoryReader> m_readers; ///< one a folder of the chain, the root's first
+    ErrorHandler m_errorHandler;
+    const char* m_name = nullptr;
+    EntryType m_type = EntryType::other;
+    bool m_entersCurrent = false;
+};
+
+std::expected<std::unique_ptr<DirectoryEnumerator>, FileError> DirectoryEnumerator::open(const FileURL& root,
+                                                                                         Options options)
+{
+    const int follow = options.testFlag(Option::followsRootLink) ? 0 : O_NOFOLLOW;
+    FileDescriptor folder = openForWalk(AT_FDCWD, root.nativePath().constData(), follow);
+    if (!folder.isOpen()) {
+        return std::unexpected(
+            FileError::fromCode(FileError::Operation::opened, root.lastPathComponent(), errno));
+    }
+    return std::unique_ptr<DirectoryEnumerator>(
+        new DirectoryEnumerator(std::make_unique<Walk>(root, std::move(folder), options)));
+}
+
+DirectoryEnumerator::DirectoryEnumerator(std::unique_ptr<Walk> walk)
+    : m_walk(std::move(walk))
+{}
+
+DirectoryEnumerator::~DirectoryEnumerator() = default;
+
+void DirectoryEnumerator::setErrorHandler(ErrorHandler handler)
+{
+    m_walk->setErrorHandler(std::move(handler));
+}
+
+bool DirectoryEnumerator::next()
+{
+    return m_walk->next();
+}
+
+void DirectoryEnumerator::skipDescendants()
+{
+    m_walk->skipDescendants();
+}
+
+std::unique_ptr<DirectoryEnumerator> DirectoryEnumerator::branchOff()
+{
+    auto branch = m_walk->branchOff();
+    return branch ? std::unique_ptr<DirectoryEnumerator>(new DirectoryEnumerator(std::move(branch)))
+                  : nullptr;
+}
+
+QByteArrayView DirectoryEnumerator::name() const
+{
+    return {m_walk->name(), static_cast<qsizetype>(std::strlen(m_walk->name()))};
+}
+
+EntryType DirectoryEnumerator::type() const
+{
+    return m_walk->type();
+}
+
+bool DirectoryEnumerator::isDirectoryFollowingLinks() const
+{
+    if (m_walk->type() != EntryType::symbolicLink)
+        return m_walk->type() == EntryType::directory;
+    struct stat status = {};
+    return ::fstatat(folderDescriptor(), m_walk->name(), &status, 0) == 0 && S_ISDIR(status.st_mode);
+}
+
+std::optional<qint64> DirectoryEnumerator::fileSize() const
+{
+    if (m_walk->type() == EntryType::directory)
+        return std::nullopt;
+    return sizeOf(folderDescriptor(), m_walk->name());
+}
+
+QByteArrayView DirectoryEnumerator::relativeFolder() const
+{
+    return m_walk->chain().relativePath();
+}
+
+FileURL DirectoryEnumerator::url() const
+{
+    return m_walk->currentFolder().appendingNative(name());
+}
+
+int DirectoryEnumerator::folderDescriptor() const
+{
+    return m_walk->chain().descriptor();
+}
+
+} // namespace keelbright

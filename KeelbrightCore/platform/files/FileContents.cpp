@@ -1,0 +1,168 @@
+#include "KeelbrightCore/platform/files/FileContents.h"
+
+#include "KeelbrightCore/platform/files/FileDescriptor.h"
+#include "KeelbrightCore/platform/files/SystemCalls.h"
+
+#include <algorithm>
+#include <fcntl.h>
+
+namespace keelbright {
+
+namespace {
+
+/// Up to here one read and one write beat a call for a copy within the kernel.
+constexpr qint64 smallFile = qint64{256} * 1024;
+constexpr size_t bufferSize = size_t{1024} * 1024;
+/// A copy within the kernel goes in pieces of this size, so that quitting is noticed in between.
+constexpr qint64 kernelPiece = qint64{16} * 1024 * 1024;
+constexpr int maximumCopies = 3;
+
+bool isSame(const timespec& a, const timespec& b)
+{
+    return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
+}
+
+bool heldStill(const struct stat& before, const struct stat& after)
+{
+    return before.st_size == after.st_size &&
+           isSame(SystemCalls::changeTime(before), SystemCalls::changeTime(after));
+}
+
+bool hasHoles(const struct stat& status)
+{
+    constexpr qint64 blockSize = 512; // what st_blocks counts in, whatever the file system
+    return status.st_blocks * blockSize < status.st_size;
+}
+
+/// What file systems answer that can't tell data from holes.
+bool isUnknownSearch(int code)
+{
+    return code == EINVAL || code == ENOSYS || code == EOPNOTSUPP;
+}
+
+} // namespace
+
+FileContents::FileContents()
+    : m_buffer(std::make_unique_for_overwrite<char[]>(bufferSize))
+{}
+
+std::expected<void, FileError> FileContents::copy(int source, int target, struct stat& status,
+                                                  const std::atomic<bool>& stop, const QString& name)
+{
+    for (int attempt = 1; attempt <= maximumCopies; ++attempt) {
+        const Outcome copied = copyOnce(source, target, status, stop);
+        if (stop)
+            return std::unexpected(FileError{FileError::Operation::copied, name, FileError::Reason::stopped});
+        if (!copied)
+            return std::unexpected(FileError::fromCode(copied.error().operation, name, copied.error().code));
+        struct stat after = {};
+        if (::fstat(source, &after) != 0)
+            return std::unexpected(FileError::fromCode(FileError::Operation::read, name, errno));
+        if (heldStill(status, after))
+            return {};
+        status = after;
+        if (::ftruncate(target, 0) != 0 || ::lseek(target, 0, SEEK_SET) < 0)
+            return std::unexpected(FileError::fromCode(FileError::Operation::copied, name, errno));
+        if (::lseek(source, 0, SEEK_SET) < 0)
+            return std::unexpected(FileError::fromCode(FileError::Operation::read, name, errno));
+    }
+    return std::unexpected(
+        FileError{FileError::Operation::copied, name, FileError::Reason::changedDuringCopy});
+}
+
+FileContents::Outcome FileContents::copyOnce(int source, int target, const struct stat& status,
+                                             const std::atomic<bool>& stop)
+{
+    if (status.st_size == 0)
+        return {};
+    if (tryClone(source, target, status))
+        return {};
+    if (hasHoles(status))
+        return copySparse(source, target, status, stop);
+    if (status.st_size <= smallFile)
+        return copyThroughMemory(source, target, status.st_size, stop);
+    return copyExtent(source, target, status.st_size, stop);
+}
+
+bool FileContents::tryClone(int source, int target, const struct stat& status)
+{
+    if (m_sourceDevice != status.st_dev) {
+        m_sourceDevice = status.st_dev;
+        m_triesClone = true;
+        m_triesCopyRange = true;
+    }
+    if (!m_triesClone)
+        return false;
+    const auto cloned = SystemCalls::clone(source, target);
+    // "Invalid" is said of single files (of odd flags or layout); all else of the file systems.
+    if (!cloned && cloned.error() != EINVAL)
+        m_triesClone = false;
+    return cloned.has_value();
+}
+
+FileContents::Outcome FileContents::copyExtent(int source, int target, qint64 count,
+                                               const std::atomic<bool>& stop)
+{
+    while (count > 0 && !stop && m_triesCopyRange) {
+        const auto copied =
+            SystemCalls::copyRange(source, target, static_cast<size_t>(std::min(count, kernelPiece)));
+        if (!copied && copied.error() == ENOTSUP)
+            m_triesCopyRange = false;
+        else if (!copied)
+            return std::unexpected(Failure{FileError::Operation::copied, copied.error()});
+        else if (*copied == 0)
+            break; // shorter than it was, or a file system that answers so: the loop below decides
+        else
+            count -= static_cast<qint64>(*copied);
+    }
+    return copyThroughMemory(source, target, count, stop);
+}
+
+FileContents::Outcome FileContents::copyThroughMemory(int source, int target, qint64 count,
+                                                      const std::atomic<bool>& stop)
+{
+    while (count > 0 && !stop) {
+        const size_t piece = std::min(static_cast<size_t>(count), bufferSize);
+        const ssize_t got = retrying([&] { return ::read(source, m_buffer.get(), piece); });
+        if (got < 0)
+            return std::unexpected(Failure{FileError::Operation::read, errno});
+        if (got == 0)
+            return {}; // shorter than it was; the check for changes takes it from here
+        if (const int code = writeAll(target, m_buffer.get(), static_cast<size_t>(got)))
+            return std::unexpected(Failure{FileError::Operation::copied, code});
+        count -= got;
+    }
+    return {};
+}
+
+FileContents::Outcome FileContents::copySparse(int source, int target, const struct stat& status,
+                                               const std::atomic<bool>& stop)
+{
+    qint64 place = 0;
+    while (place < status.st_size && !stop) {
+        const off_t data = ::lseek(source, place, SEEK_DATA);
+        if (data < 0 && errno == ENXIO)
+            break; // nothing but a hole up to the end
+        if (data < 0 && place == 0 && isUnknownSearch(errno))
+            return copyExtent(source, target, status.st_size, stop); // all of it is data
+        const off_t hole = data < 0 ? -1 : ::lseek(source, data, SEEK_HOLE);
+        if (hole < 0 || ::lseek(source, data, SEEK_SET) < 0)
+            return std::unexpected(Failure{FileError::Operation::read, errno});
+        if (::lseek(target, data, SEEK_SET) < 0)
+            return std::unexpected(Failure{FileError::Operation::copied, errno});
+        if (const Outcome copied = copyExtent(source, target, hole - data, stop); !copied)
+            return copied;
+        place = hole;
+    }
+    if (::ftruncate(target, status.st_size) != 0)
+        return std::unexpected(Failure{FileError::Operation::copied, errno});
+    // Some drivers say yes to a size that the drive can't hold.
+    struct stat copied = {};
+    if (::fstat(target, &copied) != 0)
+        return std::unexpected(Failure{FileError::Operation::copied, errno});
+    if (!stop && copied.st_size != status.st_size)
+        return std::unexpected(Failure{FileError::Operation::copied, EFBIG});
+    return {};
+}
+
+} // namespace keelbright

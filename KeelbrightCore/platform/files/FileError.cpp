@@ -1,0 +1,136 @@
+#include "KeelbrightCore/platform/files/FileError.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+namespace keelbright {
+
+namespace {
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("FileError", text);
+}
+
+QString verb(FileError::Operation operation)
+{
+    switch (operation) {
+    case FileError::Operation::read:
+        return translated("read");
+    case FileError::Operation::written:
+        return translated("written");
+    case FileError::Operation::created:
+        return translated("created");
+    case FileError::Operation::copied:
+        return translated("copied");
+    case FileError::Operation::replaced:
+        return translated("replaced");
+    case FileError::Operation::moved:
+        return translated("moved");
+    case FileError::Operation::opened:
+        return translated("opened");
+    case FileError::Operation::listed:
+        return translated("listed completely");
+    case FileError::Operation::removed:
+        return translated("removed");
+    case FileError::Operation::trashed:
+        return translated("moved to the Trash");
+    case FileError::Operation::measured:
+        return translated("measured");
+    case FileError::Operation::flushed:
+        return translated("written through to the drive");
+    case FileError::Operation::launched:
+        return translated("launched");
+    }
+    return translated("used");
+}
+
+QString reasonText(const FileError& error)
+{
+    switch (error.reason) {
+    case FileError::Reason::system:
+        return systemReason(error.code);
+    case FileError::Reason::notARegularFile:
+        return translated("it is neither a file nor a link");
+    case FileError::Reason::changedDuringCopy:
+        return translated("it changed while it was being copied");
+    case FileError::Reason::symbolicLinkInTheWay:
+        return translated("a symbolic link stands in the place of a folder");
+    case FileError::Reason::destinationGone:
+        return translated("the destination is no longer in its place");
+    case FileError::Reason::differsInCaseOnly:
+        return translated("a file whose name differs in upper and lower case only is already there");
+    case FileError::Reason::linksNotSupported:
+        return translated("the drive can't hold symbolic links");
+    case FileError::Reason::alreadyInTrash:
+        return translated("it is already in the Trash");
+    case FileError::Reason::stopped:
+        return translated("the program is quitting");
+    }
+    return translated("the reason is unknown");
+}
+
+struct CodedReason
+{
+    int code = 0;
+    const char* reason = nullptr;
+};
+
+constexpr CodedReason knownReasons[] = {
+    {EACCES, "you don't have permission"},
+    {EPERM, "you don't have permission"},
+    {ENOENT, "it does not exist"},
+    {ENOSPC, "there is not enough space on the drive"},
+    {EDQUOT, "your share of the drive is used up"},
+    {EROFS, "the drive is read-only"},
+    {EIO, "the drive reported an error"},
+    {EEXIST, "something of that name is already there"},
+    {ENOTEMPTY, "something of that name is already there"},
+    {ENOTDIR, "a file stands in the place of a folder"},
+    {EISDIR, "a folder stands in its place"},
+    {ENAMETOOLONG, "the name is too long"},
+    {EFBIG, "the file is too large for the drive"},
+    {EINVAL, "the drive does not accept it"},
+    {EILSEQ, "the drive does not accept it"},
+    {ELOOP, "its symbolic links lead in a circle"},
+    {EMFILE, "too many files are open"},
+    {ENFILE, "too many files are open"},
+    {ENODEV, "the drive is gone"},
+    {ENXIO, "the drive is gone"},
+    {ENOTCONN, "the drive is gone"},
+    {EXDEV, "it lies on another drive"},
+    {EBUSY, "it is in use"},
+    {ETXTBSY, "it is in use"},
+    {ESTALE, "the network drive no longer knows it"},
+    {ENOMEM, "there is not enough memory"},
+    {ETIMEDOUT, "the drive did not answer in time"},
+};
+
+} // namespace
+
+QString systemReason(int code)
+{
+    const auto known = std::ranges::find(knownReasons, code, &CodedReason::code);
+    if (known != std::end(knownReasons))
+        return translated(known->reason);
+    return QString::fromLocal8Bit(std::strerror(code));
+}
+
+QString FileError::localizedDescription() const
+{
+    return translated("“%1” could not be %2: %3.").arg(name, verb(operation), reasonText(*this));
+}
+
+bool FileError::isForLackOfRoom() const
+{
+    return reason == Reason::system && (code == ENOSPC || code == EDQUOT || code == EMFILE || code == ENFILE);
+}
+
+FileError FileError::fromCode(Operation operation, QString name, int code)
+{
+    return {operation, std::move(name), Reason::system, code};
+}
+
+} // namespace keelbright

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "KeelbrightCore/platform/files/CopyDestination.h"
+#include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
+#include "KeelbrightCore/platform/files/FileError.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
+
+#include <QList>
+#include <memory>
+#include <optional>
+
+namespace keelbright {
+
+/// Whether something exists at a path, and whether it is a folder; links are followed.
+struct FileExistence
+{
+    bool exists = false;
+    bool isDirectory = false;
+};
+
+/// Capacity of the file system that holds a path, in bytes; a value is absent when unknown.
+struct FileSystemCapacity
+{
+    std::optional<qint64> totalBytes;
+    std::optional<qint64> freeBytes; ///< what the user may still write
+};
+
+/// One entry of a folder, links not followed.
+struct DirectoryEntry
+{
+    FileURL url;
+    EntryType type = EntryType::other;
+    std::optional<qint64> fileSize; ///< absent for folders and where it can't be read
+};
+
+/// Every file operation that the system needs. All calls block; all may be made from any thread.
+class FileManager
+{
+public:
+    virtual ~FileManager() = default;
+
+    /// The real one, or the one that a `FileManagerGuard` put in its place.
+    [[nodiscard]] static FileManager& defaultManager();
+
+    [[nodiscard]] virtual FileExistence fileExists(const FileURL& url) const = 0;
+    [[nodiscard]] virtual bool isReadable(const FileURL& url) const = 0;
+    [[nodiscard]] virtual bool isWritable(const FileURL& url) const = 0;
+    /// The logical size in bytes of anything but a folder (of a link: of the link itself); nothing
+    /// where it can't be read.
+    [[nodiscard]] virtual std::optional<qint64> fileSize(const FileURL& url) const = 0;
+    /// The path with every symbolic link resolved; the path itself where that fails.
+    [[nodiscard]] virtual FileURL resolvingSymlinks(const FileURL& url) const = 0;
+    [[nodiscard]] virtual std::expected<FileSystemCapacity, FileError>
+    fileSystemCapacity(const FileURL& url) const = 0;
+
+    /// The entries of one folder, in the file system's order, with types and sizes.
+    [[nodiscard]] virtual std::expected<QList<DirectoryEntry>, FileError>
+    contentsOfDirectory(const FileURL& url, DirectoryEnumerator::Options options) const = 0;
+    [[nodiscard]] virtual std::expected<std::unique_ptr<DirectoryEnumerator>, FileError>
+    enumerator(const FileURL& url, DirectoryEnumerator::Options options) const = 0;
+
+    /// Creates a folder with its intermediate folders; one that exists is fine.
+    [[nodiscard]] virtual std::expected<void, FileError> createDirectory(const FileURL& url) = 0;
+    /// Opens (creating what is missing) `relativeFolder` below `base` as the anchor of a copy;
+    /// `base` must exist, and nothing below it is reached through a link.
+    [[nodiscard]] virtual std::expected<std::unique_ptr<CopyDestination>, FileError>
+    openCopyDestination(const FileURL& base, QByteArrayView relativeFolder) = 0;
+
+    /// Moves a file or folder within its volume; fails rather than replaces, and rather than
+    /// copies to another volume.
+    [[nodiscard]] virtual std::expected<void, FileError> moveItem(const FileURL& source,
+                                                                  const FileURL& target) = 0;
+    /// Moves to the Trash of the item's volume; gives its new place. What already lies in the
+    /// Trash is refused.
+    [[nodiscard]] virtual std::expected<FileURL, FileError> trashItem(const FileURL& url) = 0;
+
+    [[nodiscard]] virtual std::expected<QByteArray, FileError> contents(const FileURL& url) const = 0;
+    /// Replaces the file's content in one step: a crash leaves the old or the new file whole.
+    [[nodiscard]] virtual std::expected<void, FileError> writeAtomically(const FileURL& url,
+                                                                         const QByteArray& data) = 0;
+
+    [[nodiscard]] virtual FileURL homeDirectory() const = 0;
+    /// The user's folder for application data; a folder of the program's own goes inside.
+    [[nodiscard]] virtual FileURL applicationSupportDirectory() const = 0;
+    /// The place that stands for an absolute path of the system, such as "/Applications"; a
+    /// test's machine keeps it in a temporary folder.
+    [[nodiscard]] virtual FileURL systemLocation(const QString& absolutePath) const = 0;
+};
+
+/// Puts another file manager in the default's place while it lives. Not for use while another
+/// thread works with the default; guards nest like scopes.
+class FileManagerGuard
+{
+public:
+    explicit FileManagerGuard(FileManager& replacement);
+    ~FileManagerGuard();
+    FileManagerGuard(const FileManagerGuard&) = delete;
+    FileManagerGuard& operator=(const FileManagerGuard&) = delete;
+
+private:
+    FileManager* m_previous;
+};
+
+} // namespace keelbright

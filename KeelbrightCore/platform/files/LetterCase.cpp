@@ -1,0 +1,98 @@
+#include "KeelbrightCore/platform/files/LetterCase.h"
+
+#include "KeelbrightCore/platform/files/DirectoryReader.h"
+#include "KeelbrightCore/platform/files/FileDescriptor.h"
+
+#include <QString>
+#include <fcntl.h>
+#include <functional>
+#include <sys/stat.h>
+
+namespace keelbright {
+
+namespace {
+
+bool exists(int folder, const QByteArray& name)
+{
+    struct stat status = {};
+    return ::fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
+/// Upper case for lower case and the other way round; letters beyond ASCII stay.
+QByteArray withCaseSwapped(QByteArray name)
+{
+    constexpr char caseBit = 'a' - 'A';
+    for (char& byte : name) {
+        if ((byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z'))
+            byte = static_cast<char>(byte ^ caseBit);
+    }
+    return name;
+}
+
+/// One letter for one, as file systems do it, so that "ß" does not become "ss".
+QString withoutCase(QByteArrayView name)
+{
+    QString folded;
+    for (const char32_t character : QString::fromUtf8(name).toUcs4())
+        folded += QStringView(QChar::fromUcs4(QChar::toCaseFolded(character)));
+    return folded;
+}
+
+void forEachEntry(int parent, const char* name, const std::function<void(QByteArrayView)>& visit)
+{
+    const FileDescriptor folder(
+        retrying([&] { return ::openat(parent, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+    DirectoryReader reader;
+    while (folder.isOpen()) {
+        const auto entry = reader.read(folder.get()).value_or(std::nullopt);
+        if (!entry)
+            return;
+        visit(entry->name);
+    }
+}
+
+} // namespace
+
+void LetterCase::learn(int folder, const QByteArray& name)
+{
+    const QByteArray other = withCaseSwapped(name);
+    if (m_hasLearned || other == name)
+        return;
+    m_hasLearned = true;
+    m_folds = exists(folder, "../" + other);
+    // Unless there really is a second one of that spelling.
+    if (m_folds)
+        forEachEntry(folder, "..", [&](QByteArrayView entry) { m_folds = m_folds && entry != other; });
+}
+
+bool LetterCase::isClaimedByAnother(int folder, const QByteArray& path, QByteArrayView name)
+{
+    if (!m_folds)
+        return false;
+    const QByteArray spelling = path + '/' + name.toByteArray();
+    const size_t spelled = qHash(spelling);
+    const size_t folded = qHash(withoutCase(spelling));
+    const size_t claimant = m_claims.value(folded, spelled);
+    m_claims.insert(folded, claimant);
+    return claimant != spelled && exists(folder, name.toByteArray()) && !isKeptApart(folder, path, name);
+}
+
+bool LetterCase::isKeptApart(int folder, const QByteArray& path, QByteArrayView name)
+{
+    // A file system may fold fewer letters than we do: then it holds both.
+    if (m_listedPath != path || m_listedPath.isNull()) {
+        m_listedPath = path;
+        m_keptApart.clear();
+        QSet<QString> once;
+        forEachEntry(folder, ".", [&](QByteArrayView entry) {
+            const QString folded = withoutCase(entry);
+            const qsizetype before = once.size();
+            once.insert(folded);
+            if (once.size() == before)
+                m_keptApart.insert(folded);
+        });
+    }
+    return m_keptApart.contains(withoutCase(name));
+}
+
+} // namespace keelbright

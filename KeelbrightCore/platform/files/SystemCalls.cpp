@@ -1,0 +1,229 @@
+#include "KeelbrightCore/platform/files/SystemCalls.h"
+
+#include <QByteArrayList>
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <tuple>
+
+#ifdef __linux__
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#include <sys/xattr.h>
+#else
+#include <copyfile.h>
+#endif
+
+namespace keelbright::SystemCalls {
+
+namespace {
+
+std::expected<void, int> outcome(int result)
+{
+    if (result != 0)
+        return std::unexpected(errno);
+    return {};
+}
+
+} // namespace
+
+#ifdef __linux__
+
+std::expected<FileDescriptor, int> openUnnamed(int folder, mode_t mode)
+{
+    FileDescriptor file(
+        retrying([&] { return ::openat(folder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, mode); }));
+    if (file.isOpen())
+        return file;
+    // What kernels and file systems answer that know no unnamed files.
+    const bool isUnknown = errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL || errno == ENOSYS;
+    return std::unexpected(isUnknown ? ENOTSUP : errno);
+}
+
+mode_t withheldPermissions()
+{
+    // To ask umask() itself means to change it for a moment, for all threads.
+    const FileDescriptor status(::open("/proc/self/status", O_RDONLY | O_CLOEXEC));
+    std::array<char, 4096> text = {};
+    const ssize_t length = retrying([&] { return ::read(status.get(), text.data(), text.size() - 1); });
+    const char* line = length > 0 ? std::strstr(text.data(), "\nUmask:") : nullptr;
+    unsigned int mask = 0;
+    return line != nullptr && std::sscanf(line, "\nUmask: %o", &mask) == 1 ? mask : 0777U;
+}
+
+bool hasDefaultAccessList(int folder)
+{
+    return ::fgetxattr(folder, "system.posix_acl_default", nullptr, 0) >= 0 ||
+           (errno != ENODATA && errno != EOPNOTSUPP);
+}
+
+std::expected<void, int> nameUnnamed(int file, int folder, const char* name)
+{
+    // Newer kernels let anybody do this for a file that they opened; older ones only root, and
+    // answer ENOENT to all others.
+    if (::linkat(file, "", folder, name, AT_EMPTY_PATH) == 0)
+        return {};
+    if (errno != ENOENT)
+        return std::unexpected(errno);
+    std::array<char, 32> path = {};
+    std::snprintf(path.data(), path.size(), "/proc/self/fd/%d", file);
+    return outcome(::linkat(AT_FDCWD, path.data(), folder, name, AT_SYMLINK_FOLLOW));
+}
+
+static std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
+                                                const char* newName)
+{
+    if (::renameat2(oldFolder, oldName, newFolder, newName, RENAME_NOREPLACE) == 0)
+        return {};
+    return std::unexpected(errno == EINVAL || errno == ENOSYS ? ENOTSUP : errno);
+}
+
+std::expected<void, int> clone(int source, int target)
+{
+    return outcome(::ioctl(target, FICLONE, source));
+}
+
+std::expected<size_t, int> copyRange(int source, int target, size_t count)
+{
+    const ssize_t copied =
+        retrying([&] { return ::copy_file_range(source, nullptr, target, nullptr, count, 0); });
+    if (copied >= 0)
+        return static_cast<size_t>(copied);
+    const bool isRefused = errno == EXDEV || errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP ||
+                           errno == EPERM || errno == EBADF;
+    return std::unexpected(isRefused ? ENOTSUP : errno);
+}
+
+void copyExtendedAttributes(int source, int target)
+{
+    const ssize_t needed = ::flistxattr(source, nullptr, 0);
+    if (needed <= 0)
+        return;
+    QByteArray names(needed, Qt::Uninitialized);
+    const ssize_t listed = ::flistxattr(source, names.data(), static_cast<size_t>(names.size()));
+    if (listed <= 0)
+        return;
+    names.truncate(listed);
+    QByteArray value;
+    for (const QByteArray& name : names.split('\0')) {
+        const ssize_t size = name.isEmpty() ? -1 : ::fgetxattr(source, name.constData(), nullptr, 0);
+        if (size < 0)
+            continue;
+        value.resize(size);
+        if (::fgetxattr(source, name.constData(), value.data(), static_cast<size_t>(size)) == size)
+            std::ignore =
+                ::fsetxattr(target, name.constData(), value.constData(), static_cast<size_t>(size), 0);
+    }
+}
+
+std::expected<void, int> flushFileSystem(int folder)
+{
+    return outcome(::syncfs(folder));
+}
+
+std::expected<void, int> flushData(int file)
+{
+    return outcome(retrying([&] { return ::fdatasync(file); }));
+}
+
+timespec accessTime(const struct stat& status)
+{
+    return status.st_atim;
+}
+
+timespec modificationTime(const struct stat& status)
+{
+    return status.st_mtim;
+}
+
+timespec changeTime(const struct stat& status)
+{
+    return status.st_ctim;
+}
+
+#else
+
+std::expected<FileDescriptor, int> openUnnamed(int, mode_t)
+{
+    return std::unexpected(ENOTSUP);
+}
+
+mode_t withheldPermissions()
+{
+    return 0777;
+}
+
+bool hasDefaultAccessList(int)
+{
+    return true;
+}
+
+std::expected<void, int> nameUnnamed(int, int, const char*)
+{
+    return std::unexpected(ENOTSUP);
+}
+
+static std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
+                                                const char* newName)
+{
+    return outcome(::renameatx_np(oldFolder, oldName, newFolder, newName, RENAME_EXCL));
+}
+
+std::expected<void, int> clone(int, int)
+{
+    return std::unexpected(ENOTSUP);
+}
+
+std::expected<size_t, int> copyRange(int, int, size_t)
+{
+    return std::unexpected(ENOTSUP);
+}
+
+void copyExtendedAttributes(int source, int target)
+{
+    std::ignore = ::fcopyfile(source, target, nullptr, COPYFILE_XATTR | COPYFILE_ACL);
+}
+
+std::expected<void, int> flushFileSystem(int folder)
+{
+    return outcome(::fcntl(folder, F_FULLFSYNC) == -1 ? -1 : 0);
+}
+
+std::expected<void, int> flushData(int file)
+{
+    return outcome(::fcntl(file, F_FULLFSYNC) == -1 ? -1 : 0);
+}
+
+timespec accessTime(const struct stat& status)
+{
+    return status.st_atimespec;
+}
+
+timespec modificationTime(const struct stat& status)
+{
+    return status.st_mtimespec;
+}
+
+timespec changeTime(const struct stat& status)
+{
+    return status.st_ctimespec;
+}
+
+#endif
+
+std::expected<void, int> renameWithoutReplacing(int oldFolder, const char* oldName, int newFolder,
+                                                const char* newName)
+{
+    auto renamed = renameInOneStep(oldFolder, oldName, newFolder, newName);
+    if (renamed || renamed.error() != ENOTSUP)
+        return renamed;
+    struct stat status = {};
+    if (::fstatat(newFolder, newName, &status, AT_SYMLINK_NOFOLLOW) == 0)
+        return std::unexpected(EEXIST);
+    if (errno != ENOENT) // what can't be looked at may well be there
+        return std::unexpected(errno);
+    return outcome(::renameat(oldFolder, oldName, newFolder, newName));
+}
+
+} // namespace keelbright::SystemCalls

@@ -1,0 +1,205 @@
+#include "KeelbrightCore/platform/files/SystemFileManager.h"
+
+#include "KeelbrightCore/platform/files/AtomicWrite.h"
+#include "KeelbrightCore/platform/files/FileDescriptor.h"
+#include "KeelbrightCore/platform/files/SystemCalls.h"
+#include "KeelbrightCore/platform/files/SystemCopyDestination.h"
+#include "KeelbrightCore/platform/files/Trash.h"
+
+#include <climits>
+#include <cstdlib>
+#include <fcntl.h>
+#include <memory>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+
+namespace keelbright {
+
+namespace {
+
+FileError failure(FileError::Operation operation, const FileURL& url, int code)
+{
+    return FileError::fromCode(operation, url.lastPathComponent(), code);
+}
+
+bool isAccessible(const FileURL& url, int mode)
+{
+    return ::faccessat(AT_FDCWD, url.nativePath().constData(), mode, AT_EACCESS) == 0;
+}
+
+/// Creates one folder; one that is there already is fine, a file in its place is not.
+std::expected<void, FileError> createOneDirectory(const FileURL& url)
+{
+    if (::mkdir(url.nativePath().constData(), 0777) == 0)
+        return {};
+    const int code = errno;
+    struct stat status = {};
+    if (::stat(url.nativePath().constData(), &status) != 0)
+        return std::unexpected(failure(FileError::Operation::created, url, code));
+    if (!S_ISDIR(status.st_mode))
+        return std::unexpected(failure(FileError::Operation::created, url, ENOTDIR));
+    return {};
+}
+
+} // namespace
+
+FileExistence SystemFileManager::fileExists(const FileURL& url) const
+{
+    struct stat status = {};
+    if (::stat(url.nativePath().constData(), &status) != 0)
+        return {};
+    return {.exists = true, .isDirectory = S_ISDIR(status.st_mode)};
+}
+
+bool SystemFileManager::isReadable(const FileURL& url) const
+{
+    return isAccessible(url, R_OK);
+}
+
+bool SystemFileManager::isWritable(const FileURL& url) const
+{
+    return isAccessible(url, W_OK);
+}
+
+std::optional<qint64> SystemFileManager::fileSize(const FileURL& url) const
+{
+    struct stat status = {};
+    if (::lstat(url.nativePath().constData(), &status) != 0 || S_ISDIR(status.st_mode))
+        return std::nullopt;
+    return status.st_size;
+}
+
+FileURL SystemFileManager::resolvingSymlinks(const FileURL& url) const
+{
+    struct Deleter
+    {
+        void operator()(char* text) const { std::free(text); }
+    };
+
+    const std::unique_ptr<char, Deleter> resolved(::realpath(url.nativePath().constData(), nullptr));
+    return resolved ? FileURL::fromNativePath(QByteArray(resolved.get())) : url;
+}
+
+std::expected<FileSystemCapacity, FileError> SystemFileManager::fileSystemCapacity(const FileURL& url) const
+{
+    struct statvfs status = {};
+    if (retrying([&] { return ::statvfs(url.nativePath().constData(), &status); }) != 0)
+        return std::unexpected(failure(FileError::Operation::measured, url, errno));
+    const auto blockSize = static_cast<qint64>(status.f_frsize);
+    return FileSystemCapacity{.totalBytes = static_cast<qint64>(status.f_blocks) * blockSize,
+                              .freeBytes = static_cast<qint64>(status.f_bavail) * blockSize};
+}
+
+std::expected<QList<DirectoryEntry>, FileError>
+SystemFileManager::contentsOfDirectory(const FileURL& url, DirectoryEnumerator::Options options) const
+{
+    auto walk = DirectoryEnumerator::open(url, options | DirectoryEnumerator::Option::followsRootLink);
+    if (!walk)
+        return std::unexpected(walk.error());
+    QList<DirectoryEntry> entries;
+    while ((*walk)->next()) {
+        (*walk)->skipDescendants();
+        entries.append({(*walk)->url(), (*walk)->type(), (*walk)->fileSize()});
+    }
+    return entries;
+}
+
+std::expected<std::unique_ptr<DirectoryEnumerator>, FileError>
+SystemFileManager::enumerator(const FileURL& url, DirectoryEnumerator::Options options) const
+{
+    return DirectoryEnumerator::open(url, options);
+}
+
+std::expected<void, FileError> SystemFileManager::createDirectory(const FileURL& url)
+{
+    const QByteArray& path = url.nativePath();
+    // Upwards to what exists, then down again: a parent that can't be listed or written to is no
+    // hindrance as long as it is there.
+    QList<FileURL> missing;
+    for (FileURL folder = url; folder != FileURL() && !fileExists(folder).exists;
+         folder = folder.deletingLastPathComponent())
+        missing.prepend(folder);
+    if (missing.isEmpty())
+        return path == "/" ? std::expected<void, FileError>() : createOneDirectory(url);
+    for (const FileURL& folder : missing) {
+        if (auto created = createOneDirectory(folder); !created)
+            return created;
+    }
+    return {};
+}
+
+std::expected<std::unique_ptr<CopyDestination>, FileError>
+SystemFileManager::openCopyDestination(const FileURL& base, QByteArrayView relativeFolder)
+{
+    return SystemCopyDestination::open(base, relativeFolder);
+}
+
+std::expected<void, FileError> SystemFileManager::moveItem(const FileURL& source, const FileURL& target)
+{
+    const auto moved = SystemCalls::renameWithoutReplacing(AT_FDCWD, source.nativePath().constData(),
+                                                           AT_FDCWD, target.nativePath().constData());
+    if (!moved)
+        return std::unexpected(failure(FileError::Operation::moved, source, moved.error()));
+    return {};
+}
+
+std::expected<FileURL, FileError> SystemFileManager::trashItem(const FileURL& url)
+{
+    return Trash::moveToTrash(url, applicationSupportDirectory().appending(QStringLiteral("Trash")));
+}
+
+std::expected<QByteArray, FileError> SystemFileManager::contents(const FileURL& url) const
+{
+    const FileDescriptor file(retrying(
+        [&] { return ::open(url.nativePath().constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
+    struct stat status = {};
+    if (!file.isOpen() || ::fstat(file.get(), &status) != 0)
+        return std::unexpected(failure(FileError::Operation::read, url, errno));
+    if (!S_ISREG(status.st_mode)) {
+        return std::unexpected(FileError{FileError::Operation::read, url.lastPathComponent(),
+                                         FileError::Reason::notARegularFile});
+    }
+    constexpr qsizetype piece = qsizetype{64} * 1024;
+    QByteArray data;
+    data.reserve(status.st_size);
+    for (;;) {
+        const qsizetype size = data.size();
+        data.resize(size + piece);
+        const ssize_t got = retrying([&] { return ::read(file.get(), data.data() + size, piece); });
+        data.resize(size + qMax<qsizetype>(got, 0));
+        if (got < 0)
+            return std::unexpected(failure(FileError::Operation::read, url, errno));
+        if (got == 0)
+            return data;
+    }
+}
+
+std::expected<void, FileError> SystemFileManager::writeAtomically(const FileURL& url, const QByteArray& data)
+{
+    return atomicWrite(url, data);
+}
+
+FileURL SystemFileManager::homeDirectory() const
+{
+    return FileURL::fromNativePath(qgetenv("HOME"));
+}
+
+FileURL SystemFileManager::applicationSupportDirectory() const
+{
+#ifdef __APPLE__
+    return homeDirectory().appending(QStringLiteral("Library/Application Support"));
+#else
+    const QByteArray dataHome = qgetenv("XDG_DATA_HOME");
+    // A relative path there is to be ignored, says the base directory specification.
+    if (dataHome.startsWith('/'))
+        return FileURL::fromNativePath(dataHome);
+    return homeDirectory().appending(QStringLiteral(".local/share"));
+#endif
+}
+
+FileURL SystemFileManager::systemLocation(const QString& absolutePath) const
+{
+    return FileURL::fromPath(absolutePath);
+}
+
+} // namespace keelbright

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "KeelbrightCore/platform/files/FileManager.h"
+
+namespace keelbright {
+
+/// The real file system. `homeDirectory` is `$HOME`; on Linux application support is
+/// `$XDG_DATA_HOME`, else `.local/share` below the home. Virtual places may be overridden to
+/// lay a whole machine into a temporary folder.
+class SystemFileManager : public FileManager
+{
+public:
+    [[nodiscard]] FileExistence fileExists(const FileURL& url) const override;
+    [[nodiscard]] bool isReadable(const FileURL& url) const override;
+    [[nodiscard]] bool isWritable(const FileURL& url) const override;
+    [[nodiscard]] std::optional<qint64> fileSize(const FileURL& url) const override;
+    [[nodiscard]] FileURL resolvingSymlinks(const FileURL& url) const override;
+    [[nodiscard]] std::expected<FileSystemCapacity, FileError>
+    fileSystemCapacity(const FileURL& url) const override;
+    [[nodiscard]] std::expected<QList<DirectoryEntry>, FileError>
+    contentsOfDirectory(const FileURL& url, DirectoryEnumerator::Options options) const override;
+    [[nodiscard]] std::expected<std::unique_ptr<DirectoryEnumerator>, FileError>
+    enumerator(const FileURL& url, DirectoryEnumerator::Options options) const override;
+    [[nodiscard]] std::expected<void, FileError> createDirectory(const FileURL& url) override;
+    [[nodiscard]] std::expected<std::unique_ptr<CopyDestination>, FileError>
+    openCopyDestination(const FileURL& base, QByteArrayView relativeFolder) override;
+    [[nodiscard]] std::expected<void, FileError> moveItem(const FileURL& source,
+                                                          const FileURL& target) override;
+    [[nodiscard]] std::expected<FileURL, FileError> trashItem(const FileURL& url) override;
+    [[nodiscard]] std::expected<QByteArray, FileError> contents(const FileURL& url) const override;
+    [[nodiscard]] std::expected<void, FileError> writeAtomically(const FileURL& url,
+                                                                 const QByteArray& data) override;
+    [[nodiscard]] FileURL homeDirectory() const override;
+    [[nodiscard]] FileURL applicationSupportDirectory() const override;
+    [[nodiscard]] FileURL systemLocation(const QString& absolutePath) const override;
+};
+
+} // namespace keelbright

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "KeelbrightCore/platform/files/FileError.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
+
+namespace keelbright {
+
+/// The Trash of the platform: the freedesktop Trash on Linux (the home Trash, and the two kinds
+/// of Trash at the top of another volume), the system's own on macOS.
+namespace Trash {
+
+/// Moves one file, link or folder to the Trash of its volume and gives its new place.
+///
+/// `homeTrash` is the folder that holds `files` and `info` for items on the home's volume; it is
+/// made on first use. An item is either moved with its record on the drive, or left where it was.
+/// Items are never copied between volumes. What already lies in a Trash is refused.
+[[nodiscard]] std::expected<FileURL, FileError> moveToTrash(const FileURL& item, const FileURL& homeTrash);
+
+} // namespace Trash
+} // namespace keelbright

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "KeelbrightCore/platform/files/FileDescriptor.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
+
+#include <expected>
+#include <sys/types.h>
+
+namespace keelbright {
+
+/// One Trash of the freedesktop kind, opened for use: the folder `files` with the items, and
+/// `info` with a record for each. Internal to the platform folder. A failure is the `errno` value.
+class TrashFolder
+{
+public:
+    /// The Trash of the home's volume. It is made where it is missing, with its parents.
+    [[nodiscard]] static std::expected<TrashFolder, int> ofHome(const FileURL& homeTrash);
+    /// The user's Trash on another volume, by the top folder of that: in the shared `.Trash` that
+    /// the administrator made, else in one of the user's own beside it.
+    [[nodiscard]] static std::expected<TrashFolder, int> ofVolume(const FileURL& top);
+
+    [[nodiscard]] FileURL files() const { return m_location.appendingNative("files"); }
+
+    [[nodiscard]] int filesDescriptor() const { return m_files.get(); }
+
+    [[nodiscard]] int infoDescriptor() const { return m_info.get(); }
+
+    /// Bytes that the name of a record may have.
+    [[nodiscard]] qsizetype longestName() const;
+
+private:
+    [[nodiscard]] static std::expected<TrashFolder, int> open(const FileURL& location, int linkFlag);
+
+    FileURL m_location;
+    FileDescriptor m_files;
+    FileDescriptor m_info;
+};
+
+/// The top folder of the volume that holds `folder`, which must exist and have no link in its path;
+/// the `errno` value where it can't be told: a Trash anywhere else would be one that nobody looks for.
+[[nodiscard]] std::expected<FileURL, int> volumeTop(const FileURL& folder, dev_t device);
+
+/// The device of the folder, or of what exists of its path where it is still to be made.
+[[nodiscard]] std::expected<dev_t, int> deviceToBe(const FileURL& folder);
+
+/// Whether `path`, relative to the top of its volume, lies in a user's Trash there; `isTrash` says
+/// that it is the Trash itself or one of its parts.
+enum class TrashRelation { outside, isTrash, inside };
+[[nodiscard]] TrashRelation relationToVolumeTrash(QByteArrayView path);
+
+} // namespace keelbright

@@ -1,0 +1,186 @@
+#include "KeelbrightCore/platform/files/SystemFileManager.h"
+
+#include "tests/support/EnvironmentVariable.h"
+#include "tests/support/TestMac.h"
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace keelbright {
+namespace {
+
+class SystemFileManagerTest : public ::testing::Test
+{
+protected:
+    testing::TestMac mac;
+    FileManager& files = mac.fileManager();
+    FileURL folder = mac.makeFolder("folder");
+};
+
+TEST_F(SystemFileManagerTest, followsLinksWhenItAsksWhatExists)
+{
+    mac.writeFile("folder/file", "x");
+    const auto link = [&](const char* target, const char* name) {
+        ASSERT_EQ(::symlink(target, folder.appendingNative(name).nativePath().constData()), 0);
+    };
+    link("file", "toFile");
+    link(".", "toFolder");
+    link("none", "dangling");
+    const auto exists = [&](const char* name) { return files.fileExists(folder.appendingNative(name)); };
+    EXPECT_TRUE(exists("toFile").exists);
+    EXPECT_FALSE(exists("toFile").isDirectory);
+    EXPECT_TRUE(exists("toFolder").isDirectory);
+    EXPECT_FALSE(exists("dangling").exists);
+    EXPECT_FALSE(exists("none").exists);
+}
+
+TEST_F(SystemFileManagerTest, aFileHasASizeAndALinkItsOwn)
+{
+    const FileURL file = mac.writeFile("folder/file", "12345");
+    const FileURL link = folder.appendingNative("link");
+    ASSERT_EQ(::symlink("file that is far away", link.nativePath().constData()), 0);
+    EXPECT_EQ(files.fileSize(file), 5);
+    EXPECT_EQ(files.fileSize(mac.writeFile("folder/empty", "")), 0);
+    EXPECT_EQ(files.fileSize(link), 21);
+    EXPECT_EQ(files.fileSize(folder), std::nullopt);
+    EXPECT_EQ(files.fileSize(folder.appendingNative("none")), std::nullopt);
+}
+
+TEST_F(SystemFileManagerTest, createsFoldersWithTheirParents)
+{
+    const FileURL deep = folder.appending(QStringLiteral("a/b/c"));
+    ASSERT_TRUE(files.createDirectory(deep).has_value());
+    EXPECT_TRUE(files.fileExists(deep).isDirectory);
+    EXPECT_TRUE(files.createDirectory(deep).has_value()) << "one that is there is fine";
+    EXPECT_TRUE(files.createDirectory(FileURL()).has_value());
+}
+
+TEST_F(SystemFileManagerTest, doesNotCreateAFolderOverAFile)
+{
+    const FileURL file = mac.writeFile("folder/file", "x");
+    const auto created = files.createDirectory(file);
+    ASSERT_FALSE(created.has_value());
+    EXPECT_EQ(created.error().localizedDescription(),
+              QStringLiteral("“file” could not be created: a file stands in the place of a folder."));
+    EXPECT_FALSE(files.createDirectory(file.appending(QStringLiteral("below"))).has_value());
+}
+
+TEST_F(SystemFileManagerTest, listsOneLevelWithTypesAndSizes)
+{
+    mac.writeFile("folder/file", "12345");
+    mac.writeFile("folder/sub/deep", "x");
+    mac.writeFile("folder/.hidden", "x");
+    const auto entries = files.contentsOfDirectory(folder, DirectoryEnumerator::Option::skipsHiddenFiles);
+    ASSERT_TRUE(entries.has_value());
+    ASSERT_EQ(entries->size(), 2);
+    for (const DirectoryEntry& entry : *entries) {
+        const bool isFile = entry.url.lastPathComponent() == QStringLiteral("file");
+        EXPECT_EQ(entry.type, isFile ? EntryType::regularFile : EntryType::directory);
+        EXPECT_EQ(entry.fileSize, isFile ? std::optional<qint64>(5) : std::nullopt);
+    }
+    EXPECT_FALSE(files.contentsOfDirectory(folder.appending(QStringLiteral("none")), {}).has_value());
+}
+
+TEST_F(SystemFileManagerTest, movesButNeverReplaces)
+{
+    const FileURL a = mac.writeFile("folder/a", "a");
+    const FileURL b = mac.writeFile("folder/b", "b");
+    const auto moved = files.moveItem(a, b);
+    ASSERT_FALSE(moved.has_value());
+    EXPECT_EQ(moved.error().localizedDescription(),
+              QStringLiteral("“a” could not be moved: something of that name is already there."));
+    EXPECT_EQ(testing::TestMac::read(b), "b");
+    const FileURL c = folder.appending(QStringLiteral("c"));
+    ASSERT_TRUE(files.moveItem(a, c).has_value());
+    EXPECT_EQ(testing::TestMac::read(c), "a");
+    EXPECT_FALSE(files.fileExists(a).exists);
+}
+
+TEST_F(SystemFileManagerTest, readsWholeFilesAndNothingElse)
+{
+    const QByteArray content = QByteArray("x").repeated(200'000);
+    EXPECT_EQ(files.contents(mac.writeFile("folder/file", content)), content);
+    EXPECT_EQ(files.contents(mac.writeFile("folder/empty", "")), QByteArray());
+    const QByteArray fifo = folder.appending(QStringLiteral("fifo")).nativePath();
+    ASSERT_EQ(::mkfifo(fifo.constData(), 0600), 0);
+    EXPECT_EQ(files.contents(FileURL::fromNativePath(fifo)).error().reason,
+              FileError::Reason::notARegularFile);
+    EXPECT_EQ(files.contents(folder).error().reason, FileError::Reason::notARegularFile);
+    EXPECT_EQ(files.contents(folder.appending(QStringLiteral("none"))).error().code, ENOENT);
+}
+
+TEST_F(SystemFileManagerTest, writesAtomicallyWithoutLeavingATrace)
+{
+    const FileURL file = folder.appending(QStringLiteral("config.json"));
+    ASSERT_TRUE(files.writeAtomically(file, "first").has_value());
+    ASSERT_EQ(::chmod(file.nativePath().constData(), 0600), 0);
+    ASSERT_TRUE(files.writeAtomically(file, "second").has_value());
+    EXPECT_EQ(testing::TestMac::read(file), "second");
+    struct stat status = {};
+    ASSERT_EQ(::stat(file.nativePath().constData(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0600U) << "the old file's mode is kept";
+    EXPECT_EQ(files.contentsOfDirectory(folder, {})->size(), 1);
+}
+
+TEST_F(SystemFileManagerTest, leavesTheOldFileWhenAWriteFails)
+{
+    mac.writeFile("folder/inTheWay/child", "x");
+    const FileURL inTheWay = folder.appending(QStringLiteral("inTheWay"));
+    const auto written = files.writeAtomically(inTheWay, "data");
+    ASSERT_FALSE(written.has_value());
+    EXPECT_EQ(written.error().localizedDescription(),
+              QStringLiteral("“inTheWay” could not be written: a folder stands in its place."));
+    EXPECT_EQ(files.contentsOfDirectory(folder, {})->size(), 1) << "no temporary file stays";
+    EXPECT_FALSE(
+        files.writeAtomically(mac.root().appending(QStringLiteral("no/such/file")), "x").has_value());
+}
+
+TEST_F(SystemFileManagerTest, tellsTheCapacityOfAFileSystem)
+{
+    const auto capacity = files.fileSystemCapacity(folder);
+    ASSERT_TRUE(capacity.has_value());
+    EXPECT_GT(capacity->totalBytes.value_or(0), 0);
+    EXPECT_LE(capacity->freeBytes.value_or(0), capacity->totalBytes.value_or(0));
+    EXPECT_FALSE(files.fileSystemCapacity(folder.appending(QStringLiteral("none"))).has_value());
+}
+
+TEST_F(SystemFileManagerTest, resolvesLinksOnTheWay)
+{
+    mac.writeFile("folder/file", "x");
+    const FileURL link = mac.root().appending(QStringLiteral("link"));
+    ASSERT_EQ(::symlink("folder", link.nativePath().constData()), 0);
+    EXPECT_EQ(files.resolvingSymlinks(link.appending(QStringLiteral("file"))),
+              folder.appending(QStringLiteral("file")));
+    const FileURL none = folder.appending(QStringLiteral("none"));
+    EXPECT_EQ(files.resolvingSymlinks(none), none);
+}
+
+TEST(SystemFileManagerPlaces, followTheEnvironment)
+{
+    const testing::EnvironmentVariable home("HOME");
+    const testing::EnvironmentVariable dataHome("XDG_DATA_HOME");
+    home.set("/Users/someone");
+    dataHome.unset();
+    const SystemFileManager files;
+    EXPECT_EQ(files.homeDirectory().nativePath(), "/Users/someone");
+    EXPECT_EQ(files.applicationSupportDirectory().nativePath(), "/Users/someone/.local/share");
+    dataHome.set("/data");
+    EXPECT_EQ(files.applicationSupportDirectory().nativePath(), "/data");
+    dataHome.set("relative");
+    EXPECT_EQ(files.applicationSupportDirectory().nativePath(), "/Users/someone/.local/share");
+    EXPECT_EQ(files.systemLocation(QStringLiteral("/Applications")).nativePath(), "/Applications");
+}
+
+TEST(FileManagerGuard, standsInForTheDefaultWhileItLives)
+{
+    FileManager& before = FileManager::defaultManager();
+    {
+        testing::TestMac mac;
+        EXPECT_EQ(&FileManager::defaultManager(), &mac.fileManager());
+    }
+    EXPECT_EQ(&FileManager::defaultManager(), &before);
+}
+
+} // namespace
+} // namespace keelbright

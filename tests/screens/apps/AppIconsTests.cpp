@@ -1,0 +1,124 @@
+#include "Keelbright/screens/apps/AppIcons.h"
+
+#include "tests/screens/shared/ScreenTestCase.h"
+#include "tests/support/MadeUpApplication.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <filesystem>
+
+namespace keelbright::testing {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class AppIconsTests : public ScreenTestCase
+{
+protected:
+    /// Waits for the background work and takes what it found.
+    static void waitForIcons()
+    {
+        waitForBackgroundWork();
+        QTest::qWait(0);
+    }
+
+    FileURL addApp(const QByteArray& name, quint32 colour = 0x0A6CFF) const
+    {
+        addApplication({mac.root(), mac.clock()()}, "Applications",
+                       {.name = name, .bundleID = "org.example." + name, .iconColour = colour});
+        return mac.root().appendingNative("Applications/" + name + ".app");
+    }
+
+    AppIcons icons;
+};
+
+} // namespace
+
+TEST_F(AppIconsTests, anIconIsReadInTheBackgroundAndThenKept)
+{
+    const FileURL ink = addApp("Ink");
+    QSignalSpy loaded(&icons, &AppIcons::loaded);
+    EXPECT_TRUE(icons.icon(ink, 30).isNull());
+    EXPECT_EQ(loaded.size(), 0);
+    ASSERT_TRUE(loaded.wait(20'000));
+    EXPECT_EQ(loaded.first().first().value<FileURL>(), ink);
+    const QPixmap icon = icons.icon(ink, 30);
+    EXPECT_EQ(icon.deviceIndependentSize(), QSizeF(30, 30));
+    EXPECT_EQ(icon.toImage().pixel(15, 15), 0xFF0A6CFF);
+    // Gone from the disk, it is still at hand.
+    std::filesystem::remove_all(ink.path().toStdString());
+    EXPECT_FALSE(icons.icon(ink, 30).isNull());
+    waitForIcons();
+    EXPECT_EQ(loaded.size(), 1);
+}
+
+TEST_F(AppIconsTests, eachSizeIsAPictureOfItsOwn)
+{
+    const FileURL ink = addApp("Ink");
+    QSignalSpy loaded(&icons, &AppIcons::loaded);
+    (void)icons.icon(ink, 30);
+    (void)icons.icon(ink, 56);
+    turnUntil([&] { return loaded.size() == 2; });
+    EXPECT_EQ(icons.icon(ink, 30).deviceIndependentSize(), QSizeF(30, 30));
+    EXPECT_EQ(icons.icon(ink, 56).deviceIndependentSize(), QSizeF(56, 56));
+}
+
+TEST_F(AppIconsTests, whatHasNoIconIsAskedOnce)
+{
+    const FileURL bare = mac.makeFolder("Applications/Bare.app");
+    QSignalSpy loaded(&icons, &AppIcons::loaded);
+    (void)icons.icon(bare, 30);
+    ASSERT_TRUE(loaded.wait(20'000));
+    EXPECT_TRUE(icons.icon(bare, 30).isNull());
+    waitForIcons();
+    EXPECT_EQ(loaded.size(), 1);
+}
+
+TEST_F(AppIconsTests, askingAgainMeanwhileReadsItOnce)
+{
+    const FileURL ink = addApp("Ink");
+    QSignalSpy loaded(&icons, &AppIcons::loaded);
+    for (int i = 0; i < 5; ++i)
+        (void)icons.icon(ink, 30);
+    ASSERT_TRUE(loaded.wait(20'000));
+    waitForIcons();
+    EXPECT_EQ(loaded.size(), 1);
+}
+
+TEST_F(AppIconsTests, ofManyTheLastThatWereAskedForComeFirst)
+{
+    QList<FileURL> apps;
+    for (int i = 0; i < 300; ++i)
+        apps.append(addApp("App" + QByteArray::number(i)));
+    const QSignalSpy loaded(&icons, &AppIcons::loaded);
+    for (const FileURL& app : apps)
+        (void)icons.icon(app, 30);
+    turnUntil([&] { return loaded.size() == 202; });
+    waitForIcons();
+    // The two that were begun with, then from the last back to where the queue was full.
+    EXPECT_EQ(loaded.size(), 202);
+    QStringList order;
+    for (const QList<QVariant>& signal : loaded)
+        order.append(signal.first().value<FileURL>().lastPathComponent());
+    EXPECT_TRUE(order.mid(0, 6).contains(u"App299.app"_s));
+    EXPECT_FALSE(order.contains(u"App99.app"_s));
+    EXPECT_TRUE(order.contains(u"App100.app"_s));
+    // Whoever comes back to it asks again.
+    (void)icons.icon(apps.at(99), 30);
+    turnUntil([&] { return loaded.size() == 203; });
+    EXPECT_FALSE(icons.icon(apps.at(99), 30).isNull());
+}
+
+TEST_F(AppIconsTests, closedInTheMiddleItHearsNothingMore)
+{
+    auto closed = std::make_unique<AppIcons>();
+    const QSignalSpy loaded(closed.get(), &AppIcons::loaded);
+    for (int i = 0; i < 20; ++i)
+        (void)closed->icon(addApp("App" + QByteArray::number(i)), 30);
+    closed.reset();
+    waitForIcons();
+    EXPECT_EQ(loaded.size(), 0);
+}
+
+} // namespace keelbright::testing

@@ -1,0 +1,111 @@
+#pragma once
+
+#include "Keelbright/widgets/rows/RowLayout.h"
+#include "Keelbright/widgets/rows/RowListView.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+namespace keelbright::testing {
+
+/// Reads and works a list as the user does.
+class ListDriver
+{
+public:
+    /// Of this accessible name; fails the test where there is none.
+    ListDriver(const QWidget& view, const QString& name)
+    {
+        for (auto* candidate : view.findChildren<RowListView*>()) {
+            if (candidate->accessibleName() == name)
+                m_list = candidate;
+        }
+        if (m_list == nullptr)
+            throw std::runtime_error("no list " + name.toStdString());
+    }
+
+    [[nodiscard]] RowListView* view() const { return m_list; }
+
+    [[nodiscard]] bool isShown() const { return m_list->isVisible(); }
+
+    [[nodiscard]] int count() const { return m_list->rowModel()->rowCount(); }
+
+    [[nodiscard]] ListRow row(int index) const { return m_list->rowModel()->rowAt(index); }
+
+    /// What a screen reader says of each row.
+    [[nodiscard]] QStringList texts() const
+    {
+        QStringList texts;
+        for (int i = 0; i < count(); ++i)
+            texts.append(m_list->rowModel()->accessibleText(i));
+        return texts;
+    }
+
+    [[nodiscard]] QList<Qt::CheckState> marks() const
+    {
+        QList<Qt::CheckState> states;
+        for (int i = 0; i < count(); ++i)
+            states.append(row(i).markState);
+        return states;
+    }
+
+    /// -1 for none.
+    [[nodiscard]] int selectedRow() const
+    {
+        const QModelIndexList selected = m_list->selectionModel()->selectedIndexes();
+        return selected.isEmpty() ? -1 : selected.first().row();
+    }
+
+    void clickMark(int index) const { click(layoutOf(index).mark.center()); }
+
+    void clickTitle(int index, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        click(layoutOf(index).title.center(), modifiers);
+    }
+
+    /// What a press of the right button on the row offers; null where that is nothing.
+    [[nodiscard]] QMenu* openMenu(int index) const
+    {
+        m_list->scrollTo(m_list->rowModel()->index(index));
+        const QPoint place = m_list->visualRect(m_list->rowModel()->index(index)).center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, m_list->viewport()->mapToGlobal(place));
+        QApplication::sendEvent(m_list->viewport(), &event);
+        return m_list->findChild<QMenu*>();
+    }
+
+    [[nodiscard]] static QStringList textsIn(const QMenu& menu)
+    {
+        QStringList texts;
+        for (const QAction* action : menu.actions())
+            texts.append(action->text());
+        return texts;
+    }
+
+    void clickAction(int index, qsizetype action = 0) const
+    {
+        click(layoutOf(index).actions.at(action).center());
+    }
+
+private:
+    [[nodiscard]] RowLayout layoutOf(int index) const
+    {
+        m_list->scrollTo(m_list->rowModel()->index(index));
+        const QRect rect = m_list->visualRect(m_list->rowModel()->index(index));
+        if (m_list->look() == RowListView::Look::table)
+            return layOutRow(row(index), rect.adjusted(0, 0, 0, -1), RowMetrics::tablePadding);
+        return layOutRow(row(index), rect.adjusted(RowMetrics::panelInset, 1, -RowMetrics::panelInset, -1),
+                         RowMetrics::panelPadding);
+    }
+
+    void click(const QPoint& place, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QTest::mouseClick(m_list->viewport(), Qt::LeftButton, modifiers, place);
+    }
+
+    RowListView* m_list = nullptr;
+};
+
+} // namespace keelbright::testing

@@ -1,0 +1,172 @@
+#include "Keelbright/screens/shell/DialogFolderChooser.h"
+
+#include "tests/support/Accessible.h"
+#include "tests/support/Printing.h"
+#include "tests/support/TestMac.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QListView>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace keelbright {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class DialogFolderChooserTest : public ::testing::Test
+{
+protected:
+    DialogFolderChooserTest()
+    {
+        for (const char* name : {"Users/mira/Code", "Users/mira/Letters", "Users/mira/Say \"cheese\""})
+            mac.makeFolder(name);
+        mac.writeFile("Users/mira/notes.txt", "x");
+    }
+
+    ~DialogFolderChooserTest() override { delete dialog; }
+
+    void open(bool isMultiple)
+    {
+        chooser.chooseFolders({u"Select folders to protect."_s, u"Add Folder"_s, isMultiple, false},
+                              [this](const QList<FileURL>& urls) {
+                                  ++confirmations;
+                                  chosen = urls;
+                              });
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (auto* candidate = qobject_cast<FolderDialog*>(widget))
+                dialog = candidate;
+        }
+        ASSERT_FALSE(dialog.isNull());
+        view = dialog->findChild<QListView*>(u"listView"_s);
+        field = dialog->findChild<QLineEdit*>(u"fileNameEdit"_s);
+        ASSERT_TRUE(
+            QTest::qWaitFor([this] { return view->model()->rowCount(view->rootIndex()) >= 3; }, 5000));
+    }
+
+    [[nodiscard]] QModelIndex row(const QString& name) const
+    {
+        const QModelIndex root = view->rootIndex();
+        for (int i = 0; i < view->model()->rowCount(root); ++i) {
+            const QModelIndex index = view->model()->index(i, 0, root);
+            if (index.data().toString() == name)
+                return index;
+        }
+        return {};
+    }
+
+    void mark(const QStringList& names)
+    {
+        view->setFocus();
+        for (const QString& name : names)
+            view->selectionModel()->select(row(name),
+                                           QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+
+    [[nodiscard]] QPushButton* acceptButton() const
+    {
+        return dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open);
+    }
+
+    [[nodiscard]] QStringList chosenPaths() const
+    {
+        QStringList paths;
+        for (const FileURL& url : chosen)
+            paths.append(url.path());
+        return paths;
+    }
+
+    [[nodiscard]] QString inHome(const QString& name) const { return mac.home().appending(name).path(); }
+
+    testing::TestMac mac;
+    DialogFolderChooser chooser;
+    QPointer<FolderDialog> dialog;
+    QListView* view = nullptr;
+    QLineEdit* field = nullptr;
+    int confirmations = 0;
+    QList<FileURL> chosen;
+};
+
+} // namespace
+
+TEST_F(DialogFolderChooserTest, showsMessageAndPromptAndStartsAtHome)
+{
+    open(false);
+    EXPECT_EQ(dialog->windowTitle(), u"Select folders to protect."_s);
+    EXPECT_EQ(QString(acceptButton()->text()).remove(u'&'), u"Add Folder"_s);
+    EXPECT_EQ(dialog->directory().path(), mac.home().path());
+    EXPECT_TRUE(dialog->testOption(QFileDialog::DontUseNativeDialog));
+    EXPECT_EQ(confirmations, 0);
+}
+
+TEST_F(DialogFolderChooserTest, listsFoldersOnly)
+{
+    open(false);
+    EXPECT_TRUE(row(u"Code"_s).isValid());
+    EXPECT_FALSE(row(u"notes.txt"_s).isValid());
+}
+
+TEST_F(DialogFolderChooserTest, givesTheMarkedFolder)
+{
+    open(false);
+    mark({u"Code"_s});
+    acceptButton()->click();
+    EXPECT_EQ(confirmations, 1);
+    EXPECT_EQ(chosenPaths(), QStringList({inHome(u"Code"_s)}));
+}
+
+TEST_F(DialogFolderChooserTest, givesSeveralMarkedFolders)
+{
+    open(true);
+    mark({u"Code"_s, u"Letters"_s});
+    acceptButton()->click();
+    EXPECT_EQ(chosenPaths(), QStringList({inHome(u"Code"_s), inHome(u"Letters"_s)}));
+}
+
+TEST_F(DialogFolderChooserTest, marksOnlyOneFolderWhereOneIsAskedFor)
+{
+    open(false);
+    EXPECT_EQ(view->selectionMode(), QAbstractItemView::SingleSelection);
+}
+
+TEST_F(DialogFolderChooserTest, givesFoldersWithQuotesInTheirNames)
+{
+    open(true);
+    mark({u"Code"_s, u"Say \"cheese\""_s});
+    acceptButton()->click();
+    EXPECT_EQ(chosenPaths(), QStringList({inHome(u"Code"_s), inHome(u"Say \"cheese\""_s)}));
+}
+
+TEST_F(DialogFolderChooserTest, givesTheFolderThatWasTyped)
+{
+    open(true);
+    field->setFocus();
+    field->setText(inHome(u"Letters"_s));
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_EQ(chosenPaths(), QStringList({inHome(u"Letters"_s)}));
+}
+
+TEST_F(DialogFolderChooserTest, escapeDismissesItWithoutAnAnswer)
+{
+    open(true);
+    mark({u"Code"_s});
+    QTest::keyClick(dialog, Qt::Key_Escape);
+    EXPECT_EQ(confirmations, 0);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(dialog.isNull());
+}
+
+TEST_F(DialogFolderChooserTest, letsAFolderBeMadeOnlyWhereThatIsAskedFor)
+{
+    const FolderDialog without({u"m"_s, u"p"_s, false, false});
+    EXPECT_TRUE(without.testOption(QFileDialog::ReadOnly));
+    const FolderDialog with({u"m"_s, u"p"_s, false, true});
+    EXPECT_FALSE(with.testOption(QFileDialog::ReadOnly));
+}
+
+} // namespace keelbright

@@ -1,0 +1,81 @@
+#include "Keelbright/widgets/StepStack.h"
+
+#include "tests/support/ThemeGuard.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace keelbright {
+
+namespace {
+
+struct StepStackTest : ::testing::Test
+{
+    StepStackTest()
+    {
+        stack.addPage(first);
+        stack.addPage(second);
+        stack.resize(400, 300);
+        stack.show();
+    }
+
+    testing::ThemeGuard theme;
+    StepStack stack;
+    QWidget* first = new QWidget;
+    QWidget* second = new QWidget;
+};
+
+} // namespace
+
+TEST_F(StepStackTest, glidesToTheNextPageWithinThreeTenthsOfASecond)
+{
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&stack));
+    stack.setCurrentIndex(1);
+    EXPECT_FALSE(first->isVisible());
+    EXPECT_TRUE(second->isVisible());
+    EXPECT_GT(second->x(), 0);
+    EXPECT_NE(second->graphicsEffect(), nullptr);
+    QElapsedTimer time;
+    time.start();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return second->graphicsEffect() == nullptr; }, 3000));
+    EXPECT_GE(time.elapsed(), 200);
+    EXPECT_EQ(second->pos(), QPoint(0, 0));
+}
+
+TEST_F(StepStackTest, comesBackFromTheOtherSide)
+{
+    Theme::instance().setMotionReduced(true);
+    stack.setCurrentIndex(1);
+    Theme::instance().setMotionReduced(false);
+    stack.setCurrentIndex(0);
+    EXPECT_LT(first->x(), 0);
+}
+
+TEST_F(StepStackTest, isThereAtOnceWhereMotionIsReduced)
+{
+    Theme::instance().setMotionReduced(true);
+    stack.setCurrentIndex(1);
+    EXPECT_EQ(second->pos(), QPoint(0, 0));
+    EXPECT_EQ(second->graphicsEffect(), nullptr);
+    EXPECT_EQ(second->size(), stack.size());
+}
+
+TEST_F(StepStackTest, aSecondChangeInTheMiddleOfTheFirstEndsOnTheRightPage)
+{
+    stack.setCurrentIndex(1);
+    stack.setCurrentIndex(0);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return first->graphicsEffect() == nullptr; }, 3000));
+    EXPECT_TRUE(first->isVisible());
+    EXPECT_FALSE(second->isVisible());
+    EXPECT_EQ(second->graphicsEffect(), nullptr);
+}
+
+TEST_F(StepStackTest, ignoresPagesThatAreNotThere)
+{
+    stack.setCurrentIndex(5);
+    stack.setCurrentIndex(-1);
+    EXPECT_EQ(stack.currentIndex(), 0);
+}
+
+} // namespace keelbright

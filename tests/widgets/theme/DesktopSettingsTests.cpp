@@ -1,0 +1,148 @@
+#include "Keelbright/widgets/theme/DesktopSettings.h"
+
+#include "tests/support/PrivateBus.h"
+
+#include <QDBusMessage>
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace keelbright {
+
+/// A settings portal of the test's own, on a bus of the test's own.
+class FakePortal : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+public:
+    uint scheme = 0;
+    bool hasAnimations = true;
+    int answers = 0;
+
+public Q_SLOTS:
+
+    QDBusVariant Read(const QString& nameSpace, const QString& key)
+    {
+        ++answers;
+        // The older method wraps its value twice.
+        if (key == QStringLiteral("color-scheme"))
+            return QDBusVariant(QVariant::fromValue(QDBusVariant(scheme)));
+        if (nameSpace == QStringLiteral("org.gnome.desktop.interface"))
+            return QDBusVariant(QVariant::fromValue(QDBusVariant(hasAnimations)));
+        return QDBusVariant(QVariant::fromValue(QDBusVariant(0U)));
+    }
+
+Q_SIGNALS:
+    void SettingChanged(const QString& nameSpace, const QString& key, const QDBusVariant& value);
+};
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class DesktopSettingsTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (!bus.reasonMissing().empty())
+            GTEST_SKIP() << bus.reasonMissing();
+        ASSERT_TRUE(bus.client().isConnected());
+        ASSERT_TRUE(
+            bus.server().registerObject(u"/org/freedesktop/portal/desktop"_s, &portal,
+                                        QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
+    }
+
+    void startPortal() { ASSERT_TRUE(bus.server().registerService(u"org.freedesktop.portal.Desktop"_s)); }
+
+    FakePortal portal;
+    testing::PrivateBus bus;
+};
+
+} // namespace
+
+TEST_F(DesktopSettingsTest, takesDarkFromThePortalWithoutWaitingForIt)
+{
+    portal.scheme = 1;
+    startPortal();
+    DesktopSettings settings(bus.client());
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::light); // nothing was waited for
+    QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
+    ASSERT_TRUE(changes.wait(5000));
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::dark);
+}
+
+TEST_F(DesktopSettingsTest, followsThePortalWhileItRuns)
+{
+    startPortal();
+    const DesktopSettings settings(bus.client());
+    // An answer that is given later would take back what is told now.
+    ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == 3; }));
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
+    QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
+    const auto tell = [this](uint scheme) {
+        Q_EMIT portal.SettingChanged(u"org.freedesktop.appearance"_s, u"color-scheme"_s,
+                                     QDBusVariant(scheme));
+    };
+    tell(1);
+    ASSERT_TRUE(changes.wait(5000));
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::dark);
+    tell(2);
+    ASSERT_TRUE(changes.wait(5000));
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
+}
+
+TEST_F(DesktopSettingsTest, withoutAPreferenceThePaletteDecides)
+{
+    portal.scheme = 1;
+    startPortal();
+    const DesktopSettings settings(bus.client());
+    QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
+    ASSERT_TRUE(changes.wait(5000));
+    Q_EMIT portal.SettingChanged(u"org.freedesktop.appearance"_s, u"color-scheme"_s, QDBusVariant(0U));
+    ASSERT_TRUE(changes.wait(5000));
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::light); // this platform's palette
+}
+
+TEST_F(DesktopSettingsTest, reducesMotionWhereTheDesktopSwitchedAnimationsOff)
+{
+    portal.hasAnimations = false;
+    startPortal();
+    const DesktopSettings settings(bus.client());
+    QSignalSpy changes(&settings, &DesktopSettings::isMotionReducedChanged);
+    ASSERT_TRUE(changes.wait(5000));
+    EXPECT_TRUE(settings.isMotionReduced());
+    Q_EMIT portal.SettingChanged(u"org.gnome.desktop.interface"_s, u"enable-animations"_s,
+                                 QDBusVariant(true));
+    ASSERT_TRUE(changes.wait(5000));
+    EXPECT_FALSE(settings.isMotionReduced());
+}
+
+TEST_F(DesktopSettingsTest, settingsOfOthersAreOverheard)
+{
+    startPortal();
+    const DesktopSettings settings(bus.client());
+    const QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
+    Q_EMIT portal.SettingChanged(u"org.example.other"_s, u"color-scheme"_s, QDBusVariant(1U));
+    QTest::qWait(300);
+    EXPECT_EQ(changes.count(), 0);
+}
+
+TEST_F(DesktopSettingsTest, withoutAPortalOnTheBusThePaletteDecides)
+{
+    const DesktopSettings settings(bus.client());
+    QTest::qWait(300);
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
+    EXPECT_FALSE(settings.isMotionReduced());
+}
+
+TEST(DesktopSettings, withoutABusThePaletteDecides)
+{
+    const DesktopSettings settings{QDBusConnection(u"no such connection"_s)};
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
+}
+
+} // namespace keelbright
+
+#include "DesktopSettingsTests.moc"
