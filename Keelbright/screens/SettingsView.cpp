@@ -1,6 +1,6 @@
 #include "Keelbright/screens/SettingsView.h"
 
-#include "Keelbright/screens/shell/ScreenFactory.h"
+#include "Keelbright/screens/shared/ScreenTitle.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/BackupCards.h"
 #include "Keelbright/widgets/Button.h"

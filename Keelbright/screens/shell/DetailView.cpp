@@ -1,5 +1,6 @@
 #include "Keelbright/screens/shell/DetailView.h"
 
+#include "Keelbright/screens/shared/ScreenTitle.h"
 #include "Keelbright/screens/shell/ScreenFactory.h"
 #include "Keelbright/state/AppState.h"
 

@@ -65,9 +65,4 @@ QWidget* makeWelcomeView(QWidget* parent)
                               parent);
 }
 
-QString screenTitle(Screen screen)
-{
-    return QCoreApplication::translate("Screen", rawValue(screen).toUtf8().constData());
-}
-
 } // namespace keelbright

@@ -3,8 +3,6 @@
 #include "Keelbright/screens/shared/ScreenContext.h"
 #include "Keelbright/state/Screen.h"
 
-#include <QString>
-
 class QWidget;
 
 namespace keelbright {
@@ -14,7 +12,5 @@ namespace keelbright {
 [[nodiscard]] QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent);
 /// What stands in the detail area while no screen is selected.
 [[nodiscard]] QWidget* makeWelcomeView(QWidget* parent);
-/// The screen's raw value in the user's language.
-[[nodiscard]] QString screenTitle(Screen screen);
 
 } // namespace keelbright

@@ -1,7 +1,7 @@
 #include "Keelbright/screens/shell/SettingsWindow.h"
 
 #include "Keelbright/screens/SettingsView.h"
-#include "Keelbright/screens/shell/ScreenFactory.h"
+#include "Keelbright/screens/shared/ScreenTitle.h"
 
 #include <QVBoxLayout>
 

@@ -1,6 +1,6 @@
 #include "Keelbright/screens/shell/SidebarModel.h"
 
-#include "Keelbright/screens/shell/ScreenFactory.h"
+#include "Keelbright/screens/shared/ScreenTitle.h"
 #include "Keelbright/screens/shell/SidebarView.h"
 
 namespace keelbright {
