@@ -1,7 +1,7 @@
 // keelbright-measure WORK ARGUMENT...
 //
 // Does one thing with the real services or the real window (on the platform that QT_QPA_PLATFORM
-// names) and prints what it took, a figure a line.
+// names) and prints what it took, a number a line.
 
 #include "KeelbrightCore/platform/files/FileURL.h"
 #include "bench/ServiceMeasures.h"

@@ -46,7 +46,7 @@ QList<MenuButton::Choice> filterChoices()
     return choices;
 }
 
-/// A log that somebody wrote by hand can hold any figures.
+/// A log that somebody wrote by hand can hold any numbers.
 qint64 addedWithinBounds(qint64 total, qint64 bytes)
 {
     using Limits = std::numeric_limits<qint64>;

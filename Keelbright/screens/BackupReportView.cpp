@@ -27,10 +27,10 @@ namespace {
 
 constexpr qsizetype shownErrors = 30;
 
-QWidget* makeFigures(const BackupReport& report)
+QWidget* makeNumbers(const BackupReport& report)
 {
-    auto* figures = new QWidget;
-    auto* grid = new CardGridLayout(figures);
+    auto* numbers = new QWidget;
+    auto* grid = new CardGridLayout(numbers);
     grid->addWidget(new StatusCard(BackupReportView::tr("Files Copied"), QString::number(report.filesCopied),
                                    u"doc.fill"_s, Role::green));
     grid->addWidget(new StatusCard(BackupReportView::tr("Data Copied"),
@@ -42,7 +42,7 @@ QWidget* makeFigures(const BackupReport& report)
     grid->addWidget(new StatusCard(BackupReportView::tr("Skipped"), QString::number(report.filesSkipped),
                                    u"minus.circle"_s,
                                    report.filesSkipped > 0 ? Role::orange : Role::secondaryText));
-    return figures;
+    return numbers;
 }
 
 QWidget* makeSourceRow(const QString& path)
@@ -123,7 +123,7 @@ QWidget* BackupReportView::makeContent(const BackupReport& report)
 {
     auto* page = new Page;
     page->content()->addWidget(makeHeader(report));
-    page->content()->addWidget(makeFigures(report));
+    page->content()->addWidget(makeNumbers(report));
     page->content()->addWidget(makeSources(report));
     page->content()->addWidget(makeLocations(report));
     if (!report.errors.isEmpty())

@@ -11,7 +11,7 @@ namespace keelbright {
 class AppState;
 class Workspace;
 
-/// The last backup's report: figures, folders, places on disk, and what was skipped. A finished run
+/// The last backup's report: numbers, folders, places on disk, and what was skipped. A finished run
 /// replaces the content at once.
 class BackupReportView : public QWidget
 {

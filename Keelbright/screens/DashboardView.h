@@ -43,7 +43,7 @@ private:
     void addAlerts();
     void addProgress();
     void watchState();
-    /// All but the figures of a running backup, which change with every file.
+    /// All but the numbers of a running backup, which change with every file.
     void redraw();
     void redrawHeader();
     void redrawAlerts();

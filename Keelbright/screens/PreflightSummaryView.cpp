@@ -7,8 +7,8 @@
 #include "Keelbright/widgets/BottomBar.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/Card.h"
-#include "Keelbright/widgets/FigureLabel.h"
 #include "Keelbright/widgets/Headers.h"
+#include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/Page.h"
 #include "Keelbright/widgets/Progress.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
@@ -25,11 +25,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A screen reader meets the row of the figure as one thing.
-void setFigure(FigureLabel* figure, const QString& title, const QString& text)
+/// A screen reader meets the row of the number as one thing.
+void setNumber(NumberLabel* number, const QString& title, const QString& text)
 {
-    figure->setText(text);
-    figure->parentWidget()->setAccessibleName(title + u' ' + text);
+    number->setText(text);
+    number->parentWidget()->setAccessibleName(title + u' ' + text);
 }
 
 } // namespace
@@ -79,7 +79,7 @@ void PreflightSummaryView::addEstimate()
     m_page->content()->addWidget(m_estimate);
 }
 
-FigureLabel* PreflightSummaryView::addEstimateRow(const QString& title)
+NumberLabel* PreflightSummaryView::addEstimateRow(const QString& title)
 {
     m_estimate->content()->addWidget(new Separator(Qt::Horizontal, m_estimate));
     auto* row = new QWidget(m_estimate);
@@ -87,7 +87,7 @@ FigureLabel* PreflightSummaryView::addEstimateRow(const QString& title)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(new Label(title, FontRole::body, Role::secondaryText, row));
     layout->addStretch();
-    auto* value = new FigureLabel({}, FontRole::bodyStrong, Role::primaryText, row);
+    auto* value = new NumberLabel({}, FontRole::bodyStrong, Role::primaryText, row);
     layout->addWidget(value);
     m_estimate->content()->addWidget(row);
     return value;
@@ -160,10 +160,10 @@ void PreflightSummaryView::redraw()
 
 void PreflightSummaryView::redrawEstimate(const PreflightResult& result)
 {
-    setFigure(m_fileCount, L10n::Preflight::totalFiles(), QString::number(result.estimatedFileCount));
-    setFigure(m_size, L10n::Preflight::totalSize(), L10n::Formatters::bytes(result.estimatedBytes));
+    setNumber(m_fileCount, L10n::Preflight::totalFiles(), QString::number(result.estimatedFileCount));
+    setNumber(m_size, L10n::Preflight::totalSize(), L10n::Formatters::bytes(result.estimatedBytes));
     const qint64 freeSpace = result.destinationFreeSpace;
-    setFigure(m_freeSpace, L10n::Preflight::destinationFree(),
+    setNumber(m_freeSpace, L10n::Preflight::destinationFree(),
               freeSpace > 0 ? L10n::Formatters::bytes(freeSpace) : tr("Unknown"));
     m_freeSpace->setColorRole(result.canProceed() ? Role::primaryText : Role::redText);
     announce(*m_estimate, L10n::Preflight::estimateTitle());

@@ -13,7 +13,7 @@ class Banner;
 class BottomBar;
 class Button;
 class Card;
-class FigureLabel;
+class NumberLabel;
 class Page;
 
 /// The checks before a backup: runs them each time it comes up, shows what they found, and lets the
@@ -34,7 +34,7 @@ private:
     void addEstimate();
     void addBanners();
     void addActions();
-    [[nodiscard]] FigureLabel* addEstimateRow(const QString& title);
+    [[nodiscard]] NumberLabel* addEstimateRow(const QString& title);
     void startCheck();
     void setResult(const PreflightResult& result);
     void redraw();
@@ -47,9 +47,9 @@ private:
     Page* m_page;
     QWidget* m_analyzing = nullptr;
     Card* m_estimate = nullptr;
-    FigureLabel* m_fileCount = nullptr;
-    FigureLabel* m_size = nullptr;
-    FigureLabel* m_freeSpace = nullptr;
+    NumberLabel* m_fileCount = nullptr;
+    NumberLabel* m_size = nullptr;
+    NumberLabel* m_freeSpace = nullptr;
     Banner* m_errors = nullptr;
     Banner* m_warnings = nullptr;
     BottomBar* m_actions = nullptr;

@@ -3,7 +3,7 @@
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/ElidedLabel.h"
-#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/Progress.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 
@@ -52,7 +52,7 @@ ProgressPanel::ProgressPanel(const BackupProgress& progress, QWidget* parent)
     : Card(parent)
     , m_currentFile(new ElidedLabel({}, FontRole::secondary, Role::secondaryText, Qt::ElideRight, this))
     , m_bar(new BarProgress(tr("Backup progress"), Role::accent, this))
-    , m_percent(new FigureLabel({}, FontRole::bodyStrong, Role::primaryText, this))
+    , m_percent(new NumberLabel({}, FontRole::bodyStrong, Role::primaryText, this))
 {
     content()->setSpacing(0);
     content()->addWidget(new Label(tr("Backing Up…"), FontRole::headline, Role::primaryText, this));
@@ -67,23 +67,23 @@ ProgressPanel::ProgressPanel(const BackupProgress& progress, QWidget* parent)
     m_percent->setMinimumWidth(40);
     content()->addLayout(bar);
     content()->addSpacing(12);
-    auto* figures = new QHBoxLayout;
-    figures->setSpacing(6);
-    m_copied = addFigure(u"checkmark.circle"_s, figures);
-    m_skipped = addFigure(u"minus.circle"_s, figures);
-    m_size = addFigure(u"internaldrive"_s, figures);
-    figures->addStretch();
-    content()->addLayout(figures);
+    auto* numbers = new QHBoxLayout;
+    numbers->setSpacing(6);
+    m_copied = addNumber(u"checkmark.circle"_s, numbers);
+    m_skipped = addNumber(u"minus.circle"_s, numbers);
+    m_size = addNumber(u"internaldrive"_s, numbers);
+    numbers->addStretch();
+    content()->addLayout(numbers);
     setProgress(progress);
 }
 
-FigureLabel* ProgressPanel::addFigure(const QString& symbol, QHBoxLayout* row)
+NumberLabel* ProgressPanel::addNumber(const QString& symbol, QHBoxLayout* row)
 {
-    auto* figure = new FigureLabel({}, FontRole::secondary, Role::secondaryText, this);
+    auto* number = new NumberLabel({}, FontRole::secondary, Role::secondaryText, this);
     row->addWidget(new SymbolLabel(symbol, 14, Role::secondaryText, this));
-    row->addWidget(figure);
+    row->addWidget(number);
     row->addSpacing(14);
-    return figure;
+    return number;
 }
 
 void ProgressPanel::setProgress(const BackupProgress& progress)

@@ -13,7 +13,7 @@ namespace keelbright {
 
 class BarProgress;
 class ElidedLabel;
-class FigureLabel;
+class NumberLabel;
 
 /// A message to the user on a tint of its severity's colour.
 class RiskAlertCard : public Banner
@@ -36,7 +36,7 @@ public:
                            Role tile = Role::accent, QWidget* parent = nullptr);
 };
 
-/// A running backup in short: the file at hand, a bar with its percentage, and three figures.
+/// A running backup in short: the file at hand, a bar with its percentage, and three numbers.
 class ProgressPanel : public Card
 {
     Q_OBJECT
@@ -49,14 +49,14 @@ public:
     [[nodiscard]] static double fraction(const BackupProgress& progress);
 
 private:
-    FigureLabel* addFigure(const QString& symbol, class QHBoxLayout* row);
+    NumberLabel* addNumber(const QString& symbol, class QHBoxLayout* row);
 
     ElidedLabel* m_currentFile;
     BarProgress* m_bar;
-    FigureLabel* m_percent;
-    FigureLabel* m_copied;
-    FigureLabel* m_skipped;
-    FigureLabel* m_size;
+    NumberLabel* m_percent;
+    NumberLabel* m_copied;
+    NumberLabel* m_skipped;
+    NumberLabel* m_size;
 };
 
 } // namespace keelbright

@@ -1,6 +1,6 @@
 #include "Keelbright/widgets/Progress.h"
 
-#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/theme/Theme.h"
 
 #include <QPainter>
@@ -104,12 +104,12 @@ RingProgress::RingProgress(const QString& name, int diameter, int thickness, Rol
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-void RingProgress::setCenter(const QString& figure, const QString& word, bool isWordColored)
+void RingProgress::setCenter(const QString& number, const QString& caption, bool isCaptionColored)
 {
-    m_figure = figure;
-    m_word = word;
-    m_isWordColored = isWordColored;
-    setAccessibleDescription(word.isEmpty() ? figure : figure + u' ' + word);
+    m_number = number;
+    m_caption = caption;
+    m_isCaptionColored = isCaptionColored;
+    setAccessibleDescription(caption.isEmpty() ? number : number + u' ' + caption);
     update();
 }
 
@@ -123,21 +123,21 @@ void RingProgress::paintEvent(QPaintEvent*)
     drawArc(painter, rect(), m_thickness, track, 0, 360);
     if (shownFraction() > 0)
         drawArc(painter, rect(), m_thickness, theme.color(colorRole()), 90, -360 * shownFraction());
-    if (m_figure.isEmpty())
+    if (m_number.isEmpty())
         return;
-    const QFont figureFont = theme.font(FontRole::largeFigure);
-    QFont wordFont = theme.font(FontRole::secondary);
-    wordFont.setWeight(QFont::DemiBold);
-    const double figureHeight = QFontMetricsF(figureFont).capHeight();
-    const double wordHeight = m_word.isEmpty() ? 0 : QFontMetricsF(wordFont).capHeight();
-    const double between = m_word.isEmpty() ? 0 : 11;
-    const double top = (height() - figureHeight - between - wordHeight) / 2;
+    const QFont numberFont = theme.font(FontRole::largeNumber);
+    QFont captionFont = theme.font(FontRole::secondary);
+    captionFont.setWeight(QFont::DemiBold);
+    const double numberHeight = QFontMetricsF(numberFont).capHeight();
+    const double captionHeight = m_caption.isEmpty() ? 0 : QFontMetricsF(captionFont).capHeight();
+    const double between = m_caption.isEmpty() ? 0 : 11;
+    const double top = (height() - numberHeight - between - captionHeight) / 2;
     painter.setPen(theme.color(Role::primaryText));
-    TabularFigures::paint(painter, QRectF(0, top, width(), figureHeight), Qt::AlignHCenter, figureFont,
-                          m_figure);
-    painter.setPen(theme.color(m_isWordColored ? textRole(colorRole()) : Role::mutedText));
-    TabularFigures::paint(painter, QRectF(0, top + figureHeight + between, width(), wordHeight),
-                          Qt::AlignHCenter, wordFont, m_word);
+    TabularDigits::paint(painter, QRectF(0, top, width(), numberHeight), Qt::AlignHCenter, numberFont,
+                         m_number);
+    painter.setPen(theme.color(m_isCaptionColored ? textRole(colorRole()) : Role::mutedText));
+    TabularDigits::paint(painter, QRectF(0, top + numberHeight + between, width(), captionHeight),
+                         Qt::AlignHCenter, captionFont, m_caption);
 }
 
 Spinner::Spinner(const QString& name, int diameter, QWidget* parent)

@@ -54,7 +54,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// A ring that fills clockwise from the top, with a figure and a word in its centre.
+/// A ring that fills clockwise from the top, with a number and a caption in its centre.
 class RingProgress : public FractionBar
 {
     Q_OBJECT
@@ -62,12 +62,12 @@ class RingProgress : public FractionBar
 public:
     RingProgress(const QString& name, int diameter, int thickness, Role color = Role::accent,
                  QWidget* parent = nullptr);
-    /// The figure in the centre and the word below it, in the ring's colour or, muted, in grey.
-    void setCenter(const QString& figure, const QString& word, bool isWordColored = true);
+    /// The number in the centre and the caption below it, in the ring's colour or, muted, in grey.
+    void setCenter(const QString& number, const QString& caption, bool isCaptionColored = true);
 
-    [[nodiscard]] QString figure() const { return m_figure; }
+    [[nodiscard]] QString number() const { return m_number; }
 
-    [[nodiscard]] QString word() const { return m_word; }
+    [[nodiscard]] QString caption() const { return m_caption; }
 
     [[nodiscard]] QSize sizeHint() const override { return {m_diameter, m_diameter}; }
 
@@ -79,9 +79,9 @@ protected:
 private:
     int m_diameter;
     int m_thickness;
-    QString m_figure;
-    QString m_word;
-    bool m_isWordColored = true;
+    QString m_number;
+    QString m_caption;
+    bool m_isCaptionColored = true;
 };
 
 /// Turns while something of unknown length is under way; stands still where motion is reduced.

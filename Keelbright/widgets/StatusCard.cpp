@@ -1,7 +1,7 @@
 #include "Keelbright/widgets/StatusCard.h"
 
 #include "Keelbright/widgets/ElidedLabel.h"
-#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 
 #include <QVBoxLayout>
@@ -13,7 +13,7 @@ StatusCard::StatusCard(const QString& title, const QString& value, const QString
     : Card(parent)
     , m_title(title)
     , m_icon(new Tile(icon, color, Metrics::tile, this))
-    , m_value(new FigureLabel({}, FontRole::figure, Role::primaryText, this))
+    , m_value(new NumberLabel({}, FontRole::number, Role::primaryText, this))
 {
     content()->setSpacing(0);
     content()->addWidget(m_icon);

@@ -4,10 +4,10 @@
 
 namespace keelbright {
 
-class FigureLabel;
+class NumberLabel;
 class SymbolLabel;
 
-/// One figure: an icon in its colour, the value and what it is.
+/// One number: an icon in its colour, the value and what it is.
 class StatusCard : public Card
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
 private:
     QString m_title;
     SymbolLabel* m_icon;
-    FigureLabel* m_value;
+    NumberLabel* m_value;
 };
 
 } // namespace keelbright

@@ -96,7 +96,7 @@ private:
                     tr("Used regularly (%1 times total). Dormant for %2 months.").arg(uses, monthsSinceUsed)};
         }
         if (daysSinceUsed >= 91) {
-            // The unrounded figure decides on the plural: 1.6 months read "2 month".
+            // The unrounded number decides on the plural: 1.6 months read "2 month".
             const QString text = monthsInstalled < 2.0
                                      ? tr("Opened %1 times in %2 month. Last used %3 months ago.")
                                      : tr("Opened %1 times in %2 months. Last used %3 months ago.");

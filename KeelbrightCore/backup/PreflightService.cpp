@@ -107,7 +107,7 @@ private:
     {
         const qint64 required = requiredSpace(m_result.estimatedBytes);
         const qint64 available = m_result.destinationFreeSpace;
-        // Nothing free means that the figure is unknown.
+        // Nothing free means that the number is unknown.
         if (available > 0 && available < required)
             m_result.errors.append(
                 tr("Not enough space. Required: ~%1, Available: %2.")

@@ -12,7 +12,7 @@ namespace keelbright::HealthScoreService {
 /// that holds the home folder, and a quick estimate of the junk in caches, logs and Xcode's
 /// folders.
 ///
-/// Never fails: what can't be read is a figure of 0. Returns at once, from any thread. One job on
+/// Never fails: what can't be read is a number of 0. Returns at once, from any thread. One job on
 /// the utility pool that holds nothing of its caller and asks the clock once, after measuring;
 /// the future finishes there. An object of the main thread that may be destroyed meanwhile
 /// listens with a `QFutureWatcher`.

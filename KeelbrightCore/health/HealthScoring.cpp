@@ -14,17 +14,17 @@ namespace {
 
 constexpr double bytesPerGibibyte = 1'073'741'824.0;
 
-/// The points for a figure that lies under the limit.
+/// The points for a number that lies under the limit.
 struct Step
 {
     double limit;
     int points;
 };
 
-/// The points of the first step whose limit the figure lies under; none beyond the last.
-int pointsOf(double figure, std::span<const Step> steps)
+/// The points of the first step whose limit the number lies under; none beyond the last.
+int pointsOf(double number, std::span<const Step> steps)
 {
-    const auto step = std::ranges::find_if(steps, [&](const Step& one) { return figure < one.limit; });
+    const auto step = std::ranges::find_if(steps, [&](const Step& one) { return number < one.limit; });
     return step == steps.end() ? 0 : step->points;
 }
 
@@ -118,22 +118,22 @@ QString detailText(HealthScore::Grade, qint64 junkBytes, const std::optional<QDa
     return sentences.join(u' ');
 }
 
-HealthScore score(const Figures& figures, const QDateTime& now)
+HealthScore score(const Numbers& numbers, const QDateTime& now)
 {
-    const qint64 total = figures.diskTotalBytes;
-    const qint64 used = std::max<qint64>(total - figures.diskFreeBytes, 0);
-    const int backupPoints = backupScore(figures.lastBackup, now);
+    const qint64 total = numbers.diskTotalBytes;
+    const qint64 used = std::max<qint64>(total - numbers.diskFreeBytes, 0);
+    const int backupPoints = backupScore(numbers.lastBackup, now);
     const int diskPoints = diskScore(used, total);
-    const int junkPoints = junkScore(figures.junkBytes);
+    const int junkPoints = junkScore(numbers.junkBytes);
     const int points = backupPoints + diskPoints + junkPoints;
     const HealthScore::Grade grade = gradeFor(points);
     return {
         .grade = grade,
         .points = points,
-        .detail = detailText(grade, figures.junkBytes, figures.lastBackup, used, total, now),
+        .detail = detailText(grade, numbers.junkBytes, numbers.lastBackup, used, total, now),
         .diskUsedBytes = used,
         .diskTotalBytes = total,
-        .junkEstimateBytes = figures.junkBytes,
+        .junkEstimateBytes = numbers.junkBytes,
         .backupPoints = backupPoints,
         .diskPoints = diskPoints,
         .junkPoints = junkPoints,

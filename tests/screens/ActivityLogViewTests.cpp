@@ -120,7 +120,7 @@ TEST_F(ActivityLogViewTests, oneActionIsSingular)
               u"2 actions · 5 MB freed total"_s);
 }
 
-TEST_F(ActivityLogViewTests, figuresBeyondAllBoundsStayWithinThem)
+TEST_F(ActivityLogViewTests, numbersBeyondAllBoundsStayWithinThem)
 {
     constexpr qint64 most = std::numeric_limits<qint64>::max();
     constexpr qint64 least = std::numeric_limits<qint64>::min();

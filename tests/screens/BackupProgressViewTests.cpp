@@ -93,8 +93,8 @@ TEST_F(BackupProgressViewTests, showsTheRunningBackup)
     EXPECT_EQ(textsIn(view), (QStringList{u"Backing up to Anchor"_s, u"IMG_2041.heic"_s, u"Copied"_s, u"12"_s,
                                           u"Skipped"_s, u"3"_s, u"Size"_s, u"2.5 MB"_s}));
     auto* ring = view.findChild<RingProgress*>();
-    EXPECT_EQ(ring->figure(), u"53%"_s);
-    EXPECT_EQ(ring->word(), u"complete"_s);
+    EXPECT_EQ(ring->number(), u"53%"_s);
+    EXPECT_EQ(ring->caption(), u"complete"_s);
     EXPECT_DOUBLE_EQ(ring->fraction(), 15.0 / 28.0);
     EXPECT_EQ(ring->colorRole(), Role::accent);
     EXPECT_EQ(accessibleValue(ring), 53);
@@ -112,7 +112,7 @@ TEST_F(BackupProgressViewTests, beforeTheFirstFileItIsScanning)
     app.engine().setIsRunning(true);
     const BackupProgressView view(app, workspace);
     EXPECT_EQ(textsIn(view).mid(0, 2), (QStringList{u"Backing up to …"_s, u"Scanning files…"_s}));
-    EXPECT_EQ(view.findChild<RingProgress*>()->figure(), u"0%"_s);
+    EXPECT_EQ(view.findChild<RingProgress*>()->number(), u"0%"_s);
 }
 
 TEST_F(BackupProgressViewTests, theRingStaysAtHundredPercentWhileTheRunGoesOn)
@@ -123,7 +123,7 @@ TEST_F(BackupProgressViewTests, theRingStaysAtHundredPercentWhileTheRunGoesOn)
     progress.filesSkipped = 500;
     app.engine().setProgress(progress);
     const BackupProgressView view(app, workspace);
-    EXPECT_EQ(view.findChild<RingProgress*>()->figure(), u"100%"_s);
+    EXPECT_EQ(view.findChild<RingProgress*>()->number(), u"100%"_s);
     EXPECT_EQ(view.findChild<RingProgress*>()->fraction(), 1.0);
     EXPECT_NE(view.findChild<BackupRunningPanel*>(), nullptr);
 }
@@ -137,7 +137,7 @@ TEST_F(BackupProgressViewTests, thePercentageIsCutAndNotRounded)
     progress.totalFilesEstimate = 2'000;
     app.engine().setProgress(progress);
     const BackupProgressView view(app, workspace);
-    EXPECT_EQ(view.findChild<RingProgress*>()->figure(), u"99%"_s);
+    EXPECT_EQ(view.findChild<RingProgress*>()->number(), u"99%"_s);
 }
 
 TEST_F(BackupProgressViewTests, cancelAsksTheEngineToStop)

@@ -187,7 +187,7 @@ TEST_F(JunkCleanerViewTests, whereAllWasCleanItLooksAgainWhenItComesUpAgain)
     EXPECT_EQ(categories().texts(), QStringList(u"Log Files, 1 item, 1 MB"_s));
 }
 
-TEST_F(JunkCleanerViewTests, theCategoriesStandAtTheLeftWithTheirFigures)
+TEST_F(JunkCleanerViewTests, theCategoriesStandAtTheLeftWithTheirNumbers)
 {
     addSomeJunk();
     open();
@@ -410,7 +410,7 @@ TEST_F(JunkCleanerViewTests, whatIsConfirmedGoesToTheTrash)
     EXPECT_FALSE(
         mac.fileManager().fileExists(mac.home().appending(u"Library/Caches/com.example.editor"_s)).exists);
     EXPECT_EQ(categories().row(0).detail, u"1 item"_s);
-    EXPECT_EQ(categories().row(0).figure, u"5 MB"_s);
+    EXPECT_EQ(categories().row(0).value, u"5 MB"_s);
     EXPECT_TRUE(shows(u"1 items · 5 MB total"_s));
     EXPECT_TRUE(shows(u"Nothing selected"_s));
     ASSERT_EQ(activityStore.load().size(), 1);
@@ -613,7 +613,7 @@ TEST_F(JunkCleanerViewTests, aLargeSizeStandsOut)
     open();
     QList<Role> colors;
     for (int i = 0; i < items().count(); ++i)
-        colors.append(items().row(i).figureColor);
+        colors.append(items().row(i).valueColor);
     EXPECT_EQ(colors, (QList{Role::red, Role::orange, Role::orange, Role::primaryText}));
 }
 

@@ -1,6 +1,6 @@
 #include "Keelbright/screens/PreflightSummaryView.h"
 
-#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/Progress.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 #include "tests/screens/shared/ScreenTestCase.h"
@@ -67,7 +67,7 @@ protected:
 
     [[nodiscard]] static Role freeSpaceColor(const PreflightSummaryView& view)
     {
-        return view.findChildren<FigureLabel*>().last()->colorRole();
+        return view.findChildren<NumberLabel*>().last()->colorRole();
     }
 
     DriveFileManager files{mac.root()};

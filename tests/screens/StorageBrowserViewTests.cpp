@@ -60,13 +60,13 @@ protected:
         return nullptr;
     }
 
-    /// "title figure" of each row of the list.
+    /// "title number" of each row of the list.
     [[nodiscard]] static QStringList rows(const RowListView* list)
     {
         QStringList lines;
         for (int row = 0; row < list->rowModel()->rowCount(); ++row) {
             const ListRow shown = list->rowModel()->rowAt(row);
-            lines.append(shown.title + u' ' + shown.figure);
+            lines.append(shown.title + u' ' + shown.value);
         }
         return lines;
     }

@@ -37,7 +37,7 @@ public:
         shown.title = m_titles.at(row);
         shown.detail = QStringLiteral("/Users/mira/") + m_titles.at(row);
         shown.detailElide = Qt::ElideMiddle;
-        shown.figure = QStringLiteral("%1 MB").arg(row);
+        shown.value = QStringLiteral("%1 MB").arg(row);
         if (hasButtons) {
             shown.actions = {{QStringLiteral("folder"), QStringLiteral("Reveal in Finder")},
                              {QStringLiteral("trash"), QStringLiteral("Move to Trash"), true}};

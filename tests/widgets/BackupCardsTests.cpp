@@ -109,7 +109,7 @@ TEST(SourceRowCard, itsButtonRemovesAndNamesTheFolder)
     EXPECT_EQ(removals, 1);
 }
 
-TEST(ProgressPanel, showsFilePercentageAndFigures)
+TEST(ProgressPanel, showsFilePercentageAndNumbers)
 {
     const testing::TestMac mac; // American English
     BackupProgress progress;
@@ -124,7 +124,7 @@ TEST(ProgressPanel, showsFilePercentageAndFigures)
     EXPECT_EQ(testing::accessibleValue(panel.findChild<BarProgress*>()).toInt(), 68);
 }
 
-TEST(ProgressPanel, eachFigureHasItsSymbol)
+TEST(ProgressPanel, eachNumberHasItsSymbol)
 {
     const ProgressPanel panel({});
     QStringList symbols;

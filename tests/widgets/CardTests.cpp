@@ -73,7 +73,7 @@ TEST(CardButton, isPressedByKeyAndByAClickOnItsContent)
     EXPECT_EQ(testing::accessibleRole(&button), QAccessible::Button);
 }
 
-TEST(StatusCard, readsAsItsNameAndItsFigure)
+TEST(StatusCard, readsAsItsNameAndItsNumber)
 {
     StatusCard card(u"Files Copied"_s, u"1204"_s, u"doc.fill"_s, Role::green);
     EXPECT_EQ(accessibleName(&card), u"Files Copied: 1204"_s);

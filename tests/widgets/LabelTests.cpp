@@ -1,5 +1,5 @@
 #include "Keelbright/widgets/ElidedLabel.h"
-#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/NumberLabel.h"
 #include "tests/support/Accessible.h"
 #include "tests/support/Printing.h"
 #include "tests/support/ThemeGuard.h"
@@ -80,17 +80,17 @@ TEST(ElidedLabel, showsALineBreakInANameAsASign)
     EXPECT_EQ(label.text(), u"two␊lines"_s);
 }
 
-TEST(TabularFigures, giveEveryDigitTheSameWidth)
+TEST(TabularDigits, giveEveryDigitTheSameWidth)
 {
-    const QFont font = Theme::instance().font(FontRole::figure);
-    EXPECT_DOUBLE_EQ(TabularFigures::width(font, u"1111"_s), TabularFigures::width(font, u"8888"_s));
-    EXPECT_DOUBLE_EQ(TabularFigures::width(font, u"71.1 GB"_s), TabularFigures::width(font, u"80.4 GB"_s));
-    EXPECT_EQ(TabularFigures::width(font, QString()), 0);
+    const QFont font = Theme::instance().font(FontRole::number);
+    EXPECT_DOUBLE_EQ(TabularDigits::width(font, u"1111"_s), TabularDigits::width(font, u"8888"_s));
+    EXPECT_DOUBLE_EQ(TabularDigits::width(font, u"71.1 GB"_s), TabularDigits::width(font, u"80.4 GB"_s));
+    EXPECT_EQ(TabularDigits::width(font, QString()), 0);
 }
 
-TEST(FigureLabel, keepsItsWidthWhileItCounts)
+TEST(NumberLabel, keepsItsWidthWhileItCounts)
 {
-    FigureLabel label(u"1111 copied"_s, FontRole::secondary, Role::secondaryText);
+    NumberLabel label(u"1111 copied"_s, FontRole::secondary, Role::secondaryText);
     const QSize before = label.sizeHint();
     label.setText(u"2086 copied"_s);
     EXPECT_EQ(label.sizeHint(), before);

@@ -55,7 +55,7 @@ TEST(BarProgress, fillsItsShareOfTheWidth)
     EXPECT_NE(picture.pixel(110, 3), purple);
 }
 
-TEST(RingProgress, tellsItsValueAndItsFigure)
+TEST(RingProgress, tellsItsValueAndItsNumber)
 {
     RingProgress ring(u"Backup progress"_s, 120, 10);
     ring.setFraction(0.42);

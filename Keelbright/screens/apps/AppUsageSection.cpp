@@ -3,8 +3,8 @@
 #include "Keelbright/screens/apps/UsageLook.h"
 #include "Keelbright/screens/shared/CardGridLayout.h"
 #include "Keelbright/widgets/Card.h"
-#include "Keelbright/widgets/FigureLabel.h"
 #include "Keelbright/widgets/Headers.h"
+#include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 
 #include <QHBoxLayout>
@@ -17,20 +17,20 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// What it is and its value, beside a tile. A screen reader meets it as one thing.
-QWidget* makeFigure(const QString& title, const QString& value, const QString& icon, Role color)
+QWidget* makeNumber(const QString& title, const QString& value, const QString& icon, Role color)
 {
-    auto* figure = new QWidget;
-    figure->setAccessibleName(AppUsageSection::tr("%1 %2").arg(title, value));
-    auto* row = new QHBoxLayout(figure);
+    auto* number = new QWidget;
+    number->setAccessibleName(AppUsageSection::tr("%1 %2").arg(title, value));
+    auto* row = new QHBoxLayout(number);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(10);
-    row->addWidget(new Tile(icon, color, Metrics::tile, figure));
+    row->addWidget(new Tile(icon, color, Metrics::tile, number));
     auto* words = new QVBoxLayout;
     words->setSpacing(1);
-    words->addWidget(new FigureLabel(value, FontRole::sectionTitle, Role::primaryText, figure));
-    words->addWidget(new Label(title, FontRole::secondary, Role::secondaryText, figure));
+    words->addWidget(new NumberLabel(value, FontRole::sectionTitle, Role::primaryText, number));
+    words->addWidget(new Label(title, FontRole::secondary, Role::secondaryText, number));
     row->addLayout(words, 1);
-    return figure;
+    return number;
 }
 
 QHBoxLayout* makeVerdict(const AppInfo& app)
@@ -51,15 +51,15 @@ AppUsageSection::AppUsageSection(const AppInfo& app, const QDateTime& now, QWidg
 {
     const QString uses = app.useCount == 0 ? tr("Never") : QString::number(app.useCount);
     auto* card = new Card(this);
-    // Its height goes by how many figures stand side by side.
+    // Its height goes by how many numbers stand side by side.
     card->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    auto* figures = new CardGridLayout;
-    figures->setSpacing(12);
-    figures->addWidget(
-        makeFigure(tr("Last Opened"), app.lastUsedFormatted(now), u"clock.fill"_s, Role::accent));
-    figures->addWidget(makeFigure(tr("Times Opened"), uses, u"arrow.clockwise"_s, Role::purple));
-    figures->addWidget(makeFigure(tr("Installed"), app.installedFormatted(), u"calendar"_s, Role::green));
-    card->content()->addLayout(figures);
+    auto* numbers = new CardGridLayout;
+    numbers->setSpacing(12);
+    numbers->addWidget(
+        makeNumber(tr("Last Opened"), app.lastUsedFormatted(now), u"clock.fill"_s, Role::accent));
+    numbers->addWidget(makeNumber(tr("Times Opened"), uses, u"arrow.clockwise"_s, Role::purple));
+    numbers->addWidget(makeNumber(tr("Installed"), app.installedFormatted(), u"calendar"_s, Role::green));
+    card->content()->addLayout(numbers);
     card->content()->addWidget(new Separator(Qt::Horizontal, card));
     card->content()->addLayout(makeVerdict(app));
     content()->addWidget(card);

@@ -32,7 +32,7 @@ ListRow LeftoverListModel::rowAt(int row) const
     shown.title = titleAt(row);
     shown.detail =
         QCoreApplication::translate("AppLeftover", AppLeftover::rawValue(leftover.kind).toUtf8().constData());
-    shown.figure = leftover.formattedSize();
+    shown.value = leftover.formattedSize();
     shown.actions = {{.symbol = u"arrow.up.forward.square"_s, .name = tr("Reveal in Finder")}};
     return shown;
 }

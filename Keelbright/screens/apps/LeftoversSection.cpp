@@ -5,8 +5,8 @@
 #include "Keelbright/state/AppDetailVM.h"
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/Card.h"
-#include "Keelbright/widgets/FigureLabel.h"
 #include "Keelbright/widgets/Headers.h"
+#include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/rows/RowLayout.h"
 #include "Keelbright/widgets/rows/RowListView.h"
 #include "KeelbrightCore/platform/text/ByteCountFormatter.h"
@@ -55,7 +55,7 @@ QWidget* LeftoversSection::makeList()
     connect(m_list, &RowListView::actionPressed, this,
             [this](int row) { m_workspace.reveal(m_rows.leftovers().at(row).url); });
     column->addWidget(m_list);
-    m_total = new FigureLabel({}, FontRole::bodyStrong, Role::primaryText, found);
+    m_total = new NumberLabel({}, FontRole::bodyStrong, Role::primaryText, found);
     m_total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     auto* totalLine = new QHBoxLayout;
     totalLine->setContentsMargins(0, 10, RowMetrics::tablePadding, 6);

@@ -1,6 +1,6 @@
 #include "Keelbright/screens/backup/BackupFinishedPanel.h"
 
-#include "Keelbright/screens/backup/FigureStrip.h"
+#include "Keelbright/screens/backup/NumberStrip.h"
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/ElidedLabel.h"
@@ -26,7 +26,7 @@ BackupFinishedPanel::BackupFinishedPanel(const BackupReport& report, QWidget* pa
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(Metrics::cardSpacing);
     addOutcome(report);
-    addFigures(report);
+    addNumbers(report);
     addPlace(report);
     addButtons();
 }
@@ -49,16 +49,16 @@ void BackupFinishedPanel::addOutcome(const BackupReport& report)
     column->addSpacing(6);
 }
 
-void BackupFinishedPanel::addFigures(const BackupReport& report)
+void BackupFinishedPanel::addNumbers(const BackupReport& report)
 {
-    auto* figures = new FigureStrip(this);
-    figures->addFigure(tr("Files Copied"), u"doc.fill"_s);
-    figures->addFigure(tr("Data Copied"), u"internaldrive"_s);
-    figures->addFigure(tr("Skipped"), u"minus.circle"_s);
-    figures->setValue(0, QString::number(report.filesCopied));
-    figures->setValue(1, L10n::Formatters::bytes(report.bytesCopied));
-    figures->setValue(2, QString::number(report.filesSkipped));
-    layout()->addWidget(figures);
+    auto* numbers = new NumberStrip(this);
+    numbers->addNumber(tr("Files Copied"), u"doc.fill"_s);
+    numbers->addNumber(tr("Data Copied"), u"internaldrive"_s);
+    numbers->addNumber(tr("Skipped"), u"minus.circle"_s);
+    numbers->setValue(0, QString::number(report.filesCopied));
+    numbers->setValue(1, L10n::Formatters::bytes(report.bytesCopied));
+    numbers->setValue(2, QString::number(report.filesSkipped));
+    layout()->addWidget(numbers);
 }
 
 void BackupFinishedPanel::addPlace(const BackupReport& report)

@@ -6,7 +6,7 @@
 
 namespace keelbright {
 
-/// How a backup ended: three figures, where the files are, and the ways on.
+/// How a backup ended: three numbers, where the files are, and the ways on.
 class BackupFinishedPanel : public QWidget
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ Q_SIGNALS:
 
 private:
     void addOutcome(const BackupReport& report);
-    void addFigures(const BackupReport& report);
+    void addNumbers(const BackupReport& report);
     void addPlace(const BackupReport& report);
     void addButtons();
 };

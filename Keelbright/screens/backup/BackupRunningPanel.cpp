@@ -1,6 +1,6 @@
 #include "Keelbright/screens/backup/BackupRunningPanel.h"
 
-#include "Keelbright/screens/backup/FigureStrip.h"
+#include "Keelbright/screens/backup/NumberStrip.h"
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/ElidedLabel.h"
@@ -17,7 +17,7 @@ namespace {
 constexpr int ringDiameter = 184;
 constexpr int ringThickness = 14;
 
-enum Figure : qsizetype { copiedFigure, skippedFigure, sizeFigure };
+enum Number : qsizetype { copiedNumber, skippedNumber, sizeNumber };
 
 } // namespace
 
@@ -26,14 +26,14 @@ BackupRunningPanel::BackupRunningPanel(QWidget* parent)
     , m_ring(new RingProgress(tr("Backup progress"), ringDiameter, ringThickness, Role::accent, this))
     , m_destination(new ElidedLabel({}, FontRole::headline, Role::primaryText, Qt::ElideRight, this))
     , m_currentFile(new ElidedLabel({}, FontRole::body, Role::secondaryText, Qt::ElideRight, this))
-    , m_figures(new FigureStrip(this))
+    , m_numbers(new NumberStrip(this))
     , m_cancel(new Button(Button::Kind::bordered, tr("Cancel Backup"), {}, this))
 {
     m_destination->setAlignment(Qt::AlignCenter);
     m_currentFile->setAlignment(Qt::AlignCenter);
-    m_figures->addFigure(tr("Copied"), u"doc.fill"_s);
-    m_figures->addFigure(tr("Skipped"), u"minus.circle"_s);
-    m_figures->addFigure(tr("Size"), u"internaldrive"_s);
+    m_numbers->addNumber(tr("Copied"), u"doc.fill"_s);
+    m_numbers->addNumber(tr("Skipped"), u"minus.circle"_s);
+    m_numbers->addNumber(tr("Size"), u"internaldrive"_s);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
@@ -42,7 +42,7 @@ BackupRunningPanel::BackupRunningPanel(QWidget* parent)
     layout->addWidget(m_destination);
     layout->addWidget(m_currentFile);
     layout->addSpacing(20);
-    layout->addWidget(m_figures);
+    layout->addWidget(m_numbers);
     layout->addSpacing(20);
     layout->addWidget(m_cancel, 0, Qt::AlignHCenter);
     connect(m_cancel, &QPushButton::clicked, this, &BackupRunningPanel::cancelPressed);
@@ -60,12 +60,12 @@ void BackupRunningPanel::setProgress(const BackupProgress& progress)
     const double fraction = progress.fractionCompleted();
     m_ring->setFraction(fraction);
     const QString percent = QString::number(static_cast<int>(fraction * 100)) + u'%';
-    if (percent != m_ring->figure())
+    if (percent != m_ring->number())
         m_ring->setCenter(percent, tr("complete"), false);
     m_currentFile->setFullText(progress.currentFile.isEmpty() ? tr("Scanning files…") : progress.currentFile);
-    m_figures->setValue(copiedFigure, QString::number(progress.filesCopied));
-    m_figures->setValue(skippedFigure, QString::number(progress.filesSkipped));
-    m_figures->setValue(sizeFigure, L10n::Formatters::bytes(progress.bytesCopied));
+    m_numbers->setValue(copiedNumber, QString::number(progress.filesCopied));
+    m_numbers->setValue(skippedNumber, QString::number(progress.filesSkipped));
+    m_numbers->setValue(sizeNumber, L10n::Formatters::bytes(progress.bytesCopied));
 }
 
 void BackupRunningPanel::setCancelling(bool isCancelling)

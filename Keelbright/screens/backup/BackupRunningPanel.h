@@ -8,10 +8,10 @@ namespace keelbright {
 
 class Button;
 class ElidedLabel;
-class FigureStrip;
+class NumberStrip;
 class RingProgress;
 
-/// A running backup in full: how far it is, where it goes, the file at hand and three figures.
+/// A running backup in full: how far it is, where it goes, the file at hand and three numbers.
 class BackupRunningPanel : public QWidget
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ private:
     RingProgress* m_ring;
     ElidedLabel* m_destination;
     ElidedLabel* m_currentFile;
-    FigureStrip* m_figures;
+    NumberStrip* m_numbers;
     Button* m_cancel;
 };
 

@@ -9,7 +9,7 @@
 
 namespace keelbright {
 
-/// One figure of the Dashboard and the screen that tells more of it.
+/// One number of the Dashboard and the screen that tells more of it.
 struct Insight
 {
     QString title;

@@ -1,6 +1,6 @@
 #include "Keelbright/screens/dashboard/InsightCard.h"
 
-#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 
 #include <QHBoxLayout>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int tileSide = 28;
 constexpr int chevronSize = 16;
-/// So that the cards do not change places whenever a figure grows by a digit.
+/// So that the cards do not change places whenever a number grows by a digit.
 constexpr int leastWidth = 190;
 
 } // namespace
@@ -24,7 +24,7 @@ InsightCard::InsightCard(const Insight& insight, QWidget* parent)
     , m_insight(insight)
     , m_tile(new Tile(insight.icon, insight.color, tileSide, this))
     , m_title(new Label({}, FontRole::bodyStrong, Role::secondaryText, this))
-    , m_value(new FigureLabel({}, FontRole::figure, Role::primaryText, this))
+    , m_value(new NumberLabel({}, FontRole::number, Role::primaryText, this))
     , m_subtitle(new Label({}, FontRole::secondary, Role::secondaryText, this))
 {
     auto* column = new QVBoxLayout(this);

@@ -5,7 +5,7 @@
 
 namespace keelbright {
 
-class FigureLabel;
+class NumberLabel;
 class Label;
 class Tile;
 
@@ -27,7 +27,7 @@ private:
     Insight m_insight;
     Tile* m_tile;
     Label* m_title;
-    FigureLabel* m_value;
+    NumberLabel* m_value;
     Label* m_subtitle;
 };
 

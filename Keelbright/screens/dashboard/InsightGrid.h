@@ -9,7 +9,7 @@ namespace keelbright {
 class AppState;
 class InsightCard;
 
-/// The Dashboard's four figures; each leads to its screen.
+/// The Dashboard's four numbers; each leads to its screen.
 class InsightGrid : public QWidget
 {
     Q_OBJECT

@@ -56,12 +56,12 @@ ListRow JunkCategoryModel::rowAt(int row) const
     const QString count = QString::number(category.items.size());
     ListRow shown;
     shown.mark = ListRow::Mark::circle;
-    shown.markState = checkState(m_figures.at(row).state);
+    shown.markState = checkState(m_numbers.at(row).state);
     shown.symbol = category.icon;
     shown.symbolColor = junkCategoryColor(category.id);
     shown.title = category.title;
     shown.detail = category.items.size() == 1 ? tr("%1 item").arg(count) : tr("%1 items").arg(count);
-    shown.figure = m_figures.at(row).size;
+    shown.value = m_numbers.at(row).size;
     return shown;
 }
 
@@ -90,9 +90,9 @@ void JunkCategoryModel::followCategories()
 {
     beginResetModel();
     m_categories = m_vm.categories();
-    m_figures.clear();
+    m_numbers.clear();
     for (const JunkCategory& category : std::as_const(m_categories))
-        m_figures.append({category.formattedSize()});
+        m_numbers.append({category.formattedSize()});
     endResetModel();
 }
 
@@ -100,7 +100,7 @@ void JunkCategoryModel::followSelection()
 {
     for (int row = 0; row < m_categories.size(); ++row) {
         const JunkCleanerVM::SelectionState state = m_vm.selectionState(m_categories.at(row));
-        if (std::exchange(m_figures[row].state, state) != state)
+        if (std::exchange(m_numbers[row].state, state) != state)
             announceRows(row, row);
     }
 }

@@ -31,7 +31,7 @@ public:
 
 private:
     /// What would cost a walk over all items for each painting.
-    struct Figures
+    struct Numbers
     {
         QString size;
         JunkCleanerVM::SelectionState state = JunkCleanerVM::SelectionState::none;
@@ -42,7 +42,7 @@ private:
 
     const JunkCleanerVM& m_vm;
     QList<JunkCategory> m_categories;
-    QList<Figures> m_figures;
+    QList<Numbers> m_numbers;
 };
 
 } // namespace keelbright

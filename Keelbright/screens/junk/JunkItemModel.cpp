@@ -63,8 +63,8 @@ ListRow JunkItemModel::rowAt(int row) const
     shown.title = item.name();
     shown.detail = item.url.path();
     shown.detailElide = Qt::ElideMiddle;
-    shown.figure = item.formattedSize();
-    shown.figureColor = sizeColor(item.sizeBytes);
+    shown.value = item.formattedSize();
+    shown.valueColor = sizeColor(item.sizeBytes);
     shown.actions = {{.symbol = u"folder"_s, .name = tr("Reveal in Finder")}};
     return shown;
 }

@@ -51,7 +51,7 @@ ListRow FileProposalModel::rowAt(int row) const
     shown.detail = file.destination.path();
     shown.detailSymbol = u"arrow.right"_s;
     shown.detailElide = Qt::ElideMiddle;
-    shown.figure = file.formattedSize();
+    shown.value = file.formattedSize();
     shown.actions = {{.symbol = u"folder"_s, .name = tr("Reveal in Finder")}};
     return shown;
 }

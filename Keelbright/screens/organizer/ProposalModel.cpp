@@ -24,7 +24,7 @@ ListRow ProposalModel::rowAt(int row) const
     shown.symbol = icon(proposal.category);
     shown.title = folderName(proposal.category);
     shown.detail = proposal.files.size() == 1 ? tr("%1 file").arg(count) : tr("%1 files").arg(count);
-    shown.figure = m_sizes.at(row);
+    shown.value = m_sizes.at(row);
     return shown;
 }
 

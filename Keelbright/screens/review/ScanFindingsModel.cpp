@@ -92,8 +92,8 @@ ListRow ScanFindingsModel::rowAt(int row) const
     shown.symbolColor = hue(finding.severity);
     shown.title = finding.title;
     shown.detail = finding.detail;
-    shown.figure = finding.formattedSize();
-    shown.figureColor = finding.sizeBytes > bigSize ? Role::red : Role::primaryText;
+    shown.value = finding.formattedSize();
+    shown.valueColor = finding.sizeBytes > bigSize ? Role::red : Role::primaryText;
     if (const std::optional<RowAction> action = actionButton(finding))
         shown.actions.append(*action);
     return shown;

@@ -3,7 +3,7 @@
 #include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/screens/shared/Placeholder.h"
 #include "Keelbright/widgets/Button.h"
-#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/Progress.h"
 
 #include <QHBoxLayout>
@@ -135,7 +135,7 @@ QWidget* HealthCard::makeLoaded()
     connect(button, &QPushButton::clicked, this, &HealthCard::recalculateRequested);
     Pieces pieces{m_ring, m_headline, m_detail, {}, button};
     for (std::size_t i = 0; i < parts.size(); ++i) {
-        m_bands.at(i) = {new FigureLabel({}, FontRole::captionStrong, Role::primaryText),
+        m_bands.at(i) = {new NumberLabel({}, FontRole::captionStrong, Role::primaryText),
                          new BarProgress(tr(parts.at(i).name), parts.at(i).color)};
         pieces.bands.at(i) = {m_bands.at(i).label, m_bands.at(i).bar};
     }

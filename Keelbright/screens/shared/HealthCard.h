@@ -9,7 +9,7 @@
 namespace keelbright {
 
 class BarProgress;
-class FigureLabel;
+class NumberLabel;
 class Label;
 class RingProgress;
 
@@ -32,7 +32,7 @@ Q_SIGNALS:
 private:
     struct Band
     {
-        FigureLabel* label;
+        NumberLabel* label;
         BarProgress* bar;
     };
 

@@ -3,7 +3,7 @@
 #include "Keelbright/screens/shared/FlowLayout.h"
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/widgets/DisplayText.h"
-#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/theme/Theme.h"
 
 #include <QHBoxLayout>
@@ -35,7 +35,7 @@ public:
         layout->setContentsMargins(dotSize + 5, 0, 0, 0);
         layout->setSpacing(5);
         layout->addWidget(new Label(share.label, FontRole::secondary, Role::secondaryText, this));
-        layout->addWidget(new FigureLabel(L10n::Formatters::bytes(share.bytes), FontRole::secondary,
+        layout->addWidget(new NumberLabel(L10n::Formatters::bytes(share.bytes), FontRole::secondary,
                                           Role::primaryText, this));
         connect(&Theme::instance(), &Theme::changed, this, qOverload<>(&QWidget::update));
     }

@@ -43,7 +43,7 @@ ListRow LargeFileModel::rowAt(int row) const
     shown.title = file.name();
     shown.detail = file.url.deletingLastPathComponent().path();
     shown.detailElide = Qt::ElideMiddle;
-    shown.figure = file.formattedSize();
+    shown.value = file.formattedSize();
     shown.actions = {
         {.symbol = u"folder"_s, .name = tr("Reveal in Finder")},
         {.symbol = u"trash"_s, .name = tr("Move to Trash"), .isDelete = true},

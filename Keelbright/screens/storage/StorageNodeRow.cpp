@@ -108,7 +108,7 @@ ListRow StorageNodeRow::listRow() const
     row.symbol = iconName();
     row.symbolColor = iconColor();
     row.title = node.name;
-    row.figure = node.formattedSize();
+    row.value = node.formattedSize();
     row.bar = node.fraction(totalBytes);
     row.barColor = barColor();
     row.barOpacity = barOpacity();

@@ -21,7 +21,7 @@ struct RowAction
 };
 
 /// One row of a long list as it stands on screen: made when it is painted, pointed at or read out,
-/// and not kept. From the left: mark, rank, picture, words, figure, actions, chevron. What is empty
+/// and not kept. From the left: mark, rank, picture, words, number, actions, chevron. What is empty
 /// takes no room.
 struct ListRow
 {
@@ -53,17 +53,17 @@ struct ListRow
     QString detail;
     QString detailSymbol;                           ///< before the detail
     Qt::TextElideMode detailElide = Qt::ElideRight; ///< paths are cut in the middle
-    QString capsule;                                ///< a small figure on a tint behind the detail
+    QString capsule;                                ///< a small number on a tint behind the detail
     Role capsuleColor = Role::secondaryText;
 
-    QString figure;
-    Role figureColor = Role::secondaryText;
+    QString value;
+    Role valueColor = Role::secondaryText;
     std::optional<double> bar; ///< a thin bar below the row, from 0 to 1
     Role barColor = Role::accent;
     double barOpacity = 1;
 
     QList<RowAction> actions;
-    /// Room is kept for that many symbols, so that the figures of rows with fewer stand in one column.
+    /// Room is kept for that many symbols, so that the numbers of rows with fewer stand in one column.
     qsizetype actionRoom = 0;
     QList<RowAction> menuActions; ///< no buttons: further down in the context menu, and for the Delete key
     bool hasChevron = false;

@@ -1,7 +1,7 @@
 #include "Keelbright/widgets/rows/RowLayout.h"
 
 #include "Keelbright/widgets/DisplayText.h"
-#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/theme/Theme.h"
 
 #include <QFontMetrics>
@@ -104,11 +104,11 @@ void layOutTrailing(const ListRow& row, Room& room, RowLayout& layout)
     }
     for (qsizetype i = row.actions.size(); i < row.actionRoom; ++i)
         (void)room.takeRight({side, side}, buttonGap);
-    if (row.figure.isEmpty())
+    if (row.value.isEmpty())
         return;
     const QFont font = Theme::instance().font(FontRole::body);
-    const int width = static_cast<int>(std::ceil(TabularFigures::width(font, row.figure)));
-    layout.figure = room.takeRight({width, QFontMetrics(font).height()}, gap);
+    const int width = static_cast<int>(std::ceil(TabularDigits::width(font, row.value)));
+    layout.value = room.takeRight({width, QFontMetrics(font).height()}, gap);
 }
 
 /// A word that gives way and what stands behind it and does not.

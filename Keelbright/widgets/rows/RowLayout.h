@@ -19,7 +19,7 @@ struct RowLayout
     QRect detailSymbol;
     QRect detail;
     QRect capsule;
-    QRect figure;
+    QRect value;
     QRect bar; ///< as long as its fraction
     QList<QRect> actions;
     QRect chevron;

@@ -21,7 +21,7 @@ QString RowModel::accessibleText(int row) const
     const ListRow shown = rowAt(row);
     QStringList words;
     for (const QString& text :
-         {shown.rank, shown.title, shown.tag, shown.aside, shown.detail, shown.capsule, shown.figure}) {
+         {shown.rank, shown.title, shown.tag, shown.aside, shown.detail, shown.capsule, shown.value}) {
         if (!text.isEmpty())
             words.append(displayText(text));
     }

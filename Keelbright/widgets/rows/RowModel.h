@@ -27,7 +27,7 @@ public:
     /// Its title alone, which typing letters looks for in every row; to be given by lists that grow.
     [[nodiscard]] virtual QString titleAt(int row) const;
 
-    /// What a screen reader says of the row: its words and its figures.
+    /// What a screen reader says of the row: its words and its numbers.
     [[nodiscard]] virtual QString accessibleText(int row) const;
 
     /// Titles, accessible texts and marks, from the above.

@@ -1,7 +1,7 @@
 #include "Keelbright/widgets/rows/RowPainting.h"
 
 #include "Keelbright/widgets/DisplayText.h"
-#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/theme/Symbol.h"
 #include "Keelbright/widgets/theme/Theme.h"
 
@@ -111,18 +111,18 @@ void paintCapsule(QPainter& painter, const QRect& rect, Role hue, const QString&
               hue == Role::secondaryText ? Role::mutedText : textRole(hue), text);
 }
 
-void paintFigures(QPainter& painter, const ListRow& row, const RowLayout& layout, Surface surface)
+void paintNumbers(QPainter& painter, const ListRow& row, const RowLayout& layout, Surface surface)
 {
     const Theme& theme = Theme::instance();
     if (!row.rank.isEmpty()) {
         painter.setPen(theme.color(wordRole(Role::secondaryText, surface)));
-        TabularFigures::paint(painter, layout.rank, Qt::AlignRight | Qt::AlignVCenter,
-                              theme.font(FontRole::secondary), row.rank);
+        TabularDigits::paint(painter, layout.rank, Qt::AlignRight | Qt::AlignVCenter,
+                             theme.font(FontRole::secondary), row.rank);
     }
-    if (!row.figure.isEmpty()) {
-        painter.setPen(theme.color(wordRole(row.figureColor, surface)));
-        TabularFigures::paint(painter, layout.figure, Qt::AlignRight | Qt::AlignVCenter,
-                              theme.font(FontRole::body), row.figure);
+    if (!row.value.isEmpty()) {
+        painter.setPen(theme.color(wordRole(row.valueColor, surface)));
+        TabularDigits::paint(painter, layout.value, Qt::AlignRight | Qt::AlignVCenter,
+                             theme.font(FontRole::body), row.value);
     }
 }
 
@@ -150,7 +150,7 @@ void paintRow(QPainter& painter, const ListRow& row, const RowLayout& layout, Su
         paintSymbol(painter, layout.detailSymbol, row.detailSymbol, faint);
     paintText(painter, layout.detail, FontRole::secondary, faint, row.detail, row.detailElide);
     paintCapsule(painter, layout.capsule, row.capsuleColor, row.capsule, surface);
-    paintFigures(painter, row, layout, surface);
+    paintNumbers(painter, row, layout, surface);
     if (row.bar && layout.bar.width() > 0)
         paintBar(painter, row, layout.bar);
     if (row.hasChevron && row.chevronColor != Role::window)

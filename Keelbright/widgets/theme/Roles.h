@@ -81,8 +81,8 @@ enum class FontRole {
     caption,       ///< 11.5
     captionStrong, ///< 11 medium, labels of small bars
     groupTitle,    ///< 11.5 semibold, above a group of rows
-    figure,        ///< 20 semibold
-    largeFigure,   ///< 28 bold, in a ring
+    number,        ///< 20 semibold
+    largeNumber,   ///< 28 bold, in a ring
 };
 
 /// Measures of the layout, in device-independent pixels.

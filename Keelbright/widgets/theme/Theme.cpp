@@ -46,9 +46,9 @@ FontToken fontToken(FontRole role)
         return {11, QFont::Medium};
     case FontRole::groupTitle:
         return {11.5, QFont::DemiBold};
-    case FontRole::figure:
+    case FontRole::number:
         return {20, QFont::DemiBold};
-    case FontRole::largeFigure:
+    case FontRole::largeNumber:
         return {28, QFont::Bold};
     }
     return {13, QFont::Normal};

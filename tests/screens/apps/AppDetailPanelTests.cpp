@@ -81,7 +81,7 @@ TEST_F(AppDetailPanelTests, theHeaderHasTheIconOfTheApplication)
               icons.icon(bundle(u"Sketchbook"_s), label->width()).toImage().pixelColor(middle));
 }
 
-TEST_F(AppDetailPanelTests, itsUseIsToldInThreeFiguresAndAVerdict)
+TEST_F(AppDetailPanelTests, itsUseIsToldInThreeNumbersAndAVerdict)
 {
     const auto panel = makeSettledPanel(sketchbook());
     const QStringList names = accessibleNames(*panel);
@@ -371,7 +371,7 @@ TEST_F(AppDetailPanelTests, everyControlHasANameAndIsReachedByTab)
     expectEveryControlIsNamedAndReachedByTab(*panel);
 }
 
-TEST_F(AppDetailPanelTests, theFiguresStandBelowEachOtherWhereThePanelIsNarrow)
+TEST_F(AppDetailPanelTests, theNumbersStandBelowEachOtherWhereThePanelIsNarrow)
 {
     const auto panel = makeSettledPanel(sketchbook());
     panel->resize(340, 560);
@@ -379,8 +379,8 @@ TEST_F(AppDetailPanelTests, theFiguresStandBelowEachOtherWhereThePanelIsNarrow)
     QList<QRect> rects;
     for (auto* shown : panel->findChildren<QWidget*>()) {
         const QString name = shown->accessibleName();
-        for (const QString& figure : {u"Last Opened "_s, u"Times Opened "_s, u"Installed "_s}) {
-            if (name.startsWith(figure))
+        for (const QString& number : {u"Last Opened "_s, u"Times Opened "_s, u"Installed "_s}) {
+            if (name.startsWith(number))
                 rects.append({shown->mapTo(panel.get(), QPoint()), shown->size()});
         }
         const auto* label = qobject_cast<QLabel*>(shown);

@@ -142,7 +142,7 @@ TEST(LeftoverListModel, isSoundAndTellsNameKindAndSize)
     EXPECT_EQ(row.symbolColor, Role::orange);
     EXPECT_EQ(row.title, u"org.example.ink"_s);
     EXPECT_EQ(row.detail, u"Cache"_s);
-    EXPECT_EQ(row.figure, u"1.2 MB"_s);
+    EXPECT_EQ(row.value, u"1.2 MB"_s);
     ASSERT_EQ(row.actions.size(), 1);
     EXPECT_EQ(row.actions.first().symbol, u"arrow.up.forward.square"_s);
     EXPECT_EQ(row.actions.first().name, u"Reveal in Finder"_s);

@@ -35,7 +35,7 @@ protected:
 
 } // namespace
 
-TEST_F(AppUsageSectionTests, tellsThreeFiguresAndTheVerdict)
+TEST_F(AppUsageSectionTests, tellsThreeNumbersAndTheVerdict)
 {
     const AppUsageSection section(app(usedLongAgo()), mac.clock()());
     EXPECT_EQ(textsIn(section),
@@ -44,7 +44,7 @@ TEST_F(AppUsageSectionTests, tellsThreeFiguresAndTheVerdict)
                            u"Used heavily before (640 times, ~21/mo). Dormant for 6 months."_s}));
 }
 
-TEST_F(AppUsageSectionTests, eachFigureHasItsSymbolInItsColourAndTheVerdictThatOfItsCategory)
+TEST_F(AppUsageSectionTests, eachNumberHasItsSymbolInItsColourAndTheVerdictThatOfItsCategory)
 {
     const AppUsageSection section(app(usedLongAgo()), mac.clock()());
     const auto symbols = symbolsIn(section);

@@ -82,7 +82,7 @@ TEST_F(ScanFindingsModelTests, aRowShowsSeverityWordsAndSize)
     EXPECT_EQ(row.symbolColor, Role::orange);
     EXPECT_EQ(row.title, u"User Caches"_s);
     EXPECT_EQ(row.detail, u"Explained"_s);
-    EXPECT_EQ(row.figure, u"412 MB"_s);
+    EXPECT_EQ(row.value, u"412 MB"_s);
 }
 
 TEST_F(ScanFindingsModelTests, theDotTellsTheSeverityAlsoInWords)
@@ -105,10 +105,10 @@ TEST_F(ScanFindingsModelTests, oneGibibyteIsPlainAndAByteMoreIsRed)
 {
     ScanFinding shown = finding(Category::junk, u"User Caches"_s);
     shown.sizeBytes = gibibyte;
-    EXPECT_EQ(rowOf(shown).figure, u"1.07 GB"_s);
-    EXPECT_EQ(rowOf(shown).figureColor, Role::primaryText);
+    EXPECT_EQ(rowOf(shown).value, u"1.07 GB"_s);
+    EXPECT_EQ(rowOf(shown).valueColor, Role::primaryText);
     shown.sizeBytes = gibibyte + 1;
-    EXPECT_EQ(rowOf(shown).figureColor, Role::red);
+    EXPECT_EQ(rowOf(shown).valueColor, Role::red);
 }
 
 TEST_F(ScanFindingsModelTests, withoutASizeThereIsNone)
@@ -116,7 +116,7 @@ TEST_F(ScanFindingsModelTests, withoutASizeThereIsNone)
     ScanFinding shown = finding(Category::junk, u"User Caches"_s);
     for (const qint64 bytes : {0, -1}) {
         shown.sizeBytes = bytes;
-        EXPECT_EQ(rowOf(shown).figure, QString());
+        EXPECT_EQ(rowOf(shown).value, QString());
     }
 }
 

@@ -87,8 +87,8 @@ TEST_F(ScanReportPanelTests, theScoreStandsInTheBannerWhereThereIsOne)
     panel.setReport(shown);
     const auto* ring = panel.findChild<RingProgress*>();
     EXPECT_TRUE(ring->isVisibleTo(&panel));
-    EXPECT_EQ(ring->figure(), u"82"_s);
-    EXPECT_EQ(ring->word(), u"Health"_s);
+    EXPECT_EQ(ring->number(), u"82"_s);
+    EXPECT_EQ(ring->caption(), u"Health"_s);
     EXPECT_DOUBLE_EQ(ring->fraction(), 0.82);
     EXPECT_EQ(ring->colorRole(), Role::jade);
     EXPECT_EQ(ring->accessibleName(), u"Health"_s);

@@ -35,7 +35,7 @@ TEST_F(LargestFilesPanelTests, aRowTellsRankNameFolderAndSize)
     EXPECT_EQ(film.title, u"Film.MOV"_s);
     EXPECT_EQ(film.detail, u"/Users/mira"_s);
     EXPECT_EQ(film.detailElide, Qt::ElideMiddle);
-    EXPECT_EQ(film.figure, u"5 MB"_s);
+    EXPECT_EQ(film.value, u"5 MB"_s);
     ASSERT_EQ(film.actions.size(), 2);
     EXPECT_EQ(film.actions.at(0).name, u"Reveal in Finder"_s);
     EXPECT_EQ(film.actions.at(0).symbol, u"folder"_s);

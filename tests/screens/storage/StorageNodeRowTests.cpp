@@ -91,7 +91,7 @@ TEST(StorageNodeRow, aSingleFileIsRed)
 {
     const ListRow shown = row(u"film.mov"_s, false, 2'500'000, 2'500'000).listRow();
     EXPECT_EQ(shown.title, u"film.mov"_s);
-    EXPECT_EQ(shown.figure, u"2.5 MB"_s);
+    EXPECT_EQ(shown.value, u"2.5 MB"_s);
     EXPECT_EQ(shown.picture, ListRow::Picture::tile);
     EXPECT_EQ(shown.symbol, u"film.fill"_s);
     EXPECT_EQ(shown.symbolColor, Role::red);
@@ -126,8 +126,8 @@ TEST(StorageNodeRow, theSizesOfFoldersAndFilesStandInOneColumn)
     const QRect place(0, 0, 600, 48);
     const RowLayout folder = layOutRow(row(u"a"_s, true, 1'000, 10'000).listRow(), place, 10);
     const RowLayout file = layOutRow(row(u"b"_s, false, 1'000, 10'000).listRow(), place, 10);
-    ASSERT_FALSE(folder.figure.isEmpty());
-    EXPECT_EQ(folder.figure, file.figure);
+    ASSERT_FALSE(folder.value.isEmpty());
+    EXPECT_EQ(folder.value, file.value);
     EXPECT_EQ(folder.actions.last(), file.actions.last());
 }
 

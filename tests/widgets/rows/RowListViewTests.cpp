@@ -74,7 +74,7 @@ TEST_F(RowListViewTest, itsModelIsSound)
     EXPECT_EQ(model.rowCount(), 2);
 }
 
-TEST_F(RowListViewTest, aRowIsReadAsItsWordsAndItsFigures)
+TEST_F(RowListViewTest, aRowIsReadAsItsWordsAndItsNumbers)
 {
     EXPECT_EQ(model.index(2).data(Qt::AccessibleTextRole).toString(),
               u"Pictures, /Users/mira/Pictures, 2 MB"_s);
@@ -340,9 +340,9 @@ TEST_F(RowListViewTest, nothingOfARowOverlapsInANarrowList)
             layOutRow(model.rowAt(0), QRect(0, 0, width, RowMetrics::tableRow), RowMetrics::tablePadding);
         EXPECT_LT(layout.mark.right(), layout.picture.left());
         EXPECT_LT(layout.picture.right(), layout.title.left());
-        EXPECT_LT(layout.title.right(), layout.figure.left()) << width;
-        EXPECT_LT(layout.detail.right(), layout.figure.left()) << width;
-        EXPECT_LT(layout.figure.right(), layout.actions.at(0).left());
+        EXPECT_LT(layout.title.right(), layout.value.left()) << width;
+        EXPECT_LT(layout.detail.right(), layout.value.left()) << width;
+        EXPECT_LT(layout.value.right(), layout.actions.at(0).left());
         EXPECT_LT(layout.actions.at(1).right(), width);
     }
 }

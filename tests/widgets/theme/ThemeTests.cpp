@@ -75,7 +75,7 @@ TEST(Theme, fontsHaveTheSizesAndWeightsOfTheirRoles)
     EXPECT_NEAR(theme.font(FontRole::pageTitle).pointSizeF(), 19.5, 0.01); // 26 pixels at 96 dpi
     EXPECT_EQ(theme.font(FontRole::pageTitle).weight(), QFont::Bold);
     EXPECT_NEAR(theme.font(FontRole::body).pointSizeF(), 9.75, 0.01);
-    EXPECT_EQ(theme.font(FontRole::figure).weight(), QFont::DemiBold);
+    EXPECT_EQ(theme.font(FontRole::number).weight(), QFont::DemiBold);
     EXPECT_NEAR(theme.font(FontRole::captionStrong).pointSizeF(), 8.25, 0.01);
 }
 

@@ -1,7 +1,7 @@
-#include "Keelbright/screens/backup/FigureStrip.h"
+#include "Keelbright/screens/backup/NumberStrip.h"
 
-#include "Keelbright/widgets/FigureLabel.h"
 #include "Keelbright/widgets/Headers.h"
+#include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 
 #include <QHBoxLayout>
@@ -15,7 +15,7 @@ constexpr int iconSize = 15;
 
 } // namespace
 
-FigureStrip::FigureStrip(QWidget* parent)
+NumberStrip::NumberStrip(QWidget* parent)
     : Card(parent)
     , m_row(new QHBoxLayout)
 {
@@ -23,9 +23,9 @@ FigureStrip::FigureStrip(QWidget* parent)
     content()->addLayout(m_row);
 }
 
-void FigureStrip::addFigure(const QString& title, const QString& icon)
+void NumberStrip::addNumber(const QString& title, const QString& icon)
 {
-    if (!m_figures.isEmpty())
+    if (!m_numbers.isEmpty())
         m_row->addWidget(new Separator(Qt::Vertical, this));
     auto* cell = new QWidget(this);
     auto* column = new QVBoxLayout(cell);
@@ -37,21 +37,21 @@ void FigureStrip::addFigure(const QString& title, const QString& icon)
     name->addWidget(new SymbolLabel(icon, iconSize, Role::secondaryText, cell));
     name->addWidget(new Label(title, FontRole::secondary, Role::secondaryText, cell));
     name->addStretch();
-    auto* value = new FigureLabel({}, FontRole::figure, Role::primaryText, cell);
+    auto* value = new NumberLabel({}, FontRole::number, Role::primaryText, cell);
     value->setAlignment(Qt::AlignCenter);
     column->addWidget(value);
     column->addLayout(name);
     m_row->addWidget(cell, 1);
-    m_figures.append({title, cell, value});
+    m_numbers.append({title, cell, value});
 }
 
-void FigureStrip::setValue(qsizetype index, const QString& value)
+void NumberStrip::setValue(qsizetype index, const QString& value)
 {
-    const Figure& figure = m_figures.at(index);
-    if (figure.value->text() == value)
+    const Number& number = m_numbers.at(index);
+    if (number.value->text() == value)
         return;
-    figure.value->setText(value);
-    figure.cell->setAccessibleName(tr("%1 %2").arg(figure.title, value));
+    number.value->setText(value);
+    number.cell->setAccessibleName(tr("%1 %2").arg(number.title, value));
 }
 
 } // namespace keelbright

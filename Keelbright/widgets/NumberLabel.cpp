@@ -1,4 +1,4 @@
-#include "Keelbright/widgets/FigureLabel.h"
+#include "Keelbright/widgets/NumberLabel.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -45,13 +45,13 @@ double layOut(const QFont& font, const QString& text,
 
 } // namespace
 
-double TabularFigures::width(const QFont& font, const QString& text)
+double TabularDigits::width(const QFont& font, const QString& text)
 {
     return layOut(font, text, [](double, const QString&) {});
 }
 
-void TabularFigures::paint(QPainter& painter, const QRectF& rect, Qt::Alignment alignment, const QFont& font,
-                           const QString& text)
+void TabularDigits::paint(QPainter& painter, const QRectF& rect, Qt::Alignment alignment, const QFont& font,
+                          const QString& text)
 {
     const QFontMetricsF metrics(font);
     double left = rect.left();
@@ -67,22 +67,22 @@ void TabularFigures::paint(QPainter& painter, const QRectF& rect, Qt::Alignment 
     painter.restore();
 }
 
-FigureLabel::FigureLabel(const QString& text, FontRole font, Role color, QWidget* parent)
+NumberLabel::NumberLabel(const QString& text, FontRole font, Role color, QWidget* parent)
     : Label(text, font, color, parent)
 {
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
 }
 
-QSize FigureLabel::sizeHint() const
+QSize NumberLabel::sizeHint() const
 {
-    return {static_cast<int>(std::ceil(TabularFigures::width(font(), text()))), fontMetrics().height()};
+    return {static_cast<int>(std::ceil(TabularDigits::width(font(), text()))), fontMetrics().height()};
 }
 
-void FigureLabel::paintEvent(QPaintEvent*)
+void NumberLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::WindowText));
-    TabularFigures::paint(painter, contentsRect(), alignment(), font(), text());
+    TabularDigits::paint(painter, contentsRect(), alignment(), font(), text());
 }
 
 } // namespace keelbright

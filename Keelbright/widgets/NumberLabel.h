@@ -6,24 +6,24 @@ class QFontMetricsF;
 
 namespace keelbright {
 
-/// Digits of one width, so that a figure does not tremble while it counts and columns line up.
+/// Digits of one width, so that a number does not tremble while it counts and columns line up.
 /// (The font has such digits, but this toolkit version can't ask a font for a feature.)
-namespace TabularFigures {
+namespace TabularDigits {
 
 [[nodiscard]] double width(const QFont& font, const QString& text);
 /// Draws on one line within `rect`, aligned left, right or centred, in the painter's pen.
 void paint(QPainter& painter, const QRectF& rect, Qt::Alignment alignment, const QFont& font,
            const QString& text);
 
-} // namespace TabularFigures
+} // namespace TabularDigits
 
-/// A figure with its unit ("1.64 GB"), in tabular digits. Never cut.
-class FigureLabel : public Label
+/// A number with its unit ("1.64 GB"), in tabular digits. Never cut.
+class NumberLabel : public Label
 {
     Q_OBJECT
 
 public:
-    FigureLabel(const QString& text, FontRole font, Role color, QWidget* parent = nullptr);
+    NumberLabel(const QString& text, FontRole font, Role color, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override;
 

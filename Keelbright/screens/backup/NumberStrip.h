@@ -8,32 +8,32 @@ class QHBoxLayout;
 
 namespace keelbright {
 
-class FigureLabel;
+class NumberLabel;
 
-/// A card with a few figures side by side: what each one is, with an icon, and its value. A
+/// A card with a few numbers side by side: what each one is, with an icon, and its value. A
 /// screen reader meets each as one thing ("Copied 12").
-class FigureStrip : public Card
+class NumberStrip : public Card
 {
     Q_OBJECT
 
 public:
-    explicit FigureStrip(QWidget* parent = nullptr);
+    explicit NumberStrip(QWidget* parent = nullptr);
 
     /// To the right of those already there.
-    void addFigure(const QString& title, const QString& icon);
-    /// Figures count from 0 in the order in which they were added.
+    void addNumber(const QString& title, const QString& icon);
+    /// Numbers count from 0 in the order in which they were added.
     void setValue(qsizetype index, const QString& value);
 
 private:
-    struct Figure
+    struct Number
     {
         QString title;
         QWidget* cell;
-        FigureLabel* value;
+        NumberLabel* value;
     };
 
     QHBoxLayout* m_row;
-    QList<Figure> m_figures;
+    QList<Number> m_numbers;
 };
 
 } // namespace keelbright
