@@ -1,5 +1,6 @@
 #include "Keelbright/state/AppState.h"
 
+#include "KeelbrightCore/platform/system/Logging.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 
 namespace keelbright {
@@ -75,6 +76,7 @@ void AppState::watchEngine()
 
 void AppState::setSelectedScreen(std::optional<Screen> screen)
 {
+    qCDebug(stateLog).noquote() << "screen:" << (screen ? rawValue(*screen) : u"none"_s);
     m_selectedScreen = screen;
     Q_EMIT selectedScreenChanged();
     Q_EMIT changed();
@@ -179,6 +181,7 @@ bool AppState::confirmBackup()
 {
     if (!m_selectedDestination)
         return false;
+    qCDebug(stateLog) << "backup confirmed";
     m_engine.startBackup({QUuid::createUuid(), allEnabledSources(), *m_selectedDestination, now()});
     setSelectedScreen(Screen::backupProgress);
     return true;
@@ -190,6 +193,8 @@ void AppState::handleEngineCompletion()
     if (!finished)
         return;
     const BackupReport report = *finished;
+    qCDebug(stateLog) << "backup ended:" << report.filesCopied << "files copied," << report.errors.size()
+                      << "error lines";
     setLastReport(report);
     setLastBackupTime(report.completedAt);
     const bool hasErrors = !report.errors.isEmpty();

@@ -3,6 +3,7 @@
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/FolderChooser.h"
 #include "KeelbrightCore/platform/system/Console.h"
+#include "KeelbrightCore/platform/system/Logging.h"
 #include "KeelbrightCore/platform/system/UserDefaults.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 
@@ -51,6 +52,13 @@ std::optional<QList<BackupSource>> legacySources(const UserDefaults& defaults)
     return *std::move(sources);
 }
 
+/// For the log: how many folders go where.
+QString choiceText(const QList<BackupSource>& sources, const std::optional<BackupDestination>& destination)
+{
+    const QString place = destination ? u"destination "_s + destination->url.path() : u"no destination"_s;
+    return u"%1 folders, %2"_s.arg(QString::number(sources.size()), place);
+}
+
 } // namespace
 
 void AppState::loadPersistedState()
@@ -68,6 +76,7 @@ void AppState::loadPersistedState()
     // Each of these saves; the destination comes last, and with it the file is whole again.
     setCustomSources(config.customSources);
     setSelectedDestination(config.selectedDestination);
+    qCDebug(stateLog).noquote() << "loaded:" << choiceText(allEnabledSources(), m_selectedDestination);
     printDiagnostics();
 }
 
@@ -114,6 +123,7 @@ void AppState::persistState()
         if (folder.isEnabled)
             enabledNames.append(folder.name);
     }
+    qCDebug(stateLog).noquote() << "save:" << choiceText(allEnabledSources(), m_selectedDestination);
     m_services.configStore.save({
         .selectedDestination = m_selectedDestination,
         .customSources = m_customSources,

@@ -4,6 +4,7 @@
 #include "Keelbright/state/Delivery.h"
 #include "KeelbrightCore/apps/AppScanner.h"
 #include "KeelbrightCore/health/HealthScoreService.h"
+#include "KeelbrightCore/platform/system/Logging.h"
 
 namespace keelbright {
 
@@ -32,6 +33,7 @@ void AppState::scanApps()
 
 void AppState::setHealthScore(const HealthScore& score)
 {
+    qCDebug(stateLog) << "health score:" << score.points;
     m_healthScore = score;
     Q_EMIT healthScoreChanged();
     Q_EMIT changed();
@@ -39,6 +41,7 @@ void AppState::setHealthScore(const HealthScore& score)
 
 void AppState::setScannedApps(const QList<AppInfo>& apps)
 {
+    qCDebug(stateLog) << "applications:" << apps.size();
     m_scannedApps = apps;
     Q_EMIT scannedAppsChanged();
     Q_EMIT changed();

@@ -2,6 +2,7 @@
 
 #include "Keelbright/widgets/theme/ApplicationStyle.h"
 #include "Keelbright/widgets/theme/ThemeTokens.h"
+#include "KeelbrightCore/platform/system/Logging.h"
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -110,6 +111,7 @@ void Theme::setScheme(ColorScheme scheme)
     if (scheme == m_scheme)
         return;
     m_scheme = scheme;
+    qCDebug(widgetsLog) << "colour scheme:" << (scheme == ColorScheme::dark ? "dark" : "light");
     QApplication::setPalette(palette());
     QToolTip::setPalette(palette());
     Q_EMIT changed();

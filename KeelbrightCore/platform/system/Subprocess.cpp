@@ -1,6 +1,7 @@
 #include "KeelbrightCore/platform/system/Subprocess.h"
 
 #include "KeelbrightCore/platform/files/FileDescriptor.h"
+#include "KeelbrightCore/platform/system/Logging.h"
 
 #include <array>
 #include <csignal>
@@ -236,6 +237,8 @@ std::expected<Subprocess::Result, FileError> Subprocess::run(const FileURL& exec
     const std::optional<int> status = helper.waitForEnd();
     result.crashed = status && WIFSIGNALED(*status);
     result.exitCode = status && WIFEXITED(*status) ? WEXITSTATUS(*status) : Result::unknownExitCode;
+    qCDebug(platformLog) << "helper ended:" << executable.path() << "exit code" << result.exitCode << ","
+                         << result.standardOutput.size() << "bytes";
     return result;
 }
 
