@@ -42,7 +42,7 @@ JunkCategoryModel::JunkCategoryModel(const JunkCleanerVM& vm, QObject* parent)
     : RowModel(parent)
     , m_vm(vm)
 {
-    follow();
+    update();
 }
 
 int JunkCategoryModel::rowCount(const QModelIndex& parent) const
@@ -79,14 +79,14 @@ int JunkCategoryModel::rowOf(const std::optional<QString>& id) const
     return -1;
 }
 
-void JunkCategoryModel::follow()
+void JunkCategoryModel::update()
 {
     if (m_categories != m_vm.categories())
-        followCategories();
-    followSelection();
+        updateCategories();
+    updateSelection();
 }
 
-void JunkCategoryModel::followCategories()
+void JunkCategoryModel::updateCategories()
 {
     beginResetModel();
     m_categories = m_vm.categories();
@@ -96,7 +96,7 @@ void JunkCategoryModel::followCategories()
     endResetModel();
 }
 
-void JunkCategoryModel::followSelection()
+void JunkCategoryModel::updateSelection()
 {
     for (int row = 0; row < m_categories.size(); ++row) {
         const JunkCleanerVM::SelectionState state = m_vm.selectionState(m_categories.at(row));

@@ -22,7 +22,7 @@ public:
     [[nodiscard]] QString titleAt(int row) const override;
 
     /// Shows what the screen's model has now.
-    void follow();
+    void update();
 
     [[nodiscard]] const JunkCategory& categoryAt(int row) const { return m_categories.at(row); }
 
@@ -37,8 +37,8 @@ private:
         JunkCleanerVM::SelectionState state = JunkCleanerVM::SelectionState::none;
     };
 
-    void followCategories();
-    void followSelection();
+    void updateCategories();
+    void updateSelection();
 
     const JunkCleanerVM& m_vm;
     QList<JunkCategory> m_categories;

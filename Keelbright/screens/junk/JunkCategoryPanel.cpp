@@ -43,7 +43,7 @@ void JunkCategoryPanel::addList()
 
 void JunkCategoryPanel::redraw()
 {
-    m_model->follow();
+    m_model->update();
     m_list->setCurrentRow(m_model->rowOf(m_vm.selectedCategoryID()));
     if (m_vm.isScanning())
         m_states->setCurrentWidget(m_busy);

@@ -144,7 +144,7 @@ void OrganizerPlanPanel::redrawTargets()
 
 void OrganizerPlanPanel::redrawPlan()
 {
-    m_model->follow();
+    m_model->update();
     m_list->setCurrentRow(m_model->rowOf(m_vm.selectedProposalID()));
 }
 

@@ -42,7 +42,7 @@ int ProposalModel::rowOf(const std::optional<QUuid>& id) const
     return -1;
 }
 
-void ProposalModel::follow()
+void ProposalModel::update()
 {
     if (m_proposals == m_vm.proposals()) {
         announceAllRows();

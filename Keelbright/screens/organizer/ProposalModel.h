@@ -19,7 +19,7 @@ public:
     [[nodiscard]] QString titleAt(int row) const override;
 
     /// Shows what the screen's model has now.
-    void follow();
+    void update();
 
     [[nodiscard]] QUuid idAt(int row) const { return m_proposals.at(row).id; }
 

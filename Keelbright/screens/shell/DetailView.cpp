@@ -15,11 +15,11 @@ DetailView::DetailView(const ScreenContext& context, QWidget* parent)
     , m_layout(new QVBoxLayout(this))
 {
     m_layout->setContentsMargins(0, 0, 0, 0);
-    connect(&context.state, &AppState::selectedScreenChanged, this, &DetailView::follow);
-    follow();
+    connect(&context.state, &AppState::selectedScreenChanged, this, &DetailView::showSelectedScreen);
+    showSelectedScreen();
 }
 
-void DetailView::follow()
+void DetailView::showSelectedScreen()
 {
     const std::optional<Screen> wanted = m_context.state.selectedScreen();
     if (m_view && wanted == m_screen)

@@ -24,7 +24,7 @@ public:
     [[nodiscard]] QWidget* currentView() const { return m_view; }
 
 private:
-    void follow();
+    void showSelectedScreen();
 
     ScreenContext m_context;
     QVBoxLayout* m_layout;

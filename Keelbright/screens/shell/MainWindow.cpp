@@ -22,8 +22,8 @@ MainWindow::MainWindow(const ScreenContext& context, QWidget* parent)
     setMinimumSize(minimumWindowSize);
     resize(startingSize.boundedTo(screen()->availableSize()));
     makeMenus();
-    connect(&context.state, &AppState::isOnboardingCompletedChanged, this, &MainWindow::follow);
-    follow();
+    connect(&context.state, &AppState::isOnboardingCompletedChanged, this, &MainWindow::showOnboardingOrMain);
+    showOnboardingOrMain();
 }
 
 void MainWindow::makeMenus()
@@ -48,7 +48,7 @@ void MainWindow::makeMenus()
     close->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_W));
 }
 
-void MainWindow::follow()
+void MainWindow::showOnboardingOrMain()
 {
     const bool isPassed = m_context.state.isOnboardingCompleted();
     if (centralWidget() != nullptr && isPassed == !m_main.isNull())

@@ -39,7 +39,7 @@ protected:
 
 private:
     void makeMenus();
-    void follow();
+    void showOnboardingOrMain();
     void askToStop();
     void toggleSidebar();
     void updateSidebarAction();

@@ -56,26 +56,26 @@ SidebarView::SidebarView(AppState& state, QWidget* parent)
     // The selection, not the current row: a screen reader selects a row without going to it.
     connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
         const QModelIndexList selected = m_list->selectionModel()->selectedIndexes();
-        if (!m_isFollowing && !selected.isEmpty())
+        if (!m_isSelectingShownScreen && !selected.isEmpty())
             m_state.setSelectedScreen(m_model->screenAt(selected.first()));
     });
-    connect(&state, &AppState::selectedScreenChanged, this, &SidebarView::follow);
+    connect(&state, &AppState::selectedScreenChanged, this, &SidebarView::selectShownScreen);
     connect(&Theme::instance(), &Theme::changed, this, qOverload<>(&QWidget::update));
-    follow();
+    selectShownScreen();
 }
 
-void SidebarView::follow()
+void SidebarView::selectShownScreen()
 {
     const QModelIndex index = m_model->indexOf(m_state.selectedScreen());
     if (index.isValid() && m_list->selectionModel()->isSelected(index))
         return;
-    m_isFollowing = true;
+    m_isSelectingShownScreen = true;
     // The row that was current stays so: the keyboard's focus needs a place to be seen at.
     if (index.isValid())
         m_list->setCurrentIndex(index);
     else
         m_list->clearSelection();
-    m_isFollowing = false;
+    m_isSelectingShownScreen = false;
 }
 
 void SidebarView::paintEvent(QPaintEvent*)

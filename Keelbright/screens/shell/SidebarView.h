@@ -37,12 +37,12 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void follow();
+    void selectShownScreen();
 
     AppState& m_state;
     SidebarModel* m_model;
     QListView* m_list;
-    bool m_isFollowing = false;
+    bool m_isSelectingShownScreen = false;
 };
 
 } // namespace keelbright
