@@ -41,10 +41,7 @@ AppDetailVM::~AppDetailVM()
 
 qint64 AppDetailVM::totalLeftoverBytes() const
 {
-    qint64 total = 0;
-    for (const AppLeftover& leftover : m_leftovers)
-        total = addedWithoutOverflow(total, leftover.sizeBytes);
-    return total;
+    return sumOfBytes(m_leftovers, &AppLeftover::sizeBytes);
 }
 
 void AppDetailVM::setIsLoadingLeftovers(bool isLoading)

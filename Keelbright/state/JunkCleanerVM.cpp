@@ -12,14 +12,6 @@ namespace keelbright {
 
 namespace {
 
-qint64 bytesOf(const QList<JunkItem>& items)
-{
-    qint64 total = 0;
-    for (const JunkItem& item : items)
-        total = addedWithoutOverflow(total, item.sizeBytes);
-    return total;
-}
-
 /// Moves each item that can be moved; gives the ids of those.
 QSet<QUuid> moveToTrash(const QList<JunkItem>& items)
 {
@@ -167,7 +159,7 @@ void JunkCleanerVM::clean()
     const QList<JunkItem> selected = selectedItems();
     const QSet<QUuid> removed = moveToTrash(selected);
     if (!removed.isEmpty())
-        logClean(bytesOf(selected), removed.size());
+        logClean(sumOfBytes(selected, &JunkItem::sizeBytes), removed.size());
     setSelectedItemIDs(m_selectedItemIDs - removed);
     dropItems(removed);
     const bool isShownGone =

@@ -141,13 +141,10 @@ QList<ScanFinding> findings(const Sources& sources, const QDateTime& now)
 
 FullScanReport report(const Sources& sources, const QDateTime& now)
 {
-    qint64 reclaimable = 0;
-    for (const JunkCategory& category : sources.categories)
-        reclaimable = addedWithoutOverflow(reclaimable, category.totalBytes());
     return {
         .scannedAt = now,
         .findings = findings(sources, now),
-        .totalReclaimableBytes = reclaimable,
+        .totalReclaimableBytes = sumOfBytes(sources.categories, &JunkCategory::totalBytes),
         .healthScore = sources.score,
     };
 }

@@ -23,13 +23,10 @@ qint64 estimateJunk(const FileManager& fm)
         u"Library/Developer/Xcode/DerivedData"_s,
         u"Library/Developer/Xcode/Archives"_s,
     };
-    qint64 total = 0;
-    for (const QString& path : folders) {
+    return sumOfBytes(folders, [&](const QString& path) {
         const FileURL folder = fm.homeDirectory().appending(path);
-        if (fm.fileExists(folder).exists)
-            total = addedWithoutOverflow(total, FolderSizeService::recursiveSize(folder, fm));
-    }
-    return total;
+        return fm.fileExists(folder).exists ? FolderSizeService::recursiveSize(folder, fm) : 0;
+    });
 }
 
 } // namespace

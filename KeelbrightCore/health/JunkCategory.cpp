@@ -7,10 +7,7 @@ namespace keelbright {
 
 qint64 JunkCategory::totalBytes() const
 {
-    qint64 total = 0;
-    for (const JunkItem& item : items)
-        total = addedWithoutOverflow(total, item.sizeBytes);
-    return total;
+    return sumOfBytes(items, &JunkItem::sizeBytes);
 }
 
 QString JunkCategory::formattedSize() const

@@ -7,10 +7,7 @@ namespace keelbright {
 
 qint64 OrganizeProposal::totalBytes() const
 {
-    qint64 total = 0;
-    for (const FileProposal& file : files)
-        total = addedWithoutOverflow(total, file.sizeBytes);
-    return total;
+    return sumOfBytes(files, &FileProposal::sizeBytes);
 }
 
 QString OrganizeProposal::formattedSize() const

@@ -29,8 +29,7 @@ StorageLevel measureLevel(const FileURL& url)
     level.url = url;
     level.nodes = FolderSizeService::scanLevel(url);
     level.nameOrder = orderByName(level.nodes);
-    for (const FolderSizeNode& node : std::as_const(level.nodes))
-        level.totalBytes = addedWithoutOverflow(level.totalBytes, node.totalBytes);
+    level.totalBytes = sumOfBytes(level.nodes, &FolderSizeNode::totalBytes);
     level.breakdown = typeBreakdown(level.nodes);
     return level;
 }

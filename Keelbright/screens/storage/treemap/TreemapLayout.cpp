@@ -19,14 +19,6 @@ struct Tile
     QRectF rect;
 };
 
-qint64 sumOf(Nodes nodes)
-{
-    qint64 sum = 0;
-    for (const FolderSizeNode& node : nodes)
-        sum = addedWithoutOverflow(sum, node.totalBytes);
-    return sum;
-}
-
 /// How many nodes make up the first group: those up to the one that reaches half of the total.
 size_t sizeOfFirstGroup(Nodes nodes, qint64 total)
 {
@@ -71,8 +63,8 @@ void tile(Nodes nodes, const QRectF& rect, qint64 total, QList<Tile>& into)
     const size_t count = sizeOfFirstGroup(nodes, total);
     const Nodes first = nodes.first(count);
     const Nodes second = nodes.subspan(count);
-    const qint64 a = sumOf(first);
-    const qint64 b = sumOf(second);
+    const qint64 a = sumOfBytes(first, &FolderSizeNode::totalBytes);
+    const qint64 b = sumOfBytes(second, &FolderSizeNode::totalBytes);
     const double both = static_cast<double>(a) + static_cast<double>(b);
     if (both <= 0)
         return;
