@@ -63,13 +63,9 @@ std::expected<void, int> putInPlace(int folder, NewFile& file, const QByteArray&
 
 std::expected<void, FileError> atomicWrite(int folder, const QByteArray& name, const QByteArray& data)
 {
-    const auto failure = [&](int code) {
-        return std::unexpected(
-            FileError::fromCode(FileError::Operation::written, QString::fromUtf8(name), code));
-    };
     auto file = createFile(folder);
     if (!file)
-        return failure(file.error());
+        return failure(FileError::Operation::written, name, file.error());
     auto done = fill(folder, file->file.get(), name, data);
     // Before it gets its name, the drive has to say whether all of it has arrived.
     if (done && !file->temporary.isEmpty()) {
@@ -81,7 +77,7 @@ std::expected<void, FileError> atomicWrite(int folder, const QByteArray& name, c
     if (!done) {
         if (!file->temporary.isEmpty())
             ::unlinkat(folder, file->temporary.constData(), 0);
-        return failure(done.error());
+        return failure(FileError::Operation::written, name, done.error());
     }
     // The new name must reach the drive too. Some file systems can't flush a folder: no failure.
     std::ignore = ::fsync(folder);
@@ -93,10 +89,8 @@ std::expected<void, FileError> atomicWrite(const FileURL& url, const QByteArray&
     const FileURL parent = url.deletingLastPathComponent();
     const FileDescriptor folder(retrying(
         [&] { return ::open(parent.nativePath().constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
-    if (!folder.isOpen()) {
-        return std::unexpected(
-            FileError::fromCode(FileError::Operation::written, url.lastPathComponent(), errno));
-    }
+    if (!folder.isOpen())
+        return failure(FileError::Operation::written, url, errno);
     return atomicWrite(folder.get(), url.nativeLastPathComponent(), data);
 }
 

@@ -179,10 +179,8 @@ std::expected<std::unique_ptr<DirectoryEnumerator>, FileError> DirectoryEnumerat
 {
     const int follow = options.testFlag(Option::followsRootLink) ? 0 : O_NOFOLLOW;
     FileDescriptor folder = openForWalk(AT_FDCWD, root.nativePath().constData(), follow);
-    if (!folder.isOpen()) {
-        return std::unexpected(
-            FileError::fromCode(FileError::Operation::opened, root.lastPathComponent(), errno));
-    }
+    if (!folder.isOpen())
+        return failure(FileError::Operation::opened, root, errno);
     return std::unique_ptr<DirectoryEnumerator>(
         new DirectoryEnumerator(std::make_unique<Walk>(root, std::move(folder), options)));
 }

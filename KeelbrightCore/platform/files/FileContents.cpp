@@ -47,27 +47,26 @@ FileContents::FileContents()
 {}
 
 std::expected<void, FileError> FileContents::copy(int source, int target, struct stat& status,
-                                                  const std::atomic<bool>& stop, const QString& name)
+                                                  const std::atomic<bool>& stop, QByteArrayView name)
 {
     for (int attempt = 1; attempt <= maximumCopies; ++attempt) {
         const Outcome copied = copyOnce(source, target, status, stop);
         if (stop)
-            return std::unexpected(FileError{FileError::Operation::copied, name, FileError::Reason::stopped});
+            return failure(FileError::Operation::copied, name, FileError::Reason::stopped);
         if (!copied)
-            return std::unexpected(FileError::fromCode(copied.error().operation, name, copied.error().code));
+            return failure(copied.error().operation, name, copied.error().code);
         struct stat after = {};
         if (::fstat(source, &after) != 0)
-            return std::unexpected(FileError::fromCode(FileError::Operation::read, name, errno));
+            return failure(FileError::Operation::read, name, errno);
         if (heldStill(status, after))
             return {};
         status = after;
         if (::ftruncate(target, 0) != 0 || ::lseek(target, 0, SEEK_SET) < 0)
-            return std::unexpected(FileError::fromCode(FileError::Operation::copied, name, errno));
+            return failure(FileError::Operation::copied, name, errno);
         if (::lseek(source, 0, SEEK_SET) < 0)
-            return std::unexpected(FileError::fromCode(FileError::Operation::read, name, errno));
+            return failure(FileError::Operation::read, name, errno);
     }
-    return std::unexpected(
-        FileError{FileError::Operation::copied, name, FileError::Reason::changedDuringCopy});
+    return failure(FileError::Operation::copied, name, FileError::Reason::changedDuringCopy);
 }
 
 FileContents::Outcome FileContents::copyOnce(int source, int target, const struct stat& status,

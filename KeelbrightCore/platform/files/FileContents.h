@@ -20,7 +20,7 @@ public:
     /// change time moved, it is copied anew, at most three times in all. `status` is the source's
     /// at the time of the copy that stands. `name` is for the error.
     [[nodiscard]] std::expected<void, FileError> copy(int source, int target, struct stat& status,
-                                                      const std::atomic<bool>& stop, const QString& name);
+                                                      const std::atomic<bool>& stop, QByteArrayView name);
 
 private:
     struct Failure

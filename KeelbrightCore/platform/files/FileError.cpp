@@ -133,4 +133,15 @@ FileError FileError::fromCode(Operation operation, QString name, int code)
     return {operation, std::move(name), Reason::system, code};
 }
 
+std::unexpected<FileError> failure(FileError::Operation operation, QByteArrayView name, int code)
+{
+    return std::unexpected(FileError::fromCode(operation, QString::fromUtf8(name), code));
+}
+
+std::unexpected<FileError> failure(FileError::Operation operation, QByteArrayView name,
+                                   FileError::Reason reason)
+{
+    return std::unexpected(FileError{operation, QString::fromUtf8(name), reason});
+}
+
 } // namespace keelbright

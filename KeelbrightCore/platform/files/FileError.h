@@ -1,5 +1,7 @@
 #pragma once
 
+#include "KeelbrightCore/platform/files/FileURL.h"
+
 #include <QString>
 #include <expected>
 
@@ -54,6 +56,21 @@ struct FileError
 
     friend bool operator==(const FileError&, const FileError&) = default;
 };
+
+/// The failed result of an operation on the item of that name (as bytes): with an `errno` value, or
+/// with a reason of this program's own.
+[[nodiscard]] std::unexpected<FileError> failure(FileError::Operation operation, QByteArrayView name,
+                                                 int code);
+[[nodiscard]] std::unexpected<FileError> failure(FileError::Operation operation, QByteArrayView name,
+                                                 FileError::Reason reason);
+
+/// The same for the item at that location.
+template <typename Cause>
+[[nodiscard]] std::unexpected<FileError> failure(FileError::Operation operation, const FileURL& item,
+                                                 Cause cause)
+{
+    return failure(operation, item.nativeLastPathComponent(), cause);
+}
 
 /// The plain English reason of an `errno` value, without a full stop.
 [[nodiscard]] QString systemReason(int code);

@@ -5,15 +5,6 @@
 
 namespace keelbright {
 
-namespace {
-
-FileError failure(FileError::Operation operation, QByteArrayView name, int code)
-{
-    return FileError::fromCode(operation, QString::fromUtf8(name), code);
-}
-
-} // namespace
-
 QByteArrayView takeComponent(QByteArrayView& path)
 {
     const qsizetype slash = path.indexOf('/');
@@ -29,7 +20,7 @@ std::expected<bool, FileError> enterOrMake(FolderChain& chain, const QByteArray&
     if (!entered && entered.error() == ENOENT) {
         wasMade = ::mkdirat(chain.descriptor(), name.constData(), 0777) == 0;
         if (!wasMade && errno != EEXIST)
-            return std::unexpected(failure(FileError::Operation::created, name, errno));
+            return failure(FileError::Operation::created, name, errno);
         entered = chain.enter(name);
     }
     if (entered)
@@ -38,9 +29,8 @@ std::expected<bool, FileError> enterOrMake(FolderChain& chain, const QByteArray&
     const bool isLink = ::fstatat(chain.descriptor(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
                         S_ISLNK(status.st_mode);
     if (!isLink)
-        return std::unexpected(failure(FileError::Operation::created, name, entered.error()));
-    return std::unexpected(FileError{FileError::Operation::created, QString::fromUtf8(name),
-                                     FileError::Reason::symbolicLinkInTheWay});
+        return failure(FileError::Operation::created, name, entered.error());
+    return failure(FileError::Operation::created, name, FileError::Reason::symbolicLinkInTheWay);
 }
 
 std::expected<FileDescriptor, FileError> openOrMake(int folder, QByteArrayView path)
@@ -54,7 +44,7 @@ std::expected<FileDescriptor, FileError> openOrMake(int folder, QByteArrayView p
     }
     FileDescriptor opened = FileDescriptor::duplicate(chain.descriptor());
     if (!opened.isOpen())
-        return std::unexpected(failure(FileError::Operation::opened, path, errno));
+        return failure(FileError::Operation::opened, path, errno);
     return opened;
 }
 

@@ -11,11 +11,6 @@ namespace keelbright {
 
 namespace {
 
-FileError failure(FileError::Operation operation, const QByteArray& name, int code)
-{
-    return FileError::fromCode(operation, QString::fromUtf8(name), code);
-}
-
 /// Puts the file named `temporary` in the place of the one named `name`, in one step. 0, or the
 /// `errno` value where that fails; the temporary file stays then.
 int swapIn(int folder, const QByteArray& temporary, const QByteArray& name)
@@ -80,7 +75,7 @@ std::expected<void, FileError> PreparedFile::giveName()
         if (taken)
             return {};
         if (taken.error() != EEXIST)
-            return std::unexpected(failure(FileError::Operation::copied, taken.error()));
+            return failure(FileError::Operation::copied, m_name, taken.error());
     }
     return replaceOld();
 }
@@ -102,7 +97,7 @@ std::expected<void, FileError> PreparedFile::replaceOld()
         QByteArray temporary = temporaryName();
         const auto named = SystemCalls::nameUnnamed(m_file.get(), folder(), temporary.constData());
         if (!named)
-            return std::unexpected(failure(FileError::Operation::copied, named.error()));
+            return failure(FileError::Operation::copied, m_name, named.error());
         m_temporaryName = std::move(temporary);
     }
     const int code = swapIn(folder(), m_temporaryName, m_name);
@@ -111,13 +106,8 @@ std::expected<void, FileError> PreparedFile::replaceOld()
     if (code != EISDIR)
         m_temporaryName.clear();
     if (code != 0)
-        return std::unexpected(failure(FileError::Operation::replaced, code));
+        return failure(FileError::Operation::replaced, m_name, code);
     return {};
-}
-
-FileError PreparedFile::failure(FileError::Operation operation, int code) const
-{
-    return FileError::fromCode(operation, QString::fromUtf8(m_name), code);
 }
 
 PreparedLink::PreparedLink(std::shared_ptr<const TargetFolder> folder, QByteArray linkTarget, QByteArray name)
@@ -133,19 +123,17 @@ std::expected<void, FileError> PreparedLink::publish()
     const int folder = m_folder->folder.get();
     if (::symlinkat(m_linkTarget.constData(), folder, m_name.constData()) == 0)
         return {};
-    if (errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS) {
-        return std::unexpected(FileError{FileError::Operation::copied, QString::fromUtf8(m_name),
-                                         FileError::Reason::linksNotSupported});
-    }
+    if (errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS)
+        return failure(FileError::Operation::copied, m_name, FileError::Reason::linksNotSupported);
     if (errno != EEXIST)
-        return std::unexpected(failure(FileError::Operation::copied, m_name, errno));
+        return failure(FileError::Operation::copied, m_name, errno);
     if (isFolder(folder, m_name))
-        return std::unexpected(failure(FileError::Operation::replaced, m_name, EISDIR));
+        return failure(FileError::Operation::replaced, m_name, EISDIR);
     const QByteArray temporary = temporaryName();
     if (::symlinkat(m_linkTarget.constData(), folder, temporary.constData()) != 0)
-        return std::unexpected(failure(FileError::Operation::copied, m_name, errno));
+        return failure(FileError::Operation::copied, m_name, errno);
     if (const int code = swapIn(folder, temporary, m_name))
-        return std::unexpected(failure(FileError::Operation::replaced, m_name, code));
+        return failure(FileError::Operation::replaced, m_name, code);
     return {};
 }
 

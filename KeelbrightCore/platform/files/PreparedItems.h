@@ -34,8 +34,6 @@ private:
     [[nodiscard]] std::expected<void, FileError> giveName();
     [[nodiscard]] std::expected<void, int> takeFreeName();
     [[nodiscard]] std::expected<void, FileError> replaceOld();
-    [[nodiscard]] FileError failure(FileError::Operation operation, int code) const;
-
     [[nodiscard]] int folder() const;
 
     std::shared_ptr<const TargetFolder> m_folder;

@@ -19,11 +19,6 @@ namespace {
 
 constexpr auto placeCheckInterval = std::chrono::milliseconds(50);
 
-FileError failure(FileError::Operation operation, QByteArrayView name, int code)
-{
-    return FileError::fromCode(operation, QString::fromUtf8(name), code);
-}
-
 /// Enough that a repaint of the window does not hold up the copy; none to spare where a process
 /// may have few files open. A copy takes two: itself and, at worst, its folder.
 qsizetype mostPreparedCopies()
@@ -36,9 +31,9 @@ qsizetype mostPreparedCopies()
     return static_cast<qsizetype>(std::clamp<rlim_t>((limit.rlim_cur - ofTheProgram) / 4, 1, most));
 }
 
-FileError notARegularFile(QByteArrayView name)
+std::unexpected<FileError> notARegularFile(QByteArrayView name)
 {
-    return {FileError::Operation::copied, QString::fromUtf8(name), FileError::Reason::notARegularFile};
+    return failure(FileError::Operation::copied, name, FileError::Reason::notARegularFile);
 }
 
 /// Whether `path` is `folder` itself or lies below it.
@@ -83,7 +78,7 @@ SystemCopyDestination::open(const FileURL& base, QByteArrayView relativeFolder)
     FileDescriptor folder(retrying(open));
     struct stat identity = {};
     if (!folder.isOpen() || ::fstat(folder.get(), &identity) != 0)
-        return std::unexpected(failure(FileError::Operation::opened, base.nativeLastPathComponent(), errno));
+        return failure(FileError::Operation::opened, base, errno);
     auto top = anchoredAt(base, std::move(folder), identity);
     if (!top)
         return std::unexpected(top.error());
@@ -94,7 +89,7 @@ SystemCopyDestination::open(const FileURL& base, QByteArrayView relativeFolder)
         return std::unexpected(entered.error());
     FileDescriptor anchor = FileDescriptor::duplicate((*top)->m_chain.descriptor());
     if (!anchor.isOpen() || ::fstat(anchor.get(), &identity) != 0)
-        return std::unexpected(failure(FileError::Operation::opened, relativeFolder, errno));
+        return failure(FileError::Operation::opened, relativeFolder, errno);
     return anchoredAt(base.appendingNative(relativeFolder), std::move(anchor), identity);
 }
 
@@ -105,8 +100,7 @@ SystemCopyDestination::anchoredAt(const FileURL& anchor, FileDescriptor folder, 
         retrying([&] { return ::openat(folder.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
     // Without it the run could neither write its records nor hear of what never reached the drive.
     if (!own.isOpen())
-        return std::unexpected(
-            failure(FileError::Operation::opened, anchor.nativeLastPathComponent(), errno));
+        return failure(FileError::Operation::opened, anchor, errno);
     return std::unique_ptr<SystemCopyDestination>(
         new SystemCopyDestination(anchor, std::move(folder), std::move(own), identity));
 }
@@ -154,8 +148,7 @@ std::expected<void, FileError> SystemCopyDestination::checkPlace()
 {
     if (wasInPlaceJustNow())
         return {};
-    return std::unexpected(FileError{FileError::Operation::copied, m_anchor.lastPathComponent(),
-                                     FileError::Reason::destinationGone});
+    return failure(FileError::Operation::copied, m_anchor, FileError::Reason::destinationGone);
 }
 
 std::expected<void, FileError> SystemCopyDestination::enterFolder(QByteArrayView relativeFolder)
@@ -186,8 +179,7 @@ std::expected<void, FileError> SystemCopyDestination::enterFolder(QByteArrayView
 std::expected<void, FileError> SystemCopyDestination::enterOrCreate(const QByteArray& name)
 {
     if (m_letterCase.isClaimedByAnother(m_chain.descriptor(), m_chain.relativePath(), name)) {
-        return std::unexpected(FileError{FileError::Operation::created, QString::fromUtf8(name),
-                                         FileError::Reason::differsInCaseOnly});
+        return failure(FileError::Operation::created, name, FileError::Reason::differsInCaseOnly);
     }
     const size_t depth = m_chain.depth();
     const auto wasMade = enterOrMake(m_chain, name);
@@ -242,8 +234,7 @@ SystemCopyDestination::Prepared SystemCopyDestination::prepare(const DirectoryEn
     if (const auto inPlace = checkPlace(); !inPlace)
         return std::unexpected(inPlace.error());
     if (m_letterCase.isClaimedByAnother(m_chain.descriptor(), m_chain.relativePath(), item.name())) {
-        return std::unexpected(FileError{FileError::Operation::copied, QString::fromUtf8(item.name()),
-                                         FileError::Reason::differsInCaseOnly});
+        return failure(FileError::Operation::copied, item.name(), FileError::Reason::differsInCaseOnly);
     }
     switch (item.type()) {
     case EntryType::regularFile:
@@ -254,7 +245,7 @@ SystemCopyDestination::Prepared SystemCopyDestination::prepare(const DirectoryEn
     case EntryType::other:
         break; // not even opened: that alone rewinds a tape, or waits for the other end of a FIFO
     }
-    return std::unexpected(notARegularFile(item.name()));
+    return notARegularFile(item.name());
 }
 
 SystemCopyDestination::Prepared SystemCopyDestination::prepareFile(const DirectoryEnumerator& item,
@@ -264,32 +255,31 @@ SystemCopyDestination::Prepared SystemCopyDestination::prepareFile(const Directo
     if (!source.isOpen() && errno == ELOOP)
         return prepareLink(item); // swapped for a link since it was listed
     if (!source.isOpen() && errno == ENXIO)
-        return std::unexpected(notARegularFile(item.name()));
+        return notARegularFile(item.name());
     struct stat status = {};
     if (!source.isOpen() || ::fstat(source.get(), &status) != 0)
-        return std::unexpected(failure(FileError::Operation::read, item.name(), errno));
+        return failure(FileError::Operation::read, item.name(), errno);
     if (!S_ISREG(status.st_mode))
-        return std::unexpected(notARegularFile(item.name()));
+        return notARegularFile(item.name());
 
-    const QString name = QString::fromUtf8(item.name());
-    auto target = createFile(name, status);
+    auto target = createFile(item.name(), status);
     if (!target)
         return std::unexpected(target.error());
     const int file = target->file.get();
     auto prepared = std::make_unique<PreparedFile>(target->folder, std::move(target->file),
                                                    target->temporaryName, item.name().toByteArray());
-    if (const auto copied = m_contents.copy(source.get(), file, status, stop, name); !copied)
+    if (const auto copied = m_contents.copy(source.get(), file, status, stop, item.name()); !copied)
         return std::unexpected(copied.error());
     if (const int code = copyAttributes(source.get(), file, status, target->hasMode))
-        return std::unexpected(failure(FileError::Operation::copied, item.name(), code));
+        return failure(FileError::Operation::copied, item.name(), code);
     if (const int code = prepared->finishWriting())
-        return std::unexpected(failure(FileError::Operation::copied, item.name(), code));
+        return failure(FileError::Operation::copied, item.name(), code);
     prepared->setSourceSize(status.st_size);
     return prepared;
 }
 
 std::expected<SystemCopyDestination::NewFile, FileError>
-SystemCopyDestination::createFile(const QString& name, const struct stat& source)
+SystemCopyDestination::createFile(QByteArrayView name, const struct stat& source)
 {
     auto file = tryToCreateFile(source);
     // Somebody removed the folder under our hands: make it anew, once.
@@ -299,7 +289,7 @@ SystemCopyDestination::createFile(const QString& name, const struct stat& source
         file = tryToCreateFile(source);
     }
     if (!file)
-        return std::unexpected(FileError::fromCode(FileError::Operation::copied, name, file.error()));
+        return failure(FileError::Operation::copied, name, file.error());
     return std::move(*file);
 }
 
@@ -361,7 +351,7 @@ SystemCopyDestination::Prepared SystemCopyDestination::prepareLink(const Directo
         const ssize_t length = ::readlinkat(item.folderDescriptor(), item.name().data(), target.data(),
                                             static_cast<size_t>(target.size()));
         if (length < 0)
-            return std::unexpected(failure(FileError::Operation::read, item.name(), errno));
+            return failure(FileError::Operation::read, item.name(), errno);
         if (length < target.size()) {
             target.truncate(length);
             break;
@@ -370,7 +360,7 @@ SystemCopyDestination::Prepared SystemCopyDestination::prepareLink(const Directo
     }
     auto folder = targetFolder();
     if (!folder)
-        return std::unexpected(failure(FileError::Operation::copied, item.name(), folder.error()));
+        return failure(FileError::Operation::copied, item.name(), folder.error());
     return std::make_unique<PreparedLink>(std::move(*folder), std::move(target), item.name().toByteArray());
 }
 
@@ -378,8 +368,7 @@ std::expected<void, FileError> SystemCopyDestination::writeAtomically(const QByt
                                                                       const QByteArray& data)
 {
     if (!isInPlace()) {
-        return std::unexpected(FileError{FileError::Operation::written, QString::fromUtf8(name),
-                                         FileError::Reason::destinationGone});
+        return failure(FileError::Operation::written, name, FileError::Reason::destinationGone);
     }
     return atomicWrite(m_anchorFolder.get(), name, data);
 }
@@ -388,8 +377,7 @@ std::expected<void, FileError> SystemCopyDestination::flush()
 {
     const auto flushed = SystemCalls::flushFileSystem(m_anchorFolder.get());
     if (!flushed)
-        return std::unexpected(
-            failure(FileError::Operation::flushed, m_anchor.nativeLastPathComponent(), flushed.error()));
+        return failure(FileError::Operation::flushed, m_anchor, flushed.error());
     return {};
 }
 

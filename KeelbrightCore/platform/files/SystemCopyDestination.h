@@ -62,7 +62,7 @@ private:
         bool hasMode = false;     ///< that of its source
     };
 
-    [[nodiscard]] std::expected<NewFile, FileError> createFile(const QString& name,
+    [[nodiscard]] std::expected<NewFile, FileError> createFile(QByteArrayView name,
                                                                const struct stat& source);
     [[nodiscard]] std::expected<NewFile, int> tryToCreateFile(const struct stat& source);
     /// 0, or the `errno` value of what failed.

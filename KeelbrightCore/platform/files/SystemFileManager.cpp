@@ -2,25 +2,18 @@
 
 #include "KeelbrightCore/platform/files/AtomicWrite.h"
 #include "KeelbrightCore/platform/files/FileDescriptor.h"
+#include "KeelbrightCore/platform/files/ResolvedPath.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
 #include "KeelbrightCore/platform/files/SystemCopyDestination.h"
 #include "KeelbrightCore/platform/files/Trash.h"
 
-#include <climits>
-#include <cstdlib>
 #include <fcntl.h>
-#include <memory>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 
 namespace keelbright {
 
 namespace {
-
-FileError failure(FileError::Operation operation, const FileURL& url, int code)
-{
-    return FileError::fromCode(operation, url.lastPathComponent(), code);
-}
 
 bool isAccessible(const FileURL& url, int mode)
 {
@@ -35,9 +28,9 @@ std::expected<void, FileError> createOneDirectory(const FileURL& url)
     const int code = errno;
     struct stat status = {};
     if (::stat(url.nativePath().constData(), &status) != 0)
-        return std::unexpected(failure(FileError::Operation::created, url, code));
+        return failure(FileError::Operation::created, url, code);
     if (!S_ISDIR(status.st_mode))
-        return std::unexpected(failure(FileError::Operation::created, url, ENOTDIR));
+        return failure(FileError::Operation::created, url, ENOTDIR);
     return {};
 }
 
@@ -71,20 +64,14 @@ std::optional<qint64> SystemFileManager::fileSize(const FileURL& url) const
 
 FileURL SystemFileManager::resolvingSymlinks(const FileURL& url) const
 {
-    struct Deleter
-    {
-        void operator()(char* text) const { std::free(text); }
-    };
-
-    const std::unique_ptr<char, Deleter> resolved(::realpath(url.nativePath().constData(), nullptr));
-    return resolved ? FileURL::fromNativePath(QByteArray(resolved.get())) : url;
+    return resolvedPath(url);
 }
 
 std::expected<FileSystemCapacity, FileError> SystemFileManager::fileSystemCapacity(const FileURL& url) const
 {
     struct statvfs status = {};
     if (retrying([&] { return ::statvfs(url.nativePath().constData(), &status); }) != 0)
-        return std::unexpected(failure(FileError::Operation::measured, url, errno));
+        return failure(FileError::Operation::measured, url, errno);
     const auto blockSize = static_cast<qint64>(status.f_frsize);
     return FileSystemCapacity{.totalBytes = static_cast<qint64>(status.f_blocks) * blockSize,
                               .freeBytes = static_cast<qint64>(status.f_bavail) * blockSize};
@@ -139,7 +126,7 @@ std::expected<void, FileError> SystemFileManager::moveItem(const FileURL& source
     const auto moved = SystemCalls::renameWithoutReplacing(AT_FDCWD, source.nativePath().constData(),
                                                            AT_FDCWD, target.nativePath().constData());
     if (!moved)
-        return std::unexpected(failure(FileError::Operation::moved, source, moved.error()));
+        return failure(FileError::Operation::moved, source, moved.error());
     return {};
 }
 
@@ -154,11 +141,9 @@ std::expected<QByteArray, FileError> SystemFileManager::contents(const FileURL& 
         [&] { return ::open(url.nativePath().constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
     struct stat status = {};
     if (!file.isOpen() || ::fstat(file.get(), &status) != 0)
-        return std::unexpected(failure(FileError::Operation::read, url, errno));
-    if (!S_ISREG(status.st_mode)) {
-        return std::unexpected(FileError{FileError::Operation::read, url.lastPathComponent(),
-                                         FileError::Reason::notARegularFile});
-    }
+        return failure(FileError::Operation::read, url, errno);
+    if (!S_ISREG(status.st_mode))
+        return failure(FileError::Operation::read, url, FileError::Reason::notARegularFile);
     constexpr qsizetype piece = qsizetype{64} * 1024;
     QByteArray data;
     data.reserve(status.st_size);
@@ -168,7 +153,7 @@ std::expected<QByteArray, FileError> SystemFileManager::contents(const FileURL& 
         const ssize_t got = retrying([&] { return ::read(file.get(), data.data() + size, piece); });
         data.resize(size + qMax<qsizetype>(got, 0));
         if (got < 0)
-            return std::unexpected(failure(FileError::Operation::read, url, errno));
+            return failure(FileError::Operation::read, url, errno);
         if (got == 0)
             return data;
     }

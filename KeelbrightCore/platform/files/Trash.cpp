@@ -4,13 +4,12 @@
 #include <QFile>
 #include <unistd.h>
 #else
+#include "KeelbrightCore/platform/files/ResolvedPath.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
 #include "KeelbrightCore/platform/files/TrashFolder.h"
 #include "KeelbrightCore/platform/files/TrashRecord.h"
 
-#include <cstdlib>
 #include <fcntl.h>
-#include <memory>
 #endif
 
 namespace keelbright {
@@ -19,16 +18,10 @@ namespace {
 
 using Outcome = std::expected<FileURL, FileError>;
 
-std::unexpected<FileError> failure(const FileURL& item, int code)
+/// `cause` is an `errno` value or a reason of this program's own.
+std::unexpected<FileError> notTrashed(const FileURL& item, auto cause)
 {
-    return std::unexpected(
-        FileError::fromCode(FileError::Operation::trashed, item.lastPathComponent(), code));
-}
-
-std::unexpected<FileError> alreadyInTrash(const FileURL& item)
-{
-    return std::unexpected(FileError{FileError::Operation::trashed, item.lastPathComponent(),
-                                     FileError::Reason::alreadyInTrash});
+    return failure(FileError::Operation::trashed, item, cause);
 }
 
 bool isBelow(const FileURL& location, const FileURL& folder)
@@ -43,10 +36,10 @@ Outcome move(const FileURL& item, const FileURL& homeTrash)
 {
     const QByteArray volumeTrash = "/.Trashes/" + QByteArray::number(::getuid()) + '/';
     if (isBelow(item, homeTrash) || item.nativePath().contains(volumeTrash))
-        return alreadyInTrash(item);
+        return notTrashed(item, FileError::Reason::alreadyInTrash);
     QString place;
     if (!QFile::moveToTrash(item.path(), &place))
-        return failure(item, EPERM);
+        return notTrashed(item, EPERM);
     return FileURL::fromPath(place);
 }
 
@@ -62,24 +55,13 @@ struct HeldItem
     dev_t device = 0;
 };
 
-FileURL withoutLinks(const FileURL& url)
-{
-    struct Deleter
-    {
-        void operator()(char* text) const { std::free(text); }
-    };
-
-    const std::unique_ptr<char, Deleter> resolved(::realpath(url.nativePath().constData(), nullptr));
-    return resolved ? FileURL::fromNativePath(QByteArray(resolved.get())) : url;
-}
-
 std::expected<HeldItem, int> hold(const FileURL& item)
 {
     HeldItem held;
     held.name = item.nativeLastPathComponent();
     if (item == FileURL() || held.name == "." || held.name == "..")
         return std::unexpected(EBUSY);
-    const FileURL folder = withoutLinks(item.deletingLastPathComponent());
+    const FileURL folder = resolvedPath(item.deletingLastPathComponent());
     held.location = folder.appendingNative(held.name);
     held.folder = FileDescriptor(retrying([&] {
         return ::open(folder.nativePath().constData(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
@@ -104,12 +86,12 @@ QByteArray relativePath(const FileURL& location, const FileURL& folder)
 std::expected<void, FileError> checkIsOutsideTrash(const HeldItem& item, const FileURL& homeTrash,
                                                    const FileURL& top)
 {
-    const FileURL trash = withoutLinks(homeTrash);
+    const FileURL trash = resolvedPath(homeTrash);
     const TrashRelation relation = relationToVolumeTrash(relativePath(item.location, top));
     if (item.location == trash || isBelow(trash, item.location) || relation == TrashRelation::isTrash)
-        return failure(item.location, EBUSY);
+        return notTrashed(item.location, EBUSY);
     if (isBelow(item.location, trash) || relation == TrashRelation::inside)
-        return alreadyInTrash(item.location);
+        return notTrashed(item.location, FileError::Reason::alreadyInTrash);
     return {};
 }
 
@@ -165,23 +147,23 @@ Outcome move(const FileURL& item, const FileURL& homeTrash)
 {
     const auto held = hold(item);
     if (!held)
-        return failure(item, held.error());
+        return notTrashed(item, held.error());
     const auto top = volumeTop(held->location.deletingLastPathComponent(), held->device);
     if (!top)
-        return failure(item, top.error());
+        return notTrashed(item, top.error());
     if (const auto outside = checkIsOutsideTrash(*held, homeTrash, *top); !outside)
         return std::unexpected(outside.error());
     const auto homeDevice = deviceToBe(homeTrash);
     if (!homeDevice)
-        return failure(item, homeDevice.error());
+        return notTrashed(item, homeDevice.error());
     const bool isAtHome = held->device == *homeDevice;
     const auto trash = isAtHome ? TrashFolder::ofHome(homeTrash) : TrashFolder::ofVolume(*top);
     if (!trash)
-        return failure(item, trash.error());
+        return notTrashed(item, trash.error());
     const auto place = moveWithRecord(
         *trash, *held, isAtHome ? held->location.nativePath() : relativePath(held->location, *top));
     if (!place)
-        return failure(item, place.error());
+        return notTrashed(item, place.error());
     return *place;
 }
 

@@ -218,16 +218,12 @@ QByteArray readUntilTheEnd(int output, Helper& helper)
 std::expected<Subprocess::Result, FileError> Subprocess::run(const FileURL& executable,
                                                              const QList<QByteArray>& arguments)
 {
-    const auto failure = [&](int code) {
-        return std::unexpected(
-            FileError::fromCode(FileError::Operation::launched, executable.lastPathComponent(), code));
-    };
     std::expected<Pipe, int> output = makePipe();
     if (!output)
-        return failure(output.error());
+        return failure(FileError::Operation::launched, executable, output.error());
     const auto process = LaunchPlan(output->writeEnd.get()).launch(executable.nativePath(), arguments);
     if (!process)
-        return failure(process.error());
+        return failure(FileError::Operation::launched, executable, process.error());
     output->writeEnd.reset();
     Helper helper(*process);
     Result result;
