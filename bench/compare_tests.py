@@ -1,4 +1,4 @@
-"""What the comparison makes of figures: medians, ratios, verdicts, the exit code, the rows and trees."""
+"""What a comparison makes of its numbers: medians, ratios, verdicts, the exit code, the rows and trees."""
 
 import os
 import signal
@@ -10,58 +10,59 @@ import unittest
 from pathlib import Path
 
 from comparing import backups, running, window
-from comparing.figures import Figure, exit_code, line
+from comparing.comparisons import Comparison, exit_code, line
 from comparing.rows import ROWS, chosen
 from comparing.trees import Place, Sizes
 
 COMPARE = Path(__file__).with_name("compare")
 
 
-def figure(ours, peers, at_most=1.0, unit="s"):
-    return Figure("work", "tmpfs", ours, peers, "peer", at_most, unit)
+def comparison(ours, peers, at_most=1.0, unit="s"):
+    return Comparison("work", "tmpfs", ours, peers, "peer", at_most, unit)
 
 
-class FigureTests(unittest.TestCase):
+class ComparisonTests(unittest.TestCase):
     def test_one_slow_round_does_not_count(self):
-        self.assertEqual(figure([1, 9, 2], [4, 4, 4]).own, 2)
-        self.assertEqual(figure([4, 4, 4], [1, 9, 2]).other, 2)
+        self.assertEqual(comparison([1, 9, 2], [4, 4, 4]).own, 2)
+        self.assertEqual(comparison([4, 4, 4], [1, 9, 2]).other, 2)
 
     def test_the_median_of_an_even_number_of_rounds_lies_between_the_middle_ones(self):
-        self.assertEqual(figure([1, 2, 4, 9], [1] * 4).own, 3)
+        self.assertEqual(comparison([1, 2, 4, 9], [1] * 4).own, 3)
 
     def test_the_ratio_is_that_of_the_medians(self):
-        self.assertEqual(figure([3, 1, 2], [8, 4, 100]).ratio, 0.25)
+        self.assertEqual(comparison([3, 1, 2], [8, 4, 100]).ratio, 0.25)
 
     def test_the_spread_is_that_of_the_pairs(self):
-        self.assertEqual(figure([3, 1, 2], [6, 1, 8]).spread, (0.25, 1))
+        self.assertEqual(comparison([3, 1, 2], [6, 1, 8]).spread, (0.25, 1))
 
     def test_nothing_beside_nothing_is_held_and_anything_beside_nothing_is_not(self):
-        self.assertTrue(figure([0], [0]).is_held)
-        self.assertFalse(figure([1], [0]).is_held)
+        self.assertTrue(comparison([0], [0]).is_held)
+        self.assertFalse(comparison([1], [0]).is_held)
 
     def test_a_ratio_at_its_bound_is_held_and_one_above_is_not(self):
-        self.assertTrue(figure([0.8], [1], 0.8).is_held)
-        self.assertFalse(figure([0.81], [1], 0.8).is_held)
+        self.assertTrue(comparison([0.8], [1], 0.8).is_held)
+        self.assertFalse(comparison([0.81], [1], 0.8).is_held)
 
     def test_the_verdict_is_on_the_ratio_that_is_shown(self):
-        self.assertTrue(figure([1.004], [1]).is_held)
-        self.assertFalse(figure([1.006], [1]).is_held)
+        self.assertTrue(comparison([1.004], [1]).is_held)
+        self.assertFalse(comparison([1.006], [1]).is_held)
 
     def test_without_a_bound_nothing_is_missed(self):
-        self.assertTrue(figure([9], [1], None).is_held)
-        self.assertNotIn("MISSED", line(figure([9], [1], None)))
+        self.assertTrue(comparison([9], [1], None).is_held)
+        self.assertNotIn("MISSED", line(comparison([9], [1], None)))
 
-    def test_a_line_tells_both_sides_the_ratio_its_spread_and_the_bound(self):
-        self.assertEqual(line(figure([3, 1, 2], [6, 1, 8])).split(),
+    def test_a_line_shows_both_sides_the_ratio_its_spread_and_the_bound(self):
+        self.assertEqual(line(comparison([3, 1, 2], [6, 1, 8])).split(),
                          ["work", "tmpfs", "2.000", "s", "6.000", "s", "0.33", "0.25", "1.00", "1.00", "peer"])
 
-    def test_a_line_tells_a_missed_bound(self):
-        self.assertEqual(line(figure([0.02], [0.016], 1.0, "ms")).split(),
-                         ["work", "tmpfs", "20.0", "ms", "16.0", "ms", "1.25", "1.25", "1.25", "1.00", "peer", "MISSED"])
+    def test_a_line_shows_a_missed_bound(self):
+        self.assertEqual(line(comparison([0.02], [0.016], 1.0, "ms")).split(),
+                         ["work", "tmpfs", "20.0", "ms", "16.0", "ms", "1.25", "1.25", "1.25", "1.00", "peer",
+                          "MISSED"])
 
 
 class ExitCodeTests(unittest.TestCase):
-    held, missed = figure([1], [2]), figure([2], [1])
+    held, missed = comparison([1], [2]), comparison([2], [1])
 
     def test_all_held_is_0(self):
         self.assertEqual(exit_code([self.held, self.held], is_quick=False), 0)
@@ -87,7 +88,7 @@ class CommandTests(unittest.TestCase):
     def test_a_held_bound_ends_with_0(self):
         done = self.run_with(tool="echo wall 0.001; echo cpu 0.001")
         self.assertEqual(done.returncode, 0, done.stderr)
-        self.assertIn("1 figures, 0 beyond their bounds", done.stdout)
+        self.assertIn("1 comparisons, 0 outside their bounds", done.stdout)
 
     def test_a_missed_bound_ends_with_1(self):
         done = self.run_with(tool="echo wall 0.017; echo cpu 0.017")
@@ -243,20 +244,20 @@ class WindowTests(unittest.TestCase):
 
 class BackupTests(unittest.TestCase):
     class Bench:
-        def __init__(self, **figures):
-            self.figures = figures
+        def __init__(self, **numbers):
+            self.numbers = numbers
 
         def measure(self, *_):
-            return self.figures
+            return self.numbers
 
     def test_a_run_that_copied_everything_counts(self):
         bench = self.Bench(files=5, errors=0, wall=1)
         self.assertEqual(backups.back_up(bench, "tree", "drive", 5)["wall"], 1)
 
     def test_a_run_that_left_a_file_out_does_not(self):
-        for figures in ({"files": 4, "errors": 0}, {"files": 5, "errors": 1}):
+        for numbers in ({"files": 4, "errors": 0}, {"files": 5, "errors": 1}):
             with self.assertRaises(SystemExit):
-                backups.back_up(self.Bench(**figures), "tree", "drive", 5)
+                backups.back_up(self.Bench(**numbers), "tree", "drive", 5)
 
 
 class TreeTests(unittest.TestCase):

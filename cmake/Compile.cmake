@@ -5,8 +5,8 @@ add_library(KeelbrightCompile INTERFACE)
 target_compile_options(KeelbrightCompile INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
   $<$<BOOL:${KEELBRIGHT_WERROR}>:-Werror>
-  # libstdc++ 12 sorts stably by means that it has marked deprecated itself, and clang tells each
-  # caller. What is deprecated in ours, gcc tells.
+  # libstdc++ 12 sorts stably by means that it has marked deprecated itself, and clang warns of
+  # each caller. What is deprecated in ours, gcc reports.
   $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>)
 target_compile_definitions(KeelbrightCompile INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH

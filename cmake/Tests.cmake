@@ -1,7 +1,7 @@
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
-# The thread sanitizer is told what Qt, which is not built with it, puts in an order; an object
+# The thread sanitizer has to know what Qt, which is not built with it, puts in an order; an object
 # library, because its definitions have to come before those of Qt.
 set(KEELBRIGHT_HAS_THREAD_SANITIZER OFF)
 if(KEELBRIGHT_SANITIZE STREQUAL "thread")

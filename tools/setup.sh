@@ -1,6 +1,6 @@
 # shellcheck shell=bash
 # What ./run, ./test and .ci/run share; sourced by bash from the root of the tree.
-# Every stage has a name and tells how long it took; a script that fails says in one line in which
+# Every stage has a name and reports how long it took; a script that fails says in one line in which
 # stage it stopped.
 
 set -Eeuo pipefail
@@ -10,34 +10,34 @@ stage="starting"
 stage_log=""
 stage_began=""
 
-# begin NAME [LOG]: names what comes next, and the log that tells more when it fails.
+# begin NAME [LOG]: names what comes next, and the log to read when it fails.
 begin() {
-    tell_duration
+    report_duration
     stage=$1
     stage_log=${2:-}
     stage_began=$SECONDS
     printf '== %s\n' "${stage^}"
 }
 
-# duration SECONDS: in words.
+# duration SECONDS: as text.
 duration() {
     if (($1 < 60)); then printf '%d s' "$1"; else printf '%d min %d s' $(($1 / 60)) $(($1 % 60)); fi
 }
 
-tell_duration() {
+report_duration() {
     if [ -n "$stage_began" ]; then printf '   (%s)\n' "$(duration $((SECONDS - stage_began)))"; fi
 }
 
-# finish WORDS: says so at the end of a script with several stages, and how long all of them took.
+# finish TEXT: prints it at the end of a script with several stages, and how long all of them took.
 finish() {
-    tell_duration
+    report_duration
     stage_began=""
     printf '== %s in %s\n' "${1^}" "$(duration "$SECONDS")"
 }
 
 report_where_it_stopped() {
     local status=$?
-    tell_duration
+    report_duration
     if [ "$status" -ne 0 ]; then
         printf 'Stopped while %s%s.\n' "$stage" "${stage_log:+ (the whole output is in $stage_log)}" >&2
     fi

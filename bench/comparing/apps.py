@@ -1,6 +1,6 @@
 """The scan of applications beside the tools that it waits for."""
 
-from comparing.figures import Figure
+from comparing.comparisons import Comparison
 from comparing.running import in_turn
 from comparing.trees import make_applications
 from comparing.walks import walls
@@ -17,6 +17,6 @@ def scan(bench):
     arguments.write_text("\n".join(map(str, range(count))), encoding="ascii")
     ours, tools = in_turn(bench.rounds, lambda: bench.measure("apps", machine, count),
                           lambda: bench.peer("xargs", "-a", arguments, "-P", AT_ONCE, "-n", 1, tool))
-    yield Figure(f"{count:,} applications, 50 ms for the tool of each", bench.place.name, walls(ours), walls(tools),
-                 f"xargs -P {AT_ONCE} tool", 1.2)
+    yield Comparison(f"{count:,} applications, 50 ms for the tool of each", bench.place.name, walls(ours), walls(tools),
+                     f"xargs -P {AT_ONCE} tool", 1.2)
     bench.place.drop("machine")

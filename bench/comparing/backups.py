@@ -3,7 +3,7 @@
 import os
 import sys
 
-from comparing.figures import Figure
+from comparing.comparisons import Comparison
 from comparing.running import busy_programs, in_turn
 from comparing.walks import FRAME, walls
 
@@ -20,17 +20,17 @@ while os.copy_file_range(source, target, 1 << 24):
 
 def back_up(bench, tree, drive, files):
     """A run counts only where it copied everything."""
-    figures = bench.measure("backup", tree, drive)
-    if figures["errors"] != 0 or figures["files"] != files:
-        sys.exit(f"a backup of {files} files copied {figures['files']:.0f}, with {figures['errors']:.0f} errors")
-    return figures
+    numbers = bench.measure("backup", tree, drive)
+    if numbers["errors"] != 0 or numbers["files"] != files:
+        sys.exit(f"a backup of {files} files copied {numbers['files']:.0f}, with {numbers['errors']:.0f} errors")
+    return numbers
 
 
 def stalls(work, bench, runs):
     """How long the main thread was away at most, and how much of that it worked itself: the rest is others'."""
     for key, name in (("stall", "longest stall"), ("work", "longest own work")):
         longest = max(run[key] for run in runs)
-        yield Figure(f"{name}, {work}", bench.place.name, [longest], [FRAME], "one frame", 1.0, "ms")
+        yield Comparison(f"{name}, {work}", bench.place.name, [longest], [FRAME], "one frame", 1.0, "ms")
 
 
 class Flushed:
@@ -61,10 +61,10 @@ def small(bench):
         lambda: peer("rsync", "-a", f"{tree}/", place.fresh("copy")))
     place.drop("drive", "copy")
     one, two = f"backup of {files:,} files, first run", f"backup of {files:,} files, second run"
-    yield Figure(one, place.name, walls(first), walls(cp), "cp -a" + peer.suffix, 1.0)
-    yield Figure(one, place.name, walls(first), walls(rsync), "rsync -a" + peer.suffix)
-    yield Figure(two, place.name, walls(second), walls(again), "rsync -aIW" + peer.suffix, 1.0)
-    yield Figure(two, place.name, walls(second), walls(skipping), "rsync -a (skips by size and time)")
+    yield Comparison(one, place.name, walls(first), walls(cp), "cp -a" + peer.suffix, 1.0)
+    yield Comparison(one, place.name, walls(first), walls(rsync), "rsync -a" + peer.suffix)
+    yield Comparison(two, place.name, walls(second), walls(again), "rsync -aIW" + peer.suffix, 1.0)
+    yield Comparison(two, place.name, walls(second), walls(skipping), "rsync -a (skips by size and time)")
     yield from stalls("backup", bench, first + second)
 
 
@@ -82,8 +82,8 @@ def busy(bench):
             lambda: bench.peer("rsync", "-aIW", f"{tree}/", place.folder / "copy" / tree.name))
     place.drop("drive", "copy")
     beside = f"beside {programs} busy programs"
-    yield Figure(f"first run, {beside}", place.name, walls(first), walls(cp), "cp -a", 3.0)
-    yield Figure(f"second run, {beside}", place.name, walls(second), walls(again), "rsync -aIW", 3.0)
+    yield Comparison(f"first run, {beside}", place.name, walls(first), walls(cp), "cp -a", 3.0)
+    yield Comparison(f"second run, {beside}", place.name, walls(second), walls(again), "rsync -aIW", 3.0)
 
 
 def large(bench):
@@ -103,8 +103,8 @@ def large(bench):
 
     own, cp, plain = in_turn(bench.rounds, ours, lambda: copy("cp"), lambda: copy(sys.executable, "-c", PLAIN_COPY))
     work = f"one file of {bench.sizes.large >> 20:,} MiB"
-    yield Figure(work, place.name, walls(own), walls(cp), "cp" + peer.suffix, 1.05)
-    yield Figure(work, place.name, walls(own), walls(plain), "the plain calls" + peer.suffix)
+    yield Comparison(work, place.name, walls(own), walls(cp), "cp" + peer.suffix, 1.05)
+    yield Comparison(work, place.name, walls(own), walls(plain), "the plain calls" + peer.suffix)
     place.drop("large")
 
 
@@ -119,5 +119,5 @@ def deep(bench):
     bench.place.drop("drive", "shallow")
     yield from stalls(work, bench, [first, second])
     for run, name in ((first, "first"), (second, "second")):
-        yield Figure(f"{work}, {name} run, memory", bench.place.name, [run["peak"] / 1000], [small_peak / 1000],
-                     f"its own at {files // 100:,}", 1.1, "MB")
+        yield Comparison(f"{work}, {name} run, memory", bench.place.name, [run["peak"] / 1000], [small_peak / 1000],
+                         f"its own at {files // 100:,}", 1.1, "MB")

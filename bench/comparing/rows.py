@@ -14,7 +14,7 @@ class Row:
     places: tuple = ("tmpfs", "disk")
 
 
-# In an order in which a tree is made once: what takes most room comes last and stays shortest.
+# In an order in which a tree is made once: what needs the most room comes last and stays shortest.
 ROWS = (
     Row("start", "start to the first painted window, memory then", window.start, ("tmpfs",)),
     Row("memory", "memory after every screen was visited twice", window.memory, ("tmpfs",)),

@@ -1,4 +1,4 @@
-"""Runs peers as whole processes, and this program's services in a process that tells what they took."""
+"""Runs peers as whole processes, and this program's services in a process that prints what they took."""
 
 import contextlib
 import os
@@ -32,7 +32,7 @@ class Measure:
         self.platform = platform
 
     def __call__(self, *arguments, home=None):
-        """The figures that it prints."""
+        """The numbers that it prints."""
         return figures_of(self.lines(*arguments, home=home))
 
     def lines(self, *arguments, home=None):
@@ -73,14 +73,14 @@ def busy_programs(count):
 
 def figures_of(lines):
     """Of lines that are a name and a number."""
-    figures = {}
+    numbers = {}
     for line in lines:
         name, _, number = line.rpartition(" ")
         try:
-            figures[name] = float(number)
+            numbers[name] = float(number)
         except ValueError:
             pass  # what the program says besides
-    return figures
+    return numbers
 
 
 def in_turn(rounds, *works):

@@ -1,6 +1,6 @@
 """Estimates, sizes, levels and searches beside du, gdu and the plain walk."""
 
-from comparing.figures import Figure, fixed
+from comparing.comparisons import Comparison, fixed
 from comparing.running import in_turn
 
 FRAME = 0.016
@@ -19,8 +19,8 @@ def beside_du(bench, work, service, tree):
     bench.peer("du", "-sb", tree)
     ours, peers = in_turn(bench.rounds, lambda: bench.measure(service, tree), lambda: bench.peer("du", "-sb", tree))
     place = bench.place.name
-    yield Figure(f"{work}, wall", place, walls(ours), walls(peers), "du -sb", 1.0)
-    yield Figure(f"{work}, processor", place, cpus(ours), cpus(peers), "du -sb", 1.0)
+    yield Comparison(f"{work}, wall", place, walls(ours), walls(peers), "du -sb", 1.0)
+    yield Comparison(f"{work}, processor", place, cpus(ours), cpus(peers), "du -sb", 1.0)
 
 
 def estimate(bench):
@@ -44,8 +44,8 @@ def junk(bench):
     finally:
         caches.rename(small)
         bench.place.drop("home")
-    yield Figure("junk estimate, wall", bench.place.name, walls(ours), walls(peers), "du -sb", 1.0)
-    yield Figure("junk estimate, processor", bench.place.name, cpus(ours), cpus(peers), "du -sb", 1.0)
+    yield Comparison("junk estimate, wall", bench.place.name, walls(ours), walls(peers), "du -sb", 1.0)
+    yield Comparison("junk estimate, processor", bench.place.name, cpus(ours), cpus(peers), "du -sb", 1.0)
 
 
 def level(bench):
@@ -54,8 +54,8 @@ def level(bench):
     ours, peers = in_turn(bench.rounds, lambda: bench.measure("level", tree),
                           lambda: bench.peer("gdu", "-n", "-p", tree))
     sizes = bench.sizes
-    yield Figure(f"level of {sizes.level_folders} folders of {sizes.level_files:,} files", bench.place.name,
-                 walls(ours), walls(peers), "gdu -n -p", 0.8)
+    yield Comparison(f"level of {sizes.level_folders} folders of {sizes.level_files:,} files", bench.place.name,
+                     walls(ours), walls(peers), "gdu -n -p", 0.8)
     bench.place.drop("level")
 
 
@@ -71,20 +71,21 @@ def largest(bench):
     ours, plain, small = in_turn(bench.rounds, lambda: bench.measure("largest", many),
                                  lambda: bench.measure("walk", many), lambda: bench.measure("largest", few))
     files = f"50 largest of {bench.sizes.deep:,} files"
-    yield Figure(files, bench.place.name, walls(ours), walls(plain), "the plain walk", 1.1)
-    yield Figure(f"{files}, memory", bench.place.name, [one["peak"] / 1000 for one in ours],
-                 [one["peak"] / 1000 for one in small], f"its own at {bench.sizes.deep // 100:,}", 1.1, "MB")
+    yield Comparison(files, bench.place.name, walls(ours), walls(plain), "the plain walk", 1.1)
+    yield Comparison(f"{files}, memory", bench.place.name, [one["peak"] / 1000 for one in ours],
+                     [one["peak"] / 1000 for one in small], f"its own at {bench.sizes.deep // 100:,}", 1.1, "MB")
     bench.place.drop("shallow")
 
 
 def plan(bench):
     loose = bench.place.loose()
     ours = [bench.measure("plan", loose)["wall"] for _ in range(bench.rounds)]
-    yield Figure(f"plan for {bench.sizes.small:,} loose files", bench.place.name, ours, fixed(0.5, ours),
-                 "half a second", 1.0)
+    yield Comparison(f"plan for {bench.sizes.small:,} loose files", bench.place.name, ours, fixed(0.5, ours),
+                     "half a second", 1.0)
     bench.place.drop("loose")
 
 
 def treemap(bench):
     ours = [bench.measure("treemap", bench.sizes.cells)["wall"] for _ in range(bench.rounds)]
-    yield Figure(f"treemap of {bench.sizes.cells:,} cells", "memory", ours, fixed(FRAME, ours), "one frame", 1.0, "ms")
+    yield Comparison(f"treemap of {bench.sizes.cells:,} cells", "memory", ours, fixed(FRAME, ours), "one frame", 1.0,
+                     "ms")

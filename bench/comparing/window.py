@@ -4,7 +4,7 @@ import sys
 import time
 from pathlib import Path
 
-from comparing.figures import Figure, fixed
+from comparing.comparisons import Comparison, fixed
 from comparing.trees import make_applications
 from comparing.walks import FRAME
 
@@ -21,8 +21,8 @@ def start(bench):
         runs.append(bench.measure("start", time.monotonic_ns(), home=home))
     bench.place.drop("home")
     walls, memory = [run["wall"] for run in runs], [run["resident"] / 1000 for run in runs]
-    yield Figure("start to first painted window", "window", walls, fixed(START_SECONDS, walls), "300 ms", 1.0, "ms")
-    yield Figure("memory then", "window", memory, fixed(START_MEGABYTES, memory), "90 MB", 1.0, "MB")
+    yield Comparison("start to first painted window", "window", walls, fixed(START_SECONDS, walls), "300 ms", 1.0, "ms")
+    yield Comparison("memory then", "window", memory, fixed(START_MEGABYTES, memory), "90 MB", 1.0, "MB")
 
 
 def memory(bench):
@@ -32,8 +32,8 @@ def memory(bench):
     run = bench.measure("visit", machine)
     bench.place.drop("machine")
     first, second = [run["resident1"] / 1000], [run["resident2"] / 1000]
-    yield Figure("memory, every screen visited twice", "window", second, [START_MEGABYTES], "90 MB", 1.0, "MB")
-    yield Figure("the same, beside visited once", "window", second, first, "visited once", 1.05, "MB")
+    yield Comparison("memory, every screen visited twice", "window", second, [START_MEGABYTES], "90 MB", 1.0, "MB")
+    yield Comparison("the same, beside visited once", "window", second, first, "visited once", 1.05, "MB")
 
 
 def stalls(bench):
@@ -58,7 +58,7 @@ def stalls(bench):
             # A screen opens within a tenth of a second; what is asked of an open one costs no frame.
             limit, named = (FRAME, "one frame") if ": " in screen else (OPENING_SECONDS, "100 ms")
             what = "longest stall" if kind == "stall" else "own work of it"
-            yield Figure(f"{what}, {screen}", bench.place.name, [run[key]], [limit], named, 1.0, "ms")
+            yield Comparison(f"{what}, {screen}", bench.place.name, [run[key]], [limit], named, 1.0, "ms")
 
 
 def rest(bench):
@@ -86,7 +86,7 @@ def rest(bench):
             process.wait()
         bench.place.drop("home", "machine")
     for screen, count in counts.items():
-        yield Figure(f"wake-ups at rest in {seconds} s, {screen}", "window", [count], [0], "none", 1.0, "times")
+        yield Comparison(f"wake-ups at rest in {seconds} s, {screen}", "window", [count], [0], "none", 1.0, "times")
 
 
 def switches(process):

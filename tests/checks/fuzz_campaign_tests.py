@@ -39,9 +39,9 @@ class FuzzCampaignTests(unittest.TestCase):
 
     def test_a_finding_ends_the_turns_of_its_fuzzer_and_is_told(self):
         with self.start("echo 'Does not hold: all is well'; exit 77") as campaign:
-            told = campaign.communicate()[0]
+            printed = campaign.communicate()[0]
         self.assertEqual(campaign.returncode, 1)
-        self.assertIn("Does not hold: all is well", told)
+        self.assertIn("Does not hold: all is well", printed)
 
 
 if __name__ == "__main__":

@@ -1,4 +1,4 @@
-"""Figures beside what they have to hold against: medians, ratios, verdicts, the table."""
+"""Numbers beside those of a peer: medians, ratios, verdicts, the table."""
 
 import statistics
 from dataclasses import dataclass
@@ -12,7 +12,7 @@ FORMATS = {
 
 
 @dataclass(frozen=True)
-class Figure:
+class Comparison:
     """What was measured, round by round, beside the same of a peer. The peer may be a fixed measure
     (a frame, a budget), the same in every round."""
 
@@ -21,7 +21,7 @@ class Figure:
     ours: list
     peers: list
     peer: str
-    at_most: float | None = None  # the bound of the ratio; None for what is only told
+    at_most: float | None = None  # the bound of the ratio; None for what is only printed
     unit: str = "s"
 
     @property
@@ -38,7 +38,7 @@ class Figure:
 
     @property
     def spread(self):
-        """The lowest and the highest ratio of a pair of rounds: how far the figure can be trusted."""
+        """The lowest and the highest ratio of a pair of rounds: how far the comparison can be trusted."""
         pairs = [divide(own, other) for own, other in zip(self.ours, self.peers)]
         return min(pairs), max(pairs)
 
@@ -64,15 +64,15 @@ HEADER = (f"{'work':<46}{'place':<8}{'this':>11}{'against':>11}{'ratio':>8}{'low
           f"{'at most':>9}  against what")
 
 
-def line(figure):
-    shown = FORMATS[figure.unit]
-    lowest, highest = figure.spread
-    bound = "" if figure.at_most is None else f"{figure.at_most:.2f}"
-    verdict = "" if figure.is_held else "  MISSED"
-    return (f"{figure.work:<46}{figure.place:<8}{shown(figure.own):>11}{shown(figure.other):>11}"
-            f"{figure.ratio:>8.2f}{lowest:>8.2f}{highest:>8.2f}{bound:>9}  {figure.peer}{verdict}")
+def line(comparison):
+    shown = FORMATS[comparison.unit]
+    lowest, highest = comparison.spread
+    bound = "" if comparison.at_most is None else f"{comparison.at_most:.2f}"
+    verdict = "" if comparison.is_held else "  MISSED"
+    return (f"{comparison.work:<46}{comparison.place:<8}{shown(comparison.own):>11}{shown(comparison.other):>11}"
+            f"{comparison.ratio:>8.2f}{lowest:>8.2f}{highest:>8.2f}{bound:>9}  {comparison.peer}{verdict}")
 
 
-def exit_code(figures, is_quick):
-    """1 where a bound is missed; a quick run is too small to tell."""
-    return 1 if not is_quick and not all(figure.is_held for figure in figures) else 0
+def exit_code(comparisons, is_quick):
+    """1 where a bound is missed; a quick run is too small to judge."""
+    return 1 if not is_quick and not all(comparison.is_held for comparison in comparisons) else 0
