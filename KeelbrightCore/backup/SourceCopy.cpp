@@ -14,7 +14,7 @@ SourceCopy::SourceCopy(DirectoryEnumerator& items, CopyDestination& destination,
     , m_root(std::move(root))
     , m_relativeRoot(std::move(relativeRoot))
     , m_engine(engine)
-    , m_settler(engine, destination.mostPrepared())
+    , m_settler(engine, destination.maximumPrepared())
 {
     // A folder of the user's that could not be read is missing from the backup: that must show.
     m_items.setErrorHandler([this](const FileURL&, const FileError& error) { m_folderErrors.append(error); });

@@ -12,8 +12,8 @@ class DirectoryEnumerator;
 
 /// A copy whose data, mode and times are complete, but which has no name yet.
 ///
-/// Destroying it unpublished leaves nothing behind. Further copies may be prepared and other
-/// folders entered meanwhile. None outlives its destination.
+/// Destroying it unpublished leaves nothing behind. Until then further copies may be prepared and
+/// other folders entered. It must not outlive its destination.
 class PreparedCopy
 {
 public:
@@ -26,9 +26,9 @@ public:
 
 /// A folder tree that files are copied into.
 ///
-/// Everything happens relative to open folders from the anchor downwards, and no link below the
-/// anchor is ever followed. Once the anchor's path leads elsewhere (unmounted, mounted over,
-/// replaced), every call fails. One thread at a time.
+/// Everything happens relative to open folders, from the folder that it was opened at (the anchor)
+/// downwards, and no link below the anchor is ever followed. Once the anchor's path leads elsewhere
+/// (unmounted, mounted over, replaced), every call fails. One thread at a time.
 class CopyDestination
 {
 public:
@@ -43,16 +43,16 @@ public:
     [[nodiscard]] virtual std::expected<std::unique_ptr<PreparedCopy>, FileError>
     prepare(const DirectoryEnumerator& item, const std::atomic<bool>& stop) = 0;
 
-    /// How many copies may be prepared at a time before the first of them is published, at least
-    /// one. To be asked when a folder has been entered.
-    [[nodiscard]] virtual qsizetype mostPrepared() const = 0;
+    /// How many copies may be prepared before the first of them is published; 1 or more. Call it
+    /// when a folder has been entered: the value depends on the drive.
+    [[nodiscard]] virtual qsizetype maximumPrepared() const = 0;
 
     /// Writes a file of that name into the anchor itself, in one step and through to the drive; an
     /// old file of that name stays whole until the new one is.
     [[nodiscard]] virtual std::expected<void, FileError> writeAtomically(const QByteArray& name,
                                                                          const QByteArray& data) = 0;
 
-    /// Whether the anchor's path still leads to the folder that was opened, asked anew.
+    /// Whether the anchor's path still leads to the folder that was opened; asks the file system.
     [[nodiscard]] virtual bool isInPlace() = 0;
 
     /// Brings everything written to the file system since the destination was opened onto the

@@ -46,13 +46,6 @@ std::optional<qint64> sizeOf(int folder, const char* name)
 #endif
 }
 
-FileDescriptor openForWalk(int folder, const char* path, int followFlag)
-{
-    return FileDescriptor(retrying([&] {
-        return ::openat(folder, path, O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | followFlag);
-    }));
-}
-
 } // namespace
 
 class DirectoryEnumerator::Walk
@@ -62,7 +55,6 @@ public:
         : m_root(std::move(root))
         , m_options(options)
         , m_chain(std::move(folder))
-        , m_readers(1)
     {}
 
     bool next()
@@ -89,7 +81,7 @@ public:
     {
         if (!m_entersCurrent)
             return nullptr;
-        FileDescriptor folder = openForWalk(m_chain.descriptor(), m_name, O_NOFOLLOW);
+        FileDescriptor folder = openFolder(m_chain.descriptor(), m_name);
         if (!folder.isOpen())
             return nullptr;
         m_entersCurrent = false;
@@ -98,7 +90,7 @@ public:
 
     [[nodiscard]] FileURL currentFolder() const { return m_root.appendingNative(m_chain.relativePath()); }
 
-    [[nodiscard]] const FolderChain& chain() const { return m_chain; }
+    [[nodiscard]] const FolderChain<DirectoryReader>& chain() const { return m_chain; }
 
     [[nodiscard]] const char* name() const { return m_name; }
 
@@ -108,7 +100,7 @@ private:
     /// The next entry of the current folder; nothing at its end, and where its listing breaks off.
     [[nodiscard]] std::optional<RawDirectoryEntry> read()
     {
-        const auto entry = m_readers.back().read(m_chain.descriptor());
+        const auto entry = m_chain.data().read(m_chain.descriptor());
         if (entry)
             return *entry;
         report(currentFolder(), FileError::Operation::listed, entry.error());
@@ -138,23 +130,20 @@ private:
         m_entersCurrent = false;
         const QByteArray name(m_name);
         if (const auto entered = m_chain.enter(name); !entered) {
-            // What has gone since it was listed is no loss to tell of.
+            // What was removed since it was listed is no loss.
             if (entered.error() != ENOENT)
                 report(currentFolder().appendingNative(name), FileError::Operation::opened, entered.error());
             return;
         }
-        m_readers.emplace_back();
-        const size_t firstOpen = m_chain.firstOpenDepth();
-        if (firstOpen > 1) // the one that was closed for the sake of this one
-            m_readers[firstOpen - 1].suspend();
+        // The folder that was perhaps closed to make room for this one.
+        if (const size_t firstOpen = m_chain.firstOpenDepth(); firstOpen > 1)
+            m_chain.dataAt(firstOpen - 1).suspend();
     }
 
     void leave()
     {
         const FileURL folder = currentFolder();
-        const auto left = m_chain.leave();
-        m_readers.erase(m_readers.begin() + static_cast<qsizetype>(m_chain.depth()) + 1, m_readers.end());
-        if (!left)
+        if (const auto left = m_chain.leave(); !left)
             report(folder.deletingLastPathComponent(), FileError::Operation::listed, left.error());
     }
 
@@ -166,8 +155,7 @@ private:
 
     FileURL m_root;
     Options m_options;
-    FolderChain m_chain;
-    std::vector<DirectoryReader> m_readers; ///< one a folder of the chain, the root's first
+    FolderChain<DirectoryReader> m_chain;
     ErrorHandler m_errorHandler;
     const char* m_name = nullptr;
     EntryType m_type = EntryType::other;
@@ -177,8 +165,11 @@ private:
 std::expected<std::unique_ptr<DirectoryEnumerator>, FileError> DirectoryEnumerator::open(const FileURL& root,
                                                                                          Options options)
 {
-    const int follow = options.testFlag(Option::followsRootLink) ? 0 : O_NOFOLLOW;
-    FileDescriptor folder = openForWalk(AT_FDCWD, root.nativePath().constData(), follow);
+    const int linkFlag = options.testFlag(Option::followsRootLink) ? 0 : O_NOFOLLOW;
+    FileDescriptor folder(retrying([&] {
+        return ::open(root.nativePath().constData(),
+                      O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | linkFlag);
+    }));
     if (!folder.isOpen())
         return failure(FileError::Operation::opened, root, errno);
     return std::unique_ptr<DirectoryEnumerator>(

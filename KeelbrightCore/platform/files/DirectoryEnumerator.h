@@ -18,7 +18,7 @@ enum class EntryType : quint8 { regularFile, directory, symbolicLink, other };
 /// Works relative to open folders (a bounded number of them), so that neither depth nor path
 /// length has a limit; never follows a link below its root. An entry's type comes from the
 /// directory itself and its size is read only when asked for. A folder that can't be opened is
-/// delivered like any other and then passed over; `setErrorHandler` hears of it.
+/// delivered like any other and then passed over; the error handler is called with it.
 ///
 /// The entry's properties are valid until the next call of `next`. One thread at a time.
 class DirectoryEnumerator
@@ -47,9 +47,9 @@ public:
     [[nodiscard]] bool next();
     /// Keeps the walk out of the folder just delivered; nothing for any other entry.
     void skipDescendants();
-    /// Gives the folder just delivered to a walk of its own, for another thread to take; this walk
-    /// then passes it over. The other has the same options, no error handler, and paths relative to
-    /// its own root. Nothing, and no change, where this walk would not enter the entry or where the
+    /// A new walk over the folder just delivered, for another thread to take; this walk then passes
+    /// the folder over. The new one has the same options, no error handler, and paths relative to
+    /// its own root. Null, and no change, where this walk would not enter the entry or where the
     /// folder can't be opened.
     [[nodiscard]] std::unique_ptr<DirectoryEnumerator> branchOff();
 

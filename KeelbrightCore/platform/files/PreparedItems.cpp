@@ -1,6 +1,5 @@
 #include "KeelbrightCore/platform/files/PreparedItems.h"
 
-#include "KeelbrightCore/platform/files/SystemCalls.h"
 #include "KeelbrightCore/platform/files/TemporaryName.h"
 
 #include <fcntl.h>
@@ -11,13 +10,6 @@ namespace keelbright {
 
 namespace {
 
-/// Puts the file named `temporary` in the place of the one named `name`, in one step. 0, or the
-/// `errno` value where that fails; the temporary file stays then.
-int swapIn(int folder, const QByteArray& temporary, const QByteArray& name)
-{
-    return ::renameat(folder, temporary.constData(), folder, name.constData()) == 0 ? 0 : errno;
-}
-
 bool isFolder(int folder, const QByteArray& name)
 {
     struct stat status = {};
@@ -26,88 +18,51 @@ bool isFolder(int folder, const QByteArray& name)
 
 } // namespace
 
-PreparedFile::PreparedFile(std::shared_ptr<const TargetFolder> folder, FileDescriptor file,
-                           QByteArray temporaryName, QByteArray name)
+PreparedFile::PreparedFile(std::shared_ptr<const TargetFolder> folder, UnpublishedFile file, QByteArray name,
+                           qint64 sourceSize)
     : m_folder(std::move(folder))
     , m_file(std::move(file))
-    , m_temporaryName(std::move(temporaryName))
     , m_name(std::move(name))
+    , m_sourceSize(sourceSize)
 {}
-
-PreparedFile::~PreparedFile()
-{
-    if (!m_temporaryName.isEmpty())
-        ::unlinkat(folder(), m_temporaryName.constData(), 0);
-}
-
-int PreparedFile::finishWriting()
-{
-    return m_temporaryName.isEmpty() ? 0 : m_file.close();
-}
 
 std::expected<void, FileError> PreparedFile::publish()
 {
-    if (auto inPlace = m_folder->checkPlace(); !inPlace)
+    if (auto inPlace = m_folder->anchor.checkPlace(); !inPlace)
         return inPlace;
-    const bool hadNoName = m_temporaryName.isEmpty();
+    const bool wasUnnamed = m_file.isUnnamed();
     auto named = giveName();
-    if (!named && named.error().code == ENOENT && hadNoName) {
-        // Somebody removed the folder under our hands; the file without a name outlived it.
-        m_temporaryName.clear();
-        auto made = m_folder->makeAnew();
-        if (!made)
-            return std::unexpected(made.error());
-        m_newFolder = std::move(*made);
+    if (!named && named.error().code == ENOENT && wasUnnamed) {
+        // Somebody has removed the folder. A file without a name outlives that.
+        auto folder = m_folder->anchor.recreateFolder(m_folder->path);
+        if (!folder)
+            return std::unexpected(folder.error());
+        m_newFolder = std::move(*folder);
+        m_file.moveTo(m_newFolder.get());
         named = giveName();
     }
     return named;
 }
 
-int PreparedFile::folder() const
-{
-    return m_newFolder.isOpen() ? m_newFolder.get() : m_folder->folder.get();
-}
-
 std::expected<void, FileError> PreparedFile::giveName()
 {
     if (m_folder->likelyName == NameIs::free) {
-        const auto taken = takeFreeName();
-        if (taken)
+        const auto named = m_file.publish(m_name);
+        if (named)
             return {};
-        if (taken.error() != EEXIST)
-            return failure(FileError::Operation::copied, m_name, taken.error());
-    }
-    return replaceOld();
-}
-
-std::expected<void, int> PreparedFile::takeFreeName()
-{
-    if (m_temporaryName.isEmpty())
-        return SystemCalls::nameUnnamed(m_file.get(), folder(), m_name.constData());
-    auto renamed = SystemCalls::renameWithoutReplacing(folder(), m_temporaryName.constData(), folder(),
-                                                       m_name.constData());
-    if (renamed)
-        m_temporaryName.clear();
-    return renamed;
-}
-
-std::expected<void, FileError> PreparedFile::replaceOld()
-{
-    if (m_temporaryName.isEmpty()) {
-        QByteArray temporary = temporaryName();
-        const auto named = SystemCalls::nameUnnamed(m_file.get(), folder(), temporary.constData());
-        if (!named)
+        if (named.error() != EEXIST)
             return failure(FileError::Operation::copied, m_name, named.error());
-        m_temporaryName = std::move(temporary);
     }
-    const int code = swapIn(folder(), m_temporaryName, m_name);
+    const auto replaced = m_file.publishReplacing(m_name);
+    if (replaced)
+        return {};
+    if (m_file.isUnnamed())
+        return failure(FileError::Operation::copied, m_name, replaced.error());
     // A folder is not replaced by a file, as nothing of the user's is ever removed from the drive;
     // the copy goes then. After any other failure it stays, for it may be the only one.
-    if (code != EISDIR)
-        m_temporaryName.clear();
-    if (code != 0)
-        return failure(FileError::Operation::replaced, m_name, code);
-    return {};
+    if (replaced.error() != EISDIR)
+        m_file.keepTemporary();
+    return failure(FileError::Operation::replaced, m_name, replaced.error());
 }
 
 PreparedLink::PreparedLink(std::shared_ptr<const TargetFolder> folder, QByteArray linkTarget, QByteArray name)
@@ -118,7 +73,7 @@ PreparedLink::PreparedLink(std::shared_ptr<const TargetFolder> folder, QByteArra
 
 std::expected<void, FileError> PreparedLink::publish()
 {
-    if (auto inPlace = m_folder->checkPlace(); !inPlace)
+    if (auto inPlace = m_folder->anchor.checkPlace(); !inPlace)
         return inPlace;
     const int folder = m_folder->folder.get();
     if (::symlinkat(m_linkTarget.constData(), folder, m_name.constData()) == 0)
@@ -132,8 +87,8 @@ std::expected<void, FileError> PreparedLink::publish()
     const QByteArray temporary = temporaryName();
     if (::symlinkat(m_linkTarget.constData(), folder, temporary.constData()) != 0)
         return failure(FileError::Operation::copied, m_name, errno);
-    if (const int code = swapIn(folder, temporary, m_name))
-        return failure(FileError::Operation::replaced, m_name, code);
+    if (::renameat(folder, temporary.constData(), folder, m_name.constData()) != 0)
+        return failure(FileError::Operation::replaced, m_name, errno);
     return {};
 }
 

@@ -36,14 +36,14 @@ std::expected<FileDescriptor, int> openUnnamed(int folder, mode_t mode)
         retrying([&] { return ::openat(folder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, mode); }));
     if (file.isOpen())
         return file;
-    // What kernels and file systems answer that know no unnamed files.
-    const bool isUnknown = errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL || errno == ENOSYS;
-    return std::unexpected(isUnknown ? ENOTSUP : errno);
+    // What kernels and file systems answer that do not support unnamed files.
+    const bool isUnsupported = errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL || errno == ENOSYS;
+    return std::unexpected(isUnsupported ? ENOTSUP : errno);
 }
 
-mode_t withheldPermissions()
+mode_t processUmask()
 {
-    // To ask umask() itself means to change it for a moment, for all threads.
+    // umask() itself reads the value only by changing it, for all threads.
     const FileDescriptor status(::open("/proc/self/status", O_RDONLY | O_CLOEXEC));
     std::array<char, 4096> text = {};
     const ssize_t length = retrying([&] { return ::read(status.get(), text.data(), text.size() - 1); });
@@ -71,8 +71,8 @@ std::expected<void, int> nameUnnamed(int file, int folder, const char* name)
     return outcome(::linkat(AT_FDCWD, path.data(), folder, name, AT_SYMLINK_FOLLOW));
 }
 
-static std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
-                                                const char* newName)
+std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
+                                         const char* newName)
 {
     if (::renameat2(oldFolder, oldName, newFolder, newName, RENAME_NOREPLACE) == 0)
         return {};
@@ -90,9 +90,9 @@ std::expected<size_t, int> copyRange(int source, int target, size_t count)
         retrying([&] { return ::copy_file_range(source, nullptr, target, nullptr, count, 0); });
     if (copied >= 0)
         return static_cast<size_t>(copied);
-    const bool isRefused = errno == EXDEV || errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP ||
-                           errno == EPERM || errno == EBADF;
-    return std::unexpected(isRefused ? ENOTSUP : errno);
+    const bool isUnsupported = errno == EXDEV || errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP ||
+                               errno == EPERM || errno == EBADF;
+    return std::unexpected(isUnsupported ? ENOTSUP : errno);
 }
 
 void copyExtendedAttributes(int source, int target)
@@ -149,7 +149,7 @@ std::expected<FileDescriptor, int> openUnnamed(int, mode_t)
     return std::unexpected(ENOTSUP);
 }
 
-mode_t withheldPermissions()
+mode_t processUmask()
 {
     return 0777;
 }
@@ -164,8 +164,8 @@ std::expected<void, int> nameUnnamed(int, int, const char*)
     return std::unexpected(ENOTSUP);
 }
 
-static std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
-                                                const char* newName)
+std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
+                                         const char* newName)
 {
     return outcome(::renameatx_np(oldFolder, oldName, newFolder, newName, RENAME_EXCL));
 }
@@ -221,7 +221,7 @@ std::expected<void, int> renameWithoutReplacing(int oldFolder, const char* oldNa
     struct stat status = {};
     if (::fstatat(newFolder, newName, &status, AT_SYMLINK_NOFOLLOW) == 0)
         return std::unexpected(EEXIST);
-    if (errno != ENOENT) // what can't be looked at may well be there
+    if (errno != ENOENT) // something may be there that can't be read
         return std::unexpected(errno);
     return outcome(::renameat(oldFolder, oldName, newFolder, newName));
 }

@@ -9,23 +9,25 @@
 
 namespace keelbright {
 
-/// The calls of which each operating system has a form of its own, with one meaning for all.
-/// Internal to the platform folder. A failure is the `errno` value; ENOTSUP says that there is
-/// no such call here and that the caller goes the long way.
+/// System calls that differ between operating systems, with one meaning for all. Internal to the
+/// platform folder. A failure is the `errno` value; ENOTSUP means that the operating system or the
+/// file system has no such call, and that the caller has to do without.
 namespace SystemCalls {
 
-/// A file without a name in an open folder; of `mode` it gets what the folder and the process
-/// allow.
+/// A file without a name in an open folder. It gets the permissions of `mode` that the folder and
+/// the process allow.
 [[nodiscard]] std::expected<FileDescriptor, int> openUnnamed(int folder, mode_t mode);
-/// The permissions that the process withholds from its new files; all of them where it can't say.
-[[nodiscard]] mode_t withheldPermissions();
+/// The permissions that new files of the process do not get; 0777 where that can't be read.
+[[nodiscard]] mode_t processUmask();
 /// Whether new files in an open folder get their permissions by a list of the folder's own
-/// instead; true where it can't be told.
+/// instead; true where that can't be read.
 [[nodiscard]] bool hasDefaultAccessList(int folder);
 /// Gives a file from `openUnnamed` its name; EEXIST where the name is taken.
 [[nodiscard]] std::expected<void, int> nameUnnamed(int file, int folder, const char* name);
-/// EEXIST where `newName` is taken. Where a file system can't look and rename in one step, it is
-/// looked before.
+/// Renames unless `newName` is taken (EEXIST), both in one step.
+[[nodiscard]] std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
+                                                       const char* newName);
+/// The same everywhere: where a file system can't do it in one step, `newName` is looked for before.
 [[nodiscard]] std::expected<void, int> renameWithoutReplacing(int oldFolder, const char* oldName,
                                                               int newFolder, const char* newName);
 /// Lets `target` share the data of `source`.

@@ -1,10 +1,9 @@
 #pragma once
 
+#include "KeelbrightCore/platform/files/CopyAnchor.h"
 #include "KeelbrightCore/platform/files/FileDescriptor.h"
-#include "KeelbrightCore/platform/files/FileError.h"
 
-#include <expected>
-#include <functional>
+#include <QByteArray>
 #include <sys/types.h>
 
 namespace keelbright {
@@ -17,14 +16,11 @@ enum class NameIs { free, taken };
 /// the destination has gone on to another one. Internal to the platform folder.
 struct TargetFolder
 {
+    CopyAnchor& anchor; ///< outlives the folder
+    QByteArray path;    ///< below the anchor
     FileDescriptor folder;
-    /// Fails where the destination has left its place.
-    std::function<std::expected<void, FileError>()> checkPlace;
-    /// Makes the folder anew, because it was removed meanwhile.
-    std::function<std::expected<FileDescriptor, FileError>()> makeAnew;
     NameIs likelyName = NameIs::free;
-    /// Permissions that new files in it do not get right at creation.
-    mode_t withheldPermissions = 0777;
+    mode_t umask = 0777; ///< permissions that new files in it do not get at creation
 };
 
 } // namespace keelbright

@@ -8,6 +8,7 @@
 #include "KeelbrightCore/platform/files/SystemCalls.h"
 #include "KeelbrightCore/platform/files/TrashFolder.h"
 #include "KeelbrightCore/platform/files/TrashRecord.h"
+#include "KeelbrightCore/platform/files/UnpublishedFile.h"
 
 #include <fcntl.h>
 #endif
@@ -45,8 +46,8 @@ Outcome move(const FileURL& item, const FileURL& homeTrash)
 
 #else
 
-/// An item, found and held: its folder is open, so that a change of the path's upper parts while
-/// the work goes on can't put another item in its place.
+/// An item whose folder is kept open: a change of the folders above it can't put another item in its
+/// place meanwhile.
 struct HeldItem
 {
     FileURL location; ///< without links in the path of its folder
@@ -95,39 +96,34 @@ std::expected<void, FileError> checkIsOutsideTrash(const HeldItem& item, const F
     return {};
 }
 
-/// 0 where it went well.
-int codeOf(const std::expected<void, int>& outcome)
-{
-    return outcome ? 0 : outcome.error();
-}
-
-/// Writes the record under a name that nobody has; that reserves the name for the item. It is on
-/// the drive before the item moves: after a power cut nobody else would know where that came from.
+/// Writes the record under a name that nobody has; that reserves the name for the item. Record and
+/// name are on the drive before the item moves: after a power cut nothing else says where the item
+/// came from.
 std::expected<void, int> writeRecord(int folder, const QByteArray& name, const QByteArray& content)
 {
-    FileDescriptor record(retrying([&] {
-        return ::openat(folder, name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
-    }));
-    if (!record.isOpen())
-        return std::unexpected(errno);
-    int code = writeAll(record.get(), content.constData(), static_cast<size_t>(content.size()));
-    if (code == 0)
-        code = codeOf(SystemCalls::flushData(record.get()));
-    if (code == 0)
-        code = record.close();
-    if (code == 0)
-        return {};
-    ::unlinkat(folder, name.constData(), 0);
-    return std::unexpected(code);
+    auto record = UnpublishedFile::create(folder, 0600);
+    if (!record)
+        return std::unexpected(record.error());
+    auto done = record->write(content);
+    if (done)
+        done = record->publish(name);
+    if (!done)
+        return done;
+    done = record->flushWithName();
+    if (done)
+        done = record->close();
+    if (!done)
+        ::unlinkat(folder, name.constData(), 0);
+    return done;
 }
 
 std::expected<FileURL, int> moveWithRecord(const TrashFolder& trash, const HeldItem& item,
                                            const QByteArray& recordedPath)
 {
     const QByteArray content = TrashRecord::content(recordedPath, QDateTime::currentDateTime());
-    const qsizetype longest = trash.longestName();
+    const qsizetype maximumLength = trash.maximumNameLength();
     for (int attempt = 1; attempt <= TrashRecord::attempts; ++attempt) {
-        const QByteArray name = TrashRecord::itemName(item.name, attempt, longest);
+        const QByteArray name = TrashRecord::itemName(item.name, attempt, maximumLength);
         const QByteArray recordName = name + TrashRecord::suffix.toByteArray();
         auto done = writeRecord(trash.infoDescriptor(), recordName, content);
         if (done) {
@@ -153,7 +149,7 @@ Outcome move(const FileURL& item, const FileURL& homeTrash)
         return notTrashed(item, top.error());
     if (const auto outside = checkIsOutsideTrash(*held, homeTrash, *top); !outside)
         return std::unexpected(outside.error());
-    const auto homeDevice = deviceToBe(homeTrash);
+    const auto homeDevice = deviceOf(homeTrash);
     if (!homeDevice)
         return notTrashed(item, homeDevice.error());
     const bool isAtHome = held->device == *homeDevice;

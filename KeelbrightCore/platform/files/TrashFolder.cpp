@@ -38,8 +38,8 @@ std::expected<void, int> makePrivateFolders(const FileURL& folder)
     return {};
 }
 
-/// A volume is open to others: what stands in the Trash's place must be a real folder and the
-/// user's own. Where the file system keeps no owners, everything belongs to the top's owner.
+/// Others may write to a volume: what stands in the Trash's place must be a real folder and the
+/// user's own. Where the file system has no owners, everything belongs to the owner of its top.
 bool isTrustworthy(const FileURL& folder, const FileURL& top)
 {
     struct stat status = {};
@@ -116,12 +116,12 @@ std::expected<TrashFolder, int> TrashFolder::ofVolume(const FileURL& top)
     return open(own, O_NOFOLLOW);
 }
 
-qsizetype TrashFolder::longestName() const
+qsizetype TrashFolder::maximumNameLength() const
 {
     struct statvfs status = {};
     if (::fstatvfs(m_info.get(), &status) != 0 || status.f_namemax == 0)
         return NAME_MAX;
-    // Some file systems count characters and name a limit in bytes beyond the usual one.
+    // Some file systems count characters and report a limit in bytes that is larger than the usual one.
     return static_cast<qsizetype>(std::min<unsigned long>(status.f_namemax, NAME_MAX));
 }
 
@@ -140,7 +140,7 @@ std::expected<FileURL, int> volumeTop(const FileURL& folder, dev_t device)
     return top;
 }
 
-std::expected<dev_t, int> deviceToBe(const FileURL& folder)
+std::expected<dev_t, int> deviceOf(const FileURL& folder)
 {
     FileURL place = folder;
     struct stat status = {};

@@ -15,7 +15,7 @@ class TrashFolder
 public:
     /// The Trash of the home's volume. It is made where it is missing, with its parents.
     [[nodiscard]] static std::expected<TrashFolder, int> ofHome(const FileURL& homeTrash);
-    /// The user's Trash on another volume, by the top folder of that: in the shared `.Trash` that
+    /// The user's Trash on another volume, whose top folder is given: in the shared `.Trash` that
     /// the administrator made, else in one of the user's own beside it.
     [[nodiscard]] static std::expected<TrashFolder, int> ofVolume(const FileURL& top);
 
@@ -25,8 +25,8 @@ public:
 
     [[nodiscard]] int infoDescriptor() const { return m_info.get(); }
 
-    /// Bytes that the name of a record may have.
-    [[nodiscard]] qsizetype longestName() const;
+    /// How many bytes the name of a record may have.
+    [[nodiscard]] qsizetype maximumNameLength() const;
 
 private:
     [[nodiscard]] static std::expected<TrashFolder, int> open(const FileURL& location, int linkFlag);
@@ -36,12 +36,12 @@ private:
     FileDescriptor m_info;
 };
 
-/// The top folder of the volume that holds `folder`, which must exist and have no link in its path;
-/// the `errno` value where it can't be told: a Trash anywhere else would be one that nobody looks for.
+/// The top folder of the volume that holds `folder`, which must exist and have no link in its path.
+/// Fails where a folder on the way can't be read: a Trash in any folder but the top is never shown.
 [[nodiscard]] std::expected<FileURL, int> volumeTop(const FileURL& folder, dev_t device);
 
-/// The device of the folder, or of what exists of its path where it is still to be made.
-[[nodiscard]] std::expected<dev_t, int> deviceToBe(const FileURL& folder);
+/// The device that the folder lies on; where it does not exist, the device that it will lie on.
+[[nodiscard]] std::expected<dev_t, int> deviceOf(const FileURL& folder);
 
 /// Whether `path`, relative to the top of its volume, lies in a user's Trash there; `isTrash` says
 /// that it is the Trash itself or one of its parts.

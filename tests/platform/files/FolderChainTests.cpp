@@ -11,9 +11,9 @@ namespace {
 class FolderChainTest : public ::testing::Test
 {
 protected:
-    FolderChain chain()
+    FolderChain<int> chain()
     {
-        return FolderChain(
+        return FolderChain<int>(
             FileDescriptor(::open(mac.root().nativePath().constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)));
     }
 
@@ -23,7 +23,7 @@ protected:
 TEST_F(FolderChainTest, goesInAndOutAndKnowsItsPath)
 {
     mac.makeFolder("a/b");
-    FolderChain folders = chain();
+    FolderChain<int> folders = chain();
     ASSERT_TRUE(folders.enter("a").has_value());
     ASSERT_TRUE(folders.enter("b").has_value());
     EXPECT_EQ(folders.relativePath(), "a/b");
@@ -40,7 +40,7 @@ TEST_F(FolderChainTest, refusesLinksFilesAndWhatIsMissing)
     mac.makeFolder("folder");
     mac.writeFile("file", "x");
     ASSERT_EQ(::symlink("folder", mac.root().appending(QStringLiteral("link")).nativePath().constData()), 0);
-    FolderChain folders = chain();
+    FolderChain<int> folders = chain();
     EXPECT_EQ(folders.enter("missing").error(), ENOENT);
     EXPECT_EQ(folders.enter("file").error(), ENOTDIR);
     EXPECT_THAT(folders.enter("link").error(), ::testing::AnyOf(ELOOP, ENOTDIR));
@@ -53,23 +53,57 @@ TEST_F(FolderChainTest, keepsABoundedNumberOfFoldersOpen)
     for (int level = 0; level < 100; ++level)
         path += "d/";
     mac.makeFolder(path);
-    FolderChain folders = chain();
+    FolderChain<int> folders = chain();
     for (int level = 0; level < 100; ++level)
         ASSERT_TRUE(folders.enter("d").has_value());
-    int open = 0;
-    for (size_t depth = 1; depth <= folders.depth(); ++depth)
-        open += folders.isOpen(depth) ? 1 : 0;
-    EXPECT_EQ(open, 24);
+    EXPECT_EQ(folders.firstOpenDepth(), 77U) << "24 of 100 stay open";
     for (int level = 0; level < 100; ++level)
         ASSERT_TRUE(folders.leave().has_value());
     EXPECT_EQ(folders.depth(), 0U);
     EXPECT_GE(folders.descriptor(), 0);
 }
 
+TEST_F(FolderChainTest, keepsTheDataOfEachFolderWithIt)
+{
+    mac.makeFolder("a/b");
+    mac.makeFolder("a/c");
+    FolderChain<int> folders = chain();
+    EXPECT_EQ(folders.data(), 0);
+    folders.data() = 1;
+    ASSERT_TRUE(folders.enter("a").has_value());
+    EXPECT_EQ(folders.data(), 0);
+    folders.data() = 2;
+    folders.enter(openFolder(folders.descriptor(), "b"), "b", 3);
+    EXPECT_EQ(folders.relativePath(), "a/b");
+    EXPECT_EQ(folders.data(), 3);
+    EXPECT_EQ(folders.dataAt(0), 1);
+    EXPECT_EQ(folders.dataAt(1), 2);
+    ASSERT_TRUE(folders.leave().has_value());
+    EXPECT_EQ(folders.data(), 2);
+    ASSERT_TRUE(folders.enter("c").has_value());
+    EXPECT_EQ(folders.data(), 0) << "not that of the folder before it";
+    folders.leaveAll();
+    EXPECT_EQ(folders.data(), 1);
+}
+
+TEST_F(FolderChainTest, keepsTheDataOfFoldersThatWereClosedMeanwhile)
+{
+    mac.makeFolder(QByteArray("d/").repeated(60));
+    FolderChain<int> folders = chain();
+    for (int level = 1; level <= 60; ++level) {
+        ASSERT_TRUE(folders.enter("d").has_value());
+        folders.data() = level;
+    }
+    for (int level = 60; level >= 1; --level) {
+        ASSERT_EQ(folders.data(), level);
+        ASSERT_TRUE(folders.leave().has_value());
+    }
+}
+
 TEST_F(FolderChainTest, findsAParentByNameWhenAFolderWasMovedAway)
 {
     mac.makeFolder("top" + QByteArray("/d").repeated(60));
-    FolderChain folders = chain();
+    FolderChain<int> folders = chain();
     ASSERT_TRUE(folders.enter("top").has_value());
     for (int level = 0; level < 60; ++level)
         ASSERT_TRUE(folders.enter("d").has_value());
@@ -85,7 +119,7 @@ TEST_F(FolderChainTest, findsAParentByNameWhenAFolderWasMovedAway)
 TEST_F(FolderChainTest, goesBackToTheRootWhenNoParentIsFoundAnyMore)
 {
     mac.makeFolder("top" + QByteArray("/d").repeated(60));
-    FolderChain folders = chain();
+    FolderChain<int> folders = chain();
     ASSERT_TRUE(folders.enter("top").has_value());
     for (int level = 0; level < 60; ++level)
         ASSERT_TRUE(folders.enter("d").has_value());

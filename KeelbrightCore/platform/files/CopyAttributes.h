@@ -1,0 +1,39 @@
+#pragma once
+
+#include <expected>
+#include <sys/stat.h>
+
+namespace keelbright {
+
+/// Gives copies the owner, the mode, the extended attributes and the times of their sources.
+/// Internal to the platform folder.
+///
+/// What a drive can't hold (FAT has no modes) is no error. The owner is kept only where the user may
+/// give files away; otherwise a copy is the user's own.
+class CopyAttributes
+{
+public:
+    CopyAttributes();
+
+    /// The permissions that new files in an open folder do not get at creation.
+    [[nodiscard]] mode_t umaskIn(int folder) const;
+
+    /// Whether a copy that is created with the mode of its source has that mode from then on.
+    [[nodiscard]] bool isModeSetAtCreation(const struct stat& source, mode_t umask) const;
+
+    /// Copies all attributes from one open file to another, whose data is complete: nothing may
+    /// change its times afterwards. `status` is that of the source; `hasMode` says that the copy has
+    /// its mode already. Fails with an `errno` value.
+    [[nodiscard]] std::expected<void, int> copy(int source, int target, const struct stat& status,
+                                                bool hasMode) const;
+
+private:
+    /// Whether a copy has the owner of its source without being given away.
+    [[nodiscard]] bool isOwn(const struct stat& source) const;
+
+    uid_t m_user; ///< the owner of new files
+    gid_t m_group;
+    mode_t m_umask;
+};
+
+} // namespace keelbright

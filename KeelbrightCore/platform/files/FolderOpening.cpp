@@ -1,0 +1,59 @@
+#include "KeelbrightCore/platform/files/FolderOpening.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace keelbright {
+
+FileDescriptor openFolder(int parent, const char* name)
+{
+    constexpr int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
+    return FileDescriptor(retrying([&] { return ::openat(parent, name, flags); }));
+}
+
+std::expected<OpenedFolder, FileError> openOrCreateFolder(int parent, const QByteArray& name)
+{
+    OpenedFolder opened{.folder = openFolder(parent, name.constData())};
+    if (!opened.folder.isOpen() && errno == ENOENT) {
+        opened.wasCreated = ::mkdirat(parent, name.constData(), 0777) == 0;
+        if (!opened.wasCreated && errno != EEXIST)
+            return failure(FileError::Operation::created, name, errno);
+        opened.folder = openFolder(parent, name.constData());
+    }
+    if (opened.folder.isOpen())
+        return opened;
+    const int code = errno;
+    struct stat status = {};
+    const bool isLink =
+        ::fstatat(parent, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(status.st_mode);
+    if (isLink)
+        return failure(FileError::Operation::created, name, FileError::Reason::symbolicLinkInTheWay);
+    return failure(FileError::Operation::created, name, code);
+}
+
+std::expected<FileDescriptor, FileError> openOrCreatePath(int parent, QByteArrayView path)
+{
+    FileDescriptor folder = FileDescriptor::duplicate(parent);
+    if (!folder.isOpen())
+        return failure(FileError::Operation::opened, path, errno);
+    while (!path.isEmpty()) {
+        const QByteArray name = takeComponent(path).toByteArray();
+        if (name.isEmpty())
+            continue;
+        auto next = openOrCreateFolder(folder.get(), name);
+        if (!next)
+            return std::unexpected(next.error());
+        folder = std::move(next->folder);
+    }
+    return folder;
+}
+
+QByteArrayView takeComponent(QByteArrayView& path)
+{
+    const qsizetype slash = path.indexOf('/');
+    const QByteArrayView component = slash < 0 ? path : path.first(slash);
+    path = slash < 0 ? QByteArrayView() : path.sliced(slash + 1);
+    return component;
+}
+
+} // namespace keelbright

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "KeelbrightCore/platform/files/FileDescriptor.h"
+#include "KeelbrightCore/platform/files/FileError.h"
+
+#include <expected>
+
+namespace keelbright {
+
+/// Opening folders relative to open ones; no link is ever followed. Internal to the platform folder.
+
+/// A folder of an open one; not open, with `errno` set, where that fails (`ELOOP` or `ENOTDIR` for a
+/// link).
+[[nodiscard]] FileDescriptor openFolder(int parent, const char* name);
+
+struct OpenedFolder
+{
+    FileDescriptor folder;
+    bool wasCreated = false;
+};
+
+/// A folder of an open one, created where it is missing.
+[[nodiscard]] std::expected<OpenedFolder, FileError> openOrCreateFolder(int parent, const QByteArray& name);
+
+/// The folder at `path` below an open one; what is missing on the way is created.
+[[nodiscard]] std::expected<FileDescriptor, FileError> openOrCreatePath(int parent, QByteArrayView path);
+
+/// The part of `path` up to its next slash; `path` becomes what follows.
+[[nodiscard]] QByteArrayView takeComponent(QByteArrayView& path);
+
+} // namespace keelbright
