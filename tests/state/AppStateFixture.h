@@ -8,10 +8,10 @@
 #include "tests/support/Printing.h"
 #include "tests/support/SampleReport.h"
 #include "tests/support/StandardOutput.h"
+#include "tests/support/StoredDefaults.h"
 #include "tests/support/TestMac.h"
 
 #include <QCoreApplication>
-#include <QSettings>
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -98,9 +98,9 @@ protected:
     FileManagerGuard guard{fileManager};
     BackupConfigStore configStore{fileManager.applicationSupportDirectory()};
     ActivityStore activityStore{fileManager.applicationSupportDirectory()};
-    UserDefaults userDefaults{std::make_unique<QSettings>(
-        mac.home().appending(QStringLiteral(".config/Keelbright/UserDefaults.ini")).path(),
-        QSettings::IniFormat)};
+    const FileURL defaultsFile = mac.home().appending(QStringLiteral(".config/Keelbright/UserDefaults.ini"));
+    StoredDefaults storedDefaults{defaultsFile};
+    UserDefaults userDefaults{std::make_unique<QSettings>(defaultsFile.path(), QSettings::IniFormat)};
     FakeFolderChooser chooser;
     QString output; ///< what the last start printed
 };

@@ -164,8 +164,8 @@ TEST_F(AppStateLoadingTest, aDestinationInTheFileIgnoresTheLegacyKeys)
     AppConfiguration saved;
     saved.selectedDestination = drive();
     configStore.save(saved);
-    userDefaults.setData(u"kb.selectedDestination"_s, "{}");
-    userDefaults.setStringArray(u"kb.enabledRecommended"_s, {u"Music"_s});
+    storedDefaults.setData(u"kb.selectedDestination"_s, "{}");
+    storedDefaults.setStringArray(u"kb.enabledRecommended"_s, {u"Music"_s});
     const auto state = makeState();
     EXPECT_EQ(output, diagnostics());
     EXPECT_EQ(state->selectedDestination(), drive());
@@ -175,8 +175,8 @@ TEST_F(AppStateLoadingTest, aDestinationInTheFileIgnoresTheLegacyKeys)
 
 TEST_F(AppStateLoadingTest, otherLegacyKeysAloneAreNoMigration)
 {
-    userDefaults.setStringArray(u"kb.enabledRecommended"_s, {u"Music"_s});
-    userDefaults.setData(u"kb.lastReport"_s, "{}");
+    storedDefaults.setStringArray(u"kb.enabledRecommended"_s, {u"Music"_s});
+    storedDefaults.setData(u"kb.lastReport"_s, "{}");
     EXPECT_EQ(enabledNames(*makeState()), defaultNames);
     EXPECT_EQ(output, diagnostics());
 }

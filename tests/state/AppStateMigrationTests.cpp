@@ -23,14 +23,14 @@ QByteArray textOf(const QJsonObject& object)
 class AppStateMigrationTest : public AppStateFixture
 {
 protected:
-    void SetUp() override { userDefaults.setData(destinationKey, textOf(drive().toJson())); }
+    void SetUp() override { storedDefaults.setData(destinationKey, textOf(drive().toJson())); }
 
     void setLegacySources(const QList<BackupSource>& sources)
     {
         QJsonArray array;
         for (const BackupSource& source : sources)
             array.append(source.toJson());
-        userDefaults.setData(sourcesKey, QJsonDocument(array).toJson(QJsonDocument::Compact));
+        storedDefaults.setData(sourcesKey, QJsonDocument(array).toJson(QJsonDocument::Compact));
     }
 };
 
@@ -38,8 +38,8 @@ protected:
 
 TEST_F(AppStateMigrationTest, everythingIsTakenOverAndSaved)
 {
-    userDefaults.setData(reportKey, textOf(sampleReport().toJson()));
-    userDefaults.setStringArray(foldersKey, {u"Downloads"_s, u"Music"_s});
+    storedDefaults.setData(reportKey, textOf(sampleReport().toJson()));
+    storedDefaults.setStringArray(foldersKey, {u"Downloads"_s, u"Music"_s});
     setLegacySources({codeFolder()});
     const auto state = makeState();
     EXPECT_EQ(state->selectedDestination(), drive());
@@ -64,9 +64,9 @@ TEST_F(AppStateMigrationTest, itIsPrintedAndTheDiagnosticsAreNot)
 
 TEST_F(AppStateMigrationTest, onlyTheDestinationsKeyIsRemoved)
 {
-    userDefaults.setData(reportKey, "r");
-    userDefaults.setStringArray(foldersKey, {u"Music"_s});
-    userDefaults.setData(sourcesKey, "s");
+    storedDefaults.setData(reportKey, "r");
+    storedDefaults.setStringArray(foldersKey, {u"Music"_s});
+    storedDefaults.setData(sourcesKey, "s");
     std::ignore = makeState();
     EXPECT_FALSE(userDefaults.dataForKey(destinationKey).has_value());
     EXPECT_EQ(userDefaults.dataForKey(reportKey), QByteArray("r"));
@@ -76,9 +76,9 @@ TEST_F(AppStateMigrationTest, onlyTheDestinationsKeyIsRemoved)
 
 TEST_F(AppStateMigrationTest, theNextStartReadsTheFileAndNoLegacyKey)
 {
-    userDefaults.setStringArray(foldersKey, {u"Music"_s});
+    storedDefaults.setStringArray(foldersKey, {u"Music"_s});
     std::ignore = makeState();
-    userDefaults.setStringArray(foldersKey, {u"Movies"_s});
+    storedDefaults.setStringArray(foldersKey, {u"Movies"_s});
     const auto state = makeState();
     EXPECT_TRUE(output.startsWith(u"--- Keel Bright Diagnostics ---\n"_s));
     EXPECT_EQ(enabledNames(*state), QStringList{u"Music"_s});
@@ -99,7 +99,7 @@ TEST_F(AppStateMigrationTest, aDestinationThatCantBeDecodedIsNotTriedAgain)
 {
     for (const QByteArray& data : {QByteArray("broken"), QByteArray("{}"), QByteArray("[]"), QByteArray()}) {
         SCOPED_TRACE(data.toStdString());
-        userDefaults.setData(destinationKey, data);
+        storedDefaults.setData(destinationKey, data);
         const auto state = makeState();
         EXPECT_EQ(output, announcement);
         EXPECT_FALSE(state->selectedDestination().has_value());
@@ -111,7 +111,7 @@ TEST_F(AppStateMigrationTest, aDestinationThatCantBeDecodedIsNotTriedAgain)
 
 TEST_F(AppStateMigrationTest, theRestIsTakenOverEvenWhereTheDestinationCantBeDecoded)
 {
-    userDefaults.setData(destinationKey, "broken");
+    storedDefaults.setData(destinationKey, "broken");
     setLegacySources({codeFolder()});
     const auto state = makeState();
     EXPECT_EQ(state->customSources(), QList{codeFolder()});
@@ -124,9 +124,9 @@ TEST_F(AppStateMigrationTest, aReportThatCantBeDecodedLeavesReportAndTimeAbsent)
     report.remove(u"errors"_s);
     for (const QByteArray& data : {QByteArray("broken"), textOf(report), QByteArray("[]")}) {
         SCOPED_TRACE(data.toStdString());
-        userDefaults.setData(destinationKey, textOf(drive().toJson()));
+        storedDefaults.setData(destinationKey, textOf(drive().toJson()));
         configStore.save({});
-        userDefaults.setData(reportKey, data);
+        storedDefaults.setData(reportKey, data);
         const auto state = makeState();
         EXPECT_EQ(output, announcement);
         EXPECT_FALSE(state->lastReport().has_value());
@@ -137,7 +137,7 @@ TEST_F(AppStateMigrationTest, aReportThatCantBeDecodedLeavesReportAndTimeAbsent)
 
 TEST_F(AppStateMigrationTest, sourcesThatCantBeDecodedAreLeftOut)
 {
-    userDefaults.setData(sourcesKey, "[" + textOf(codeFolder().toJson()) + ",{}]");
+    storedDefaults.setData(sourcesKey, "[" + textOf(codeFolder().toJson()) + ",{}]");
     const auto state = makeState();
     EXPECT_TRUE(state->customSources().isEmpty());
     EXPECT_EQ(state->selectedDestination(), drive());
@@ -145,7 +145,7 @@ TEST_F(AppStateMigrationTest, sourcesThatCantBeDecodedAreLeftOut)
 
 TEST_F(AppStateMigrationTest, anEmptyListOfFoldersDisablesAll)
 {
-    userDefaults.setStringArray(foldersKey, {});
+    storedDefaults.setStringArray(foldersKey, {});
     EXPECT_EQ(enabledNames(*makeState()), QStringList());
     EXPECT_EQ(savedConfiguration().enabledRecommendedFolders, QStringList());
 }
@@ -179,7 +179,7 @@ TEST_F(AppStateMigrationTest, aDamagedFileIsMigratedOver)
 
 TEST_F(AppStateMigrationTest, eachStepSavesAndTheLastSaveIsWhole)
 {
-    userDefaults.setStringArray(foldersKey, {u"Music"_s});
+    storedDefaults.setStringArray(foldersKey, {u"Music"_s});
     setLegacySources({codeFolder()});
     std::ignore = makeState();
     const QList<AppConfiguration> saves = takeSaves();

@@ -23,8 +23,9 @@ TEST(TestMac, standsForTheUsersOwnFoldersWhateverTheEnvironmentSays)
               home + QStringLiteral("/.config"));
     EXPECT_EQ(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation),
               home + QStringLiteral("/.local/share"));
-    UserDefaults::standard().setStringArray(QStringLiteral("key"), {QStringLiteral("value")});
-    EXPECT_TRUE(QFile::exists(home + QStringLiteral("/.config/Keelbright/UserDefaults.ini")));
+    mac.writeFile("Users/mira/.config/Keelbright/UserDefaults.ini", "[General]\nkey=value\n");
+    EXPECT_EQ(UserDefaults::standard().stringArrayForKey(QStringLiteral("key")),
+              QStringList{QStringLiteral("value")});
 }
 
 TEST(TestMac, putsTheEnvironmentBack)

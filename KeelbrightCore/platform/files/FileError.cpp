@@ -47,31 +47,6 @@ QString verb(FileError::Operation operation)
     return translated("used");
 }
 
-QString reasonText(const FileError& error)
-{
-    switch (error.reason) {
-    case FileError::Reason::system:
-        return systemReason(error.code);
-    case FileError::Reason::notARegularFile:
-        return translated("it is neither a file nor a link");
-    case FileError::Reason::changedDuringCopy:
-        return translated("it changed while it was being copied");
-    case FileError::Reason::symbolicLinkInTheWay:
-        return translated("a symbolic link stands in the place of a folder");
-    case FileError::Reason::destinationGone:
-        return translated("the destination is no longer in its place");
-    case FileError::Reason::differsInCaseOnly:
-        return translated("a file whose name differs in upper and lower case only is already there");
-    case FileError::Reason::linksNotSupported:
-        return translated("the drive can't hold symbolic links");
-    case FileError::Reason::alreadyInTrash:
-        return translated("it is already in the Trash");
-    case FileError::Reason::stopped:
-        return translated("the program is quitting");
-    }
-    return translated("the reason is unknown");
-}
-
 struct CodedReason
 {
     int code = 0;
@@ -108,8 +83,6 @@ constexpr CodedReason knownReasons[] = {
     {ETIMEDOUT, "the drive did not answer in time"},
 };
 
-} // namespace
-
 QString systemReason(int code)
 {
     const auto known = std::ranges::find(knownReasons, code, &CodedReason::code);
@@ -117,6 +90,33 @@ QString systemReason(int code)
         return translated(known->reason);
     return QString::fromLocal8Bit(std::strerror(code));
 }
+
+QString reasonText(const FileError& error)
+{
+    switch (error.reason) {
+    case FileError::Reason::system:
+        return systemReason(error.code);
+    case FileError::Reason::notARegularFile:
+        return translated("it is neither a file nor a link");
+    case FileError::Reason::changedDuringCopy:
+        return translated("it changed while it was being copied");
+    case FileError::Reason::symbolicLinkInTheWay:
+        return translated("a symbolic link stands in the place of a folder");
+    case FileError::Reason::destinationGone:
+        return translated("the destination is no longer in its place");
+    case FileError::Reason::differsInCaseOnly:
+        return translated("a file whose name differs in upper and lower case only is already there");
+    case FileError::Reason::linksNotSupported:
+        return translated("the drive can't hold symbolic links");
+    case FileError::Reason::alreadyInTrash:
+        return translated("it is already in the Trash");
+    case FileError::Reason::stopped:
+        return translated("the program is quitting");
+    }
+    return translated("the reason is unknown");
+}
+
+} // namespace
 
 QString FileError::localizedDescription() const
 {

@@ -72,7 +72,4 @@ template <typename Cause>
     return failure(operation, item.nativeLastPathComponent(), cause);
 }
 
-/// The plain English reason of an `errno` value, without a full stop.
-[[nodiscard]] QString systemReason(int code);
-
 } // namespace keelbright

@@ -23,7 +23,7 @@ QString storedKey(const QString& key)
 FileURL configurationFolder()
 {
     const QByteArray configured = qgetenv("XDG_CONFIG_HOME");
-    // A relative path there is to be ignored, says the base directory specification.
+    // The base directory specification asks to ignore a relative path.
     if (configured.startsWith('/'))
         return FileURL::fromNativePath(configured);
     return FileManager::defaultManager().homeDirectory().appending(QStringLiteral(".config"));
@@ -78,18 +78,6 @@ std::optional<QStringList> UserDefaults::stringArrayForKey(const QString& key) c
 void UserDefaults::removeObjectForKey(const QString& key)
 {
     m_settings->remove(storedKey(key));
-    m_settings->sync();
-}
-
-void UserDefaults::setData(const QString& key, const QByteArray& value)
-{
-    m_settings->setValue(storedKey(key), value);
-    m_settings->sync();
-}
-
-void UserDefaults::setStringArray(const QString& key, const QStringList& value)
-{
-    m_settings->setValue(storedKey(key), value);
     m_settings->sync();
 }
 

@@ -10,7 +10,8 @@ class QSettings;
 
 namespace keelbright {
 
-/// The per-user key and value storage of earlier versions. Main thread.
+/// The per-user key and value storage of earlier versions, which nothing is written to any more. Main
+/// thread.
 class UserDefaults
 {
 public:
@@ -30,8 +31,6 @@ public:
     /// Nothing where the key is unset or holds no list of texts.
     [[nodiscard]] std::optional<QStringList> stringArrayForKey(const QString& key) const;
     void removeObjectForKey(const QString& key);
-    void setData(const QString& key, const QByteArray& value);
-    void setStringArray(const QString& key, const QStringList& value);
 
 private:
     std::unique_ptr<QSettings> m_settings;

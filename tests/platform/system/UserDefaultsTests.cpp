@@ -2,6 +2,7 @@
 
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/Printing.h"
+#include "tests/support/StoredDefaults.h"
 #include "tests/support/TestMac.h"
 
 #include <QSettings>
@@ -22,6 +23,13 @@ protected:
     {
         return m_mac.home().appending(text(".config/Keelbright/UserDefaults.ini"));
     }
+
+    void writeStandardFile(const QByteArray& content) const
+    {
+        m_mac.writeFile("Users/mira/.config/Keelbright/UserDefaults.ini", content);
+    }
+
+    testing::StoredDefaults stored() const { return testing::StoredDefaults(standardFile()); }
 
     testing::TestMac m_mac;
     testing::EnvironmentVariable m_configurationHome{"XDG_CONFIG_HOME"};
@@ -44,96 +52,83 @@ TEST_F(UserDefaultsTests, readingLeavesNoFileBehind)
     EXPECT_FALSE(m_mac.fileManager().fileExists(standardFile().deletingLastPathComponent()).exists);
 }
 
-TEST_F(UserDefaultsTests, dataIsKeptToTheByteAcrossStarts)
+TEST_F(UserDefaultsTests, dataIsReadToTheByte)
 {
     QByteArray bytes;
     for (int value = 0; value < 256; ++value)
         bytes.append(static_cast<char>(value));
-    {
-        UserDefaults defaults = UserDefaults::standard();
-        defaults.setData(text("kb.selectedDestination"), json);
-        defaults.setData(text("kb.bytes"), bytes);
-        defaults.setData(text("kb.empty"), QByteArray(""));
-    }
-    const UserDefaults again = UserDefaults::standard();
-    EXPECT_EQ(again.dataForKey(text("kb.selectedDestination")), json);
-    EXPECT_EQ(again.dataForKey(text("kb.bytes")), bytes);
-    EXPECT_EQ(again.dataForKey(text("kb.empty")), QByteArray(""));
+    stored().setData(text("kb.selectedDestination"), json);
+    stored().setData(text("kb.bytes"), bytes);
+    stored().setData(text("kb.empty"), QByteArray(""));
+    const UserDefaults defaults = UserDefaults::standard();
+    EXPECT_EQ(defaults.dataForKey(text("kb.selectedDestination")), json);
+    EXPECT_EQ(defaults.dataForKey(text("kb.bytes")), bytes);
+    EXPECT_EQ(defaults.dataForKey(text("kb.empty")), QByteArray(""));
 }
 
-TEST_F(UserDefaultsTests, listsAreKeptAcrossStarts)
+TEST_F(UserDefaultsTests, aListIsReadElementByElement)
 {
     const QStringList names = {text("Desktop"), text("Bilder, Büro; \"x\""), text(""), text("@home")};
-    {
-        UserDefaults defaults = UserDefaults::standard();
-        defaults.setStringArray(text("kb.enabledRecommended"), names);
-        defaults.setStringArray(text("kb.one"), {text("Documents")});
-    }
-    const UserDefaults again = UserDefaults::standard();
-    EXPECT_EQ(again.stringArrayForKey(text("kb.enabledRecommended")), names);
-    EXPECT_EQ(again.stringArrayForKey(text("kb.one")), QStringList{text("Documents")});
+    stored().setStringArray(text("kb.enabledRecommended"), names);
+    EXPECT_EQ(UserDefaults::standard().stringArrayForKey(text("kb.enabledRecommended")), names);
 }
 
-TEST_F(UserDefaultsTests, anEmptyListIsNotAnUnsetKey)
+TEST_F(UserDefaultsTests, aListOfOneElementAndAnEmptyOneAreListsToo)
 {
-    {
-        UserDefaults defaults = UserDefaults::standard();
-        defaults.setStringArray(text("kb.enabledRecommended"), {});
-        EXPECT_EQ(defaults.stringArrayForKey(text("kb.enabledRecommended")), QStringList());
-    }
-    EXPECT_EQ(UserDefaults::standard().stringArrayForKey(text("kb.enabledRecommended")), QStringList());
+    writeStandardFile("[General]\nkb.one=Documents\nkb.none=@Invalid()\n");
+    const UserDefaults defaults = UserDefaults::standard();
+    EXPECT_EQ(defaults.stringArrayForKey(text("kb.one")), QStringList{text("Documents")});
+    EXPECT_EQ(defaults.stringArrayForKey(text("kb.none")), QStringList());
 }
 
 TEST_F(UserDefaultsTests, aValueOfTheOtherKindIsNothing)
 {
-    UserDefaults defaults = UserDefaults::standard();
-    defaults.setData(text("kb.data"), json);
-    defaults.setStringArray(text("kb.list"), {text("a"), text("b")});
+    stored().setData(text("kb.data"), json);
+    stored().setStringArray(text("kb.list"), {text("a"), text("b")});
+    const UserDefaults defaults = UserDefaults::standard();
     EXPECT_EQ(defaults.stringArrayForKey(text("kb.data")), std::nullopt);
     EXPECT_EQ(defaults.dataForKey(text("kb.list")), std::nullopt);
 }
 
 TEST_F(UserDefaultsTests, aRemovedKeyIsGoneAndTheOthersStay)
 {
+    stored().setData(text("kb.selectedDestination"), json);
+    stored().setData(text("kb.lastReport"), json);
     {
         UserDefaults defaults = UserDefaults::standard();
-        defaults.setData(text("kb.selectedDestination"), json);
-        defaults.setData(text("kb.lastReport"), json);
         defaults.removeObjectForKey(text("kb.selectedDestination"));
         EXPECT_EQ(defaults.dataForKey(text("kb.selectedDestination")), std::nullopt);
     }
     const UserDefaults again = UserDefaults::standard();
     EXPECT_EQ(again.dataForKey(text("kb.selectedDestination")), std::nullopt);
     EXPECT_EQ(again.dataForKey(text("kb.lastReport")), json);
+    EXPECT_FALSE(testing::TestMac::read(standardFile()).contains("selectedDestination"));
 }
 
 TEST_F(UserDefaultsTests, theStandardFileLiesBelowTheHome)
 {
-    UserDefaults defaults = UserDefaults::standard();
-    defaults.setData(text("kb.lastReport"), "x");
-    EXPECT_TRUE(testing::TestMac::read(standardFile()).contains("kb.lastReport=@ByteArray(x)"));
+    writeStandardFile("[General]\nkb.lastReport=@ByteArray(x)\n");
+    EXPECT_EQ(UserDefaults::standard().dataForKey(text("kb.lastReport")), QByteArray("x"));
 }
 
 TEST_F(UserDefaultsTests, theConfigurationFolderOfTheEnvironmentIsHonoured)
 {
-    const FileURL folder = m_mac.root().appending(text("elsewhere"));
-    m_configurationHome.set(folder.nativePath());
-    UserDefaults::standard().setData(text("kb.lastReport"), "x");
-    EXPECT_TRUE(m_mac.fileManager().fileExists(folder.appending(text("Keelbright/UserDefaults.ini"))).exists);
-    EXPECT_FALSE(m_mac.fileManager().fileExists(standardFile()).exists);
+    writeStandardFile("[General]\nkb.lastReport=@ByteArray(x)\n");
+    m_mac.writeFile("elsewhere/Keelbright/UserDefaults.ini", "[General]\nkb.lastReport=@ByteArray(y)\n");
+    m_configurationHome.set(m_mac.root().appending(text("elsewhere")).nativePath());
+    EXPECT_EQ(UserDefaults::standard().dataForKey(text("kb.lastReport")), QByteArray("y"));
 }
 
 TEST_F(UserDefaultsTests, aRelativeConfigurationFolderIsIgnored)
 {
+    writeStandardFile("[General]\nkb.lastReport=@ByteArray(x)\n");
     m_configurationHome.set("relative");
-    UserDefaults::standard().setData(text("kb.lastReport"), "x");
-    EXPECT_TRUE(m_mac.fileManager().fileExists(standardFile()).exists);
+    EXPECT_EQ(UserDefaults::standard().dataForKey(text("kb.lastReport")), QByteArray("x"));
 }
 
 TEST_F(UserDefaultsTests, aDamagedFileHoldsNothing)
 {
-    m_mac.writeFile("Users/mira/.config/Keelbright/UserDefaults.ini",
-                    QByteArray("\x00\xFF[[[\n=\nkb.lastReport\n\x01", 24));
+    writeStandardFile(QByteArray("\x00\xFF[[[\n=\nkb.lastReport\n\x01", 24));
     const UserDefaults defaults = UserDefaults::standard();
     EXPECT_EQ(defaults.dataForKey(text("kb.selectedDestination")), std::nullopt);
     EXPECT_EQ(defaults.stringArrayForKey(text("kb.enabledRecommended")), std::nullopt);
