@@ -6,7 +6,7 @@
 
 namespace keelbright::testing {
 
-/// What a screen reader is told of the widget.
+/// The name by which a screen reader announces the widget.
 [[nodiscard]] inline QString accessibleName(QWidget* widget)
 {
     const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
@@ -19,7 +19,7 @@ namespace keelbright::testing {
     return interface != nullptr ? interface->role() : QAccessible::NoRole;
 }
 
-/// The current value of a bar, ring or spinner; invalid where the widget tells none.
+/// The current value of a bar, ring or spinner; invalid where the widget has none.
 [[nodiscard]] inline QVariant accessibleValue(QWidget* widget)
 {
     QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);

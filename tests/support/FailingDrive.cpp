@@ -31,7 +31,7 @@ FailingDrive::~FailingDrive()
 {
     if (m_reasonMissing.empty())
         unmountAtOnce(root());
-    // Its work ends with the last that uses it; whoever still does has been told to go.
+    // Its program ends when nobody uses the drive any more. Whoever still does gets errors by now.
     if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(5'000)) {
         m_process.kill();
         m_process.waitForFinished();

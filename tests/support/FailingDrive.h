@@ -9,9 +9,9 @@
 namespace keelbright::testing {
 
 /// A drive that shows an ordinary folder, and from some moment on answers one kind of request with
-/// an error: a file system of our own, mounted while it lives. It knows no unnamed files. Needs
-/// python3-fuse and the right to mount: where one is missing, `reasonMissing()` tells, and the test
-/// skips itself with those words.
+/// an error: a file system of our own, mounted while it lives. It does not support unnamed files. Needs
+/// python3-fuse and the right to mount: where one is missing, `reasonMissing()` says which, and the test
+/// skips itself with that reason.
 class FailingDrive
 {
 public:

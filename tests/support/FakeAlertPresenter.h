@@ -19,7 +19,7 @@ public:
 
     void setMessage(QWidget*, const QString& message) override { m_messages.append(message); }
 
-    /// Other words for a question that was open, in order.
+    /// The messages that an open question was changed to, in order.
     [[nodiscard]] const QStringList& messages() const { return m_messages; }
 
     /// Every question so far, in order.
@@ -28,7 +28,7 @@ public:
     /// Presses the action of the last question.
     void confirm() { m_confirmed(); }
 
-    /// Leaves the last question by its way out.
+    /// Cancels the last question.
     void dismiss()
     {
         if (m_requests.last().dismissed)

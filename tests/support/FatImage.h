@@ -9,7 +9,7 @@ namespace keelbright::testing {
 
 /// A FAT file system in an image file, mounted while it lives: no links, no modes, times to two
 /// seconds, names that fold their case. Needs fusefat, mkfs.vfat and the right to mount: where one
-/// is missing, `reasonMissing()` tells, and the test skips itself with those words.
+/// is missing, `reasonMissing()` says which, and the test skips itself with that reason.
 class FatImage
 {
 public:

@@ -8,13 +8,13 @@
 
 namespace keelbright::testing {
 
-/// The test's machine that can hold background work in the middle, and that knows which folders
-/// have been looked at. Looks are listings and questions for the capacity.
+/// The test's machine, which can hold background work at a look into a folder and counts such looks.
+/// A look is a listing or a question for the capacity.
 class HeldFileManager : public SandboxFileManager
 {
 public:
     using SandboxFileManager::SandboxFileManager;
-    /// Lets go and waits for the background work, which still stands on this object.
+    /// Lets go and waits for the background work, which still uses this object.
     ~HeldFileManager() override;
 
     /// Does what the destructor does; for the destructor of a class that answers looks itself.

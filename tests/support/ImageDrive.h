@@ -9,8 +9,8 @@
 namespace keelbright::testing {
 
 /// A drive whose file system lies in an image file, mounted while it lives. Needs root, a loop
-/// device and the programs of that file system: where one is missing, `reasonMissing()` tells, and
-/// the test skips itself with those words.
+/// device and the programs of that file system: where one is missing, `reasonMissing()` says which,
+/// and the test skips itself with that reason.
 class ImageDrive
 {
 public:
@@ -18,7 +18,7 @@ public:
         exFat, ///< folds letter case; neither links nor permissions
         ntfs,  ///< folds letter case, refuses the names that its own system refuses
         ext4,  ///< turns read-only at its first error
-        btrfs, ///< knows quotas; at least 120 MB
+        btrfs, ///< supports quotas; at least 120 MB
     };
 
     /// `bytes` is a multiple of 4,096. The image lies in a folder of its own, or in the given one,

@@ -7,7 +7,7 @@
 
 namespace keelbright::testing {
 
-/// An application as a bundle and a life of use.
+/// An application: what is in its bundle, and what the metadata index holds of its use.
 struct MadeUpApplication
 {
     QByteArray name;
@@ -16,7 +16,7 @@ struct MadeUpApplication
     PropertyListForm form = PropertyListForm::xml;
     quint32 iconColour = 0x0A6CFF;
     qint64 binaryBytes = 40'000'000;
-    // What the metadata index tells; absent is "(null)".
+    // What the metadata index holds; absent is "(null)".
     std::optional<int> lastUsedDaysAgo = {};
     std::optional<int> useCount = {};
     std::optional<int> addedDaysAgo = {};
@@ -25,7 +25,7 @@ struct MadeUpApplication
 /// Writes `<folder>/<name>.app`; `folder` is relative to the root.
 void addApplication(const MadeUpFiles& files, const QByteArray& folder, const MadeUpApplication& application);
 
-/// Writes the stand-in for "/usr/bin/mdls", which tells what `addApplication` left in a bundle.
+/// Writes the stand-in for "/usr/bin/mdls", which prints what `addApplication` left in a bundle.
 void addMetadataTool(const MadeUpFiles& files);
 
 } // namespace keelbright::testing

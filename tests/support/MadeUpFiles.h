@@ -8,7 +8,7 @@
 namespace keelbright::testing {
 
 /// Writes files for made-up machines. Whatever can't be written ends the program with its reason:
-/// a test on half a machine would tell nothing.
+/// a test on half a machine would prove nothing.
 class MadeUpFiles
 {
 public:

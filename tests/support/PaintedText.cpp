@@ -9,7 +9,7 @@ namespace keelbright::testing {
 
 namespace {
 
-/// Draws nothing and writes down what is drawn with words.
+/// Draws nothing and records the texts that are drawn.
 class TextRecorder : public QPaintEngine
 {
 public:

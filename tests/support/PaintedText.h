@@ -9,7 +9,7 @@ class QWidget;
 
 namespace keelbright::testing {
 
-/// A run of words as a widget paints it.
+/// A text as a widget paints it in one go.
 struct PaintedText
 {
     QString text;
@@ -17,8 +17,8 @@ struct PaintedText
     QColor color;
 };
 
-/// The words that the widget itself paints, without its children, whether or not something lies
-/// above them. Symbols are no words.
+/// The texts that the widget itself paints, without its children, whether or not something lies
+/// above them. Symbols are no texts.
 [[nodiscard]] QList<PaintedText> textsPaintedBy(QWidget& widget);
 
 } // namespace keelbright::testing

@@ -8,7 +8,7 @@
 namespace keelbright::testing {
 
 /// A message bus of the test's own, with one connection for the program and one for what it talks
-/// to, while it lives. Where it is not to be had, `reasonMissing()` tells why.
+/// to, while it lives. Where there can be none, `reasonMissing()` says why.
 class PrivateBus
 {
 public:

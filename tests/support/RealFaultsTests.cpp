@@ -12,7 +12,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-// A fault that isn't there would let every test that asks for it pass for nothing.
+// Tests that ask for a fault would pass without testing anything if the fault did not happen.
 
 namespace keelbright {
 namespace {
@@ -141,7 +141,7 @@ TEST(FailingDrive, isGoneWhenItIsPulled)
     EXPECT_TRUE(canRead(drive.folder().appendingNative("file")));
 }
 
-TEST(FailingDrive, tellsNobodyElseWhatItsProgramIsNotThereToHear)
+TEST(FailingDrive, signalsNobodyElseOnceItsProgramHasEnded)
 {
     testing::FailingDrive drive(QStringLiteral("none"), 0, QStringLiteral("EIO"));
     if (!drive.reasonMissing().empty())
@@ -150,7 +150,7 @@ TEST(FailingDrive, tellsNobodyElseWhatItsProgramIsNotThereToHear)
     EXPECT_NONFATAL_FAILURE(drive.failNow(), "not there any more");
 }
 
-TEST(UnprivilegedUser, mayNotReadWhatIsLockedAndIsHeldBackNoLonger)
+TEST(UnprivilegedUser, mayNotReadWhatIsLockedAsLongAsItLives)
 {
     const testing::TestMac mac;
     const FileURL open = mac.writeFile("open", "x");

@@ -22,7 +22,7 @@ public:
 
     [[nodiscard]] double longestSeconds() const { return static_cast<double>(m_longest) / 1e9; }
 
-    /// The longest that it worked meanwhile, whatever else kept it from its processor.
+    /// The longest time on the processor in between, whatever other programs did.
     [[nodiscard]] double longestWorkSeconds() const { return static_cast<double>(m_longestWork) / 1e9; }
 
 private:

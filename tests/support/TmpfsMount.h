@@ -8,8 +8,8 @@
 namespace keelbright::testing {
 
 /// A small file system of its own in a temporary folder, while it lives.
-/// Needs a right that not every machine gives: where it is missing, `reasonMissing()` tells why,
-/// and the test skips itself with those words.
+/// Needs the right to mount: where it is missing, `reasonMissing()` says why, and the test skips
+/// itself with that reason.
 class TmpfsMount
 {
 public:

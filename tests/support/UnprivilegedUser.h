@@ -6,8 +6,8 @@
 
 namespace keelbright::testing {
 
-/// While it lives, the program has the rights of a plain user, also where the tests run as root,
-/// whom no permission holds back.
+/// While it lives, the program has the rights of a plain user, even where the tests run as root,
+/// to whom no permission applies.
 class UnprivilegedUser
 {
 public:

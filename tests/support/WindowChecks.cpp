@@ -47,8 +47,8 @@ QList<ShownText> shownTexts(QWidget& window)
     return shown;
 }
 
-/// What lies behind the words, a little around them too: the colour that most of the picture has
-/// there. Where the ground is a gradient, each of its colours may be rarer than that of the words.
+/// What lies behind the text and a little around it: the most frequent colour of the picture there.
+/// On a gradient each colour of the ground may be rarer than that of the text, which does not count.
 QColor groundBehind(const QImage& picture, const ShownText& text)
 {
     constexpr QRgb coarse = 0xFFF8F8F8;
@@ -66,24 +66,24 @@ QColor groundBehind(const QImage& picture, const ShownText& text)
     const bool isLost = 2 * counts.value(ownColor) > static_cast<qsizetype>(area.width()) * area.height();
     if (!isLost)
         counts.remove(ownColor);
-    const auto most = std::ranges::max_element(counts);
-    return most == counts.end() ? text.color : QColor::fromRgb(colors.value(most.key()));
+    const auto frequent = std::ranges::max_element(counts);
+    return frequent == counts.end() ? text.color : QColor::fromRgb(colors.value(frequent.key()));
 }
 
-/// The heart of a line of words, without the room above and below that lines share.
-QRect heart(const QRect& line)
+/// The middle of a line of text, without the space above and below that lines share.
+QRect middle(const QRect& line)
 {
     return line.adjusted(1, line.height() / 4, -1, -line.height() / 4);
 }
 
 bool isControl(const QWidget& widget)
 {
-    // Parts of a control of the toolkit, which answers for them.
+    // These are parts of a control of the toolkit, which is checked itself.
     if (qobject_cast<const QScrollBar*>(&widget) != nullptr ||
         qobject_cast<const QLineEdit*>(widget.parentWidget()) != nullptr ||
         widget.objectName().startsWith("qt_"_L1))
         return false;
-    // A text that can only be read and copied is none.
+    // A text that can only be read and copied is no control.
     const auto* field = qobject_cast<const QLineEdit*>(&widget);
     // Nor is a list without rows.
     const auto* list = qobject_cast<const QAbstractItemView*>(&widget);
@@ -116,7 +116,7 @@ QStringList faintTexts(QWidget& window)
     const QImage picture = window.grab().toImage().convertToFormat(QImage::Format_RGB32);
     const QList<ShownText> texts = shownTexts(window);
     if (texts.isEmpty())
-        return {u"no words at all"_s};
+        return {u"no text at all"_s};
     QStringList faults;
     for (const ShownText& text : texts) {
         const QColor ground = groundBehind(picture, text);
@@ -133,7 +133,7 @@ QStringList coveredTexts(QWidget& window)
     QStringList faults;
     for (qsizetype i = 0; i < texts.size(); ++i) {
         for (qsizetype j = i + 1; j < texts.size(); ++j) {
-            if (heart(texts.at(i).rect).intersects(heart(texts.at(j).rect)))
+            if (middle(texts.at(i).rect).intersects(middle(texts.at(j).rect)))
                 faults.append(u"%1 and %2"_s.arg(texts.at(i).text, texts.at(j).text));
         }
     }

@@ -8,7 +8,7 @@ int main(int argc, char** argv)
 {
     const QTemporaryDir configuration;
     qputenv("XDG_CONFIG_HOME", configuration.path().toLocal8Bit());
-    // Qt remembers where it found its settings first; that may not be the folder of a single test.
+    // Qt remembers where it first looked for settings; that must not be the folder of a single test.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, configuration.path());
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -7,8 +7,8 @@
 
 namespace keelbright::testing {
 
-/// What this thread has worked since then, whatever else kept it from its processor meanwhile: the time
-/// that can have a bound on a machine that is busy with other things.
+/// The processor time of this thread since the timer was made. Unlike the time on the clock it can be
+/// compared with a maximum on a machine that is busy with other things.
 class WorkTimer
 {
 public:
@@ -16,7 +16,7 @@ public:
 
     [[nodiscard]] qint64 milliseconds() const { return nanoseconds() / 1'000'000; }
 
-    /// Begins anew; what it was so far, in nanoseconds.
+    /// Starts again; returns the time until now in nanoseconds.
     qint64 restart()
     {
         const qint64 now = ofThisThread();

@@ -37,7 +37,7 @@ std::optional<EntryType> typeOf(unsigned char directoryType)
 
 namespace {
 
-/// What the C library reads at once too; more did not make a walk faster.
+/// The same as the C library's; a larger one did not make a walk faster.
 constexpr size_t bufferSize = size_t{32} * 1024;
 
 } // namespace
@@ -54,7 +54,7 @@ std::expected<std::optional<RawDirectoryEntry>, int> DirectoryReader::read(int f
         }
         const auto* entry = reinterpret_cast<const dirent64*>(m_buffer.get() + m_offset);
         m_offset += entry->d_reclen;
-        m_place = entry->d_off;
+        m_position = entry->d_off;
         if (!isDotEntry(entry->d_name))
             return RawDirectoryEntry{entry->d_name, typeOf(entry->d_type)};
     }
@@ -64,7 +64,7 @@ std::expected<bool, int> DirectoryReader::fill(int folder)
 {
     if (!m_buffer)
         m_buffer = std::make_unique_for_overwrite<char[]>(bufferSize);
-    if (m_isSuspended && ::lseek(folder, m_place, SEEK_SET) < 0)
+    if (m_isSuspended && ::lseek(folder, m_position, SEEK_SET) < 0)
         return std::unexpected(errno);
     m_isSuspended = false;
     const ssize_t count = retrying([&] { return ::getdents64(folder, m_buffer.get(), bufferSize); });
@@ -105,7 +105,7 @@ std::expected<std::optional<RawDirectoryEntry>, int> DirectoryReader::read(int f
 
 std::expected<void, int> DirectoryReader::openStream(int folder)
 {
-    // A description of its own: the stream moves the position and closes the descriptor.
+    // The stream gets an open file of its own, whose position it moves and which it closes.
     FileDescriptor own(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!own.isOpen())
         return std::unexpected(errno);
@@ -114,7 +114,7 @@ std::expected<void, int> DirectoryReader::openStream(int folder)
         return std::unexpected(errno);
     std::ignore = own.release();
     if (m_isSuspended)
-        ::seekdir(m_stream.get(), m_place);
+        ::seekdir(m_stream.get(), m_position);
     m_isSuspended = false;
     return {};
 }
@@ -122,7 +122,7 @@ std::expected<void, int> DirectoryReader::openStream(int folder)
 void DirectoryReader::suspend()
 {
     if (m_stream)
-        m_place = ::telldir(m_stream.get());
+        m_position = ::telldir(m_stream.get());
     m_stream.reset();
     m_isSuspended = true;
 }

@@ -13,17 +13,17 @@
 
 namespace keelbright {
 
-/// One entry as the directory itself tells it.
+/// One entry as it is stored in the directory.
 struct RawDirectoryEntry
 {
     const char* name = nullptr;    ///< valid until the next read of the same folder
-    std::optional<EntryType> type; ///< absent where the file system keeps it in the inode only
+    std::optional<EntryType> type; ///< absent where the file system stores it in the inode only
 };
 
 /// Reads the entries of one open folder in pieces. Internal to the platform folder.
 ///
-/// `suspend` gives the memory back and remembers the place, for a folder that is closed while
-/// the walk is far below it.
+/// `suspend` frees the memory and remembers the position, for a folder that is closed while the
+/// walk is far below it.
 class DirectoryReader
 {
 public:
@@ -45,7 +45,7 @@ private:
     std::unique_ptr<char[]> m_buffer;
     size_t m_size = 0;
     size_t m_offset = 0;
-    qint64 m_place = 0; ///< the file system's mark behind the last entry that was read
+    qint64 m_position = 0; ///< the file system's value for what follows the last entry read
 #else
     struct Closer
     {
@@ -55,7 +55,7 @@ private:
     [[nodiscard]] std::expected<void, int> openStream(int folder);
 
     std::unique_ptr<DIR, Closer> m_stream;
-    long m_place = 0;
+    long m_position = 0;
 #endif
     bool m_isSuspended = false;
 };

@@ -22,7 +22,7 @@ bool isSame(const timespec& a, const timespec& b)
     return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
 }
 
-bool heldStill(const struct stat& before, const struct stat& after)
+bool isUnchanged(const struct stat& before, const struct stat& after)
 {
     return before.st_size == after.st_size &&
            isSame(SystemCalls::changeTime(before), SystemCalls::changeTime(after));
@@ -34,8 +34,8 @@ bool hasHoles(const struct stat& status)
     return status.st_blocks * blockSize < status.st_size;
 }
 
-/// What file systems answer that can't tell data from holes.
-bool isUnknownSearch(int code)
+/// Whether the answer says that the file system does not support a search for data and holes.
+bool isSearchUnsupported(int code)
 {
     return code == EINVAL || code == ENOSYS || code == EOPNOTSUPP;
 }
@@ -58,7 +58,7 @@ std::expected<void, FileError> FileContents::copy(int source, int target, struct
         struct stat after = {};
         if (::fstat(source, &after) != 0)
             return failure(FileError::Operation::read, name, errno);
-        if (heldStill(status, after))
+        if (isUnchanged(status, after))
             return {};
         status = after;
         if (::ftruncate(target, 0) != 0 || ::lseek(target, 0, SEEK_SET) < 0)
@@ -93,7 +93,7 @@ bool FileContents::tryClone(int source, int target, const struct stat& status)
     if (!m_triesClone)
         return false;
     const auto cloned = SystemCalls::clone(source, target);
-    // "Invalid" is said of single files (of odd flags or layout); all else of the file systems.
+    // EINVAL is about the one file (its flags or layout); any other error is about the file systems.
     if (!cloned && cloned.error() != EINVAL)
         m_triesClone = false;
     return cloned.has_value();
@@ -110,7 +110,7 @@ FileContents::Outcome FileContents::copyExtent(int source, int target, qint64 co
         else if (!copied)
             return std::unexpected(Failure{FileError::Operation::copied, copied.error()});
         else if (*copied == 0)
-            break; // shorter than it was, or a file system that answers so: the loop below decides
+            break; // the file is shorter by now, or the file system answers so: the plain loop finds out
         else
             count -= static_cast<qint64>(*copied);
     }
@@ -126,7 +126,7 @@ FileContents::Outcome FileContents::copyThroughMemory(int source, int target, qi
         if (got < 0)
             return std::unexpected(Failure{FileError::Operation::read, errno});
         if (got == 0)
-            return {}; // shorter than it was; the check for changes takes it from here
+            return {}; // the file is shorter by now, which the check for changes notices
         if (const int code = writeAll(target, m_buffer.get(), static_cast<size_t>(got)))
             return std::unexpected(Failure{FileError::Operation::copied, code});
         count -= got;
@@ -137,12 +137,12 @@ FileContents::Outcome FileContents::copyThroughMemory(int source, int target, qi
 FileContents::Outcome FileContents::copySparse(int source, int target, const struct stat& status,
                                                const std::atomic<bool>& stop)
 {
-    qint64 place = 0;
-    while (place < status.st_size && !stop) {
-        const off_t data = ::lseek(source, place, SEEK_DATA);
+    qint64 position = 0;
+    while (position < status.st_size && !stop) {
+        const off_t data = ::lseek(source, position, SEEK_DATA);
         if (data < 0 && errno == ENXIO)
-            break; // nothing but a hole up to the end
-        if (data < 0 && place == 0 && isUnknownSearch(errno))
+            break; // the rest is one hole
+        if (data < 0 && position == 0 && isSearchUnsupported(errno))
             return copyExtent(source, target, status.st_size, stop); // all of it is data
         const off_t hole = data < 0 ? -1 : ::lseek(source, data, SEEK_HOLE);
         if (hole < 0 || ::lseek(source, data, SEEK_SET) < 0)
@@ -151,11 +151,11 @@ FileContents::Outcome FileContents::copySparse(int source, int target, const str
             return std::unexpected(Failure{FileError::Operation::copied, errno});
         if (const Outcome copied = copyExtent(source, target, hole - data, stop); !copied)
             return copied;
-        place = hole;
+        position = hole;
     }
     if (::ftruncate(target, status.st_size) != 0)
         return std::unexpected(Failure{FileError::Operation::copied, errno});
-    // Some drivers say yes to a size that the drive can't hold.
+    // Some drivers report success for a size that the drive can't hold.
     struct stat copied = {};
     if (::fstat(target, &copied) != 0)
         return std::unexpected(Failure{FileError::Operation::copied, errno});

@@ -8,17 +8,18 @@
 
 namespace keelbright {
 
-/// Copies what is inside a file, by the fastest way that both sides allow: a shared clone, one
+/// Copies the content of a file in the fastest way that both sides support: a shared clone, one
 /// read and one write, a copy within the kernel, or a plain loop. Holes stay holes. Remembers
-/// what the pair of file systems refused. Internal to the platform folder; one thread at a time.
+/// what the pair of file systems does not support. Internal to the platform folder; one thread at
+/// a time.
 class FileContents
 {
 public:
     FileContents();
 
-    /// Copies all data and makes sure that the source held still meanwhile: where its size or
-    /// change time moved, it is copied anew, at most three times in all. `status` is the source's
-    /// at the time of the copy that stands. `name` is for the error.
+    /// Copies all data. Where the size or the change time of the source has changed meanwhile, it
+    /// is copied again, at most three times in all; `status` becomes that of the source at the last
+    /// copy. `name` is for the error.
     [[nodiscard]] std::expected<void, FileError> copy(int source, int target, struct stat& status,
                                                       const std::atomic<bool>& stop, QByteArrayView name);
 

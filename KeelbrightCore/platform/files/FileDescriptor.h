@@ -47,8 +47,7 @@ public:
     /// Gives the descriptor away; the caller closes it.
     [[nodiscard]] int release() { return std::exchange(m_descriptor, -1); }
 
-    /// Closes it and tells how that went, 0 or an `errno` value: some drives say only then what
-    /// they could not write.
+    /// Closes it; 0 or an `errno` value. Some drives report only then what they could not write.
     [[nodiscard]] int close() { return ::close(std::exchange(m_descriptor, -1)) == 0 ? 0 : errno; }
 
     void reset()

@@ -82,8 +82,8 @@ public:
     [[nodiscard]] virtual FileURL homeDirectory() const = 0;
     /// The user's folder for application data; a folder of the program's own goes inside.
     [[nodiscard]] virtual FileURL applicationSupportDirectory() const = 0;
-    /// The place that stands for an absolute path of the system, such as "/Applications"; a
-    /// test's machine keeps it in a temporary folder.
+    /// Where an absolute path of the system, such as "/Applications", really lies: in a test, in a
+    /// temporary folder.
     [[nodiscard]] virtual FileURL systemLocation(const QString& absolutePath) const = 0;
 };
 

@@ -18,7 +18,7 @@ bool exists(int folder, const QByteArray& name)
     return ::fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
-/// Upper case for lower case and the other way round; letters beyond ASCII stay.
+/// Upper case for lower case and the other way round, in ASCII only.
 QByteArray withCaseSwapped(QByteArray name)
 {
     constexpr char caseBit = 'a' - 'A';
@@ -29,7 +29,7 @@ QByteArray withCaseSwapped(QByteArray name)
     return name;
 }
 
-/// One letter for one, as file systems do it, so that "ß" does not become "ss".
+/// Letter by letter, as file systems do it, so that "ß" does not become "ss".
 QString withoutCase(QByteArrayView name)
 {
     QString folded;
@@ -60,7 +60,7 @@ void LetterCase::learn(int folder, const QByteArray& name)
         return;
     m_hasLearned = true;
     m_folds = exists(folder, "../" + other);
-    // Unless there really is a second one of that spelling.
+    // Unless the folder really holds both spellings.
     if (m_folds)
         forEachEntry(folder, "..", [&](QByteArrayView entry) { m_folds = m_folds && entry != other; });
 }
@@ -79,7 +79,7 @@ bool LetterCase::isClaimedByAnother(int folder, const QByteArray& path, QByteArr
 
 bool LetterCase::isKeptApart(int folder, const QByteArray& path, QByteArrayView name)
 {
-    // A file system may fold fewer letters than we do: then it holds both.
+    // A file system may fold fewer letters than this class: then it holds both names.
     if (m_listedPath != path || m_listedPath.isNull()) {
         m_listedPath = path;
         m_keptApart.clear();

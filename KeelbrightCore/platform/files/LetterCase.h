@@ -6,15 +6,16 @@
 
 namespace keelbright {
 
-/// Keeps names apart that differ in letter case only, on file systems that take such names for
-/// one and the same. Internal to the platform folder.
+/// Keeps names apart that differ in letter case only, on file systems to which such names are the
+/// same. Internal to the platform folder.
 ///
-/// Where the case of letters counts, all of it costs one call a destination.
+/// Where letter case counts, it costs one system call a destination.
 class LetterCase
 {
 public:
-    /// Finds out once, without writing, whether the file system folds case: from an open folder
-    /// that was just reached under `name`.
+    /// Finds out whether the file system folds case, without writing: by another spelling of `name`,
+    /// under which the open folder was just reached. A name without letters shows nothing, and
+    /// after the first name with one nothing changes any more.
     void learn(int folder, const QByteArray& name);
 
     /// Whether the file system folds case, as far as that has been learned.
@@ -29,11 +30,11 @@ private:
 
     bool m_hasLearned = false;
     bool m_folds = false;
-    /// Hashes of each claimed path without its case, and as it is spelled: a path itself would
-    /// take a hundred bytes, and there may be a million of them.
+    /// By the hash of each claimed path without its case, the hash of its spelling: a path itself
+    /// takes a hundred bytes, and there may be a million of them.
     QHash<size_t, size_t> m_claims;
     QByteArray m_listedPath;
-    QSet<QString> m_keptApart; ///< what the folder at `m_listedPath` holds in several spellings
+    QSet<QString> m_keptApart; ///< folded names that the folder at `m_listedPath` holds more than once
 };
 
 } // namespace keelbright

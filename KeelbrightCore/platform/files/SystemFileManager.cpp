@@ -100,8 +100,7 @@ SystemFileManager::enumerator(const FileURL& url, DirectoryEnumerator::Options o
 std::expected<void, FileError> SystemFileManager::createDirectory(const FileURL& url)
 {
     const QByteArray& path = url.nativePath();
-    // Upwards to what exists, then down again: a parent that can't be listed or written to is no
-    // hindrance as long as it is there.
+    // Only what is missing is created: a parent that exists may be neither listable nor writable.
     QList<FileURL> missing;
     for (FileURL folder = url; folder != FileURL() && !fileExists(folder).exists;
          folder = folder.deletingLastPathComponent())
@@ -175,7 +174,7 @@ FileURL SystemFileManager::applicationSupportDirectory() const
     return homeDirectory().appending(QStringLiteral("Library/Application Support"));
 #else
     const QByteArray dataHome = qgetenv("XDG_DATA_HOME");
-    // A relative path there is to be ignored, says the base directory specification.
+    // The base directory specification asks to ignore a relative path.
     if (dataHome.startsWith('/'))
         return FileURL::fromNativePath(dataHome);
     return homeDirectory().appending(QStringLiteral(".local/share"));

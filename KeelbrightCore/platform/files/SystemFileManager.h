@@ -5,8 +5,8 @@
 namespace keelbright {
 
 /// The real file system. `homeDirectory` is `$HOME`; on Linux application support is
-/// `$XDG_DATA_HOME`, else `.local/share` below the home. Virtual places may be overridden to
-/// lay a whole machine into a temporary folder.
+/// `$XDG_DATA_HOME`, else `.local/share` below the home. A test overrides these places to lay a
+/// whole machine into a temporary folder.
 class SystemFileManager : public FileManager
 {
 public:

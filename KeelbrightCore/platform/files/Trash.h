@@ -12,8 +12,8 @@ namespace Trash {
 /// Moves one file, link or folder to the Trash of its volume and gives its new place.
 ///
 /// `homeTrash` is the folder that holds `files` and `info` for items on the home's volume; it is
-/// made on first use. An item is either moved with its record on the drive, or left where it was.
-/// Items are never copied between volumes. What already lies in a Trash is refused.
+/// created on first use. An item is either moved, with its record on the drive, or left where it
+/// was; it is never copied to another volume. What already lies in a Trash is refused.
 [[nodiscard]] std::expected<FileURL, FileError> moveToTrash(const FileURL& item, const FileURL& homeTrash);
 
 } // namespace Trash

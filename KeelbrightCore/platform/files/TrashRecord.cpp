@@ -8,9 +8,9 @@ namespace keelbright {
 
 namespace {
 
-/// Beyond it, what follows the last dot is hardly an extension, and cutting it does no harm.
-constexpr qsizetype longestExtension = 32;
-/// So many items of one name are numbered in order; a search through thousands would crawl.
+/// What follows the last dot and is longer than this is hardly an extension; it may be cut.
+constexpr qsizetype maximumExtension = 32;
+/// After so many numbers a random one is taken: to try thousands in order would take too long.
 constexpr int orderedAttempts = 64;
 
 /// At most `size` bytes, with no character cut in two.
@@ -39,7 +39,7 @@ QByteArray numberFor(int attempt)
 QByteArray TrashRecord::itemName(const QByteArray& name, int attempt, qsizetype longestRecord)
 {
     const QByteArrayView extension = pathExtensionOf(name);
-    const bool hasExtension = !extension.isEmpty() && extension.size() <= longestExtension;
+    const bool hasExtension = !extension.isEmpty() && extension.size() <= maximumExtension;
     const QByteArray ending = hasExtension ? name.right(extension.size() + 1) : QByteArray();
     const QByteArray tail = numberFor(attempt) + ending;
     const QByteArray stem = name.left(name.size() - ending.size());

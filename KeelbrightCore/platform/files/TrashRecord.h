@@ -12,7 +12,7 @@ inline constexpr QByteArrayView suffix(".trashinfo");
 /// that the name of its record has at most `longestRecord` bytes, and never within a character.
 [[nodiscard]] QByteArray itemName(const QByteArray& name, int attempt, qsizetype longestRecord);
 
-/// After so many names that were all taken nothing but a failure is left.
+/// After so many names that were all taken the move fails.
 inline constexpr int attempts = 100;
 
 /// The content of a record: where the item came from, percent-encoded to the byte, and when it

@@ -13,7 +13,7 @@ namespace {
 
 std::optional<qint64> wholeNumber(const QJsonValue& value)
 {
-    // `toInteger` can't say that there is none, but only a true one survives two different defaults.
+    // `toInteger` gives its default where there is no whole number: two defaults show which it is.
     const qint64 number = value.toInteger(0);
     if (!value.isDouble() || number != value.toInteger(1))
         return std::nullopt;
@@ -26,7 +26,7 @@ bool isHexDigit(QChar character)
     return (unit >= u'0' && unit <= u'9') || (unit >= u'a' && unit <= u'f');
 }
 
-/// The platform's own reader also takes braces and other separators, and has no word for failure.
+/// Qt's own reader also accepts braces and other separators, and reports no failure.
 std::optional<QUuid> uuidFromText(const QString& text)
 {
     constexpr qsizetype length = 36;

@@ -30,8 +30,8 @@ struct JsonError
 template <typename T> using Decoded = std::expected<T, JsonError>;
 
 /// Reads the fields of one JSON object strictly: a missing key or a value of another type is an
-/// error that names the key; unknown keys are ignored. A null is a value like any other; `has`
-/// tells it from a value that may be absent.
+/// error that names the key; unknown keys are ignored. For a value that may be absent, `has` is asked
+/// first: it takes a null for absent, while the readers take it for a value of another type.
 class JsonDecoder
 {
 public:

@@ -5,7 +5,7 @@
 
 namespace keelbright {
 
-/// Tells the current time in UTC; tests hand in one of their own.
+/// Gives the current time in UTC; tests pass one of their own.
 using Clock = std::function<QDateTime()>;
 
 [[nodiscard]] inline QDateTime systemClock()

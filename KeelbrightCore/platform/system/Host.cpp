@@ -68,7 +68,7 @@ std::optional<QString> hostName()
     if (::gethostname(buffer.data(), buffer.size() - 1) != 0)
         return std::nullopt;
     QString name = QString::fromUtf8(buffer.data()).trimmed();
-    // The kernel's word for a name that nobody has set.
+    // What the kernel reports where nobody has set a name.
     if (name.isEmpty() || name == QStringLiteral("(none)"))
         return std::nullopt;
     return name;

@@ -57,7 +57,7 @@ std::expected<Pipe, int> makePipe()
     return pipe;
 }
 
-/// What the helper starts with: empty input, output into the pipe, errors nowhere, nothing else.
+/// How the helper starts: with empty input, output into the pipe, errors dropped, and no other file.
 class LaunchPlan
 {
 public:
@@ -74,7 +74,7 @@ public:
 #else
         flags |= POSIX_SPAWN_CLOEXEC_DEFAULT;
 #endif
-        // A helper knows nothing of the signals that this program or one of its libraries blocks.
+        // A helper does not inherit which signals this program or one of its libraries blocks.
         sigset_t signalSet;
         ::sigemptyset(&signalSet);
         ::posix_spawnattr_setsigmask(&m_attributes, &signalSet);
@@ -125,8 +125,8 @@ FileDescriptor watchForEnd([[maybe_unused]] pid_t process)
 #endif
 }
 
-/// One running helper. Waits for this process alone, so that other children of the program and
-/// the signal for ended children are left in peace.
+/// One running helper. Waits for this process alone, so that other children of the program keep
+/// their status and the signal for ended children its handler.
 class Helper
 {
 public:
@@ -181,8 +181,8 @@ bool readInto(QByteArray& data, int descriptor, qsizetype count)
     return got > 0;
 }
 
-/// A helper that has ended may have left behind a process of its own that keeps the pipe open and
-/// may even go on writing: only what is in the pipe now can still be the helper's.
+/// A helper that has ended may leave a process behind that keeps the pipe open and still writes to
+/// it: only what is in the pipe now can be the helper's.
 void readWhatIsThere(QByteArray& data, int descriptor)
 {
     int available = 0;
@@ -228,7 +228,7 @@ std::expected<Subprocess::Result, FileError> Subprocess::run(const FileURL& exec
     Helper helper(*process);
     Result result;
     result.standardOutput = readUntilTheEnd(output->readEnd.get(), helper);
-    // A helper that still wants to write is told that nobody listens, rather than left waiting.
+    // A helper that still writes gets an error now instead of waiting for ever.
     output->readEnd.reset();
     const std::optional<int> status = helper.waitForEnd();
     result.crashed = status && WIFSIGNALED(*status);

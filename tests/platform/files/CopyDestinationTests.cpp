@@ -176,7 +176,7 @@ TEST_F(CopyDestinationTest, copiesALinkAsALinkWhereverItLeads)
     EXPECT_STREQ(text, "/no/such/place");
 }
 
-TEST_F(CopyDestinationTest, renewsALinkOnTheSecondRun)
+TEST_F(CopyDestinationTest, replacesALinkOnTheSecondRun)
 {
     const QByteArray path = source.appendingNative("link").nativePath();
     ASSERT_EQ(::symlink("first", path.constData()), 0);
@@ -260,7 +260,7 @@ TEST_F(CopyDestinationTest, keepsAFolderThatStandsInThePlaceOfAFile)
     EXPECT_THAT(namesIn(latest("")), ::testing::UnorderedElementsAre("a", "inside"));
 }
 
-TEST_F(CopyDestinationTest, makesAFolderAnewThatWasRemovedUnderItsHands)
+TEST_F(CopyDestinationTest, recreatesAFolderThatWasRemovedMeanwhile)
 {
     mac.writeFile("source/a", "x");
     mac.writeFile("source/b", "y");
@@ -317,7 +317,7 @@ TEST_F(CopyDestinationTest, namesACopyInItsOwnFolderAfterAnotherWasEntered)
         EXPECT_EQ(testing::TestMac::read(latest(path)), "x") << path;
 }
 
-TEST_F(CopyDestinationTest, makesAFolderAnewThatWasRemovedWhileItsCopyWaitedForItsName)
+TEST_F(CopyDestinationTest, recreatesAFolderThatWasRemovedWhileItsCopyWaitedForItsName)
 {
     mac.writeFile("source/a", "x");
     auto mirror = openMirror();
@@ -333,7 +333,7 @@ TEST_F(CopyDestinationTest, makesAFolderAnewThatWasRemovedWhileItsCopyWaitedForI
     EXPECT_EQ(testing::TestMac::read(latest("one/two/a")), "x");
 }
 
-TEST_F(CopyDestinationTest, givesEveryModeWhateverTheProcessWithholdsFromNewFiles)
+TEST_F(CopyDestinationTest, givesEveryModeWhateverTheUmask)
 {
     const mode_t before = ::umask(077);
     auto mirror = openMirror();
@@ -346,7 +346,7 @@ TEST_F(CopyDestinationTest, givesEveryModeWhateverTheProcessWithholdsFromNewFile
     ::umask(before);
 }
 
-TEST_F(CopyDestinationTest, givesEveryModeWhateverTheFolderGivesToNewFiles)
+TEST_F(CopyDestinationTest, givesEveryModeWhateverTheAccessListOfTheFolder)
 {
     const FileURL folder = mac.makeFolder("drive/Latest/listed");
     const QByteArray list = ownersOnlyAccessList();
@@ -447,7 +447,7 @@ TEST_F(CopyDestinationTest, neverPassesOnTheRightsOfAForeignOwner)
     EXPECT_EQ(copied.st_mode & 07777, 04755U);
 }
 
-TEST_F(CopyDestinationTest, flushesWithoutComplaintOnAHealthyDrive)
+TEST_F(CopyDestinationTest, flushesWithoutErrorOnAHealthyDrive)
 {
     mac.writeFile("source/a", "x");
     auto mirror = openMirror();

@@ -181,7 +181,7 @@ TEST_F(DirectoryEnumeratorTest, failsOnAFileAndOnNothing)
               QStringLiteral("“none” could not be opened: it does not exist."));
 }
 
-TEST_F(DirectoryEnumeratorTest, tellsTypesAndSizes)
+TEST_F(DirectoryEnumeratorTest, deliversTypesAndSizes)
 {
     mac.writeFile("tree/five", "12345");
     mac.makeFolder("tree/folder");
@@ -211,7 +211,7 @@ TEST_F(DirectoryEnumeratorTest, tellsTypesAndSizes)
     EXPECT_EQ(seen, 4);
 }
 
-TEST_F(DirectoryEnumeratorTest, knowsALinkThatLeadsToAFolder)
+TEST_F(DirectoryEnumeratorTest, recognisesALinkThatLeadsToAFolder)
 {
     mac.makeFolder("elsewhere");
     link("../elsewhere", "tree/link");
@@ -293,7 +293,7 @@ TEST_F(DirectoryEnumeratorTest, passesOverAFolderThatWasSwappedForALink)
     EXPECT_THAT(problems, ElementsAre("folder"));
 }
 
-TEST_F(DirectoryEnumeratorTest, saysNothingOfAFolderThatVanished)
+TEST_F(DirectoryEnumeratorTest, reportsNothingForAFolderThatVanished)
 {
     mac.makeFolder("tree/folder");
     auto items = DirectoryEnumerator::open(root, {});

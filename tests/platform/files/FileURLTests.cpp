@@ -103,7 +103,7 @@ TEST(FileURL, hashesEqualLocationsAlike)
     EXPECT_EQ(qHash(url("/a/b")), qHash(url("/a//b/")));
 }
 
-TEST(FileURL, tellsWhatMayBeAFilesName)
+TEST(FileURL, acceptsOnlyNamesThatAFolderCanHold)
 {
     for (const char* name : {"a", ".a", "...", "a..b", "..a", "\xff", " ", "\\"})
         EXPECT_TRUE(isFileName(name)) << name;

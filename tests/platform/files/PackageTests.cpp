@@ -68,7 +68,7 @@ TEST(PackageTests, namesNeedNotBeUtf8)
     EXPECT_FALSE(isPackage("x.ap\xC3\x9F"));
 }
 
-TEST(PackageTests, aNameOf255BytesIsJudgedToo)
+TEST(PackageTests, aNameOf255BytesIsCheckedToo)
 {
     EXPECT_TRUE(isPackage(QByteArray(251, 'n') + ".app"));
     EXPECT_FALSE(isPackage("n." + QByteArray(253, 'a')));

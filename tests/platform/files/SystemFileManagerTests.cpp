@@ -136,7 +136,7 @@ TEST_F(SystemFileManagerTest, leavesTheOldFileWhenAWriteFails)
         files.writeAtomically(mac.root().appending(QStringLiteral("no/such/file")), "x").has_value());
 }
 
-TEST_F(SystemFileManagerTest, tellsTheCapacityOfAFileSystem)
+TEST_F(SystemFileManagerTest, reportsTheCapacityOfAFileSystem)
 {
     const auto capacity = files.fileSystemCapacity(folder);
     ASSERT_TRUE(capacity.has_value());

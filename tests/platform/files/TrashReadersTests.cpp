@@ -142,7 +142,7 @@ private:
 
 } // namespace
 
-TEST_F(TrashReadersTests, theDesktopTellsWhereAnItemCameFrom)
+TEST_F(TrashReadersTests, theDesktopShowsWhereAnItemCameFrom)
 {
     if (const std::string reason = reasonNoDesktop(); !reason.empty())
         GTEST_SKIP() << reason;
@@ -152,7 +152,7 @@ TEST_F(TrashReadersTests, theDesktopTellsWhereAnItemCameFrom)
     EXPECT_TRUE(onDesktop(QStringLiteral("gio trash --list")).contains(line));
 }
 
-TEST_F(TrashReadersTests, theDesktopKnowsOddPlacesToTheByte)
+TEST_F(TrashReadersTests, theDesktopReadsOddPlacesToTheByte)
 {
     if (const std::string reason = reasonNoDesktop(); !reason.empty())
         GTEST_SKIP() << reason;

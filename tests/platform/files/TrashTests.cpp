@@ -121,7 +121,7 @@ TEST_F(TrashTests, aRecordWithoutAnItemIsNotReplaced)
     EXPECT_EQ(TestMac::read(m_trash.appendingNative("info/a.trashinfo")), "older");
 }
 
-TEST_F(TrashTests, whenAllNumbersAreTakenTheItemStillGoesAndSoon)
+TEST_F(TrashTests, whenAllNumbersAreTakenTheItemIsStillMovedQuickly)
 {
     m_mac.writeFile("Users/mira/.local/share/Trash/info/a.trashinfo", "");
     for (int number = 2; number <= 200; ++number) {

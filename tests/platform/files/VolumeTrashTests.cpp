@@ -148,7 +148,7 @@ TEST_F(VolumeTrashTests, theTrashesOfTheVolumeStay)
     EXPECT_EQ(refused(moveToTrash(own())).code, EBUSY);
 }
 
-TEST_F(VolumeTrashTests, foldersThatAreOnlyNamedAlikeGo)
+TEST_F(VolumeTrashTests, foldersWithSimilarNamesAreMoved)
 {
     for (const char* path : {".Trash-old", ".Trash-", "sub/.Trash-4242", "Trash", ".Trashes"}) {
         const FileURL file = item(QByteArray(path) + "/a");

@@ -53,7 +53,7 @@ TEST(BinaryPropertyListTests, everyKindOfBinaryValueIsRead)
     EXPECT_EQ(binaryValue("\xD0"), QVariant(QVariantMap()));
 }
 
-TEST(BinaryPropertyListTests, binaryDatesReachBeyondThoseOf32Bits)
+TEST(BinaryPropertyListTests, binaryDatesExceed32Bits)
 {
     EXPECT_EQ(binaryValue("\x33" + bigEndian(0, 8)),
               QVariant(QDateTime(QDate(2001, 1, 1), QTime(), Qt::UTC)));

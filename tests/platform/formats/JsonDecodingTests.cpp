@@ -269,7 +269,7 @@ TEST(JsonDecoding, anErrorReadsAsASentence)
               u"The JSON text is not an object."_s);
 }
 
-TEST(JsonDecoding, aTextThatIsNoJsonIsAnErrorThatTellsWhere)
+TEST(JsonDecoding, aTextThatIsNoJsonIsAnErrorWithItsPosition)
 {
     expectError(decodeJsonObject(""), {}, u"is not valid at byte 0: illegal value"_s);
     expectError(decodeJsonObject(R"({"a": "b)"), {}, u"is not valid at byte 9: unterminated string"_s);

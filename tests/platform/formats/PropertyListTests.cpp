@@ -36,7 +36,7 @@ QByteArray nestedBinary(int levels)
 
 } // namespace
 
-TEST(PropertyListTests, nestingIsReadUpToTheBoundAndRefusedBeyond)
+TEST(PropertyListTests, nestingIsReadUpToTheMaximumDepthAndNoDeeper)
 {
     for (const auto& nested : {nestedXml, nestedBinary}) {
         EXPECT_TRUE(dictionary(nested(PropertyList::maximumDepth)).has_value());
@@ -54,7 +54,7 @@ TEST(PropertyListTests, tooManyValuesAreRefused)
     EXPECT_EQ(dictionary(array(PropertyList::maximumValues - 1)), std::nullopt);
 }
 
-TEST(PropertyListTests, dataBeyondTheBoundIsRefused)
+TEST(PropertyListTests, dataAboveTheMaximumSizeIsRefused)
 {
     const QByteArray valid = entry("<true/>");
     QByteArray padded = valid;
@@ -112,7 +112,7 @@ TEST(PropertyListTests, whatIsNoRegularFileIsNothing)
     EXPECT_EQ(PropertyList::dictionaryAt(FileURL::fromPath(text("/dev/zero"))), std::nullopt);
 }
 
-TEST(PropertyListTests, aFileBeyondTheBoundIsNotEvenRead)
+TEST(PropertyListTests, aFileAboveTheMaximumSizeIsNotRead)
 {
     const testing::TestMac mac;
     const FileURL large = mac.writeFile("large.plist", entry("<true/>"));

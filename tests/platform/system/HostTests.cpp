@@ -69,7 +69,7 @@ TEST_F(HostTests, theHostNameStandsInForAMissingOrEmptyOrBrokenPrettyName)
     }
 }
 
-TEST_F(HostTests, aFolderInThePlaceOfTheFileIsNoHindrance)
+TEST_F(HostTests, aFolderInThePlaceOfTheFileIsIgnored)
 {
     m_mac.makeFolder("etc/machine-info");
     EXPECT_EQ(name(), QSysInfo::machineHostName().toStdString());

@@ -213,7 +213,7 @@ TEST_F(SubprocessTests, thirtyTwoHelpersAtOnceKeepTheirOutputsApart)
     EXPECT_FALSE(hasChild());
 }
 
-TEST_F(SubprocessTests, otherChildrenOfTheProgramAreLeftInPeace)
+TEST_F(SubprocessTests, otherChildrenOfTheProgramAreLeftAlone)
 {
     const pid_t other = ::fork();
     ASSERT_GE(other, 0);

@@ -97,7 +97,7 @@ TEST_F(WindowChecksTests, aFaintTextThatCanNotBeUsedPasses)
 TEST_F(WindowChecksTests, aWindowWithoutWordsDoesNotPassForReadable)
 {
     show();
-    EXPECT_EQ(faintTexts(window), QStringList{u"no words at all"_s});
+    EXPECT_EQ(faintTexts(window), QStringList{u"no text at all"_s});
 }
 
 TEST_F(WindowChecksTests, wordsOnWordsAreFoundAndWordsSideBySideAreNot)
