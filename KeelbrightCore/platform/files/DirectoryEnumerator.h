@@ -45,7 +45,7 @@ public:
 
     /// Goes to the next entry; false when there is none.
     [[nodiscard]] bool next();
-    /// Keeps the walk out of the folder just delivered; nothing for any other entry.
+    /// Keeps the walk out of the folder just delivered; does nothing for any other entry.
     void skipDescendants();
     /// A new walk over the folder just delivered, for another thread to take; this walk then passes
     /// the folder over. The new one has the same options, no error handler, and paths relative to

@@ -83,7 +83,7 @@ QByteArray relativePath(const FileURL& location, const FileURL& folder)
     return location.nativePath().mid(folder == FileURL() ? 1 : folder.nativePath().size() + 1);
 }
 
-/// Whether the item may go at all: not out of a Trash, and not a Trash itself.
+/// Refuses what lies in a Trash, a Trash itself, and a folder that holds one.
 std::expected<void, FileError> checkIsOutsideTrash(const HeldItem& item, const FileURL& homeTrash,
                                                    const FileURL& top)
 {

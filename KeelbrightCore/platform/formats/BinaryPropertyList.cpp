@@ -41,9 +41,9 @@ double realValue(const Layout& layout, const Object& object)
 
 std::optional<QVariant> dateValue(const Layout& layout, const Object& object)
 {
-    constexpr double farthest = 1e11; // seconds, some three thousand years
+    constexpr double maximumDistance = 1e11; // seconds, some three thousand years
     const double seconds = realValue(layout, object);
-    if (!(std::abs(seconds) <= farthest))
+    if (!(std::abs(seconds) <= maximumDistance))
         return std::nullopt;
     static const QDateTime epoch(QDate(2001, 1, 1), QTime(0, 0, 0), Qt::UTC);
     return epoch.addMSecs(std::llround(seconds * 1'000));
@@ -84,8 +84,8 @@ std::optional<QVariant> plainValue(const Layout& layout, const Object& object)
     return std::nullopt;
 }
 
-/// Puts the values together. Walks the references with a stack of its own and makes each object
-/// once, however often it is referred to.
+/// Assembles the values. Follows the references with a stack of its own, so that no depth of the input
+/// is a depth of calls, and makes each object once, however often it is referred to.
 class Assembly
 {
 public:

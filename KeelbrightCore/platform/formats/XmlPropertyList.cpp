@@ -107,7 +107,7 @@ private:
         case QXmlStreamReader::Characters:
             return m_xml.isWhitespace();
         case QXmlStreamReader::DTD:
-            // Own entities are no part of a property list, and the stuff that bombs are made of.
+            // A property list has no entities of its own; they could expand to any size.
             return m_xml.entityDeclarations().isEmpty();
         case QXmlStreamReader::EntityReference:
             return false;

@@ -94,7 +94,7 @@ public:
     LaunchPlan(const LaunchPlan&) = delete;
     LaunchPlan& operator=(const LaunchPlan&) = delete;
 
-    /// Takes copies, because the call asks for bytes that it might change.
+    /// Takes copies, because posix_spawn wants bytes that are not const.
     [[nodiscard]] std::expected<pid_t, int> launch(QByteArray executable, QList<QByteArray> arguments) const
     {
         std::vector<char*> vector = {executable.data()};
@@ -118,7 +118,7 @@ private:
 FileDescriptor watchForEnd([[maybe_unused]] pid_t process)
 {
 #ifdef __linux__
-    // By its number: the C library of Debian 12 declares the function for C alone.
+    // By its number, because the C library of Debian 12 declares the function for C only.
     return FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)));
 #else
     return {};

@@ -44,7 +44,7 @@ void becomeUtility()
 
 /// Starts all threads of the pool now and keeps them. A thread that the pool started later would
 /// inherit the priority of whoever handed in the task, and a low one can never be raised again.
-void startThreads(QThreadPool& pool, int count, void (*becomeOfItsKind)())
+void startThreads(QThreadPool& pool, int count, void (*setPriority)())
 {
     struct Start
     {
@@ -60,8 +60,8 @@ void startThreads(QThreadPool& pool, int count, void (*becomeOfItsKind)())
     pool.setExpiryTimeout(-1);
     const auto start = std::make_shared<Start>(count);
     for (int i = 0; i < count; ++i) {
-        pool.start([start, count, becomeOfItsKind] {
-            becomeOfItsKind();
+        pool.start([start, count, setPriority] {
+            setPriority();
             if (--start->missing == 0)
                 start->complete.release(count);
             // Where the system refuses a thread, the others don't wait for it for ever.

@@ -6,8 +6,8 @@ namespace keelbright {
 
 /// The background threads, by what waits for them. Any thread may ask; the first to do so starts
 /// the threads of both pools and must run at normal priority. The pools live until the process
-/// ends: returning from `main` does not wait for a task that is still at work. `waitForDone` is not
-/// for them: it ends the threads, and the next ones would have the priority of whoever needs them.
+/// ends: returning from `main` does not wait for a task that is still at work. Never call
+/// `waitForDone`: it ends the threads, and new ones get the priority of the thread that needs them.
 namespace TaskPools {
 
 /// For what the user waits on: backup runs, checks, scans that a screen shows. Has more threads

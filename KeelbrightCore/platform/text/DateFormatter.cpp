@@ -75,13 +75,13 @@ bool hasOverlongNumber(const QString& text)
     return overlong.match(text).hasMatch();
 }
 
-/// The text with all its digits and signs made alike: what remains is the width of its fields. The
-/// digits of people are those of any script.
+/// The text with every digit replaced by "0" and every sign by "-", so that only the widths of its
+/// fields remain. In the user's conventions the digits of any script count.
 QString shape(QString text, DateFormatter::Conventions conventions)
 {
-    const bool isOfPeople = conventions == DateFormatter::Conventions::user;
+    const bool hasAnyDigits = conventions == DateFormatter::Conventions::user;
     for (QChar& character : text) {
-        if ((character >= u'0' && character <= u'9') || (isOfPeople && character.isDigit()))
+        if ((character >= u'0' && character <= u'9') || (hasAnyDigits && character.isDigit()))
             character = u'0';
         else if (character == u'+')
             character = u'-';
@@ -95,7 +95,7 @@ icu::Locale patternLocale(DateFormatter::Conventions conventions)
 }
 
 /// Kept for the next text: making one takes longer than reading with it, and a listing of folders
-/// reads thousands. Null for a pattern that is none.
+/// reads thousands. Null for an invalid pattern.
 icu::SimpleDateFormat* readerOf(const QString& pattern, const icu::Locale& locale)
 {
     thread_local QString keptPattern;

@@ -6,7 +6,7 @@
 
 namespace keelbright {
 
-// What the units have in common that ask ICU. Internal to the platform folder.
+// Shared by the units that use ICU. Internal to the platform folder.
 
 [[nodiscard]] QString fromIcu(const icu::UnicodeString& text);
 [[nodiscard]] icu::UnicodeString toIcu(const QString& text);

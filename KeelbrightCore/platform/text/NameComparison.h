@@ -17,11 +17,11 @@ public:
     NameComparison(const NameComparison&) = delete;
     NameComparison& operator=(const NameComparison&) = delete;
 
-    /// Where a name stands among others: the order of names is the order of their keys, byte by
-    /// byte, and names that differ in letter case only have the same key.
+    /// The order of names is the order of their keys, byte by byte; names that differ in letter case
+    /// only have the same key.
     [[nodiscard]] QByteArray sortKey(const QString& name) const;
 
-    /// One text contains another where its form contains the other's form.
+    /// A text contains another one, letter case aside, where its form contains the other's form.
     [[nodiscard]] QString searchForm(const QString& text) const;
 
 private:
