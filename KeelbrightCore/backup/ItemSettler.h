@@ -2,9 +2,9 @@
 
 #include "KeelbrightCore/backup/BackupEngine.h"
 #include "KeelbrightCore/platform/files/CopyDestination.h"
+#include "KeelbrightCore/platform/system/UniqueFunction.h"
 
 #include <deque>
-#include <functional>
 #include <memory>
 
 namespace keelbright {
@@ -21,7 +21,7 @@ class RunLink;
 class ItemSettler
 {
 public:
-    using Change = std::move_only_function<void(BackupEngine&)>;
+    using Change = UniqueFunction<void(BackupEngine&)>;
 
     /// A copy to be published under that name, or else the change that tells what became of an
     /// item.

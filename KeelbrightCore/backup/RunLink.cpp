@@ -11,12 +11,12 @@ RunLink::RunLink(BackupEngine& engine)
     : m_engine(engine)
 {}
 
-void RunLink::post(std::move_only_function<void(BackupEngine&)> change)
+void RunLink::post(UniqueFunction<void(BackupEngine&)> change)
 {
     m_hop.post([this, change = std::move(change)]() mutable { change(m_engine); });
 }
 
-bool RunLink::hop(std::move_only_function<void(BackupEngine&)> change)
+bool RunLink::hop(UniqueFunction<void(BackupEngine&)> change)
 {
     post(std::move(change));
     return wait();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KeelbrightCore/platform/system/MainThread.h"
+#include "KeelbrightCore/platform/system/UniqueFunction.h"
 
 #include <atomic>
 #include <semaphore>
@@ -27,7 +28,7 @@ public:
 
     /// Sends a change of the engine on its way to the main thread; the one before must have been
     /// waited for.
-    void post(std::move_only_function<void(BackupEngine&)> change);
+    void post(UniqueFunction<void(BackupEngine&)> change);
 
     /// Waits for the posted change; false where the engine has gone.
     [[nodiscard]] bool wait() { return m_hop.wait(); }
@@ -35,7 +36,7 @@ public:
     /// Whether the posted change is still on its way.
     [[nodiscard]] bool isPending() const { return m_hop.isPending(); }
 
-    [[nodiscard]] bool hop(std::move_only_function<void(BackupEngine&)> change);
+    [[nodiscard]] bool hop(UniqueFunction<void(BackupEngine&)> change);
 
     /// The run's last act.
     void markEnded() { m_ended.release(); }

@@ -135,7 +135,7 @@ public:
     }
 
     /// Of the task: puts a change on its way, while none is.
-    void post(std::move_only_function<void()> change)
+    void post(UniqueFunction<void()> change)
     {
         if (isClosed())
             return;
@@ -169,7 +169,7 @@ private:
 
     std::atomic<State> m_state = State::idle;
     std::atomic<bool> m_isLookingOut = false; ///< the next change needs no event
-    std::move_only_function<void()> m_change;
+    UniqueFunction<void()> m_change;
     Side m_main;
     Side m_task;
     std::atomic<bool> m_isTaskAsleep = false;
@@ -189,7 +189,7 @@ MainThreadHop::~MainThreadHop()
         m_receiver.release()->deleteLater();
 }
 
-void MainThreadHop::post(std::move_only_function<void()> change)
+void MainThreadHop::post(UniqueFunction<void()> change)
 {
     m_receiver->post(std::move(change));
 }
@@ -205,7 +205,7 @@ bool MainThreadHop::isPending() const
     return m_receiver->isPending();
 }
 
-bool MainThreadHop::hop(std::move_only_function<void()> change)
+bool MainThreadHop::hop(UniqueFunction<void()> change)
 {
     post(std::move(change));
     return wait();

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "KeelbrightCore/platform/system/UniqueFunction.h"
+
 #include <QObject>
 #include <atomic>
-#include <functional>
 #include <memory>
 
 namespace keelbright {
@@ -22,7 +23,7 @@ public:
     MainThreadHop& operator=(const MainThreadHop&) = delete;
 
     /// Sends the change on its way. The one before must have been waited for.
-    void post(std::move_only_function<void()> change);
+    void post(UniqueFunction<void()> change);
     /// Waits until the change that was posted last has been made; false where the hop was
     /// closed instead. True at once where nothing is on its way.
     [[nodiscard]] bool wait();
@@ -30,7 +31,7 @@ public:
     /// Whether the posted change has not been made yet, and may still be.
     [[nodiscard]] bool isPending() const;
     /// Both in one.
-    [[nodiscard]] bool hop(std::move_only_function<void()> change);
+    [[nodiscard]] bool hop(UniqueFunction<void()> change);
 
     void close();
 
