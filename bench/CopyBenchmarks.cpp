@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/files/CopyDestination.h"
 #include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
+#include "KeelbrightCore/platform/system/Cancellation.h"
 #include "tests/support/TestMac.h"
 
 #include <benchmark/benchmark.h>
@@ -23,9 +24,9 @@ void copyFile(benchmark::State& state, qsizetype size, Target target)
         return;
     }
     const QByteArray copy = drive.appendingNative("Latest/file").nativePath();
-    const std::atomic<bool> stop = false;
+    const Cancellation cancellation;
     for (auto _ : state) {
-        auto prepared = (*mirror)->prepare(**items, stop);
+        auto prepared = (*mirror)->prepare(**items, cancellation);
         if (!prepared || !(*prepared)->publish().has_value()) {
             state.SkipWithError("the copy failed");
             return;

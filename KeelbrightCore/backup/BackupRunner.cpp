@@ -143,17 +143,18 @@ void run(const BackupJob& job, RunLink& engine)
         return;
     }
 
-    const qint64 estimate = FileScanner::scan(job.sources, FileScanner::Sizes::leftOut).fileCount;
+    const qint64 estimate =
+        FileScanner::scan(job.sources, FileScanner::Sizes::leftOut, engine.cancellation()).fileCount;
     if (!engine.hop([estimate](BackupEngine& target) { target.setTotalFilesEstimate(estimate); }))
         return;
     for (const BackupSource& source : job.sources) {
         if (!source.isEnabled)
             continue;
-        if (engine.isCancelled())
+        if (engine.cancellation().isCancelled())
             break;
         copySource(source, folders->latest, *folders->mirror, fileManager, engine);
     }
-    if (engine.stopFlag())
+    if (engine.cancellation().isQuitting())
         return;
     const auto manifestPath = writeManifest(job, *folders, engine);
     if (manifestPath)

@@ -45,14 +45,14 @@ bool hasSkippedExtension(QByteArrayView name)
     return contains(extensions, {lowerCase.data(), extension.size()});
 }
 
-void scanFolder(const FileURL& url, Sizes sizes, ScanResult& result)
+void scanFolder(const FileURL& url, Sizes sizes, const Cancellation& cancellation, ScanResult& result)
 {
     const auto opened = FileManager::defaultManager().enumerator(
         url, DirectoryEnumerator::Option::skipsHiddenFiles | DirectoryEnumerator::Option::followsRootLink);
     if (!opened)
         return;
     DirectoryEnumerator& enumerator = **opened;
-    while (enumerator.next()) {
+    while (!cancellation.isQuitting() && enumerator.next()) {
         if (shouldSkip(enumerator) || enumerator.type() != EntryType::regularFile)
             continue;
         const std::optional<qint64> size = sizes == Sizes::read ? enumerator.fileSize() : 0;
@@ -89,12 +89,12 @@ bool shouldSkip(DirectoryEnumerator& enumerator)
     return hasSkippedExtension(name);
 }
 
-ScanResult scan(const QList<BackupSource>& sources, Sizes sizes)
+ScanResult scan(const QList<BackupSource>& sources, Sizes sizes, const Cancellation& cancellation)
 {
     ScanResult result;
     for (const BackupSource& source : sources) {
-        if (source.isEnabled)
-            scanFolder(source.url, sizes, result);
+        if (source.isEnabled && !cancellation.isQuitting())
+            scanFolder(source.url, sizes, cancellation, result);
     }
     return result;
 }

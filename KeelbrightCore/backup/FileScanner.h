@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/backup/BackupSource.h"
 #include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
+#include "KeelbrightCore/platform/system/Cancellation.h"
 
 #include <QList>
 
@@ -34,7 +35,9 @@ enum class Sizes { read, leftOut };
 
 /// Counts the regular files that a backup of the enabled sources would copy; what can't be read
 /// adds nothing. Reads metadata only. `totalBytes` stays 0 where sizes are left out. Blocks; any thread.
-[[nodiscard]] ScanResult scan(const QList<BackupSource>& sources, Sizes sizes = Sizes::read);
+/// Ends early, with what it has counted so far, only when the program quits.
+[[nodiscard]] ScanResult scan(const QList<BackupSource>& sources, Sizes sizes = Sizes::read,
+                              const Cancellation& cancellation = Cancellation());
 
 } // namespace FileScanner
 } // namespace keelbright

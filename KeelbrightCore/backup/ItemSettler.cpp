@@ -48,7 +48,7 @@ bool ItemSettler::settleAll()
 
 bool ItemSettler::settleFirst()
 {
-    if (!m_engine.wait() || m_engine.isCancelled())
+    if (!m_engine.wait() || m_engine.cancellation().isCancelled())
         return false;
     Outcome outcome = std::move(m_ahead.front());
     m_ahead.pop_front();

@@ -24,7 +24,7 @@ bool RunLink::hop(UniqueFunction<void(BackupEngine&)> change)
 
 bool RunLink::close(int milliseconds)
 {
-    m_isStopped = true;
+    m_cancellation.quit();
     m_hop.close();
     const bool hasEnded = m_ended.try_acquire_for(std::chrono::milliseconds(milliseconds));
     if (hasEnded)

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "KeelbrightCore/platform/system/Cancellation.h"
 #include "KeelbrightCore/platform/system/MainThread.h"
 #include "KeelbrightCore/platform/system/UniqueFunction.h"
 
-#include <atomic>
 #include <semaphore>
 
 namespace keelbright {
@@ -20,11 +20,8 @@ public:
 
     // For the run.
 
-    /// Whether the user asked to stop; read directly, and so perhaps stale by one item.
-    [[nodiscard]] bool isCancelled() const { return m_isCancelled; }
-
-    /// Becomes true when the program quits: even a copy under way ends then.
-    [[nodiscard]] const std::atomic<bool>& stopFlag() const { return m_isStopped; }
+    /// What every layer of the run asks before it begins something.
+    [[nodiscard]] const Cancellation& cancellation() const { return m_cancellation; }
 
     /// Sends a change of the engine on its way to the main thread; the one before must have been
     /// waited for.
@@ -43,7 +40,7 @@ public:
 
     // For the engine.
 
-    void cancel() { m_isCancelled = true; }
+    void cancel() { m_cancellation.cancel(); }
 
     /// Cuts the run off: no further change reaches the engine. False where the run has not ended
     /// within `milliseconds`.
@@ -52,8 +49,7 @@ public:
 private:
     BackupEngine& m_engine;
     MainThreadHop m_hop;
-    std::atomic<bool> m_isCancelled = false;
-    std::atomic<bool> m_isStopped = false;
+    Cancellation m_cancellation;
     std::binary_semaphore m_ended{0};
 };
 

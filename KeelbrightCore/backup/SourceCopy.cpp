@@ -24,7 +24,7 @@ void SourceCopy::run()
 {
     bool goesOn = true;
     while (goesOn && m_items.next()) {
-        if (!tellOfFolders() || m_engine.isCancelled())
+        if (!tellOfFolders() || m_engine.cancellation().isCancelled())
             break;
         if (FileScanner::shouldSkip(m_items))
             goesOn = tell([](BackupEngine& engine) { engine.incrementSkipped(); });
@@ -67,10 +67,10 @@ bool SourceCopy::copyCurrent()
 
 std::expected<std::unique_ptr<PreparedCopy>, FileError> SourceCopy::prepareCurrent()
 {
-    auto prepared = m_destination.prepare(m_items, m_engine.stopFlag());
+    auto prepared = m_destination.prepare(m_items, m_engine.cancellation());
     // Perhaps only for the room that the copies take which still wait for their names.
     if (!prepared && prepared.error().isForLackOfRoom() && m_settler.settleAll())
-        prepared = m_destination.prepare(m_items, m_engine.stopFlag());
+        prepared = m_destination.prepare(m_items, m_engine.cancellation());
     return prepared;
 }
 

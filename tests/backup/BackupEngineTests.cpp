@@ -1,6 +1,7 @@
 #include "KeelbrightCore/backup/BackupEngine.h"
 
 #include "tests/support/EngineRun.h"
+#include "tests/support/Printing.h"
 
 #include <QElapsedTimer>
 #include <QSemaphore>
@@ -9,6 +10,7 @@
 namespace keelbright {
 namespace {
 
+using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using testing::TestMac;
 
@@ -167,6 +169,25 @@ TEST_F(BackupEngineTest, endsCleanlyWhenItGoesInTheMiddleOfARun)
     for (const QByteArray& name : left)
         EXPECT_EQ(TestMac::read(mirrored("Documents/" + name)), "12345") << name.constData();
     EXPECT_FALSE(mac.fileManager().fileExists(latest("recovery-manifest.json")).exists);
+}
+
+TEST_F(BackupEngineTest, leavesNoTraceOfTheRemainingSourcesWhenTheProgramQuitsInTheMiddleOfARun)
+{
+    QList<FileURL> sources;
+    for (const char* name : {"One", "Two", "Three", "Four", "Five", "Six"}) {
+        sources.append(mac.home().appendingNative(name));
+        mac.writeFile(QByteArray("Users/mira/") + name + "/file", "12345");
+    }
+    bool hasEnded = false;
+    QObject::connect(&engine, &BackupEngine::progressChanged, [&] {
+        if (engine.progress().filesCopied == 1 && !hasEnded)
+            hasEnded = engine.shutDown(10'000);
+    });
+    engine.startBackup(job(sources));
+    turnUntil([&] { return hasEnded; });
+    EXPECT_THAT(everythingBelow(drive.appendingNative("Keelbright/miras Mac")),
+                ElementsAre("Latest", "Latest/Personal Files", "Latest/Personal Files/One",
+                            "Latest/Personal Files/One/file", "Reports"));
 }
 
 TEST_F(BackupEngineTest, doesNotGetSlowerWithTheLengthOfItsErrors)

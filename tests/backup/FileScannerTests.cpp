@@ -122,6 +122,17 @@ TEST_F(FileScannerTest, theSameFilesAreCountedWhereSizesAreLeftOut)
     EXPECT_EQ(FileScanner::scan(sources), (FileScanner::ScanResult{.fileCount = 2, .totalBytes = 6}));
 }
 
+TEST_F(FileScannerTest, theCountIsCompletedWhenTheUserCancelsAndGivenUpWhenTheProgramQuits)
+{
+    write("a.txt", "1");
+    const QList<BackupSource> sources = {{QUuid(), folder, true}};
+    Cancellation cancellation;
+    cancellation.cancel();
+    EXPECT_EQ(FileScanner::scan(sources, FileScanner::Sizes::read, cancellation), (ScanResult{1, 1}));
+    cancellation.quit();
+    EXPECT_EQ(FileScanner::scan(sources, FileScanner::Sizes::read, cancellation), (ScanResult{0, 0}));
+}
+
 TEST_F(FileScannerTest, severalSourcesAddUp)
 {
     write("a.txt", "1");

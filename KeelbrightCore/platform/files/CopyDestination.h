@@ -3,11 +3,11 @@
 #include "KeelbrightCore/platform/files/FileError.h"
 #include "KeelbrightCore/platform/files/FileURL.h"
 
-#include <atomic>
 #include <memory>
 
 namespace keelbright {
 
+class Cancellation;
 class DirectoryEnumerator;
 
 /// A copy whose data, mode and times are complete, but which has no name yet.
@@ -39,9 +39,10 @@ public:
     [[nodiscard]] virtual std::expected<void, FileError> enterFolder(QByteArrayView relativeFolder) = 0;
 
     /// Copies the enumerator's current entry, a regular file or a link, into the entered folder
-    /// under the same name. An unfinished copy is discarded when `stop` becomes true.
+    /// under the same name. An unfinished copy is given up when the program quits; a user who cancels
+    /// lets it finish.
     [[nodiscard]] virtual std::expected<std::unique_ptr<PreparedCopy>, FileError>
-    prepare(const DirectoryEnumerator& item, const std::atomic<bool>& stop) = 0;
+    prepare(const DirectoryEnumerator& item, const Cancellation& cancellation) = 0;
 
     /// How many copies may be prepared before the first of them is published; 1 or more. Call it
     /// when a folder has been entered: the value depends on the drive.

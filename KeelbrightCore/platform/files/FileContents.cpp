@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/files/FileDescriptor.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
+#include "KeelbrightCore/platform/system/Cancellation.h"
 
 #include <algorithm>
 #include <fcntl.h>
@@ -47,11 +48,11 @@ FileContents::FileContents()
 {}
 
 std::expected<void, FileError> FileContents::copy(int source, int target, struct stat& status,
-                                                  const std::atomic<bool>& stop, QByteArrayView name)
+                                                  const Cancellation& cancellation, QByteArrayView name)
 {
     for (int attempt = 1; attempt <= maximumCopies; ++attempt) {
-        const Outcome copied = copyOnce(source, target, status, stop);
-        if (stop)
+        const Outcome copied = copyOnce(source, target, status, cancellation);
+        if (cancellation.isQuitting())
             return failure(FileError::Operation::copied, name, FileError::Reason::stopped);
         if (!copied)
             return failure(copied.error().operation, name, copied.error().code);
@@ -70,17 +71,17 @@ std::expected<void, FileError> FileContents::copy(int source, int target, struct
 }
 
 FileContents::Outcome FileContents::copyOnce(int source, int target, const struct stat& status,
-                                             const std::atomic<bool>& stop)
+                                             const Cancellation& cancellation)
 {
     if (status.st_size == 0)
         return {};
     if (tryClone(source, target, status))
         return {};
     if (hasHoles(status))
-        return copySparse(source, target, status, stop);
+        return copySparse(source, target, status, cancellation);
     if (status.st_size <= smallFile)
-        return copyThroughMemory(source, target, status.st_size, stop);
-    return copyExtent(source, target, status.st_size, stop);
+        return copyThroughMemory(source, target, status.st_size, cancellation);
+    return copyExtent(source, target, status.st_size, cancellation);
 }
 
 bool FileContents::tryClone(int source, int target, const struct stat& status)
@@ -100,9 +101,9 @@ bool FileContents::tryClone(int source, int target, const struct stat& status)
 }
 
 FileContents::Outcome FileContents::copyExtent(int source, int target, qint64 count,
-                                               const std::atomic<bool>& stop)
+                                               const Cancellation& cancellation)
 {
-    while (count > 0 && !stop && m_triesCopyRange) {
+    while (count > 0 && !cancellation.isQuitting() && m_triesCopyRange) {
         const auto copied =
             SystemCalls::copyRange(source, target, static_cast<size_t>(std::min(count, kernelPiece)));
         if (!copied && copied.error() == ENOTSUP)
@@ -114,13 +115,13 @@ FileContents::Outcome FileContents::copyExtent(int source, int target, qint64 co
         else
             count -= static_cast<qint64>(*copied);
     }
-    return copyThroughMemory(source, target, count, stop);
+    return copyThroughMemory(source, target, count, cancellation);
 }
 
 FileContents::Outcome FileContents::copyThroughMemory(int source, int target, qint64 count,
-                                                      const std::atomic<bool>& stop)
+                                                      const Cancellation& cancellation)
 {
-    while (count > 0 && !stop) {
+    while (count > 0 && !cancellation.isQuitting()) {
         const size_t piece = std::min(static_cast<size_t>(count), bufferSize);
         const ssize_t got = retrying([&] { return ::read(source, m_buffer.get(), piece); });
         if (got < 0)
@@ -135,21 +136,21 @@ FileContents::Outcome FileContents::copyThroughMemory(int source, int target, qi
 }
 
 FileContents::Outcome FileContents::copySparse(int source, int target, const struct stat& status,
-                                               const std::atomic<bool>& stop)
+                                               const Cancellation& cancellation)
 {
     qint64 position = 0;
-    while (position < status.st_size && !stop) {
+    while (position < status.st_size && !cancellation.isQuitting()) {
         const off_t data = ::lseek(source, position, SEEK_DATA);
         if (data < 0 && errno == ENXIO)
             break; // the rest is one hole
         if (data < 0 && position == 0 && isSearchUnsupported(errno))
-            return copyExtent(source, target, status.st_size, stop); // all of it is data
+            return copyExtent(source, target, status.st_size, cancellation); // all of it is data
         const off_t hole = data < 0 ? -1 : ::lseek(source, data, SEEK_HOLE);
         if (hole < 0 || ::lseek(source, data, SEEK_SET) < 0)
             return std::unexpected(Failure{FileError::Operation::read, errno});
         if (::lseek(target, data, SEEK_SET) < 0)
             return std::unexpected(Failure{FileError::Operation::copied, errno});
-        if (const Outcome copied = copyExtent(source, target, hole - data, stop); !copied)
+        if (const Outcome copied = copyExtent(source, target, hole - data, cancellation); !copied)
             return copied;
         position = hole;
     }
@@ -159,7 +160,7 @@ FileContents::Outcome FileContents::copySparse(int source, int target, const str
     struct stat copied = {};
     if (::fstat(target, &copied) != 0)
         return std::unexpected(Failure{FileError::Operation::copied, errno});
-    if (!stop && copied.st_size != status.st_size)
+    if (!cancellation.isQuitting() && copied.st_size != status.st_size)
         return std::unexpected(Failure{FileError::Operation::copied, EFBIG});
     return {};
 }

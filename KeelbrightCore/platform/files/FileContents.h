@@ -2,11 +2,12 @@
 
 #include "KeelbrightCore/platform/files/FileError.h"
 
-#include <atomic>
 #include <memory>
 #include <sys/stat.h>
 
 namespace keelbright {
+
+class Cancellation;
 
 /// Copies the content of a file in the fastest way that both sides support: a shared clone, one
 /// read and one write, a copy within the kernel, or a plain loop. Holes stay holes. Remembers
@@ -21,7 +22,7 @@ public:
     /// is copied again, at most three times in all; `status` becomes that of the source at the last
     /// copy. `name` is for the error.
     [[nodiscard]] std::expected<void, FileError> copy(int source, int target, struct stat& status,
-                                                      const std::atomic<bool>& stop, QByteArrayView name);
+                                                      const Cancellation& cancellation, QByteArrayView name);
 
 private:
     struct Failure
@@ -33,12 +34,12 @@ private:
     using Outcome = std::expected<void, Failure>;
 
     [[nodiscard]] Outcome copyOnce(int source, int target, const struct stat& status,
-                                   const std::atomic<bool>& stop);
-    [[nodiscard]] Outcome copyExtent(int source, int target, qint64 count, const std::atomic<bool>& stop);
+                                   const Cancellation& cancellation);
+    [[nodiscard]] Outcome copyExtent(int source, int target, qint64 count, const Cancellation& cancellation);
     [[nodiscard]] Outcome copyThroughMemory(int source, int target, qint64 count,
-                                            const std::atomic<bool>& stop);
+                                            const Cancellation& cancellation);
     [[nodiscard]] Outcome copySparse(int source, int target, const struct stat& status,
-                                     const std::atomic<bool>& stop);
+                                     const Cancellation& cancellation);
     [[nodiscard]] bool tryClone(int source, int target, const struct stat& status);
 
     std::unique_ptr<char[]> m_buffer;

@@ -175,7 +175,7 @@ std::expected<std::shared_ptr<const TargetFolder>, int> SystemCopyDestination::t
 }
 
 SystemCopyDestination::Prepared SystemCopyDestination::prepare(const DirectoryEnumerator& item,
-                                                               const std::atomic<bool>& stop)
+                                                               const Cancellation& cancellation)
 {
     if (const auto inPlace = m_anchor.checkPlace(); !inPlace)
         return std::unexpected(inPlace.error());
@@ -183,7 +183,7 @@ SystemCopyDestination::Prepared SystemCopyDestination::prepare(const DirectoryEn
         return failure(FileError::Operation::copied, item.name(), FileError::Reason::differsInCaseOnly);
     switch (item.type()) {
     case EntryType::regularFile:
-        return prepareFile(item, stop);
+        return prepareFile(item, cancellation);
     case EntryType::symbolicLink:
         return prepareLink(item);
     case EntryType::directory:
@@ -194,7 +194,7 @@ SystemCopyDestination::Prepared SystemCopyDestination::prepare(const DirectoryEn
 }
 
 SystemCopyDestination::Prepared SystemCopyDestination::prepareFile(const DirectoryEnumerator& item,
-                                                                   const std::atomic<bool>& stop)
+                                                                   const Cancellation& cancellation)
 {
     const FileDescriptor source(openSource(item));
     if (!source.isOpen() && errno == ELOOP)
@@ -211,7 +211,7 @@ SystemCopyDestination::Prepared SystemCopyDestination::prepareFile(const Directo
     if (!target)
         return std::unexpected(target.error());
     const int file = target->file.descriptor();
-    if (const auto copied = m_contents.copy(source.get(), file, status, stop, item.name()); !copied)
+    if (const auto copied = m_contents.copy(source.get(), file, status, cancellation, item.name()); !copied)
         return std::unexpected(copied.error());
     auto done = m_attributes.copy(source.get(), file, status, target->hasMode);
     if (done)

@@ -22,7 +22,7 @@ public:
 
     [[nodiscard]] std::expected<void, FileError> enterFolder(QByteArrayView relativeFolder) override;
     [[nodiscard]] std::expected<std::unique_ptr<PreparedCopy>, FileError>
-    prepare(const DirectoryEnumerator& item, const std::atomic<bool>& stop) override;
+    prepare(const DirectoryEnumerator& item, const Cancellation& cancellation) override;
 
     [[nodiscard]] qsizetype maximumPrepared() const override;
 
@@ -51,7 +51,7 @@ private:
     /// The entered folder, for copies that are published after another one has been entered.
     [[nodiscard]] std::expected<std::shared_ptr<const TargetFolder>, int> targetFolder();
 
-    [[nodiscard]] Prepared prepareFile(const DirectoryEnumerator& item, const std::atomic<bool>& stop);
+    [[nodiscard]] Prepared prepareFile(const DirectoryEnumerator& item, const Cancellation& cancellation);
     [[nodiscard]] Prepared prepareLink(const DirectoryEnumerator& item);
     [[nodiscard]] std::expected<NewFile, FileError> createFile(QByteArrayView name,
                                                                const struct stat& source);

@@ -1,6 +1,7 @@
 #include "KeelbrightCore/platform/files/CopyDestination.h"
 
 #include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
+#include "KeelbrightCore/platform/system/Cancellation.h"
 #include "tests/support/TestMac.h"
 
 #include <QByteArrayList>
@@ -58,7 +59,7 @@ protected:
                 continue;
             if (const auto entered = mirror.enterFolder(folder); !entered)
                 return std::unexpected(entered.error());
-            auto prepared = mirror.prepare(**items, stop);
+            auto prepared = mirror.prepare(**items, cancellation);
             if (!prepared)
                 return std::unexpected(prepared.error());
             if (const auto published = (*prepared)->publish(); !published)
@@ -93,7 +94,7 @@ protected:
     testing::TestMac mac;
     FileURL source = mac.makeFolder("source");
     FileURL drive = mac.makeFolder("drive");
-    std::atomic<bool> stop = false;
+    Cancellation cancellation;
 };
 
 TEST_F(CopyDestinationTest, copiesDataModeAndTimesToTheNanosecond)
@@ -144,7 +145,7 @@ TEST_F(CopyDestinationTest, leavesNothingOfACopyThatIsDropped)
     auto items = DirectoryEnumerator::open(source, {});
     ASSERT_TRUE((*items)->next());
     {
-        const auto prepared = mirror->prepare(**items, stop);
+        const auto prepared = mirror->prepare(**items, cancellation);
         ASSERT_TRUE(prepared.has_value());
     }
     EXPECT_EQ(testing::TestMac::read(latest("a")), "old");
@@ -155,11 +156,19 @@ TEST_F(CopyDestinationTest, endsACopyUnderWayWhenTheProgramQuits)
 {
     mac.writeFile("source/a", QByteArray(4 * 1024 * 1024, 'x'));
     auto mirror = openMirror();
-    stop = true;
+    cancellation.quit();
     const auto copied = copy(*mirror, "a");
     ASSERT_FALSE(copied.has_value());
     EXPECT_EQ(copied.error().reason, FileError::Reason::stopped);
     EXPECT_THAT(namesIn(latest("")), ::testing::IsEmpty());
+}
+
+TEST_F(CopyDestinationTest, finishesACopyUnderWayWhenTheUserCancels)
+{
+    mac.writeFile("source/a", QByteArray(4 * 1024 * 1024, 'x'));
+    auto mirror = openMirror();
+    cancellation.cancel();
+    EXPECT_EQ(copy(*mirror, "a"), 4 * 1024 * 1024);
 }
 
 TEST_F(CopyDestinationTest, copiesALinkAsALinkWhereverItLeads)
@@ -307,7 +316,7 @@ TEST_F(CopyDestinationTest, namesACopyInItsOwnFolderAfterAnotherWasEntered)
     std::vector<std::unique_ptr<PreparedCopy>> prepared;
     for (const char* folder : {"one", "one/two", "three"}) {
         ASSERT_TRUE(mirror->enterFolder(folder).has_value());
-        auto copy = mirror->prepare(**items, stop);
+        auto copy = mirror->prepare(**items, cancellation);
         ASSERT_TRUE(copy.has_value());
         prepared.push_back(std::move(*copy));
     }
@@ -324,7 +333,7 @@ TEST_F(CopyDestinationTest, recreatesAFolderThatWasRemovedWhileItsCopyWaitedForI
     auto items = DirectoryEnumerator::open(source, {});
     ASSERT_TRUE((*items)->next());
     ASSERT_TRUE(mirror->enterFolder("one/two").has_value());
-    const auto prepared = mirror->prepare(**items, stop);
+    const auto prepared = mirror->prepare(**items, cancellation);
     ASSERT_TRUE(prepared.has_value());
     ASSERT_TRUE(mirror->enterFolder("three").has_value());
     ASSERT_EQ(::rmdir(latest("one/two").nativePath().constData()), 0);
