@@ -1,7 +1,7 @@
 #include "KeelbrightCore/backup/BackupEngine.h"
 
 #include "KeelbrightCore/backup/BackupRunner.h"
-#include "KeelbrightCore/backup/RunLink.h"
+#include "KeelbrightCore/backup/BackupTask.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 
 #include <QThreadPool>
@@ -34,10 +34,10 @@ void BackupEngine::startBackup(const BackupJob& job)
     setProgress({});
     setLastReport(std::nullopt);
 
-    m_currentTask = std::make_shared<RunLink>(*this);
-    TaskPools::userInitiated().start([job, link = m_currentTask] {
-        BackupRunner::run(job, *link);
-        link->markEnded();
+    m_currentTask = std::make_shared<BackupTask>(*this);
+    TaskPools::userInitiated().start([job, task = m_currentTask] {
+        BackupRunner::run(job, *task);
+        task->markEnded();
     });
 }
 

@@ -10,7 +10,7 @@
 
 namespace keelbright {
 
-class RunLink;
+class BackupTask;
 
 /// The object that the screens watch during a backup: owns the running task and publishes its
 /// progress. Main thread only. Destroying it ends a run before its next item.
@@ -75,7 +75,7 @@ private:
     bool m_isCancelled = false;
     std::optional<BackupReport> m_lastReport;
     std::optional<QString> m_lastError;
-    std::shared_ptr<RunLink> m_currentTask;
+    std::shared_ptr<BackupTask> m_currentTask;
 };
 
 } // namespace keelbright

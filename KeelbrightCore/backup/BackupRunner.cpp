@@ -2,9 +2,9 @@
 
 #include "KeelbrightCore/backup/BackupEngine.h"
 #include "KeelbrightCore/backup/BackupReportWriter.h"
+#include "KeelbrightCore/backup/BackupTask.h"
 #include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/backup/ManifestGenerator.h"
-#include "KeelbrightCore/backup/RunLink.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/system/Host.h"
 
@@ -46,7 +46,7 @@ std::expected<RunFolders, FileError> createFolders(const BackupJob& job, FileMan
 }
 
 /// Writes the manifest and gives its path for the report; nothing where the engine has gone.
-std::optional<QString> writeManifest(const BackupJob& job, const RunFolders& folders, RunLink& engine)
+std::optional<QString> writeManifest(const BackupJob& job, const RunFolders& folders, BackupTask& task)
 {
     const QByteArray name = "recovery-manifest.json";
     const QJsonDocument document(ManifestGenerator::generate(job).toJson());
@@ -55,20 +55,20 @@ std::optional<QString> writeManifest(const BackupJob& job, const RunFolders& fol
     if (written)
         return folders.latest.appendingNative(name).path();
     const QString line = QStringLiteral("Manifest write failed: ") + written.error().localizedDescription();
-    if (!engine.hop([line](BackupEngine& target) { target.appendError(line); }))
+    if (!task.hop([line](BackupEngine& engine) { engine.appendError(line); }))
         return std::nullopt;
     return QStringLiteral("Failed");
 }
 
 /// A backup called complete has to be on the drive, not in the machine's memory.
-bool flush(const BackupJob& job, CopyDestination& mirror, RunLink& engine)
+bool flush(const BackupJob& job, CopyDestination& mirror, BackupTask& task)
 {
     const auto flushed = mirror.flush();
     if (flushed)
         return true;
     const QString line = QStringLiteral("Skip ") + job.destination.displayName() + QStringLiteral(": ") +
                          flushed.error().localizedDescription();
-    return engine.hop([line](BackupEngine& target) { target.appendError(line); });
+    return task.hop([line](BackupEngine& engine) { engine.appendError(line); });
 }
 
 BackupReport makeReport(const BackupJob& job, const QDateTime& startedAt, const BackupProgress& progress,
@@ -105,60 +105,60 @@ std::expected<void, FileError> writeReport(const BackupReport& report, const Run
 
 /// The last steps: flush, final counters, report files, and the end of the run.
 void conclude(const BackupJob& job, const QDateTime& startedAt, const RunFolders& folders,
-              const QString& manifestPath, RunLink& engine)
+              const QString& manifestPath, BackupTask& task)
 {
-    if (!flush(job, *folders.mirror, engine))
+    if (!flush(job, *folders.mirror, task))
         return;
     BackupProgress progress;
-    if (!engine.hop([&progress](BackupEngine& target) { progress = target.progress(); }))
+    if (!task.hop([&progress](BackupEngine& engine) { progress = engine.progress(); }))
         return;
     const BackupReport report = makeReport(job, startedAt, progress, folders.latest, manifestPath);
     if (const auto written = writeReport(report, folders); !written) {
         const QString line = QStringLiteral("Report write failed: ") + written.error().localizedDescription();
-        if (!engine.hop([line](BackupEngine& target) { target.appendError(line); }))
+        if (!task.hop([line](BackupEngine& engine) { engine.appendError(line); }))
             return;
     }
-    std::ignore = engine.hop([report](BackupEngine& target) {
-        target.setLastReport(report);
-        target.setIsRunning(false);
+    std::ignore = task.hop([report](BackupEngine& engine) {
+        engine.setLastReport(report);
+        engine.setIsRunning(false);
     });
 }
 
-void failToStart(const FileError& error, RunLink& engine)
+void failToStart(const FileError& error, BackupTask& task)
 {
     const QString text = QStringLiteral("Could not create backup folders: ") + error.localizedDescription();
-    if (engine.hop([text](BackupEngine& target) { target.setLastError(text); }))
-        std::ignore = engine.hop([](BackupEngine& target) { target.setIsRunning(false); });
+    if (task.hop([text](BackupEngine& engine) { engine.setLastError(text); }))
+        std::ignore = task.hop([](BackupEngine& engine) { engine.setIsRunning(false); });
 }
 
 } // namespace
 
-void run(const BackupJob& job, RunLink& engine)
+void run(const BackupJob& job, BackupTask& task)
 {
     FileManager& fileManager = FileManager::defaultManager();
     const QDateTime startedAt = QDateTime::currentDateTimeUtc();
     const auto folders = createFolders(job, fileManager);
     if (!folders) {
-        failToStart(folders.error(), engine);
+        failToStart(folders.error(), task);
         return;
     }
 
     const qint64 estimate =
-        FileScanner::scan(job.sources, FileScanner::Sizes::leftOut, engine.cancellation()).fileCount;
-    if (!engine.hop([estimate](BackupEngine& target) { target.setTotalFilesEstimate(estimate); }))
+        FileScanner::scan(job.sources, FileScanner::Sizes::leftOut, task.cancellation()).fileCount;
+    if (!task.hop([estimate](BackupEngine& engine) { engine.setTotalFilesEstimate(estimate); }))
         return;
     for (const BackupSource& source : job.sources) {
         if (!source.isEnabled)
             continue;
-        if (engine.cancellation().isCancelled())
+        if (task.cancellation().isCancelled())
             break;
-        copySource(source, folders->latest, *folders->mirror, fileManager, engine);
+        copySource(source, folders->latest, *folders->mirror, fileManager, task);
     }
-    if (engine.cancellation().isQuitting())
+    if (task.cancellation().isQuitting())
         return;
-    const auto manifestPath = writeManifest(job, *folders, engine);
+    const auto manifestPath = writeManifest(job, *folders, task);
     if (manifestPath)
-        conclude(job, startedAt, *folders, *manifestPath, engine);
+        conclude(job, startedAt, *folders, *manifestPath, task);
 }
 
 QString sanitize(const QString& name)

@@ -1,6 +1,6 @@
 #include "KeelbrightCore/backup/ItemSettler.h"
 
-#include "KeelbrightCore/backup/RunLink.h"
+#include "KeelbrightCore/backup/BackupTask.h"
 
 namespace keelbright {
 
@@ -11,8 +11,8 @@ constexpr qint64 mostBytesAhead = 4'000'000;
 
 } // namespace
 
-ItemSettler::ItemSettler(RunLink& engine, qsizetype most)
-    : m_engine(engine)
+ItemSettler::ItemSettler(BackupTask& task, qsizetype most)
+    : m_task(task)
     , m_most(most)
 {}
 
@@ -21,7 +21,7 @@ bool ItemSettler::add(Outcome outcome)
     if (outcome.copy)
         m_bytesAhead += outcome.copy->sourceSize();
     m_ahead.push_back(std::move(outcome));
-    if (hasRoom() && m_engine.isPending())
+    if (hasRoom() && m_task.isPending())
         return true;
     // The main thread answers again: catch up with it. What waits for long is cold in the
     // processor's caches by the time it gets its name.
@@ -43,12 +43,12 @@ bool ItemSettler::settleAll()
         if (!settleFirst())
             return false;
     }
-    return m_engine.wait();
+    return m_task.wait();
 }
 
 bool ItemSettler::settleFirst()
 {
-    if (!m_engine.wait() || m_engine.cancellation().isCancelled())
+    if (!m_task.wait() || m_task.cancellation().isCancelled())
         return false;
     Outcome outcome = std::move(m_ahead.front());
     m_ahead.pop_front();
@@ -63,7 +63,7 @@ bool ItemSettler::settleFirst()
             outcome.change = failure(outcome.name, published.error());
         }
     }
-    m_engine.post(std::move(outcome.change));
+    m_task.post(std::move(outcome.change));
     return true;
 }
 

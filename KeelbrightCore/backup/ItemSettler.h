@@ -9,7 +9,7 @@
 
 namespace keelbright {
 
-class RunLink;
+class BackupTask;
 
 /// Settles what has become of items, strictly in the order in which they are added: gives a
 /// prepared copy its name and tells the engine. The change that tells of one item has been made
@@ -32,9 +32,9 @@ public:
         Change change;
     };
 
-    /// `engine` outlives the settler. Up to `most` items may wait, of which `Outcome::copy` keeps
+    /// `task` outlives the settler. Up to `most` items may wait, of which `Outcome::copy` keeps
     /// its files open.
-    ItemSettler(RunLink& engine, qsizetype most);
+    ItemSettler(BackupTask& task, qsizetype most);
 
     /// Settles what can be settled without waiting, and waits only while too much is ahead. False
     /// where nothing more is to be done: the user has cancelled, or the engine has gone.
@@ -50,7 +50,7 @@ private:
     [[nodiscard]] bool settleFirst();
     [[nodiscard]] bool hasRoom() const;
 
-    RunLink& m_engine;
+    BackupTask& m_task;
     qsizetype m_most;
     std::deque<Outcome> m_ahead;
     qint64 m_bytesAhead = 0;

@@ -1,20 +1,20 @@
 #include "KeelbrightCore/backup/SourceCopy.h"
 
 #include "KeelbrightCore/backup/BackupRunner.h"
+#include "KeelbrightCore/backup/BackupTask.h"
 #include "KeelbrightCore/backup/FileScanner.h"
-#include "KeelbrightCore/backup/RunLink.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 
 namespace keelbright {
 
 SourceCopy::SourceCopy(DirectoryEnumerator& items, CopyDestination& destination, FileURL root,
-                       QByteArray relativeRoot, RunLink& engine)
+                       QByteArray relativeRoot, BackupTask& task)
     : m_items(items)
     , m_destination(destination)
     , m_root(std::move(root))
     , m_relativeRoot(std::move(relativeRoot))
-    , m_engine(engine)
-    , m_settler(engine, destination.maximumPrepared())
+    , m_task(task)
+    , m_settler(task, destination.maximumPrepared())
 {
     // A folder of the user's that could not be read is missing from the backup: that must show.
     m_items.setErrorHandler([this](const FileURL&, const FileError& error) { m_folderErrors.append(error); });
@@ -24,7 +24,7 @@ void SourceCopy::run()
 {
     bool goesOn = true;
     while (goesOn && m_items.next()) {
-        if (!tellOfFolders() || m_engine.cancellation().isCancelled())
+        if (!tellOfFolders() || m_task.cancellation().isCancelled())
             break;
         if (FileScanner::shouldSkip(m_items))
             goesOn = tell([](BackupEngine& engine) { engine.incrementSkipped(); });
@@ -34,7 +34,7 @@ void SourceCopy::run()
     if (goesOn && tellOfFolders())
         std::ignore = m_settler.settleAll();
     // Whatever the outcome: afterwards the run speaks to the engine again.
-    std::ignore = m_engine.wait();
+    std::ignore = m_task.wait();
     m_items.setErrorHandler({});
 }
 
@@ -67,10 +67,10 @@ bool SourceCopy::copyCurrent()
 
 std::expected<std::unique_ptr<PreparedCopy>, FileError> SourceCopy::prepareCurrent()
 {
-    auto prepared = m_destination.prepare(m_items, m_engine.cancellation());
+    auto prepared = m_destination.prepare(m_items, m_task.cancellation());
     // Perhaps only for the room that the copies take which still wait for their names.
     if (!prepared && prepared.error().isForLackOfRoom() && m_settler.settleAll())
-        prepared = m_destination.prepare(m_items, m_engine.cancellation());
+        prepared = m_destination.prepare(m_items, m_task.cancellation());
     return prepared;
 }
 
@@ -95,10 +95,10 @@ bool SourceCopy::tell(ItemSettler::Change change)
 }
 
 void BackupRunner::copySource(const BackupSource& source, const FileURL& latest, CopyDestination& destination,
-                              FileManager& fileManager, RunLink& engine)
+                              FileManager& fileManager, BackupTask& task)
 {
-    const auto append = [&engine](const QString& line) {
-        std::ignore = engine.hop([line](BackupEngine& target) { target.appendError(line); });
+    const auto append = [&task](const QString& line) {
+        std::ignore = task.hop([line](BackupEngine& engine) { engine.appendError(line); });
     };
     const QByteArray relativeRoot = "Personal Files/" + source.url.nativeLastPathComponent();
     const FileURL root = latest.appendingNative(relativeRoot);
@@ -113,7 +113,7 @@ void BackupRunner::copySource(const BackupSource& source, const FileURL& latest,
         append(QStringLiteral("Cannot enumerate: ") + source.url.path());
         return;
     }
-    SourceCopy(**items, destination, root, relativeRoot, engine).run();
+    SourceCopy(**items, destination, root, relativeRoot, task).run();
 }
 
 } // namespace keelbright

@@ -9,7 +9,7 @@
 
 namespace keelbright {
 
-class RunLink;
+class BackupTask;
 
 /// The copy loop over one source: prepares item after item and leaves it to the settler to name
 /// and tell them. So the order of counts and error lines is the order of items, and who cancels on
@@ -20,7 +20,7 @@ public:
     /// `root` is the source's folder in the mirror, for texts; `relativeRoot` the same below the
     /// destination's anchor. All references outlive the copy.
     SourceCopy(DirectoryEnumerator& items, CopyDestination& destination, FileURL root,
-               QByteArray relativeRoot, RunLink& engine);
+               QByteArray relativeRoot, BackupTask& task);
 
     /// Copies until the end, a cancellation or the end of the program.
     void run();
@@ -36,7 +36,7 @@ private:
     CopyDestination& m_destination;
     FileURL m_root;
     QByteArray m_relativeRoot;
-    RunLink& m_engine;
+    BackupTask& m_task;
     ItemSettler m_settler;
     QByteArray m_enteredFolder; ///< below the source; valid where `m_hasEntered` is true
     bool m_hasEntered = false;

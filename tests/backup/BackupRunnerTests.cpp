@@ -2,7 +2,7 @@
 
 #include "KeelbrightCore/backup/BackupManifest.h"
 #include "KeelbrightCore/backup/BackupReport.h"
-#include "KeelbrightCore/backup/RunLink.h"
+#include "KeelbrightCore/backup/BackupTask.h"
 #include "tests/support/EngineRun.h"
 
 #include <fcntl.h>
@@ -170,18 +170,18 @@ TEST_F(BackupRunnerTest, filesADeviceWithoutANameUnderMyMac)
 {
     mac.writeFile("etc/machine-info", "");
     const BackupJob order = job({documents});
-    RunLink link(engine);
+    BackupTask task(engine);
     std::atomic<bool> hasEnded = false;
     bool isNameless = false;
     // Only this thread sees a host without a name.
-    std::thread task([&] {
+    std::thread thread([&] {
         isNameless = ::unshare(CLONE_NEWUTS) == 0 && ::sethostname("", 0) == 0;
         if (isNameless)
-            BackupRunner::run(order, link);
+            BackupRunner::run(order, task);
         hasEnded = true;
     });
     turnUntil([&] { return hasEnded.load(); });
-    task.join();
+    thread.join();
     if (!isNameless)
         GTEST_SKIP() << "taking the host's name away needs a name space of its own, and so root";
     const auto json = decodeJsonObject(

@@ -1,6 +1,6 @@
 #include "KeelbrightCore/backup/ItemSettler.h"
 
-#include "KeelbrightCore/backup/RunLink.h"
+#include "KeelbrightCore/backup/BackupTask.h"
 #include "tests/support/Printing.h"
 
 #include <QCoreApplication>
@@ -54,16 +54,16 @@ protected:
     void run(const std::function<void(ItemSettler&)>& part, qsizetype most = 8)
     {
         std::atomic<bool> hasEnded = false;
-        std::thread task([&] {
+        std::thread thread([&] {
             {
-                ItemSettler settler(link, most);
+                ItemSettler settler(task, most);
                 part(settler);
             }
             hasEnded = true;
         });
         while (!hasEnded)
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        task.join();
+        thread.join();
     }
 
     ItemSettler::Outcome copy(const char* item, qint64 size = 1)
@@ -78,7 +78,7 @@ protected:
     char* argv[1] = {name};
     QCoreApplication application{argc, argv};
     BackupEngine engine;
-    RunLink link{engine};
+    BackupTask task{engine};
     QByteArrayList told;
 };
 
@@ -106,13 +106,13 @@ TEST_F(ItemSettlerTest, publishesAndTellsInTheOrderInWhichItemsAreAdded)
 TEST_F(ItemSettlerTest, publishesNothingWhileTheChangeBeforeIsNotMade)
 {
     // The main thread does not turn meanwhile.
-    std::thread task([&] {
-        ItemSettler settler(link, 8);
+    std::thread thread([&] {
+        ItemSettler settler(task, 8);
         for (const char* item : {"a", "b", "c"})
             EXPECT_TRUE(settler.add(copy(item)));
         EXPECT_THAT(told, ElementsAre("published a"));
     });
-    task.join();
+    thread.join();
     EXPECT_THAT(told, ElementsAre("published a", "dropped b", "dropped c"));
 }
 
@@ -157,7 +157,7 @@ TEST_F(ItemSettlerTest, tellsACopyThatCouldNotBePublishedAsSkipped)
 TEST_F(ItemSettlerTest, dropsWhatIsAheadOnceTheUserHasCancelled)
 {
     bool goesOn = true;
-    QObject::connect(&engine, &BackupEngine::progressChanged, [&] { link.cancel(); });
+    QObject::connect(&engine, &BackupEngine::progressChanged, [&] { task.cancel(); });
     run([&](ItemSettler& settler) {
         goesOn = settler.add(copy("a")) && settler.add(copy("b")) && settler.settleAll();
     });
@@ -168,8 +168,8 @@ TEST_F(ItemSettlerTest, dropsWhatIsAheadOnceTheUserHasCancelled)
 TEST_F(ItemSettlerTest, endsWhereTheEngineHasGone)
 {
     bool goesOn = true;
-    link.markEnded();
-    EXPECT_TRUE(link.close(0));
+    task.markEnded();
+    EXPECT_TRUE(task.close(0));
     run([&](ItemSettler& settler) { goesOn = settler.add(copy("a")); });
     EXPECT_FALSE(goesOn);
     EXPECT_THAT(told, ElementsAre("dropped a"));

@@ -12,11 +12,11 @@ class BackupEngine;
 
 /// What ties one run, on its background thread, to the engine on the main thread. Shared by
 /// both, so that either may go first.
-class RunLink
+class BackupTask
 {
 public:
     /// On the main thread; the engine calls `close` before it goes.
-    explicit RunLink(BackupEngine& engine);
+    explicit BackupTask(BackupEngine& engine);
 
     // For the run.
 

@@ -1,4 +1,4 @@
-#include "KeelbrightCore/backup/RunLink.h"
+#include "KeelbrightCore/backup/BackupTask.h"
 
 #include "KeelbrightCore/backup/BackupEngine.h"
 
@@ -7,22 +7,22 @@
 
 namespace keelbright {
 
-RunLink::RunLink(BackupEngine& engine)
+BackupTask::BackupTask(BackupEngine& engine)
     : m_engine(engine)
 {}
 
-void RunLink::post(UniqueFunction<void(BackupEngine&)> change)
+void BackupTask::post(UniqueFunction<void(BackupEngine&)> change)
 {
     m_hop.post([this, change = std::move(change)]() mutable { change(m_engine); });
 }
 
-bool RunLink::hop(UniqueFunction<void(BackupEngine&)> change)
+bool BackupTask::hop(UniqueFunction<void(BackupEngine&)> change)
 {
     post(std::move(change));
     return wait();
 }
 
-bool RunLink::close(int milliseconds)
+bool BackupTask::close(int milliseconds)
 {
     m_cancellation.quit();
     m_hop.close();
