@@ -14,7 +14,7 @@ SourceCopy::SourceCopy(DirectoryEnumerator& items, CopyDestination& destination,
     , m_root(std::move(root))
     , m_relativeRoot(std::move(relativeRoot))
     , m_task(task)
-    , m_settler(task, destination.maximumPrepared())
+    , m_pending(task, destination.maximumPrepared())
 {
     // A folder of the user's that could not be read is missing from the backup: that must show.
     m_items.setErrorHandler([this](const FileURL&, const FileError& error) { m_folderErrors.append(error); });
@@ -32,7 +32,7 @@ void SourceCopy::run()
             goesOn = copyCurrent();
     }
     if (goesOn && tellOfFolders())
-        std::ignore = m_settler.settleAll();
+        std::ignore = m_pending.completeAll();
     // Whatever the outcome: afterwards the run speaks to the engine again.
     std::ignore = m_task.wait();
     m_items.setErrorHandler({});
@@ -41,7 +41,7 @@ void SourceCopy::run()
 bool SourceCopy::tellOfFolders()
 {
     for (const FileError& error : std::exchange(m_folderErrors, {})) {
-        if (!tell(ItemSettler::failure(error.name, error)))
+        if (!tell(PendingItems::failure(error.name, error)))
             return false;
     }
     return true;
@@ -61,15 +61,15 @@ bool SourceCopy::copyCurrent()
     }
     auto prepared = prepareCurrent();
     if (!prepared)
-        return tell(ItemSettler::failure(name, prepared.error()));
-    return m_settler.add({.copy = std::move(*prepared), .name = name, .change = {}});
+        return tell(PendingItems::failure(name, prepared.error()));
+    return m_pending.add({.copy = std::move(*prepared), .name = name, .change = {}});
 }
 
 std::expected<std::unique_ptr<PreparedCopy>, FileError> SourceCopy::prepareCurrent()
 {
     auto prepared = m_destination.prepare(m_items, m_task.cancellation());
     // Perhaps only for the room that the copies take which still wait for their names.
-    if (!prepared && prepared.error().isForLackOfRoom() && m_settler.settleAll())
+    if (!prepared && prepared.error().isForLackOfRoom() && m_pending.completeAll())
         prepared = m_destination.prepare(m_items, m_task.cancellation());
     return prepared;
 }
@@ -89,9 +89,9 @@ std::expected<void, FileError> SourceCopy::enterFolder()
     return entered;
 }
 
-bool SourceCopy::tell(ItemSettler::Change change)
+bool SourceCopy::tell(PendingItems::Change change)
 {
-    return m_settler.add({.copy = nullptr, .name = {}, .change = std::move(change)});
+    return m_pending.add({.copy = nullptr, .name = {}, .change = std::move(change)});
 }
 
 void BackupRunner::copySource(const BackupSource& source, const FileURL& latest, CopyDestination& destination,

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "KeelbrightCore/backup/BackupSource.h"
-#include "KeelbrightCore/backup/ItemSettler.h"
+#include "KeelbrightCore/backup/PendingItems.h"
 #include "KeelbrightCore/platform/files/CopyDestination.h"
 #include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 
@@ -11,7 +11,7 @@ namespace keelbright {
 
 class BackupTask;
 
-/// The copy loop over one source: prepares item after item and leaves it to the settler to name
+/// The copy loop over one source: prepares item after item and leaves it to the pending items to name
 /// and tell them. So the order of counts and error lines is the order of items, and who cancels on
 /// one item never finds the next one copied.
 class SourceCopy
@@ -30,14 +30,14 @@ private:
     [[nodiscard]] bool tellOfFolders();
     [[nodiscard]] std::expected<void, FileError> enterFolder();
     [[nodiscard]] std::expected<std::unique_ptr<PreparedCopy>, FileError> prepareCurrent();
-    [[nodiscard]] bool tell(ItemSettler::Change change);
+    [[nodiscard]] bool tell(PendingItems::Change change);
 
     DirectoryEnumerator& m_items;
     CopyDestination& m_destination;
     FileURL m_root;
     QByteArray m_relativeRoot;
     BackupTask& m_task;
-    ItemSettler m_settler;
+    PendingItems m_pending;
     QByteArray m_enteredFolder; ///< below the source; valid where `m_hasEntered` is true
     bool m_hasEntered = false;
     QList<FileError> m_folderErrors; ///< of folders that could not be listed, not yet told

@@ -1,4 +1,4 @@
-#include "KeelbrightCore/backup/ItemSettler.h"
+#include "KeelbrightCore/backup/PendingItems.h"
 
 #include "KeelbrightCore/backup/BackupTask.h"
 #include "tests/support/Printing.h"
@@ -47,17 +47,17 @@ private:
     bool m_isPublished = false;
 };
 
-class ItemSettlerTest : public ::testing::Test
+class PendingItemsTest : public ::testing::Test
 {
 protected:
     /// Does the run's part on a thread of its own while the main thread turns.
-    void run(const std::function<void(ItemSettler&)>& part, qsizetype most = 8)
+    void run(const std::function<void(PendingItems&)>& part, qsizetype most = 8)
     {
         std::atomic<bool> hasEnded = false;
         std::thread thread([&] {
             {
-                ItemSettler settler(task, most);
-                part(settler);
+                PendingItems pending(task, most);
+                part(pending);
             }
             hasEnded = true;
         });
@@ -66,7 +66,7 @@ protected:
         thread.join();
     }
 
-    ItemSettler::Outcome copy(const char* item, qint64 size = 1)
+    PendingItems::Outcome copy(const char* item, qint64 size = 1)
     {
         return {.copy = std::make_unique<ToldCopy>(item, told, size),
                 .name = QString::fromUtf8(item),
@@ -82,7 +82,7 @@ protected:
     QByteArrayList told;
 };
 
-TEST_F(ItemSettlerTest, publishesAndTellsInTheOrderInWhichItemsAreAdded)
+TEST_F(PendingItemsTest, publishesAndTellsInTheOrderInWhichItemsAreAdded)
 {
     QStringList files;
     QObject::connect(&engine, &BackupEngine::progressChanged, [&] {
@@ -91,10 +91,10 @@ TEST_F(ItemSettlerTest, publishesAndTellsInTheOrderInWhichItemsAreAdded)
             files.append(current);
     });
     bool goesOn = true;
-    run([&](ItemSettler& settler) {
+    run([&](PendingItems& pending) {
         for (const char* item : {"a", "b", "c"})
-            goesOn = goesOn && settler.add(copy(item));
-        goesOn = goesOn && settler.settleAll();
+            goesOn = goesOn && pending.add(copy(item));
+        goesOn = goesOn && pending.completeAll();
     });
     EXPECT_TRUE(goesOn);
     EXPECT_THAT(told, ElementsAre("published a", "published b", "published c"));
@@ -103,50 +103,50 @@ TEST_F(ItemSettlerTest, publishesAndTellsInTheOrderInWhichItemsAreAdded)
     EXPECT_EQ(engine.progress().bytesCopied, 3);
 }
 
-TEST_F(ItemSettlerTest, publishesNothingWhileTheChangeBeforeIsNotMade)
+TEST_F(PendingItemsTest, publishesNothingWhileTheChangeBeforeIsNotMade)
 {
     // The main thread does not turn meanwhile.
     std::thread thread([&] {
-        ItemSettler settler(task, 8);
+        PendingItems pending(task, 8);
         for (const char* item : {"a", "b", "c"})
-            EXPECT_TRUE(settler.add(copy(item)));
+            EXPECT_TRUE(pending.add(copy(item)));
         EXPECT_THAT(told, ElementsAre("published a"));
     });
     thread.join();
     EXPECT_THAT(told, ElementsAre("published a", "dropped b", "dropped c"));
 }
 
-TEST_F(ItemSettlerTest, waitsWhereAsManyCopiesAreAheadAsMayBe)
+TEST_F(PendingItemsTest, waitsWhereAsManyCopiesAreAheadAsMayBe)
 {
     bool goesOn = true;
     run(
-        [&](ItemSettler& settler) {
+        [&](PendingItems& pending) {
             for (const char* item : {"a", "b", "c"})
-                goesOn = goesOn && settler.add(copy(item));
+                goesOn = goesOn && pending.add(copy(item));
             EXPECT_EQ(told.size(), 3) << "one ahead is one too many";
         },
         1);
     EXPECT_TRUE(goesOn);
 }
 
-TEST_F(ItemSettlerTest, doesNotKeepMoreThanFourMegabytesAhead)
+TEST_F(PendingItemsTest, doesNotKeepMoreThanFourMegabytesAhead)
 {
-    run([&](ItemSettler& settler) {
-        EXPECT_TRUE(settler.add(copy("small")));
-        EXPECT_TRUE(settler.add(copy("large", 4'000'001)));
+    run([&](PendingItems& pending) {
+        EXPECT_TRUE(pending.add(copy("small")));
+        EXPECT_TRUE(pending.add(copy("large", 4'000'001)));
         EXPECT_THAT(told, ElementsAre("published small", "published large"));
     });
 }
 
-TEST_F(ItemSettlerTest, tellsACopyThatCouldNotBePublishedAsSkipped)
+TEST_F(PendingItemsTest, tellsACopyThatCouldNotBePublishedAsSkipped)
 {
-    run([&](ItemSettler& settler) {
+    run([&](PendingItems& pending) {
         const auto error =
             std::unexpected(FileError::fromCode(FileError::Operation::copied, QStringLiteral("a"), ENOSPC));
-        EXPECT_TRUE(settler.add({.copy = std::make_unique<ToldCopy>("a", told, 1, error),
+        EXPECT_TRUE(pending.add({.copy = std::make_unique<ToldCopy>("a", told, 1, error),
                                  .name = QStringLiteral("a"),
                                  .change = {}}));
-        EXPECT_TRUE(settler.settleAll());
+        EXPECT_TRUE(pending.completeAll());
     });
     EXPECT_EQ(engine.progress().filesSkipped, 1);
     EXPECT_THAT(engine.progress().errors,
@@ -154,23 +154,23 @@ TEST_F(ItemSettlerTest, tellsACopyThatCouldNotBePublishedAsSkipped)
                     "Skip a: “a” could not be copied: there is not enough space on the drive.")));
 }
 
-TEST_F(ItemSettlerTest, dropsWhatIsAheadOnceTheUserHasCancelled)
+TEST_F(PendingItemsTest, dropsWhatIsAheadOnceTheUserHasCancelled)
 {
     bool goesOn = true;
     QObject::connect(&engine, &BackupEngine::progressChanged, [&] { task.cancel(); });
-    run([&](ItemSettler& settler) {
-        goesOn = settler.add(copy("a")) && settler.add(copy("b")) && settler.settleAll();
+    run([&](PendingItems& pending) {
+        goesOn = pending.add(copy("a")) && pending.add(copy("b")) && pending.completeAll();
     });
     EXPECT_FALSE(goesOn);
     EXPECT_THAT(told, ElementsAre("published a", "dropped b"));
 }
 
-TEST_F(ItemSettlerTest, endsWhereTheEngineHasGone)
+TEST_F(PendingItemsTest, endsWhereTheEngineHasGone)
 {
     bool goesOn = true;
     task.markEnded();
     EXPECT_TRUE(task.close(0));
-    run([&](ItemSettler& settler) { goesOn = settler.add(copy("a")); });
+    run([&](PendingItems& pending) { goesOn = pending.add(copy("a")); });
     EXPECT_FALSE(goesOn);
     EXPECT_THAT(told, ElementsAre("dropped a"));
     EXPECT_THAT(engine.progress().errors, IsEmpty());

@@ -1,4 +1,4 @@
-#include "KeelbrightCore/backup/ItemSettler.h"
+#include "KeelbrightCore/backup/PendingItems.h"
 
 #include "KeelbrightCore/backup/BackupTask.h"
 
@@ -11,12 +11,12 @@ constexpr qint64 mostBytesAhead = 4'000'000;
 
 } // namespace
 
-ItemSettler::ItemSettler(BackupTask& task, qsizetype most)
+PendingItems::PendingItems(BackupTask& task, qsizetype most)
     : m_task(task)
     , m_most(most)
 {}
 
-bool ItemSettler::add(Outcome outcome)
+bool PendingItems::add(Outcome outcome)
 {
     if (outcome.copy)
         m_bytesAhead += outcome.copy->sourceSize();
@@ -26,27 +26,27 @@ bool ItemSettler::add(Outcome outcome)
     // The main thread answers again: catch up with it. What waits for long is cold in the
     // processor's caches by the time it gets its name.
     while (!m_ahead.empty()) {
-        if (!settleFirst())
+        if (!completeFirst())
             return false;
     }
     return true;
 }
 
-bool ItemSettler::hasRoom() const
+bool PendingItems::hasRoom() const
 {
     return std::ssize(m_ahead) < m_most && m_bytesAhead <= mostBytesAhead;
 }
 
-bool ItemSettler::settleAll()
+bool PendingItems::completeAll()
 {
     while (!m_ahead.empty()) {
-        if (!settleFirst())
+        if (!completeFirst())
             return false;
     }
     return m_task.wait();
 }
 
-bool ItemSettler::settleFirst()
+bool PendingItems::completeFirst()
 {
     if (!m_task.wait() || m_task.cancellation().isCancelled())
         return false;
@@ -67,7 +67,7 @@ bool ItemSettler::settleFirst()
     return true;
 }
 
-ItemSettler::Change ItemSettler::failure(const QString& name, const FileError& error)
+PendingItems::Change PendingItems::failure(const QString& name, const FileError& error)
 {
     const QString line = QStringLiteral("Skip ") + name + QStringLiteral(": ") + error.localizedDescription();
     return [line](BackupEngine& engine) {

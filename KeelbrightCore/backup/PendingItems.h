@@ -18,7 +18,7 @@ class BackupTask;
 /// While a change is on its way to the main thread, which may just be painting, further items
 /// can be added without waiting. Belongs to the thread of the run, which must not speak to the
 /// engine itself as long as there is something to settle.
-class ItemSettler
+class PendingItems
 {
 public:
     using Change = UniqueFunction<void(BackupEngine&)>;
@@ -32,22 +32,22 @@ public:
         Change change;
     };
 
-    /// `task` outlives the settler. Up to `most` items may wait, of which `Outcome::copy` keeps
+    /// `task` outlives the pending items. Up to `most` items may wait, of which `Outcome::copy` keeps
     /// its files open.
-    ItemSettler(BackupTask& task, qsizetype most);
+    PendingItems(BackupTask& task, qsizetype most);
 
     /// Settles what can be settled without waiting, and waits only while too much is ahead. False
     /// where nothing more is to be done: the user has cancelled, or the engine has gone.
     [[nodiscard]] bool add(Outcome outcome);
 
     /// Waits until everything added is settled; false as with `add`.
-    [[nodiscard]] bool settleAll();
+    [[nodiscard]] bool completeAll();
 
     /// The change for an item that could not be copied.
     [[nodiscard]] static Change failure(const QString& name, const FileError& error);
 
 private:
-    [[nodiscard]] bool settleFirst();
+    [[nodiscard]] bool completeFirst();
     [[nodiscard]] bool hasRoom() const;
 
     BackupTask& m_task;
