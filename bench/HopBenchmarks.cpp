@@ -1,4 +1,5 @@
-#include "KeelbrightCore/platform/system/MainThread.h"
+#include "KeelbrightCore/backup/BackupEngine.h"
+#include "KeelbrightCore/backup/BackupTask.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -17,17 +18,18 @@ void hop(benchmark::State& state)
     QCoreApplication application(argumentCount, arguments);
     constexpr int changes = 10'000;
     for (auto _ : state) {
-        MainThreadHop way;
+        BackupEngine engine;
+        const auto task = BackupTask::create(engine);
         qint64 made = 0;
         std::atomic<bool> hasEnded = false;
-        std::thread task([&] {
+        std::thread run([&] {
             for (int i = 0; i < changes; ++i)
-                std::ignore = way.hop([&made] { ++made; });
+                task->hop([&made](BackupEngine&) { ++made; });
             hasEnded = true;
         });
         while (!hasEnded)
             QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 5);
-        task.join();
+        run.join();
         benchmark::DoNotOptimize(made);
     }
     state.SetItemsProcessed(state.iterations() * changes);

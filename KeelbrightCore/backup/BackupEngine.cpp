@@ -10,7 +10,7 @@ namespace keelbright {
 
 namespace {
 
-/// How long the end of the engine waits for a copy under way to notice that it is to stop.
+/// How long the engine's destructor waits for the run to end.
 constexpr int endOfRunMilliseconds = 2000;
 
 } // namespace
@@ -34,7 +34,7 @@ void BackupEngine::startBackup(const BackupJob& job)
     setProgress({});
     setLastReport(std::nullopt);
 
-    m_currentTask = std::make_shared<BackupTask>(*this);
+    m_currentTask = BackupTask::create(*this);
     TaskPools::userInitiated().start([job, task = m_currentTask] {
         BackupRunner::run(job, *task);
         task->markEnded();
@@ -118,7 +118,10 @@ void BackupEngine::announceProgress()
 
 bool BackupEngine::shutDown(int milliseconds)
 {
-    return !m_currentTask || m_currentTask->close(milliseconds);
+    if (!m_currentTask)
+        return true;
+    m_currentTask->quit();
+    return m_currentTask->waitForEnd(milliseconds);
 }
 
 } // namespace keelbright

@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <QList>
+#include <QStringList>
 
 namespace keelbright {
 
@@ -15,6 +16,9 @@ struct BackupJob
     QList<BackupSource> sources;
     BackupDestination destination;
     QDateTime startedAt; ///< UTC; when the user confirmed
+
+    /// The path of every source in order, of the disabled ones too.
+    [[nodiscard]] QStringList sourcePaths() const;
 };
 
 } // namespace keelbright

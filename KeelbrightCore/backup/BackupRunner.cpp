@@ -3,8 +3,10 @@
 #include "KeelbrightCore/backup/BackupEngine.h"
 #include "KeelbrightCore/backup/BackupReportWriter.h"
 #include "KeelbrightCore/backup/BackupTask.h"
+#include "KeelbrightCore/backup/ErrorLine.h"
 #include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/backup/ManifestGenerator.h"
+#include "KeelbrightCore/backup/SourceCopy.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/system/Host.h"
 
@@ -45,43 +47,56 @@ std::expected<RunFolders, FileError> createFolders(const BackupJob& job, FileMan
                       std::move(*reports)};
 }
 
-/// Writes the manifest and gives its path for the report; nothing where the engine has gone.
-std::optional<QString> writeManifest(const BackupJob& job, const RunFolders& folders, BackupTask& task)
+void appendError(const QString& line, BackupTask& task)
+{
+    task.hop([line](BackupEngine& engine) { engine.appendError(line); });
+}
+
+void reportEstimate(const BackupJob& job, BackupTask& task)
+{
+    const auto scan = FileScanner::scan(job.sources, FileScanner::Sizes::leftOut, task.cancellation());
+    task.hop([count = scan.fileCount](BackupEngine& engine) { engine.setTotalFilesEstimate(count); });
+}
+
+void copySources(const BackupJob& job, const RunFolders& folders, FileManager& fileManager, BackupTask& task)
+{
+    for (const BackupSource& source : job.sources) {
+        if (!source.isEnabled)
+            continue;
+        if (task.cancellation().isCancelled())
+            break;
+        copySource(source, folders.latest, *folders.mirror, fileManager, task);
+    }
+}
+
+/// Writes the manifest and returns its path for the report.
+QString writeManifest(const BackupJob& job, const RunFolders& folders, BackupTask& task)
 {
     const QByteArray name = "recovery-manifest.json";
     const QJsonDocument document(ManifestGenerator::generate(job).toJson());
-    // Never by the path, which may lead elsewhere by now.
+    // Not by its path, which another drive may have taken since the start.
     const auto written = folders.mirror->writeAtomically(name, document.toJson(QJsonDocument::Indented));
     if (written)
         return folders.latest.appendingNative(name).path();
-    const QString line = QStringLiteral("Manifest write failed: ") + written.error().localizedDescription();
-    if (!task.hop([line](BackupEngine& engine) { engine.appendError(line); }))
-        return std::nullopt;
+    appendError(errorLine(QStringLiteral("Manifest write failed"), written.error()), task);
     return QStringLiteral("Failed");
 }
 
-/// A backup called complete has to be on the drive, not in the machine's memory.
-bool flush(const BackupJob& job, CopyDestination& mirror, BackupTask& task)
+/// What is reported as copied has to be on the drive, not only in the machine's memory.
+void flush(const BackupJob& job, CopyDestination& mirror, BackupTask& task)
 {
-    const auto flushed = mirror.flush();
-    if (flushed)
-        return true;
-    const QString line = QStringLiteral("Skip ") + job.destination.displayName() + QStringLiteral(": ") +
-                         flushed.error().localizedDescription();
-    return task.hop([line](BackupEngine& engine) { engine.appendError(line); });
+    if (const auto flushed = mirror.flush(); !flushed)
+        appendError(skipLine(job.destination.displayName(), flushed.error()), task);
 }
 
 BackupReport makeReport(const BackupJob& job, const QDateTime& startedAt, const BackupProgress& progress,
                         const FileURL& latest, const QString& manifestPath)
 {
-    QStringList sourcePaths;
-    for (const BackupSource& source : job.sources)
-        sourcePaths.append(source.url.path());
     return {.id = QUuid::createUuid(),
             .jobId = job.id,
             .startedAt = startedAt,
             .completedAt = QDateTime::currentDateTimeUtc(),
-            .sourcePaths = sourcePaths,
+            .sourcePaths = job.sourcePaths(),
             .destinationPath = job.destination.path(),
             .personalFilesPath = latest.appending(QStringLiteral("Personal Files")).path(),
             .filesCopied = progress.filesCopied,
@@ -93,32 +108,27 @@ BackupReport makeReport(const BackupJob& job, const QDateTime& startedAt, const 
 
 std::expected<void, FileError> writeReport(const BackupReport& report, const RunFolders& folders)
 {
-    if (!folders.mirror->isInPlace()) {
-        return std::unexpected(FileError{FileError::Operation::written, folders.reports.lastPathComponent(),
-                                         FileError::Reason::destinationGone});
-    }
+    if (!folders.mirror->isInPlace())
+        return failure(FileError::Operation::written, folders.reports, FileError::Reason::destinationGone);
     const auto written = BackupReportWriter::write(report, folders.reports, *folders.reportsFolder);
     if (!written)
         return std::unexpected(written.error());
     return {};
 }
 
-/// The last steps: flush, final counters, report files, and the end of the run.
-void conclude(const BackupJob& job, const QDateTime& startedAt, const RunFolders& folders,
-              const QString& manifestPath, BackupTask& task)
+/// The last steps: manifest, flush, report files, and the end of the run.
+void conclude(const BackupJob& job, const QDateTime& startedAt, const RunFolders& folders, BackupTask& task)
 {
-    if (!flush(job, *folders.mirror, task))
-        return;
+    const QString manifestPath = writeManifest(job, folders, task);
+    flush(job, *folders.mirror, task);
     BackupProgress progress;
-    if (!task.hop([&progress](BackupEngine& engine) { progress = engine.progress(); }))
+    task.hop([&progress](BackupEngine& engine) { progress = engine.progress(); });
+    if (task.cancellation().isQuitting())
         return;
     const BackupReport report = makeReport(job, startedAt, progress, folders.latest, manifestPath);
-    if (const auto written = writeReport(report, folders); !written) {
-        const QString line = QStringLiteral("Report write failed: ") + written.error().localizedDescription();
-        if (!task.hop([line](BackupEngine& engine) { engine.appendError(line); }))
-            return;
-    }
-    std::ignore = task.hop([report](BackupEngine& engine) {
+    if (const auto written = writeReport(report, folders); !written)
+        appendError(errorLine(QStringLiteral("Report write failed"), written.error()), task);
+    task.hop([report](BackupEngine& engine) {
         engine.setLastReport(report);
         engine.setIsRunning(false);
     });
@@ -126,9 +136,9 @@ void conclude(const BackupJob& job, const QDateTime& startedAt, const RunFolders
 
 void failToStart(const FileError& error, BackupTask& task)
 {
-    const QString text = QStringLiteral("Could not create backup folders: ") + error.localizedDescription();
-    if (task.hop([text](BackupEngine& engine) { engine.setLastError(text); }))
-        std::ignore = task.hop([](BackupEngine& engine) { engine.setIsRunning(false); });
+    const QString text = errorLine(QStringLiteral("Could not create backup folders"), error);
+    task.hop([text](BackupEngine& engine) { engine.setLastError(text); });
+    task.hop([](BackupEngine& engine) { engine.setIsRunning(false); });
 }
 
 } // namespace
@@ -142,23 +152,28 @@ void run(const BackupJob& job, BackupTask& task)
         failToStart(folders.error(), task);
         return;
     }
+    reportEstimate(job, task);
+    copySources(job, *folders, fileManager, task);
+    if (!task.cancellation().isQuitting())
+        conclude(job, startedAt, *folders, task);
+}
 
-    const qint64 estimate =
-        FileScanner::scan(job.sources, FileScanner::Sizes::leftOut, task.cancellation()).fileCount;
-    if (!task.hop([estimate](BackupEngine& engine) { engine.setTotalFilesEstimate(estimate); }))
+void copySource(const BackupSource& source, const FileURL& latest, CopyDestination& destination,
+                FileManager& fileManager, BackupTask& task)
+{
+    const QByteArray relativeRoot = "Personal Files/" + source.url.nativeLastPathComponent();
+    const FileURL root = latest.appendingNative(relativeRoot);
+    if (const auto entered = destination.enterFolder(relativeRoot); !entered) {
+        appendError(errorLine(QStringLiteral("Cannot create ") + root.path(), entered.error()), task);
         return;
-    for (const BackupSource& source : job.sources) {
-        if (!source.isEnabled)
-            continue;
-        if (task.cancellation().isCancelled())
-            break;
-        copySource(source, folders->latest, *folders->mirror, fileManager, task);
     }
-    if (task.cancellation().isQuitting())
+    using Option = DirectoryEnumerator::Option;
+    const auto items = fileManager.enumerator(source.url, Option::skipsHiddenFiles | Option::followsRootLink);
+    if (!items) {
+        appendError(QStringLiteral("Cannot enumerate: ") + source.url.path(), task);
         return;
-    const auto manifestPath = writeManifest(job, *folders, task);
-    if (manifestPath)
-        conclude(job, startedAt, *folders, *manifestPath, task);
+    }
+    SourceCopy(**items, destination, root, relativeRoot, task).run();
 }
 
 QString sanitize(const QString& name)

@@ -7,22 +7,22 @@
 
 namespace keelbright {
 
+class BackupTask;
 class CopyDestination;
 class FileManager;
-class BackupTask;
 
 /// The body of one run: creates the folders on the destination, estimates, copies source by
 /// source, writes the manifest and the report.
 namespace BackupRunner {
 
 /// Does the whole run on the calling background thread and ends it by setting the engine's
-/// `isRunning` to false on the main thread. Never fails; where the engine goes meanwhile it
-/// returns before the next item.
+/// `isRunning` to false on the main thread. Never fails. When the program quits, it returns without
+/// touching the engine again.
 void run(const BackupJob& job, BackupTask& task);
 
 /// Mirrors one source into "Personal Files" of `latest`, which `destination` is anchored at.
-/// Problems become lines of the engine's progress. Returns when all is done, when the run is
-/// cancelled or when the engine has gone.
+/// Failures become error lines of the engine's progress. Returns when all items have been reported, or
+/// before the next item once the run is cancelled.
 void copySource(const BackupSource& source, const FileURL& latest, CopyDestination& destination,
                 FileManager& fileManager, BackupTask& task);
 

@@ -1,56 +1,83 @@
 #pragma once
 
 #include "KeelbrightCore/platform/system/Cancellation.h"
-#include "KeelbrightCore/platform/system/MainThread.h"
+#include "KeelbrightCore/platform/system/SpinWait.h"
 #include "KeelbrightCore/platform/system/UniqueFunction.h"
 
-#include <semaphore>
+#include <QObject>
+#include <QSemaphore>
+#include <atomic>
+#include <memory>
 
 namespace keelbright {
 
 class BackupEngine;
 
-/// What ties one run, on its background thread, to the engine on the main thread. Shared by
-/// both, so that either may go first.
-class BackupTask
+/// The background task of one run: the engine stops the run through it, and the run changes the engine
+/// through it. Changes are made on the main thread, one at a time.
+///
+/// Ownership: the engine and the run each hold it, and either may go first. An engine that goes calls
+/// `quit` before; no change touches it afterwards.
+/// Threads: `create`, `cancel`, `quit` and `waitForEnd` belong to the main thread, `cancellation` to any,
+/// all others to the one thread of the run.
+class BackupTask : public QObject
 {
 public:
-    /// On the main thread; the engine calls `close` before it goes.
-    explicit BackupTask(BackupEngine& engine);
+    using Change = UniqueFunction<void(BackupEngine&)>;
 
-    // For the run.
+    [[nodiscard]] static std::shared_ptr<BackupTask> create(BackupEngine& engine);
+    Q_DISABLE_COPY_MOVE(BackupTask)
 
     /// What every layer of the run asks before it begins something.
     [[nodiscard]] const Cancellation& cancellation() const { return m_cancellation; }
 
-    /// Sends a change of the engine on its way to the main thread; the one before must have been
-    /// waited for.
-    void post(UniqueFunction<void(BackupEngine&)> change);
+    /// Hands a change over to the main thread and returns at once; `wait` must have been called for the
+    /// one before. Once the program quits, changes are dropped.
+    void post(Change change);
+    /// Waits until the posted change has been made, or until the program quits. Returns at once where
+    /// none was posted.
+    void wait();
 
-    /// Waits for the posted change; false where the engine has gone.
-    [[nodiscard]] bool wait() { return m_hop.wait(); }
+    /// Whether a posted change has still to be made.
+    [[nodiscard]] bool isPending() const { return m_isPending && !m_cancellation.isQuitting(); }
 
-    /// Whether the posted change is still on its way.
-    [[nodiscard]] bool isPending() const { return m_hop.isPending(); }
+    /// `post` and `wait`.
+    void hop(Change change);
 
-    [[nodiscard]] bool hop(UniqueFunction<void(BackupEngine&)> change);
-
-    /// The run's last act.
+    /// The last call of the run.
     void markEnded() { m_ended.release(); }
 
-    // For the engine.
-
+    /// Asks the run to stop before its next item; it still writes its manifest and its report.
     void cancel() { m_cancellation.cancel(); }
 
-    /// Cuts the run off: no further change reaches the engine. False where the run has not ended
-    /// within `milliseconds`.
-    [[nodiscard]] bool close(int milliseconds);
+    /// Stops the run as soon as possible and drops the change that is under way. May be called from
+    /// within a change.
+    void quit();
+    /// Whether the run ends within `milliseconds`.
+    [[nodiscard]] bool waitForEnd(int milliseconds);
+
+protected:
+    bool event(QEvent* event) override;
 
 private:
+    explicit BackupTask(BackupEngine& engine);
+    ~BackupTask() override = default;
+    static void destroy(BackupTask* task);
+
+    void makeChange();
+    [[nodiscard]] bool hasNextChange();
+    void wakeRun();
+
     BackupEngine& m_engine;
-    MainThreadHop m_hop;
     Cancellation m_cancellation;
-    std::binary_semaphore m_ended{0};
+    Change m_change;
+    std::atomic<bool> m_isPending = false;
+    std::atomic<bool> m_isMainThreadSpinning = false; ///< it notices the next change without an event
+    std::atomic<bool> m_isRunAsleep = false;
+    SpinWait m_mainThread;
+    SpinWait m_runThread;
+    QSemaphore m_wakeUp; ///< of the run
+    QSemaphore m_ended;
 };
 
 } // namespace keelbright

@@ -11,14 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QStringList sourcePaths(const QList<BackupSource>& sources)
-{
-    QStringList paths;
-    for (const BackupSource& source : sources)
-        paths.append(source.url.path());
-    return paths;
-}
-
 QStringList installedApps(const FileManager& fileManager)
 {
     const auto entries = fileManager.contentsOfDirectory(fileManager.systemLocation(u"/Applications"_s), {});
@@ -49,11 +41,11 @@ BackupManifest generate(const BackupJob& job)
     const FileManager& fileManager = FileManager::defaultManager();
     return {
         .appVersion = u"1.0.0-mvp"_s,
-        // Unlike the folder on the destination: nobody reads "MyMac" as a machine without a name.
+        // Not "MyMac" as in the folder's name: a reader would take that for the machine's real name.
         .deviceName = Host::localizedName().value_or(u"Unknown Mac"_s),
         .macOSVersion = Host::operatingSystemVersionString(),
         .backupDate = job.startedAt,
-        .sourceFolders = sourcePaths(job.sources),
+        .sourceFolders = job.sourcePaths(),
         .destinationPath = job.destination.url.path(),
         .installedApps = installedApps(fileManager),
         .shellInfo = Host::environment("SHELL").value_or(u"unknown"_s),

@@ -1,76 +1,75 @@
 #include "KeelbrightCore/backup/PendingItems.h"
 
-#include "KeelbrightCore/backup/BackupTask.h"
+#include "KeelbrightCore/backup/BackupEngine.h"
+#include "KeelbrightCore/backup/ErrorLine.h"
 
 namespace keelbright {
 
 namespace {
 
-/// More than that is not kept on the drive beside what it replaces.
-constexpr qint64 mostBytesAhead = 4'000'000;
+/// A pending copy takes room on the drive beside the old file that it is to replace.
+constexpr qint64 maximumBytes = 4'000'000;
 
 } // namespace
 
-PendingItems::PendingItems(BackupTask& task, qsizetype most)
+PendingItems::PendingItems(BackupTask& task, qsizetype maximum)
     : m_task(task)
-    , m_most(most)
+    , m_maximum(maximum)
 {}
 
-bool PendingItems::add(Outcome outcome)
+void PendingItems::add(Item item)
 {
-    if (outcome.copy)
-        m_bytesAhead += outcome.copy->sourceSize();
-    m_ahead.push_back(std::move(outcome));
-    if (hasRoom() && m_task.isPending())
-        return true;
-    // The main thread answers again: catch up with it. What waits for long is cold in the
-    // processor's caches by the time it gets its name.
-    while (!m_ahead.empty()) {
-        if (!completeFirst())
-            return false;
-    }
-    return true;
+    if (item.copy)
+        m_bytes += item.copy->sourceSize();
+    m_items.push_back(std::move(item));
+    // Once the main thread has made its change, all that waits is completed at once: what waits for
+    // long is no longer in the processor's caches when it gets its name.
+    if (!m_task.isPending() || !hasRoom())
+        completeWaiting();
+}
+
+void PendingItems::completeAll()
+{
+    completeWaiting();
+    m_task.wait();
 }
 
 bool PendingItems::hasRoom() const
 {
-    return std::ssize(m_ahead) < m_most && m_bytesAhead <= mostBytesAhead;
+    return std::ssize(m_items) < m_maximum && m_bytes <= maximumBytes;
 }
 
-bool PendingItems::completeAll()
+void PendingItems::completeWaiting()
 {
-    while (!m_ahead.empty()) {
-        if (!completeFirst())
-            return false;
+    while (!m_items.empty()) {
+        m_task.wait();
+        if (m_task.cancellation().isCancelled())
+            return;
+        completeFirst();
     }
-    return m_task.wait();
 }
 
-bool PendingItems::completeFirst()
+void PendingItems::completeFirst()
 {
-    if (!m_task.wait() || m_task.cancellation().isCancelled())
-        return false;
-    Outcome outcome = std::move(m_ahead.front());
-    m_ahead.pop_front();
-    if (outcome.copy) {
-        const qint64 size = outcome.copy->sourceSize();
-        m_bytesAhead -= size;
-        if (const auto published = outcome.copy->publish(); published) {
-            outcome.change = [size, name = std::move(outcome.name)](BackupEngine& engine) {
+    Item item = std::move(m_items.front());
+    m_items.pop_front();
+    if (item.copy) {
+        const qint64 size = item.copy->sourceSize();
+        m_bytes -= size;
+        if (const auto published = item.copy->publish(); published) {
+            item.change = [size, name = std::move(item.name)](BackupEngine& engine) {
                 engine.incrementCopied(size, name);
             };
         } else {
-            outcome.change = failure(outcome.name, published.error());
+            item.change = skippedItem(item.name, published.error());
         }
     }
-    m_task.post(std::move(outcome.change));
-    return true;
+    m_task.post(std::move(item.change));
 }
 
-PendingItems::Change PendingItems::failure(const QString& name, const FileError& error)
+BackupTask::Change PendingItems::skippedItem(const QString& name, const FileError& error)
 {
-    const QString line = QStringLiteral("Skip ") + name + QStringLiteral(": ") + error.localizedDescription();
-    return [line](BackupEngine& engine) {
+    return [line = skipLine(name, error)](BackupEngine& engine) {
         engine.incrementSkipped();
         engine.appendError(line);
     };

@@ -1,59 +1,54 @@
 #pragma once
 
-#include "KeelbrightCore/backup/BackupEngine.h"
+#include "KeelbrightCore/backup/BackupTask.h"
 #include "KeelbrightCore/platform/files/CopyDestination.h"
-#include "KeelbrightCore/platform/system/UniqueFunction.h"
 
 #include <deque>
 #include <memory>
 
 namespace keelbright {
 
-class BackupTask;
-
-/// Settles what has become of items, strictly in the order in which they are added: gives a
-/// prepared copy its name and tells the engine. The change that tells of one item has been made
-/// before the next one is settled.
+/// The items of a run that have been worked on but not yet been completed. An item is completed by
+/// giving its copy its name and posting the change that reports it to the engine. This happens in the
+/// order in which items are added, and only after the change of the item before has been made; once the
+/// run is cancelled, no further item is completed.
 ///
-/// While a change is on its way to the main thread, which may just be painting, further items
-/// can be added without waiting. Belongs to the thread of the run, which must not speak to the
-/// engine itself as long as there is something to settle.
+/// So items can be prepared while the main thread is still busy with a change. Belongs to the thread of
+/// the run, which must not post changes of its own before `completeAll` has returned.
 class PendingItems
 {
 public:
-    using Change = UniqueFunction<void(BackupEngine&)>;
-
-    /// A copy to be published under that name, or else the change that tells what became of an
-    /// item.
-    struct Outcome
+    /// A copy to be published under that name, or else the change that reports the item.
+    struct Item
     {
         std::unique_ptr<PreparedCopy> copy;
         QString name;
-        Change change;
+        BackupTask::Change change;
     };
 
-    /// `task` outlives the pending items. Up to `most` items may wait, of which `Outcome::copy` keeps
-    /// its files open.
-    PendingItems(BackupTask& task, qsizetype most);
+    /// `task` outlives this object. Up to `maximum` items may wait; each `Item::copy` keeps its files
+    /// open.
+    PendingItems(BackupTask& task, qsizetype maximum);
 
-    /// Settles what can be settled without waiting, and waits only while too much is ahead. False
-    /// where nothing more is to be done: the user has cancelled, or the engine has gone.
-    [[nodiscard]] bool add(Outcome outcome);
+    /// Completes what can be completed without waiting for the main thread, and waits only where too
+    /// much is pending.
+    void add(Item item);
 
-    /// Waits until everything added is settled; false as with `add`.
-    [[nodiscard]] bool completeAll();
+    /// Completes all items and waits until the last change has been made.
+    void completeAll();
 
-    /// The change for an item that could not be copied.
-    [[nodiscard]] static Change failure(const QString& name, const FileError& error);
+    /// The change that reports an item which could not be copied.
+    [[nodiscard]] static BackupTask::Change skippedItem(const QString& name, const FileError& error);
 
 private:
-    [[nodiscard]] bool completeFirst();
     [[nodiscard]] bool hasRoom() const;
+    void completeWaiting();
+    void completeFirst();
 
     BackupTask& m_task;
-    qsizetype m_most;
-    std::deque<Outcome> m_ahead;
-    qint64 m_bytesAhead = 0;
+    qsizetype m_maximum;
+    std::deque<Item> m_items;
+    qint64 m_bytes = 0; ///< in the copies of the items
 };
 
 } // namespace keelbright

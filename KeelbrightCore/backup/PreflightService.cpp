@@ -3,11 +3,11 @@
 #include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/text/ByteCountFormatter.h"
+#include "KeelbrightCore/platform/text/ByteSum.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <limits>
 
 namespace keelbright::PreflightService {
 
@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 smallestMargin = 1'000'000'000;
+constexpr qint64 minimumMargin = 1'000'000'000;
 constexpr double marginFactor = 0.1;
 
 /// One run of the checks.
@@ -117,9 +117,7 @@ private:
     static qint64 requiredSpace(qint64 bytes)
     {
         const qint64 share = static_cast<qint64>(static_cast<double>(bytes) * marginFactor);
-        const qint64 margin = std::max(share, smallestMargin);
-        constexpr qint64 most = std::numeric_limits<qint64>::max();
-        return bytes > most - margin ? most : bytes + margin;
+        return addedWithoutOverflow(bytes, std::max(share, minimumMargin));
     }
 
     const FileManager& m_fileManager = FileManager::defaultManager();

@@ -1,9 +1,8 @@
 #include "KeelbrightCore/backup/SourceCopy.h"
 
-#include "KeelbrightCore/backup/BackupRunner.h"
-#include "KeelbrightCore/backup/BackupTask.h"
+#include "KeelbrightCore/backup/BackupEngine.h"
+#include "KeelbrightCore/backup/ErrorLine.h"
 #include "KeelbrightCore/backup/FileScanner.h"
-#include "KeelbrightCore/platform/files/FileManager.h"
 
 namespace keelbright {
 
@@ -16,68 +15,66 @@ SourceCopy::SourceCopy(DirectoryEnumerator& items, CopyDestination& destination,
     , m_task(task)
     , m_pending(task, destination.maximumPrepared())
 {
-    // A folder of the user's that could not be read is missing from the backup: that must show.
+    // What lies in an unreadable folder is missing from the backup, and the user has to know.
     m_items.setErrorHandler([this](const FileURL&, const FileError& error) { m_folderErrors.append(error); });
 }
 
 void SourceCopy::run()
 {
-    bool goesOn = true;
-    while (goesOn && m_items.next()) {
-        if (!tellOfFolders() || m_task.cancellation().isCancelled())
+    while (m_items.next()) {
+        reportUnreadableFolders();
+        if (m_task.cancellation().isCancelled())
             break;
         if (FileScanner::shouldSkip(m_items))
-            goesOn = tell([](BackupEngine& engine) { engine.incrementSkipped(); });
+            report([](BackupEngine& engine) { engine.incrementSkipped(); });
         else if (!m_items.isDirectoryFollowingLinks())
-            goesOn = copyCurrent();
+            copyCurrent();
     }
-    if (goesOn && tellOfFolders())
-        std::ignore = m_pending.completeAll();
-    // Whatever the outcome: afterwards the run speaks to the engine again.
-    std::ignore = m_task.wait();
+    reportUnreadableFolders();
+    m_pending.completeAll();
     m_items.setErrorHandler({});
 }
 
-bool SourceCopy::tellOfFolders()
+void SourceCopy::reportUnreadableFolders()
 {
-    for (const FileError& error : std::exchange(m_folderErrors, {})) {
-        if (!tell(PendingItems::failure(error.name, error)))
-            return false;
-    }
-    return true;
+    for (const FileError& error : std::exchange(m_folderErrors, {}))
+        report(PendingItems::skippedItem(error.name, error));
 }
 
-bool SourceCopy::copyCurrent()
+void SourceCopy::copyCurrent()
 {
     const QString name = QString::fromUtf8(m_items.name());
     if (const auto entered = enterFolder(); !entered) {
         const FileURL folder = m_root.appendingNative(m_items.relativeFolder());
-        const QString line = QStringLiteral("Dir error ") + folder.path() + QStringLiteral(": ") +
-                             entered.error().localizedDescription();
-        return tell([line](BackupEngine& engine) {
+        const QString line = errorLine(QStringLiteral("Dir error ") + folder.path(), entered.error());
+        report([line](BackupEngine& engine) {
             engine.appendError(line);
             engine.incrementSkipped();
         });
+        return;
     }
-    auto prepared = prepareCurrent();
-    if (!prepared)
-        return tell(PendingItems::failure(name, prepared.error()));
-    return m_pending.add({.copy = std::move(*prepared), .name = name, .change = {}});
+    if (auto prepared = prepareCurrent())
+        m_pending.add({.copy = std::move(*prepared), .name = name, .change = {}});
+    else
+        report(PendingItems::skippedItem(name, prepared.error()));
 }
 
 std::expected<std::unique_ptr<PreparedCopy>, FileError> SourceCopy::prepareCurrent()
 {
     auto prepared = m_destination.prepare(m_items, m_task.cancellation());
-    // Perhaps only for the room that the copies take which still wait for their names.
-    if (!prepared && prepared.error().isForLackOfRoom() && m_pending.completeAll())
-        prepared = m_destination.prepare(m_items, m_task.cancellation());
+    if (!prepared && prepared.error().isForLackOfRoom()) {
+        // The pending copies take room beside the old files that they are to replace, and open files.
+        m_pending.completeAll();
+        if (!m_task.cancellation().isCancelled())
+            prepared = m_destination.prepare(m_items, m_task.cancellation());
+    }
     return prepared;
 }
 
 std::expected<void, FileError> SourceCopy::enterFolder()
 {
     const QByteArrayView folder = m_items.relativeFolder();
-    // The many files of one folder come one after the other: no path is built for each.
+    // Most items lie in the folder of the item before: no path is built for them.
     if (m_hasEntered && folder == m_enteredFolder)
         return {};
     QByteArray path = m_relativeRoot;
@@ -89,31 +86,9 @@ std::expected<void, FileError> SourceCopy::enterFolder()
     return entered;
 }
 
-bool SourceCopy::tell(PendingItems::Change change)
+void SourceCopy::report(BackupTask::Change change)
 {
-    return m_pending.add({.copy = nullptr, .name = {}, .change = std::move(change)});
-}
-
-void BackupRunner::copySource(const BackupSource& source, const FileURL& latest, CopyDestination& destination,
-                              FileManager& fileManager, BackupTask& task)
-{
-    const auto append = [&task](const QString& line) {
-        std::ignore = task.hop([line](BackupEngine& engine) { engine.appendError(line); });
-    };
-    const QByteArray relativeRoot = "Personal Files/" + source.url.nativeLastPathComponent();
-    const FileURL root = latest.appendingNative(relativeRoot);
-    if (const auto entered = destination.enterFolder(relativeRoot); !entered) {
-        append(QStringLiteral("Cannot create ") + root.path() + QStringLiteral(": ") +
-               entered.error().localizedDescription());
-        return;
-    }
-    using Option = DirectoryEnumerator::Option;
-    auto items = fileManager.enumerator(source.url, Option::skipsHiddenFiles | Option::followsRootLink);
-    if (!items) {
-        append(QStringLiteral("Cannot enumerate: ") + source.url.path());
-        return;
-    }
-    SourceCopy(**items, destination, root, relativeRoot, task).run();
+    m_pending.add({.copy = nullptr, .name = {}, .change = std::move(change)});
 }
 
 } // namespace keelbright

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "KeelbrightCore/backup/BackupSource.h"
 #include "KeelbrightCore/backup/PendingItems.h"
 #include "KeelbrightCore/platform/files/CopyDestination.h"
 #include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
@@ -9,28 +8,25 @@
 
 namespace keelbright {
 
-class BackupTask;
-
-/// The copy loop over one source: prepares item after item and leaves it to the pending items to name
-/// and tell them. So the order of counts and error lines is the order of items, and who cancels on
-/// one item never finds the next one copied.
+/// The copy loop over one source: prepares a copy of each item and hands it to the pending items, which
+/// publish and report them in order. Belongs to the thread of the run.
 class SourceCopy
 {
 public:
-    /// `root` is the source's folder in the mirror, for texts; `relativeRoot` the same below the
-    /// destination's anchor. All references outlive the copy.
+    /// `root` is the source's folder in the mirror, for error lines; `relativeRoot` is the same folder
+    /// relative to the destination's anchor. All references outlive the copy.
     SourceCopy(DirectoryEnumerator& items, CopyDestination& destination, FileURL root,
                QByteArray relativeRoot, BackupTask& task);
 
-    /// Copies until the end, a cancellation or the end of the program.
+    /// Returns when all items have been copied and reported, or the run has been cancelled.
     void run();
 
 private:
-    [[nodiscard]] bool copyCurrent();
-    [[nodiscard]] bool tellOfFolders();
+    void copyCurrent();
+    void reportUnreadableFolders();
+    void report(BackupTask::Change change);
     [[nodiscard]] std::expected<void, FileError> enterFolder();
     [[nodiscard]] std::expected<std::unique_ptr<PreparedCopy>, FileError> prepareCurrent();
-    [[nodiscard]] bool tell(PendingItems::Change change);
 
     DirectoryEnumerator& m_items;
     CopyDestination& m_destination;
@@ -38,9 +34,9 @@ private:
     QByteArray m_relativeRoot;
     BackupTask& m_task;
     PendingItems m_pending;
-    QByteArray m_enteredFolder; ///< below the source; valid where `m_hasEntered` is true
+    QByteArray m_enteredFolder; ///< below the source; valid while `m_hasEntered` is true
     bool m_hasEntered = false;
-    QList<FileError> m_folderErrors; ///< of folders that could not be listed, not yet told
+    QList<FileError> m_folderErrors; ///< of unreadable folders, not yet reported
 };
 
 } // namespace keelbright

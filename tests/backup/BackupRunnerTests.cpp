@@ -170,14 +170,14 @@ TEST_F(BackupRunnerTest, filesADeviceWithoutANameUnderMyMac)
 {
     mac.writeFile("etc/machine-info", "");
     const BackupJob order = job({documents});
-    BackupTask task(engine);
+    const auto task = BackupTask::create(engine);
     std::atomic<bool> hasEnded = false;
     bool isNameless = false;
     // Only this thread sees a host without a name.
     std::thread thread([&] {
         isNameless = ::unshare(CLONE_NEWUTS) == 0 && ::sethostname("", 0) == 0;
         if (isNameless)
-            BackupRunner::run(order, task);
+            BackupRunner::run(order, *task);
         hasEnded = true;
     });
     turnUntil([&] { return hasEnded.load(); });

@@ -5,7 +5,8 @@
 // puts in an order, and once with one that it does not. Time is never what decides: the sanitizer
 // tells accesses without an order, however far apart they are.
 
-#include "KeelbrightCore/platform/system/MainThread.h"
+#include "KeelbrightCore/backup/BackupEngine.h"
+#include "KeelbrightCore/backup/BackupTask.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 
 #include <QCoreApplication>
@@ -78,11 +79,12 @@ void writeAroundFuture(bool isOrdered)
 void writeAroundHop(bool isOrdered)
 {
     Wink isWritten;
-    MainThreadHop hop;
+    BackupEngine engine;
+    const auto task = BackupTask::create(engine);
     TaskPools::userInitiated().start([&, isOrdered] {
         if (isOrdered)
             value = 2;
-        hop.post([&isWritten] {
+        task->post([&isWritten](BackupEngine&) {
             isWritten.await();
             value = 1;
             QCoreApplication::quit();
