@@ -3,42 +3,9 @@
 #include "KeelbrightCore/platform/text/ByteCountFormatter.h"
 #include "KeelbrightCore/platform/text/DateFormatter.h"
 
-#include <QJsonDocument>
-#include <mutex>
-
 namespace keelbright {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The last report that was written as text, and that text: of 100,000 error lines, too long to be
-/// made anew for each setting that is saved beside it.
-class LastText
-{
-public:
-    /// Null for another report. Lists that are shared, as in a copy of the report, count as equal
-    /// without a look at their lines.
-    [[nodiscard]] QByteArray textOf(const BackupReport& report) const
-    {
-        const std::lock_guard lock(m_mutex);
-        return m_report == report ? m_text : QByteArray();
-    }
-
-    void keep(const BackupReport& report, const QByteArray& text)
-    {
-        const std::lock_guard lock(m_mutex);
-        m_report = report;
-        m_text = text;
-    }
-
-private:
-    mutable std::mutex m_mutex;
-    std::optional<BackupReport> m_report;
-    QByteArray m_text;
-};
-
-} // namespace
 
 double BackupReport::durationSeconds() const
 {
@@ -63,20 +30,9 @@ QJsonObject BackupReport::toJson() const
         {u"filesCopied"_s, filesCopied},
         {u"filesSkipped"_s, filesSkipped},
         {u"bytesCopied"_s, bytesCopied},
-        {u"errors"_s, QJsonArray::fromStringList(errors)},
+        {errorsKey, QJsonArray::fromStringList(errors)},
         {u"manifestPath"_s, manifestPath},
     };
-}
-
-QByteArray BackupReport::toJsonText() const
-{
-    static LastText lastText;
-    QByteArray text = lastText.textOf(*this);
-    if (text.isNull()) {
-        text = QJsonDocument(toJson()).toJson(QJsonDocument::Indented);
-        lastText.keep(*this, text);
-    }
-    return text;
 }
 
 Decoded<BackupReport> BackupReport::fromJson(const JsonDecoder& json)
@@ -91,7 +47,7 @@ Decoded<BackupReport> BackupReport::fromJson(const JsonDecoder& json)
     const auto filesCopied = json.integer(u"filesCopied"_s);
     const auto filesSkipped = json.integer(u"filesSkipped"_s);
     const auto bytesCopied = json.integer(u"bytesCopied"_s);
-    const auto errors = json.strings(u"errors"_s);
+    const auto errors = json.strings(errorsKey);
     const auto manifestPath = json.string(u"manifestPath"_s);
     if (const auto error =
             firstError(id, jobId, startedAt, completedAt, sourcePaths, destinationPath, personalFilesPath,

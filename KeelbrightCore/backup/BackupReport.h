@@ -4,6 +4,7 @@
 
 #include <QDateTime>
 #include <QJsonObject>
+#include <QLatin1StringView>
 #include <QStringList>
 #include <QUuid>
 
@@ -12,6 +13,9 @@ namespace keelbright {
 /// The outcome of a finished run.
 struct BackupReport
 {
+    /// The key of `errors` in `toJson`.
+    static constexpr QLatin1StringView errorsKey{"errors"};
+
     QUuid id;
     QUuid jobId;
     QDateTime startedAt;     ///< UTC; when the run began
@@ -29,9 +33,6 @@ struct BackupReport
     [[nodiscard]] QString copiedSizeFormatted() const;
 
     [[nodiscard]] QJsonObject toJson() const;
-    /// `toJson` as indented text in UTF-8. The text of the report that was asked last is kept: a run
-    /// writes it to the drive, and from then on every change of a setting writes it again. Any thread.
-    [[nodiscard]] QByteArray toJsonText() const;
     [[nodiscard]] static Decoded<BackupReport> fromJson(const JsonDecoder& json);
     friend bool operator==(const BackupReport&, const BackupReport&) = default;
 };

@@ -3,6 +3,7 @@
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/text/DateFormatter.h"
 
+#include <QJsonDocument>
 #include <array>
 #include <charconv>
 #include <functional>
@@ -53,7 +54,9 @@ std::expected<WrittenReport, FileError> writeBoth(const BackupReport& report, co
 {
     const QString name = u"backup-report-"_s + stamp(report.startedAt);
     WrittenReport written{reportsDir.appending(name + ".json"_L1), reportsDir.appending(name + ".md"_L1)};
-    if (const auto done = writeFile(written.jsonURL, report.toJsonText()); !done)
+    if (const auto done =
+            writeFile(written.jsonURL, QJsonDocument(report.toJson()).toJson(QJsonDocument::Indented));
+        !done)
         return std::unexpected(done.error());
     if (const auto done = writeFile(written.mdURL, generateMarkdown(report).toUtf8()); !done)
         return std::unexpected(done.error());

@@ -2,8 +2,6 @@
 
 #include "KeelbrightCore/platform/text/DateFormatter.h"
 
-#include <QJsonDocument>
-
 namespace keelbright {
 
 using namespace Qt::StringLiterals;
@@ -42,25 +40,6 @@ Decoded<QList<BackupSource>> sourcesFromJson(const JsonDecoder& json, const QStr
     return recordsFromJson<BackupSource>(*objects);
 }
 
-/// Puts `value`, an indented text of its own, in the place of the null of `key` at the top of `json`.
-/// Line breaks stand between values only, so that nothing but a key at the top follows four spaces.
-QByteArray withValue(const QByteArray& json, const QByteArray& key, const QByteArray& value)
-{
-    constexpr QByteArrayView indentation = "    ";
-    constexpr QByteArrayView null = "null";
-    const QByteArray name = '\n' + indentation.toByteArray() + '"' + key + "\": ";
-    const qsizetype place = json.indexOf(name + null.toByteArray()) + name.size();
-    QByteArray text;
-    text.reserve(json.size() + value.size() + value.size() / 8); // for the indentation
-    text.append(QByteArrayView(json).first(place));
-    QByteArrayView rest = QByteArrayView(value).chopped(1);
-    for (qsizetype end = rest.indexOf('\n'); end >= 0; end = rest.indexOf('\n')) {
-        text.append(rest.first(end + 1)).append(indentation);
-        rest = rest.sliced(end + 1);
-    }
-    return text.append(rest).append(QByteArrayView(json).sliced(place + null.size()));
-}
-
 } // namespace
 
 QJsonObject AppConfiguration::toJson() const
@@ -75,22 +54,10 @@ QJsonObject AppConfiguration::toJson() const
     if (selectedDestination)
         json.insert(u"selectedDestination"_s, selectedDestination->toJson());
     if (lastReport)
-        json.insert(u"lastReport"_s, lastReport->toJson());
+        json.insert(lastReportKey, lastReport->toJson());
     if (lastBackupTime)
         json.insert(u"lastBackupTime"_s, DateFormatter::iso8601(*lastBackupTime));
     return json;
-}
-
-QByteArray AppConfiguration::toJsonText() const
-{
-    AppConfiguration settings = *this;
-    settings.lastReport.reset();
-    QJsonObject json = settings.toJson();
-    if (!lastReport)
-        return QJsonDocument(json).toJson(QJsonDocument::Indented);
-    json.insert(u"lastReport"_s, QJsonValue::Null);
-    return withValue(QJsonDocument(json).toJson(QJsonDocument::Indented), "lastReport",
-                     lastReport->toJsonText());
 }
 
 Decoded<AppConfiguration> AppConfiguration::fromJson(const JsonDecoder& json)
@@ -98,7 +65,7 @@ Decoded<AppConfiguration> AppConfiguration::fromJson(const JsonDecoder& json)
     const auto selectedDestination = optionalRecord<BackupDestination>(json, u"selectedDestination"_s);
     const auto customSources = sourcesFromJson(json, u"customSources"_s);
     const auto enabledRecommendedFolders = json.strings(u"enabledRecommendedFolders"_s);
-    const auto lastReport = optionalRecord<BackupReport>(json, u"lastReport"_s);
+    const auto lastReport = optionalRecord<BackupReport>(json, lastReportKey);
     const auto lastBackupTime = optionalDate(json, u"lastBackupTime"_s);
     if (const auto error = firstError(selectedDestination, customSources, enabledRecommendedFolders,
                                       lastReport, lastBackupTime))

@@ -13,6 +13,9 @@ namespace keelbright {
 /// The whole content of `config.json`.
 struct AppConfiguration
 {
+    /// The key of `lastReport` in `toJson`.
+    static constexpr QLatin1StringView lastReportKey{"lastReport"};
+
     std::optional<BackupDestination> selectedDestination;
     QList<BackupSource> customSources;
     QStringList enabledRecommendedFolders; ///< names of the enabled recommended folders
@@ -20,8 +23,6 @@ struct AppConfiguration
     std::optional<QDateTime> lastBackupTime; ///< UTC
 
     [[nodiscard]] QJsonObject toJson() const;
-    /// `toJson` as indented text in UTF-8, for which an unchanged report is not written anew.
-    [[nodiscard]] QByteArray toJsonText() const;
     [[nodiscard]] static Decoded<AppConfiguration> fromJson(const JsonDecoder& json);
     friend bool operator==(const AppConfiguration&, const AppConfiguration&) = default;
 };

@@ -35,10 +35,9 @@ AppConfiguration BackupConfigStore::load() const
     return *std::move(configuration);
 }
 
-void BackupConfigStore::save(const AppConfiguration& configuration) const
+void BackupConfigStore::save(const AppConfiguration& configuration)
 {
-    const auto written =
-        FileManager::defaultManager().writeAtomically(m_configURL, configuration.toJsonText());
+    const auto written = FileManager::defaultManager().writeAtomically(m_configURL, m_text.of(configuration));
     if (!written)
         printLine(u"Failed to encode or write config: "_s + written.error().localizedDescription());
 }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "KeelbrightCore/platform/files/FileURL.h"
-#include "KeelbrightCore/records/AppConfiguration.h"
+#include "KeelbrightCore/records/ConfigurationText.h"
 
 namespace keelbright {
 
-/// Keeps the configuration in one JSON file; no cache. Main thread only. No call fails: a
-/// problem is a line on standard output and an empty or unchanged result.
+/// Keeps the configuration in one JSON file, which each load reads and each save replaces. Main thread
+/// only. No call fails: a problem is a line on standard output and an empty or unchanged result.
 class BackupConfigStore
 {
 public:
@@ -17,12 +17,13 @@ public:
     explicit BackupConfigStore(const FileURL& applicationSupport);
 
     [[nodiscard]] AppConfiguration load() const;
-    void save(const AppConfiguration& configuration) const;
+    void save(const AppConfiguration& configuration);
 
     [[nodiscard]] const FileURL& configURL() const { return m_configURL; }
 
 private:
     FileURL m_configURL;
+    ConfigurationText m_text;
 };
 
 } // namespace keelbright

@@ -5,20 +5,10 @@
 
 #include <QJsonDocument>
 #include <gtest/gtest.h>
-#include <thread>
 
 namespace keelbright::testing {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QByteArray indented(const BackupReport& report)
-{
-    return QJsonDocument(report.toJson()).toJson(QJsonDocument::Indented);
-}
-
-} // namespace
 
 TEST(BackupReport, durationIsTheTimeBetweenStartAndEnd)
 {
@@ -78,71 +68,6 @@ TEST(BackupReport, aHundredThousandErrorLinesComeBackFromJson)
     ASSERT_TRUE(back.has_value());
     EXPECT_EQ(back->errors.size(), 100'000);
     EXPECT_EQ(*back, report);
-}
-
-TEST(BackupReport, itsTextIsItsJson)
-{
-    BackupReport report = sampleReport();
-    EXPECT_EQ(report.toJsonText(), indented(report));
-    report.errors = {QString(), u"a \"quote\" and a \\"_s, u"two\nlines\tand a \1"_s, u"“é” 𝄞"_s,
-                     QString(QChar(0xd834))};
-    EXPECT_EQ(report.toJsonText(), indented(report));
-}
-
-TEST(BackupReport, theTextOfAnUnchangedReportIsMadeOnce)
-{
-    const BackupReport report = sampleReport();
-    const QByteArray text = report.toJsonText();
-    EXPECT_TRUE(report.toJsonText().isSharedWith(text));
-    EXPECT_TRUE(BackupReport(report).toJsonText().isSharedWith(text));
-}
-
-TEST(BackupReport, theTextMadeWhileTheRunEndsServesTheMainThread)
-{
-    const BackupReport report = sampleReport();
-    QByteArray text;
-    std::thread([&] { text = report.toJsonText(); }).join();
-    EXPECT_TRUE(report.toJsonText().isSharedWith(text));
-}
-
-TEST(BackupReport, aChangeOfAnyFieldIsInTheNextText)
-{
-    const QList<void (*)(BackupReport&)> changes{
-        [](BackupReport& report) { report.id = QUuid::createUuid(); },
-        [](BackupReport& report) { report.jobId = QUuid::createUuid(); },
-        [](BackupReport& report) { report.startedAt = report.startedAt.addSecs(1); },
-        [](BackupReport& report) { report.completedAt = report.completedAt.addSecs(1); },
-        [](BackupReport& report) { report.sourcePaths.append(u"/Users/mira/Music"_s); },
-        [](BackupReport& report) { report.destinationPath += u'2'; },
-        [](BackupReport& report) { report.personalFilesPath += u'2'; },
-        [](BackupReport& report) { ++report.filesCopied; },
-        [](BackupReport& report) { ++report.filesSkipped; },
-        [](BackupReport& report) { ++report.bytesCopied; },
-        [](BackupReport& report) { report.errors.append(u"Skip a"_s); },
-        [](BackupReport& report) { report.errors.last() = u"Skip b"_s; },
-        [](BackupReport& report) { report.manifestPath = u"Failed"_s; },
-    };
-    BackupReport report = sampleReport();
-    for (const auto change : changes) {
-        const QByteArray before = report.toJsonText();
-        change(report);
-        EXPECT_NE(report.toJsonText(), before);
-        EXPECT_EQ(report.toJsonText(), indented(report));
-    }
-}
-
-TEST(BackupReport, severalThreadsEachGetTheTextOfTheirReport)
-{
-    const auto work = [](qint64 number) {
-        BackupReport report = sampleReport();
-        report.filesCopied = number;
-        const QByteArray expected = indented(report);
-        for (int i = 0; i < 1000; ++i)
-            ASSERT_EQ(report.toJsonText(), expected);
-    };
-    std::thread other(work, 1);
-    work(2);
-    other.join();
 }
 
 TEST(BackupReport, everyKeyIsRequired)

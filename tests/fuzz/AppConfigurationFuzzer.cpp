@@ -1,4 +1,4 @@
-#include "KeelbrightCore/records/AppConfiguration.h"
+#include "KeelbrightCore/records/ConfigurationText.h"
 #include "tests/fuzz/RecordRoundTrip.h"
 
 namespace {
@@ -6,9 +6,11 @@ namespace {
 /// What is put together from kept pieces is what the library writes in one go.
 void requireSameText(const keelbright::AppConfiguration& configuration)
 {
-    const QJsonDocument whole(configuration.toJson());
-    keelbright::fuzzing::require(configuration.toJsonText() == whole.toJson(QJsonDocument::Indented),
+    const QByteArray expected = QJsonDocument(configuration.toJson()).toJson(QJsonDocument::Indented);
+    keelbright::ConfigurationText text;
+    keelbright::fuzzing::require(text.of(configuration) == expected,
                                  "the text of a configuration is its JSON");
+    keelbright::fuzzing::require(text.of(configuration) == expected, "and so is the next one");
 }
 
 } // namespace

@@ -24,11 +24,6 @@ AppConfiguration sampleConfiguration()
     };
 }
 
-QByteArray indented(const AppConfiguration& configuration)
-{
-    return QJsonDocument(configuration.toJson()).toJson(QJsonDocument::Indented);
-}
-
 JsonError errorOf(const QByteArray& text)
 {
     const auto configuration = AppConfiguration::fromJson(decodeJsonObject(text).value());
@@ -53,41 +48,6 @@ TEST(AppConfiguration, comesBackEqualFromJson)
 {
     const AppConfiguration configuration = sampleConfiguration();
     EXPECT_EQ(AppConfiguration::fromJson(JsonDecoder(configuration.toJson())).value(), configuration);
-}
-
-TEST(AppConfiguration, itsTextIsItsJsonWithAndWithoutWhatMayBeAbsent)
-{
-    EXPECT_EQ(AppConfiguration().toJsonText(), indented(AppConfiguration()));
-    AppConfiguration configuration = sampleConfiguration();
-    EXPECT_EQ(configuration.toJsonText(), indented(configuration));
-    configuration.lastBackupTime.reset();
-    configuration.selectedDestination.reset();
-    EXPECT_EQ(configuration.toJsonText(), indented(configuration));
-    configuration.lastReport.reset();
-    EXPECT_EQ(configuration.toJsonText(), indented(configuration));
-    configuration = {};
-    configuration.lastReport = sampleReport();
-    EXPECT_EQ(configuration.toJsonText(), indented(configuration));
-}
-
-TEST(AppConfiguration, noTextWithinItIsTakenForThePlaceOfTheReport)
-{
-    const QString lookalike = u"\n    \"lastReport\": null"_s;
-    AppConfiguration configuration = sampleConfiguration();
-    configuration.customSources.first().url = FileURL::fromPath(u"/Users"_s).appending(lookalike);
-    configuration.enabledRecommendedFolders = {lookalike, u"lastReport"_s, u"null"_s};
-    configuration.lastReport->sourcePaths = {lookalike};
-    configuration.lastReport->errors = {lookalike, QString(), u"    }\n}\n"_s, u"“é”\r\b\f\0"_s,
-                                        QString(QChar(0xdc00))};
-    EXPECT_EQ(configuration.toJsonText(), indented(configuration));
-}
-
-TEST(AppConfiguration, aHundredThousandErrorLinesAreInItsTextAsInItsJson)
-{
-    AppConfiguration configuration = sampleConfiguration();
-    for (int i = 0; i < 100'000; ++i)
-        configuration.lastReport->errors.append(u"Skip “IMG_%1.heic”."_s.arg(i));
-    EXPECT_TRUE(configuration.toJsonText() == indented(configuration));
 }
 
 TEST(AppConfiguration, theSourcesAndTheEnabledFoldersAreRequired)

@@ -108,27 +108,23 @@ TEST_F(BackupConfigStoreTest, theFileIsIndentedAndLeavesOutWhatIsAbsent)
     EXPECT_EQ(TestMac::read(store.configURL()), expected);
 }
 
-TEST_F(BackupConfigStoreTest, aSettingBesideAnUnchangedReportCostsAFractionOfItsFirstSave)
+TEST_F(BackupConfigStoreTest, aSettingBesideAnUnchangedReportCostsAtMostTenMilliseconds)
 {
     AppConfiguration configuration = sampleConfiguration();
     configuration.lastReport = sampleReport();
     for (int i = 0; i < 100'000; ++i)
         configuration.lastReport->errors.append(
             u"Skip IMG_%1.heic: “IMG_%1.heic” could not be copied."_s.arg(i));
-    const auto workOfSaving = [&] {
+    store.save(configuration);
+    qint64 minimum = std::numeric_limits<qint64>::max();
+    // The machine may be busy with other things for a moment.
+    for (int round = 0; round < 5; ++round) {
+        configuration.enabledRecommendedFolders.append(u"Music"_s);
         const WorkTimer timer;
         store.save(configuration);
-        return timer.nanoseconds();
-    };
-    qint64 first = std::numeric_limits<qint64>::max();
-    qint64 next = first;
-    for (int round = 0; round < 3; ++round) {
-        configuration.lastReport->id = QUuid::createUuid();
-        first = std::min(first, workOfSaving());
-        configuration.enabledRecommendedFolders.append(u"Music"_s);
-        next = std::min(next, workOfSaving());
+        minimum = std::min(minimum, timer.nanoseconds());
     }
-    EXPECT_LT(next, first / 2);
+    EXPECT_LE(minimum, 10'000'000);
     EXPECT_EQ(store.load(), configuration);
 }
 
