@@ -4,7 +4,6 @@
 #include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/screens/shared/ListCard.h"
 #include "Keelbright/state/AppState.h"
-#include "Keelbright/state/FileChooser.h"
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/EmptyStateView.h"
@@ -12,8 +11,6 @@
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/MenuButton.h"
 #include "Keelbright/widgets/rows/RowListView.h"
-#include "KeelbrightCore/platform/files/FileManager.h"
-#include "KeelbrightCore/records/ActivityStore.h"
 
 #include <QCoreApplication>
 #include <QShowEvent>
@@ -60,6 +57,7 @@ qint64 addedWithinBounds(qint64 total, qint64 bytes)
 ActivityLogView::ActivityLogView(const ScreenContext& context, QWidget* parent)
     : QWidget(parent)
     , m_context(context)
+    , m_vm(context.state.services().activityStore, context.files)
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -96,7 +94,7 @@ void ActivityLogView::addToolbar()
     connect(m_filter, &MenuButton::chosen, this, [this](int index) {
         setFilterKind(index == 0 ? std::nullopt : std::optional(ActivityEntry::allKinds().at(index - 1)));
     });
-    connect(exportButton, &QPushButton::clicked, this, &ActivityLogView::exportCSV);
+    connect(exportButton, &QPushButton::clicked, this, [this] { m_vm.exportCSV(); });
     connect(clearButton, &QPushButton::clicked, this, &ActivityLogView::clear);
     for (QWidget* action : {static_cast<QWidget*>(m_filter), static_cast<QWidget*>(exportButton),
                             static_cast<QWidget*>(clearButton)})
@@ -129,7 +127,7 @@ void ActivityLogView::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     if (event->spontaneous())
         return;
-    m_entries = m_context.state.services().activityStore.load();
+    m_vm.load();
     redraw();
 }
 
@@ -145,38 +143,27 @@ void ActivityLogView::setFilterKind(std::optional<Kind> kind)
 QList<ActivityEntry> ActivityLogView::filtered() const
 {
     if (!m_filterKind)
-        return m_entries;
+        return m_vm.entries();
     QList<ActivityEntry> entries;
-    std::ranges::copy_if(m_entries, std::back_inserter(entries),
+    std::ranges::copy_if(m_vm.entries(), std::back_inserter(entries),
                          [this](const ActivityEntry& entry) { return entry.kind == m_filterKind; });
     return entries;
 }
 
-void ActivityLogView::exportCSV()
-{
-    const QByteArray text = m_context.state.services().activityStore.exportCSV().toUtf8();
-    const FileSaveRequest request{tr("Export log as CSV"), tr("Save"), u"Keelbright-Activity.csv"_s,
-                                  u"csv"_s};
-    m_context.files.chooseSaveLocation(request, [text](const FileURL& url) {
-        (void)FileManager::defaultManager().writeAtomically(url, text);
-    });
-}
-
 void ActivityLogView::clear()
 {
-    m_context.state.services().activityStore.clear();
-    m_entries.clear();
+    m_vm.clear();
     redraw();
     announce(*m_empty, tr("No activity yet"));
 }
 
 void ActivityLogView::redraw()
 {
-    m_header->setSubtitle(summaryLine(m_entries));
+    m_header->setSubtitle(summaryLine(m_vm.entries()));
     const QList<ActivityEntry> shown = filtered();
     m_model->setEntries(shown, m_context.state.now());
     fitListCard(m_list);
-    if (m_entries.isEmpty()) {
+    if (m_vm.entries().isEmpty()) {
         m_states->setCurrentWidget(m_empty);
     } else if (m_filterKind && shown.isEmpty()) {
         m_noMatch->setText(tr("No %1 entries").arg(title(*m_filterKind)));

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "Keelbright/screens/shared/ScreenContext.h"
-#include "KeelbrightCore/records/ActivityEntry.h"
+#include "Keelbright/state/ActivityLogVM.h"
 
-#include <QList>
 #include <QWidget>
 #include <optional>
 
@@ -28,8 +27,6 @@ public:
     /// What is handed in outlives the screen.
     explicit ActivityLogView(const ScreenContext& context, QWidget* parent = nullptr);
 
-    [[nodiscard]] const QList<ActivityEntry>& entries() const { return m_entries; }
-
     /// Absent while all kinds are shown.
     [[nodiscard]] std::optional<ActivityEntry::Kind> filterKind() const { return m_filterKind; }
 
@@ -38,11 +35,6 @@ public:
     /// The number of entries and what they add up to, whatever the filter.
     [[nodiscard]] static QString summaryLine(const QList<ActivityEntry>& entries);
 
-    /// Asks where the log goes, and writes it there as it was when this was called.
-    void exportCSV();
-    /// Empties the log at once.
-    void clear();
-
 protected:
     void showEvent(QShowEvent* event) override;
 
@@ -50,10 +42,11 @@ private:
     void addToolbar();
     void addStates();
     [[nodiscard]] QList<ActivityEntry> filtered() const;
+    void clear();
     void redraw();
 
     ScreenContext m_context;
-    QList<ActivityEntry> m_entries;
+    ActivityLogVM m_vm;
     std::optional<ActivityEntry::Kind> m_filterKind;
     PageHeader* m_header = nullptr;
     MenuButton* m_filter = nullptr;

@@ -3,17 +3,14 @@
 #include "Keelbright/screens/recovery/ManifestSummary.h"
 #include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/screens/shared/PageSection.h"
-#include "Keelbright/state/FileChooser.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/Card.h"
 #include "Keelbright/widgets/DisplayText.h"
 #include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/SymbolLabel.h"
-#include "KeelbrightCore/platform/files/FileManager.h"
 
 #include <QHBoxLayout>
-#include <QPointer>
 #include <QVBoxLayout>
 #include <array>
 
@@ -72,29 +69,17 @@ QWidget* makeStep(const Step& step, std::size_t number)
     return card;
 }
 
-/// Why the file can't be read stands in for the manifest.
-std::expected<BackupManifest, QString> manifestIn(const FileURL& url)
-{
-    const auto data = FileManager::defaultManager().contents(url);
-    if (!data)
-        return std::unexpected(data.error().localizedDescription());
-    const auto json = decodeJsonObject(*data);
-    auto manifest = json ? BackupManifest::fromJson(*json) : std::unexpected(json.error());
-    if (!manifest)
-        return std::unexpected(manifest.error().localizedDescription());
-    return *std::move(manifest);
-}
-
 } // namespace
 
 NewMacRecoveryView::NewMacRecoveryView(FileChooser& files, QWidget* parent)
     : Page(parent)
-    , m_files(files)
+    , m_vm(files, this)
 {
     addHeader();
     addSteps();
     addManifestSection();
     content()->addStretch();
+    connect(&m_vm, &NewMacRecoveryVM::changed, this, &NewMacRecoveryView::showManifest);
     redraw();
 }
 
@@ -128,7 +113,7 @@ void NewMacRecoveryView::addManifestSection()
                           FontRole::body, Role::secondaryText, card),
         1);
     auto* load = new Button(Button::Kind::primary, tr("Load Manifest…"), u"doc.badge.arrow.up"_s, card);
-    connect(load, &QPushButton::clicked, this, &NewMacRecoveryView::loadManifest);
+    connect(load, &QPushButton::clicked, &m_vm, &NewMacRecoveryVM::loadManifest);
     row->addWidget(load);
     card->content()->addLayout(row);
 
@@ -145,39 +130,22 @@ void NewMacRecoveryView::addManifestSection()
     content()->addWidget(section);
 }
 
-void NewMacRecoveryView::loadManifest()
+void NewMacRecoveryView::showManifest()
 {
-    const FileOpenRequest request{
-        .message = tr("Select the recovery-manifest.json from your backup."),
-        .prompt = tr("Load"),
-        .extensions = {u"json"_s},
-    };
-    // The screen may have been left while the chooser was open.
-    m_files.chooseFile(request, [self = QPointer(this)](const FileURL& url) {
-        if (self)
-            self->readManifest(url);
-    });
-}
-
-void NewMacRecoveryView::readManifest(const FileURL& url)
-{
-    const auto manifest = manifestIn(url);
-    m_manifestData = manifest ? std::optional(*manifest) : std::nullopt;
-    m_loadError =
-        manifest ? std::nullopt : std::optional(tr("Could not read manifest: %1").arg(manifest.error()));
     redraw();
-    announce(*this, m_loadError ? displayText(*m_loadError) : tr("Summary from your previous Mac"));
+    const std::optional<QString>& error = m_vm.loadError();
+    announce(*this, error ? displayText(*error) : tr("Summary from your previous Mac"));
 }
 
 void NewMacRecoveryView::redraw()
 {
-    m_errorLine->setVisible(m_loadError.has_value());
-    m_errorText->setText(displayText(m_loadError.value_or(QString())));
+    m_errorLine->setVisible(m_vm.loadError().has_value());
+    m_errorText->setText(displayText(m_vm.loadError().value_or(QString())));
     delete std::exchange(m_summary, nullptr);
-    if (!m_manifestData)
+    if (!m_vm.manifestData())
         return;
     m_summary = new PageSection(new SectionHeader(tr("Summary from your previous Mac")), this);
-    static_cast<PageSection*>(m_summary)->content()->addWidget(new ManifestSummary(*m_manifestData));
+    static_cast<PageSection*>(m_summary)->content()->addWidget(new ManifestSummary(*m_vm.manifestData()));
     // Above the stretch at the end.
     content()->insertWidget(content()->count() - 1, m_summary);
     m_summary->show();

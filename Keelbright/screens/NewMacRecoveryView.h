@@ -1,14 +1,11 @@
 #pragma once
 
+#include "Keelbright/state/NewMacRecoveryVM.h"
 #include "Keelbright/widgets/Page.h"
-#include "KeelbrightCore/backup/BackupManifest.h"
-
-#include <optional>
 
 namespace keelbright {
 
 class FileChooser;
-class FileURL;
 class Label;
 
 /// A guide for the first hours on a new machine, and a reader for the manifest that a backup
@@ -21,24 +18,14 @@ public:
     /// The chooser outlives the screen.
     explicit NewMacRecoveryView(FileChooser& files, QWidget* parent = nullptr);
 
-    /// Asks the user for a manifest and shows it, or why it can't be read.
-    void loadManifest();
-
-    [[nodiscard]] const std::optional<BackupManifest>& manifestData() const { return m_manifestData; }
-
-    /// The whole line as it is shown.
-    [[nodiscard]] const std::optional<QString>& loadError() const { return m_loadError; }
-
 private:
     void addHeader();
     void addSteps();
     void addManifestSection();
-    void readManifest(const FileURL& url);
+    void showManifest();
     void redraw();
 
-    FileChooser& m_files;
-    std::optional<BackupManifest> m_manifestData;
-    std::optional<QString> m_loadError;
+    NewMacRecoveryVM m_vm;
     QWidget* m_errorLine = nullptr;
     Label* m_errorText = nullptr;
     QWidget* m_summary = nullptr;

@@ -11,13 +11,10 @@
 #include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/Page.h"
 #include "Keelbright/widgets/Progress.h"
-#include "KeelbrightCore/platform/system/TaskPools.h"
 
 #include <QHBoxLayout>
 #include <QShowEvent>
-#include <QThreadPool>
 #include <QVBoxLayout>
-#include <QtConcurrent>
 
 namespace keelbright {
 
@@ -129,11 +126,7 @@ void PreflightSummaryView::startCheck()
     m_result.reset();
     redraw();
     // The watcher goes with the screen, and a result that comes later finds nobody.
-    m_check.setFuture(
-        QtConcurrent::run(&TaskPools::userInitiated(), [sources = m_state.allEnabledSources(),
-                                                        destination = m_state.selectedDestination()] {
-            return PreflightService::run(sources, destination);
-        }));
+    m_check.setFuture(m_state.runPreflight());
 }
 
 void PreflightSummaryView::setResult(const PreflightResult& result)

@@ -1,9 +1,7 @@
 #pragma once
 
+#include "Keelbright/state/RestoreBrowserVM.h"
 #include "Keelbright/widgets/Page.h"
-#include "KeelbrightCore/backup/BackupSnapshot.h"
-
-#include <optional>
 
 namespace keelbright {
 
@@ -23,30 +21,15 @@ public:
     /// What is handed in outlives the screen.
     RestoreBrowserView(AppState& state, Workspace& workspace, QWidget* parent = nullptr);
 
-    /// Asks the user for the folder of a device and shows what is in it.
-    void pickBackupFolder();
-    /// Looks for the mirror and for dated folders below `root`, and shows them in place of what was
-    /// shown before. Blocks for the listing of one folder.
-    void loadSnapshots(const FileURL& root);
-
-    [[nodiscard]] const std::optional<FileURL>& chosenBackupRoot() const { return m_chosenBackupRoot; }
-
-    [[nodiscard]] const std::optional<FileURL>& latestURL() const { return m_latestURL; }
-
-    /// Newest first.
-    [[nodiscard]] const QList<BackupSnapshot>& snapshots() const;
-
 private:
     void addHeader();
     void addLatest();
     void addSnapshots();
-    void openFolder(const FileURL& root);
+    void showFolder();
     void redraw();
 
-    AppState& m_state;
     Workspace& m_workspace;
-    std::optional<FileURL> m_chosenBackupRoot;
-    std::optional<FileURL> m_latestURL;
+    RestoreBrowserVM m_vm;
     SnapshotRows* m_rows;
     QWidget* m_nothingOpened = nullptr;
     QWidget* m_latest = nullptr;

@@ -1,7 +1,12 @@
 #include "Keelbright/state/AppState.h"
 
+#include "KeelbrightCore/backup/PreflightService.h"
 #include "KeelbrightCore/platform/system/Logging.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
 #include "KeelbrightCore/records/ActivityStore.h"
+
+#include <QThreadPool>
+#include <QtConcurrent>
 
 namespace keelbright {
 
@@ -175,6 +180,14 @@ void AppState::startBackup()
     }
     setAlerts({});
     setSelectedScreen(Screen::preflight);
+}
+
+QFuture<PreflightResult> AppState::runPreflight() const
+{
+    const auto check = [sources = allEnabledSources(), destination = m_selectedDestination] {
+        return PreflightService::run(sources, destination);
+    };
+    return QtConcurrent::run(&TaskPools::userInitiated(), check);
 }
 
 bool AppState::confirmBackup()

@@ -8,13 +8,14 @@
 #include "KeelbrightCore/backup/RiskAlert.h"
 #include "KeelbrightCore/health/HealthScore.h"
 
+#include <QFuture>
 #include <QList>
 #include <QObject>
 #include <optional>
 
 namespace keelbright {
 
-struct AppConfiguration;
+struct PreflightResult;
 
 /// The one observable object of the application. Main thread only.
 class AppState : public QObject
@@ -90,6 +91,8 @@ public:
 
     /// The way into a backup: raises an alert, or moves to the preflight screen.
     void startBackup();
+    /// Runs the checks of a backup with the present choices, in the background.
+    [[nodiscard]] QFuture<PreflightResult> runPreflight() const;
     /// The user's word on the preflight screen: builds the job from the present choices, starts it
     /// and moves to the progress screen. False, and nothing done, without a destination.
     bool confirmBackup();

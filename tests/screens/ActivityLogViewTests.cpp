@@ -238,7 +238,7 @@ TEST_F(ActivityLogViewTests, clearingGoesBeforeTheFilter)
     ActivityLogView view(context());
     show(view);
     choose(view, u"Junk Clean"_s);
-    view.clear();
+    button(view, u"Clear activity log"_s)->click();
     EXPECT_TRUE(textsIn(view).contains(u"No activity yet"_s));
 }
 
@@ -272,16 +272,6 @@ TEST_F(ActivityLogViewTests, theExportHoldsWhatTheFileHolds)
     EXPECT_TRUE(textsIn(view).contains(u"No activity yet"_s));
 }
 
-TEST_F(ActivityLogViewTests, aDismissedChooserWritesNothing)
-{
-    activityStore.append(entry(Kind::backup));
-    ActivityLogView view(context());
-    show(view);
-    files.willBeDismissed();
-    button(view, u"Export"_s)->click();
-    EXPECT_FALSE(mac.fileManager().fileExists(mac.home().appending(u"Keelbright-Activity.csv"_s)).exists);
-}
-
 TEST_F(ActivityLogViewTests, anExportThatFailsSaysNothing)
 {
     activityStore.append(entry(Kind::backup));
@@ -293,30 +283,15 @@ TEST_F(ActivityLogViewTests, anExportThatFailsSaysNothing)
     EXPECT_EQ(textsIn(view), (QStringList{u"Activity Log"_s, u"1 action · 2.5 MB freed total"_s}));
 }
 
-TEST_F(ActivityLogViewTests, theTextIsTakenBeforeThePlaceIsChosenAndOutlivesTheScreen)
-{
-    activityStore.append(entry(Kind::backup, 0, u"Before"_s));
-    files.willStayOpen();
-    {
-        ActivityLogView view(context());
-        show(view);
-        button(view, u"Export"_s)->click();
-    }
-    activityStore.append(entry(Kind::backup, 0, u"After"_s));
-    files.confirm(mac.home().appending(u"log.csv"_s));
-    EXPECT_TRUE(saved(u"log.csv"_s).contains(u"Before"_s));
-    EXPECT_FALSE(saved(u"log.csv"_s).contains(u"After"_s));
-}
-
-TEST_F(ActivityLogViewTests, eachAppearanceReadsTheLogAnew)
+TEST_F(ActivityLogViewTests, eachAppearanceReadsTheLogAgain)
 {
     ActivityLogView view(context());
     show(view);
     activityStore.append(entry(Kind::backup));
-    EXPECT_TRUE(view.entries().isEmpty());
+    EXPECT_TRUE(textsIn(view).contains(u"No activity yet"_s));
     view.hide();
     show(view);
-    EXPECT_EQ(view.entries().size(), 1);
+    EXPECT_FALSE(textsIn(view).contains(u"No activity yet"_s));
     EXPECT_TRUE(list(view).isVisible());
 }
 

@@ -1,3 +1,4 @@
+#include "KeelbrightCore/backup/PreflightService.h"
 #include "tests/state/AppStateFixture.h"
 
 #include <QDeadlineTimer>
@@ -106,6 +107,28 @@ TEST_F(AppStateBackupTest, aDisabledCustomSourceAloneIsEnoughToGoOn)
     state->startBackup();
     EXPECT_TRUE(state->alerts().isEmpty());
     EXPECT_EQ(state->selectedScreen(), Screen::preflight);
+}
+
+TEST_F(AppStateBackupTest, thePreflightChecksThePresentChoices)
+{
+    const auto state = makeStateWithWork();
+    mac.writeFile("Users/mira/Desktop/b.txt", "123");
+    QFuture<PreflightResult> check = state->runPreflight();
+    EXPECT_EQ(check.result().estimatedFileCount, 2);
+    EXPECT_EQ(check.result().estimatedBytes, 8);
+    EXPECT_GT(check.result().destinationFreeSpace, 0);
+    EXPECT_EQ(check.result().errors, QStringList());
+    state->setSelectedDestination(std::nullopt);
+    check = state->runPreflight();
+    EXPECT_EQ(check.result().errors, QStringList{u"No destination selected."_s});
+}
+
+TEST_F(AppStateBackupTest, thePreflightOutlivesTheState)
+{
+    auto state = makeStateWithWork();
+    const QFuture<PreflightResult> check = state->runPreflight();
+    state.reset();
+    EXPECT_EQ(check.result().estimatedFileCount, 1);
 }
 
 TEST_F(AppStateBackupTest, confirmingWithoutADestinationDoesNothing)
