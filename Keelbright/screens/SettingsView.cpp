@@ -8,6 +8,7 @@
 #include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/Page.h"
 #include "Keelbright/widgets/SymbolLabel.h"
+#include "KeelbrightCore/platform/system/ProgramVersion.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -125,7 +126,7 @@ void SettingsView::addAboutSection(QVBoxLayout& content)
 {
     QVBoxLayout* section = addSection(content, tr("About Keel Bright"));
     auto* about = new RowList;
-    about->addRow(makeAboutRow(tr("Version"), u"1.0.0"_s));
+    about->addRow(makeAboutRow(tr("Version"), programVersion()));
     about->addRow(makeAboutRow(tr("Engine"), tr("Local file copy · FileManager")));
     about->addRow(makeAboutRow(tr("Encryption"), tr("Not enabled")));
     about->addRow(makeAboutRow(tr("Cloud backup"), tr("Not available")));

@@ -1,6 +1,7 @@
 // How the state comes from disk and goes back there, and how the user's choices of folders reach it.
 
 #include "Keelbright/state/AppState.h"
+#include "Keelbright/state/DefaultFolders.h"
 #include "Keelbright/state/FolderChooser.h"
 #include "KeelbrightCore/platform/system/Console.h"
 #include "KeelbrightCore/platform/system/Logging.h"
@@ -57,6 +58,16 @@ QString choiceText(const QList<BackupSource>& sources, const std::optional<Backu
 {
     const QString place = destination ? u"destination "_s + destination->url.path() : u"no destination"_s;
     return u"%1 folders, %2"_s.arg(QString::number(sources.size()), place);
+}
+
+QStringList enabledNames(const QList<RecommendedFolder>& folders)
+{
+    QStringList names;
+    for (const RecommendedFolder& folder : folders) {
+        if (folder.isEnabled)
+            names.append(folder.name);
+    }
+    return names;
 }
 
 } // namespace
@@ -118,16 +129,11 @@ void AppState::printDiagnostics() const
 
 void AppState::persistState()
 {
-    QStringList enabledNames;
-    for (const RecommendedFolder& folder : m_recommendedFolders) {
-        if (folder.isEnabled)
-            enabledNames.append(folder.name);
-    }
     qCDebug(stateLog).noquote() << "save:" << choiceText(allEnabledSources(), m_selectedDestination);
     m_services.configStore.save({
         .selectedDestination = m_selectedDestination,
         .customSources = m_customSources,
-        .enabledRecommendedFolders = enabledNames,
+        .enabledRecommendedFolders = enabledNames(m_recommendedFolders),
         .lastReport = m_lastReport,
         .lastBackupTime = m_lastBackupTime,
     });
@@ -180,7 +186,7 @@ void AppState::pickDestination()
 
 void AppState::resetToDefaults()
 {
-    enableRecommendedFolders({u"Desktop"_s, u"Documents"_s, u"Pictures"_s});
+    enableRecommendedFolders(enabledNames(defaultRecommendedFolders()));
     setCustomSources({});
 }
 

@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/system/Host.h"
+#include "KeelbrightCore/platform/system/ProgramVersion.h"
 
 #include <algorithm>
 
@@ -40,7 +41,7 @@ BackupManifest generate(const BackupJob& job)
 {
     const FileManager& fileManager = FileManager::defaultManager();
     return {
-        .appVersion = u"1.0.0-mvp"_s,
+        .appVersion = programVersion() + u"-mvp"_s,
         // Not "MyMac" as in the folder's name: a reader would take that for the machine's real name.
         .deviceName = Host::localizedName().value_or(u"Unknown Mac"_s),
         .macOSVersion = Host::operatingSystemVersionString(),

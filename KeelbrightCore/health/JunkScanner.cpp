@@ -54,13 +54,13 @@ QList<JunkItem> itemsOfFolders(const FileURL& home, const QStringList& relativeP
 
 JunkCategory scanUserCaches(const FileURL& home, const FileManager& fm)
 {
-    return {u"userCaches"_s, tr("User Caches"), u"arrow.clockwise.circle.fill"_s,
+    return {JunkCategoryID::userCaches, tr("User Caches"), u"arrow.clockwise.circle.fill"_s,
             topLevelItems(home.appending(u"Library/Caches"_s), fm)};
 }
 
 JunkCategory scanUserLogs(const FileURL& home, const FileManager& fm)
 {
-    return {u"userLogs"_s, tr("Log Files"), u"doc.text.fill"_s,
+    return {JunkCategoryID::userLogs, tr("Log Files"), u"doc.text.fill"_s,
             topLevelItems(home.appending(u"Library/Logs"_s), fm)};
 }
 
@@ -74,12 +74,13 @@ JunkCategory scanXcode(const FileURL& home, const FileManager& fm)
         u"Library/Developer/Xcode/visionOS DeviceSupport"_s,
         u"Library/Developer/CoreSimulator/Caches"_s,
     };
-    return {u"xcode"_s, tr("Xcode & Simulators"), u"hammer.fill"_s, itemsOfFolders(home, folders, fm)};
+    return {JunkCategoryID::xcode, tr("Xcode & Simulators"), u"hammer.fill"_s,
+            itemsOfFolders(home, folders, fm)};
 }
 
 JunkCategory scaniOSBackups(const FileURL& home, const FileManager& fm)
 {
-    return {u"iosBackups"_s, tr("iOS Device Backups"), u"iphone.fill"_s,
+    return {JunkCategoryID::iosBackups, tr("iOS Device Backups"), u"iphone.fill"_s,
             topLevelItems(home.appending(u"Library/Application Support/MobileSync/Backup"_s), fm)};
 }
 
@@ -95,12 +96,13 @@ JunkCategory scanBrowserCaches(const FileURL& home, const FileManager& fm)
         u"Library/Caches/com.microsoft.edgemac"_s,
         u"Library/Application Support/BraveSoftware/Brave-Browser/Default/Cache"_s,
     };
-    return {u"browserCache"_s, tr("Browser Caches"), u"globe"_s, itemsOfFolders(home, folders, fm)};
+    return {JunkCategoryID::browserCache, tr("Browser Caches"), u"globe"_s,
+            itemsOfFolders(home, folders, fm)};
 }
 
 JunkCategory scanTrash(const FileManager& fm)
 {
-    return {u"trash"_s, tr("Trash"), u"trash.fill"_s,
+    return {JunkCategoryID::trash, tr("Trash"), u"trash.fill"_s,
             topLevelItems(fm.homeDirectory().appending(u".Trash"_s), fm)};
 }
 

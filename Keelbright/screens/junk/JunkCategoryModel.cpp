@@ -2,8 +2,6 @@
 
 namespace keelbright {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 Qt::CheckState checkState(JunkCleanerVM::SelectionState state)
@@ -23,17 +21,17 @@ Qt::CheckState checkState(JunkCleanerVM::SelectionState state)
 
 Role junkCategoryColor(const QString& id)
 {
-    if (id == "userCaches"_L1)
+    if (id == JunkCategoryID::userCaches)
         return Role::accent;
-    if (id == "userLogs"_L1)
+    if (id == JunkCategoryID::userLogs)
         return Role::mint;
-    if (id == "xcode"_L1)
+    if (id == JunkCategoryID::xcode)
         return Role::azure;
-    if (id == "iosBackups"_L1)
+    if (id == JunkCategoryID::iosBackups)
         return Role::purple;
-    if (id == "browserCache"_L1)
+    if (id == JunkCategoryID::browserCache)
         return Role::teal;
-    if (id == "trash"_L1)
+    if (id == JunkCategoryID::trash)
         return Role::orange;
     return Role::secondaryText;
 }

@@ -9,6 +9,7 @@
 #include "Keelbright/widgets/theme/DesktopSettings.h"
 #include "Keelbright/widgets/theme/Symbol.h"
 #include "Keelbright/widgets/theme/Theme.h"
+#include "KeelbrightCore/platform/system/ProgramVersion.h"
 
 #include <QApplication>
 #include <cstdio>
@@ -60,7 +61,7 @@ int runApplication(int argc, char** argv, AppLookup lookup)
 {
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"Keelbright"_s);
-    QCoreApplication::setApplicationVersion(u"1.0.0"_s);
+    QCoreApplication::setApplicationVersion(programVersion());
     QGuiApplication::setApplicationDisplayName(u"Keel Bright"_s);
     QGuiApplication::setDesktopFileName(u"keelbright"_s);
     QGuiApplication::setWindowIcon(
