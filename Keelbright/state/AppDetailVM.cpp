@@ -48,14 +48,6 @@ void AppDetailVM::setIsLoadingLeftovers(bool isLoading)
 {
     m_isLoadingLeftovers = isLoading;
     Q_EMIT isLoadingLeftoversChanged();
-    Q_EMIT changed();
-}
-
-void AppDetailVM::setShowDeleteConfirm(bool show)
-{
-    m_showDeleteConfirm = show;
-    Q_EMIT showDeleteConfirmChanged();
-    Q_EMIT changed();
 }
 
 void AppDetailVM::loadLeftovers()
@@ -68,7 +60,6 @@ void AppDetailVM::loadLeftovers()
     deliver(m_leftoversSearch, this, [this](const QList<AppLeftover>& found) {
         m_leftovers = found;
         Q_EMIT leftoversChanged();
-        Q_EMIT changed();
         setIsLoadingLeftovers(false);
     });
 }
@@ -77,14 +68,12 @@ void AppDetailVM::fetchDescription()
 {
     m_isLoadingiTunes = true;
     Q_EMIT itunesChanged();
-    Q_EMIT changed();
     m_itunesRequest = m_lookup(m_app.name);
     deliver(m_itunesRequest, this, [this](const std::optional<iTunesAppInfo>& found) {
         m_itunesInfo = found;
         m_itunesLookedUp = true;
         m_isLoadingiTunes = false;
         Q_EMIT itunesChanged();
-        Q_EMIT changed();
     });
 }
 

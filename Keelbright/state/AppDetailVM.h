@@ -44,7 +44,7 @@ public:
     /// Whether the user is being asked before a removal; the screen's to set and to clear.
     [[nodiscard]] bool showDeleteConfirm() const { return m_showDeleteConfirm; }
 
-    void setShowDeleteConfirm(bool show);
+    void setShowDeleteConfirm(bool show) { m_showDeleteConfirm = show; }
 
     /// Looks in the background for what the application keeps outside its bundle.
     void loadLeftovers();
@@ -61,9 +61,6 @@ Q_SIGNALS:
     void leftoversChanged();
     void isLoadingLeftoversChanged();
     void itunesChanged();
-    void showDeleteConfirmChanged();
-    /// Follows each of the above.
-    void changed();
     /// The application has been removed, as far as that was possible.
     void removed(const keelbright::AppInfo& app);
 

@@ -8,6 +8,7 @@
 
 #include <QThreadPool>
 #include <QtConcurrent>
+#include <utility>
 
 namespace keelbright {
 
@@ -26,13 +27,25 @@ AppState::~AppState() = default;
 
 void AppState::watchEngine()
 {
-    connect(&m_engine, &BackupEngine::changed, this, &AppState::changed, Qt::QueuedConnection);
+    connect(&m_engine, &BackupEngine::changed, this, &AppState::queueChange);
     connect(&m_engine, &BackupEngine::isRunningChanged, this, [this] {
         const bool hasEnded = m_wasRunning && !m_engine.isRunning();
         m_wasRunning = m_engine.isRunning();
         if (hasEnded)
             QMetaObject::invokeMethod(this, &AppState::handleEngineCompletion, Qt::QueuedConnection);
     });
+}
+
+void AppState::queueChange()
+{
+    // Each copied file changes the engine three times.
+    if (std::exchange(m_isChangeQueued, true))
+        return;
+    const auto announce = [this] {
+        m_isChangeQueued = false;
+        Q_EMIT changed();
+    };
+    QMetaObject::invokeMethod(this, announce, Qt::QueuedConnection);
 }
 
 void AppState::setSelectedScreen(std::optional<Screen> screen)

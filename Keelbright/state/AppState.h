@@ -137,7 +137,8 @@ Q_SIGNALS:
     void lastReportChanged();
     void lastBackupTimeChanged();
     void alertsChanged();
-    /// Follows each of the above, and each change of the engine one turn of the event loop later.
+    /// Follows each of the above, and the changes that the engine has made in one turn of the event
+    /// loop, once in the next turn.
     void changed();
 
 private:
@@ -147,6 +148,7 @@ private:
     /// Enables the folders of these names and no others; saves after each.
     void enableRecommendedFolders(const QStringList& names);
     void watchEngine();
+    void queueChange();
     void setHealthScore(const HealthScore& score);
     void setLastReport(const std::optional<BackupReport>& report);
     void setLastBackupTime(const std::optional<QDateTime>& time);
@@ -156,6 +158,7 @@ private:
     bool m_isOnboardingCompleted = false;
     BackupEngine m_engine;
     bool m_wasRunning = false;
+    bool m_isChangeQueued = false;
     QList<RecommendedFolder> m_recommendedFolders;
     QList<BackupSource> m_customSources;
     std::optional<BackupDestination> m_selectedDestination;

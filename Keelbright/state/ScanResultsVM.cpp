@@ -23,14 +23,12 @@ void ScanResultsVM::runScan(const std::optional<QDateTime>& lastBackupTime, cons
 void ScanResultsVM::setReport(const FullScanReport& report)
 {
     m_report = report;
-    Q_EMIT reportChanged();
     Q_EMIT changed();
 }
 
 void ScanResultsVM::setIsScanning(bool isScanning)
 {
     m_isScanning = isScanning;
-    Q_EMIT isScanningChanged();
     Q_EMIT changed();
 }
 

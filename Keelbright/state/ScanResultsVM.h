@@ -26,9 +26,7 @@ public:
     void runScan(const std::optional<QDateTime>& lastBackupTime, const QList<AppInfo>& cachedApps);
 
 Q_SIGNALS:
-    void reportChanged();
-    void isScanningChanged();
-    /// Follows each of the above.
+    /// A property was set.
     void changed();
 
 private:

@@ -84,14 +84,13 @@ TEST_F(ScanResultsVMTest, aScanReturnsAtOnceAndDeliversItsReport)
 
 TEST_F(ScanResultsVMTest, theStepsAreAnnouncedInOrder)
 {
-    QStringList names;
-    QObject::connect(&model, &ScanResultsVM::isScanningChanged, &model,
-                     [&] { names.append(model.isScanning() ? u"scanning"_s : u"not scanning"_s); });
-    QObject::connect(&model, &ScanResultsVM::reportChanged, &model, [&] { names.append(u"report"_s); });
-    QObject::connect(&model, &ScanResultsVM::changed, &model, [&] { names.append(u"changed"_s); });
+    QStringList states;
+    QObject::connect(&model, &ScanResultsVM::changed, &model, [&] {
+        const QString report = model.report() ? u"a report"_s : u"no report"_s;
+        states.append((model.isScanning() ? u"scanning, "_s : u"idle, "_s) + report);
+    });
     run({forgotten(u"Tidewater"_s)});
-    EXPECT_EQ(names, (QStringList{u"scanning"_s, u"changed"_s, u"report"_s, u"changed"_s, u"not scanning"_s,
-                                  u"changed"_s}));
+    EXPECT_EQ(states, (QStringList{u"scanning, no report"_s, u"scanning, a report"_s, u"idle, a report"_s}));
 }
 
 TEST_F(ScanResultsVMTest, theEarlierReportStaysWhileTheNextScanRuns)
@@ -148,9 +147,9 @@ TEST_F(ScanResultsVMTest, everyFindingLeadsToAScreenThatThereIs)
 TEST_F(ScanResultsVMTest, closedInTheMiddleOfAScanItHearsNothingMoreOfIt)
 {
     auto closed = std::make_unique<ScanResultsVM>(mac.clock());
-    const QSignalSpy delivered(closed.get(), &ScanResultsVM::reportChanged);
     fileManager.holdNextLookAt(trash);
     closed->runScan(std::nullopt, {});
+    const QSignalSpy delivered(closed.get(), &ScanResultsVM::changed);
     ASSERT_TRUE(fileManager.waitUntilHeld());
     closed.reset();
     fileManager.letGo();
@@ -162,8 +161,8 @@ TEST_F(ScanResultsVMTest, closedInTheMiddleOfAScanItHearsNothingMoreOfIt)
 TEST_F(ScanResultsVMTest, closedWithTheReportOnItsWayItHearsNothingMoreOfIt)
 {
     auto closed = std::make_unique<ScanResultsVM>(mac.clock());
-    const QSignalSpy delivered(closed.get(), &ScanResultsVM::reportChanged);
     closed->runScan(std::nullopt, {});
+    const QSignalSpy delivered(closed.get(), &ScanResultsVM::changed);
     waitForBackgroundWork();
     closed.reset();
     QCoreApplication::processEvents();
