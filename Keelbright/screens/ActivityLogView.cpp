@@ -43,8 +43,8 @@ QList<MenuButton::Choice> filterChoices()
     return choices;
 }
 
-/// A log that somebody wrote by hand can hold any numbers.
-qint64 addedWithinBounds(qint64 total, qint64 bytes)
+/// The sum, limited to the range of the type: a log that was edited by hand can hold any number.
+qint64 saturatingSum(qint64 total, qint64 bytes)
 {
     using Limits = std::numeric_limits<qint64>;
     if (bytes >= 0)
@@ -73,7 +73,7 @@ QString ActivityLogView::summaryLine(const QList<ActivityEntry>& entries)
         return tr("No actions recorded");
     qint64 total = 0;
     for (const ActivityEntry& entry : entries)
-        total = addedWithinBounds(total, entry.bytesAffected);
+        total = saturatingSum(total, entry.bytesAffected);
     const QString line =
         entries.size() == 1 ? tr("%1 action · %2 freed total") : tr("%1 actions · %2 freed total");
     return line.arg(QString::number(entries.size()), L10n::Formatters::bytes(total));

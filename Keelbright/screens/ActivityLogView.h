@@ -17,14 +17,14 @@ class MenuButton;
 class PageHeader;
 class RowListView;
 
-/// What the program has done, by day: filtered by kind, exported, cleared. Shows the log as it was
-/// when the screen appeared.
+/// The log of what the program did, by day. The user can filter it by kind, export it and clear it.
+/// Shows the log as it was when the screen appeared.
 class ActivityLogView : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// What is handed in outlives the screen.
+    /// The arguments must outlive the screen.
     explicit ActivityLogView(const ScreenContext& context, QWidget* parent = nullptr);
 
     /// Absent while all kinds are shown.
@@ -32,7 +32,7 @@ public:
 
     void setFilterKind(std::optional<ActivityEntry::Kind> kind);
 
-    /// The number of entries and what they add up to, whatever the filter.
+    /// The number of the entries and the sum of their bytes, for the text below the title.
     [[nodiscard]] static QString summaryLine(const QList<ActivityEntry>& entries);
 
 protected:

@@ -68,7 +68,7 @@ void BackupProgressView::redrawProgress()
 
 void BackupProgressView::redrawError()
 {
-    // Also above the panel of an earlier backup, which would otherwise look like this one's success.
+    // Also shown above the panel of an earlier backup, which could be mistaken for this one's success.
     const auto& error = m_state.engine().lastError();
     const bool isShown = error && !m_state.engine().isRunning();
     if (isShown)
@@ -122,14 +122,14 @@ void BackupProgressView::showEmpty()
 void BackupProgressView::replacePanel(QWidget* panel, Shown shown)
 {
     if (m_panel != nullptr) {
-        // A press of one of its buttons may still be under way.
+        // A click on one of its buttons may still be running.
         m_panel->hide();
         m_panel->deleteLater();
     }
     m_running = nullptr;
     m_panel = panel;
     m_shown = shown;
-    // Between the two stretches.
+    // The panel stays between the two stretches.
     content()->insertWidget(content()->count() - 1, panel);
 }
 

@@ -13,14 +13,14 @@ class BackupRunningPanel;
 class Banner;
 class Workspace;
 
-/// Follows the engine: the running backup, else how the last one ended, else that there is none.
-/// Leaving the screen leaves the run alone.
+/// Shows the running backup, else the result of the last one, else that there is none. Leaving the
+/// screen does not affect the run.
 class BackupProgressView : public Page
 {
     Q_OBJECT
 
 public:
-    /// What is handed in outlives the screen.
+    /// The arguments must outlive the screen.
     BackupProgressView(AppState& state, Workspace& workspace, QWidget* parent = nullptr);
 
 private:
@@ -33,7 +33,7 @@ private:
     void showRunning();
     void showFinished(const BackupReport& report);
     void showEmpty();
-    /// Takes the place of what was shown before.
+    /// Replaces the panel that was shown before.
     void replacePanel(QWidget* panel, Shown shown);
 
     AppState& m_state;

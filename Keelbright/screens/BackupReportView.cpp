@@ -27,10 +27,10 @@ namespace {
 
 constexpr qsizetype shownErrors = 30;
 
-QWidget* makeNumbers(const BackupReport& report)
+QWidget* makeStatusCards(const BackupReport& report)
 {
-    auto* numbers = new QWidget;
-    auto* grid = new CardGridLayout(numbers);
+    auto* cards = new QWidget;
+    auto* grid = new CardGridLayout(cards);
     grid->addWidget(new StatusCard(BackupReportView::tr("Files Copied"), QString::number(report.filesCopied),
                                    u"doc.fill"_s, Role::green));
     grid->addWidget(new StatusCard(BackupReportView::tr("Data Copied"),
@@ -42,7 +42,7 @@ QWidget* makeNumbers(const BackupReport& report)
     grid->addWidget(new StatusCard(BackupReportView::tr("Skipped"), QString::number(report.filesSkipped),
                                    u"minus.circle"_s,
                                    report.filesSkipped > 0 ? Role::orange : Role::secondaryText));
-    return numbers;
+    return cards;
 }
 
 QWidget* makeSourceRow(const QString& path)
@@ -106,7 +106,7 @@ void BackupReportView::redraw()
     if (m_content != nullptr && id == m_shownReport)
         return;
     if (m_content != nullptr) {
-        // A press of one of its buttons may still be under way.
+        // A click on one of its buttons may still be running.
         m_content->hide();
         m_content->deleteLater();
     }
@@ -123,7 +123,7 @@ QWidget* BackupReportView::makeContent(const BackupReport& report)
 {
     auto* page = new Page;
     page->content()->addWidget(makeHeader(report));
-    page->content()->addWidget(makeNumbers(report));
+    page->content()->addWidget(makeStatusCards(report));
     page->content()->addWidget(makeSources(report));
     page->content()->addWidget(makeLocations(report));
     if (!report.errors.isEmpty())

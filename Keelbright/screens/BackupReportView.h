@@ -11,14 +11,14 @@ namespace keelbright {
 class AppState;
 class Workspace;
 
-/// The last backup's report: numbers, folders, places on disk, and what was skipped. A finished run
-/// replaces the content at once.
+/// The last backup's report: numbers, source folders, paths on disk and skipped files. A finished
+/// run replaces the content at once.
 class BackupReportView : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// What is handed in outlives the screen.
+    /// The arguments must outlive the screen.
     BackupReportView(AppState& state, Workspace& workspace, QWidget* parent = nullptr);
 
 private:

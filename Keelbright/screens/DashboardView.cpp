@@ -55,7 +55,7 @@ void DashboardView::addHeader()
     clean->setToolTip(tr("Clean safe junk items with one tap"));
     connect(clean, &QPushButton::clicked, this, [this] { m_state.setSelectedScreen(Screen::junkCleaner); });
     m_mainButton = new Button(Button::Kind::primary, {}, {}, m_header);
-    connect(m_mainButton, &QPushButton::clicked, this, &DashboardView::pressMainButton);
+    connect(m_mainButton, &QPushButton::clicked, this, &DashboardView::startOrCancelBackup);
     m_header->addAction(clean);
     m_header->addAction(m_mainButton);
     content()->addWidget(m_header);
@@ -119,7 +119,7 @@ void DashboardView::showEvent(QShowEvent* event)
 {
     Page::showEvent(event);
     redraw();
-    // A window that comes back from the desktop's task bar shows the same screen as before.
+    // The window system shows a restored window again, which is no new visit of the screen.
     if (event->spontaneous())
         return;
     m_state.refreshHealthScore();
@@ -143,7 +143,7 @@ void DashboardView::redrawHeader()
     m_mainButton->setCaption(isRunning ? tr("Cancel Backup") : tr("Backup Now"));
     m_mainButton->setSymbol(isRunning ? QString() : u"arrow.clockwise"_s);
     m_mainButton->setKind(isRunning ? Button::Kind::bordered : Button::Kind::primary);
-    // The run ends before its next file, which can take a while: the word has been heard.
+    // A cancelled run still finishes its current file; until then there is nothing more to press.
     m_mainButton->setEnabled(!isRunning || !m_state.engine().isCancelled());
 }
 
@@ -174,7 +174,7 @@ void DashboardView::redrawProgress()
         announce(*this, isRunning ? tr("Backing Up…") : tr("Backup ended"));
 }
 
-void DashboardView::pressMainButton()
+void DashboardView::startOrCancelBackup()
 {
     if (m_state.engine().isRunning())
         m_state.engine().cancel();

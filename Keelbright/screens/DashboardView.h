@@ -19,14 +19,15 @@ class ProgressPanel;
 class ProtectedFoldersCard;
 class SlideReveal;
 
-/// The first screen: how things stand, and the shortest way to each action. Keeps nothing of its
-/// own; follows the state, and has it look at the machine anew each time it comes up.
+/// The first screen: the condition of the machine and buttons for the common actions. Shows the
+/// state and keeps nothing of its own. Refreshes the health score and the applications each time
+/// it appears.
 class DashboardView : public Page
 {
     Q_OBJECT
 
 public:
-    /// The state outlives the screen.
+    /// The state must outlive the screen.
     explicit DashboardView(AppState& state, QWidget* parent = nullptr);
 
     /// The greeting at an hour of the day, 0 to 23.
@@ -43,12 +44,12 @@ private:
     void addAlerts();
     void addProgress();
     void watchState();
-    /// All but the numbers of a running backup, which change with every file.
     void redraw();
     void redrawHeader();
     void redrawAlerts();
+    /// Apart from the rest, because the progress changes with every file.
     void redrawProgress();
-    void pressMainButton();
+    void startOrCancelBackup();
 
     AppState& m_state;
     FrameThrottle m_frames;

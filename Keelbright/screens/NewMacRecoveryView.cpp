@@ -56,15 +56,15 @@ QWidget* makeStep(const Step& step, std::size_t number)
     auto* row = new QHBoxLayout;
     row->setSpacing(14);
     row->addWidget(new Tile(step.icon, step.color, stepTile, card), 0, Qt::AlignTop);
-    auto* words = new QVBoxLayout;
-    words->setSpacing(0);
-    words->addWidget(new Label(count, FontRole::groupTitle, textRole(step.color), card));
-    words->addSpacing(1);
-    words->addWidget(makeWrappingLabel(title, FontRole::sectionTitle, Role::primaryText, card));
-    words->addSpacing(4);
-    words->addWidget(
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(0);
+    texts->addWidget(new Label(count, FontRole::groupTitle, textRole(step.color), card));
+    texts->addSpacing(1);
+    texts->addWidget(makeWrappingLabel(title, FontRole::sectionTitle, Role::primaryText, card));
+    texts->addSpacing(4);
+    texts->addWidget(
         makeWrappingLabel(NewMacRecoveryView::tr(step.body), FontRole::body, Role::secondaryText, card));
-    row->addLayout(words, 1);
+    row->addLayout(texts, 1);
     card->content()->addLayout(row);
     return card;
 }

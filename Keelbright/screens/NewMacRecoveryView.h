@@ -8,14 +8,14 @@ namespace keelbright {
 class FileChooser;
 class Label;
 
-/// A guide for the first hours on a new machine, and a reader for the manifest that a backup
-/// leaves. Restores nothing by itself, and forgets the manifest when it goes.
+/// A guide for the first hours on a new machine, with a reader for the manifest of a backup. Restores
+/// nothing by itself. The manifest is forgotten when the screen is left.
 class NewMacRecoveryView : public Page
 {
     Q_OBJECT
 
 public:
-    /// The chooser outlives the screen.
+    /// The chooser must outlive the screen.
     explicit NewMacRecoveryView(FileChooser& files, QWidget* parent = nullptr);
 
 private:

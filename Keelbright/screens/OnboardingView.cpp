@@ -21,7 +21,7 @@ constexpr int columnWidth = 480;
 constexpr int lastStep = 1;
 constexpr int heroTile = 84;
 
-/// A page with one column of readable width in its middle.
+/// A page with a centred column of readable width, which is returned in `column`.
 QWidget* makeStep(QVBoxLayout*& column, const QString& icon, const QString& title, const QString& text)
 {
     auto* page = new QWidget;
@@ -59,11 +59,11 @@ QWidget* makeFeatureRow(const OnboardingView::Feature& feature)
     layout->setContentsMargins(14, 11, 14, 11);
     layout->setSpacing(13);
     layout->addWidget(new Tile(feature.icon, Role::accent, 34), 0, Qt::AlignVCenter);
-    auto* words = new QVBoxLayout;
-    words->setSpacing(2);
-    words->addWidget(new Label(feature.title, FontRole::bodyStrong, Role::primaryText));
-    words->addWidget(makeWrappingLabel(feature.body, FontRole::secondary, Role::secondaryText));
-    layout->addLayout(words, 1);
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(2);
+    texts->addWidget(new Label(feature.title, FontRole::bodyStrong, Role::primaryText));
+    texts->addWidget(makeWrappingLabel(feature.body, FontRole::secondary, Role::secondaryText));
+    layout->addLayout(texts, 1);
     return row;
 }
 
@@ -137,14 +137,14 @@ QWidget* OnboardingView::makeBottomRow()
     m_back = new Button(Button::Kind::bordered, tr("Back"), {}, bar);
     m_main = new Button(Button::Kind::primary, tr("Continue"), {}, bar);
     connect(m_back, &QPushButton::clicked, this, [this] { setStep(m_step - 1); });
-    connect(m_main, &QPushButton::clicked, this, &OnboardingView::goOn);
+    connect(m_main, &QPushButton::clicked, this, &OnboardingView::goForward);
     bar->content()->addWidget(m_back);
     bar->content()->addStretch();
     bar->content()->addWidget(m_main);
     return bar;
 }
 
-void OnboardingView::goOn()
+void OnboardingView::goForward()
 {
     if (m_step == lastStep)
         m_state.setIsOnboardingCompleted(true);
@@ -155,7 +155,7 @@ void OnboardingView::goOn()
 void OnboardingView::setStep(int step)
 {
     m_step = step;
-    // A button that goes would leave the focus to chance.
+    // Hiding the focused button would move the focus to an arbitrary widget.
     if (step == 0 && m_back->hasFocus())
         m_main->setFocus();
     m_steps->setCurrentIndex(step);

@@ -10,7 +10,7 @@ class AppState;
 class Button;
 class StepStack;
 
-/// Fills the window until it is passed: a welcome, then the question where backups go.
+/// Fills the window until the user has passed it: a welcome, then the choice of a destination.
 class OnboardingView : public QWidget
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ public:
 
     [[nodiscard]] static const QList<Feature>& features();
 
-    /// 0 is the welcome, 1 the destination.
+    /// 0 is the welcome step, 1 the destination step.
     [[nodiscard]] int step() const { return m_step; }
 
 protected:
@@ -38,7 +38,7 @@ private:
     [[nodiscard]] QWidget* makeDestinationStep();
     [[nodiscard]] QWidget* makeBottomRow();
     void setStep(int step);
-    void goOn();
+    void goForward();
     void showDestination();
 
     AppState& m_state;

@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A screen reader meets the row of the number as one thing.
+/// Names the row of the number, so that a screen reader reads title and number together.
 void setNumber(NumberLabel* number, const QString& title, const QString& text)
 {
     number->setText(text);

@@ -16,14 +16,14 @@ class Card;
 class NumberLabel;
 class Page;
 
-/// The checks before a backup: runs them each time it comes up, shows what they found, and lets the
-/// user start. A result that comes after the screen was left is dropped.
+/// Runs the checks before a backup each time it appears, shows their result and lets the user start
+/// the backup. A result that arrives after the screen was left is dropped.
 class PreflightSummaryView : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// The state outlives the screen.
+    /// The state must outlive the screen.
     explicit PreflightSummaryView(AppState& state, QWidget* parent = nullptr);
 
 protected:

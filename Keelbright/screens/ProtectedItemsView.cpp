@@ -62,11 +62,11 @@ QWidget* makeNotBackedUpRow(const NotBackedUp& entry)
     layout->setSpacing(12);
     layout->addWidget(new SymbolLabel(u"xmark.circle"_s, markSize, Role::secondaryText, row), 0,
                       Qt::AlignTop);
-    auto* words = new QVBoxLayout;
-    words->setSpacing(2);
-    words->addWidget(makeWrappingLabel(title, FontRole::bodyStrong, Role::primaryText, row));
-    words->addWidget(makeWrappingLabel(detail, FontRole::secondary, Role::secondaryText, row));
-    layout->addLayout(words, 1);
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(2);
+    texts->addWidget(makeWrappingLabel(title, FontRole::bodyStrong, Role::primaryText, row));
+    texts->addWidget(makeWrappingLabel(detail, FontRole::secondary, Role::secondaryText, row));
+    layout->addLayout(texts, 1);
     return row;
 }
 
@@ -120,15 +120,15 @@ void ProtectedItemsView::addCustomFolders()
     auto* section = new PageSection(header, this);
 
     auto* empty = new Card(section);
-    auto* words = new QHBoxLayout;
-    words->setSpacing(12);
-    words->addWidget(new SymbolLabel(u"folder.badge.plus"_s, 22, Role::emptyMark, empty));
-    words->addWidget(
+    auto* texts = new QHBoxLayout;
+    texts->setSpacing(12);
+    texts->addWidget(new SymbolLabel(u"folder.badge.plus"_s, 22, Role::emptyMark, empty));
+    texts->addWidget(
         makeWrappingLabel(
             tr("No custom folders yet. Click \"Add Folder\" to include any folder from your Mac."),
             FontRole::body, Role::secondaryText, empty),
         1);
-    empty->content()->addLayout(words);
+    empty->content()->addLayout(texts);
     m_noCustomFolders = empty;
     m_customFolders = new RowList(section);
     section->content()->addWidget(m_noCustomFolders);
@@ -150,7 +150,7 @@ void ProtectedItemsView::addNotBackedUp()
 void ProtectedItemsView::showEvent(QShowEvent* event)
 {
     Page::showEvent(event);
-    // A folder may have come or gone while the window was away.
+    // A folder may have been created or deleted while the screen was hidden.
     redraw();
 }
 
@@ -174,7 +174,7 @@ void ProtectedItemsView::redrawCustomFolders()
     fillCustomFolders();
     if (focusedRow < 0)
         return;
-    // The keyboard goes on with the row that took the place of the one removed.
+    // The focus moves to the row that took the place of the removed one.
     const int next = std::min(focusedRow, m_customFolders->rowCount() - 1);
     QWidget* target = next < 0 ? m_addFolder : m_customFolders->row(next)->findChild<Button*>();
     target->setFocus(Qt::TabFocusReason);

@@ -14,14 +14,14 @@ class Button;
 class RecommendedFolderRow;
 class RowList;
 
-/// The screen where the user decides what a backup takes. Every choice goes straight into the
-/// state, which saves it.
+/// The screen where the user chooses what a backup copies. Every choice is written to the state,
+/// which saves it at once.
 class ProtectedItemsView : public Page
 {
     Q_OBJECT
 
 public:
-    /// What is handed in outlives the screen.
+    /// The arguments must outlive the screen.
     ProtectedItemsView(AppState& state, AlertPresenter& alerts, QWidget* parent = nullptr);
 
 protected:

@@ -11,14 +11,14 @@ class SectionHeader;
 class SnapshotRows;
 class Workspace;
 
-/// Finds what a backup holds and opens it in the desktop's file browser, where files are copied
-/// back by hand. Forgets the opened folder when it goes.
+/// Lists the copies in a backup folder and opens them in the desktop's file browser, where the user
+/// copies files back. The opened folder is forgotten when the screen is left.
 class RestoreBrowserView : public Page
 {
     Q_OBJECT
 
 public:
-    /// What is handed in outlives the screen.
+    /// The arguments must outlive the screen.
     RestoreBrowserView(AppState& state, Workspace& workspace, QWidget* parent = nullptr);
 
 private:

@@ -57,7 +57,7 @@ void ScanResultsView::addStates()
     m_scanning = new BusyState(tr("Scanning your Mac…"),
                                tr("Checking junk files, apps, storage, and backup health."), spinnerDiameter);
     m_report = new ScanReportPanel;
-    connect(m_report, &ScanReportPanel::findingPressed, this, &ScanResultsView::act);
+    connect(m_report, &ScanReportPanel::findingPressed, this, &ScanResultsView::runAction);
     m_idle = new EmptyStateView(tr("Ready to scan"),
                                 tr("Tap Full Scan to check junk files, unused apps, storage pressure, and "
                                    "backup status all at once."),
@@ -79,7 +79,7 @@ void ScanResultsView::scan()
         m_model.runScan(m_context.state.lastBackupTime(), m_context.state.scannedApps());
 }
 
-void ScanResultsView::act(const ScanFinding& finding)
+void ScanResultsView::runAction(const ScanFinding& finding)
 {
     if (const auto* place = std::get_if<ScanFinding::OpenURL>(&finding.action)) {
         m_context.workspace.open(place->url);
@@ -99,8 +99,7 @@ void ScanResultsView::redraw()
                                  : tr("Run a full scan to see what can be cleaned up."));
     if (report && !m_model.isScanning())
         m_report->setReport(*report);
-    // Before its button is taken away, so that the focus does not wander off to another part of the
-    // window.
+    // Before the button is disabled, so that the focus does not move to another part of the window.
     QWidget* state = report ? static_cast<QWidget*>(m_report) : m_idle;
     showState(m_model.isScanning() ? m_scanning : state);
     m_fullScan->setCaption(m_model.isScanning() ? tr("Scanning…") : tr("Full Scan"));

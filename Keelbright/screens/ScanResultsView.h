@@ -16,23 +16,23 @@ class EmptyStateView;
 class PageHeader;
 class ScanReportPanel;
 
-/// Runs a full scan and shows what it found, each finding with the way to act on it. A new visit
-/// starts without a report.
+/// Runs a full scan and lists its findings, each with a button that leads to the screen for it. Each
+/// visit starts without a report.
 class ScanResultsView : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// What is handed in outlives the screen.
+    /// The arguments must outlive the screen.
     explicit ScanResultsView(const ScreenContext& context, QWidget* parent = nullptr);
 
 private:
     void addHeader();
     void addStates();
     void scan();
-    void act(const ScanFinding& finding);
+    void runAction(const ScanFinding& finding);
     void redraw();
-    /// Keeps the focus within the screen where it has it.
+    /// Keeps the focus in the screen if it is there.
     void showState(QWidget* state);
 
     ScreenContext m_context;

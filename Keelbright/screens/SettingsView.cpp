@@ -135,7 +135,7 @@ void SettingsView::addAboutSection(QVBoxLayout& content)
 
 void SettingsView::showDestination()
 {
-    // The button stays the same, so that it keeps the focus.
+    // The new row takes over the same button, so that the button can keep the focus.
     const bool hadFocus = m_change->hasFocus();
     m_change->setParent(this);
     m_destination->clear();
@@ -156,7 +156,7 @@ void SettingsView::showDestination()
 
 void SettingsView::showFolders()
 {
-    // Whoever removes folder after folder with the keyboard stays on the list.
+    // The focus stays in the list while folders are removed one after another with the keyboard.
     const qsizetype focused = removeButtons().indexOf(focusWidget());
     const bool addHadFocus = m_add->hasFocus();
     m_add->setParent(this);
@@ -174,9 +174,9 @@ void SettingsView::showFolders()
     m_folders->addRow(makeButtonRow(m_add));
     m_add->show();
 
-    const QList<QWidget*> left = removeButtons();
-    if (focused >= 0 && !left.isEmpty())
-        left.at(std::min(focused, left.size() - 1))->setFocus();
+    const QList<QWidget*> remaining = removeButtons();
+    if (focused >= 0 && !remaining.isEmpty())
+        remaining.at(std::min(focused, remaining.size() - 1))->setFocus();
     else if (focused >= 0 || addHadFocus)
         m_add->setFocus();
 }

@@ -14,15 +14,15 @@ class Button;
 class RowList;
 class RowWidget;
 
-/// Destination, protected folders and what the program is, as a screen of the main window and in
-/// the settings window. Keeps no state: every change goes to the application's state, and every
-/// change of that shows here.
+/// Destination, protected folders and facts about the program, as a screen of the main window and in
+/// the settings window. Keeps nothing of its own: it changes the application's state and shows every
+/// change of that.
 class SettingsView : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// The settings window is small and has a title of its own.
+    /// The settings window is small and shows the title in its frame.
     enum class Place { screen, window };
 
     SettingsView(AppState& state, Place place, QWidget* parent = nullptr);

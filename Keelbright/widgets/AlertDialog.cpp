@@ -48,7 +48,7 @@ void AlertDialog::addButtons(QVBoxLayout& layout)
     connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
     if (m_secondAction != nullptr) {
         connect(m_secondAction, &QPushButton::clicked, this, [this] { done(secondAccepted); });
-        // Three sets of words are too long for one line.
+        // Three captions are too long for one line.
         for (Button* button : {m_action, m_secondAction, m_cancel}) {
             button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
             layout.addWidget(button);

@@ -18,14 +18,14 @@ class AlertDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// The result where the second action was pressed; neither `accepted` nor `rejected` follows.
+    /// The result of the second action, for which neither `accepted` nor `rejected` is emitted.
     static constexpr int secondAccepted = 2;
 
     AlertDialog(const AlertRequest& request, QWidget* parent);
 
     [[nodiscard]] Button* actionButton() const { return m_action; }
 
-    /// Null where there is one action only.
+    /// Null if there is only one action.
     [[nodiscard]] Button* secondActionButton() const { return m_secondAction; }
 
     [[nodiscard]] Button* cancelButton() const { return m_cancel; }

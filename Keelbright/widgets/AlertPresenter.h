@@ -7,37 +7,37 @@ class QWidget;
 
 namespace keelbright {
 
-/// A question with one action or two and a way out.
+/// A question with one or two actions and a button that cancels.
 struct AlertRequest
 {
     QString title;
     QString message;
-    QString action;             ///< what the confirming button says
-    QString cancel;             ///< what the other button says
+    QString action;             ///< the text of the confirming button
+    QString cancel;             ///< the text of the cancelling button
     bool isDestructive = false; ///< the actions take something away
-    /// Called on the main thread when the user takes the way out: the other button, Escape or
-    /// closing the question. Never after the action, and not where the question goes with its
-    /// parent. May be empty.
+    /// Called on the main thread when the user cancels with the button, with Escape or by closing the
+    /// question. Not called after an action, nor if the question is destroyed with its parent. May be
+    /// empty.
     std::function<void()> dismissed = {};
-    /// Another action, as much as the first; empty for none.
+    /// The text of the second action; empty for none.
     QString secondAction = {};
-    std::function<void()> secondConfirmed = {}; ///< called as `confirmed` is, for the second action
+    std::function<void()> secondConfirmed = {}; ///< called like `confirmed`, for the second action
 };
 
-/// Asks the user a question. Handed to the screens, so that a test can answer.
+/// Asks the user a question. An interface, so that a test can give the answer.
 class AlertPresenter
 {
 public:
     virtual ~AlertPresenter() = default;
     /// Shows the question over `parent` and returns at once. `confirmed` is called on the main
-    /// thread when the user presses the action, and never when he presses the other button or
-    /// Escape, closes the question, or `parent` goes.
+    /// thread when the user presses the action; it is not called if the user cancels or `parent` is
+    /// destroyed.
     virtual void present(QWidget* parent, const AlertRequest& request, std::function<void()> confirmed) = 0;
-    /// Other words for the question that is open over `parent`; nothing where none is.
+    /// Replaces the message of the question that is open over `parent`, if there is one.
     virtual void setMessage(QWidget* parent, const QString& message) = 0;
 };
 
-/// Asks with a dialog.
+/// Asks with an `AlertDialog`.
 class DialogAlertPresenter : public AlertPresenter
 {
 public:

@@ -15,7 +15,7 @@ class BarProgress;
 class ElidedLabel;
 class NumberLabel;
 
-/// A message to the user on a tint of its severity's colour.
+/// An alert on a tint of its severity's colour.
 class RiskAlertCard : public Banner
 {
     Q_OBJECT
@@ -25,8 +25,8 @@ public:
     [[nodiscard]] static Role color(RiskAlert::Severity severity);
 };
 
-/// A protected folder, as a row of a `RowList`: tile, name and path, and a button that removes it
-/// where there is something to call.
+/// A protected folder as a row of a `RowList`: tile, name, path and a button that calls `onRemove`.
+/// There is no button if `onRemove` is empty.
 class SourceRowCard : public RowWidget
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ public:
                            Role tile = Role::accent, QWidget* parent = nullptr);
 };
 
-/// A running backup in short: the file at hand, a bar with its percentage, and three numbers.
+/// The short form of a running backup: current file, a bar with its percentage and three numbers.
 class ProgressPanel : public Card
 {
     Q_OBJECT
@@ -45,7 +45,7 @@ public:
     explicit ProgressPanel(const BackupProgress& progress, QWidget* parent = nullptr);
 
     void setProgress(const BackupProgress& progress);
-    /// Files done over files expected, from 0 to 1; 0 while none are expected.
+    /// The finished files divided by the expected ones, from 0 to 1; 0 while none are expected.
     [[nodiscard]] static double fraction(const BackupProgress& progress);
 
 private:

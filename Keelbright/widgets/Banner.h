@@ -11,7 +11,7 @@ namespace keelbright {
 
 class Label;
 
-/// A panel tinted with a hue: a symbol, a title, and lines or whatever else below it.
+/// A panel tinted with a hue: a symbol, a title, and lines or other content below it.
 class Banner : public QWidget
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ public:
     /// Replaces the lines below the title.
     void setLines(const QStringList& lines);
 
-    /// Words below the title are in `mutedText`, which the tint leaves readable.
+    /// Texts added here should be in `mutedText`, which is readable on the tint.
     [[nodiscard]] QVBoxLayout* content() const { return m_content; }
 
 protected:

@@ -65,7 +65,7 @@ void Button::setCaption(const QString& text)
     setAccessibleName(m_caption);
     if (isSymbolAlone())
         setToolTip(toolTipText(m_caption));
-    else // A text of ours has no mnemonic; an ampersand in it is one.
+    else // Captions have no mnemonics, so an ampersand is a plain character.
         setText(QString(m_caption).replace(u'&', "&&"_L1));
     updateGeometry();
     update();
@@ -133,15 +133,15 @@ QString Button::shownCaption() const
 
 QSize Button::sizeHint() const
 {
-    const int least = m_isCompact ? Metrics::compactButtonHeight : Metrics::buttonHeight;
-    const int height = std::max(least, fontMetrics().height() + 8);
+    const int minimumHeight = m_isCompact ? Metrics::compactButtonHeight : Metrics::buttonHeight;
+    const int height = std::max(minimumHeight, fontMetrics().height() + 8);
     if (isSymbolAlone())
         return {height, height};
     return {fontMetrics().horizontalAdvance(m_caption) + pictureWidth() + arrowWidth() + 2 * padding(),
             height};
 }
 
-QColor Button::wordColor() const
+QColor Button::textColor() const
 {
     const Theme& theme = Theme::instance();
     if (!isEnabled())
@@ -170,7 +170,7 @@ void Button::paintGround(QPainter& painter) const
     }
     if (m_kind == Kind::link || !(isHovered || isDown()))
         return;
-    // On a fill the shade must not take away from the contrast of the words: it darkens in both.
+    // On a fill the shade is dark in both schemes, so that the text keeps its contrast.
     painter.setBrush(isFilled() ? QColor(0, 0, 0, isDown() ? 50 : 22)
                                 : theme.color(isDown() ? Role::pressed : Role::hover));
     painter.drawRoundedRect(ground, Metrics::buttonRadius, Metrics::buttonRadius);
@@ -179,9 +179,9 @@ void Button::paintGround(QPainter& painter) const
 void Button::paintContent(QPainter& painter) const
 {
     const Theme& theme = Theme::instance();
-    const QColor words = wordColor();
+    const QColor text = textColor();
     const bool isPlain = isFilled() || m_kind == Kind::link || !isEnabled();
-    QColor picture = words;
+    QColor picture = text;
     if (!isPlain) {
         picture = theme.color(m_hue);
         picture.setAlphaF(static_cast<float>(m_symbolOpacity));
@@ -203,13 +203,13 @@ void Button::paintContent(QPainter& painter) const
     QFont font = this->font();
     font.setUnderline(m_kind == Kind::link && isEnabled() && underMouse());
     painter.setFont(font);
-    painter.setPen(words);
+    painter.setPen(text);
     painter.drawText(QRect(x, 0, textWidth + 2, height()),
                      Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shown);
     if (arrowWidth() > 0)
         Symbol::paint(painter,
                       QRectF(x + textWidth + gap, (height() - arrowSize) / 2.0 + 0.5, arrowSize, arrowSize),
-                      u"chevron.down"_s, isPlain ? words : theme.color(Role::mutedText));
+                      u"chevron.down"_s, isPlain ? text : theme.color(Role::mutedText));
 }
 
 bool Button::event(QEvent* event)

@@ -7,17 +7,17 @@
 
 namespace keelbright {
 
-/// Something to press. Enter and Space press it while it has the focus.
+/// A button with a text, a symbol or both. Enter and Space press it while it has the focus.
 class Button : public QPushButton
 {
     Q_OBJECT
 
 public:
     enum class Kind {
-        primary,     ///< filled; one a screen
-        destructive, ///< filled in red, takes something away
-        bordered,    ///< the plain one
-        link,        ///< words in the accent colour, no frame
+        primary,     ///< filled; at most one on a screen
+        destructive, ///< filled in red, for removing something
+        bordered,    ///< a frame, no fill
+        link,        ///< text in the accent colour, no frame
         icon,        ///< a symbol alone in a frame
         plainIcon,   ///< a symbol alone, no frame until the pointer is on it
     };
@@ -28,8 +28,9 @@ public:
     [[nodiscard]] Kind kind() const { return m_kind; }
 
     void setKind(Kind kind);
-    /// The words, or for a symbol alone the tool tip and the name. Words that do not fit are cut
-    /// at the end, with the whole in a tool tip; give a button with a name in it a maximum width.
+    /// The text, or for a symbol alone the tool tip and the accessible name. A text that does not fit
+    /// is cut at the end and shown whole in a tool tip; give a button that shows a file's name a
+    /// maximum width.
     void setCaption(const QString& text);
 
     [[nodiscard]] QString caption() const { return m_caption; }
@@ -38,13 +39,13 @@ public:
 
     [[nodiscard]] QString symbol() const { return m_symbol; }
 
-    /// The hue of a primary button (accent by default), or that of the symbol of any other, which is
-    /// drawn at this opacity, 0 to 1.
+    /// The hue of a primary button (accent by default), or of the symbol of any other button, which
+    /// is drawn with `symbolOpacity` from 0 to 1.
     void setHue(Role hue, double symbolOpacity = 1);
     /// 24 high instead of 30, for a button within a row.
     void setCompact(bool isCompact);
 
-    /// A small arrow behind the words says that a menu opens.
+    /// Shows a small arrow after the text, as a sign that a menu opens.
     void setShowsArrow(bool shows);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -68,7 +69,7 @@ private:
     [[nodiscard]] int pictureWidth() const;
     [[nodiscard]] int arrowWidth() const;
     [[nodiscard]] QString shownCaption() const;
-    [[nodiscard]] QColor wordColor() const;
+    [[nodiscard]] QColor textColor() const;
     void applyFont();
     void paintGround(QPainter& painter) const;
     void paintContent(QPainter& painter) const;

@@ -72,7 +72,7 @@ RowList::RowList(QWidget* parent)
 void RowList::addRow(QWidget* row)
 {
     content()->addWidget(row);
-    // A layout shows what is new one turn of the event loop later, too late to take the focus.
+    // The layout would show the row one turn of the event loop later, too late to take the focus.
     if (!row->testAttribute(Qt::WA_WState_ExplicitShowHide))
         row->show();
 }
@@ -81,7 +81,7 @@ void RowList::clear()
 {
     while (QLayoutItem* item = content()->takeAt(0)) {
         if (QWidget* row = item->widget()) {
-            // The press that removes a row may still be under way in it.
+            // The click that removes the row may still be running in it.
             row->hide();
             row->setParent(nullptr);
             row->deleteLater();

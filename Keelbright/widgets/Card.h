@@ -23,7 +23,7 @@ public:
     /// Lays a gradient of the hue on the card, strong at the left; none by default.
     void setTint(Role hue);
 
-    /// Draws such a surface; for widgets that are cards by other means.
+    /// Draws the same surface for a widget that is not a `Card`.
     static void paintSurface(QPainter& painter, const QRectF& rect, const QColor& color);
 
 protected:
@@ -34,7 +34,7 @@ private:
     Role m_tint = Role::card;
 };
 
-/// A card of rows with a fine line above each but the first. The rows bring their own margins.
+/// A card of rows with a fine line above each row except the first. The rows have their own margins.
 class RowList : public Card
 {
     Q_OBJECT
@@ -42,7 +42,7 @@ class RowList : public Card
 public:
     explicit RowList(QWidget* parent = nullptr);
 
-    /// Takes the row over.
+    /// Takes ownership of the row.
     void addRow(QWidget* row);
     /// Destroys every row.
     void clear();

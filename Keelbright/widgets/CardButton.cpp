@@ -15,7 +15,7 @@ CardButton::CardButton(Frame frame, QWidget* parent)
 {
     setAttribute(Qt::WA_Hover);
     setCursor(Qt::PointingHandCursor);
-    // Labels take the colour that suits the ground of what they stand on, which is a card's here.
+    // With a button's role the labels in it would be drawn in the colour of button texts.
     setBackgroundRole(QPalette::Window);
     setFocusPolicy(Qt::StrongFocus);
     if (frame == Frame::card)

@@ -7,16 +7,16 @@
 
 namespace keelbright {
 
-/// A whole card or row that is one button: lay the content out in it as in any widget. The
-/// content lets the pointer through; give the button an accessible name that says all of it.
+/// A card or a row that is one button. Give it a layout with its content, which must not take clicks,
+/// and an accessible name that covers the whole content.
 class CardButton : public QAbstractButton
 {
     Q_OBJECT
 
 public:
     enum class Frame {
-        card, ///< a surface of its own, with a shadow
-        none, ///< part of a card: shows itself only under the pointer or with the focus
+        card, ///< its own surface with a shadow
+        none, ///< part of a card: visible only under the pointer or with the focus
     };
 
     explicit CardButton(Frame frame, QWidget* parent = nullptr);

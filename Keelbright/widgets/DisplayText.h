@@ -8,7 +8,7 @@ namespace keelbright {
 /// characters and line breaks become visible signs, and marks that turn the reading direction,
 /// which could make a program look like a picture, are dropped.
 [[nodiscard]] QString displayText(const QString& text);
-/// The same as a tool tip, which would otherwise take a name with angle brackets for markup.
+/// The same for a tool tip, which would otherwise read a name with angle brackets as markup.
 [[nodiscard]] QString toolTipText(const QString& text);
 
 } // namespace keelbright

@@ -39,8 +39,8 @@ QSize ElidedLabel::sizeHint() const
 
 QSize ElidedLabel::minimumSizeHint() const
 {
-    const int few = fontMetrics().averageCharWidth() * 6;
-    return {std::min(few, sizeHint().width()), sizeHint().height()};
+    const int sixCharacters = fontMetrics().averageCharWidth() * 6;
+    return {std::min(sixCharacters, sizeHint().width()), sizeHint().height()};
 }
 
 void ElidedLabel::paintEvent(QPaintEvent*)

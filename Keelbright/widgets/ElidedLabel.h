@@ -4,8 +4,8 @@
 
 namespace keelbright {
 
-/// One line that gives way: a text that does not fit is cut (names at the end, paths in the
-/// middle), and the tool tip then holds the whole. A screen reader always gets the whole.
+/// A label of one line. A text that does not fit is cut (names at the end, paths in the middle), and
+/// the tool tip then shows it whole. A screen reader always reads it whole.
 class ElidedLabel : public Label
 {
     Q_OBJECT
@@ -14,9 +14,9 @@ public:
     ElidedLabel(const QString& text, FontRole font, Role color, Qt::TextElideMode mode = Qt::ElideRight,
                 QWidget* parent = nullptr);
 
-    /// Takes a text from outside as it is; shows it by `displayText`.
+    /// `text` may come from outside: it is shown through `displayText`.
     void setFullText(const QString& text);
-    /// What stands on screen at the present width.
+    /// The text as it is drawn at the current width.
     [[nodiscard]] QString shownText() const;
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -37,7 +37,7 @@ EmptyStateView::EmptyStateView(const QString& title, const QString& message, con
     for (Label* label : {titleLabel, messageLabel}) {
         label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
         label->setMaximumWidth(readableWidth);
-        // As wide as people read, or as the place allows.
+        // The stretches beside the label grow only after it has its readable width.
         auto* line = new QHBoxLayout;
         line->addStretch(1);
         line->addWidget(label, 100'000);

@@ -16,7 +16,7 @@ public:
     EmptyStateView(const QString& title, const QString& message, const QString& icon,
                    QWidget* parent = nullptr);
 
-    /// Below the message; taken over.
+    /// Adds a widget below the message and takes ownership of it.
     void addAction(QWidget* action);
     using QWidget::addAction;
 

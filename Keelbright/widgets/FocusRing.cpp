@@ -15,7 +15,7 @@ void FocusRing::focusIn(const QFocusEvent& event)
     case Qt::ActiveWindowFocusReason:
     case Qt::PopupFocusReason:
     case Qt::MenuBarFocusReason:
-        // The focus comes back to where it was.
+        // The focus returns to the control that had it before.
         m_isVisible = m_wasVisible;
         break;
     default:

@@ -7,8 +7,8 @@ class QRectF;
 
 namespace keelbright {
 
-/// Whether a control shows that it has the focus: when the keyboard brought the focus or is being
-/// used, not after a click. A control holds one and tells it of its events.
+/// Decides whether a control shows its focus: after the keyboard gave it the focus or was used in it,
+/// not after a click. A control has one and passes its events on to it.
 class FocusRing
 {
 public:
@@ -21,8 +21,8 @@ public:
 
     [[nodiscard]] bool isVisible() const { return m_isVisible; }
 
-    /// Draws the ring just inside `rect`. On a filled control it is drawn in the colour of the
-    /// words there, since the accent would not show.
+    /// Draws the ring just inside `rect`. On a filled control it has the colour of the text, because
+    /// the accent colour would not be visible.
     static void paint(QPainter& painter, const QRectF& rect, double radius, bool isOnFill = false);
 
 private:

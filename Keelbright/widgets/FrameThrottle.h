@@ -6,8 +6,8 @@
 
 namespace keelbright {
 
-/// Turns any number of announcements into at most one redraw a frame (16 ms). The first comes
-/// with the next turn of the event loop, and the last announcement is never lost.
+/// Turns any number of requests into at most one redraw per frame (16 ms). The first redraw comes with
+/// the next turn of the event loop, and a redraw always follows the last request.
 class FrameThrottle : public QObject
 {
     Q_OBJECT
@@ -18,11 +18,11 @@ public:
     explicit FrameThrottle(QObject* parent = nullptr);
 
 public Q_SLOTS:
-    /// Connect what announces.
+    /// Asks for a redraw. To be connected to the signals of what is shown.
     void request();
 
 Q_SIGNALS:
-    /// Redraw now.
+    /// It is time to redraw.
     void frame();
 
 private:

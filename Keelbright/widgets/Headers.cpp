@@ -21,13 +21,13 @@ PageHeader::PageHeader(const QString& title, const QString& subtitle, QWidget* p
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(16);
-    auto* words = new QVBoxLayout;
-    words->setSpacing(3);
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(3);
     m_titleRow->setSpacing(10);
     m_titleRow->addWidget(m_title, 1);
-    words->addLayout(m_titleRow);
-    words->addWidget(m_subtitle);
-    layout->addLayout(words, 1);
+    texts->addLayout(m_titleRow);
+    texts->addWidget(m_subtitle);
+    layout->addLayout(texts, 1);
     m_actions->setSpacing(8);
     layout->addLayout(m_actions);
     layout->setAlignment(m_actions, Qt::AlignBottom);

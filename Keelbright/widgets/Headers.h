@@ -10,8 +10,8 @@ namespace keelbright {
 
 class Label;
 
-/// The head of a screen: its title, a line below, and its actions at the right. The words give
-/// way to the actions and break into lines.
+/// The header of a screen: its title, a line below it and its actions at the right. The texts wrap if
+/// the actions leave them too little room.
 class PageHeader : public QWidget
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ public:
     void setSubtitle(const QString& subtitle);
     /// A symbol before the title.
     void setSymbol(const QString& key, Role color);
-    /// Takes the widget over; the first one added stands leftmost.
+    /// Adds a widget at the right end and takes ownership of it.
     void addAction(QWidget* action);
     using QWidget::addAction;
 
@@ -35,18 +35,18 @@ private:
     QHBoxLayout* m_actions;
 };
 
-/// The head of a section of a page, with what belongs to it at the right.
+/// The header of a section of a page, with widgets at the right.
 class SectionHeader : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// No symbol where the key is empty.
+    /// No symbol if the key is empty.
     explicit SectionHeader(const QString& title, const QString& symbolKey = {}, Role color = Role::accent,
                            QWidget* parent = nullptr);
 
     void setTitle(const QString& title);
-    /// Takes the widget over.
+    /// Adds a widget at the right end and takes ownership of it.
     void addTrailing(QWidget* widget);
 
 private:

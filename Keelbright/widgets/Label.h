@@ -6,7 +6,7 @@
 
 namespace keelbright {
 
-/// Words in a font and a colour by role. Plain text always: what a file is called is never markup.
+/// A text in a font and a colour by role. Always plain text, because a file's name is no markup.
 class Label : public QLabel
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
 
     [[nodiscard]] Role colorRole() const { return m_color; }
 
-    /// Never wider than the label may be; layouts ask with the width of the whole line.
+    /// Limits `width` to the maximum width, because layouts ask with the width of the whole line.
     [[nodiscard]] int heightForWidth(int width) const override;
 
 private:
@@ -28,7 +28,7 @@ private:
     Role m_color;
 };
 
-/// A label that breaks into as many lines as it needs.
+/// A label that wraps into as many lines as it needs.
 [[nodiscard]] Label* makeWrappingLabel(const QString& text, FontRole font, Role color,
                                        QWidget* parent = nullptr);
 

@@ -31,8 +31,8 @@ MenuButton::MenuButton(Kind kind, const QString& text, const QString& symbolKey,
         });
         m_actions.append(action);
     }
-    // Not as the toolkit's own menu of a button: that one keeps who pressed it waiting until it is
-    // closed, a screen reader among them.
+    // Not with QPushButton::setMenu, which makes the press wait until the menu is closed and so blocks
+    // a screen reader.
     connect(this, &QPushButton::clicked, this,
             [this] { m_menu->popup(mapToGlobal(QPoint(0, height() + 2))); });
     connect(&Theme::instance(), &Theme::changed, this, &MenuButton::paintSymbols);

@@ -19,26 +19,25 @@ public:
     {
         QString text;
         QString symbol = {};
-        bool startsGroup = false; ///< a divider stands before it
+        bool startsGroup = false; ///< a separator comes before it
     };
 
-    /// As for `Button`; a button with words has a small arrow behind them.
+    /// As for `Button`; a text is followed by a small arrow.
     MenuButton(Kind kind, const QString& text, const QString& symbolKey, const QList<Choice>& choices,
                QWidget* parent = nullptr);
 
-    /// From now on the caption is that of the marked choice; a screen reader is told the name and
-    /// then the choice.
+    /// Makes the marked choice the caption. A screen reader reads `name` and then the choice.
     void setShowsChoice(const QString& name);
 
     [[nodiscard]] QMenu* choiceMenu() const { return m_menu; }
 
     [[nodiscard]] int currentIndex() const { return m_currentIndex; }
 
-    /// Without `chosen`.
+    /// Does not emit `chosen`.
     void setCurrentIndex(int index);
 
 Q_SIGNALS:
-    /// The user chose it, also the one that was marked already.
+    /// The user chose this item, which may have been marked already.
     void chosen(int index);
 
 private:

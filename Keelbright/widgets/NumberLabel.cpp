@@ -17,8 +17,8 @@ double digitWidth(const QFontMetricsF& metrics)
     return widest;
 }
 
-/// Calls `place` for each run that is drawn at once: a digit in its cell, or all between digits.
-/// Gives the width of the whole.
+/// Calls `place` with the position of each run: a digit in its cell, or the text between two digits.
+/// Gives the total width.
 double layOut(const QFont& font, const QString& text,
               const std::function<void(double, const QString&)>& place)
 {

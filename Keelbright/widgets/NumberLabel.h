@@ -6,8 +6,8 @@ class QFontMetricsF;
 
 namespace keelbright {
 
-/// Digits of one width, so that a number does not tremble while it counts and columns line up.
-/// (The font has such digits, but this toolkit version can't ask a font for a feature.)
+/// Draws all digits with the same width, so that a counting number does not jitter and columns line
+/// up. (The font has such digits, but this version of the toolkit can't select a font's features.)
 namespace TabularDigits {
 
 [[nodiscard]] double width(const QFont& font, const QString& text);

@@ -17,7 +17,7 @@ Page::Page(QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    // The arrows scroll from wherever the focus is; the page itself is no stop on the way.
+    // The arrow keys scroll wherever the focus is, so the page itself needs no Tab stop.
     setFocusPolicy(Qt::NoFocus);
     m_content->setContentsMargins(Metrics::pageMarginX, Metrics::pageMarginY, Metrics::pageMarginX,
                                   Metrics::pageMarginY);
@@ -28,7 +28,7 @@ Page::Page(QWidget* parent)
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
     row->addStretch(1);
-    // The column takes what there is, up to its maximum; only then do the sides grow.
+    // The sides grow only after the column has its maximum width.
     row->addWidget(m_column, 100000);
     row->addStretch(1);
     setMaximumContentWidth(Metrics::pageMaxWidth);

@@ -6,9 +6,8 @@ class QVBoxLayout;
 
 namespace keelbright {
 
-/// The scrolling ground of a screen: margins, a width that stays readable, sections below each
-/// other with the space between cards. Put the sections into `content()`; a stretch at the end
-/// keeps them at the top.
+/// The scrolling page of a screen, with margins, a readable maximum width and the spacing of cards.
+/// Put the sections into `content()`; a stretch at the end keeps them at the top.
 class Page : public QScrollArea
 {
     Q_OBJECT

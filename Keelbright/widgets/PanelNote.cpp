@@ -32,14 +32,14 @@ PanelNote::PanelNote(QWidget* picture, const QString& title, const QString& deta
     layout->addStretch(4);
     layout->addWidget(picture, 0, Qt::AlignHCenter);
     layout->addSpacing(8);
-    const auto addWords = [this, layout](const QString& text, FontRole font, Role role) {
+    const auto addText = [this, layout](const QString& text, FontRole font, Role role) {
         auto* label = makeWrappingLabel(text, font, role, this);
         label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
         layout->addWidget(label);
     };
-    addWords(title, FontRole::sectionTitle, Role::primaryText);
+    addText(title, FontRole::sectionTitle, Role::primaryText);
     if (!detail.isEmpty())
-        addWords(detail, FontRole::body, Role::secondaryText);
+        addText(detail, FontRole::body, Role::secondaryText);
     layout->addStretch(5);
 }
 

@@ -6,8 +6,8 @@ namespace keelbright {
 
 enum class Role;
 
-/// What a panel says where it has no list: a picture, a title and, where there is more to say, words
-/// below, centred. The title is announced to a screen reader when it comes up.
+/// The content of a panel without a list: a picture, a title and perhaps a detail, centred. Its title
+/// is announced to a screen reader when it appears.
 class PanelNote : public QWidget
 {
     Q_OBJECT
@@ -18,13 +18,13 @@ public:
               QWidget* parent = nullptr);
 
 protected:
-    /// Takes the picture over.
+    /// Takes ownership of the picture.
     PanelNote(QWidget* picture, const QString& title, const QString& detail, QWidget* parent);
 
     void showEvent(QShowEvent* event) override;
 };
 
-/// Something is under way: a spinner above what it is.
+/// A note for running work: a spinner above its title.
 class BusyState : public PanelNote
 {
     Q_OBJECT

@@ -18,7 +18,7 @@ namespace {
 constexpr int headerHeight = 66;
 constexpr int headerMargin = Metrics::panelPadding;
 constexpr int symbolSize = 20;
-constexpr int narrowestRight = 300;
+constexpr int minimumRightWidth = 300;
 
 } // namespace
 
@@ -36,13 +36,13 @@ PanelHeader::PanelHeader(const QString& title, const QString& subtitle, const QS
     m_layout->setSpacing(12);
     m_layout->addWidget(m_symbol);
     m_symbol->setVisible(!symbol.isEmpty());
-    auto* words = new QVBoxLayout;
-    words->setSpacing(1);
-    words->addStretch();
-    words->addWidget(m_title);
-    words->addWidget(m_subtitle);
-    words->addStretch();
-    m_layout->addLayout(words, 1);
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(1);
+    texts->addStretch();
+    texts->addWidget(m_title);
+    texts->addWidget(m_subtitle);
+    texts->addStretch();
+    m_layout->addLayout(texts, 1);
     m_subtitle->setVisible(!subtitle.isEmpty());
 }
 
@@ -90,10 +90,10 @@ QWidget* makeSplit(QWidget* left, QWidget* right, int leftWidth, QWidget* parent
     splitter->setHandleWidth(1);
     splitter->setChildrenCollapsible(false);
     left->setMinimumWidth(std::min(leftWidth, left->minimumWidth() > 0 ? left->minimumWidth() : leftWidth));
-    right->setMinimumWidth(narrowestRight);
+    right->setMinimumWidth(minimumRightWidth);
     splitter->addWidget(left);
     splitter->addWidget(right);
-    // The splitter has put each behind the one before; a screen reader goes by that order.
+    // A screen reader goes by the stacking order, which the splitter has reversed.
     left->lower();
     splitter->setStretchFactor(0, 0);
     splitter->setStretchFactor(1, 1);

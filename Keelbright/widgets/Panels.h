@@ -12,8 +12,8 @@ class Label;
 class SymbolLabel;
 enum class Role;
 
-/// The head of a side panel or of what it leads to: a symbol, a title, a line below it, and actions
-/// at the right.
+/// The header of a side panel or of the panel beside it: a symbol, a title, a line below it and
+/// actions at the right.
 class PanelHeader : public QWidget
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ public:
     void setTitle(const QString& title);
     void setSubtitle(const QString& subtitle);
     void setSymbol(const QString& key, Role color);
-    /// Takes the widget over; the first one added stands leftmost.
+    /// Adds a widget at the right end and takes ownership of it.
     void addTrailing(QWidget* widget);
 
 private:
@@ -36,7 +36,7 @@ private:
     QHBoxLayout* m_layout;
 };
 
-/// A ground in one colour that fills what it is given, such as a panel.
+/// A widget with a background in one colour, such as that of a panel.
 class Ground : public QWidget
 {
     Q_OBJECT
@@ -55,8 +55,8 @@ private:
     QVBoxLayout* m_content;
 };
 
-/// Two panels side by side with a line between them that can be drawn; the right one takes what is
-/// left. Takes both over.
+/// Two panels side by side with a line between them that the user can drag. The right one takes the
+/// remaining width. Takes ownership of both.
 [[nodiscard]] QWidget* makeSplit(QWidget* left, QWidget* right, int leftWidth, QWidget* parent = nullptr);
 
 } // namespace keelbright

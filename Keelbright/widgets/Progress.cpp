@@ -47,20 +47,20 @@ FractionBar::FractionBar(const QString& name, Role color, QWidget* parent)
 
 void FractionBar::setFraction(double fraction)
 {
-    const double cut = std::clamp(std::isnan(fraction) ? 0.0 : fraction, 0.0, 1.0);
-    setValue(static_cast<int>(cut * 100));
-    if (cut == m_fraction)
+    const double clamped = std::clamp(std::isnan(fraction) ? 0.0 : fraction, 0.0, 1.0);
+    setValue(static_cast<int>(clamped * 100));
+    if (clamped == m_fraction)
         return;
-    m_fraction = cut;
+    m_fraction = clamped;
     m_animation.stop();
     const int time = Theme::instance().duration(glideTime);
     if (time == 0 || !isVisible()) {
-        m_shown = cut;
+        m_shown = clamped;
         update();
         return;
     }
     m_animation.setStartValue(m_shown);
-    m_animation.setEndValue(cut);
+    m_animation.setEndValue(clamped);
     m_animation.start();
 }
 
@@ -104,12 +104,12 @@ RingProgress::RingProgress(const QString& name, int diameter, int thickness, Rol
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-void RingProgress::setCenter(const QString& number, const QString& caption, bool isCaptionColored)
+void RingProgress::setCenter(const QString& text, const QString& caption, bool isCaptionColored)
 {
-    m_number = number;
+    m_centerText = text;
     m_caption = caption;
     m_isCaptionColored = isCaptionColored;
-    setAccessibleDescription(caption.isEmpty() ? number : number + u' ' + caption);
+    setAccessibleDescription(caption.isEmpty() ? text : text + u' ' + caption);
     update();
 }
 
@@ -123,20 +123,20 @@ void RingProgress::paintEvent(QPaintEvent*)
     drawArc(painter, rect(), m_thickness, track, 0, 360);
     if (shownFraction() > 0)
         drawArc(painter, rect(), m_thickness, theme.color(colorRole()), 90, -360 * shownFraction());
-    if (m_number.isEmpty())
+    if (m_centerText.isEmpty())
         return;
-    const QFont numberFont = theme.font(FontRole::largeNumber);
+    const QFont textFont = theme.font(FontRole::largeNumber);
     QFont captionFont = theme.font(FontRole::secondary);
     captionFont.setWeight(QFont::DemiBold);
-    const double numberHeight = QFontMetricsF(numberFont).capHeight();
+    const double textHeight = QFontMetricsF(textFont).capHeight();
     const double captionHeight = m_caption.isEmpty() ? 0 : QFontMetricsF(captionFont).capHeight();
     const double between = m_caption.isEmpty() ? 0 : 11;
-    const double top = (height() - numberHeight - between - captionHeight) / 2;
+    const double top = (height() - textHeight - between - captionHeight) / 2;
     painter.setPen(theme.color(Role::primaryText));
-    TabularDigits::paint(painter, QRectF(0, top, width(), numberHeight), Qt::AlignHCenter, numberFont,
-                         m_number);
+    TabularDigits::paint(painter, QRectF(0, top, width(), textHeight), Qt::AlignHCenter, textFont,
+                         m_centerText);
     painter.setPen(theme.color(m_isCaptionColored ? textRole(colorRole()) : Role::mutedText));
-    TabularDigits::paint(painter, QRectF(0, top + numberHeight + between, width(), captionHeight),
+    TabularDigits::paint(painter, QRectF(0, top + textHeight + between, width(), captionHeight),
                          Qt::AlignHCenter, captionFont, m_caption);
 }
 

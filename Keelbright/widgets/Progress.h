@@ -8,14 +8,14 @@
 
 namespace keelbright {
 
-/// What bar and ring share: a fraction that is drawn exactly and told to a screen reader in whole
-/// percent. Changes glide over 0.3 seconds.
+/// The base of bar and ring: a fraction, drawn exactly and read by a screen reader in whole percent.
+/// Changes are animated over 0.3 seconds.
 class FractionBar : public QProgressBar
 {
     Q_OBJECT
 
 public:
-    /// From 0 to 1; what lies outside is cut.
+    /// From 0 to 1; other values are clamped.
     void setFraction(double fraction);
 
     [[nodiscard]] double fraction() const { return m_fraction; }
@@ -27,7 +27,7 @@ public:
 protected:
     FractionBar(const QString& name, Role color, QWidget* parent);
 
-    /// The fraction as it stands on screen at the moment.
+    /// The fraction that is drawn at the moment, which differs from `fraction` during the animation.
     [[nodiscard]] double shownFraction() const { return m_shown; }
 
 private:
@@ -43,7 +43,7 @@ class BarProgress : public FractionBar
     Q_OBJECT
 
 public:
-    /// `name` is told to a screen reader.
+    /// `name` is the accessible name.
     BarProgress(const QString& name, Role color = Role::accent, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override { return {160, 6}; }
@@ -60,12 +60,14 @@ class RingProgress : public FractionBar
     Q_OBJECT
 
 public:
+    /// `name` is the accessible name; diameter and thickness are in device-independent pixels.
     RingProgress(const QString& name, int diameter, int thickness, Role color = Role::accent,
                  QWidget* parent = nullptr);
-    /// The number in the centre and the caption below it, in the ring's colour or, muted, in grey.
-    void setCenter(const QString& number, const QString& caption, bool isCaptionColored = true);
 
-    [[nodiscard]] QString number() const { return m_number; }
+    /// Sets the text in the centre and the caption below it, which is in the ring's colour or in grey.
+    void setCenter(const QString& text, const QString& caption, bool isCaptionColored = true);
+
+    [[nodiscard]] QString centerText() const { return m_centerText; }
 
     [[nodiscard]] QString caption() const { return m_caption; }
 
@@ -79,18 +81,18 @@ protected:
 private:
     int m_diameter;
     int m_thickness;
-    QString m_number;
+    QString m_centerText;
     QString m_caption;
     bool m_isCaptionColored = true;
 };
 
-/// Turns while something of unknown length is under way; stands still where motion is reduced.
+/// A turning arc for work of unknown length. It does not turn if motion is reduced.
 class Spinner : public QProgressBar
 {
     Q_OBJECT
 
 public:
-    /// `name` is told to a screen reader.
+    /// `name` is the accessible name.
     explicit Spinner(const QString& name, int diameter = 20, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override { return {m_diameter, m_diameter}; }

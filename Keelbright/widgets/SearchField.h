@@ -4,14 +4,14 @@
 
 namespace keelbright {
 
-/// A field to search in: a lens, a way to clear it. Control and F goes to it from anywhere in the
-/// window, Escape clears it.
+/// A search field with a lens and a button that clears it. Control and F give it the focus from
+/// anywhere in the window, Escape clears it.
 class SearchField : public QLineEdit
 {
     Q_OBJECT
 
 public:
-    /// `prompt` stands in the empty field and is its accessible name.
+    /// `prompt` is shown in the empty field and is the accessible name.
     explicit SearchField(const QString& prompt, QWidget* parent = nullptr);
 
 protected:

@@ -13,7 +13,7 @@ namespace keelbright {
 namespace {
 
 constexpr int framePadding = 3;
-constexpr int wordPadding = 10;
+constexpr int textPadding = 10;
 
 } // namespace
 
@@ -32,13 +32,13 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override
     {
-        return {fontMetrics().horizontalAdvance(text()) + 2 * wordPadding,
+        return {fontMetrics().horizontalAdvance(text()) + 2 * textPadding,
                 Metrics::buttonHeight - 2 * framePadding};
     }
 
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
-    /// A click, of which `clicked` tells, is turning it on.
+    /// Whether a click is turning it on, which `clicked` announces as well.
     [[nodiscard]] bool isBeingClicked() const { return m_isBeingClicked; }
 
 protected:
@@ -109,9 +109,9 @@ SegmentedControl::SegmentedControl(const QString& name, const QStringList& choic
         m_segments.append(segment);
         const int index = static_cast<int>(i);
         connect(segment, &QRadioButton::clicked, this, [this, index] { Q_EMIT chosen(index); });
-        // A screen reader turns it on without a click.
+        // A screen reader turns a segment on without a click.
         connect(segment, &QRadioButton::toggled, this, [this, segment, index](bool isOn) {
-            if (isOn && !m_isFollowing && !segment->isBeingClicked())
+            if (isOn && !m_isSettingIndex && !segment->isBeingClicked())
                 Q_EMIT chosen(index);
         });
     }
@@ -131,10 +131,10 @@ int SegmentedControl::currentIndex() const
 
 void SegmentedControl::setCurrentIndex(int index)
 {
-    m_isFollowing = true;
+    m_isSettingIndex = true;
     m_segments.at(index)->setChecked(true);
-    m_isFollowing = false;
-    // One stop for Tab, and the right one: Qt sees to it only when a segment gets the focus.
+    m_isSettingIndex = false;
+    // Tab stops at the checked segment only. Qt ensures that only once a segment has had the focus.
     for (Segment* segment : std::as_const(m_segments))
         segment->setFocusPolicy(segment->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
 }

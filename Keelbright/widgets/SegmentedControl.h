@@ -7,8 +7,8 @@ namespace keelbright {
 
 class Segment;
 
-/// A choice of one of a few, side by side. Arrows move between them; a screen reader meets radio
-/// buttons.
+/// A choice between a few texts side by side. The arrow keys change it; to a screen reader the texts
+/// are radio buttons.
 class SegmentedControl : public QWidget
 {
     Q_OBJECT
@@ -17,11 +17,11 @@ public:
     SegmentedControl(const QString& name, const QStringList& choices, QWidget* parent = nullptr);
 
     [[nodiscard]] int currentIndex() const;
-    /// Without `chosen`.
+    /// Does not emit `chosen`.
     void setCurrentIndex(int index);
 
 Q_SIGNALS:
-    /// The user chose it, also the one that was chosen already.
+    /// The user chose this text, which may have been the current one already.
     void chosen(int index);
 
 protected:
@@ -29,7 +29,7 @@ protected:
 
 private:
     QList<Segment*> m_segments;
-    bool m_isFollowing = false;
+    bool m_isSettingIndex = false;
 };
 
 } // namespace keelbright

@@ -8,7 +8,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// Without an address the bus library would start a bus of its own, which takes its time.
+/// Without an address the bus library would start a new bus, which is slow.
 bool hasSessionBus()
 {
     return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||

@@ -4,8 +4,7 @@
 
 namespace keelbright {
 
-/// The desktop's session bus; a connection that is not connected where there is none to be reached.
-/// None is ever started.
+/// The desktop's session bus, or an unconnected connection if there is none. Never starts a bus.
 [[nodiscard]] QDBusConnection sessionBus();
 
 } // namespace keelbright

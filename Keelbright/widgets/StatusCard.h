@@ -4,10 +4,7 @@
 
 namespace keelbright {
 
-class NumberLabel;
-class SymbolLabel;
-
-/// One number: an icon in its colour, the value and what it is.
+/// A card with one number: an icon in its colour, the value and a title.
 class StatusCard : public Card
 {
     Q_OBJECT
@@ -15,15 +12,6 @@ class StatusCard : public Card
 public:
     StatusCard(const QString& title, const QString& value, const QString& icon, Role color,
                QWidget* parent = nullptr);
-
-    void setValue(const QString& value);
-    void setColorRole(Role color);
-    [[nodiscard]] QString value() const;
-
-private:
-    QString m_title;
-    SymbolLabel* m_icon;
-    NumberLabel* m_value;
 };
 
 } // namespace keelbright

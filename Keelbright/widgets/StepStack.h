@@ -5,8 +5,8 @@
 
 namespace keelbright {
 
-/// Pages that follow each other: the next one glides in from its side and fades in. Only the
-/// current page takes part in the keyboard's way and in what a screen reader meets.
+/// A sequence of pages: a new current page slides in from its side and fades in. Only the current
+/// page is reached by the keyboard and by screen readers.
 class StepStack : public QWidget
 {
     Q_OBJECT
@@ -14,9 +14,9 @@ class StepStack : public QWidget
 public:
     explicit StepStack(QWidget* parent = nullptr);
 
-    /// Takes the page over.
+    /// Takes ownership of the page.
     void addPage(QWidget* page);
-    /// Glides there, or is simply there where motion is reduced or nothing is on screen yet.
+    /// Shows the page, with an animation unless motion is reduced or the stack is not visible.
     void setCurrentIndex(int index);
 
     [[nodiscard]] int currentIndex() const { return m_current; }

@@ -7,13 +7,13 @@
 
 namespace keelbright {
 
-/// A symbol in a colour by role. Decoration: the words beside it tell a screen reader the same.
+/// A symbol in a colour by role. It is decoration: a screen reader reads the text beside it instead.
 class SymbolLabel : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// `size` is the side of the picture.
+    /// `size` is the side of the picture in device-independent pixels.
     SymbolLabel(QString key, int size, Role color, QWidget* parent = nullptr);
 
     void setKey(const QString& key);

@@ -32,7 +32,7 @@ void ToggleSwitch::slide(bool isOn)
 {
     m_animation.stop();
     const int time = Theme::instance().duration(slideTime);
-    // What is not on screen is simply there when it comes.
+    // Nobody would see the animation of a hidden switch.
     if (time == 0 || !isVisible()) {
         m_position = isOn ? 1 : 0;
         update();

@@ -7,21 +7,20 @@
 
 namespace keelbright {
 
-/// A switch for one thing that is on or off. Space or Enter flips it; a screen reader meets a
-/// check box.
+/// A switch that is on or off. Space or Enter toggles it; to a screen reader it is a check box.
 class ToggleSwitch : public QCheckBox
 {
     Q_OBJECT
 
 public:
-    /// `name` is told to a screen reader; nothing is written beside the switch.
+    /// `name` is the accessible name; no text is shown beside the switch.
     explicit ToggleSwitch(const QString& name, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override { return {38, 24}; }
 
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
-    /// How far the knob is, from 0 (off) to 1 (on).
+    /// The position of the knob, from 0 (off) to 1 (on).
     [[nodiscard]] double position() const { return m_position; }
 
 protected:

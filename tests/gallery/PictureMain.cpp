@@ -1,7 +1,7 @@
 // keelbright-screens FOLDER [BEGINNING...]: draws every screen in every state, in both schemes and at
-// the window's usual and smallest size, into pictures named SCREEN-STATE-SCHEME[-small][-2x].png;
-// only those whose names begin so, where beginnings are given. With QT_SCALE_FACTOR=2 it draws those
-// states that the list has for it.
+// the window's usual and smallest size, into pictures named SCREEN-STATE-SCHEME[-small][-2x].png. With
+// BEGINNINGs it draws only the states whose names begin with one of them. With QT_SCALE_FACTOR=2 it
+// draws only the states that the list marks for double scale.
 
 #include "Keelbright/widgets/theme/Theme.h"
 #include "tests/gallery/ScreenStates.h"
@@ -34,7 +34,7 @@ bool isWanted(const ScreenState& state, const QStringList& beginnings)
            });
 }
 
-/// Counts the pictures that could not be written.
+/// Gives the number of pictures that could not be written.
 int draw(const ScreenState& state, const QDir& folder)
 {
     Stage stage;
@@ -65,7 +65,7 @@ int draw(const ScreenState& state, const QDir& folder)
 
 int main(int argc, char** argv)
 {
-    // No display, and nothing of the user's own settings read or written.
+    // Without a display, and without reading or writing the user's own settings.
     const QTemporaryDir configuration;
     qputenv("XDG_CONFIG_HOME", configuration.path().toLocal8Bit());
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, configuration.path());

@@ -25,7 +25,7 @@ BackupProgress wellOnItsWay()
     return progress;
 }
 
-/// As the runner leaves the engine in the middle of a run.
+/// Brings the engine into the state that it has in the middle of a run.
 void run(Stage& stage, const BackupProgress& progress)
 {
     stage.state().engine().setIsRunning(true);

@@ -61,7 +61,7 @@ void log(Stage& stage, int secondsAgo, Kind kind, const QString& title, const QS
                                 .itemCount = 1});
 }
 
-/// What three weeks leave, the oldest first.
+/// The log of three weeks, the oldest entry first.
 void logThreeWeeks(Stage& stage)
 {
     const QString cleaned = u"Junk files moved to Trash"_s;

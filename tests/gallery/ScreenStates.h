@@ -9,21 +9,21 @@ namespace keelbright::testing {
 
 class Stage;
 
-/// One state that a screen can be in.
+/// One state of a screen.
 struct ScreenState
 {
     const char* screen; ///< the screen's name as part of a file's name
-    const char* name;   ///< the state's, likewise
+    const char* name;   ///< the state's name as part of a file's name
     /// Brings a fresh stage into the state.
     void (*play)(Stage& stage);
-    bool alsoAtDoubleScale = false; ///< drawn at twice the scale too
+    bool alsoAtDoubleScale = false; ///< drawn at double scale, too
 };
 
 /// Every screen of the program in every state, in the order of the sidebar. The pictures and the
 /// checks of all screens are made from this list: a new state is one line here.
 [[nodiscard]] QList<ScreenState> screenStates();
 
-/// The name of a file that no place has room for.
+/// The name of a file that is too long for every place.
 inline constexpr char longName[] =
     "A name so long that nobody would ever write it on the back of a photograph, not even Grandma in "
     "the summer of 1961 (final, corrected, second copy)";

@@ -137,11 +137,11 @@ void Stage::pick(const QString& choice)
     ADD_FAILURE() << "no choice " << choice.toStdString();
 }
 
-void Stage::write(const QString& name, const QString& words)
+void Stage::write(const QString& name, const QString& text)
 {
     for (auto* field : screen().findChildren<QLineEdit*>()) {
         if (field->accessibleName() == name && field->isVisible()) {
-            field->setText(words);
+            field->setText(text);
             turnFrames();
             return;
         }
@@ -151,12 +151,12 @@ void Stage::write(const QString& name, const QString& words)
 
 QStringList Stage::texts()
 {
-    QStringList words;
+    QStringList texts;
     for (const auto* label : screen().findChildren<QLabel*>()) {
         if (label->isVisible())
-            words.append(label->text());
+            texts.append(label->text());
     }
-    return words;
+    return texts;
 }
 
 void Stage::waitUntil(const std::function<bool()>& condition)
@@ -178,7 +178,7 @@ void Stage::settle()
 
 void Stage::turnFrames()
 {
-    // Longer than two frames, and what the state announces comes before.
+    // Longer than two frames, and after the queued signals of the state.
     QTest::qWait(40);
 }
 

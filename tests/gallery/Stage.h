@@ -18,14 +18,14 @@
 
 namespace keelbright::testing {
 
-/// A machine whose background work can be held, with disks of sizes that look the same on every
-/// computer.
+/// A machine whose background work can be held, with disks of fixed sizes, so that the pictures are the
+/// same on every computer.
 class StageFileManager : public HeldFileManager
 {
 public:
     using HeldFileManager::HeldFileManager;
 
-    /// A look that is held comes back through here.
+    /// Lets held work finish, because it still uses this file manager.
     ~StageFileManager() override { finish(); }
 
     StageFileManager(const StageFileManager&) = delete;
@@ -38,16 +38,16 @@ public:
     qint64 freeBytes = 141'300'000'000;
 };
 
-/// A machine on which it is ten in the morning of the day on which the stage plays: backups take their
-/// time from the computer, and the screens are to show them as of today.
+/// A machine on which it is ten in the morning of the real day: backups take their time from the
+/// computer, and the screens should show them as of today.
 class StageMac : public TestMac
 {
 public:
     StageMac() { setNow({QDateTime::currentDateTimeUtc().date(), QTime(9, 5, 7), Qt::UTC}); }
 };
 
-/// The real window on the machine of one Mira, brought into a state by what she would do: scans run
-/// on real files, backups copy them. Nothing moves by itself.
+/// The real window on the machine of a user called Mira, brought into a state by her actions: scans
+/// run on real files, backups copy them. Motion is reduced.
 class Stage
 {
 public:
@@ -56,33 +56,33 @@ public:
     Stage(const Stage&) = delete;
     Stage& operator=(const Stage&) = delete;
 
-    /// Starts the program; what the machine holds before is what it finds. Passes the onboarding.
+    /// Starts the program on the machine's present files, and passes the onboarding.
     void start();
-    /// Leaves the onboarding on screen.
+    /// Starts the program and stays at the onboarding.
     void startWithOnboarding();
-    /// `start`, where that has not been, and goes to the screen.
+    /// Shows the screen, after `start` if the program has not been started.
     void goTo(Screen screen);
 
     [[nodiscard]] AppState& state() { return *m_state; }
 
     [[nodiscard]] MainWindow& window() { return *m_window; }
 
-    /// What stands beside the sidebar; the onboarding where that is on screen.
+    /// The view beside the sidebar, or the onboarding while that is shown.
     [[nodiscard]] QWidget& screen();
 
     /// Presses the button of this accessible name on the screen.
     void press(const QString& name);
     /// Chooses the row with this title in the first list on the screen that has it.
     void choose(const QString& title);
-    /// Picks the choice with these words in the first menu on the screen that has it.
+    /// Picks the choice with this text in the first menu on the screen that has it.
     void pick(const QString& choice);
     /// Writes into the field of this accessible name.
-    void write(const QString& name, const QString& words);
-    /// The words of every label on the screen.
+    void write(const QString& name, const QString& text);
+    /// The texts of all labels on the screen.
     [[nodiscard]] QStringList texts();
-    /// Turns the event loop until the condition holds; a failure after 30 seconds.
+    /// Turns the event loop until the condition holds; fails after 30 seconds.
     void waitUntil(const std::function<bool()>& condition);
-    /// Lets everything that is at work end, and be drawn.
+    /// Waits until all background work has ended and is drawn.
     void settle();
     /// Lets a redraw happen.
     static void turnFrames();

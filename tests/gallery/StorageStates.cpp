@@ -14,14 +14,14 @@ namespace {
 constexpr qint64 megabyte = 1'000'000;
 constexpr qint64 gigabyte = 1'000 * megabyte;
 
-/// A file below the home that tells this size and takes no room.
+/// A sparse file below the home, which has this size but takes no space.
 void addFile(Stage& stage, const QString& path, qint64 bytes)
 {
     const FileURL file = stage.mac.writeFile("Users/mira/" + path.toUtf8(), {});
     std::filesystem::resize_file(file.nativePath().toStdString(), static_cast<std::uintmax_t>(bytes));
 }
 
-/// A home in which ten years have gathered.
+/// A home with the files of ten years.
 void addTenYears(Stage& stage)
 {
     addFile(stage, u"Photos/2021/originals.zip"_s, 184'300 * megabyte);

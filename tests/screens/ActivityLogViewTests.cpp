@@ -42,7 +42,7 @@ protected:
 
     [[nodiscard]] static RowListView& list(const QWidget& view) { return *view.findChild<RowListView*>(); }
 
-    /// Headers and titles as they stand below each other.
+    /// The headers and titles from top to bottom.
     [[nodiscard]] static QStringList rows(const QWidget& view)
     {
         const RowModel* model = list(view).rowModel();
@@ -54,7 +54,7 @@ protected:
 
     [[nodiscard]] static MenuButton& filter(const QWidget& view) { return *view.findChild<MenuButton*>(); }
 
-    /// The entries of the filter's menu; a divider is empty.
+    /// The entries of the filter's menu; a separator has no text.
     [[nodiscard]] static QList<QAction*> choices(const QWidget& view)
     {
         return filter(view).choiceMenu()->actions();
@@ -120,14 +120,14 @@ TEST_F(ActivityLogViewTests, oneActionIsSingular)
               u"2 actions · 5 MB freed total"_s);
 }
 
-TEST_F(ActivityLogViewTests, numbersBeyondAllBoundsStayWithinThem)
+TEST_F(ActivityLogViewTests, theSumOfHugeNumbersDoesNotOverflow)
 {
-    constexpr qint64 most = std::numeric_limits<qint64>::max();
-    constexpr qint64 least = std::numeric_limits<qint64>::min();
-    EXPECT_EQ(ActivityLogView::summaryLine({entry(Kind::clean, most), entry(Kind::clean, most)}),
-              ActivityLogView::summaryLine({entry(Kind::clean, most), entry(Kind::clean, 0)}));
-    EXPECT_EQ(ActivityLogView::summaryLine({entry(Kind::clean, least), entry(Kind::clean, least)}),
-              ActivityLogView::summaryLine({entry(Kind::clean, least), entry(Kind::clean, 0)}));
+    constexpr qint64 maximum = std::numeric_limits<qint64>::max();
+    constexpr qint64 minimum = std::numeric_limits<qint64>::min();
+    EXPECT_EQ(ActivityLogView::summaryLine({entry(Kind::clean, maximum), entry(Kind::clean, maximum)}),
+              ActivityLogView::summaryLine({entry(Kind::clean, maximum), entry(Kind::clean, 0)}));
+    EXPECT_EQ(ActivityLogView::summaryLine({entry(Kind::clean, minimum), entry(Kind::clean, minimum)}),
+              ActivityLogView::summaryLine({entry(Kind::clean, minimum), entry(Kind::clean, 0)}));
     EXPECT_EQ(ActivityLogView::summaryLine({entry(Kind::clean, 1'500'000), entry(Kind::clean, -500'000)}),
               u"2 actions · 1 MB freed total"_s);
 }
@@ -162,7 +162,7 @@ TEST_F(ActivityLogViewTests, theFilterShowsOneKindAndAllAgain)
     EXPECT_EQ(view.filterKind(), Kind::backup);
     EXPECT_EQ(rows(view), (QStringList{u"Today"_s, u"Saved"_s}));
     EXPECT_EQ(filter(view).caption(), u"Backup"_s);
-    // The line counts everything, whatever is shown.
+    // The line counts all entries, not only the shown ones.
     EXPECT_TRUE(textsIn(view).contains(u"2 actions · 2 MB freed total"_s));
     choose(view, u"All"_s);
     EXPECT_EQ(view.filterKind(), std::nullopt);
@@ -182,7 +182,7 @@ TEST_F(ActivityLogViewTests, theMenuFollowsTheFilter)
     EXPECT_TRUE(choices(view).first()->isChecked());
 }
 
-TEST_F(ActivityLogViewTests, theToolbarStandsInItsOrder)
+TEST_F(ActivityLogViewTests, theToolbarIsInOrder)
 {
     ActivityLogView view(context());
     show(view);
@@ -194,7 +194,7 @@ TEST_F(ActivityLogViewTests, theToolbarStandsInItsOrder)
     EXPECT_LT(left(*button(view, u"Export"_s)), left(*button(view, u"Clear activity log"_s)));
 }
 
-TEST_F(ActivityLogViewTests, aKindWithoutEntriesHasItsLine)
+TEST_F(ActivityLogViewTests, aKindWithoutEntriesShowsTheNoMatchLine)
 {
     activityStore.append(entry(Kind::backup));
     ActivityLogView view(context());
@@ -215,7 +215,7 @@ TEST_F(ActivityLogViewTests, withoutAnyEntryTheFilterChangesNothing)
     EXPECT_TRUE(textsIn(view).contains(u"No activity yet"_s));
 }
 
-TEST_F(ActivityLogViewTests, clearingEmptiesTheLogAtOnceAndAsksNothing)
+TEST_F(ActivityLogViewTests, clearingEmptiesTheLogAtOnceWithoutAQuestion)
 {
     activityStore.append(entry(Kind::backup));
     ActivityLogView view(context());
@@ -232,7 +232,7 @@ TEST_F(ActivityLogViewTests, clearingEmptiesTheLogAtOnceAndAsksNothing)
     EXPECT_EQ(saved(u"log.csv"_s), csvHeader);
 }
 
-TEST_F(ActivityLogViewTests, clearingGoesBeforeTheFilter)
+TEST_F(ActivityLogViewTests, aClearedLogShowsTheEmptyStateDespiteAFilter)
 {
     activityStore.append(entry(Kind::backup));
     ActivityLogView view(context());
@@ -242,7 +242,7 @@ TEST_F(ActivityLogViewTests, clearingGoesBeforeTheFilter)
     EXPECT_TRUE(textsIn(view).contains(u"No activity yet"_s));
 }
 
-TEST_F(ActivityLogViewTests, theExportAsksForAPlaceAndWritesAll)
+TEST_F(ActivityLogViewTests, theExportAsksForAFileAndWritesAllEntries)
 {
     activityStore.append(entry(Kind::backup, 0, u"Saved, at last"_s));
     activityStore.append(entry(Kind::clean));
@@ -261,7 +261,7 @@ TEST_F(ActivityLogViewTests, theExportAsksForAPlaceAndWritesAll)
                           "\n2026-03-02T09:05:07Z,Backup,Saved; at last,Explained,1,"_s);
 }
 
-TEST_F(ActivityLogViewTests, theExportHoldsWhatTheFileHolds)
+TEST_F(ActivityLogViewTests, theExportHoldsTheEntriesOnDisk)
 {
     ActivityLogView view(context());
     show(view);
@@ -295,7 +295,7 @@ TEST_F(ActivityLogViewTests, eachAppearanceReadsTheLogAgain)
     EXPECT_TRUE(list(view).isVisible());
 }
 
-TEST_F(ActivityLogViewTests, fiveHundredEntriesAreThereAtOnce)
+TEST_F(ActivityLogViewTests, fiveHundredEntriesAreShownAtOnce)
 {
     for (int i = 0; i < 500; ++i)
         activityStore.append(entry(Kind::clean));

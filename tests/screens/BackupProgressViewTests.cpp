@@ -41,7 +41,7 @@ TEST_F(BackupProgressViewTests, withoutARunOrAReportThereIsTheEmptyState)
     EXPECT_TRUE(shownSymbols(view).contains(u"arrow.clockwise.circle"_s));
 }
 
-TEST_F(BackupProgressViewTests, aRunThatCouldNotStartIsToldAboveTheEmptyState)
+TEST_F(BackupProgressViewTests, aRunThatCouldNotStartIsReportedAboveTheEmptyState)
 {
     AppState& app = makeState();
     BackupProgressView view(app, workspace);
@@ -58,7 +58,7 @@ TEST_F(BackupProgressViewTests, aRunThatCouldNotStartIsToldAboveTheEmptyState)
     EXPECT_EQ(textsIn(view), emptyTexts);
 }
 
-TEST_F(BackupProgressViewTests, aRunThatCouldNotStartIsToldAboveTheReportOfAnEarlierOne)
+TEST_F(BackupProgressViewTests, aRunThatCouldNotStartIsReportedAboveTheReportOfAnEarlierOne)
 {
     AppState& app = makeState(sampleReport());
     app.engine().setLastError(u"Could not create backup folders: No space."_s);
@@ -67,7 +67,7 @@ TEST_F(BackupProgressViewTests, aRunThatCouldNotStartIsToldAboveTheReportOfAnEar
     EXPECT_TRUE(textsIn(view).contains(u"Backup Complete"_s));
 }
 
-TEST_F(BackupProgressViewTests, aRealRunThatCannotStartTellsWhy)
+TEST_F(BackupProgressViewTests, aRealRunThatCannotStartShowsTheReason)
 {
     AppState& app = makeState();
     mac.writeFile("Volumes/Anchor/Keelbright", "a file in the way");
@@ -93,7 +93,7 @@ TEST_F(BackupProgressViewTests, showsTheRunningBackup)
     EXPECT_EQ(textsIn(view), (QStringList{u"Backing up to Anchor"_s, u"IMG_2041.heic"_s, u"Copied"_s, u"12"_s,
                                           u"Skipped"_s, u"3"_s, u"Size"_s, u"2.5 MB"_s}));
     auto* ring = view.findChild<RingProgress*>();
-    EXPECT_EQ(ring->number(), u"53%"_s);
+    EXPECT_EQ(ring->centerText(), u"53%"_s);
     EXPECT_EQ(ring->caption(), u"complete"_s);
     EXPECT_DOUBLE_EQ(ring->fraction(), 15.0 / 28.0);
     EXPECT_EQ(ring->colorRole(), Role::accent);
@@ -112,10 +112,10 @@ TEST_F(BackupProgressViewTests, beforeTheFirstFileItIsScanning)
     app.engine().setIsRunning(true);
     const BackupProgressView view(app, workspace);
     EXPECT_EQ(textsIn(view).mid(0, 2), (QStringList{u"Backing up to …"_s, u"Scanning files…"_s}));
-    EXPECT_EQ(view.findChild<RingProgress*>()->number(), u"0%"_s);
+    EXPECT_EQ(view.findChild<RingProgress*>()->centerText(), u"0%"_s);
 }
 
-TEST_F(BackupProgressViewTests, theRingStaysAtHundredPercentWhileTheRunGoesOn)
+TEST_F(BackupProgressViewTests, theRingStaysAtHundredPercentWhileTheRunContinues)
 {
     AppState& app = makeState();
     app.engine().setIsRunning(true);
@@ -123,7 +123,7 @@ TEST_F(BackupProgressViewTests, theRingStaysAtHundredPercentWhileTheRunGoesOn)
     progress.filesSkipped = 500;
     app.engine().setProgress(progress);
     const BackupProgressView view(app, workspace);
-    EXPECT_EQ(view.findChild<RingProgress*>()->number(), u"100%"_s);
+    EXPECT_EQ(view.findChild<RingProgress*>()->centerText(), u"100%"_s);
     EXPECT_EQ(view.findChild<RingProgress*>()->fraction(), 1.0);
     EXPECT_NE(view.findChild<BackupRunningPanel*>(), nullptr);
 }
@@ -137,7 +137,7 @@ TEST_F(BackupProgressViewTests, thePercentageIsCutAndNotRounded)
     progress.totalFilesEstimate = 2'000;
     app.engine().setProgress(progress);
     const BackupProgressView view(app, workspace);
-    EXPECT_EQ(view.findChild<RingProgress*>()->number(), u"99%"_s);
+    EXPECT_EQ(view.findChild<RingProgress*>()->centerText(), u"99%"_s);
 }
 
 TEST_F(BackupProgressViewTests, cancelAsksTheEngineToStop)
@@ -177,7 +177,7 @@ TEST_F(BackupProgressViewTests, showsABackupThatFinishedWithWarnings)
     EXPECT_TRUE(shownSymbols(view).contains(u"exclamationmark.triangle.fill"_s));
 }
 
-TEST_F(BackupProgressViewTests, theButtonsOfAFinishedBackupLeadOn)
+TEST_F(BackupProgressViewTests, theButtonsOfAFinishedBackupOpenFilesAndScreens)
 {
     BackupReport report = sampleReport();
     const FileURL folder = mac.makeFolder("Volumes/Anchor/Personal Files");
@@ -214,7 +214,7 @@ TEST_F(BackupProgressViewTests, followsARealBackupToItsEnd)
               QByteArray(500, 'b'));
 }
 
-TEST_F(BackupProgressViewTests, leavingTheScreenLeavesTheRunAlone)
+TEST_F(BackupProgressViewTests, leavingTheScreenDoesNotAffectTheRun)
 {
     for (int i = 0; i < 200; ++i)
         mac.writeFile("Users/mira/Documents/" + QByteArray::number(i), "x");
@@ -231,7 +231,7 @@ TEST_F(BackupProgressViewTests, leavingTheScreenLeavesTheRunAlone)
     EXPECT_TRUE(textsIn(again).contains(u"200"_s));
 }
 
-TEST_F(BackupProgressViewTests, theRingGlidesOverThreeTenthsOfASecond)
+TEST_F(BackupProgressViewTests, theRingIsAnimatedOverThreeTenthsOfASecond)
 {
     Theme::instance().setMotionReduced(false);
     AppState& app = makeState();
@@ -250,7 +250,7 @@ TEST_F(BackupProgressViewTests, theRingGlidesOverThreeTenthsOfASecond)
     EXPECT_NE(between, pictureOf(*ring));
 }
 
-TEST_F(BackupProgressViewTests, threeHundredThousandAnnouncementsAreDrawnOnceAFrame)
+TEST_F(BackupProgressViewTests, threeHundredThousandSignalsAreDrawnOncePerFrame)
 {
     AppState& app = makeState();
     app.engine().setIsRunning(true);

@@ -41,7 +41,7 @@ protected:
         return view.findChildren<PathRow*>().at(index);
     }
 
-    /// The titles and lines of the panel of what was skipped.
+    /// The title and the lines of the panel of skipped files.
     static QStringList panel(const QWidget& view)
     {
         const auto* banner = view.findChild<Banner*>();
@@ -61,7 +61,7 @@ TEST_F(BackupReportViewTests, withoutAReportThereIsTheEmptyState)
 TEST_F(BackupReportViewTests, showsWhenAndHowMuch)
 {
     const BackupReportView view(makeState(sampleReport()), workspace);
-    // Berlin is an hour ahead; a narrow no-break space stands before the half of the day.
+    // Berlin is an hour ahead of UTC; a narrow no-break space precedes AM.
     EXPECT_EQ(textsIn(view).mid(0, 2), (QStringList{u"Backup Report"_s, u"March 1, 2026 at 10:05\x202F"
                                                                         u"AM"_s}));
     EXPECT_EQ(cards(view), (QStringList{u"Files Copied: 1234"_s, u"Data Copied: 2.5 MB"_s,
@@ -101,7 +101,7 @@ TEST_F(BackupReportViewTests, listsTheSourceFoldersInOrder)
               (QStringList{u"Source Folders"_s, u"/Users/mira/Desktop"_s, u"/Users/mira/Documents"_s}));
 }
 
-TEST_F(BackupReportViewTests, thePlacesOpenAtAPress)
+TEST_F(BackupReportViewTests, aClickOnAPathRowOpensThePath)
 {
     BackupReport report = sampleReport();
     const FileURL mirror = mac.makeFolder("Volumes/Anchor/Keelbright/Mira/Latest/Personal Files");
@@ -122,7 +122,7 @@ TEST_F(BackupReportViewTests, thePlacesOpenAtAPress)
               (QStringList{mirror.path(), drive().path(), mirror.deletingLastPathComponent().path()}));
 }
 
-TEST_F(BackupReportViewTests, aPlaceThatIsGoneLeadsSomewhereNear)
+TEST_F(BackupReportViewTests, aMissingPathOpensItsParentFolder)
 {
     BackupReport report = sampleReport();
     report.personalFilesPath = drive().path() + u"/Personal Files"_s;
@@ -132,7 +132,7 @@ TEST_F(BackupReportViewTests, aPlaceThatIsGoneLeadsSomewhereNear)
     EXPECT_EQ(workspace.opened, QStringList{drive().path()});
 }
 
-TEST_F(BackupReportViewTests, aPathCanBeCopiedAndAClickOnItOpensThePlace)
+TEST_F(BackupReportViewTests, aPathCanBeCopiedAndAClickOnItOpensIt)
 {
     BackupReportView view(makeState(sampleReport()), workspace);
     show(view);
@@ -150,7 +150,7 @@ TEST_F(BackupReportViewTests, aPathCanBeCopiedAndAClickOnItOpensThePlace)
     EXPECT_EQ(QApplication::clipboard()->text(), u"/Volumes/Anchor"_s);
 }
 
-TEST_F(BackupReportViewTests, aLongPathIsCutInTheMiddleAndReadableWhole)
+TEST_F(BackupReportViewTests, aLongPathIsCutInTheMiddleAndWholeInItsToolTip)
 {
     BackupReport report = sampleReport();
     report.destinationPath = u"/Volumes/"_s + QString(300, u'a') + u"/end"_s;
@@ -184,11 +184,11 @@ TEST_F(BackupReportViewTests, thirtyErrorsAreAllShown)
     EXPECT_EQ(panel(view).size(), 31);
     EXPECT_EQ(panel(view).first(), u"Skipped Files (30)"_s);
     EXPECT_EQ(panel(view).last(), u"Skip 30"_s);
-    // The card counts what was skipped, the panel its lines.
+    // The card shows the number of skipped files, the panel that of its lines.
     EXPECT_TRUE(cards(view).contains(u"Skipped: 5"_s));
 }
 
-TEST_F(BackupReportViewTests, ofThirtyOneErrorsTheLastIsCounted)
+TEST_F(BackupReportViewTests, theThirtyFirstErrorIsOnlyCounted)
 {
     const BackupReportView view(makeState(reportWithErrors(31)), workspace);
     EXPECT_EQ(panel(view).size(), 32);
@@ -211,7 +211,7 @@ TEST_F(BackupReportViewTests, aFinishedRunReplacesTheContentAtOnce)
     show(view);
     BackupReport report = sampleReport();
     report.filesCopied = 77;
-    // The engine's report stands in until the state has taken it over.
+    // The engine's report is shown until the state has one.
     app.engine().setLastReport(report);
     turnFrame();
     EXPECT_TRUE(cards(view).contains(u"Files Copied: 77"_s));
@@ -224,7 +224,7 @@ TEST_F(BackupReportViewTests, aFinishedRunReplacesTheContentAtOnce)
     EXPECT_EQ(cards(view).size(), 4);
 }
 
-TEST_F(BackupReportViewTests, theStatesReportGoesBeforeTheEngines)
+TEST_F(BackupReportViewTests, theReportOfTheStateIsPreferredToThatOfTheEngine)
 {
     AppState& app = makeState(sampleReport());
     BackupReport other = sampleReport();
@@ -235,7 +235,7 @@ TEST_F(BackupReportViewTests, theStatesReportGoesBeforeTheEngines)
     EXPECT_EQ(cards(view).first(), u"Files Copied: 1234"_s);
 }
 
-TEST_F(BackupReportViewTests, inANarrowWindowTheCardsStandInTwoRows)
+TEST_F(BackupReportViewTests, aNarrowWindowShowsTheCardsInTwoRows)
 {
     BackupReport report = sampleReport();
     report.filesCopied = 123'456'789;

@@ -24,20 +24,20 @@ namespace {
 class DashboardViewTests : public ScreenTestCase
 {
 protected:
-    /// By the clock of the machine, which stands in Berlin in winter.
+    /// Sets the clock of the machine, which is in Berlin in winter.
     void setLocalTime(int hour, int minute)
     {
         mac.setNow(QDateTime(QDate(2026, 3, 2), QTime(hour, minute), Qt::LocalTime).toUTC());
     }
 
-    /// The texts shown in the first such part of the screen; none where it is hidden.
+    /// The texts of the first part of this class; none if it is hidden.
     template <typename Part> [[nodiscard]] static QStringList textsOf(const DashboardView& view)
     {
         const Part* part = view.findChild<Part*>();
         return part->isVisibleTo(&view) ? textsIn(*part) : QStringList();
     }
 
-    /// The left top corner of the first such part, from that of the page.
+    /// The top left corner of the first part of this class, relative to the page.
     template <typename Part> [[nodiscard]] static QPoint placeOf(const DashboardView& view)
     {
         return view.findChild<Part*>()->mapTo(&view, QPoint());
@@ -72,7 +72,7 @@ TEST_F(DashboardViewTests, greetsByTheLocalHour)
     }
 }
 
-TEST_F(DashboardViewTests, greetsAnewWhenItAppearsAgain)
+TEST_F(DashboardViewTests, updatesTheGreetingWhenItAppearsAgain)
 {
     setLocalTime(11, 59);
     DashboardView view(makeState());
@@ -84,7 +84,7 @@ TEST_F(DashboardViewTests, greetsAnewWhenItAppearsAgain)
     EXPECT_EQ(textsIn(view).first(), u"Good afternoon."_s);
 }
 
-TEST_F(DashboardViewTests, beforeAnythingIsKnownThereAreHeadAndInsights)
+TEST_F(DashboardViewTests, withoutAnyDataThereAreOnlyHeaderAndInsights)
 {
     const DashboardView view(makeState());
     EXPECT_EQ(textsIn(view),
@@ -96,7 +96,7 @@ TEST_F(DashboardViewTests, beforeAnythingIsKnownThereAreHeadAndInsights)
     EXPECT_EQ(button(view, u"Quick Clean"_s)->toolTip(), u"Clean safe junk items with one tap"_s);
 }
 
-TEST_F(DashboardViewTests, thePartsStandInOneOrderFromTopToBottom)
+TEST_F(DashboardViewTests, thePartsAreInOrderFromTopToBottom)
 {
     AppState& app = makeState(sampleReport());
     app.setSelectedDestination(driveDestination());
@@ -112,7 +112,7 @@ TEST_F(DashboardViewTests, thePartsStandInOneOrderFromTopToBottom)
         EXPECT_LT(tops.at(i - 1), tops.at(i)) << "part " << i;
 }
 
-TEST_F(DashboardViewTests, theInsightsStandInTheirOrder)
+TEST_F(DashboardViewTests, theInsightsAreInOrder)
 {
     const DashboardView view(makeState());
     QStringList titles;
@@ -127,7 +127,7 @@ TEST_F(DashboardViewTests, theInsightsStandInTheirOrder)
                                     u"trash.fill"_s, u"app.badge.checkmark"_s}));
 }
 
-TEST_F(DashboardViewTests, theSymbolOfTheLastBackupHasTheColourOfItsEnd)
+TEST_F(DashboardViewTests, theSymbolOfTheLastBackupHasTheColourOfItsResult)
 {
     const auto colorOf = [this](const BackupReport& report, const QString& key) {
         AppState& app = makeState(report);
@@ -145,7 +145,7 @@ TEST_F(DashboardViewTests, theSymbolOfTheLastBackupHasTheColourOfItsEnd)
     EXPECT_EQ(colorOf(report, u"exclamationmark.circle.fill"_s), Role::orange);
 }
 
-TEST_F(DashboardViewTests, theMainButtonAndThePanelFollowTheEngineByThemselves)
+TEST_F(DashboardViewTests, theMainButtonAndThePanelFollowTheEngine)
 {
     AppState& app = makeState();
     DashboardView view(app);
@@ -161,7 +161,7 @@ TEST_F(DashboardViewTests, theMainButtonAndThePanelFollowTheEngineByThemselves)
     EXPECT_EQ(app.selectedScreen(), Screen::dashboard);
 }
 
-TEST_F(DashboardViewTests, quickCleanOnlyLeadsToTheJunkCleaner)
+TEST_F(DashboardViewTests, quickCleanOnlyOpensTheJunkCleaner)
 {
     AppState& app = makeState();
     const DashboardView view(app);
@@ -182,7 +182,7 @@ TEST_F(DashboardViewTests, backupNowWithoutADestinationRaisesAnAlert)
                            u"Go to Settings and choose a backup destination first."_s}));
 }
 
-TEST_F(DashboardViewTests, backupNowLeadsToThePreflightScreen)
+TEST_F(DashboardViewTests, backupNowOpensThePreflightScreen)
 {
     AppState& app = makeState();
     app.setSelectedDestination(driveDestination());
@@ -191,7 +191,7 @@ TEST_F(DashboardViewTests, backupNowLeadsToThePreflightScreen)
     EXPECT_EQ(app.selectedScreen(), Screen::preflight);
 }
 
-TEST_F(DashboardViewTests, showsAlertsInOrderAndTakesThemAway)
+TEST_F(DashboardViewTests, showsAlertsInOrderAndRemovesThem)
 {
     AppState& app = makeState();
     DashboardView view(app);
@@ -238,7 +238,7 @@ TEST_F(DashboardViewTests, followsAChangeOfTheDestination)
     EXPECT_FALSE(textsIn(view).contains(u"Protected Folders"_s));
 }
 
-TEST_F(DashboardViewTests, countsTheFoldersBeyondTheThird)
+TEST_F(DashboardViewTests, countsTheFoldersAfterTheThird)
 {
     AppState& app = makeState();
     app.setSelectedDestination(driveDestination());
@@ -258,7 +258,7 @@ TEST_F(DashboardViewTests, countsTheFoldersBeyondTheThird)
     EXPECT_EQ(textsIn(view).filter(u"more folders"_s), QStringList());
 }
 
-TEST_F(DashboardViewTests, tellsThatTheLastBackupWentWell)
+TEST_F(DashboardViewTests, showsThatTheLastBackupSucceeded)
 {
     AppState& app = makeState(sampleReport());
     app.setSelectedDestination(driveDestination());
@@ -270,7 +270,7 @@ TEST_F(DashboardViewTests, tellsThatTheLastBackupWentWell)
     EXPECT_EQ(app.selectedScreen(), Screen::backupReport);
 }
 
-TEST_F(DashboardViewTests, tellsThatTheLastBackupHadWarnings)
+TEST_F(DashboardViewTests, showsThatTheLastBackupHadWarnings)
 {
     BackupReport report = sampleReport();
     report.errors = {u"Skip a"_s};
@@ -281,7 +281,7 @@ TEST_F(DashboardViewTests, tellsThatTheLastBackupHadWarnings)
     EXPECT_TRUE(shownSymbols(view).contains(u"exclamationmark.circle.fill"_s));
 }
 
-TEST_F(DashboardViewTests, aRunningBackupShowsItsPanelAndTheWayToCancelIt)
+TEST_F(DashboardViewTests, aRunningBackupShowsItsPanelAndTheCancelButton)
 {
     AppState& app = makeState();
     DashboardView view(app);
@@ -310,7 +310,7 @@ TEST_F(DashboardViewTests, aRunningBackupShowsItsPanelAndTheWayToCancelIt)
     EXPECT_EQ(view.accessibleName(), u"Backup ended"_s);
 }
 
-TEST_F(DashboardViewTests, thePanelSlidesInAndOutWhereMotionIsWelcome)
+TEST_F(DashboardViewTests, thePanelSlidesInAndOutUnlessMotionIsReduced)
 {
     Theme::instance().setMotionReduced(false);
     AppState& app = makeState();
@@ -327,7 +327,7 @@ TEST_F(DashboardViewTests, thePanelSlidesInAndOutWhereMotionIsWelcome)
     turnUntil([&] { return !panel->isVisible(); });
 }
 
-TEST_F(DashboardViewTests, whatHasNotChangedKeepsItsWidgets)
+TEST_F(DashboardViewTests, unchangedPartsKeepTheirWidgets)
 {
     AppState& app = makeState();
     app.setSelectedDestination(driveDestination());
@@ -345,7 +345,7 @@ TEST_F(DashboardViewTests, whatHasNotChangedKeepsItsWidgets)
     EXPECT_EQ(view.findChildren<RiskAlertCard*>(), alertCards);
 }
 
-TEST_F(DashboardViewTests, threeHundredThousandAnnouncementsAreDrawnOnceAFrame)
+TEST_F(DashboardViewTests, threeHundredThousandSignalsAreDrawnOncePerFrame)
 {
     AppState& app = makeState();
     DashboardView view(app);
@@ -358,7 +358,7 @@ TEST_F(DashboardViewTests, threeHundredThousandAnnouncementsAreDrawnOnceAFrame)
     timer.start();
     for (int i = 0; i < 100'000; ++i)
         app.engine().incrementCopied(1, u"a"_s);
-    // Nothing was drawn in this turn of the event loop, whatever the number of announcements.
+    // Nothing was drawn in this turn of the event loop, however many signals there were.
     EXPECT_EQ(bar->fraction(), 0);
     const qint64 announced = timer.elapsed();
     RecordProperty("milliseconds", static_cast<int>(announced));
@@ -367,7 +367,7 @@ TEST_F(DashboardViewTests, threeHundredThousandAnnouncementsAreDrawnOnceAFrame)
     EXPECT_TRUE(textsIn(view).contains(u"100%"_s));
 }
 
-TEST_F(DashboardViewTests, aHiddenDashboardLooksAtNothing)
+TEST_F(DashboardViewTests, aHiddenDashboardRefreshesNothing)
 {
     AppState& app = makeState();
     const DashboardView view(app);
@@ -378,7 +378,7 @@ TEST_F(DashboardViewTests, aHiddenDashboardLooksAtNothing)
     EXPECT_EQ(textsOf<HealthCard>(view), QStringList());
 }
 
-TEST_F(DashboardViewTests, eachAppearanceGradesTheMachineAnew)
+TEST_F(DashboardViewTests, eachAppearanceRefreshesTheHealthScore)
 {
     AppState& app = makeState();
     DashboardView view(app);
@@ -391,7 +391,7 @@ TEST_F(DashboardViewTests, eachAppearanceGradesTheMachineAnew)
     turnUntil([&] { return scores.count() == 2 && scans.count() == 4; });
 }
 
-TEST_F(DashboardViewTests, applicationsThatAreKnownAreNotScannedAgain)
+TEST_F(DashboardViewTests, knownApplicationsAreNotScannedAgain)
 {
     AppState& app = makeState();
     app.setScannedApps({AppInfo(AppFacts{.name = u"Editor"_s}, app.now())});
@@ -403,7 +403,7 @@ TEST_F(DashboardViewTests, applicationsThatAreKnownAreNotScannedAgain)
     EXPECT_EQ(card(view, u"Apps"_s)->insight().value, u"1 apps"_s);
 }
 
-TEST_F(DashboardViewTests, aWindowThatComesBackLooksAtNothing)
+TEST_F(DashboardViewTests, aRestoredWindowRefreshesNothing)
 {
     AppState& app = makeState();
     DashboardView view(app);
@@ -415,7 +415,7 @@ TEST_F(DashboardViewTests, aWindowThatComesBackLooksAtNothing)
     EXPECT_EQ(app.healthScore(), std::nullopt);
 }
 
-TEST_F(DashboardViewTests, showsTheScoreWhenItIsThere)
+TEST_F(DashboardViewTests, showsTheScoreOnceItIsComputed)
 {
     AppState& app = makeState();
     DashboardView view(app);
@@ -444,7 +444,7 @@ TEST_F(DashboardViewTests, recalculatesTheScoreOnDemand)
     turnUntil([&] { return scores.count() == 1; });
 }
 
-TEST_F(DashboardViewTests, eachInsightLeadsToItsScreen)
+TEST_F(DashboardViewTests, eachInsightOpensItsScreen)
 {
     AppState& app = makeState();
     const DashboardView view(app);
@@ -461,7 +461,7 @@ TEST_F(DashboardViewTests, eachInsightLeadsToItsScreen)
     EXPECT_EQ(shownSymbols(view).count(u"chevron.right"_s), 4);
 }
 
-TEST_F(DashboardViewTests, tellsHowOldTheLastBackupIs)
+TEST_F(DashboardViewTests, showsTheAgeOfTheLastBackup)
 {
     AppState& app = makeState(sampleReport());
     mac.setNow(sampleReport().completedAt.addDays(3));
@@ -474,7 +474,7 @@ TEST_F(DashboardViewTests, tellsHowOldTheLastBackupIs)
     EXPECT_EQ(lastBackup->accessibleName(), u"Last Backup: 3 days ago, Tap to view report"_s);
 }
 
-TEST_F(DashboardViewTests, tellsWhetherApplicationsAreBeingScanned)
+TEST_F(DashboardViewTests, showsWhetherApplicationsAreBeingScanned)
 {
     AppState& app = makeState();
     const DashboardView view(app);

@@ -131,7 +131,7 @@ TEST_F(NewMacRecoveryViewTests, marksTheDotfilesThatArePresent)
     EXPECT_EQ(marks.at(1)->colorRole(), Role::green);
 }
 
-TEST_F(NewMacRecoveryViewTests, withoutDotfilesTheHeadingStandsAlone)
+TEST_F(NewMacRecoveryViewTests, withoutDotfilesThereIsOnlyTheHeading)
 {
     BackupManifest bare = manifest();
     bare.dotfilesPresent.clear();

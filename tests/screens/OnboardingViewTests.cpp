@@ -144,7 +144,7 @@ TEST_F(OnboardingViewTest, pressingBackByKeyboardLeavesTheFocusOnTheMainButton)
     EXPECT_EQ(view.focusWidget(), buttonIn(view, u"Continue"_s));
 }
 
-TEST_F(OnboardingViewTest, aVeryLongDestinationNameIsCutAndToldWhole)
+TEST_F(OnboardingViewTest, aVeryLongDestinationNameIsCutAndIsTheWholeAccessibleName)
 {
     press(u"Continue"_s);
     const QString name(250, u'm');

@@ -19,8 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The test's machine with as much room on the drive as the test wants, and a drive that can keep
-/// the checks waiting.
+/// The test's machine with a given free space on the drive, which can also keep the checks waiting.
 class DriveFileManager : public SandboxFileManager
 {
 public:
@@ -44,7 +43,7 @@ class PreflightSummaryViewTests : public ScreenTestCase
 protected:
     ~PreflightSummaryViewTests() override
     {
-        // The checks that a test left behind still use its machine.
+        // Checks that are still running use the machine of the test.
         EXPECT_TRUE(QTest::qWaitFor([] { return TaskPools::userInitiated().activeThreadCount() == 0; }));
     }
 
@@ -76,7 +75,7 @@ protected:
 
 } // namespace
 
-TEST_F(PreflightSummaryViewTests, saysThatItIsAtWorkUntilTheResultIsThere)
+TEST_F(PreflightSummaryViewTests, showsThatItAnalysesUntilTheResultIsThere)
 {
     files.isSlow = true;
     PreflightSummaryView view(makeReadyState());
@@ -93,7 +92,7 @@ TEST_F(PreflightSummaryViewTests, saysThatItIsAtWorkUntilTheResultIsThere)
     EXPECT_TRUE(accessibleNames(view).contains(u"Backup Estimate"_s));
 }
 
-TEST_F(PreflightSummaryViewTests, showsTheEstimateAndOffersTheStart)
+TEST_F(PreflightSummaryViewTests, showsTheEstimateAndEnablesTheStart)
 {
     AppState& app = makeReadyState();
     PreflightSummaryView view(app);
@@ -109,7 +108,7 @@ TEST_F(PreflightSummaryViewTests, showsTheEstimateAndOffersTheStart)
     EXPECT_TRUE(button(view, u"Confirm & Start"_s)->isEnabled());
 }
 
-TEST_F(PreflightSummaryViewTests, cancelLeadsBackToTheDashboard)
+TEST_F(PreflightSummaryViewTests, cancelReturnsToTheDashboard)
 {
     AppState& app = makeReadyState();
     app.setSelectedScreen(Screen::preflight);
@@ -120,7 +119,7 @@ TEST_F(PreflightSummaryViewTests, cancelLeadsBackToTheDashboard)
     EXPECT_FALSE(app.engine().isRunning());
 }
 
-TEST_F(PreflightSummaryViewTests, confirmStartsTheRunAndThenMovesOn)
+TEST_F(PreflightSummaryViewTests, confirmStartsTheRunAndThenShowsItsProgress)
 {
     AppState& app = makeReadyState();
     PreflightSummaryView view(app);
@@ -192,7 +191,7 @@ TEST_F(PreflightSummaryViewTests, warningsAloneLeaveTheStartEnabled)
     EXPECT_TRUE(button(view, u"Confirm & Start"_s)->isEnabled());
 }
 
-TEST_F(PreflightSummaryViewTests, manyWarningsScrollAndLeaveTheWayOnInSight)
+TEST_F(PreflightSummaryViewTests, manyWarningsScrollAndTheButtonsStayVisible)
 {
     AppState& app = makeReadyState();
     for (int i = 0; i < 200; ++i)

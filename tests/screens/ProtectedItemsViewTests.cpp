@@ -73,7 +73,7 @@ TEST_F(ProtectedItemsViewTests, showsTheRecommendedFoldersInOrder)
     EXPECT_TRUE(symbols.contains(u"photo.stack.fill"_s));
 }
 
-TEST_F(ProtectedItemsViewTests, aSwitchWritesStraightIntoTheState)
+TEST_F(ProtectedItemsViewTests, aSwitchChangesTheStateAtOnce)
 {
     AppState& app = makeState();
     ProtectedItemsView view(app, alerts);
@@ -87,7 +87,7 @@ TEST_F(ProtectedItemsViewTests, aSwitchWritesStraightIntoTheState)
     EXPECT_EQ(enabledNames(app), (QStringList{u"Documents"_s, u"Pictures"_s, u"Music"_s}));
 }
 
-TEST_F(ProtectedItemsViewTests, theTileTellsWhetherAFolderIsProtected)
+TEST_F(ProtectedItemsViewTests, theTileShowsWhetherAFolderIsProtected)
 {
     AppState& app = makeState();
     ProtectedItemsView view(app, alerts);
@@ -99,7 +99,7 @@ TEST_F(ProtectedItemsViewTests, theTileTellsWhetherAFolderIsProtected)
     EXPECT_EQ(row->findChild<Tile*>()->colorRole(), Role::secondaryText);
 }
 
-TEST_F(ProtectedItemsViewTests, theSwitchAndTheTileMoveWhereMotionIsWelcome)
+TEST_F(ProtectedItemsViewTests, theSwitchAndTheTileAreAnimatedUnlessMotionIsReduced)
 {
     Theme::instance().setMotionReduced(false);
     ProtectedItemsView view(makeState(), alerts);
@@ -132,7 +132,7 @@ TEST_F(ProtectedItemsViewTests, aFolderThatDoesNotExistIsTaggedAndStaysUsable)
     EXPECT_TRUE(app.recommendedFolders().at(5).isEnabled);
 }
 
-TEST_F(ProtectedItemsViewTests, aFolderThatCameMeanwhileIsFoundWhenTheScreenAppearsAgain)
+TEST_F(ProtectedItemsViewTests, aFolderCreatedMeanwhileIsFoundWhenTheScreenAppearsAgain)
 {
     ProtectedItemsView view(makeState(), alerts);
     show(view);
@@ -144,7 +144,7 @@ TEST_F(ProtectedItemsViewTests, aFolderThatCameMeanwhileIsFoundWhenTheScreenAppe
     EXPECT_FALSE(textsIn(*desktop).contains(u"Not found"_s));
 }
 
-TEST_F(ProtectedItemsViewTests, theEmptyTextGoesWithTheFirstCustomFolderAndComesBackWithTheLast)
+TEST_F(ProtectedItemsViewTests, theEmptyTextIsShownOnlyWithoutCustomFolders)
 {
     AppState& app = makeState();
     ProtectedItemsView view(app, alerts);
@@ -178,7 +178,7 @@ TEST_F(ProtectedItemsViewTests, aDismissedChooserChangesNothing)
     EXPECT_TRUE(app.customSources().isEmpty());
 }
 
-TEST_F(ProtectedItemsViewTests, removingByKeyboardGoesOnWithTheNextFolder)
+TEST_F(ProtectedItemsViewTests, removingByKeyboardFocusesTheNextFolder)
 {
     AppState& app = makeState();
     for (const QByteArray name : {"One", "Two", "Three"})
@@ -194,7 +194,7 @@ TEST_F(ProtectedItemsViewTests, removingByKeyboardGoesOnWithTheNextFolder)
     EXPECT_TRUE(app.customSources().isEmpty());
 }
 
-TEST_F(ProtectedItemsViewTests, aNameThatIsNotTextIsShownAndRemovedLikeAnyOther)
+TEST_F(ProtectedItemsViewTests, aNameThatIsNotUtf8IsShownAndRemovedLikeAnyOther)
 {
     AppState& app = makeState();
     app.addCustomSource(mac.makeFolder("Users/mira/Br\xfc"
@@ -225,7 +225,7 @@ TEST_F(ProtectedItemsViewTests, resetAsksFirst)
     EXPECT_EQ(alerts.requests().first().action, u"Reset"_s);
     EXPECT_EQ(alerts.requests().first().cancel, u"Cancel"_s);
     EXPECT_TRUE(alerts.requests().first().isDestructive);
-    // Nothing happens until the answer, and none at all where it is "Cancel".
+    // Nothing changes before the answer, nor after "Cancel".
     EXPECT_EQ(app.customSources().size(), 1);
     EXPECT_FALSE(app.recommendedFolders().first().isEnabled);
 

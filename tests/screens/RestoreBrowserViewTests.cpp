@@ -40,8 +40,8 @@ protected:
         return titles;
     }
 
-    /// The texts below the head of the screen.
-    [[nodiscard]] static QStringList textsBelowHead(const QWidget& view) { return textsIn(view).mid(2); }
+    /// The texts below the header of the screen.
+    [[nodiscard]] static QStringList textsBelowHeader(const QWidget& view) { return textsIn(view).mid(2); }
 };
 
 const QStringList nothingFound{u"No Snapshots Found"_s,
@@ -72,7 +72,7 @@ TEST_F(RestoreBrowserViewTests, showsTheMirrorAndEachSnapshot)
     RestoreBrowserView view(*state, workspace);
     show(view);
     pick(view, device());
-    EXPECT_EQ(textsBelowHead(view), (QStringList{u"Latest Backup"_s, u"Latest/"_s, u"Snapshots (2)"_s}));
+    EXPECT_EQ(textsBelowHeader(view), (QStringList{u"Latest Backup"_s, u"Latest/"_s, u"Snapshots (2)"_s}));
     EXPECT_EQ(shownSymbols(view), QStringList{u"clock.badge.checkmark"_s});
     EXPECT_EQ(view.accessibleName(), u"Snapshots (2)"_s);
     const auto* rows = view.findChild<SnapshotRows*>();
@@ -105,13 +105,13 @@ TEST_F(RestoreBrowserViewTests, opensASnapshot)
     EXPECT_EQ(workspace.opened, QStringList{device().appending(u"Snapshots/2024-05-01-0930"_s).path()});
 }
 
-TEST_F(RestoreBrowserViewTests, theMirrorAloneStandsAboveNoSnapshots)
+TEST_F(RestoreBrowserViewTests, aMirrorWithoutSnapshotsIsShownAboveTheEmptyState)
 {
     addFolder("Latest");
     RestoreBrowserView view(*state, workspace);
     show(view);
     pick(view, device());
-    EXPECT_EQ(textsBelowHead(view), (QStringList{u"Latest Backup"_s, u"Latest/"_s} + nothingFound));
+    EXPECT_EQ(textsBelowHeader(view), (QStringList{u"Latest Backup"_s, u"Latest/"_s} + nothingFound));
     EXPECT_EQ(shownSymbols(view), (QStringList{u"clock.badge.checkmark"_s, u"clock.arrow.circlepath"_s}));
     EXPECT_EQ(view.accessibleName(), u"No Snapshots Found"_s);
 }
@@ -121,7 +121,7 @@ TEST_F(RestoreBrowserViewTests, aFolderOfAnotherKindHasNoSnapshots)
     RestoreBrowserView view(*state, workspace);
     show(view);
     pick(view, mac.home());
-    EXPECT_EQ(textsBelowHead(view), nothingFound);
+    EXPECT_EQ(textsBelowHeader(view), nothingFound);
 }
 
 TEST_F(RestoreBrowserViewTests, aSecondFolderReplacesAllThatTheFirstShowed)
@@ -135,9 +135,9 @@ TEST_F(RestoreBrowserViewTests, aSecondFolderReplacesAllThatTheFirstShowed)
     pick(view, device());
     pick(view, other);
     EXPECT_EQ(titlesOf(view), QStringList{u"Feb 2, 2022, 2:02\u202FAM"_s});
-    EXPECT_EQ(textsBelowHead(view), QStringList{u"Snapshots (1)"_s});
+    EXPECT_EQ(textsBelowHeader(view), QStringList{u"Snapshots (1)"_s});
     pick(view, mac.home());
-    EXPECT_EQ(textsBelowHead(view), nothingFound);
+    EXPECT_EQ(textsBelowHeader(view), nothingFound);
 }
 
 TEST_F(RestoreBrowserViewTests, theMenusOfTheRowsOpenThem)
@@ -163,7 +163,7 @@ TEST_F(RestoreBrowserViewTests, theMenusOfTheRowsOpenThem)
                                              device().appending(u"Snapshots/2024-05-01-0930"_s).path()}));
 }
 
-TEST_F(RestoreBrowserViewTests, fFiveAndControlRListTheFolderAnew)
+TEST_F(RestoreBrowserViewTests, f5AndControlRListTheFolderAgain)
 {
     RestoreBrowserView view(*state, workspace);
     show(view);
@@ -179,7 +179,7 @@ TEST_F(RestoreBrowserViewTests, fFiveAndControlRListTheFolderAnew)
     EXPECT_EQ(titlesOf(view), (QStringList{u"May 2, 2024, 9:30\u202FAM"_s, u"May 1, 2024, 9:30\u202FAM"_s}));
 }
 
-TEST_F(RestoreBrowserViewTests, aNewVisitHasForgottenTheFolder)
+TEST_F(RestoreBrowserViewTests, aNewVisitStartsWithoutTheFolder)
 {
     addFolder("Latest");
     {
@@ -201,7 +201,7 @@ TEST_F(RestoreBrowserViewTests, aChooserThatOutlivesTheScreenIsHarmless)
     EXPECT_EQ(workspace.opened, QStringList());
 }
 
-TEST_F(RestoreBrowserViewTests, theRowsAreASoundModel)
+TEST_F(RestoreBrowserViewTests, theRowsPassTheModelTester)
 {
     SnapshotRows rows;
     const QAbstractItemModelTester tester(&rows, QAbstractItemModelTester::FailureReportingMode::Fatal);

@@ -35,7 +35,7 @@ protected:
         waitForReport(view);
     }
 
-    /// Every row as a screen reader has it.
+    /// Every row as a screen reader reads it.
     [[nodiscard]] static QStringList rows(const QWidget& view)
     {
         const RowModel* model = view.findChild<RowListView*>()->rowModel();
@@ -74,7 +74,7 @@ TEST_F(ScanResultsViewTests, isIdleBeforeTheFirstScan)
     expectEveryControlIsNamedAndReachedByTab(view);
 }
 
-TEST_F(ScanResultsViewTests, saysThatItScansUntilTheReportIsThere)
+TEST_F(ScanResultsViewTests, showsThatItScansUntilTheReportIsThere)
 {
     ScanResultsView view(context());
     show(view);
@@ -95,7 +95,7 @@ TEST_F(ScanResultsViewTests, saysThatItScansUntilTheReportIsThere)
     expectEveryControlIsNamedAndReachedByTab(view);
 }
 
-TEST_F(ScanResultsViewTests, aMachineWithoutAnythingButABackupOfTodayIsFine)
+TEST_F(ScanResultsViewTests, anEmptyMachineWithABackupOfTodayIsFine)
 {
     BackupReport report = sampleReport();
     report.completedAt = mac.clock()();
@@ -104,7 +104,7 @@ TEST_F(ScanResultsViewTests, aMachineWithoutAnythingButABackupOfTodayIsFine)
     show(view);
     scan(view);
     QStringList findings = rows(view);
-    // How full the disk of this computer is plays no part here.
+    // The finding depends on how full the disk of this computer is.
     if (const int storage = rowOf(view, u"STORAGE"_s); storage >= 0)
         findings.remove(storage, 2);
     EXPECT_EQ(findings,
@@ -128,7 +128,7 @@ TEST_F(ScanResultsViewTests, findsJunkAndUnusedApplicationsOnAUsedMachine)
     EXPECT_TRUE(view.findChild<ScanReportPanel*>()->accessibleName().endsWith(u" need attention"_s));
 }
 
-TEST_F(ScanResultsViewTests, takesTheApplicationsThatAreThere)
+TEST_F(ScanResultsViewTests, usesTheApplicationsThatAreKnown)
 {
     state->setScannedApps({AppInfo({.name = u"Tidewater"_s}, mac.clock()())});
     ScanResultsView view(context());
@@ -137,7 +137,7 @@ TEST_F(ScanResultsViewTests, takesTheApplicationsThatAreThere)
     EXPECT_GE(rowOf(view, u"Tidewater"_s), 0);
 }
 
-TEST_F(ScanResultsViewTests, aNewScanReplacesThePageUntilItsReportIsIn)
+TEST_F(ScanResultsViewTests, aNewScanReplacesThePageUntilItsReportIsThere)
 {
     ScanResultsView view(context());
     show(view);
@@ -148,7 +148,7 @@ TEST_F(ScanResultsViewTests, aNewScanReplacesThePageUntilItsReportIsIn)
     turnFrame();
     EXPECT_TRUE(textsIn(view).contains(u"Scanning your Mac…"_s));
     EXPECT_FALSE(view.findChild<ScanReportPanel*>()->isVisible());
-    // The earlier report is still the last one.
+    // The header still shows the earlier report.
     EXPECT_TRUE(textsIn(view).at(1).startsWith(u"Last scanned "_s));
     disk.letGo();
     waitForReport(view);
@@ -166,7 +166,7 @@ TEST_F(ScanResultsViewTests, aNewVisitIsIdleAgain)
     EXPECT_EQ(textsIn(again), idleTexts);
 }
 
-TEST_F(ScanResultsViewTests, canBeLeftInTheMiddleOfAScan)
+TEST_F(ScanResultsViewTests, canBeLeftDuringAScan)
 {
     {
         ScanResultsView view(context());
@@ -181,7 +181,7 @@ TEST_F(ScanResultsViewTests, canBeLeftInTheMiddleOfAScan)
     EXPECT_EQ(state->selectedScreen(), Screen::dashboard);
 }
 
-TEST_F(ScanResultsViewTests, theButtonsOfFindingsLeadToTheirScreensAndStartNothing)
+TEST_F(ScanResultsViewTests, theButtonsOfFindingsOpenTheirScreensAndStartNothing)
 {
     mira.populate();
     ScanResultsView view(context());
@@ -200,7 +200,7 @@ TEST_F(ScanResultsViewTests, theButtonsOfFindingsLeadToTheirScreensAndStartNothi
     EXPECT_EQ(press(u"Old Scanner"_s, u"Fix"_s), Screen::appManager);
 }
 
-TEST_F(ScanResultsViewTests, aFindingWithAPlaceOpensIt)
+TEST_F(ScanResultsViewTests, aFindingWithAUrlOpensIt)
 {
     const ScanResultsView view(context());
     const ScanFinding finding{.category = ScanFinding::Category::storage,

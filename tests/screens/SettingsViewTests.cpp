@@ -39,7 +39,7 @@ protected:
 
 } // namespace
 
-TEST_F(SettingsViewTest, statesWhatTheProgramIs)
+TEST_F(SettingsViewTest, showsTheFactsAboutTheProgram)
 {
     const QStringList texts = textsIn(view);
     const qsizetype about = texts.indexOf(u"About Keel Bright"_s);
@@ -95,7 +95,7 @@ TEST_F(SettingsViewTest, listsTheEnabledRecommendedFoldersWithTheirTag)
         1);
 }
 
-TEST_F(SettingsViewTest, aFolderThatIsSwitchedOffElsewhereGoesAtOnce)
+TEST_F(SettingsViewTest, aFolderThatIsSwitchedOffElsewhereDisappearsAtOnce)
 {
     state->setRecommendedFolderEnabled(0, false);
     EXPECT_EQ(countOf(u"Desktop"_s), 0);
@@ -133,7 +133,7 @@ TEST_F(SettingsViewTest, aCustomFolderIsRemovedByItsButton)
     EXPECT_EQ(countOf(u"Code"_s), 0);
 }
 
-TEST_F(SettingsViewTest, withNoFoldersOnlyTheButtonAndTheFooterStand)
+TEST_F(SettingsViewTest, withNoFoldersOnlyTheButtonAndTheFooterAreShown)
 {
     for (qsizetype i = 0; i < 3; ++i)
         state->setRecommendedFolderEnabled(i, false);

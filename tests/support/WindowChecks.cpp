@@ -1,6 +1,7 @@
 #include "tests/support/WindowChecks.h"
 
 #include "Keelbright/widgets/theme/Theme.h"
+#include "tests/support/Contrast.h"
 #include "tests/support/PaintedText.h"
 
 #include <QAbstractButton>

@@ -39,7 +39,7 @@ protected:
         return request;
     }
 
-    /// Lets a closed dialog go.
+    /// Destroys a closed dialog.
     static void settle() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     QWidget window;
@@ -90,7 +90,7 @@ TEST_F(AlertPresenterTest, escapeCancels)
     EXPECT_TRUE(dialog.isNull());
 }
 
-TEST_F(AlertPresenterTest, tellsOnceOfEachWayOut)
+TEST_F(AlertPresenterTest, reportsEachWayToCancelOnce)
 {
     present(watchedReset())->cancelButton()->click();
     settle();
@@ -104,7 +104,7 @@ TEST_F(AlertPresenterTest, tellsOnceOfEachWayOut)
     EXPECT_EQ(confirmations, 0);
 }
 
-TEST_F(AlertPresenterTest, theActionIsNoWayOut)
+TEST_F(AlertPresenterTest, theActionDoesNotCancel)
 {
     present(watchedReset())->actionButton()->click();
     settle();
@@ -112,7 +112,7 @@ TEST_F(AlertPresenterTest, theActionIsNoWayOut)
     EXPECT_EQ(dismissals, 0);
 }
 
-TEST_F(AlertPresenterTest, theSecondActionConfirmsItselfAlone)
+TEST_F(AlertPresenterTest, theSecondActionConfirmsOnlyItself)
 {
     int second = 0;
     AlertRequest request = watchedReset();
@@ -122,7 +122,7 @@ TEST_F(AlertPresenterTest, theSecondActionConfirmsItselfAlone)
     EXPECT_EQ(dialog->secondActionButton()->caption(), u"Reset a Little"_s);
     EXPECT_EQ(dialog->secondActionButton()->kind(), Button::Kind::destructive);
     EXPECT_EQ(dialog->focusWidget(), dialog->cancelButton());
-    // From the top: the actions, then the way out, none of them cut.
+    // From the top: the actions, then the button that cancels, none of them cut.
     EXPECT_LT(dialog->actionButton()->y(), dialog->secondActionButton()->y());
     EXPECT_LT(dialog->secondActionButton()->y(), dialog->cancelButton()->y());
     EXPECT_GE(dialog->secondActionButton()->width(), dialog->secondActionButton()->sizeHint().width());
@@ -153,7 +153,7 @@ TEST_F(AlertPresenterTest, oneActionHasNoSecondButton)
     EXPECT_EQ(present(reset())->secondActionButton(), nullptr);
 }
 
-TEST_F(AlertPresenterTest, anOpenQuestionTakesOtherWords)
+TEST_F(AlertPresenterTest, anOpenQuestionTakesAnotherMessage)
 {
     presenter.setMessage(&window, u"Nobody asks."_s);
     AlertDialog* dialog = present(reset());
@@ -166,7 +166,7 @@ TEST_F(AlertPresenterTest, anOpenQuestionTakesOtherWords)
     EXPECT_EQ(dialog->accessibleDescription(), u"This will remove 3 folders."_s);
 }
 
-TEST_F(AlertPresenterTest, theSafeButtonHasTheFocusWhereTheActionTakesSomethingAway)
+TEST_F(AlertPresenterTest, theSafeButtonHasTheFocusIfTheActionIsDestructive)
 {
     AlertDialog* dialog = present(reset());
     EXPECT_EQ(dialog->actionButton()->kind(), Button::Kind::destructive);
@@ -181,7 +181,7 @@ TEST_F(AlertPresenterTest, theActionHasTheFocusOtherwise)
     EXPECT_EQ(dialog->focusWidget(), dialog->actionButton());
 }
 
-TEST_F(AlertPresenterTest, goesSilentlyWithTheWindowBelow)
+TEST_F(AlertPresenterTest, isDestroyedSilentlyWithItsWindow)
 {
     auto owner = std::make_unique<QWidget>();
     owner->show();

@@ -51,7 +51,7 @@ TEST(RiskAlertCard, isColouredBySeverity)
     EXPECT_EQ(RiskAlertCard::color(RiskAlert::Severity::high), Role::red);
 }
 
-TEST(RiskAlertCard, hasItsSymbolAndAFaintGroundInTheColourOfItsSeverity)
+TEST(RiskAlertCard, hasASymbolAndAFaintBackgroundInTheColourOfItsSeverity)
 {
     const testing::ThemeGuard guard;
     for (const auto severity :
@@ -77,7 +77,7 @@ TEST(SourceRowCard, hasATileWithAFolderInTheAccentColour)
     EXPECT_EQ(tile->colorRole(), Role::accent);
 }
 
-TEST(SourceRowCard, itsButtonIsRedAtFourFifths)
+TEST(SourceRowCard, itsButtonIsRedWithAnOpacityOfFourFifths)
 {
     const testing::ThemeGuard guard;
     SourceRowCard row(source(u"/Users/mira/Code"_s), [] {});
@@ -155,7 +155,7 @@ TEST(ProgressPanel, cutsThePercentageAndStopsAtAHundred)
     EXPECT_EQ(ProgressPanel::fraction(progress), 1.0);
 }
 
-TEST(ProgressPanel, standsAtZeroWithoutAnEstimate)
+TEST(ProgressPanel, isAtZeroWithoutAnEstimate)
 {
     BackupProgress progress;
     progress.filesCopied = 2;

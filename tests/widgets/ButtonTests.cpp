@@ -40,7 +40,7 @@ TEST(Button, isPressedByEnterAndSpace)
     EXPECT_EQ(clicks.count(), 3);
 }
 
-TEST(Button, drawsItsSymbolAtTheOpacityAskedFor)
+TEST(Button, drawsItsSymbolAtTheRequestedOpacity)
 {
     const ThemeGuard guard;
     constexpr double opacity = 0.8;
@@ -52,14 +52,14 @@ TEST(Button, drawsItsSymbolAtTheOpacityAskedFor)
     EXPECT_FALSE(holdsColor(pictureOf(button), theme.color(Role::red)));
 }
 
-TEST(Button, tellsItsNameAndRole)
+TEST(Button, hasItsAccessibleNameAndRole)
 {
     Button button(Button::Kind::bordered, u"Change"_s);
     EXPECT_EQ(accessibleName(&button), u"Change"_s);
     EXPECT_EQ(accessibleRole(&button), QAccessible::Button);
 }
 
-TEST(Button, withASymbolAloneHasItsToolTipAsItsName)
+TEST(Button, withOnlyASymbolIsNamedAfterItsToolTip)
 {
     for (const Button::Kind kind : {Button::Kind::icon, Button::Kind::plainIcon}) {
         Button button(kind, u"Recalculate health score"_s, u"arrow.clockwise"_s);
@@ -70,7 +70,7 @@ TEST(Button, withASymbolAloneHasItsToolTipAsItsName)
     }
 }
 
-TEST(Button, showsAnAmpersandInsteadOfTakingItForAShortcut)
+TEST(Button, showsAnAmpersandAsAPlainCharacter)
 {
     Button button(Button::Kind::primary, u"Confirm & Start"_s);
     EXPECT_EQ(button.caption(), u"Confirm & Start"_s);
@@ -111,7 +111,7 @@ TEST(Button, ofTheFilledKindIsGreyWhileDisabled)
     EXPECT_FALSE(holdsColor(pictureOf(button), Theme::instance().color(Role::accentFill)));
 }
 
-TEST(Button, aFlipOfTheSchemeRecoloursIt)
+TEST(Button, aChangeOfTheSchemeRecoloursIt)
 {
     const ThemeGuard guard;
     Button button(Button::Kind::primary, u"Backup Now"_s);
@@ -121,7 +121,7 @@ TEST(Button, aFlipOfTheSchemeRecoloursIt)
     EXPECT_TRUE(holdsColor(pictureOf(button), QColor(0x24, 0x72, 0xE8)));
 }
 
-TEST(Button, keepsToItsMaximumWidthWithALongName)
+TEST(Button, staysWithinItsMaximumWidthWithALongName)
 {
     Button button(Button::Kind::bordered, QString(200, u'm'), u"checkmark.circle.fill"_s);
     button.setMaximumWidth(300);

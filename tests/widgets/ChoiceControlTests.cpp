@@ -1,4 +1,4 @@
-// The controls that choose one of several: segments, menus, and the field that searches.
+// The controls that choose one of several: segments, menus and the search field.
 
 #include "Keelbright/widgets/MenuButton.h"
 #include "Keelbright/widgets/SearchField.h"
@@ -55,7 +55,7 @@ TEST_F(SegmentedControlTest, isRadioButtonsToAScreenReader)
     EXPECT_EQ(control.currentIndex(), 0);
 }
 
-TEST_F(SegmentedControlTest, aClickTellsTheChoiceAlsoWhereItIsTheSame)
+TEST_F(SegmentedControlTest, aClickReportsTheChoiceEvenIfItIsTheSame)
 {
     showActive(control);
     const QSignalSpy chosen(&control, &SegmentedControl::chosen);
@@ -84,7 +84,7 @@ TEST_F(SegmentedControlTest, arrowsChoose)
     EXPECT_EQ(control.currentIndex(), 1);
 }
 
-TEST_F(SegmentedControlTest, aProgramsChoiceIsNotTold)
+TEST_F(SegmentedControlTest, aChoiceOfTheProgramIsNotReported)
 {
     const QSignalSpy chosen(&control, &SegmentedControl::chosen);
     control.setCurrentIndex(2);
@@ -111,7 +111,7 @@ TEST(MenuButtonTest, marksTheChoiceInItsMenu)
     EXPECT_EQ(accessibleName(&button), u"Sort apps"_s);
 }
 
-TEST(MenuButtonTest, aPressOpensTheMenuAndGoesOnAtOnce)
+TEST(MenuButtonTest, aPressOpensTheMenuAndReturnsAtOnce)
 {
     const ThemeGuard theme;
     MenuButton button(Button::Kind::icon, u"Sort apps"_s, u"arrow.up.arrow.down"_s,
@@ -122,7 +122,7 @@ TEST(MenuButtonTest, aPressOpensTheMenuAndGoesOnAtOnce)
     button.choiceMenu()->close();
 }
 
-TEST(MenuButtonTest, showsItsChoiceWhereItIsAPicker)
+TEST(MenuButtonTest, showsItsChoiceAsTheCaption)
 {
     const ThemeGuard theme;
     MenuButton button(Button::Kind::bordered, u"Filter"_s, {}, {{u"All"_s}, {u"Junk & more"_s, {}, true}});

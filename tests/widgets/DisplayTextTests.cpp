@@ -8,7 +8,7 @@ namespace keelbright {
 
 using namespace Qt::StringLiterals;
 
-TEST(DisplayText, leavesOrdinaryNamesAlone)
+TEST(DisplayText, doesNotChangeOrdinaryNames)
 {
     EXPECT_EQ(displayText(u"Café & Crème – 日本.txt"_s), u"Café & Crème – 日本.txt"_s);
 }
@@ -24,7 +24,7 @@ TEST(DisplayText, dropsMarksThatTurnTheReadingDirection)
     EXPECT_EQ(displayText(u"photo\x202Egpj.exe"_s), u"photogpj.exe"_s);
 }
 
-TEST(ToolTipText, takesNoNameForMarkup)
+TEST(ToolTipText, readsNoNameAsMarkup)
 {
     EXPECT_EQ(toolTipText(u"<b>bold</b>.txt"_s), u"<p>&lt;b&gt;bold&lt;/b&gt;.txt</p>"_s);
     EXPECT_EQ(toolTipText(u"plain.txt"_s), u"plain.txt"_s);

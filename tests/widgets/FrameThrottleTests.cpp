@@ -7,7 +7,7 @@
 
 namespace keelbright {
 
-TEST(FrameThrottle, manyAnnouncementsInOneTurnGiveOneRedraw)
+TEST(FrameThrottle, manyRequestsInOneTurnGiveOneRedraw)
 {
     FrameThrottle throttle;
     QSignalSpy frames(&throttle, &FrameThrottle::frame);
@@ -19,7 +19,7 @@ TEST(FrameThrottle, manyAnnouncementsInOneTurnGiveOneRedraw)
     EXPECT_EQ(frames.count(), 1);
 }
 
-TEST(FrameThrottle, announcesAtMostOneRedrawAFrameAndNeverLosesTheLast)
+TEST(FrameThrottle, givesAtMostOneRedrawPerFrameAndNeverLosesTheLastRequest)
 {
     FrameThrottle throttle;
     QSignalSpy frames(&throttle, &FrameThrottle::frame);
@@ -39,7 +39,7 @@ TEST(FrameThrottle, announcesAtMostOneRedrawAFrameAndNeverLosesTheLast)
     EXPECT_EQ(requestsAtLastFrame, requests);
 }
 
-TEST(FrameThrottle, staysSilentWithoutAnAnnouncement)
+TEST(FrameThrottle, givesNoRedrawWithoutARequest)
 {
     FrameThrottle throttle;
     const QSignalSpy frames(&throttle, &FrameThrottle::frame);

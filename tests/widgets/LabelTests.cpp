@@ -18,13 +18,13 @@ const QString longPath = u"/Users/mira/Documents/Letters of many years/2019/Insu
 
 } // namespace
 
-TEST(Label, showsMarkupAsItStands)
+TEST(Label, showsMarkupAsPlainText)
 {
     const Label label(u"<b>not bold</b>"_s, FontRole::body, Role::primaryText);
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
 }
 
-TEST(Label, breaksIntoLinesWithinItsOwnWidthOnly)
+TEST(Label, wrapsWithinItsOwnWidthOnly)
 {
     const std::unique_ptr<Label> label(
         makeWrappingLabel(longPath + u' ' + longPath, FontRole::body, Role::primaryText));
@@ -58,7 +58,7 @@ TEST(ElidedLabel, hasTheWholeTextAsToolTipExactlyWhileItIsCut)
     EXPECT_EQ(label.toolTip(), longPath + longPath);
 }
 
-TEST(ElidedLabel, tellsAScreenReaderTheWholeText)
+TEST(ElidedLabel, givesAScreenReaderTheWholeText)
 {
     ElidedLabel label(longPath, FontRole::secondary, Role::secondaryText, Qt::ElideMiddle);
     label.resize(60, 20);
@@ -66,7 +66,7 @@ TEST(ElidedLabel, tellsAScreenReaderTheWholeText)
     EXPECT_EQ(accessibleRole(&label), QAccessible::StaticText);
 }
 
-TEST(ElidedLabel, givesWayToAFewLettersAndNeverAsksForMoreThanItsText)
+TEST(ElidedLabel, shrinksToAFewLettersAndNeverAsksForMoreThanItsText)
 {
     const ElidedLabel label(longPath, FontRole::secondary, Role::secondaryText);
     EXPECT_LT(label.minimumSizeHint().width(), 80);

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 } // namespace
 
-TEST(Page, growsNoWiderThanPeopleRead)
+TEST(Page, hasAReadableMaximumWidth)
 {
     Page page;
     auto* section = new QWidget;
@@ -48,7 +48,7 @@ TEST(Page, scrollsByKeyboardToBothEnds)
     EXPECT_EQ(page.focusPolicy(), Qt::NoFocus);
 }
 
-TEST(PageHeader, keepsItsActionsWholeAndBreaksItsWords)
+TEST(PageHeader, keepsItsActionsWholeAndWrapsItsTexts)
 {
     PageHeader header(u"Choose What to Protect"_s,
                       u"Keel Bright recommends common folders below. You can also add "
@@ -65,7 +65,7 @@ TEST(PageHeader, keepsItsActionsWholeAndBreaksItsWords)
 TEST(PageHeader, anEmptySubtitleTakesNoRoom)
 {
     const PageHeader without(u"Settings"_s, QString());
-    PageHeader with(u"Settings"_s, u"Words"_s);
+    PageHeader with(u"Settings"_s, u"Subtitle"_s);
     EXPECT_LT(without.sizeHint().height(), with.sizeHint().height());
     with.setSubtitle(QString());
     with.grab();

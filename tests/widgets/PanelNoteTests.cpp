@@ -26,7 +26,7 @@ QStringList labelsOf(const QWidget& note)
 
 } // namespace
 
-TEST(PanelNoteTest, isReadAsItsTitleAndWhatStandsBelow)
+TEST(PanelNoteTest, isReadAsItsTitleAndItsDetail)
 {
     const ThemeGuard theme;
     PanelNote note(u"checkmark.circle.fill"_s, Role::green, u"All clean!"_s, u"No junk found."_s);
@@ -44,7 +44,7 @@ TEST(PanelNoteTest, anEmptyDetailTakesNoRoom)
     EXPECT_LT(without.sizeHint().height(), with.sizeHint().height());
 }
 
-TEST(BusyStateTest, saysWhatIsUnderWayWithASpinnerThatTurns)
+TEST(BusyStateTest, showsItsTitleWithATurningSpinner)
 {
     const ThemeGuard theme;
     BusyState state(u"Scanning your Mac…"_s, u"Checking junk files."_s);

@@ -15,7 +15,7 @@ namespace keelbright::testing {
 
 using namespace Qt::StringLiterals;
 
-TEST(PanelHeaderTest, showsWhatItHasAndCutsWhatDoesNotFit)
+TEST(PanelHeaderTest, showsItsTextsAndCutsWhatDoesNotFit)
 {
     const ThemeGuard theme;
     PanelHeader header(QString(200, u'w'), {}, {}, Role::orange);
@@ -36,7 +36,7 @@ TEST(PanelHeaderTest, showsWhatItHasAndCutsWhatDoesNotFit)
     EXPECT_EQ(header.findChild<SymbolLabel*>()->colorRole(), Role::red);
 }
 
-TEST(SplitTest, theRightPanelTakesWhatIsLeft)
+TEST(SplitTest, theRightPanelTakesTheRemainingWidth)
 {
     const ThemeGuard theme;
     auto* left = new Ground(Role::window);

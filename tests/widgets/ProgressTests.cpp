@@ -23,7 +23,7 @@ using testing::ThemeGuard;
 
 } // namespace
 
-TEST(BarProgress, tellsItsNameAndItsValueInPercent)
+TEST(BarProgress, hasItsNameAndItsValueInPercent)
 {
     BarProgress bar(u"Backup progress"_s);
     bar.setFraction(0.689);
@@ -32,7 +32,7 @@ TEST(BarProgress, tellsItsNameAndItsValueInPercent)
     EXPECT_EQ(accessibleValue(&bar).toInt(), 68);
 }
 
-TEST(BarProgress, cutsAFractionThatIsNone)
+TEST(BarProgress, clampsAFractionOutsideOfItsRange)
 {
     BarProgress bar(u"Backup progress"_s);
     bar.setFraction(1.5);
@@ -55,7 +55,7 @@ TEST(BarProgress, fillsItsShareOfTheWidth)
     EXPECT_NE(picture.pixel(110, 3), purple);
 }
 
-TEST(RingProgress, tellsItsValueAndItsNumber)
+TEST(RingProgress, hasItsValueAndItsTexts)
 {
     RingProgress ring(u"Backup progress"_s, 120, 10);
     ring.setFraction(0.42);
@@ -98,7 +98,7 @@ TEST(Spinner, turnsOnlyWhileItIsOnScreen)
     EXPECT_EQ(accessibleRole(&spinner), QAccessible::ProgressBar);
 }
 
-TEST(Spinner, standsStillWhereMotionIsReduced)
+TEST(Spinner, doesNotTurnIfMotionIsReduced)
 {
     const ThemeGuard guard(ColorScheme::light, true);
     Spinner spinner(u"Analyzing"_s);

@@ -28,7 +28,7 @@ struct StepStackTest : ::testing::Test
 
 } // namespace
 
-TEST_F(StepStackTest, glidesToTheNextPageWithinThreeTenthsOfASecond)
+TEST_F(StepStackTest, slidesToTheNextPageWithinThreeTenthsOfASecond)
 {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&stack));
     stack.setCurrentIndex(1);
@@ -52,7 +52,7 @@ TEST_F(StepStackTest, comesBackFromTheOtherSide)
     EXPECT_LT(first->x(), 0);
 }
 
-TEST_F(StepStackTest, isThereAtOnceWhereMotionIsReduced)
+TEST_F(StepStackTest, changesAtOnceIfMotionIsReduced)
 {
     Theme::instance().setMotionReduced(true);
     stack.setCurrentIndex(1);
@@ -61,7 +61,7 @@ TEST_F(StepStackTest, isThereAtOnceWhereMotionIsReduced)
     EXPECT_EQ(second->size(), stack.size());
 }
 
-TEST_F(StepStackTest, aSecondChangeInTheMiddleOfTheFirstEndsOnTheRightPage)
+TEST_F(StepStackTest, aSecondChangeDuringTheFirstEndsOnTheRightPage)
 {
     stack.setCurrentIndex(1);
     stack.setCurrentIndex(0);
@@ -71,7 +71,7 @@ TEST_F(StepStackTest, aSecondChangeInTheMiddleOfTheFirstEndsOnTheRightPage)
     EXPECT_EQ(second->graphicsEffect(), nullptr);
 }
 
-TEST_F(StepStackTest, ignoresPagesThatAreNotThere)
+TEST_F(StepStackTest, ignoresPagesThatDoNotExist)
 {
     stack.setCurrentIndex(5);
     stack.setCurrentIndex(-1);

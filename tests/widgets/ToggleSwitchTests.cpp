@@ -28,11 +28,11 @@ TEST(ToggleSwitch, isACheckBoxWithANameToAScreenReader)
     EXPECT_TRUE(QAccessible::queryAccessibleInterface(&toggle)->state().checked);
 }
 
-TEST(ToggleSwitch, flipsBySpaceEnterAndClickAnywhereOnIt)
+TEST(ToggleSwitch, togglesBySpaceEnterAndClickAnywhereOnIt)
 {
     ToggleSwitch toggle(u"Desktop"_s);
     toggle.resize(toggle.sizeHint());
-    const QSignalSpy flips(&toggle, &QCheckBox::toggled);
+    const QSignalSpy toggles(&toggle, &QCheckBox::toggled);
     QTest::keyClick(&toggle, Qt::Key_Space);
     EXPECT_TRUE(toggle.isChecked());
     QTest::keyClick(&toggle, Qt::Key_Return);
@@ -40,7 +40,7 @@ TEST(ToggleSwitch, flipsBySpaceEnterAndClickAnywhereOnIt)
     QTest::mouseClick(&toggle, Qt::LeftButton, Qt::NoModifier,
                       QPoint(toggle.width() - 2, toggle.height() - 2));
     EXPECT_TRUE(toggle.isChecked());
-    EXPECT_EQ(flips.count(), 3);
+    EXPECT_EQ(toggles.count(), 3);
 }
 
 TEST(ToggleSwitch, slidesForAFifthOfASecond)
@@ -57,7 +57,7 @@ TEST(ToggleSwitch, slidesForAFifthOfASecond)
     EXPECT_GE(time.elapsed(), 150);
 }
 
-TEST(ToggleSwitch, isThereAtOnceWhereMotionIsReduced)
+TEST(ToggleSwitch, changesAtOnceIfMotionIsReduced)
 {
     const ThemeGuard guard(ColorScheme::light, true);
     ToggleSwitch toggle(u"Desktop"_s);
@@ -67,7 +67,7 @@ TEST(ToggleSwitch, isThereAtOnceWhereMotionIsReduced)
     EXPECT_EQ(toggle.position(), 1.0);
 }
 
-TEST(ToggleSwitch, isThereAtOnceWhileItIsNotOnScreen)
+TEST(ToggleSwitch, changesAtOnceWhileItIsHidden)
 {
     ToggleSwitch toggle(u"Desktop"_s);
     toggle.setChecked(true);

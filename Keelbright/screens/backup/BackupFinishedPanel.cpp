@@ -52,9 +52,9 @@ void BackupFinishedPanel::addOutcome(const BackupReport& report)
 void BackupFinishedPanel::addNumbers(const BackupReport& report)
 {
     auto* numbers = new NumberStrip(this);
-    numbers->addNumber(tr("Files Copied"), u"doc.fill"_s);
-    numbers->addNumber(tr("Data Copied"), u"internaldrive"_s);
-    numbers->addNumber(tr("Skipped"), u"minus.circle"_s);
+    numbers->addCell(tr("Files Copied"), u"doc.fill"_s);
+    numbers->addCell(tr("Data Copied"), u"internaldrive"_s);
+    numbers->addCell(tr("Skipped"), u"minus.circle"_s);
     numbers->setValue(0, QString::number(report.filesCopied));
     numbers->setValue(1, L10n::Formatters::bytes(report.bytesCopied));
     numbers->setValue(2, QString::number(report.filesSkipped));
@@ -67,12 +67,12 @@ void BackupFinishedPanel::addPlace(const BackupReport& report)
     auto* row = new QHBoxLayout;
     row->setSpacing(12);
     row->addWidget(new Tile(u"folder.fill"_s, Role::accent, Metrics::tile, box));
-    auto* words = new QVBoxLayout;
-    words->setSpacing(1);
-    words->addWidget(new Label(tr("Files backed up to:"), FontRole::secondary, Role::secondaryText, box));
-    words->addWidget(
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(1);
+    texts->addWidget(new Label(tr("Files backed up to:"), FontRole::secondary, Role::secondaryText, box));
+    texts->addWidget(
         new ElidedLabel(report.personalFilesPath, FontRole::body, Role::primaryText, Qt::ElideMiddle, box));
-    row->addLayout(words, 1);
+    row->addLayout(texts, 1);
     box->content()->addLayout(row);
     layout()->addWidget(box);
 }

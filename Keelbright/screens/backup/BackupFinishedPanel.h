@@ -6,7 +6,8 @@
 
 namespace keelbright {
 
-/// How a backup ended: three numbers, where the files are, and the ways on.
+/// The result of a finished backup: three numbers, the path of the files and buttons for what comes
+/// next.
 class BackupFinishedPanel : public QWidget
 {
     Q_OBJECT

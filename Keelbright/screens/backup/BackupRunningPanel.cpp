@@ -17,7 +17,7 @@ namespace {
 constexpr int ringDiameter = 184;
 constexpr int ringThickness = 14;
 
-enum Number : qsizetype { copiedNumber, skippedNumber, sizeNumber };
+enum Cell : qsizetype { copiedCell, skippedCell, sizeCell };
 
 } // namespace
 
@@ -31,9 +31,9 @@ BackupRunningPanel::BackupRunningPanel(QWidget* parent)
 {
     m_destination->setAlignment(Qt::AlignCenter);
     m_currentFile->setAlignment(Qt::AlignCenter);
-    m_numbers->addNumber(tr("Copied"), u"doc.fill"_s);
-    m_numbers->addNumber(tr("Skipped"), u"minus.circle"_s);
-    m_numbers->addNumber(tr("Size"), u"internaldrive"_s);
+    m_numbers->addCell(tr("Copied"), u"doc.fill"_s);
+    m_numbers->addCell(tr("Skipped"), u"minus.circle"_s);
+    m_numbers->addCell(tr("Size"), u"internaldrive"_s);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
@@ -60,12 +60,12 @@ void BackupRunningPanel::setProgress(const BackupProgress& progress)
     const double fraction = progress.fractionCompleted();
     m_ring->setFraction(fraction);
     const QString percent = QString::number(static_cast<int>(fraction * 100)) + u'%';
-    if (percent != m_ring->number())
+    if (percent != m_ring->centerText())
         m_ring->setCenter(percent, tr("complete"), false);
     m_currentFile->setFullText(progress.currentFile.isEmpty() ? tr("Scanning files…") : progress.currentFile);
-    m_numbers->setValue(copiedNumber, QString::number(progress.filesCopied));
-    m_numbers->setValue(skippedNumber, QString::number(progress.filesSkipped));
-    m_numbers->setValue(sizeNumber, L10n::Formatters::bytes(progress.bytesCopied));
+    m_numbers->setValue(copiedCell, QString::number(progress.filesCopied));
+    m_numbers->setValue(skippedCell, QString::number(progress.filesSkipped));
+    m_numbers->setValue(sizeCell, L10n::Formatters::bytes(progress.bytesCopied));
 }
 
 void BackupRunningPanel::setCancelling(bool isCancelling)

@@ -11,7 +11,7 @@ class ElidedLabel;
 class NumberStrip;
 class RingProgress;
 
-/// A running backup in full: how far it is, where it goes, the file at hand and three numbers.
+/// The details of a running backup: progress, destination, current file and three numbers.
 class BackupRunningPanel : public QWidget
 {
     Q_OBJECT
@@ -19,11 +19,11 @@ class BackupRunningPanel : public QWidget
 public:
     explicit BackupRunningPanel(QWidget* parent = nullptr);
 
-    /// Where the backup goes; "…" where nothing is known.
+    /// The name of the destination; an empty one is shown as "…".
     void setDestinationName(const QString& name);
-    /// Touches only what differs.
+    /// Changes only the labels whose texts differ.
     void setProgress(const BackupProgress& progress);
-    /// The user asked to stop, and the run has not ended yet.
+    /// Disables the cancel button while a cancelled run has not ended yet.
     void setCancelling(bool isCancelling);
 
 Q_SIGNALS:

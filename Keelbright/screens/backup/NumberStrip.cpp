@@ -23,9 +23,9 @@ NumberStrip::NumberStrip(QWidget* parent)
     content()->addLayout(m_row);
 }
 
-void NumberStrip::addNumber(const QString& title, const QString& icon)
+void NumberStrip::addCell(const QString& title, const QString& icon)
 {
-    if (!m_numbers.isEmpty())
+    if (!m_cells.isEmpty())
         m_row->addWidget(new Separator(Qt::Vertical, this));
     auto* cell = new QWidget(this);
     auto* column = new QVBoxLayout(cell);
@@ -42,16 +42,16 @@ void NumberStrip::addNumber(const QString& title, const QString& icon)
     column->addWidget(value);
     column->addLayout(name);
     m_row->addWidget(cell, 1);
-    m_numbers.append({title, cell, value});
+    m_cells.append({title, cell, value});
 }
 
 void NumberStrip::setValue(qsizetype index, const QString& value)
 {
-    const Number& number = m_numbers.at(index);
-    if (number.value->text() == value)
+    const Cell& cell = m_cells.at(index);
+    if (cell.value->text() == value)
         return;
-    number.value->setText(value);
-    number.cell->setAccessibleName(tr("%1 %2").arg(number.title, value));
+    cell.value->setText(value);
+    cell.widget->setAccessibleName(tr("%1 %2").arg(cell.title, value));
 }
 
 } // namespace keelbright

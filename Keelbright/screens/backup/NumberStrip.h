@@ -10,8 +10,8 @@ namespace keelbright {
 
 class NumberLabel;
 
-/// A card with a few numbers side by side: what each one is, with an icon, and its value. A
-/// screen reader meets each as one thing ("Copied 12").
+/// A card with a few cells side by side: an icon, a title and a number each. A screen reader reads
+/// a cell as one text ("Copied 12").
 class NumberStrip : public Card
 {
     Q_OBJECT
@@ -19,21 +19,21 @@ class NumberStrip : public Card
 public:
     explicit NumberStrip(QWidget* parent = nullptr);
 
-    /// To the right of those already there.
-    void addNumber(const QString& title, const QString& icon);
-    /// Numbers count from 0 in the order in which they were added.
+    /// Adds a cell at the right, without a value.
+    void addCell(const QString& title, const QString& icon);
+    /// `index` counts from 0 in the order of the calls of `addCell`.
     void setValue(qsizetype index, const QString& value);
 
 private:
-    struct Number
+    struct Cell
     {
         QString title;
-        QWidget* cell;
+        QWidget* widget;
         NumberLabel* value;
     };
 
     QHBoxLayout* m_row;
-    QList<Number> m_numbers;
+    QList<Cell> m_cells;
 };
 
 } // namespace keelbright

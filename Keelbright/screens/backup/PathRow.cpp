@@ -27,12 +27,12 @@ PathRow::PathRow(const QString& label, const QString& path, const QString& icon,
     row->setContentsMargins(14, 9, 14, 9);
     row->setSpacing(11);
     row->addWidget(new Tile(icon, color, Metrics::tile, this));
-    auto* words = new QVBoxLayout;
-    words->setSpacing(1);
-    words->addWidget(new Label(label, FontRole::secondary, Role::secondaryText, this));
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(1);
+    texts->addWidget(new Label(label, FontRole::secondary, Role::secondaryText, this));
     auto* text = new PathText(label, path, this);
-    words->addWidget(text);
-    row->addLayout(words, 1);
+    texts->addWidget(text);
+    row->addLayout(texts, 1);
     row->addWidget(new SymbolLabel(u"arrow.up.forward.square"_s, arrowSize, Role::secondaryText, this));
     connect(text, &PathText::clicked, this, &QAbstractButton::click);
 }

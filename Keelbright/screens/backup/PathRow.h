@@ -4,8 +4,8 @@
 
 namespace keelbright {
 
-/// A place on disk that opens at a press anywhere: an icon, what the place is, and its path, which
-/// can be selected and copied.
+/// A row for a path on disk: an icon, a label and the path, which can be selected and copied. A click
+/// anywhere in the row emits `clicked`.
 class PathRow : public CardButton
 {
     Q_OBJECT

@@ -20,7 +20,7 @@ PathText::PathText(const QString& name, const QString& path, QWidget* parent)
     setTextMargins(0, 0, 0, 0);
     setFont(Theme::instance().font(FontRole::body));
     setAccessibleName(name);
-    // The keyboard meets the row as a whole; a click into the text gives it the focus for copying.
+    // Tab stops at the row and not at its text; a click into the text focuses it for copying.
     setFocusPolicy(Qt::ClickFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     applyColors();

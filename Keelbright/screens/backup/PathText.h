@@ -5,17 +5,17 @@
 
 namespace keelbright {
 
-/// A path on one line, cut in the middle where it does not fit, that can be selected and copied
-/// whole. A press that selects nothing is announced as a click.
+/// A path on one line, cut in the middle if it does not fit. The whole path can be selected and
+/// copied. A click that selects nothing emits `clicked`.
 class PathText : public QLineEdit
 {
     Q_OBJECT
 
 public:
-    /// `name` is told to a screen reader.
+    /// `name` is the accessible name.
     PathText(const QString& name, const QString& path, QWidget* parent = nullptr);
 
-    /// What stands on screen at the present width while nothing is selected.
+    /// The text as it is drawn at the current width while nothing is selected.
     [[nodiscard]] QString shownText() const;
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -21,7 +21,7 @@ QString tr(const char* text)
     return QCoreApplication::translate("Insights", text);
 }
 
-QString nothingKnown()
+QString unknownValue()
 {
     return u"—"_s;
 }
@@ -64,7 +64,7 @@ QString usageText(const QList<AppInfo>& apps)
 
 Insight Insights::storage(const std::optional<HealthScore>& score)
 {
-    Insight insight{tr("Storage"),           nothingKnown(), tr("Scanning…"),
+    Insight insight{tr("Storage"),           unknownValue(), tr("Scanning…"),
                     u"internaldrive.fill"_s, Role::accent,   Screen::storageBrowser};
     if (score) {
         insight.value = tr("%1 used").arg(score->diskUsedFormatted());
@@ -87,7 +87,7 @@ Insight Insights::lastBackup(const std::optional<QDateTime>& time, bool hasRepor
 Insight Insights::junk(const std::optional<HealthScore>& score)
 {
     return {tr("Junk"),
-            score ? score->junkFormatted() : nothingKnown(),
+            score ? score->junkFormatted() : unknownValue(),
             tr("cached files found"),
             u"trash.fill"_s,
             Role::orange,
@@ -96,7 +96,7 @@ Insight Insights::junk(const std::optional<HealthScore>& score)
 
 Insight Insights::apps(const QList<AppInfo>& apps, bool isScanning)
 {
-    Insight insight{tr("Apps"),   nothingKnown(),    tr("Tap to analyse"), u"app.badge.checkmark"_s,
+    Insight insight{tr("Apps"),   unknownValue(),    tr("Tap to analyse"), u"app.badge.checkmark"_s,
                     Role::purple, Screen::appManager};
     if (!apps.isEmpty()) {
         insight.value = tr("%1 apps").arg(QString::number(apps.size()));

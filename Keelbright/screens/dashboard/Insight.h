@@ -9,7 +9,7 @@
 
 namespace keelbright {
 
-/// One number of the Dashboard and the screen that tells more of it.
+/// One number of the Dashboard and the screen that shows its details.
 struct Insight
 {
     QString title;
@@ -22,14 +22,16 @@ struct Insight
     friend bool operator==(const Insight&, const Insight&) = default;
 };
 
-/// What the Dashboard tells at a glance.
+/// The numbers of the Dashboard.
 namespace Insights {
 
-/// How full the disk is; nothing known without a score.
+/// How full the disk is; a dash without a score.
 [[nodiscard]] Insight storage(const std::optional<HealthScore>& score);
-/// How old the last backup is at `now`.
+/// The age of the last backup at `now`.
 [[nodiscard]] Insight lastBackup(const std::optional<QDateTime>& time, bool hasReport, const QDateTime& now);
+/// How much junk was found; a dash without a score.
 [[nodiscard]] Insight junk(const std::optional<HealthScore>& score);
+/// How many applications there are, and how many of them are rarely used.
 [[nodiscard]] Insight apps(const QList<AppInfo>& apps, bool isScanning);
 
 } // namespace Insights

@@ -14,8 +14,8 @@ namespace {
 
 constexpr int tileSide = 28;
 constexpr int chevronSize = 16;
-/// So that the cards do not change places whenever a number grows by a digit.
-constexpr int leastWidth = 190;
+/// Wide enough that a card keeps its place in the grid when its number gets a digit more.
+constexpr int minimumCardWidth = 190;
 
 } // namespace
 
@@ -41,7 +41,7 @@ InsightCard::InsightCard(const Insight& insight, QWidget* parent)
     column->addWidget(m_value);
     column->addSpacing(1);
     column->addWidget(m_subtitle);
-    column->addStrut(leastWidth - 2 * Metrics::cardPadding);
+    column->addStrut(minimumCardWidth - 2 * Metrics::cardPadding);
     showInsight(insight);
 }
 

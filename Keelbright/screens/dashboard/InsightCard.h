@@ -9,7 +9,7 @@ class NumberLabel;
 class Label;
 class Tile;
 
-/// An insight as a card to press; the press is for whoever holds the card to answer.
+/// An insight as a card that can be clicked; its owner connects to `clicked`.
 class InsightCard : public CardButton
 {
     Q_OBJECT

@@ -32,9 +32,9 @@ QList<Insight> InsightGrid::insights() const
 
 void InsightGrid::redraw()
 {
-    const QList<Insight> present = insights();
+    const QList<Insight> current = insights();
     for (qsizetype i = 0; i < m_cards.size(); ++i)
-        m_cards.at(i)->setInsight(present.at(i));
+        m_cards.at(i)->setInsight(current.at(i));
 }
 
 } // namespace keelbright

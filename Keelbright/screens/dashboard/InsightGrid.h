@@ -9,16 +9,16 @@ namespace keelbright {
 class AppState;
 class InsightCard;
 
-/// The Dashboard's four numbers; each leads to its screen.
+/// The Dashboard's four numbers; a click on one opens its screen.
 class InsightGrid : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// The state outlives the grid.
+    /// The state must outlive the grid.
     explicit InsightGrid(AppState& state, QWidget* parent = nullptr);
 
-    /// Shows the state as it now is.
+    /// Shows the current state.
     void redraw();
 
 private:

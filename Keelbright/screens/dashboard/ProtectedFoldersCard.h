@@ -9,16 +9,17 @@ class AppState;
 class RowWidget;
 class Tile;
 
-/// The Dashboard's card of what a backup takes, where it goes and how the last one ended; hidden
-/// without a destination.
+/// The Dashboard's card with the protected folders, the destination and the result of the last
+/// backup; hidden without a destination.
 class ProtectedFoldersCard : public RowList
 {
     Q_OBJECT
 
 public:
+    /// The state must outlive the card.
     explicit ProtectedFoldersCard(AppState& state, QWidget* parent = nullptr);
 
-    /// Shows the present choices; touches only what differs.
+    /// Shows the current state; changes only the rows that differ.
     void redraw();
 
 private:

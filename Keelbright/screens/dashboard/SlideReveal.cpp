@@ -52,7 +52,7 @@ void SlideReveal::setPosition(double position)
     m_position = position;
     m_layout->setContentsMargins(0, static_cast<int>(std::lround((1 - position) * slideDistance)), 0, 0);
     if (position >= 1) {
-        // An effect draws its widget twice; it stays only while it is seen.
+        // An effect draws its widget twice, so it goes as soon as it makes no difference.
         m_revealed->setGraphicsEffect(nullptr);
     } else {
         auto* fade = qobject_cast<QGraphicsOpacityEffect*>(m_revealed->graphicsEffect());

@@ -7,14 +7,14 @@ class QVBoxLayout;
 
 namespace keelbright {
 
-/// Lets its content come and go with a short slide and a fade, and at once where motion is reduced
-/// or nothing is on screen yet.
+/// Shows and hides its content with a short slide and a fade, or at once if motion is reduced or the
+/// parent is not visible.
 class SlideReveal : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Takes the content over; it is not revealed at first.
+    /// Takes ownership of the content, which is hidden at first.
     explicit SlideReveal(QWidget* content, QWidget* parent = nullptr);
 
     void setRevealed(bool isRevealed);

@@ -6,8 +6,8 @@
 
 namespace keelbright {
 
-/// A tile that is in the accent colour while something is on and grey while it is off, and fades
-/// from one to the other in 0.2 seconds.
+/// A tile in the accent colour while it is on and in grey while it is off, with a fade of 0.2 seconds
+/// between the two.
 class FadingTile : public Tile
 {
     Q_OBJECT

@@ -10,7 +10,7 @@ namespace keelbright {
 
 namespace {
 
-/// The words of the table of recommended folders, in the user's language.
+/// A text from the table of recommended folders, in the user's language.
 QString translated(const QString& text)
 {
     return QCoreApplication::translate("RecommendedFolder", text.toUtf8().constData());
@@ -57,7 +57,7 @@ void RecommendedFolderRow::redraw()
 
 void RecommendedFolderRow::setProtected(bool isProtected)
 {
-    // Also reached when the switch follows the state, which must not save it again.
+    // redraw() also toggles the switch, and that must not save the state again.
     if (folder().isEnabled != isProtected)
         m_state.setRecommendedFolderEnabled(m_index, isProtected);
 }

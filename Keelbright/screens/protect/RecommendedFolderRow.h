@@ -9,16 +9,16 @@ class AppState;
 class FadingTile;
 class ToggleSwitch;
 
-/// A suggested folder with the switch that protects it. The switch writes straight into the state.
+/// A recommended folder with the switch that protects it. The switch writes to the state.
 class RecommendedFolderRow : public RowWidget
 {
     Q_OBJECT
 
 public:
-    /// For the folder at `index` of the state's recommended folders.
+    /// For the folder at `index` of the state's recommended folders. The state must outlive the row.
     RecommendedFolderRow(AppState& state, qsizetype index, QWidget* parent = nullptr);
 
-    /// Shows the folder as it now is in the state and on disk.
+    /// Shows the folder's current state and whether it exists on disk.
     void redraw();
 
 private:

@@ -21,7 +21,7 @@ constexpr int factLabelWidth = 110;
 constexpr int dotfileColumns = 3;
 constexpr qsizetype shownApps = 20;
 
-/// A row with a heading of its own.
+/// A row with its own heading; gives the layout below the heading.
 QVBoxLayout* addGroup(RowList& rows, const QString& title)
 {
     auto* group = new QWidget;

@@ -6,7 +6,7 @@ namespace keelbright {
 
 struct BackupManifest;
 
-/// What a manifest tells of the machine it was made on.
+/// Shows the machine that a manifest describes.
 class ManifestSummary : public RowList
 {
     Q_OBJECT

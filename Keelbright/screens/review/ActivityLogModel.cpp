@@ -10,8 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The words for a day of the local calendar. Most entries share their day with a neighbour, so
-/// each is worked out once.
+/// The labels of the days of the local calendar. Kept, because most entries share their day with
+/// another one.
 class DayLabels
 {
 public:

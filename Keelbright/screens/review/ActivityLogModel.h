@@ -5,7 +5,7 @@
 
 namespace keelbright {
 
-/// The entries of one day under the words for that day.
+/// The entries of one day and the label of that day.
 struct ActivityDay
 {
     QString label;
@@ -14,9 +14,9 @@ struct ActivityDay
     friend bool operator==(const ActivityDay&, const ActivityDay&) = default;
 };
 
-/// Puts entries together by the day of the local calendar, as it looks from `now`: "Today",
-/// "Yesterday", or the date. Days come in the order in which they are first met, and a day keeps
-/// the order of its entries.
+/// Groups entries by their day in the local calendar. Labels are relative to `now`: "Today",
+/// "Yesterday", or the date. The days are in the order of their first entries, and the entries of a
+/// day keep their order.
 [[nodiscard]] QList<ActivityDay> grouped(const QList<ActivityEntry>& entries, const QDateTime& now);
 
 /// The log as rows, each day under its header.
@@ -27,7 +27,7 @@ class ActivityLogModel : public RowModel
 public:
     using RowModel::RowModel;
 
-    /// Shows the entries as they look at `now`.
+    /// `now` decides which day is today, and how long ago an entry was written.
     void setEntries(const QList<ActivityEntry>& entries, const QDateTime& now);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;

@@ -16,7 +16,7 @@ using Category = ScanFinding::Category;
 using Severity = ScanFinding::Severity;
 
 constexpr std::array categories{Category::backup, Category::junk, Category::storage, Category::apps};
-/// Above it a size stands out.
+/// A larger size is shown in red.
 constexpr qint64 bigSize = 1'073'741'824;
 
 Role hue(Severity severity)
@@ -32,8 +32,8 @@ Role hue(Severity severity)
     Q_UNREACHABLE();
 }
 
-/// What the colour of the dot says, for those who don't see it.
-QString words(Severity severity)
+/// The meaning of the dot's colour, for screen readers.
+QString severityText(Severity severity)
 {
     switch (severity) {
     case Severity::low:
@@ -116,7 +116,7 @@ QString ScanFindingsModel::headerAt(int row) const
 QString ScanFindingsModel::accessibleText(int row) const
 {
     const QString text = RowModel::accessibleText(row);
-    return m_rows.at(row).finding < 0 ? text : tr("%1, %2").arg(text, words(findingAt(row).severity));
+    return m_rows.at(row).finding < 0 ? text : tr("%1, %2").arg(text, severityText(findingAt(row).severity));
 }
 
 } // namespace keelbright

@@ -13,16 +13,16 @@ class ScanFindingsModel : public RowModel
 public:
     using RowModel::RowModel;
 
-    /// In the order of the report; within a category it holds.
+    /// The findings of a category keep the order that they have here.
     void setFindings(const QList<ScanFinding>& findings);
 
-    /// Only for rows that exist and are no header.
+    /// `row` must be the row of a finding, not that of a header.
     [[nodiscard]] const ScanFinding& findingAt(int row) const
     {
         return m_findings.at(m_rows.at(row).finding);
     }
 
-    /// The button that leads to where the finding can be acted on; nothing where it names no screen.
+    /// The button of the finding's row; none if its action names no screen.
     [[nodiscard]] static std::optional<RowAction> actionButton(const ScanFinding& finding);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;

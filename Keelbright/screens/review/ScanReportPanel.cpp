@@ -19,7 +19,7 @@ namespace {
 
 constexpr int ringDiameter = 84;
 constexpr int ringThickness = 7;
-constexpr double mostPoints = 100;
+constexpr double maximumPoints = 100;
 
 } // namespace
 
@@ -68,16 +68,16 @@ QWidget* ScanReportPanel::makeBanner()
     row->setSpacing(16);
     m_health = new RingProgress(tr("Health"), ringDiameter, ringThickness);
     row->addWidget(m_health);
-    auto* words = new QVBoxLayout;
-    words->setSpacing(3);
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(3);
     m_headline = makeWrappingLabel({}, FontRole::headline, Role::primaryText);
     m_counts = makeWrappingLabel({}, FontRole::body, Role::secondaryText);
     m_reclaim = makeWrappingLabel({}, FontRole::body, Role::secondaryText);
-    words->addStretch();
+    texts->addStretch();
     for (Label* line : {m_headline, m_counts, m_reclaim})
-        words->addWidget(line);
-    words->addStretch();
-    row->addLayout(words, 1);
+        texts->addWidget(line);
+    texts->addStretch();
+    row->addLayout(texts, 1);
     card->content()->addLayout(row);
     return card;
 }
@@ -87,7 +87,7 @@ void ScanReportPanel::setReport(const FullScanReport& report)
     m_health->setVisible(report.healthScore.has_value());
     if (report.healthScore) {
         m_health->setColorRole(HealthCard::color(report.healthScore->grade));
-        m_health->setFraction(report.healthScore->points / mostPoints);
+        m_health->setFraction(report.healthScore->points / maximumPoints);
         m_health->setCenter(QString::number(report.healthScore->points), tr("Health"), false);
     }
     m_headline->setText(headline(report));

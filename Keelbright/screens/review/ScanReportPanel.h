@@ -11,7 +11,7 @@ class RingProgress;
 class RowListView;
 class ScanFindingsModel;
 
-/// The report of a full scan: a banner that sums it up, and its findings by category.
+/// The report of a full scan: a banner with a summary, and the findings by category.
 class ScanReportPanel : public QWidget
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ public:
     // The lines of the banner.
     [[nodiscard]] static QString headline(const FullScanReport& report);
     [[nodiscard]] static QString countLine(const FullScanReport& report);
-    /// Empty where nothing can be freed.
+    /// Empty if nothing can be freed.
     [[nodiscard]] static QString reclaimLine(const FullScanReport& report);
 
 Q_SIGNALS:

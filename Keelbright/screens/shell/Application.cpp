@@ -24,12 +24,12 @@ using namespace Qt::StringLiterals;
 void followDesktop(const DesktopSettings& desktop)
 {
     Theme& theme = Theme::instance();
-    const auto takeScheme = [&desktop, &theme] { theme.setScheme(desktop.colorScheme()); };
-    const auto takeMotion = [&desktop, &theme] { theme.setMotionReduced(desktop.isMotionReduced()); };
-    QObject::connect(&desktop, &DesktopSettings::colorSchemeChanged, &theme, takeScheme);
-    QObject::connect(&desktop, &DesktopSettings::isMotionReducedChanged, &theme, takeMotion);
-    takeScheme();
-    takeMotion();
+    const auto applyScheme = [&desktop, &theme] { theme.setScheme(desktop.colorScheme()); };
+    const auto applyMotion = [&desktop, &theme] { theme.setMotionReduced(desktop.isMotionReduced()); };
+    QObject::connect(&desktop, &DesktopSettings::colorSchemeChanged, &theme, applyScheme);
+    QObject::connect(&desktop, &DesktopSettings::isMotionReducedChanged, &theme, applyMotion);
+    applyScheme();
+    applyMotion();
 }
 
 int runWindow(QApplication& application, AppLookup lookup)

@@ -4,9 +4,9 @@
 
 namespace keelbright {
 
-/// Runs the whole program, with its window, on the present default file manager, and gives the
-/// exit code. Does not return where a backup can't be ended at quitting, as on a drive that hangs:
-/// the process then ends at once.
+/// Runs the program with its window on the current default file manager, and returns the exit code.
+/// If a backup can't be stopped at quitting, as on a drive that hangs, it does not return but ends
+/// the process.
 int runApplication(int argc, char** argv, AppLookup lookup = appStoreLookup);
 
 } // namespace keelbright

@@ -19,8 +19,8 @@ using namespace Qt::StringLiterals;
 
 constexpr int placesWidth = 160;
 
-/// One picture for every folder and one for every file. The toolkit's own provider looks each entry
-/// up on the disk.
+/// One icon for all folders and one for all files, because the toolkit's own provider reads the disk
+/// for each entry.
 class PlainIcons : public QAbstractFileIconProvider
 {
 public:
@@ -51,7 +51,7 @@ PlainIcons* plainIcons()
     return &icons;
 }
 
-/// Home, the whole machine, and where drives are found once they are plugged in.
+/// Home, the root folder, and the folders in which drives are mounted.
 QList<QUrl> shortcuts()
 {
     const FileManager& files = FileManager::defaultManager();
@@ -79,7 +79,7 @@ ChooserDialog::ChooserDialog(const QString& title, const QString& prompt, Accept
     setViewMode(List);
     resize(760, 480);
     setIconProvider(plainIcons());
-    // As it comes, the list of places is too narrow for the names of most.
+    // The toolkit makes the list of places too narrow for the names of most of them.
     if (auto* panes = findChild<QSplitter*>(u"splitter"_s))
         panes->setSizes({placesWidth, width() - placesWidth});
 }
@@ -102,15 +102,15 @@ QList<FileURL> ChooserDialog::markedItems() const
     const QLineEdit* field = nameField();
     if (view == nullptr || field == nullptr)
         return {};
-    // The field repeats what is marked, in quotes where there are several; anything else in it was
-    // typed.
+    // The field repeats the marked names, in quotes if there are several. With any other text in it
+    // the user has typed a name.
     const QModelIndexList rows = view->selectionModel()->selectedRows();
     QStringList names;
     QList<FileURL> items;
     for (const QModelIndex& row : rows) {
         const QString name = row.data().toString();
         names.append(rows.size() > 1 ? u'"' + name + u'"' : name);
-        // The toolkit reads the field back, and takes a name with quotes in it for the folder above.
+        // Not from the field, where the toolkit takes a name with quotes for the parent folder.
         if (row.parent() == view->rootIndex())
             items.append(FileURL::fromPath(row.data(QFileSystemModel::FilePathRole).toString()));
     }

@@ -9,23 +9,23 @@ class QLineEdit;
 
 namespace keelbright {
 
-/// What the program's dialogs for files and folders share: the same on every desktop, usable by
-/// keyboard alone, an accept button with words of its own. Starts at home.
+/// The base of the program's dialogs for files and folders. Looks the same on every desktop, works
+/// with the keyboard alone, and shows a given text on the accept button. Starts in the home folder.
 class ChooserDialog : public QFileDialog
 {
     Q_OBJECT
 
 public:
-    /// `prompt` is what the accept button says.
+    /// `prompt` is the text of the accept button.
     ChooserDialog(const QString& title, const QString& prompt, AcceptMode mode, QWidget* parent = nullptr);
 
-    /// Shows the dialog over its parent and returns at once; it deletes itself when it closes.
+    /// Shows the dialog over its parent and returns at once. The dialog deletes itself when it closes.
     void ask(std::function<void()> accepted);
 
 protected:
     /// The field for a name; null on a toolkit without one.
     [[nodiscard]] QLineEdit* nameField() const;
-    /// What is chosen; what was typed counts where it differs from what is marked.
+    /// The chosen items: the typed names if they differ from the marked items.
     [[nodiscard]] QList<FileURL> chosenItems() const;
 
 private:

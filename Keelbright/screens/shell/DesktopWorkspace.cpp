@@ -15,7 +15,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// What file browsers offer to other programs.
+/// The call by which file browsers let other programs show a file.
 QDBusMessage showItemsCall(const FileURL& url)
 {
     QDBusMessage message =
@@ -37,7 +37,7 @@ DesktopWorkspace::DesktopWorkspace(QDBusConnection bus)
 
 void DesktopWorkspace::open(const FileURL& url)
 {
-    // The encoded form carries names that are no text.
+    // The encoded form can hold names that are not valid UTF-8.
     QDesktopServices::openUrl(QUrl::fromEncoded(url.absoluteString().toLatin1(), QUrl::StrictMode));
 }
 

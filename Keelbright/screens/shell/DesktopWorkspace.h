@@ -7,8 +7,8 @@
 
 namespace keelbright {
 
-/// Opens and shows files with what the desktop has for them. Never waits for it. What was asked for
-/// and not answered when this goes is forgotten.
+/// Opens and shows files with the desktop's programs, without waiting for them. A call that is not
+/// answered when this is destroyed is dropped.
 class DesktopWorkspace : public Workspace
 {
 public:
@@ -22,7 +22,7 @@ public:
 
 private:
     QDBusConnection m_bus;
-    QObject m_calls; ///< owns what waits for an answer
+    QObject m_calls; ///< owns the calls that wait for an answer
 };
 
 } // namespace keelbright

@@ -21,20 +21,20 @@ DetailView::DetailView(const ScreenContext& context, QWidget* parent)
 
 void DetailView::showSelectedScreen()
 {
-    const std::optional<Screen> wanted = m_context.state.selectedScreen();
-    if (m_view && wanted == m_screen)
+    const std::optional<Screen> selected = m_context.state.selectedScreen();
+    if (m_view && selected == m_screen)
         return;
-    m_screen = wanted;
+    m_screen = selected;
     if (m_view) {
-        // The press that led here may still be under way in the view.
+        // The click that led here may still be running in the view.
         m_layout->removeWidget(m_view);
         m_view->hide();
         m_view->deleteLater();
     }
-    m_view = wanted ? makeScreen(*wanted, m_context, this) : makeWelcomeView(this);
+    m_view = selected ? makeScreen(*selected, m_context, this) : makeWelcomeView(this);
     m_layout->addWidget(m_view);
     m_view->show();
-    setAccessibleName(wanted ? screenTitle(*wanted) : tr("Welcome"));
+    setAccessibleName(selected ? screenTitle(*selected) : tr("Welcome"));
     QAccessibleEvent event(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
 }

@@ -11,13 +11,14 @@ class QVBoxLayout;
 
 namespace keelbright {
 
-/// The detail area: shows the view of the state's selected screen, or the welcome view where none
-/// is selected. A view is made when its screen is selected and destroyed when it is left.
+/// The detail area: shows the view of the state's selected screen, or the welcome view if none is
+/// selected. A view is made when its screen is selected and destroyed when the screen is left.
 class DetailView : public QWidget
 {
     Q_OBJECT
 
 public:
+    /// The members of the context must outlive the view.
     explicit DetailView(const ScreenContext& context, QWidget* parent = nullptr);
 
     /// The view on screen.

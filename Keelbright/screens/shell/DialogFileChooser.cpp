@@ -26,7 +26,7 @@ QString nameFilter(const QStringList& extensions)
     return OpenFileDialog::tr("%1 files").arg(kinds.join(u", "_s)) + u" ("_s + patterns.join(u' ') + u')';
 }
 
-void explain(QWidget* parent, const QString& text)
+void showWarning(QWidget* parent, const QString& text)
 {
     auto* note = new QMessageBox(QMessageBox::Warning, parent->windowTitle(), text, QMessageBox::Ok, parent);
     note->setTextFormat(Qt::PlainText);
@@ -57,7 +57,7 @@ std::optional<FileURL> OpenFileDialog::chosenFile() const
     return items.first();
 }
 
-bool OpenFileDialog::isOfAskedKind(const FileURL& url) const
+bool OpenFileDialog::isOfRequestedKind(const FileURL& url) const
 {
     return m_extensions.isEmpty() || m_extensions.contains(url.pathExtension(), Qt::CaseInsensitive);
 }
@@ -66,12 +66,12 @@ void OpenFileDialog::accept()
 {
     const std::optional<FileURL> file = chosenFile();
     if (!file)
-        QFileDialog::accept(); // goes into a folder, or says what is wrong
-    else if (isOfAskedKind(*file))
+        QFileDialog::accept(); // opens a folder, or reports what is wrong
+    else if (isOfRequestedKind(*file))
         done(Accepted);
     else
-        explain(this, tr("%1 is not one of the files that can be chosen here: %2.")
-                          .arg(displayText(file->lastPathComponent()), selectedNameFilter()));
+        showWarning(this, tr("%1 is not one of the files that can be chosen here: %2.")
+                              .arg(displayText(file->lastPathComponent()), selectedNameFilter()));
 }
 
 SaveFileDialog::SaveFileDialog(const FileSaveRequest& request, QWidget* parent)
@@ -91,7 +91,7 @@ std::optional<FileURL> SaveFileDialog::chosenFile() const
     const QString text = field != nullptr ? field->text() : QString();
     if (text.trimmed().isEmpty())
         return std::nullopt;
-    // The toolkit would take quotes for the ends of several names.
+    // The toolkit would read quotes as separators between several names.
     if (text.contains(u'"'))
         return FileURL::fromPath(directory().absoluteFilePath(
             text.contains(u'.') || defaultSuffix().isEmpty() ? text : text + u'.' + defaultSuffix()));
@@ -107,13 +107,13 @@ void SaveFileDialog::accept()
     const FileExistence existence = files.fileExists(*file);
     const FileURL folder = file->deletingLastPathComponent();
     if (existence.isDirectory)
-        QFileDialog::accept(); // goes into it
+        QFileDialog::accept(); // opens it
     else if (existence.exists)
         askToReplace(*file);
     else if (files.fileExists(folder).isDirectory)
         done(Accepted);
     else
-        explain(this, tr("There is no folder %1.").arg(displayText(folder.path())));
+        showWarning(this, tr("There is no folder %1.").arg(displayText(folder.path())));
 }
 
 void SaveFileDialog::askToReplace(const FileURL& url)

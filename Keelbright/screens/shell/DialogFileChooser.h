@@ -7,7 +7,7 @@
 
 namespace keelbright {
 
-/// A dialog for one file that exists, of one of the asked kinds.
+/// A dialog for one existing file of a requested kind.
 class OpenFileDialog : public ChooserDialog
 {
     Q_OBJECT
@@ -15,17 +15,17 @@ class OpenFileDialog : public ChooserDialog
 public:
     OpenFileDialog(const FileOpenRequest& request, QWidget* parent = nullptr);
 
-    /// Nothing where no file is chosen.
+    /// Nothing if no file is chosen.
     [[nodiscard]] std::optional<FileURL> chosenFile() const;
     void accept() override;
 
 private:
-    [[nodiscard]] bool isOfAskedKind(const FileURL& url) const;
+    [[nodiscard]] bool isOfRequestedKind(const FileURL& url) const;
 
     QStringList m_extensions;
 };
 
-/// A dialog for where a file goes. Asks before a file that is there is chosen.
+/// A dialog for the place of a new file. Asks before it replaces an existing one.
 class SaveFileDialog : public ChooserDialog
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ class SaveFileDialog : public ChooserDialog
 public:
     SaveFileDialog(const FileSaveRequest& request, QWidget* parent = nullptr);
 
-    /// Nothing where no name is given.
+    /// Nothing if no name is given.
     [[nodiscard]] std::optional<FileURL> chosenFile() const;
     void accept() override;
 
@@ -41,8 +41,8 @@ private:
     void askToReplace(const FileURL& url);
 };
 
-/// Asks with a dialog over the active window. Not with the desktop's own: its accept button has to
-/// carry the prompt.
+/// Shows its dialogs over the active window. Not the desktop's own dialogs, because the accept button
+/// has to show the prompt.
 class DialogFileChooser : public FileChooser
 {
 public:

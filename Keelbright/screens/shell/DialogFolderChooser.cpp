@@ -28,7 +28,7 @@ FolderDialog::FolderDialog(const FolderChooserRequest& request, QWidget* parent)
     }
     if (!request.allowsMultipleSelection)
         return;
-    // The toolkit has no mode for several folders; its views can mark them all the same.
+    // The toolkit has no mode for several folders, but its views can mark them.
     for (auto* view : findChildren<QAbstractItemView*>()) {
         if (view->objectName() == "listView"_L1 || view->objectName() == "treeView"_L1)
             view->setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -44,7 +44,7 @@ void FolderDialog::accept()
     if (areFolders && !folders.isEmpty())
         done(Accepted);
     else
-        QFileDialog::accept(); // says what is wrong
+        QFileDialog::accept(); // reports what is wrong
 }
 
 void DialogFolderChooser::chooseFolders(const FolderChooserRequest& request,

@@ -13,7 +13,7 @@ class FolderDialog : public ChooserDialog
 public:
     FolderDialog(const FolderChooserRequest& request, QWidget* parent = nullptr);
 
-    /// The chosen folders; what was typed counts where it differs from what is marked.
+    /// The typed folders if they differ from the marked ones, else the marked ones.
     [[nodiscard]] QList<FileURL> chosenFolders() const { return chosenItems(); }
 
     void accept() override;

@@ -26,7 +26,7 @@ MainView::MainView(const ScreenContext& context, QWidget* parent)
     layout->addWidget(splitter);
 }
 
-void MainView::takeFocus()
+void MainView::focusSidebar()
 {
     m_sidebar->list()->setFocus(Qt::ActiveWindowFocusReason);
 }

@@ -15,14 +15,15 @@ class MainView : public QWidget
     Q_OBJECT
 
 public:
+    /// The members of the context must outlive the view.
     explicit MainView(const ScreenContext& context, QWidget* parent = nullptr);
 
     [[nodiscard]] SidebarView* sidebar() const { return m_sidebar; }
 
     [[nodiscard]] DetailView* detail() const { return m_detail; }
 
-    /// Puts the keyboard on the sidebar's list.
-    void takeFocus();
+    /// Gives the sidebar's list the focus.
+    void focusSidebar();
 
 private:
     SidebarView* m_sidebar;

@@ -54,7 +54,7 @@ void MainWindow::showOnboardingOrMain()
     if (centralWidget() != nullptr && isPassed == !m_main.isNull())
         return;
     if (QWidget* before = takeCentralWidget()) {
-        // The press that led here may still be under way in it.
+        // The click that led here may still be running in it.
         before->hide();
         before->setParent(nullptr);
         before->deleteLater();
@@ -65,7 +65,7 @@ void MainWindow::showOnboardingOrMain()
     else
         setCentralWidget(new OnboardingView(m_context.state, this));
     if (m_main)
-        m_main->takeFocus();
+        m_main->focusSidebar();
     updateSidebarAction();
 }
 

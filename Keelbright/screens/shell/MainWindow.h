@@ -21,20 +21,21 @@ public:
     static constexpr QSize minimumWindowSize{860, 620};
     static constexpr QSize startingSize{1180, 760};
 
+    /// The members of the context must outlive the window.
     explicit MainWindow(const ScreenContext& context, QWidget* parent = nullptr);
 
     /// Opens the settings window, or brings it to the front.
     void showSettings();
 
-    /// Null while it is not open.
+    /// Null while the settings window is closed.
     [[nodiscard]] SettingsWindow* settingsWindow() const;
 
 Q_SIGNALS:
-    /// The window has closed for good: the program ends.
+    /// The window has closed, and the program can end.
     void closed();
 
 protected:
-    /// While a backup runs the user is asked first.
+    /// Asks the user first while a backup runs.
     void closeEvent(QCloseEvent* event) override;
 
 private:

@@ -7,10 +7,9 @@ class QWidget;
 
 namespace keelbright {
 
-/// Makes the view of a screen, as a child of `parent`. It owns its whole area and lives while the
-/// screen is selected.
+/// Makes the view of a screen as a child of `parent`. The members of the context must outlive it.
 [[nodiscard]] QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent);
-/// What stands in the detail area while no screen is selected.
+/// Makes the view of the detail area while no screen is selected.
 [[nodiscard]] QWidget* makeWelcomeView(QWidget* parent);
 
 } // namespace keelbright

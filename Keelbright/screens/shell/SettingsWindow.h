@@ -12,6 +12,7 @@ class SettingsWindow : public QDialog
     Q_OBJECT
 
 public:
+    /// The state must outlive the window.
     explicit SettingsWindow(AppState& state, QWidget* parent = nullptr);
 };
 

@@ -24,7 +24,7 @@ void paintHeader(QPainter& painter, const QRect& rect, const QString& title)
     const Theme& theme = Theme::instance();
     painter.setFont(theme.font(FontRole::groupTitle));
     painter.setPen(theme.color(Role::mutedText));
-    // The words stand nearer to the rows below than to those above.
+    // Closer to the rows below, whose header this is, than to the rows above.
     painter.drawText(rect.adjusted(headerLeft, 9, -inset, 0), Qt::AlignLeft | Qt::AlignVCenter, title);
 }
 
@@ -55,9 +55,9 @@ void SidebarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     Symbol::paint(*painter, picture, symbol, theme.color(isSelected ? Role::onFill : Role::accent));
     painter->setFont(theme.font(FontRole::body));
     painter->setPen(theme.color(isSelected ? Role::onFill : Role::primaryText));
-    const QRect words = option.rect.adjusted(textLeft, 0, -inset - 8, 0);
-    painter->drawText(words, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                      painter->fontMetrics().elidedText(title, Qt::ElideRight, words.width()));
+    const QRect textRect = option.rect.adjusted(textLeft, 0, -inset - 8, 0);
+    painter->drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                      painter->fontMetrics().elidedText(title, Qt::ElideRight, textRect.width()));
     const bool showsFocus = option.state.testFlag(QStyle::State_HasFocus) &&
                             option.state.testFlag(QStyle::State_KeyboardFocusChange);
     if (showsFocus)
@@ -68,8 +68,8 @@ void SidebarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
 QSize SidebarDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     const bool isHeader = index.data(SidebarModel::symbolRole).toString().isEmpty();
-    const int least = isHeader ? headerHeight : Metrics::sidebarRow;
-    return {option.rect.width(), std::max(least, option.fontMetrics.height() + 6)};
+    const int minimumHeight = isHeader ? headerHeight : Metrics::sidebarRow;
+    return {option.rect.width(), std::max(minimumHeight, option.fontMetrics.height() + 6)};
 }
 
 } // namespace keelbright

@@ -7,7 +7,7 @@
 
 namespace keelbright {
 
-/// The rows of the sidebar: headers, which can't be chosen, and screens.
+/// The rows of the sidebar: screens, and headers, which can't be selected.
 class SidebarModel : public QAbstractListModel
 {
     Q_OBJECT

@@ -53,7 +53,7 @@ SidebarView::SidebarView(AppState& state, QWidget* parent)
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_list->setMouseTracking(true);
     m_list->viewport()->setAutoFillBackground(false);
-    // The selection, not the current row: a screen reader selects a row without going to it.
+    // Not the current row, because a screen reader selects a row without making it current.
     connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
         const QModelIndexList selected = m_list->selectionModel()->selectedIndexes();
         if (!m_isSelectingShownScreen && !selected.isEmpty())
@@ -70,7 +70,7 @@ void SidebarView::selectShownScreen()
     if (index.isValid() && m_list->selectionModel()->isSelected(index))
         return;
     m_isSelectingShownScreen = true;
-    // The row that was current stays so: the keyboard's focus needs a place to be seen at.
+    // Clears the selection only: the current row stays, so that the focus frame keeps a place.
     if (index.isValid())
         m_list->setCurrentIndex(index);
     else

@@ -13,8 +13,8 @@ namespace keelbright {
 class AppState;
 class SidebarModel;
 
-/// The list of screens. Its selection and the state's selected screen are one: the arrows and the
-/// pointer navigate, and a screen that has no row here leaves nothing selected.
+/// The list of screens. Its selection and the state's selected screen always agree; while the screen
+/// is one without a row, nothing is selected.
 class SidebarView : public QWidget
 {
     Q_OBJECT
@@ -24,9 +24,10 @@ public:
     static constexpr int idealWidth = 240;
     static constexpr int maximumWidthOfSidebar = 300;
 
-    /// Section titles with their rows; the last section has no header.
+    /// The sections with their titles and screens; the last one has no title.
     [[nodiscard]] static const QList<std::pair<QString, QList<Screen>>>& sections();
 
+    /// The state must outlive the view.
     explicit SidebarView(AppState& state, QWidget* parent = nullptr);
 
     [[nodiscard]] QListView* list() const { return m_list; }

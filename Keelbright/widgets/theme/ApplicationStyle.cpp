@@ -18,7 +18,7 @@ constexpr int scrollBarWidth = 12;
 void drawScrollBar(const QStyleOptionSlider& option, QPainter& painter, QRect handle)
 {
     const Theme& theme = Theme::instance();
-    // The track stays the surface below, so that a page keeps one even ground.
+    // The track is not drawn, so that the page shows through.
     if (option.minimum == option.maximum)
         return;
     const bool isActive = option.activeSubControls.testFlag(QStyle::SC_ScrollBarSlider) &&
@@ -62,7 +62,7 @@ void drawFocusFrame(const QStyleOption& option, QPainter& painter)
     painter.restore();
 }
 
-/// The ground of a text field or a button of the toolkit.
+/// The background of a text field or a button of the toolkit.
 void drawControlGround(const QStyleOption& option, QPainter& painter, bool isField)
 {
     const Theme& theme = Theme::instance();
@@ -83,7 +83,7 @@ void drawControlGround(const QStyleOption& option, QPainter& painter, bool isFie
     painter.restore();
 }
 
-/// Our own picture for one of the toolkit's; empty where it keeps its own.
+/// The symbol in place of one of the toolkit's pictures; empty if the toolkit's own is kept.
 QString symbolFor(QStyle::StandardPixmap picture)
 {
     switch (picture) {
@@ -165,7 +165,7 @@ void ApplicationStyle::drawPrimitive(PrimitiveElement element, const QStyleOptio
         return;
     }
     if (element == PE_FrameLineEdit)
-        return; // the ground has its frame
+        return; // drawn with the background
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
@@ -175,7 +175,7 @@ QRect ApplicationStyle::subControlRect(ComplexControl control, const QStyleOptio
     const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control != CC_ScrollBar || slider == nullptr)
         return QProxyStyle::subControlRect(control, option, subControl, widget);
-    // A bar without arrow buttons: the groove is the whole of it.
+    // The bar has no arrow buttons, so the groove is the whole bar.
     const bool isHorizontal = slider->orientation == Qt::Horizontal;
     const int length = isHorizontal ? slider->rect.width() : slider->rect.height();
     const qint64 range = qint64(slider->maximum) - slider->minimum;

@@ -5,8 +5,8 @@
 
 namespace keelbright {
 
-/// How the toolkit's own widgets look (menus, scroll bars, text fields, the folder chooser), so
-/// that they match the widgets that paint themselves.
+/// Draws the toolkit's own widgets (menus, scroll bars, text fields, the folder chooser) so that they
+/// match the program's widgets.
 class ApplicationStyle : public QProxyStyle
 {
     Q_OBJECT

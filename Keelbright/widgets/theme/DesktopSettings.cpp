@@ -32,10 +32,10 @@ QVariant unwrapped(QVariant value)
     return value;
 }
 
-/// Nothing where the desktop leaves it to the program.
-std::optional<ColorScheme> schemeOfWish(uint wish)
+/// Nothing if the desktop has no preference.
+std::optional<ColorScheme> preferredScheme(uint preference)
 {
-    switch (wish) {
+    switch (preference) {
     case 1:
         return ColorScheme::dark;
     case 2:
@@ -71,7 +71,7 @@ void DesktopSettings::watchPalette()
 
 void DesktopSettings::readPalette()
 {
-    // The application's own palette hides the platform's; an empty one lets it show.
+    // The application's own palette hides the platform's, so it is set aside while that is read.
     const QPalette own = QApplication::palette();
     QApplication::setPalette(QPalette());
     const QPalette platform = QApplication::palette();
@@ -87,7 +87,7 @@ void DesktopSettings::readPalette()
 
 bool DesktopSettings::eventFilter(QObject* watched, QEvent* event)
 {
-    // Each window is told; one reading, when all are, is enough.
+    // Every window gets this event, and one reading after all of them is enough.
     if (event->type() == QEvent::ThemeChange && !m_isReadingDue) {
         m_isReadingDue = true;
         QMetaObject::invokeMethod(
@@ -105,11 +105,11 @@ void DesktopSettings::watchPortal(const QDBusConnection& bus)
 {
     if (!bus.isConnected())
         return;
-    // The bus finds the slot by the names of its types, and knows this one only once it was used.
+    // The bus finds the slot by the names of its types, which have to be registered before.
     qRegisterMetaType<QDBusVariant>();
     QDBusConnection connection = bus;
     connection.connect(portalService, portalPath, portalInterface, u"SettingChanged"_s, this,
-                       SLOT(takeSetting(QString, QString, QDBusVariant)));
+                       SLOT(applySetting(QString, QString, QDBusVariant)));
     askPortal(bus, appearance, colorSchemeKey);
     askPortal(bus, appearance, reducedMotionKey);
     askPortal(bus, gnomeInterface, animationsKey);
@@ -124,16 +124,16 @@ void DesktopSettings::askPortal(const QDBusConnection& bus, const QString& nameS
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, nameSpace, key] {
         const QDBusPendingReply<QDBusVariant> reply = *watcher;
         if (reply.isValid())
-            takeSetting(nameSpace, key, reply.value());
+            applySetting(nameSpace, key, reply.value());
         watcher->deleteLater();
     });
 }
 
-void DesktopSettings::takeSetting(const QString& nameSpace, const QString& key, const QDBusVariant& value)
+void DesktopSettings::applySetting(const QString& nameSpace, const QString& key, const QDBusVariant& value)
 {
     const QVariant plain = unwrapped(value.variant());
     if (nameSpace == appearance && key == colorSchemeKey) {
-        setPortalScheme(schemeOfWish(plain.toUInt()));
+        setPortalScheme(preferredScheme(plain.toUInt()));
     } else if (nameSpace == appearance && key == reducedMotionKey) {
         setMotionReduced(plain.toUInt() == 1);
     } else if (nameSpace == gnomeInterface && key == animationsKey) {

@@ -9,18 +9,18 @@
 
 namespace keelbright {
 
-/// What the desktop asks of the look, followed while the program runs: light or dark, and whether
-/// to move. Asks the desktop's settings portal without ever waiting for it; until it answers, and
-/// where there is none, the lightness of the platform's palette decides. Main thread.
+/// The desktop's settings for the look: light or dark, and whether motion is reduced. Follows changes
+/// while the program runs. Asks the desktop's settings portal without waiting for it; without an
+/// answer the lightness of the platform's palette decides. Main thread.
 ///
-/// The portal client stands here and not with the platform's other services because the logic
-/// links no D-Bus.
+/// The portal client is here and not with the platform's other services because the logic does not
+/// link D-Bus.
 class DesktopSettings : public QObject
 {
     Q_OBJECT
 
 public:
-    /// On the session bus, or without a portal where there is no session bus to be reached.
+    /// On the session bus; without one there is no portal either.
     explicit DesktopSettings(QObject* parent = nullptr);
     explicit DesktopSettings(const QDBusConnection& bus, QObject* parent = nullptr);
 
@@ -35,7 +35,7 @@ Q_SIGNALS:
     void isMotionReducedChanged();
 
 private Q_SLOTS:
-    void takeSetting(const QString& nameSpace, const QString& key, const QDBusVariant& value);
+    void applySetting(const QString& nameSpace, const QString& key, const QDBusVariant& value);
 
 private:
     void watchPalette();

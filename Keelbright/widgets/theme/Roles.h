@@ -6,9 +6,9 @@ enum class ColorScheme { light, dark };
 
 /// What a colour is for. A screen names a role, never a colour; `Theme` owns the colours.
 ///
-/// Each hue stands in three strengths: the plain one for marks (icons, bars, rings, tiles), the
-/// `...Text` one for words (readable on window, card, bars and on a tint of any hue), and the
-/// `...Fill` one behind `onFill` words.
+/// Each hue has three variants: the plain one for marks (icons, bars, rings, tiles), the `...Text` one
+/// for texts (readable on window, card, bars and on a tint of any hue), and the `...Fill` one for the
+/// background of `onFill` texts.
 enum class Role {
     // Surfaces.
     window,
@@ -22,14 +22,14 @@ enum class Role {
     track,  ///< the empty part of a bar, ring or switch
     shadow, ///< below a card
 
-    // Words.
+    // Texts.
     primaryText,
     secondaryText, ///< on window and card only
-    mutedText,     ///< the secondary words on a tint, the sidebar or a bar
-    onFill,        ///< on every fill but the orange one
-    onOrangeFill,  ///< white would be lost there
+    mutedText,     ///< secondary text on a tint, the sidebar or a bar
+    onFill,        ///< on every fill except the orange one
+    onOrangeFill,  ///< white is not readable there
 
-    // Marks only, too faint for words.
+    // Marks only, too faint for text.
     emptyMark,
 
     // Hues.
@@ -61,12 +61,12 @@ enum class Role {
     redFill,
 };
 
-/// The strength for words of a hue; a role that is no hue stays itself, and `emptyMark` gives
-/// `secondaryText`.
+/// The variant of a hue for text. `emptyMark` gives `secondaryText`; any other role that is no hue
+/// gives itself.
 [[nodiscard]] Role textRole(Role hue);
-/// The strength behind words; `accentFill` for a hue that has none.
+/// The variant of a hue for a background; `accentFill` for a hue without one.
 [[nodiscard]] Role fillRole(Role hue);
-/// The words on a fill.
+/// The colour of a text on a fill.
 [[nodiscard]] Role onFillRole(Role fill);
 
 /// What a piece of text is for.
@@ -89,15 +89,15 @@ enum class FontRole {
 namespace Metrics {
 inline constexpr int pageMarginX = 32;
 inline constexpr int pageMarginY = 28;
-/// A page does not grow wider than people read.
+/// The maximum width of a page, which keeps its lines readable.
 inline constexpr int pageMaxWidth = 1040;
 inline constexpr int sectionSpacing = 18;
 inline constexpr int cardSpacing = 12;
 inline constexpr int cardPadding = 16;
-/// From the side of a panel or a bar to what stands in it.
+/// Between the edge of a panel or a bar and its content.
 inline constexpr int panelPadding = 16;
 inline constexpr int cardRadius = 12;
-/// What a card leaves at its bottom for its shadow.
+/// The height of a card's shadow, which is part of the card.
 inline constexpr int cardShadow = 2;
 inline constexpr int buttonHeight = 30;
 inline constexpr int compactButtonHeight = 24;
@@ -108,9 +108,9 @@ inline constexpr int tile = 30;
 inline constexpr int tileRadius = 8;
 } // namespace Metrics
 
-/// How strongly a tile's colour stands behind its icon.
+/// The opacity of a tile's colour behind its icon.
 inline constexpr double tileTint = 0.14;
-/// How strongly a panel is tinted.
+/// The opacity of a panel's tint.
 inline constexpr double panelTint = 0.10;
 
 } // namespace keelbright

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <map>
 
-// The resources are registered by a macro that must stand outside every namespace.
+// The macro that registers the resources must be outside every namespace.
 static void registerSymbolFont()
 {
     Q_INIT_RESOURCE(symbols);
@@ -32,11 +32,11 @@ const QRawFont& symbolFont()
     return font;
 }
 
-// Pictures are put together in the font's own units and only then made small: cutting one path out
-// of another rounds to about a hundredth of a unit.
+// Pictures are composed at this size and scaled down at the end, because subtracting one path from
+// another rounds to about a hundredth of a unit.
 const QPointF center(emSize / 2, emSize / 2);
 
-/// The glyph, centred in the em square: glyphs sit anywhere on their line.
+/// The glyph, moved to the centre of the em square, since the font has it anywhere on the line.
 QPainterPath glyphPath(char16_t glyph)
 {
     const QList<quint32> indexes = symbolFont().glyphIndexesForString(QString(QChar(glyph)));
@@ -158,19 +158,6 @@ private:
 
 } // namespace
 
-bool Symbol::isKnown(const QString& key)
-{
-    return find(key) != nullptr;
-}
-
-QStringList Symbol::knownKeys()
-{
-    QStringList keys;
-    for (const SymbolEntry& entry : symbolTable())
-        keys.append(entry.key);
-    return keys;
-}
-
 const QPainterPath& Symbol::path(const QString& key)
 {
     static std::map<QString, QPainterPath> paths;
@@ -191,16 +178,6 @@ void Symbol::paint(QPainter& painter, const QRectF& rect, const QString& key, co
     painter.scale(side, side);
     painter.fillPath(path(key), color);
     painter.restore();
-}
-
-QPixmap Symbol::pixmap(const QString& key, int size, const QColor& color, qreal devicePixelRatio)
-{
-    QPixmap picture(QSize(size, size) * devicePixelRatio);
-    picture.setDevicePixelRatio(devicePixelRatio);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    paint(painter, QRectF(0, 0, size, size), key, color);
-    return picture;
 }
 
 QIcon Symbol::icon(const QString& key, const QColor& color)

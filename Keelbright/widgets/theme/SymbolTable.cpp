@@ -6,7 +6,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// The glyph's name in the icon font stands behind each line.
+// The comments are the names of the glyphs in the icon font.
 constexpr SymbolEntry entries[] = {
     {"app.badge.checkmark"_L1, u'\xF03B'},                                    // apps
     {"app.badge.minus"_L1, u'\xF03B', SymbolForm::badge, u'\xF376'},          // apps + minus-circle

@@ -5,9 +5,9 @@
 
 namespace keelbright {
 
-/// How a symbol is put together from glyphs of the icon font.
+/// How a symbol is composed of glyphs of the icon font.
 enum class SymbolForm {
-    plain,  ///< the glyph alone
+    plain,  ///< only the glyph
     badge,  ///< a small second glyph at the lower right, cut out of the first
     ring,   ///< the glyph, smaller, inside a circle line
     struck, ///< the glyph, struck through

@@ -10,7 +10,6 @@
 #include <QScreen>
 #include <QToolTip>
 #include <algorithm>
-#include <cmath>
 
 namespace keelbright {
 
@@ -55,7 +54,7 @@ FontToken fontToken(FontRole role)
     return {13, QFont::Normal};
 }
 
-/// The desktop's own UI font; Inter where no desktop sets one, which shows in a bare alias.
+/// The desktop's UI font, or Inter if no desktop sets one and the toolkit gives only a generic name.
 QString familyOfDesktop()
 {
     const QString family = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
@@ -64,16 +63,6 @@ QString familyOfDesktop()
                          family.compare("sans-serif"_L1, Qt::CaseInsensitive) == 0 ||
                          family.compare("helvetica"_L1, Qt::CaseInsensitive) == 0;
     return isUnset && QFontDatabase::hasFamily(u"Inter"_s) ? u"Inter"_s : family;
-}
-
-double linear(double channel)
-{
-    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-}
-
-double luminance(const QColor& color)
-{
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
 } // namespace
@@ -90,8 +79,8 @@ Theme::Theme(QObject* parent)
     : QObject(parent)
     , m_family(familyOfDesktop())
 {
-    // Points follow the size that the user asked the desktop for; the sizes here are pixels at 96
-    // dots per inch, and a screen that counts fewer counts points as pixels.
+    // The sizes of the roles are pixels at 96 dots per inch. Given in points, fonts grow when the
+    // desktop is set to more dots per inch; with fewer they keep their size in pixels.
     const QScreen* screen = QGuiApplication::primaryScreen();
     const double dotsPerInch = screen != nullptr ? screen->logicalDotsPerInch() : 96.0;
     m_pointsPerPixel = 72.0 / std::min(96.0, dotsPerInch);
@@ -174,13 +163,6 @@ QColor composed(const QColor& back, const QColor& front)
     const auto mix = [alpha](float below, float above) { return below + (above - below) * alpha; };
     return QColor::fromRgbF(mix(back.redF(), front.redF()), mix(back.greenF(), front.greenF()),
                             mix(back.blueF(), front.blueF()));
-}
-
-double contrastRatio(const QColor& first, const QColor& second)
-{
-    const double one = luminance(first);
-    const double other = luminance(second);
-    return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
 }
 
 } // namespace keelbright

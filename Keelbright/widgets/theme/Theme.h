@@ -11,8 +11,8 @@ namespace keelbright {
 
 /// The look of the program: colours, fonts and motion by role. Main thread, one for the program.
 ///
-/// A custom widget asks for its colours when it paints; a widget that keeps a colour takes a new
-/// one on `changed`.
+/// A custom widget asks for its colours when it paints; a widget that stores a colour asks for it
+/// again on `changed`.
 class Theme : public QObject
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
     /// Made on first use; needs a QApplication.
     [[nodiscard]] static Theme& instance();
 
-    /// Gives the application its style, palette and font. Once, before the first window.
+    /// Gives the application its style, palette and font. To be called once, before the first window.
     void install() const;
 
     [[nodiscard]] ColorScheme scheme() const { return m_scheme; }
@@ -33,18 +33,18 @@ public:
 
     void setMotionReduced(bool isReduced) { m_isMotionReduced = isReduced; }
 
-    /// `milliseconds`, or 0 where motion is reduced.
+    /// `milliseconds`, or 0 if motion is reduced.
     [[nodiscard]] int duration(int milliseconds) const { return m_isMotionReduced ? 0 : milliseconds; }
 
     [[nodiscard]] QColor color(Role role) const;
-    /// Opaque: `hue` laid with opacity `amount` on `base`.
+    /// The opaque colour of `hue` drawn with opacity `amount` over `base`.
     [[nodiscard]] QColor tint(Role hue, double amount = tileTint, Role base = Role::card) const;
     [[nodiscard]] QFont font(FontRole role) const;
     /// For the toolkit's own widgets.
     [[nodiscard]] QPalette palette() const;
 
 Q_SIGNALS:
-    /// The scheme flipped.
+    /// The colour scheme has changed.
     void changed();
 
 private:
@@ -56,9 +56,7 @@ private:
     double m_pointsPerPixel = 0.75;
 };
 
-/// `front` with its own opacity laid on the opaque `back`.
+/// `front`, with its own opacity, drawn over the opaque `back`.
 [[nodiscard]] QColor composed(const QColor& back, const QColor& front);
-/// The contrast of two opaque colours, from 1 to 21, as accessibility guidelines define it.
-[[nodiscard]] double contrastRatio(const QColor& first, const QColor& second);
 
 } // namespace keelbright

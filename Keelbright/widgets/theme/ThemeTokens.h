@@ -6,7 +6,7 @@
 
 namespace keelbright {
 
-/// The colour of a role in a scheme; the only place that knows numbers.
+/// The colour of a role in a scheme. No other file holds colour values.
 [[nodiscard]] QColor tokenColor(Role role, ColorScheme scheme);
 
 } // namespace keelbright

@@ -36,7 +36,7 @@ QList<AppInfo> appsOf(const QList<UsageCategory>& categories)
 
 } // namespace
 
-TEST(Insights, storageTellsUsedAndTotal)
+TEST(Insights, storageShowsUsedAndTotal)
 {
     const Insight insight = Insights::storage(scoreWithDisk(312'400'000'000, 494'380'000'000));
     EXPECT_EQ(insight.title, u"Storage"_s);
@@ -104,7 +104,7 @@ TEST(Insights, lastBackupCountsWholeDaysElapsed)
     EXPECT_EQ(lastBackupAgo(400 * day).value, u"400 days ago"_s);
 }
 
-TEST(Insights, lastBackupAheadOfTheClockIsOfToday)
+TEST(Insights, aLastBackupInTheFutureIsOfToday)
 {
     EXPECT_EQ(lastBackupAgo(-day + 1).value, u"Today"_s);
     EXPECT_EQ(lastBackupAgo(-day + 1).color, Role::green);
@@ -126,7 +126,7 @@ TEST(Insights, lastBackupTurnsRedAtSevenDays)
     EXPECT_EQ(lastBackupAgo(7 * day).value, u"7 days ago"_s);
 }
 
-TEST(Insights, junkTellsItsSize)
+TEST(Insights, junkShowsItsSize)
 {
     const Insight insight = Insights::junk(scoreWithDisk(1, 2));
     EXPECT_EQ(insight.title, u"Junk"_s);
@@ -169,7 +169,7 @@ TEST(Insights, appsCanBeAnalysedWhileNoneAreKnown)
     EXPECT_EQ(Insights::apps({}, false).subtitle, u"Tap to analyse"_s);
 }
 
-TEST(Insights, appsAreBeingScannedWhateverIsKnown)
+TEST(Insights, aScanOfAppsIsShownEvenIfAppsAreKnown)
 {
     for (const QList<AppInfo>& known : {QList<AppInfo>(), appsOf({UsageCategory::forgotten})}) {
         EXPECT_EQ(Insights::apps(known, true).value, u"Scanning…"_s);

@@ -42,7 +42,7 @@ protected:
         return found;
     }
 
-    /// Headers and titles as they stand below each other.
+    /// The headers and titles from top to bottom.
     [[nodiscard]] QStringList rows() const
     {
         QStringList texts;
@@ -133,7 +133,7 @@ TEST_F(ActivityLogModelTests, anEntryOutOfOrderJoinsTheDayThatIsThere)
     EXPECT_EQ(rows(), (QStringList{u"Today"_s, u"First"_s, u"Third"_s, u"Yesterday"_s, u"Second"_s}));
 }
 
-TEST_F(ActivityLogModelTests, aRowShowsItsKindWhenWhatAndHowMuch)
+TEST_F(ActivityLogModelTests, aRowShowsKindTimeTextsAndSize)
 {
     const QDateTime now = local({2026, 3, 2}, {12, 0});
     model.setEntries({entryAt(now.addSecs(-3600), u"Junk files moved to Trash"_s)}, now);
@@ -178,7 +178,7 @@ TEST_F(ActivityLogModelTests, withoutBytesThereIsNoCapsule)
     EXPECT_EQ(model.rowAt(1).capsule, u"1 byte"_s);
 }
 
-TEST_F(ActivityLogModelTests, aHundredThousandEntriesAreThereAtOnce)
+TEST_F(ActivityLogModelTests, aHundredThousandEntriesAreShownAtOnce)
 {
     QList<ActivityEntry> entries;
     const QDateTime now = mac.clock()();
@@ -188,11 +188,11 @@ TEST_F(ActivityLogModelTests, aHundredThousandEntriesAreThereAtOnce)
     timer.start();
     model.setEntries(entries, now);
     const qint64 milliseconds = timer.elapsed();
-    // Sixty-nine days and a half, which begin in the morning.
+    // 100,000 minutes are 69.4 days; as they end in the morning, they fall on 71 calendar days.
     EXPECT_EQ(model.rowCount(), 100'000 + 71);
     EXPECT_EQ(model.headerAt(0), u"Today"_s);
     RecordProperty("milliseconds", static_cast<int>(milliseconds));
-    EXPECT_LT(milliseconds, 1000) << "with the checks of the model and of the sanitizers";
+    EXPECT_LT(milliseconds, 1000) << "including the checks of the model and of the sanitizers";
 }
 
 } // namespace keelbright::testing

@@ -55,7 +55,7 @@ protected:
 
 } // namespace
 
-TEST_F(ScanFindingsModelTests, groupsStandInTheirFixedOrderAndKeepTheReports)
+TEST_F(ScanFindingsModelTests, groupsAreInAFixedOrderAndKeepTheOrderOfTheReport)
 {
     model.setFindings({finding(Category::apps, u"Tidewater"_s), finding(Category::storage, u"Disk"_s),
                        finding(Category::junk, u"Caches"_s), finding(Category::apps, u"Sketchbook"_s),
@@ -72,7 +72,7 @@ TEST_F(ScanFindingsModelTests, aCategoryWithoutFindingsIsLeftOut)
     EXPECT_EQ(model.rowCount(), 0);
 }
 
-TEST_F(ScanFindingsModelTests, aRowShowsSeverityWordsAndSize)
+TEST_F(ScanFindingsModelTests, aRowShowsSeverityTextsAndSize)
 {
     ScanFinding shown = finding(Category::junk, u"User Caches"_s);
     shown.severity = Severity::medium;
@@ -85,19 +85,19 @@ TEST_F(ScanFindingsModelTests, aRowShowsSeverityWordsAndSize)
     EXPECT_EQ(row.value, u"412 MB"_s);
 }
 
-TEST_F(ScanFindingsModelTests, theDotTellsTheSeverityAlsoInWords)
+TEST_F(ScanFindingsModelTests, theSeverityIsPartOfTheAccessibleText)
 {
     const QList<std::tuple<Severity, Role, QString>> severities{
         {Severity::low, Role::green, u"low severity"_s},
         {Severity::medium, Role::orange, u"medium severity"_s},
         {Severity::high, Role::red, u"high severity"_s},
     };
-    for (const auto& [severity, color, words] : severities) {
+    for (const auto& [severity, color, text] : severities) {
         ScanFinding shown = finding(Category::junk, u"User Caches"_s);
         shown.severity = severity;
         EXPECT_EQ(rowOf(shown).symbolColor, color);
         EXPECT_TRUE(model.accessibleText(1).contains(u"User Caches"_s));
-        EXPECT_TRUE(model.accessibleText(1).endsWith(words)) << model.accessibleText(1).toStdString();
+        EXPECT_TRUE(model.accessibleText(1).endsWith(text)) << model.accessibleText(1).toStdString();
     }
 }
 

@@ -70,7 +70,7 @@ TEST_F(ScanReportPanelTests, severalHighFindingsAreIssues)
                            u"You can free up 4.44 GB of storage."_s}));
 }
 
-TEST_F(ScanReportPanelTests, theScoreStandsInTheBannerWhereThereIsOne)
+TEST_F(ScanReportPanelTests, theBannerShowsTheScoreIfThereIsOne)
 {
     FullScanReport shown = report({Severity::low});
     panel.setReport(shown);
@@ -87,14 +87,14 @@ TEST_F(ScanReportPanelTests, theScoreStandsInTheBannerWhereThereIsOne)
     panel.setReport(shown);
     const auto* ring = panel.findChild<RingProgress*>();
     EXPECT_TRUE(ring->isVisibleTo(&panel));
-    EXPECT_EQ(ring->number(), u"82"_s);
+    EXPECT_EQ(ring->centerText(), u"82"_s);
     EXPECT_EQ(ring->caption(), u"Health"_s);
     EXPECT_DOUBLE_EQ(ring->fraction(), 0.82);
     EXPECT_EQ(ring->colorRole(), Role::jade);
     EXPECT_EQ(ring->accessibleName(), u"Health"_s);
 }
 
-TEST_F(ScanReportPanelTests, theButtonOfARowTellsWhichFindingIsMeant)
+TEST_F(ScanReportPanelTests, theButtonOfARowReportsItsFinding)
 {
     FullScanReport shown = report({});
     shown.findings = {finding(Category::apps, Severity::low, u"Tidewater"_s),
@@ -104,7 +104,7 @@ TEST_F(ScanReportPanelTests, theButtonOfARowTellsWhichFindingIsMeant)
     QStringList pressed;
     QObject::connect(&panel, &ScanReportPanel::findingPressed, &panel,
                      [&pressed](const ScanFinding& finding) { pressed.append(finding.title); });
-    // Below the headers of their groups.
+    // Rows 0 and 2 are the headers of the groups.
     EXPECT_TRUE(panel.list()->press(1, u"Fix"_s));
     EXPECT_TRUE(panel.list()->press(3, u"Fix"_s));
     EXPECT_FALSE(panel.list()->press(0, u"Fix"_s));
@@ -124,7 +124,7 @@ TEST_F(ScanReportPanelTests, theMenuOfARowHoldsItsButton)
                      [&pressed](const ScanFinding& finding) { pressed.append(finding.title); });
     const ListDriver rows(panel, u"Findings"_s);
     EXPECT_EQ(rows.openMenu(0), nullptr);
-    // Without a button there is nothing to offer.
+    // A row without a button has no menu.
     EXPECT_EQ(rows.openMenu(1), nullptr);
     const QMenu* menu = rows.openMenu(3);
     ASSERT_NE(menu, nullptr);
@@ -163,7 +163,7 @@ TEST_F(ScanReportPanelTests, aHundredThousandFindingsOpenAndScrollWithoutAStall)
     EXPECT_EQ(panel.list()->rowModel()->rowCount(), 100'002);
     RecordProperty("opened", static_cast<int>(opened));
     RecordProperty("scrolled", static_cast<int>(scrolled));
-    // Many times what is measured, so that a busy computer or a sanitizer is no failure.
+    // Many times the measured value, so that a busy computer or a sanitizer does not fail the test.
     EXPECT_LT(opened, 2000);
     EXPECT_LT(scrolled, 500);
 }

@@ -57,7 +57,7 @@ TEST_F(HealthCardTests, showsPointsGradeHeadlineDetailAndBands)
                                           u"Backed up today. 412.6 MB of cached junk found."_s,
                                           u"Backup  40/40"_s, u"Storage  24/30"_s, u"Junk  15/30"_s}));
     const auto* ring = card.findChild<RingProgress*>();
-    EXPECT_EQ(ring->number(), u"89"_s);
+    EXPECT_EQ(ring->centerText(), u"89"_s);
     EXPECT_EQ(ring->caption(), u"A"_s);
     EXPECT_DOUBLE_EQ(ring->fraction(), 0.89);
     EXPECT_EQ(card.accessibleName(), u"Health score 89, A. Your Mac is in great shape."_s);

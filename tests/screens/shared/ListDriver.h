@@ -12,11 +12,11 @@
 
 namespace keelbright::testing {
 
-/// Reads and works a list as the user does.
+/// Reads a list and clicks in it as the user does.
 class ListDriver
 {
 public:
-    /// Of this accessible name; fails the test where there is none.
+    /// The list with this accessible name; fails the test if there is none.
     ListDriver(const QWidget& view, const QString& name)
     {
         for (auto* candidate : view.findChildren<RowListView*>()) {
@@ -35,7 +35,7 @@ public:
 
     [[nodiscard]] ListRow row(int index) const { return m_list->rowModel()->rowAt(index); }
 
-    /// What a screen reader says of each row.
+    /// The rows as a screen reader reads them.
     [[nodiscard]] QStringList texts() const
     {
         QStringList texts;
@@ -52,7 +52,7 @@ public:
         return states;
     }
 
-    /// -1 for none.
+    /// -1 if no row is selected.
     [[nodiscard]] int selectedRow() const
     {
         const QModelIndexList selected = m_list->selectionModel()->selectedIndexes();
@@ -66,7 +66,7 @@ public:
         click(layoutOf(index).title.center(), modifiers);
     }
 
-    /// What a press of the right button on the row offers; null where that is nothing.
+    /// Clicks the row with the right button and gives the menu; null if none opens.
     [[nodiscard]] QMenu* openMenu(int index) const
     {
         m_list->scrollTo(m_list->rowModel()->index(index));

@@ -24,7 +24,8 @@
 
 namespace keelbright::testing {
 
-/// A machine of the test's own with a fresh state, and all that a screen is handed.
+/// The machine of one test with a fresh state and everything that a screen needs. For tests that show
+/// the screen and let it redraw, see `ScreenTestCase`.
 class ScreenFixture : public ::testing::Test
 {
 protected:
@@ -33,7 +34,7 @@ protected:
         (void)standardOutputOf([this] { state = std::make_unique<AppState>(services()); });
     }
 
-    /// What a screen has begun in the background stands on the machine below.
+    /// Waits, because the background work of a screen uses the members of the fixture.
     ~ScreenFixture() override { waitForBackgroundWork(); }
 
     ScreenFixture(const ScreenFixture&) = delete;
@@ -41,7 +42,7 @@ protected:
 
     [[nodiscard]] AppServices services()
     {
-        // No test asks the App Store itself.
+        // The App Store itself is never asked.
         return {configStore,
                 activityStore,
                 userDefaults,
@@ -57,7 +58,7 @@ protected:
 
     void chooseDrive() { state->setSelectedDestination(BackupDestination{QUuid::createUuid(), drive()}); }
 
-    /// The texts of the labels that are not hidden, from the top of the tree.
+    /// The texts of the labels that are not hidden, in the order of the widget tree.
     [[nodiscard]] static QStringList textsIn(const QWidget& widget)
     {
         QStringList texts;
@@ -68,7 +69,7 @@ protected:
         return texts;
     }
 
-    /// The button with this caption that is not hidden; null where there is none.
+    /// The button with this caption that is not hidden; null if there is none.
     [[nodiscard]] static Button* buttonIn(const QWidget& widget, const QString& caption)
     {
         for (auto* button : widget.findChildren<Button*>()) {
@@ -78,7 +79,7 @@ protected:
         return nullptr;
     }
 
-    /// Delivers what has been queued, and lets go what is to be deleted.
+    /// Delivers all queued events, also those that delete objects.
     static void settle()
     {
         QCoreApplication::sendPostedEvents();

@@ -61,8 +61,8 @@ Button* ScreenTestCase::button(const QWidget& view, const QString& name)
             return candidate;
     }
     ADD_FAILURE() << "no button " << name.toStdString();
-    static Button nobody(Button::Kind::bordered, {});
-    return &nobody;
+    static Button notFound(Button::Kind::bordered, {});
+    return &notFound;
 }
 
 QStringList ScreenTestCase::accessibleNames(const QWidget& view)

@@ -7,7 +7,7 @@
 
 namespace keelbright::testing {
 
-/// For the screens that follow the state frame by frame. Nothing moves by itself.
+/// The fixture of tests that show a screen and let it redraw frame by frame. Motion is reduced.
 class ScreenTestCase : public ScreenFixture
 {
 protected:
@@ -16,25 +16,25 @@ protected:
     /// The state of a fresh machine.
     [[nodiscard]] AppState& makeState() { return *state; }
 
-    /// The state of a machine that has finished this backup before.
+    /// The state of a machine whose last backup has this report.
     [[nodiscard]] AppState& makeState(const BackupReport& lastReport);
 
     [[nodiscard]] BackupDestination driveDestination() const { return {QUuid::createUuid(), drive()}; }
 
-    /// Puts the screen on screen at the size that it has in the window.
+    /// Shows the view at the size that it has in the main window, and waits until it is active.
     static void show(QWidget& view);
     /// Lets a redraw that was asked for happen.
     static void turnFrame();
     /// Turns the event loop until the condition holds; fails the test after 30 seconds.
     static void turnUntil(const std::function<bool()>& condition);
 
-    /// The shown button of this accessible name; fails the test where there is none.
+    /// The visible button with this accessible name; fails the test if there is none.
     [[nodiscard]] static Button* button(const QWidget& view, const QString& name);
-    /// The accessible names of everything shown.
+    /// The accessible names of all visible widgets.
     [[nodiscard]] static QStringList accessibleNames(const QWidget& view);
-    /// The symbols that stand beside words; not those of buttons.
+    /// The keys of the visible symbols, except those of buttons.
     [[nodiscard]] static QStringList shownSymbols(const QWidget& view);
-    /// Fails where a control has no name for a screen reader or Tab does not come to it.
+    /// Fails the test if a control has no accessible name or is not reached by Tab.
     static void expectEveryControlIsNamedAndReachedByTab(QWidget& view);
 };
 

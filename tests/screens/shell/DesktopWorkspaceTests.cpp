@@ -11,7 +11,7 @@
 
 namespace keelbright {
 
-/// A file browser of the test's own, as other programs see it.
+/// A file browser that the test offers on the bus.
 class FakeFileBrowser : public QObject
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ public Q_SLOTS:
     }
 };
 
-/// Stands for the desktop's way to open a file, and keeps what it is asked to open.
+/// Takes the place of the desktop's opener, and records what it is asked to open.
 class FakeOpener : public QObject
 {
     Q_OBJECT
@@ -84,7 +84,7 @@ TEST_F(DesktopWorkspaceTest, asksTheFileBrowserToShowTheItem)
     startBrowser();
     DesktopWorkspace workspace(bus.client());
     workspace.reveal(item);
-    EXPECT_TRUE(browser.shown.isEmpty()); // nothing was waited for
+    EXPECT_TRUE(browser.shown.isEmpty()); // reveal() does not wait
     ASSERT_TRUE(QTest::qWaitFor([this] { return !browser.shown.isEmpty(); }));
     QTest::qWait(100);
     EXPECT_EQ(browser.shown, QStringList{u"file:///Users/mira/Caches/%C3%BCber%20alles%20%5B1%5D%23"_s});
@@ -92,7 +92,7 @@ TEST_F(DesktopWorkspaceTest, asksTheFileBrowserToShowTheItem)
     EXPECT_EQ(opener.opened, QByteArrayList());
 }
 
-TEST_F(DesktopWorkspaceTest, carriesANameThatIsNoText)
+TEST_F(DesktopWorkspaceTest, passesOnANameThatIsNotUtf8)
 {
     startBrowser();
     DesktopWorkspace workspace(bus.client());
@@ -101,16 +101,16 @@ TEST_F(DesktopWorkspaceTest, carriesANameThatIsNoText)
     EXPECT_EQ(browser.shown, QStringList{u"file:///tmp/caf%E9"_s});
 }
 
-TEST_F(DesktopWorkspaceTest, opensTheFolderWhereNoFileBrowserIsOnTheBus)
+TEST_F(DesktopWorkspaceTest, opensTheFolderIfNoFileBrowserIsOnTheBus)
 {
     DesktopWorkspace workspace(bus.client());
     workspace.reveal(item);
-    EXPECT_EQ(opener.opened, QByteArrayList()); // nothing was waited for
+    EXPECT_EQ(opener.opened, QByteArrayList()); // reveal() does not wait
     ASSERT_TRUE(QTest::qWaitFor([this] { return !opener.opened.isEmpty(); }));
     EXPECT_EQ(opener.opened, QByteArrayList{"file:///Users/mira/Caches"});
 }
 
-TEST_F(DesktopWorkspaceTest, opensTheFolderWhereTheFileBrowserCannotShowItems)
+TEST_F(DesktopWorkspaceTest, opensTheFolderIfTheFileBrowserCannotShowItems)
 {
     ASSERT_TRUE(bus.server().registerService(u"org.freedesktop.FileManager1"_s));
     DesktopWorkspace workspace(bus.client());
@@ -119,7 +119,7 @@ TEST_F(DesktopWorkspaceTest, opensTheFolderWhereTheFileBrowserCannotShowItems)
     EXPECT_EQ(opener.opened, QByteArrayList{"file:///Users/mira/Caches"});
 }
 
-TEST_F(DesktopWorkspaceTest, mayGoBeforeTheAnswerComes)
+TEST_F(DesktopWorkspaceTest, mayBeDestroyedBeforeTheAnswer)
 {
     {
         DesktopWorkspace workspace(bus.client());
@@ -129,7 +129,7 @@ TEST_F(DesktopWorkspaceTest, mayGoBeforeTheAnswerComes)
     EXPECT_EQ(opener.opened, QByteArrayList());
 }
 
-TEST(DesktopWorkspace, opensTheFolderAtOnceWhereThereIsNoBus)
+TEST(DesktopWorkspace, opensTheFolderAtOnceWithoutABus)
 {
     const FakeOpener opener;
     DesktopWorkspace workspace{QDBusConnection(u"no such connection"_s)};

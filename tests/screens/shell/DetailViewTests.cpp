@@ -50,7 +50,7 @@ TEST_F(DetailViewTest, switchesAtOnceAndDestroysTheViewThatWasLeft)
     EXPECT_TRUE(left.isNull());
 }
 
-TEST_F(DetailViewTest, keepsTheViewWhereTheSameScreenIsSelectedAgain)
+TEST_F(DetailViewTest, keepsTheViewIfTheSameScreenIsSelectedAgain)
 {
     state->setSelectedScreen(Screen::settings);
     const DetailView detail(context());

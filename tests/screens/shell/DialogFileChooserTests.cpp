@@ -128,7 +128,7 @@ TEST_F(DialogFileChooserTest, showsMessageAndPromptAndStartsAtHome)
     EXPECT_EQ(chosenPaths(), QStringList());
 }
 
-TEST_F(DialogFileChooserTest, listsFoldersAndFilesOfTheAskedKind)
+TEST_F(DialogFileChooserTest, listsFoldersAndFilesOfTheRequestedKind)
 {
     open();
     EXPECT_TRUE(row(u"Letters"_s).isValid());
@@ -171,7 +171,7 @@ TEST_F(DialogFileChooserTest, refusesATypedFileOfAnotherKindAndSaysWhy)
     EXPECT_TRUE(dialog->isVisible());
 }
 
-TEST_F(DialogFileChooserTest, goesIntoAFolderInsteadOfChoosingIt)
+TEST_F(DialogFileChooserTest, opensAFolderInsteadOfChoosingIt)
 {
     open();
     mark(u"Letters"_s);
@@ -249,7 +249,7 @@ TEST_F(DialogFileChooserTest, asksBeforeAFileIsReplaced)
     EXPECT_EQ(chosenPaths(), QStringList{inHome(u"old.csv"_s)});
 }
 
-TEST_F(DialogFileChooserTest, keepsTheFileWhereReplacingIsNotWanted)
+TEST_F(DialogFileChooserTest, choosesNothingIfReplacingIsCancelled)
 {
     save();
     type(u"old.csv"_s);

@@ -128,7 +128,7 @@ TEST_F(DialogFolderChooserTest, givesSeveralMarkedFolders)
     EXPECT_EQ(chosenPaths(), QStringList({inHome(u"Code"_s), inHome(u"Letters"_s)}));
 }
 
-TEST_F(DialogFolderChooserTest, marksOnlyOneFolderWhereOneIsAskedFor)
+TEST_F(DialogFolderChooserTest, marksOnlyOneFolderUnlessSeveralAreRequested)
 {
     open(false);
     EXPECT_EQ(view->selectionMode(), QAbstractItemView::SingleSelection);
@@ -161,7 +161,7 @@ TEST_F(DialogFolderChooserTest, escapeDismissesItWithoutAnAnswer)
     EXPECT_TRUE(dialog.isNull());
 }
 
-TEST_F(DialogFolderChooserTest, letsAFolderBeMadeOnlyWhereThatIsAskedFor)
+TEST_F(DialogFolderChooserTest, createsFoldersOnlyIfThatIsRequested)
 {
     const FolderDialog without({u"m"_s, u"p"_s, false, false});
     EXPECT_TRUE(without.testOption(QFileDialog::ReadOnly));

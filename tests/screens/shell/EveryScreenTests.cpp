@@ -31,7 +31,7 @@ protected:
         GetParam().play(stage);
     }
 
-    /// What the check has to say in both schemes and at both sizes.
+    /// The faults that the check finds in both schemes and at both sizes.
     [[nodiscard]] std::string faultsInEveryLook(QStringList (*check)(QWidget&))
     {
         QStringList faults;
@@ -50,7 +50,7 @@ protected:
 
     [[nodiscard]] MainWindow& window() { return stage.window(); }
 
-    /// Where the focus has gone.
+    /// Presses Tab and gives the widget that has the focus then.
     QWidget* pressTab()
     {
         QWidget* focused = QApplication::focusWidget();
@@ -68,7 +68,7 @@ protected:
     Stage stage;
 };
 
-/// Of buttons that exclude each other the arrows reach the rest.
+/// Whether another button of the control's group was reached: Tab stops at one of them only.
 bool isReachedByArrows(const QWidget& control, const QSet<QWidget*>& reached)
 {
     const auto* button = qobject_cast<const QAbstractButton*>(&control);

@@ -1,4 +1,4 @@
-// The window answers while the screens work through a large home: nothing holds the main thread.
+// The window answers while the screens work through a large home: nothing blocks the main thread.
 
 #include "Keelbright/screens/shell/ScreenFactory.h"
 #include "Keelbright/widgets/Progress.h"
@@ -24,7 +24,7 @@ constexpr double longestStall = KEELBRIGHT_IS_SANITIZED ? 0.150 : 0.050;
 class LongWorkTests : public ScreenTestCase
 {
 protected:
-    /// Names are what makes a walk long, and links are quick to make.
+    /// Makes hard links, because a walk takes its time by the number of names and links are made fast.
     void fillFolder(const QByteArray& folder, int count) const
     {
         const FileURL place = mac.makeFolder(folder);
@@ -61,15 +61,15 @@ protected:
         ADD_FAILURE() << "no button " << name.toStdString();
     }
 
-    /// The longest stall while a screen looks into `place`, from the press of `button`, where it does
-    /// not start by itself, to the last picture. A machine that is busy with something else stalls
-    /// everybody, so the best of a few rounds counts.
+    /// Measures the longest stall while a screen reads `place`, from the click on `button`, if it does
+    /// not start by itself, to the last redraw. The best of a few rounds counts, because other programs
+    /// on a busy machine cause stalls as well.
     void expectTheWindowToAnswer(Screen screen, const FileURL& place, const QString& button = {})
     {
         constexpr int rounds = 8;
         double best = 1e9;
         for (int round = 0; round < rounds && best > longestStall; ++round) {
-            // The work waits for the picture of it, which it could outrun.
+            // Held until the window has drawn that it is working, which the work could outrun.
             HeldFileManager held(mac.root());
             const FileManagerGuard guard(held);
             held.holdNextLookAt(place);

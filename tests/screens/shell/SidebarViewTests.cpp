@@ -61,12 +61,12 @@ TEST_F(SidebarViewTest, eachRowHasTheIconOfItsScreenAndHeadersHaveNone)
     EXPECT_FALSE(model->index(15, 0).flags().testFlag(Qt::ItemIsEnabled));
 }
 
-TEST_F(SidebarViewTest, beginsOnTheSelectedScreen)
+TEST_F(SidebarViewTest, startsOnTheSelectedScreen)
 {
     EXPECT_EQ(selectedTitle(), u"Dashboard"_s);
 }
 
-TEST_F(SidebarViewTest, arrowsSelectScreensAndPassOverHeaders)
+TEST_F(SidebarViewTest, arrowsSelectScreensAndSkipHeaders)
 {
     show();
     QTest::keyClick(sidebar.list(), Qt::Key_Down);
@@ -81,7 +81,7 @@ TEST_F(SidebarViewTest, arrowsSelectScreensAndPassOverHeaders)
     EXPECT_EQ(state->selectedScreen(), Screen::recovery);
 }
 
-TEST_F(SidebarViewTest, aClickSelectsARowAndAHeaderIsNone)
+TEST_F(SidebarViewTest, aClickSelectsARowButNotAHeader)
 {
     show();
     const auto click = [this](int row) {
@@ -121,7 +121,7 @@ TEST_F(SidebarViewTest, theRowWithTheFocusIsSelectedAgainWhenItsScreenComesBack)
     EXPECT_EQ(selectedTitle(), u"Activity Log"_s);
 }
 
-TEST_F(SidebarViewTest, leadsBackToTheRowThatWasSelectedBeforeTheFlow)
+TEST_F(SidebarViewTest, aClickOnTheRowWithTheFocusReturnsToItsScreen)
 {
     show();
     state->setSelectedScreen(Screen::preflight);
@@ -141,7 +141,7 @@ TEST_F(SidebarViewTest, isAListOfNamedRowsToAScreenReader)
     EXPECT_TRUE(list->child(1)->state().selected);
 }
 
-TEST_F(SidebarViewTest, keepsToItsWidths)
+TEST_F(SidebarViewTest, staysWithinItsWidths)
 {
     EXPECT_EQ(sidebar.minimumWidth(), 220);
     EXPECT_EQ(sidebar.sizeHint().width(), 240);

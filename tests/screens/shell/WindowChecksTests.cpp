@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A ground from the colour of the words on it to white.
+/// A background from the colour of the text on it to white.
 class Gradient : public QWidget
 {
 public:
@@ -34,7 +34,7 @@ protected:
     }
 };
 
-/// That the checks of all screens find what they look for.
+/// Shows that the checks of all screens find their faults.
 class WindowChecksTests : public ::testing::Test
 {
 protected:
@@ -63,16 +63,16 @@ protected:
 
 } // namespace
 
-TEST_F(WindowChecksTests, aPaintedTextIsToldWithPlaceAndColor)
+TEST_F(WindowChecksTests, aPaintedTextIsFoundWithPlaceAndColor)
 {
-    Label* label = addLabel(u"Words"_s, Role::redText, {10, 20, 200, 30});
+    Label* label = addLabel(u"Text"_s, Role::redText, {10, 20, 200, 30});
     show();
     const QList<PaintedText> texts = textsPaintedBy(*label);
     ASSERT_EQ(texts.size(), 1);
-    EXPECT_EQ(texts.first().text, u"Words"_s);
+    EXPECT_EQ(texts.first().text, u"Text"_s);
     EXPECT_EQ(texts.first().color, Theme::instance().color(Role::redText));
     EXPECT_TRUE(QRectF(label->rect()).contains(texts.first().rect));
-    EXPECT_NEAR(texts.first().rect.width(), label->fontMetrics().horizontalAdvance(u"Words"_s), 2);
+    EXPECT_NEAR(texts.first().rect.width(), label->fontMetrics().horizontalAdvance(u"Text"_s), 2);
 }
 
 TEST_F(WindowChecksTests, aFaintTextIsFoundAndAClearOneIsNot)
@@ -94,13 +94,13 @@ TEST_F(WindowChecksTests, aFaintTextThatCanNotBeUsedPasses)
     EXPECT_EQ(faintTexts(window), QStringList());
 }
 
-TEST_F(WindowChecksTests, aWindowWithoutWordsDoesNotPassForReadable)
+TEST_F(WindowChecksTests, aWindowWithoutTextIsAFault)
 {
     show();
     EXPECT_EQ(faintTexts(window), QStringList{u"no text at all"_s});
 }
 
-TEST_F(WindowChecksTests, wordsOnWordsAreFoundAndWordsSideBySideAreNot)
+TEST_F(WindowChecksTests, textsOnTextsAreFoundAndTextsSideBySideAreNot)
 {
     addLabel(u"Left"_s, Role::primaryText, {10, 20, 60, 20});
     addLabel(u"Right"_s, Role::primaryText, {70, 20, 60, 20});
@@ -130,7 +130,7 @@ TEST_F(WindowChecksTests, controlsAreWhatCanBePressedOrWrittenInto)
     (new QLineEdit(u"only to be read"_s, &window))->setReadOnly(true);
     window.findChildren<QLineEdit*>().last()->setFocusPolicy(Qt::ClickFocus);
     (new Button(Button::Kind::bordered, u"Not now"_s, {}, &window))->setEnabled(false);
-    addLabel(u"Words"_s, Role::primaryText, {10, 20, 200, 20});
+    addLabel(u"Text"_s, Role::primaryText, {10, 20, 200, 20});
     show();
     EXPECT_EQ(controlsIn(window), (QList<QWidget*>{button, field}));
     button->setFocusPolicy(Qt::NoFocus);

@@ -52,7 +52,7 @@ TEST_F(ScrollBarStyleTest, theHandleStaysLargeEnoughToGrabOverAHugeRange)
     EXPECT_EQ(handle.height(), 32);
 }
 
-TEST(ApplicationStyle, endsTheToolkitsAnimationsWhereMotionIsReduced)
+TEST(ApplicationStyle, endsTheToolkitsAnimationsIfMotionIsReduced)
 {
     const testing::ThemeGuard guard(ColorScheme::light, true);
     const ApplicationStyle style;

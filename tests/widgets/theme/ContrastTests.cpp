@@ -1,5 +1,6 @@
 #include "Keelbright/widgets/theme/Theme.h"
 #include "Keelbright/widgets/theme/ThemeTokens.h"
+#include "tests/support/Contrast.h"
 #include "tests/support/Printing.h"
 
 #include <gtest/gtest.h>
@@ -7,6 +8,8 @@
 namespace keelbright {
 
 namespace {
+
+using testing::contrastRatio;
 
 constexpr double readable = 4.5;
 constexpr ColorScheme schemes[] = {ColorScheme::light, ColorScheme::dark};
@@ -81,7 +84,7 @@ TEST(Contrast, mutedTextIsReadableOnBarsAndOnEveryTint)
     }
 }
 
-TEST(Contrast, wordsOfEveryHueAreReadableOnSurfacesAndOnTheirOwnTint)
+TEST(Contrast, textsOfEveryHueAreReadableOnSurfacesAndOnTheirOwnTint)
 {
     for (const ColorScheme scheme : schemes) {
         for (const Role hue : hues) {
@@ -95,7 +98,7 @@ TEST(Contrast, wordsOfEveryHueAreReadableOnSurfacesAndOnTheirOwnTint)
     }
 }
 
-TEST(Contrast, wordsOnAFillAreReadable)
+TEST(Contrast, textsOnAFillAreReadable)
 {
     for (const ColorScheme scheme : schemes) {
         for (const Role fill : {Role::accentFill, Role::orangeFill, Role::greenFill, Role::redFill})
@@ -104,9 +107,9 @@ TEST(Contrast, wordsOnAFillAreReadable)
     }
 }
 
-TEST(Contrast, emptyMarksAreTooFaintForWords)
+TEST(Contrast, emptyMarksAreTooFaintForText)
 {
-    // The reason why no label may take this role: it is for marks alone.
+    // The reason why no label may have this role.
     EXPECT_LT(contrastRatio(tokenColor(Role::emptyMark, ColorScheme::light),
                             tokenColor(Role::card, ColorScheme::light)),
               readable);

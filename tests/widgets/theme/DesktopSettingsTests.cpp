@@ -9,7 +9,7 @@
 
 namespace keelbright {
 
-/// A settings portal of the test's own, on a bus of the test's own.
+/// A settings portal on the test's private bus.
 class FakePortal : public QObject
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public Q_SLOTS:
     QDBusVariant Read(const QString& nameSpace, const QString& key)
     {
         ++answers;
-        // The older method wraps its value twice.
+        // The portal's older method wraps its value twice.
         if (key == QStringLiteral("color-scheme"))
             return QDBusVariant(QVariant::fromValue(QDBusVariant(scheme)));
         if (nameSpace == QStringLiteral("org.gnome.desktop.interface"))
@@ -67,7 +67,7 @@ TEST_F(DesktopSettingsTest, takesDarkFromThePortalWithoutWaitingForIt)
     portal.scheme = 1;
     startPortal();
     DesktopSettings settings(bus.client());
-    EXPECT_EQ(settings.colorScheme(), ColorScheme::light); // nothing was waited for
+    EXPECT_EQ(settings.colorScheme(), ColorScheme::light); // the constructor does not wait
     QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
     ASSERT_TRUE(changes.wait(5000));
     EXPECT_EQ(settings.colorScheme(), ColorScheme::dark);
@@ -77,18 +77,18 @@ TEST_F(DesktopSettingsTest, followsThePortalWhileItRuns)
 {
     startPortal();
     const DesktopSettings settings(bus.client());
-    // An answer that is given later would take back what is told now.
+    // An answer that arrives later would undo what is announced now.
     ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == 3; }));
     EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
     QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
-    const auto tell = [this](uint scheme) {
+    const auto announceScheme = [this](uint scheme) {
         Q_EMIT portal.SettingChanged(u"org.freedesktop.appearance"_s, u"color-scheme"_s,
                                      QDBusVariant(scheme));
     };
-    tell(1);
+    announceScheme(1);
     ASSERT_TRUE(changes.wait(5000));
     EXPECT_EQ(settings.colorScheme(), ColorScheme::dark);
-    tell(2);
+    announceScheme(2);
     ASSERT_TRUE(changes.wait(5000));
     EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
 }
@@ -105,7 +105,7 @@ TEST_F(DesktopSettingsTest, withoutAPreferenceThePaletteDecides)
     EXPECT_EQ(settings.colorScheme(), ColorScheme::light); // this platform's palette
 }
 
-TEST_F(DesktopSettingsTest, reducesMotionWhereTheDesktopSwitchedAnimationsOff)
+TEST_F(DesktopSettingsTest, reducesMotionIfTheDesktopSwitchedAnimationsOff)
 {
     portal.hasAnimations = false;
     startPortal();
@@ -119,7 +119,7 @@ TEST_F(DesktopSettingsTest, reducesMotionWhereTheDesktopSwitchedAnimationsOff)
     EXPECT_FALSE(settings.isMotionReduced());
 }
 
-TEST_F(DesktopSettingsTest, settingsOfOthersAreOverheard)
+TEST_F(DesktopSettingsTest, otherSettingsAreIgnored)
 {
     startPortal();
     const DesktopSettings settings(bus.client());

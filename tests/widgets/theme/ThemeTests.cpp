@@ -21,7 +21,7 @@ using testing::ThemeGuard;
 
 } // namespace
 
-TEST(Theme, announcesAFlipOnceAndNothingElse)
+TEST(Theme, announcesAChangeOfTheSchemeOnceAndNothingElse)
 {
     const ThemeGuard guard;
     const QSignalSpy spy(&Theme::instance(), &Theme::changed);
@@ -45,17 +45,17 @@ TEST(Theme, holdsTheColoursOfTheTokens)
     EXPECT_EQ(theme.color(Role::line).alpha(), 23); // 0.09
 }
 
-TEST(Theme, aFlipRecoloursLabelsAndThePaletteOfTheToolkit)
+TEST(Theme, aChangeOfTheSchemeRecoloursLabelsAndThePaletteOfTheToolkit)
 {
     const ThemeGuard guard;
-    const Label label(u"Words"_s, FontRole::body, Role::primaryText);
+    const Label label(u"Text"_s, FontRole::body, Role::primaryText);
     EXPECT_EQ(label.palette().color(QPalette::WindowText), QColor(0x1D, 0x1D, 0x1F));
     Theme::instance().setScheme(ColorScheme::dark);
     EXPECT_EQ(label.palette().color(QPalette::WindowText), QColor(0xF5, 0xF5, 0xF7));
     EXPECT_EQ(QApplication::palette().color(QPalette::Window), QColor(0x1E, 0x1E, 0x20));
 }
 
-TEST(Theme, aFlipRepaintsWhatPaintsItself)
+TEST(Theme, aChangeOfTheSchemeRepaintsTheProgramsWidgets)
 {
     const ThemeGuard guard;
     SymbolLabel symbol(u"folder.fill"_s, 40, Role::orange);
@@ -79,14 +79,14 @@ TEST(Theme, fontsHaveTheSizesAndWeightsOfTheirRoles)
     EXPECT_NEAR(theme.font(FontRole::captionStrong).pointSizeF(), 8.25, 0.01);
 }
 
-TEST(Theme, takesInterWhereNoDesktopSetsAFont)
+TEST(Theme, usesInterIfNoDesktopSetsAFont)
 {
     if (!QFontDatabase::hasFamily(u"Inter"_s))
         GTEST_SKIP() << "the font Inter is not installed";
     EXPECT_EQ(Theme::instance().font(FontRole::body).family(), u"Inter"_s);
 }
 
-TEST(Theme, reducedMotionTakesAwayEveryDuration)
+TEST(Theme, reducedMotionMakesEveryDurationZero)
 {
     const ThemeGuard guard(ColorScheme::light, true);
     EXPECT_EQ(Theme::instance().duration(200), 0);
