@@ -5,14 +5,14 @@
 
 namespace keelbright::testing {
 
-/// A test of the work that moves the user's things, on a machine with real faults.
+/// The fixture of tests that move the user's files on a machine with real faults.
 class CareFaultTest : public FaultTest
 {
 protected:
-    /// Writes a file by the shortest way there is on any file system.
+    /// Writes a file with plain calls that every file system supports.
     static void write(const FileURL& file, const QByteArray& content);
 
-    /// The Trash of a volume by its top folder.
+    /// The Trash of the volume with this top folder.
     [[nodiscard]] static FileURL trashOf(const FileURL& top);
 
     FileURL trash = mac.home().appendingNative(".local/share/Trash");

@@ -13,7 +13,7 @@ namespace keelbright::testing {
 
 namespace {
 
-/// Turns events over until the model has found what it looks for.
+/// Turns the event loop until the model has finished its search.
 template <typename Model> void waitWhile(const Model& model, bool (Model::*isSearching)() const)
 {
     const auto connection = QObject::connect(&model, &Model::changed, &model, [&model, isSearching] {

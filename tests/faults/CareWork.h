@@ -7,9 +7,9 @@
 
 namespace keelbright::testing {
 
-/// The work that moves the user's things about, each done by its model as after the user's click.
-/// `ready` is called when all has been found and nothing moved yet. The outcome holds, as "left", the
-/// percent-encoded paths of what is still listed afterwards.
+/// The work that moves the user's files, done by its models as after the user's click. `ready` is
+/// called when everything has been found and nothing has been moved. The outcome holds as "left" the
+/// percent-encoded paths that are still listed afterwards.
 
 /// Finds all junk of the machine and moves it to the Trash.
 [[nodiscard]] QJsonObject clean(const std::function<void()>& ready);

@@ -25,8 +25,8 @@ using testing::TmpfsMount;
 class DestinationFaultTest : public testing::FaultTest
 {
 protected:
-    /// Longer than a run goes on believing that the drive is in its place.
-    static void letTheRunLook() { std::this_thread::sleep_for(std::chrono::milliseconds(120)); }
+    /// Waits longer than a run works without checking that the drive is in its place.
+    static void letTheRunCheck() { std::this_thread::sleep_for(std::chrono::milliseconds(120)); }
 
     [[nodiscard]] static QString goneLine(const QByteArray& name)
     {
@@ -41,7 +41,7 @@ protected:
     const QString reportLine = QStringLiteral("Report write failed: “Reports” could not be written: "
                                               "the destination is no longer in its place.");
 
-    /// What a run says whose drive went after `copied` of all files.
+    /// Expects the report of a run whose drive disappeared after `copied` files.
     void expectGoneAfter(qsizetype copied) const
     {
         QStringList lines;
@@ -81,7 +81,7 @@ TEST_F(DestinationFaultTest, cannotStartOnAReadOnlyDrive)
     EXPECT_EQ(engine.lastReport(), std::nullopt);
 }
 
-TEST_F(DestinationFaultTest, keepsTheCopiesOfADriveThatHasTurnedReadOnly)
+TEST_F(DestinationFaultTest, keepsTheCopiesOfADriveThatBecameReadOnly)
 {
     const TmpfsMount mount({});
     if (!mount.reasonMissing().empty())
@@ -109,7 +109,7 @@ TEST_F(DestinationFaultTest, keepsTheCopiesOfADriveThatHasTurnedReadOnly)
     EXPECT_EQ(mirroredVersion(fileName(0)), 1);
 }
 
-TEST_F(DestinationFaultTest, endsWhenItsFolderIsRemovedInTheMiddle)
+TEST_F(DestinationFaultTest, endsWhenItsFolderIsRemovedDuringTheRun)
 {
     makeFiles(50);
     whenCopied(5, [this] {
@@ -118,7 +118,7 @@ TEST_F(DestinationFaultTest, endsWhenItsFolderIsRemovedInTheMiddle)
     });
     run({documents});
     expectGoneAfter(5);
-    EXPECT_THAT(everythingBelow(drive), IsEmpty()) << "nothing is made anew";
+    EXPECT_THAT(everythingBelow(drive), IsEmpty()) << "nothing is created again";
 }
 
 TEST_F(DestinationFaultTest, endsWhenItsFolderIsRemovedWhileItWrites)
@@ -127,7 +127,7 @@ TEST_F(DestinationFaultTest, endsWhenItsFolderIsRemovedWhileItWrites)
     makeFiles(count);
     QProcess remover;
     whenCopied(200, [&] {
-        // Again until nothing is left: the run writes into what is being emptied.
+        // Repeated until the folder is gone, because the run still writes into it.
         const QString script = QStringLiteral("until rm -rf \"$0\" 2>/dev/null; do :; done");
         remover.start(QStringLiteral("sh"),
                       {QStringLiteral("-c"), script, drive.appending(QStringLiteral("Keelbright")).path()});
@@ -140,16 +140,16 @@ TEST_F(DestinationFaultTest, endsWhenItsFolderIsRemovedWhileItWrites)
     EXPECT_THAT(everythingBelow(drive), IsEmpty());
 }
 
-TEST_F(DestinationFaultTest, makesNothingAboveADriveThatIsMountedOver)
+TEST_F(DestinationFaultTest, writesNothingToADriveMountedOverTheDestination)
 {
     makeFiles(50);
     std::optional<TemporaryVolume> over;
     whenCopied(5, [&] {
         over.emplace(drive);
-        // Even where the other drive holds a backup of the same machine.
+        // The other drive also holds a backup of the same machine.
         mac.makeFolder("Volumes/Drive/Keelbright/miras Mac/Latest/Personal Files/Documents");
         mac.makeFolder("Volumes/Drive/Keelbright/miras Mac/Reports");
-        letTheRunLook();
+        letTheRunCheck();
     });
     run({documents});
     if (!over->isMounted())
@@ -160,7 +160,7 @@ TEST_F(DestinationFaultTest, makesNothingAboveADriveThatIsMountedOver)
                             "Keelbright/miras Mac/Latest/Personal Files/Documents",
                             "Keelbright/miras Mac/Reports"));
     over.reset();
-    // The one file that was complete by then may still have been given its name.
+    // A file that was complete by then may still have been named.
     const qsizetype copied = everythingBelow(mirrored("Documents")).size();
     EXPECT_THAT(copied, AnyOf(5, 6));
     expectGoneAfter(copied);
@@ -169,7 +169,7 @@ TEST_F(DestinationFaultTest, makesNothingAboveADriveThatIsMountedOver)
     EXPECT_THAT(everythingBelow(reports()), IsEmpty());
 }
 
-TEST_F(DestinationFaultTest, makesNothingBelowTheMountPointOfADriveThatIsUnmounted)
+TEST_F(DestinationFaultTest, writesNothingBelowTheMountPointOfAnUnmountedDrive)
 {
     makeFiles(50);
     const TemporaryVolume volume(drive);
@@ -179,7 +179,7 @@ TEST_F(DestinationFaultTest, makesNothingBelowTheMountPointOfADriveThatIsUnmount
     ASSERT_GE(root, 0);
     whenCopied(5, [this] {
         EXPECT_EQ(::umount2(drive.nativePath().constData(), MNT_DETACH), 0);
-        letTheRunLook();
+        letTheRunCheck();
     });
     run({documents});
     EXPECT_THAT(everythingBelow(drive), IsEmpty());

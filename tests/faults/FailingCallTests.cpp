@@ -17,7 +17,7 @@ using testing::TestMac;
 
 constexpr int fileCount = 5;
 
-/// Backups in a process of their own, one of whose system calls fails.
+/// Backups in a separate process in which one system call fails.
 class FailingCallTest : public testing::FaultTest
 {
 protected:
@@ -44,7 +44,8 @@ protected:
         EXPECT_EQ(outcome.errors, QStringList());
     }
 
-    /// One file was skipped with that line; all others are copied, of the failed one `left`.
+    /// Expects that one file was skipped with this line and all others are copied; `left` is the version
+    /// of the failed file on the drive.
     void expectOneSkip(const RunnerOutcome& outcome, const QByteArray& name, const char* reason,
                        std::optional<int> left = std::nullopt, int version = 1) const
     {
@@ -56,7 +57,7 @@ protected:
         EXPECT_EQ(outcome.manifestPath, latest("recovery-manifest.json").path());
     }
 
-    /// A file with data at its beginning, in its middle and at its end, and holes between.
+    /// Makes a file with data at its beginning, in its middle and at its end, and holes between.
     [[nodiscard]] FileURL makeSparse() const
     {
         constexpr off_t middle = 400'000;
@@ -68,7 +69,7 @@ protected:
         return sparse;
     }
 
-    /// Modes that a new file can't be given at its creation.
+    /// Gives files modes that can't be set at their creation.
     void giveUncommonModes() const
     {
         for (const QByteArray& name : walkingOrder())
@@ -84,34 +85,34 @@ protected:
     const QString chosenName = QString::fromUtf8(chosen);
 };
 
-TEST_F(FailingCallTest, tellsOfAFileThatCannotBeOpened)
+TEST_F(FailingCallTest, reportsAFileThatCannotBeOpened)
 {
     const RunnerOutcome outcome = runFailing("openat", "EIO", 1, chosenName);
     expectOneSkip(outcome, chosen, "read: the drive reported an error.");
 }
 
-TEST_F(FailingCallTest, triesAFileOnceMoreForWhichTooManyWereOpen)
+TEST_F(FailingCallTest, retriesAFileAfterTooManyWereOpen)
 {
     const RunnerOutcome outcome = runFailing("openat", "EMFILE", 1, chosenName);
     EXPECT_EQ(outcome.errors, QStringList());
     EXPECT_EQ(outcome.copied, fileCount);
 }
 
-TEST_F(FailingCallTest, tellsOfAFileThatCannotBeReadToItsEnd)
+TEST_F(FailingCallTest, reportsAFileThatCannotBeReadToItsEnd)
 {
     const RunnerOutcome outcome = runFailing("read", "EIO", 1, pathOf(chosen));
     expectOneSkip(outcome, chosen, "read: the drive reported an error.");
     EXPECT_THAT(temporaryFiles(drive), IsEmpty());
 }
 
-TEST_F(FailingCallTest, goesOnAfterAnInterruptedRead)
+TEST_F(FailingCallTest, continuesAfterAnInterruptedRead)
 {
     const RunnerOutcome outcome = runFailing("read", "EINTR", 1, pathOf(chosen));
     EXPECT_EQ(outcome.errors, QStringList());
     EXPECT_EQ(mirroredVersion(chosen), 1);
 }
 
-TEST_F(FailingCallTest, tellsOfALargeFileWhoseCopyBreaksOff)
+TEST_F(FailingCallTest, reportsALargeFileWhoseCopyFails)
 {
     makeFile(chosen, 2'000'000);
     const RunnerOutcome outcome = runFailing("copy_file_range", "EIO", 1);
@@ -119,7 +120,7 @@ TEST_F(FailingCallTest, tellsOfALargeFileWhoseCopyBreaksOff)
     EXPECT_THAT(temporaryFiles(drive), IsEmpty());
 }
 
-TEST_F(FailingCallTest, copiesALargeFileTheLongWayWhereTheShortOneIsRefused)
+TEST_F(FailingCallTest, copiesALargeFileByReadingAndWritingIfTheFastCallIsRefused)
 {
     makeFile(chosen, 2'000'000);
     const RunnerOutcome outcome = runFailing("copy_file_range", "EXDEV", 1);
@@ -127,10 +128,10 @@ TEST_F(FailingCallTest, copiesALargeFileTheLongWayWhereTheShortOneIsRefused)
     EXPECT_EQ(mirroredVersion(chosen), 1);
 }
 
-TEST_F(FailingCallTest, tellsOfAFileWhoseHolesCannotBeFoundToItsEnd)
+TEST_F(FailingCallTest, reportsAFileWhoseHolesCannotAllBeFound)
 {
     const FileURL sparse = makeSparse();
-    // Where the first data begins and ends, back to its beginning, and then the next data.
+    // The calls seek the first data, its end, its beginning again, and then the next data.
     const RunnerOutcome outcome = runFailing("lseek", "EIO", 4, sparse.path());
     EXPECT_EQ(outcome.errors, QStringList{skipLine("sparse", "read: the drive reported an error.")});
     EXPECT_EQ(outcome.skipped, 1);
@@ -139,7 +140,7 @@ TEST_F(FailingCallTest, tellsOfAFileWhoseHolesCannotBeFoundToItsEnd)
     EXPECT_EQ(first.errors, outcome.errors);
 }
 
-TEST_F(FailingCallTest, copiesASparseFileWholeWhereNobodyKnowsItsHoles)
+TEST_F(FailingCallTest, copiesASparseFileWholeIfItsHolesAreUnknown)
 {
     const FileURL sparse = makeSparse();
     const RunnerOutcome outcome = runFailing("lseek", "EINVAL", 1, sparse.path());
@@ -147,7 +148,7 @@ TEST_F(FailingCallTest, copiesASparseFileWholeWhereNobodyKnowsItsHoles)
     EXPECT_TRUE(TestMac::read(mirrored("Documents/sparse")) == TestMac::read(sparse));
 }
 
-TEST_F(FailingCallTest, tellsOfAFileThatCannotBeGivenItsName)
+TEST_F(FailingCallTest, reportsAFileThatCannotBeNamed)
 {
     const RunnerOutcome outcome = runFailing("linkat", "EIO", 1, chosenName);
     expectOneSkip(outcome, chosen, "copied: the drive reported an error.");
@@ -156,7 +157,7 @@ TEST_F(FailingCallTest, tellsOfAFileThatCannotBeGivenItsName)
     expectOneSkip(second, chosen, "replaced: your share of the drive is used up.");
 }
 
-TEST_F(FailingCallTest, keepsTheOldFileWhereTheSwapFails)
+TEST_F(FailingCallTest, keepsTheOldFileIfTheSwapFails)
 {
     runWhole();
     makeFiles(fileCount, 2'000, 2);
@@ -164,7 +165,7 @@ TEST_F(FailingCallTest, keepsTheOldFileWhereTheSwapFails)
     expectOneSkip(outcome, chosen, "replaced: the drive reported an error.", 1, 2);
 }
 
-TEST_F(FailingCallTest, tellsOfAFileWhoseModeOrTimesCannotBeSet)
+TEST_F(FailingCallTest, reportsAFileWhoseModeOrTimesCannotBeSet)
 {
     giveUncommonModes();
     const QByteArray third = walkingOrder().at(2);
@@ -186,7 +187,7 @@ TEST_F(FailingCallTest, copiesAFileWhoseModeOrTimesTheDriveCannotHold)
     }
 }
 
-TEST_F(FailingCallTest, tellsOfALinkThatCannotBeRead)
+TEST_F(FailingCallTest, reportsALinkThatCannotBeRead)
 {
     ASSERT_EQ(::symlink("f0000", documents.appendingNative("link").nativePath().constData()), 0);
     const RunnerOutcome outcome = runFailing("readlinkat", "EIO", 1, QStringLiteral("link"));
@@ -195,10 +196,10 @@ TEST_F(FailingCallTest, tellsOfALinkThatCannotBeRead)
     EXPECT_EQ(outcome.skipped, 1);
 }
 
-TEST_F(FailingCallTest, tellsOfAFolderWhoseListingBreaksOff)
+TEST_F(FailingCallTest, reportsAFolderWhoseListingFails)
 {
     const QString line = skipLine("Documents", "listed completely: the drive reported an error.");
-    // Two calls belong to the estimate, the third finds all files, the fourth looks for more.
+    // Two calls belong to the estimate, the third lists all files, the fourth finds no more.
     const RunnerOutcome late = runFailing("getdents64", "EIO", 4, documents.path());
     EXPECT_EQ(late.errors, QStringList{line});
     EXPECT_EQ(late.copied, fileCount);
@@ -209,14 +210,14 @@ TEST_F(FailingCallTest, tellsOfAFolderWhoseListingBreaksOff)
     EXPECT_EQ(early.skipped, 1);
 }
 
-TEST_F(FailingCallTest, goesOnWithTheEstimateWhereItsListingBreaksOff)
+TEST_F(FailingCallTest, continuesTheEstimateAfterAFailedListing)
 {
     const RunnerOutcome outcome = runFailing("getdents64", "EIO", 1, documents.path());
     EXPECT_EQ(outcome.errors, QStringList());
     EXPECT_EQ(outcome.copied, fileCount);
 }
 
-TEST_F(FailingCallTest, givesASourceUpWhoseFolderCannotBeMade)
+TEST_F(FailingCallTest, skipsASourceWhoseFolderCannotBeMade)
 {
     const RunnerOutcome outcome = runFailing("mkdirat", "EIO", 1, QStringLiteral("Documents"));
     EXPECT_EQ(outcome.errors,
@@ -227,7 +228,7 @@ TEST_F(FailingCallTest, givesASourceUpWhoseFolderCannotBeMade)
     EXPECT_EQ(outcome.skipped, 0);
 }
 
-TEST_F(FailingCallTest, neverCallsABackupCompleteThatDidNotReachTheDrive)
+TEST_F(FailingCallTest, neverReportsSuccessIfTheBackupDidNotReachTheDrive)
 {
     const RunnerOutcome outcome = runFailing("syncfs", "EIO", 1);
     EXPECT_EQ(outcome.errors,
@@ -253,11 +254,11 @@ TEST_F(FailingCallTest, reportsAManifestAndAReportThatDidNotReachTheDrive)
     EXPECT_THAT(temporaryFiles(drive), IsEmpty());
 }
 
-// Which write is which depends on how often the main thread has to be woken, so all are tried.
-TEST_F(FailingCallTest, tellsOfEveryFailedWriteOnce)
+// The number of a write depends on how often the main thread was woken, so all are tried.
+TEST_F(FailingCallTest, reportsEveryFailedWriteOnce)
 {
     if (KEELBRIGHT_IS_SANITIZED)
-        GTEST_SKIP() << "a sanitizer writes by itself to find out what it may read, and gives up";
+        GTEST_SKIP() << "a sanitizer writes by itself to check what it may read, and gives up";
     int hits = 0;
     for (int when = 1; when <= 16; ++when) {
         const RunnerOutcome outcome = runFailing("write", "EIO", when);
@@ -265,11 +266,11 @@ TEST_F(FailingCallTest, tellsOfEveryFailedWriteOnce)
         EXPECT_LE(outcome.errors.size(), 1) << outcome.errors.join(u'\n').toStdString();
         EXPECT_THAT(temporaryFiles(drive), IsEmpty());
         for (const QByteArray& name : walkingOrder()) {
-            const bool isTold =
+            const bool isReported =
                 outcome.errors.contains(skipLine(name, "copied: the drive reported an error."));
-            EXPECT_EQ(outcome.skipped == 1 && isTold, isTold);
-            EXPECT_EQ(mirroredVersion(name), isTold ? std::nullopt : std::optional(1));
-            hits += isTold ? 1 : 0;
+            EXPECT_EQ(outcome.skipped == 1 && isReported, isReported);
+            EXPECT_EQ(mirroredVersion(name), isReported ? std::nullopt : std::optional(1));
+            hits += isReported ? 1 : 0;
             ::unlink(mirrored("Documents/" + name).nativePath().constData());
         }
     }

@@ -18,11 +18,11 @@ using testing::TemporaryVolume;
 using testing::TestMac;
 using ::testing::UnorderedElementsAre;
 
-/// Calls that fail, on the way of an item to its new place.
+/// System calls that fail while an item is moved.
 class FailingCareTest : public testing::CareFaultTest
 {};
 
-TEST_F(FailingCareTest, anItemStaysWhereItsRecordDidNotReachTheDrive)
+TEST_F(FailingCareTest, anItemStaysIfItsRecordDoesNotReachTheDrive)
 {
     const FailingDrive failing(u"close"_s, 0, u"EDQUOT"_s);
     if (!failing.reasonMissing().empty())
@@ -35,7 +35,7 @@ TEST_F(FailingCareTest, anItemStaysWhereItsRecordDidNotReachTheDrive)
     EXPECT_THAT(everythingBelow(trashOf(failing.folder())), UnorderedElementsAre("files", "info"));
 }
 
-TEST_F(FailingCareTest, anItemStaysWhereTheTopOfItsVolumeCannotBeFound)
+TEST_F(FailingCareTest, anItemStaysIfTheTopOfItsVolumeCannotBeFound)
 {
     if (const std::string reason = RunnerProcess::reasonMissing(); !reason.empty())
         GTEST_SKIP() << reason;
@@ -51,13 +51,13 @@ TEST_F(FailingCareTest, anItemStaysWhereTheTopOfItsVolumeCannotBeFound)
                 ElementsAre("Applications", "Applications/Editor.app", "Applications/Editor.app/inside"));
 }
 
-TEST_F(FailingCareTest, aPlaceThatCannotBeLookedAtIsNotReplaced)
+TEST_F(FailingCareTest, aPathThatCannotBeCheckedIsNotReplaced)
 {
     if (const std::string reason = RunnerProcess::reasonMissing(); !reason.empty())
         GTEST_SKIP() << reason;
     const FileURL old = mac.writeFile("Users/mira/Downloads/Images/a.png", "old");
     const FileURL loose = mac.writeFile("Users/mira/Downloads/a.png", "new");
-    // As on a drive that can't look and rename in one step.
+    // As on a drive that can't check and rename in one step.
     const QStringList failing{u"-e"_s, u"inject=renameat2:error=EINVAL"_s,
                               u"-e"_s, u"inject=newfstatat:error=EIO"_s,
                               u"-P"_s, old.path()};
@@ -68,7 +68,7 @@ TEST_F(FailingCareTest, aPlaceThatCannotBeLookedAtIsNotReplaced)
     EXPECT_EQ(TestMac::read(loose), "new");
 }
 
-TEST_F(FailingCareTest, anItemStillKnowsWhereItCameFromAfterAPowerCut)
+TEST_F(FailingCareTest, theOriginOfATrashedItemSurvivesAPowerCut)
 {
     const ImageDrive image(ImageDrive::Kind::ext4, 33'554'432);
     if (!image.reasonMissing().empty())
@@ -78,7 +78,7 @@ TEST_F(FailingCareTest, anItemStillKnowsWhereItCameFromAfterAPowerCut)
     ASSERT_TRUE(FileManager::defaultManager().openCopyDestination(image.root(), {}).value()->flush());
     const auto place = FileManager::defaultManager().trashItem(image.root().appendingNative("folder/file"));
     ASSERT_TRUE(place);
-    // Whoever brings something of his own onto the drive brings the move there too.
+    // A flush of any other file also writes the move to the drive.
     ASSERT_TRUE(FileManager::defaultManager().writeAtomically(image.root().appendingNative("other"), "new"));
     image.pull();
     image.putBack();

@@ -26,7 +26,7 @@ void PrintTo(const Failure& failure, std::ostream* stream)
     *stream << failure.request << " after " << failure.after << ": " << failure.error;
 }
 
-/// Drives that go bad in the middle of a run and stay so.
+/// Drives that fail during a run and stay broken.
 class FailingDriveTest : public testing::FaultTest
 {
 protected:
@@ -36,8 +36,8 @@ protected:
             EXPECT_THAT(mirroredVersion(fileName(number)), versions);
     }
 
-    /// Each file that is not new has exactly one line, and each that is has none.
-    void expectOneLineAFile(int newVersion) const
+    /// Expects exactly one line for each file that is not new, and none for the new ones.
+    void expectOneLinePerFile(int newVersion) const
     {
         qint64 skipped = 0;
         for (const QByteArray& name : walkingOrder()) {
@@ -54,7 +54,7 @@ protected:
 class DestinationThatFails : public FailingDriveTest, public ::testing::WithParamInterface<Failure>
 {};
 
-TEST_P(DestinationThatFails, keepsEveryFileWholeAndTellsOfEachOne)
+TEST_P(DestinationThatFails, keepsEveryFileWholeAndReportsEachFailedOne)
 {
     const auto [request, after, error] = GetParam();
     for (const bool isSecondRun : {false, true}) {
@@ -71,12 +71,12 @@ TEST_P(DestinationThatFails, keepsEveryFileWholeAndTellsOfEachOne)
         drive = failing.root();
         makeFiles(fileCount, fileSize, 2);
         run({documents});
-        drive = good; // past the errors
+        drive = good; // the folder behind the failing one
         expectWholeFiles(AnyOf(std::optional(2), isSecondRun ? std::optional(1) : std::nullopt));
         if (engine.lastError())
             continue;
-        expectOneLineAFile(2);
-        // A whole copy whose swap with the old one failed stays, as it may be the only one.
+        expectOneLinePerFile(2);
+        // A whole copy whose swap with the old one failed is kept, as it may be the only one.
         if (QByteArrayView(request) != "rename") {
             EXPECT_THAT(temporaryFiles(good), IsEmpty());
         }
@@ -96,7 +96,7 @@ INSTANTIATE_TEST_SUITE_P(Requests, DestinationThatFails,
 class SourceThatFails : public FailingDriveTest, public ::testing::WithParamInterface<Failure>
 {};
 
-TEST_P(SourceThatFails, isCopiedAsFarAsItCanBeReadAndTheRestIsTold)
+TEST_P(SourceThatFails, isCopiedAsFarAsItCanBeReadAndTheRestIsReported)
 {
     const auto [request, after, error] = GetParam();
     const FailingDrive failing(QString::fromUtf8(request), after, QString::fromUtf8(error));
@@ -120,7 +120,7 @@ INSTANTIATE_TEST_SUITE_P(Requests, SourceThatFails,
                                            Failure{"open", 0, "EIO"}, Failure{"open", 9, "EACCES"},
                                            Failure{"list", 1, "EIO"}));
 
-TEST_F(FailingDriveTest, thatIsPulledEndsTheRunWithALineForEachFileThatIsMissing)
+TEST_F(FailingDriveTest, thatIsPulledEndsTheRunWithALineForEachMissingFile)
 {
     FailingDrive failing(QStringLiteral("none"), 0, QStringLiteral("EIO"));
     if (!failing.reasonMissing().empty())
@@ -131,12 +131,12 @@ TEST_F(FailingDriveTest, thatIsPulledEndsTheRunWithALineForEachFileThatIsMissing
     run({documents});
     drive = failing.folder();
     expectWholeFiles(AnyOf(std::nullopt, std::optional(1)));
-    expectOneLineAFile(1);
+    expectOneLinePerFile(1);
     EXPECT_TRUE(engine.lastReport().has_value());
     EXPECT_EQ(engine.lastReport()->manifestPath, QStringLiteral("Failed"));
 }
 
-TEST_F(FailingDriveTest, thatAnswersNoMoreLeavesTheWindowAliveAndTheCancelHeard)
+TEST_F(FailingDriveTest, thatHangsLeavesTheWindowResponsiveAndTheRunCancellable)
 {
     const FailingDrive failing(QStringLiteral("none"), 0, QStringLiteral("EIO"));
     if (!failing.reasonMissing().empty())

@@ -12,7 +12,7 @@ using ::testing::IsEmpty;
 using testing::TestMac;
 using ::testing::UnorderedElementsAre;
 
-/// A drive with neither unnamed files nor links nor modes, whose names fold their case.
+/// A drive without unnamed files, links and modes, and with case-insensitive names.
 class FatDriveTest : public testing::FaultTest
 {
 protected:
@@ -61,7 +61,7 @@ TEST_F(FatDriveTest, takesAFirstAndASecondBackup)
     EXPECT_TRUE(exists(latest("recovery-manifest.json")));
 }
 
-TEST_F(FatDriveTest, tellsOfEachLinkAndGoesOn)
+TEST_F(FatDriveTest, reportsEachLinkAndContinues)
 {
     makeFile("file");
     ASSERT_EQ(::symlink("file", documents.appendingNative("link").nativePath().constData()), 0);
@@ -75,7 +75,7 @@ TEST_F(FatDriveTest, tellsOfEachLinkAndGoesOn)
     }
 }
 
-TEST_F(FatDriveTest, tellsOfANameThatItRefusesAndLeavesNothingOfIt)
+TEST_F(FatDriveTest, reportsARefusedNameAndLeavesNoTemporaryFile)
 {
     makeFile("what?");
     makeFile("fine");
@@ -173,7 +173,7 @@ TEST_F(FatDriveTest, endsNormallyWhenItIsFull)
     EXPECT_GT(progress().filesSkipped, 0);
     EXPECT_EQ(progress().errors.size(), progress().filesSkipped);
     const QString name = QString::fromUtf8(walkingOrder().at(progress().filesCopied));
-    // This driver calls a full drive "not permitted".
+    // This driver reports a full drive as "not permitted".
     EXPECT_TRUE(progress().errors.value(0).startsWith(
         QStringLiteral("Skip %1: “%1” could not be copied: ").arg(name)));
     for (const QByteArray& copied : walkingOrder().first(progress().filesCopied))
@@ -181,7 +181,7 @@ TEST_F(FatDriveTest, endsNormallyWhenItIsFull)
     EXPECT_THAT(temporaryFiles(drive), IsEmpty());
 }
 
-TEST_F(FatDriveTest, tellsOfAFileThatIsTooLargeForIt)
+TEST_F(FatDriveTest, reportsAFileThatIsTooLargeForIt)
 {
     const FileURL large = mac.writeFile("Users/mira/Documents/large", "start");
     if (::truncate(large.nativePath().constData(), 4'294'967'296) != 0)

@@ -1,4 +1,4 @@
-// One piece of the program's work in a process of its own, for the tests that kill it or fail its
+// Does one piece of the program's work in a separate process, for the tests that kill it or fail its
 // system calls:
 //     fault-runner [--hold=run|--hold=records] <machine> <drive> <source>...
 //     fault-runner [--hold=work] --work=clean <machine>
@@ -7,9 +7,9 @@
 // `machine` is the folder of a made-up machine. A backup saves config.json and activity.json at its
 // end, as the program does. Prints the outcome as one line of JSON.
 //
-// With --hold it prints, right before the run, before the records or before things are moved, a line
-// with the number of the thread that does that part, and goes on when it is given a line. So whoever
-// watches the thread sees the system calls of that part and no others.
+// With --hold it stops right before the run, before the records or before files are moved: it prints
+// the id of the thread that does that part, and continues when it reads a line. A watcher of that
+// thread then gets the system calls of that part only.
 
 #include "KeelbrightCore/backup/BackupEngine.h"
 #include "KeelbrightCore/records/ActivityStore.h"
@@ -63,7 +63,7 @@ QJsonObject outcome(const BackupEngine& engine)
     return object;
 }
 
-/// Takes an option `--name=` off the front; empty where there is none.
+/// Removes a leading option `--name=` and gives its value; empty if there is none.
 QString takeOption(QStringList& arguments, const QString& name)
 {
     const QString start = QStringLiteral("--%1=").arg(name);
@@ -73,8 +73,8 @@ QString takeOption(QStringList& arguments, const QString& name)
 int backUp(const QStringList& folders, const QString& held)
 {
     BackupEngine engine;
-    // Changes come through an event; when the failing call is the very one that wakes the main
-    // thread, the beat lets it find them all the same.
+    // An event announces the changes of a run. If the failed call is the one that wakes the main thread
+    // for it, the timer wakes it instead.
     QTimer beat;
     beat.start(5);
     QObject::connect(&engine, &BackupEngine::isRunningChanged, &engine, [&engine] {
@@ -88,7 +88,7 @@ int backUp(const QStringList& folders, const QString& held)
     if (held == u"records")
         testing::hold(::gettid());
     saveRecords(engine);
-    return testing::tell(outcome(engine));
+    return testing::printOutcome(outcome(engine));
 }
 
 int care(const QString& work, const QStringList& folders, const QString& held)
@@ -99,13 +99,13 @@ int care(const QString& work, const QStringList& folders, const QString& held)
     };
     const FileURL place = FileURL::fromPath(folders.value(1));
     if (work == u"clean")
-        return testing::tell(testing::clean(ready));
+        return testing::printOutcome(testing::clean(ready));
     if (work == u"remove")
-        return testing::tell(testing::removeApplication(place, ready));
-    return testing::tell(testing::organize(place, ready));
+        return testing::printOutcome(testing::removeApplication(place, ready));
+    return testing::printOutcome(testing::organize(place, ready));
 }
 
-qsizetype leastFolders(const QString& work)
+qsizetype minimumFolders(const QString& work)
 {
     if (work.isEmpty())
         return 3;
@@ -118,7 +118,7 @@ int run(int argumentCount, char** arguments)
     QStringList folders = QCoreApplication::arguments().sliced(1);
     const QString held = takeOption(folders, QStringLiteral("hold"));
     const QString work = takeOption(folders, QStringLiteral("work"));
-    if (folders.size() < leastFolders(work))
+    if (folders.size() < minimumFolders(work))
         return 2;
     testing::SandboxFileManager files(FileURL::fromPath(folders.at(0)));
     const FileManagerGuard guard(files);

@@ -10,8 +10,8 @@ namespace keelbright::testing {
 
 namespace {
 
-/// Hundreds of backups, each with a flush of the whole drive at its end: in memory they don't wait
-/// for whatever else the machine writes.
+/// Puts the files of the tests into memory: hundreds of backups flush their drive at the end, and would
+/// wait for everything else that the machine writes.
 class TestsInMemory : public ::testing::Environment
 {
 public:

@@ -22,11 +22,11 @@ using testing::TestMac;
 using testing::Unchangeable;
 using testing::UnprivilegedUser;
 
-/// Cleans of junk in homes that don't let everything go.
+/// Cleans junk in homes where some of it can't be moved.
 class FaultyHomeTest : public testing::CareFaultTest
 {
 protected:
-    /// A folder of junk with a file in it.
+    /// Makes a folder of junk with a file in it.
     FileURL makeCache(const QByteArray& name) const
     {
         mac.writeFile("Users/mira/Library/Caches/" + name + "/deep/file", "content of " + name);
@@ -38,7 +38,7 @@ protected:
         return TestMac::read(cache.appendingNative("deep/file"));
     }
 
-    /// Finds all junk, and cleans it.
+    /// Finds all junk and moves it to the Trash.
     void clean(JunkCleanerVM& model) const
     {
         model.scan();
@@ -63,7 +63,7 @@ protected:
         return exists(place) ? everythingBelow(place) : QByteArrayList();
     }
 
-    /// Hands the home over to the plain user that `UnprivilegedUser` becomes.
+    /// Gives the home to the unprivileged user of `UnprivilegedUser`.
     void giveHomeAway() const
     {
         ASSERT_EQ(::chmod(mac.root().nativePath().constData(), 0755), 0);
@@ -76,7 +76,7 @@ protected:
     }
 };
 
-/// A drive that is full to the last byte, until this ends.
+/// Fills a drive to the last byte for its lifetime.
 class Filled
 {
 public:
@@ -157,7 +157,7 @@ TEST_F(FaultyHomeTest, aTrashOnAnotherVolumeLeavesTheJunkOnItsOwn)
         TestMac::read(own.appendingNative("info/cache.trashinfo")).contains("Path=Library/Caches/cache\n"));
 }
 
-TEST_F(FaultyHomeTest, anotherUsersFolderStaysAndTheOthersGo)
+TEST_F(FaultyHomeTest, anotherUsersFolderStaysAndTheOthersAreMoved)
 {
     if (::getuid() != 0)
         GTEST_SKIP() << "only root can make another user's folder";
@@ -179,7 +179,7 @@ TEST_F(FaultyHomeTest, anotherUsersFolderStaysAndTheOthersGo)
     EXPECT_THAT(inTrash("info"), ElementsAre("own.trashinfo"));
 }
 
-TEST_F(FaultyHomeTest, anApplicationOfTheSystemStaysAndItsLeftoversGo)
+TEST_F(FaultyHomeTest, anApplicationOfTheSystemStaysAndItsLeftoversAreMoved)
 {
     if (::getuid() != 0)
         GTEST_SKIP() << "only root can make an application of another user";
@@ -207,7 +207,7 @@ TEST_F(FaultyHomeTest, anApplicationOfTheSystemStaysAndItsLeftoversGo)
     EXPECT_EQ(log.load().first().itemCount, 2);
 }
 
-TEST_F(FaultyHomeTest, whatNobodyMayChangeStaysAndWhatHoldsItGoesWhole)
+TEST_F(FaultyHomeTest, anUnchangeableItemStaysAndAFolderThatHoldsOneIsMovedWhole)
 {
     const FileURL stuck = makeCache("stuck");
     const FileURL holder = makeCache("holder");
@@ -223,7 +223,7 @@ TEST_F(FaultyHomeTest, whatNobodyMayChangeStaysAndWhatHoldsItGoesWhole)
         EXPECT_FALSE(exists(holder));
         EXPECT_EQ(contentOf(trash.appendingNative("files/holder")), "content of holder");
         EXPECT_THAT(inTrash("info"), ElementsAre("holder.trashinfo"));
-        // Back to where the guard of the child knows it.
+        // Moved back, because `child` makes its own path changeable again.
         ASSERT_EQ(::rename(trash.appendingNative("files/holder").nativePath().constData(),
                            holder.nativePath().constData()),
                   0);

@@ -14,7 +14,7 @@ using testing::RunnerProcess;
 using testing::TestMac;
 using ::testing::UnorderedElementsAre;
 
-/// Drives that other systems use too: neither knows unnamed files, both fold letter case.
+/// Drives that other systems use too, without unnamed files and with case-insensitive names.
 class ForeignDriveTest : public testing::FaultTest, public ::testing::WithParamInterface<ImageDrive::Kind>
 {
 protected:
@@ -30,7 +30,7 @@ protected:
         return TestMac::read(mirrored("Documents/" + name));
     }
 
-    /// One of the two drivers lists every name like that.
+    /// One of the two drivers lists all names in lower case.
     [[nodiscard]] QByteArrayList namesInLowerCase() const
     {
         QByteArrayList names = everythingBelow(mirrored("Documents"));
@@ -81,7 +81,7 @@ TEST_P(ForeignDriveTest, keepsTheFirstOfTwoFilesThatDifferInCaseOnly)
     }
 }
 
-TEST_P(ForeignDriveTest, tellsOfEachNameThatItRefusesAndCopiesTheOthers)
+TEST_P(ForeignDriveTest, reportsEachRefusedNameAndCopiesTheOthers)
 {
     const QByteArrayList odd{"what?", "a:b", "back\\slash", "new\nline", "ends in a blank ", "CON", "star*"};
     for (const QByteArray& name : odd)
@@ -101,7 +101,7 @@ TEST_P(ForeignDriveTest, tellsOfEachNameThatItRefusesAndCopiesTheOthers)
     EXPECT_THAT(temporaryFiles(drive), IsEmpty());
 }
 
-TEST_P(ForeignDriveTest, copiesALinkOrTellsOfIt)
+TEST_P(ForeignDriveTest, copiesOrReportsALink)
 {
     makeFile("file");
     ASSERT_EQ(::symlink("file", documents.appendingNative("link").nativePath().constData()), 0);
@@ -116,7 +116,7 @@ TEST_P(ForeignDriveTest, copiesALinkOrTellsOfIt)
     }
 }
 
-TEST_P(ForeignDriveTest, tellsOnceOfEachFileThatItHasNoRoomFor)
+TEST_P(ForeignDriveTest, reportsEachFileWithoutRoomOnce)
 {
     makeFiles(30, 3'000'000, 1);
     run({documents});
@@ -130,14 +130,14 @@ TEST_P(ForeignDriveTest, tellsOnceOfEachFileThatItHasNoRoomFor)
     EXPECT_THAT(temporaryFiles(drive), IsEmpty());
 }
 
-TEST_P(ForeignDriveTest, holdsAFileBeyond4Gigabytes)
+TEST_P(ForeignDriveTest, holdsAFileOfMoreThan4Gigabytes)
 {
     const FileURL large = mac.writeFile("Users/mira/Documents/large", "start");
     if (::truncate(large.nativePath().constData(), 4'294'967'300) != 0)
         GTEST_SKIP() << "no file of 4 GiB can be made here";
     run({documents});
-    // The image is smaller than that; what counts is that the bound itself is no obstacle where
-    // holes are kept, and that nothing is left where they are not.
+    // The image is smaller than the file. A drive that keeps holes must take it despite its size, and
+    // on one that does not keep them nothing of it must be left.
     if (progress().filesCopied == 1) {
         struct stat status = {};
         ASSERT_EQ(::stat(mirrored("Documents/large").nativePath().constData(), &status), 0);
@@ -150,7 +150,7 @@ TEST_P(ForeignDriveTest, holdsAFileBeyond4Gigabytes)
     }
 }
 
-TEST_P(ForeignDriveTest, holdsWholeFilesOnlyAfterAKill)
+TEST_P(ForeignDriveTest, holdsOnlyWholeFilesAfterAKill)
 {
     makeFiles(30, 200'000, 1);
     EXPECT_EQ(RunnerProcess(*this, {documents}).finish().errors, QStringList());

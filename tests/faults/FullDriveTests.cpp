@@ -22,7 +22,7 @@ constexpr auto noSpace = "copied: there is not enough space on the drive.";
 class FullDriveTest : public testing::FaultTest
 {
 protected:
-    /// Uses up every last byte.
+    /// Fills the drive to the last byte.
     void fill() const
     {
         const int file = ::open(drive.appendingNative("filler").nativePath().constData(),
@@ -55,7 +55,7 @@ protected:
     }
 };
 
-TEST_F(FullDriveTest, keepsTheOldCopiesWhereTheNewOnesDoNotFit)
+TEST_F(FullDriveTest, keepsTheOldCopiesIfTheNewOnesDoNotFit)
 {
     const TmpfsMount mount({.bytes = 256 * 1024});
     if (!mount.reasonMissing().empty())
@@ -76,7 +76,7 @@ TEST_F(FullDriveTest, keepsTheOldCopiesWhereTheNewOnesDoNotFit)
     EXPECT_THAT(temporaryFiles(drive), IsEmpty());
 }
 
-TEST_F(FullDriveTest, endsWithItsTwoLinesWhereNotEvenManifestAndReportFit)
+TEST_F(FullDriveTest, endsWithTwoMoreLinesIfNotEvenManifestAndReportFit)
 {
     const TmpfsMount mount({.bytes = 256 * 1024});
     if (!mount.reasonMissing().empty())
@@ -102,7 +102,7 @@ TEST_F(FullDriveTest, endsWithItsTwoLinesWhereNotEvenManifestAndReportFit)
 
 TEST_F(FullDriveTest, copiesWhatItCanUntilTheDriveHoldsNoMoreFiles)
 {
-    // The root, six folders and three files.
+    // Ten inodes: the root, six folders and three files.
     const TmpfsMount mount({.bytes = 1'048'576, .inodes = 10});
     if (!mount.reasonMissing().empty())
         GTEST_SKIP() << mount.reasonMissing();
@@ -123,7 +123,7 @@ TEST_F(FullDriveTest, copiesWhatItCanUntilTheDriveHoldsNoMoreFiles)
         EXPECT_EQ(mirroredVersion(name), 1);
 }
 
-TEST_F(FullDriveTest, cannotStartWhereNotEvenTheFoldersFit)
+TEST_F(FullDriveTest, cannotStartIfNotEvenTheFoldersFit)
 {
     const TmpfsMount mount({.bytes = 1'048'576, .inodes = 3});
     if (!mount.reasonMissing().empty())
@@ -139,7 +139,7 @@ TEST_F(FullDriveTest, cannotStartWhereNotEvenTheFoldersFit)
 class DriveOfSize : public FullDriveTest, public ::testing::WithParamInterface<qint64>
 {};
 
-TEST_P(DriveOfSize, holdsWholeFilesOnlyOldOnesOrNew)
+TEST_P(DriveOfSize, holdsOnlyWholeFilesOldOrNew)
 {
     const TmpfsMount mount({.bytes = GetParam()});
     if (!mount.reasonMissing().empty())

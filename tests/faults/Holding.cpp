@@ -10,7 +10,7 @@ namespace keelbright::testing {
 
 void hold(pid_t thread)
 {
-    // A plain user's system lets only parents watch a process, unless it allows others.
+    // For an unprivileged user only a parent may watch a process, unless the process allows others.
     ::prctl(PR_SET_PTRACER, PR_SET_PTRACER_ANY);
     std::printf("%d\n", static_cast<int>(thread));
     std::fflush(stdout);
@@ -18,9 +18,9 @@ void hold(pid_t thread)
     }
 }
 
-int tell(const QJsonObject& outcome)
+int printOutcome(const QJsonObject& outcome)
 {
-    // Not by `write`: that may be the call that fails.
+    // Not with `write`, which may be the call that fails.
     QByteArray line = QJsonDocument(outcome).toJson(QJsonDocument::Compact);
     const iovec vector{line.data(), static_cast<size_t>(line.size())};
     return ::writev(STDOUT_FILENO, &vector, 1) == line.size() ? 0 : 1;

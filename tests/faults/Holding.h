@@ -5,10 +5,10 @@
 
 namespace keelbright::testing {
 
-/// Tells whoever watches which thread does what comes next, and lets it go on when it is given a line.
+/// Prints the id of the thread that does the next part, and waits for a line of input.
 void hold(pid_t thread);
 
-/// Prints the outcome as one line of JSON; the program's exit code.
-[[nodiscard]] int tell(const QJsonObject& outcome);
+/// Prints the outcome as one line of JSON, and gives the program's exit code.
+[[nodiscard]] int printOutcome(const QJsonObject& outcome);
 
 } // namespace keelbright::testing

@@ -19,7 +19,7 @@ using testing::FatImage;
 using testing::RunnerOutcome;
 using testing::RunnerProcess;
 
-/// Backups in a process of their own, killed in the middle.
+/// Backups in a separate process that is killed during the run.
 class KilledRunTest : public testing::FaultTest
 {
 protected:
@@ -37,7 +37,7 @@ protected:
         EXPECT_EQ(QProcess::execute(QStringLiteral("rm"), {QStringLiteral("-rf"), folder}), 0);
     }
 
-    /// A backup that nobody disturbs, and how long it takes.
+    /// Runs a backup to its end, and gives the time that it took.
     std::chrono::microseconds wholeRun()
     {
         QElapsedTimer timer;
@@ -49,7 +49,7 @@ protected:
         return std::chrono::microseconds(timer.nsecsElapsed() / 1'000);
     }
 
-    /// Whether every file under its name is a whole one of a version that may be there.
+    /// Expects the version of every file on the drive to match; a file that is not whole fails.
     void expectWholeFiles(const ::testing::Matcher<std::optional<int>>& version) const
     {
         for (int number = 0; number < fileCount; ++number)
@@ -78,7 +78,7 @@ protected:
         }
     }
 
-    /// Kills one backup after another at moments all over its course, and looks at what is left.
+    /// Kills backups at moments spread over their whole course, and checks the files on the drive.
     void killAtRandomMoments(int times, std::chrono::microseconds whole,
                              const ::testing::Matcher<std::optional<int>>& version,
                              const std::function<void()>& between)
@@ -90,7 +90,7 @@ protected:
             RunnerProcess runner(*this, {documents});
             runner.killAfter(moment);
             if (runner.finish().hasEnded)
-                whole = moment; // quicker this time: later moments find nothing to kill
+                whole = moment; // this run was quicker: it had ended before the kill
             else
                 ++killed;
             expectWholeFiles(version);
@@ -100,7 +100,7 @@ protected:
         EXPECT_EQ(killed, times) << "most backups had ended before they were killed";
     }
 
-    /// Kills one backup at the `when`-th call of a name, and looks at what is left.
+    /// Kills a backup at the `when`-th call with this name, and checks the files on the drive.
     void killAtCall(const QString& call, int when, const ::testing::Matcher<std::optional<int>>& version)
     {
         RunnerProcess runner(*this, {documents},
@@ -114,14 +114,14 @@ private:
     std::mt19937 m_random{20'260'302};
 };
 
-TEST_F(KilledRunTest, aFirstBackupLeavesWholeFilesOnlyAndTheNextFinishesIt)
+TEST_F(KilledRunTest, aFirstBackupLeavesOnlyWholeFilesAndTheNextFinishesIt)
 {
     makeSource(1);
     const auto whole = wholeRun();
     emptyDrive();
     int round = 0;
     killAtRandomMoments(15, whole, AnyOf(std::nullopt, std::optional(1)), [this, &round] {
-        // Every other one goes on where the one before was killed.
+        // Every second run continues what the killed one has left.
         if (++round % 2 == 0)
             emptyDrive();
     });
@@ -129,7 +129,7 @@ TEST_F(KilledRunTest, aFirstBackupLeavesWholeFilesOnlyAndTheNextFinishesIt)
     expectWholeFiles(std::optional(1));
 }
 
-TEST_F(KilledRunTest, aLaterBackupLeavesOldOrNewFilesOnlyAndTheNextFinishesIt)
+TEST_F(KilledRunTest, aLaterBackupLeavesOnlyOldOrNewFilesAndTheNextFinishesIt)
 {
     makeSource(1);
     wholeRun();
@@ -153,7 +153,7 @@ TEST_F(KilledRunTest, leavesWholeFilesOnADriveWithoutUnnamedOnesToo)
     if (!image.reasonMissing().empty())
         GTEST_SKIP() << image.reasonMissing();
     drive = image.root();
-    fileCount = 8; // this driver can't make a folder longer that temporary files have passed through
+    fileCount = 8; // this driver can't enlarge a folder in which temporary files have been
     makeSource(1);
     const auto whole = wholeRun();
     emptyDrive();
@@ -165,7 +165,7 @@ TEST_F(KilledRunTest, leavesWholeFilesOnADriveWithoutUnnamedOnesToo)
     expectWholeFiles(std::optional(2));
 }
 
-TEST_F(KilledRunTest, diesAtTheCallsThatGiveNamesWithoutHalfAFile)
+TEST_F(KilledRunTest, leavesNoHalfFileIfItIsKilledAtACallThatGivesAName)
 {
     if (const std::string reason = RunnerProcess::reasonMissing(); !reason.empty())
         GTEST_SKIP() << reason;
@@ -181,13 +181,13 @@ TEST_F(KilledRunTest, diesAtTheCallsThatGiveNamesWithoutHalfAFile)
     killAtCall(QStringLiteral("renameat"), 1, first);
     killAtCall(QStringLiteral("renameat"), 77, firstOrSecond);
     killAtCall(QStringLiteral("write"), 60, firstOrSecond);
-    // The last three names: of the manifest and of the two forms of the report.
+    // The last three renames are those of the manifest and of the two forms of the report.
     for (int last = 1; last <= 3; ++last)
         killAtCall(QStringLiteral("renameat"), fileCount + last, std::optional(2));
     const QByteArrayList before = temporaryFiles(drive);
     for (int last = 1; last <= 3; ++last)
         killAtCall(QStringLiteral("fdatasync"), last, std::optional(2));
-    EXPECT_EQ(temporaryFiles(drive), before) << "a record has no name at all until it is whole";
+    EXPECT_EQ(temporaryFiles(drive), before) << "a record has no name until it is whole";
     wholeRun();
     expectWholeFiles(std::optional(2));
 }

@@ -1,10 +1,10 @@
-// A whole backup as the program does it, with the state that keeps its report and writes its log, in a
-// process of its own that tells what it has cost:
+// Does a whole backup as the program does it, including the state that keeps the report and writes the
+// log, and measures it:
 //     load-runner <machine> <drive> <source>
-// Prints one line of JSON: the counters, how many error lines the engine, the state and a state that
-// is started anew have, seconds, the longest stalls of the main thread (in the run, at its end, in a
-// start with its report, in a change of the settings afterwards), what it has worked in the last three
-// of these, and the most memory that the process has had.
+// Prints one line of JSON: the counters; the numbers of error lines in the engine, in the state and in
+// a restarted state; the seconds of the run; the longest stalls of the main thread (in the run, at its
+// end, in a start with the report, in a change of the settings afterwards); the processor time of the
+// main thread in the last three of these; and the peak memory of the process.
 
 #include "Keelbright/state/AppState.h"
 #include "KeelbrightCore/platform/system/UserDefaults.h"
@@ -28,8 +28,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// The most memory that the process has had at once. What the system counts for the children of a
-/// process counts that process as well.
+/// The peak memory of the process. Read here, because the value that the system gives a parent for its
+/// children includes the parent itself.
 qint64 peakMemory()
 {
     QFile status(u"/proc/self/status"_s);
@@ -57,13 +57,12 @@ public:
         state.setCustomSources({{QUuid::createUuid(), source, true}});
         state.setSelectedDestination(BackupDestination{QUuid::createUuid(), drive});
         backUp(state);
-        tell(state.engine());
-        m_told.insert(u"linesKept"_s, state.lastReport() ? state.lastReport()->errors.size() : 0);
-        // The list in the engine, the report of the state and what is read anew are all there in the
-        // program as well.
-        m_told.insert(u"peakMemory"_s, peakMemory());
-        startAnew();
-        const QByteArray line = QJsonDocument(m_told).toJson(QJsonDocument::Compact);
+        addCounters(state.engine());
+        m_result.insert(u"linesKept"_s, state.lastReport() ? state.lastReport()->errors.size() : 0);
+        // Measured before the restart, as the program never holds the lists of two states.
+        m_result.insert(u"peakMemory"_s, peakMemory());
+        restart();
+        const QByteArray line = QJsonDocument(m_result).toJson(QJsonDocument::Compact);
         std::printf("%s\n", line.constData());
         return 0;
     }
@@ -83,8 +82,8 @@ private:
         QObject::connect(&state.engine(), &BackupEngine::isRunningChanged, &state, [&] {
             if (state.engine().isRunning())
                 return;
-            m_told.insert(u"seconds"_s, static_cast<double>(time.nsecsElapsed()) / 1e9);
-            m_told.insert(u"stallInRun"_s, inRun->longestSeconds());
+            m_result.insert(u"seconds"_s, static_cast<double>(time.nsecsElapsed()) / 1e9);
+            m_result.insert(u"stallInRun"_s, inRun->longestSeconds());
             inRun.reset();
             atEnd.emplace();
             constexpr int afterTheSave = 50;
@@ -93,36 +92,36 @@ private:
         if (!state.confirmBackup())
             return;
         QCoreApplication::exec();
-        m_told.insert(u"stallAtEnd"_s, atEnd ? atEnd->longestSeconds() : 0);
-        m_told.insert(u"workAtEnd"_s, atEnd ? atEnd->longestWorkSeconds() : 0);
+        m_result.insert(u"stallAtEnd"_s, atEnd ? atEnd->longestSeconds() : 0);
+        m_result.insert(u"workAtEnd"_s, atEnd ? atEnd->longestWorkSeconds() : 0);
     }
 
-    void tell(const BackupEngine& engine)
+    void addCounters(const BackupEngine& engine)
     {
-        m_told.insert(u"copied"_s, engine.progress().filesCopied);
-        m_told.insert(u"skipped"_s, engine.progress().filesSkipped);
-        m_told.insert(u"estimate"_s, engine.progress().totalFilesEstimate);
-        m_told.insert(u"lines"_s, engine.progress().errors.size());
-        m_told.insert(u"lastError"_s, engine.lastError().value_or(QString()));
+        m_result.insert(u"copied"_s, engine.progress().filesCopied);
+        m_result.insert(u"skipped"_s, engine.progress().filesSkipped);
+        m_result.insert(u"estimate"_s, engine.progress().totalFilesEstimate);
+        m_result.insert(u"lines"_s, engine.progress().errors.size());
+        m_result.insert(u"lastError"_s, engine.lastError().value_or(QString()));
     }
 
-    /// The program's next start, and a change of the settings in it.
-    void startAnew()
+    /// Measures the program's next start and a change of the settings after it.
+    void restart()
     {
         std::optional<AppState> state;
-        tellTimeOf(u"start"_s, u"workOfStart"_s, [&] { state.emplace(services()); });
-        m_told.insert(u"linesRead"_s, state->lastReport() ? state->lastReport()->errors.size() : 0);
-        tellTimeOf(u"change"_s, u"workOfChange"_s, [&] { state->setRecommendedFolderEnabled(0, true); });
+        measure(u"start"_s, u"workOfStart"_s, [&] { state.emplace(services()); });
+        m_result.insert(u"linesRead"_s, state->lastReport() ? state->lastReport()->errors.size() : 0);
+        measure(u"change"_s, u"workOfChange"_s, [&] { state->setRecommendedFolderEnabled(0, true); });
     }
 
-    template <typename Action> void tellTimeOf(const QString& key, const QString& workKey, Action&& action)
+    template <typename Action> void measure(const QString& key, const QString& workKey, Action&& action)
     {
         QElapsedTimer time;
         time.start();
         const testing::WorkTimer work;
         action();
-        m_told.insert(workKey, static_cast<double>(work.nanoseconds()) / 1e9);
-        m_told.insert(key, static_cast<double>(time.nsecsElapsed()) / 1e9);
+        m_result.insert(workKey, static_cast<double>(work.nanoseconds()) / 1e9);
+        m_result.insert(key, static_cast<double>(time.nsecsElapsed()) / 1e9);
     }
 
     testing::SandboxFileManager m_files;
@@ -132,7 +131,7 @@ private:
     UserDefaults m_userDefaults{std::make_unique<QSettings>(
         m_files.homeDirectory().appending(u".config/defaults.ini"_s).path(), QSettings::IniFormat)};
     testing::FakeFolderChooser m_chooser;
-    QJsonObject m_told;
+    QJsonObject m_result;
 };
 
 int run(int argumentCount, char** arguments)

@@ -15,30 +15,30 @@ struct Sleep
 {
     QSemaphore arrived;
     QSemaphore awake;
-    QSemaphore left;
-    std::atomic<pid_t> whoLeft = 0;
+    QSemaphore freed;
+    std::atomic<pid_t> freeThread = 0;
 };
 
 } // namespace
 
 pid_t leaveOneWorker()
 {
-    static auto* const sleep = new Sleep; // the sleepers outlive everything
+    static auto* const sleep = new Sleep; // never destroyed, because the sleeping threads use it
     QThreadPool& pool = TaskPools::userInitiated();
     const int count = pool.maxThreadCount();
-    // One task a thread, because none ends before the last one has come.
+    // Each task gets a thread of its own, because none ends before all of them have started.
     for (int i = 0; i < count; ++i) {
         pool.start([] {
             sleep->arrived.release();
             sleep->awake.acquire();
-            sleep->whoLeft = ::gettid();
-            sleep->left.release();
+            sleep->freeThread = ::gettid();
+            sleep->freed.release();
         });
     }
     sleep->arrived.acquire(count);
     sleep->awake.release();
-    sleep->left.acquire();
-    return sleep->whoLeft;
+    sleep->freed.acquire();
+    return sleep->freeThread;
 }
 
 } // namespace keelbright::testing

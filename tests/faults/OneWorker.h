@@ -4,9 +4,8 @@
 
 namespace keelbright::testing {
 
-/// Puts all threads of the user-initiated pool to sleep for good, but one: so it is known
-/// beforehand on which thread a backup runs, and the system calls of that one can be watched
-/// alone. Gives its number with the kernel.
+/// Puts all threads of the user-initiated pool except one to sleep forever, so that a backup has to run
+/// on that one and its system calls can be watched. Gives the kernel's id of that thread.
 [[nodiscard]] pid_t leaveOneWorker();
 
 } // namespace keelbright::testing

@@ -19,7 +19,7 @@ using testing::ImageDrive;
 using testing::SandboxFileManager;
 using testing::TestMac;
 
-/// Lets somebody else take a place between the look at it and the move.
+/// Creates a file at the target of a move between its check and the move.
 class TakenMeanwhile : public SandboxFileManager
 {
 public:
@@ -38,7 +38,7 @@ public:
 class OrganizerDriveTest : public testing::CareFaultTest
 {
 protected:
-    /// Sorts all that lies loose in a folder.
+    /// Sorts all loose files of a folder.
     static OrganizerService::ExecutionResult organize(const FileURL& folder)
     {
         const QList<OrganizeProposal> plan = OrganizerService::propose(folder);
@@ -50,8 +50,8 @@ protected:
         return OrganizerService::execute(plan, all);
     }
 
-    /// Sorts a file whose name is taken, one whose name is taken in other letters, and one whose name
-    /// is free.
+    /// Sorts a file whose name is taken, one whose name is taken in other letter case, and one whose
+    /// name is free.
     static void expectFilesWhole(const FileURL& folder)
     {
         write(folder.appendingNative("Images/a.png"), "old");
@@ -86,7 +86,7 @@ protected:
         EXPECT_EQ(TestMac::read(folder.appendingNative("Audio/d.mp3")), "theirs");
     }
 
-    /// What goes to the Trash of a drive is whole there, with its record.
+    /// Expects an item in the Trash of a drive to be whole and to have its record.
     static void expectTrashWorks(const FileURL& top)
     {
         write(top.appendingNative("sub/thrown away"), "content");
@@ -98,12 +98,12 @@ protected:
     }
 };
 
-TEST_F(OrganizerDriveTest, aPlaceThatIsTakenMeanwhileIsNotReplaced)
+TEST_F(OrganizerDriveTest, aNameThatIsTakenMeanwhileIsNotReplaced)
 {
     expectNoLossWhereAPlaceIsTaken(mac.makeFolder("Users/mira/Downloads"));
 }
 
-// Without an application: this driver forgets what lies in a folder that is moved, whoever moves it.
+// Without an application, because this driver loses the content of any folder that is moved.
 TEST_F(OrganizerDriveTest, aFatDriveKeepsEveryFileWhole)
 {
     const FatImage image(64'000'000);

@@ -12,7 +12,7 @@ using testing::TestMac;
 
 constexpr int fileCount = 30;
 
-/// Somebody plants links on the drive that lead out of it, to a folder with a file that is precious.
+/// Links on the drive that lead out of it, to a folder with a precious file.
 class PlantedLinkTest : public testing::FaultTest
 {
 protected:
@@ -23,7 +23,7 @@ protected:
         mac.writeFile("Outside/precious", "precious");
     }
 
-    /// Puts a link to `target` in the place of what stands at a path of the drive.
+    /// Replaces the item at a path of the drive by a link to `target`.
     void plant(const QByteArray& path, const FileURL& target) const
     {
         const QByteArray place = drive.appendingNative(path).nativePath();
@@ -51,7 +51,7 @@ protected:
 class LinkForAFolder : public PlantedLinkTest, public ::testing::WithParamInterface<const char*>
 {};
 
-TEST_P(LinkForAFolder, isNotFollowedWhereItStandsBeforeTheRun)
+TEST_P(LinkForAFolder, isNotFollowedIfItIsThereBeforeTheRun)
 {
     plant(GetParam(), outside);
     run({documents});
@@ -62,7 +62,7 @@ TEST_P(LinkForAFolder, isNotFollowedWhereItStandsBeforeTheRun)
     EXPECT_EQ(lines.count(u'\n'), 0) << lines.toStdString();
 }
 
-TEST_P(LinkForAFolder, isNotFollowedWhereItComesInTheMiddleOfARun)
+TEST_P(LinkForAFolder, isNotFollowedIfItAppearsDuringARun)
 {
     whenCopied(5, [this] { plant(GetParam(), outside); });
     run({documents});
@@ -72,7 +72,7 @@ TEST_P(LinkForAFolder, isNotFollowedWhereItComesInTheMiddleOfARun)
     EXPECT_GE(progress().filesCopied, 5);
 }
 
-TEST_P(LinkForAFolder, isNotFollowedWhereItComesAsTheLastFileIsCopied)
+TEST_P(LinkForAFolder, isNotFollowedIfItAppearsWhenTheLastFileIsCopied)
 {
     whenCopied(fileCount + 1, [this] { plant(GetParam(), outside); });
     run({documents});
@@ -103,7 +103,7 @@ TEST_F(PlantedLinkTest, isReplacedByTheFileWhoseNameItHas)
 
 TEST_F(PlantedLinkTest, isReplacedByTheReportWhoseNameItHas)
 {
-    // One for each second of a minute: the run takes its name from the moment of its start.
+    // One for each second of a minute, because the report is named by the time of the run's start.
     const QDateTime now = QDateTime::currentDateTimeUtc();
     QByteArrayList names;
     for (int second = 0; second < 60; ++second) {

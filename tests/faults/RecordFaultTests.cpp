@@ -13,7 +13,7 @@ using testing::standardOutputOf;
 using testing::TestMac;
 using testing::UnprivilegedUser;
 
-/// The program's own folder, which its user may not read or write.
+/// The folder of the program's records, which its user may not read or write.
 class RecordFaultTest : public ::testing::Test
 {
 protected:
@@ -26,7 +26,7 @@ protected:
     FileURL support = mac.fileManager().applicationSupportDirectory();
 };
 
-TEST_F(RecordFaultTest, aConfigurationThatMayNotBeReadIsEmptyWithoutAWordAndStaysWhenItCannotBeSaved)
+TEST_F(RecordFaultTest, anUnreadableConfigurationIsSilentlyEmptyAndStaysWhenItCannotBeSaved)
 {
     const BackupConfigStore store(support);
     AppConfiguration configuration;
@@ -51,7 +51,7 @@ TEST_F(RecordFaultTest, aConfigurationThatMayNotBeReadIsEmptyWithoutAWordAndStay
     EXPECT_EQ(TestMac::read(store.configURL()), before);
 }
 
-TEST_F(RecordFaultTest, aLogThatMayNotBeReadIsEmptyAndHoldsNothingUp)
+TEST_F(RecordFaultTest, anUnreadableLogIsEmptyAndBlocksNothing)
 {
     const ActivityStore store(support);
     const ActivityEntry entry{.id = QUuid::createUuid(),

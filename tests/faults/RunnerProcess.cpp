@@ -37,7 +37,7 @@ RunnerProcess::RunnerProcess(const QStringList& arguments, const QStringList& st
                   strace;
     command += QStringLiteral(FAULT_RUNNER);
     command += arguments;
-    // A build that looks for leaks can't do so while strace watches.
+    // A sanitizer can't look for leaks while strace watches.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     if (!strace.isEmpty()) {
         const QString name = QStringLiteral("ASAN_OPTIONS");
@@ -57,7 +57,7 @@ RunnerOutcome RunnerProcess::finish()
         m_process.kill();
         m_process.waitForFinished();
     }
-    // A line of the configuration store may come before.
+    // A line of the configuration store may precede the outcome.
     const QByteArray output = m_process.readAllStandardOutput();
     const QJsonObject object = QJsonDocument::fromJson(output.sliced(output.lastIndexOf('\n') + 1)).object();
     QStringList errors;

@@ -8,7 +8,7 @@ namespace keelbright::testing {
 namespace {
 
 constexpr qsizetype checksumSize = 20;
-constexpr qsizetype leastSize = 64;
+constexpr qsizetype minimumSize = 64;
 
 QByteArray checksum(QByteArrayView content)
 {
@@ -19,9 +19,9 @@ QByteArray checksum(QByteArrayView content)
 
 QByteArray sealedContent(const QByteArray& name, int version, qsizetype size)
 {
-    const QByteArray head = name.left(leastSize / 2) + '\n' + QByteArray::number(version) + '\n';
+    const QByteArray head = name.left(minimumSize / 2) + '\n' + QByteArray::number(version) + '\n';
     QByteArray content = head;
-    content.append(std::max(size, leastSize) - head.size() - checksumSize,
+    content.append(std::max(size, minimumSize) - head.size() - checksumSize,
                    static_cast<char>('a' + version % 26));
     return content + checksum(content);
 }
@@ -29,7 +29,7 @@ QByteArray sealedContent(const QByteArray& name, int version, qsizetype size)
 std::optional<int> sealedVersion(const QByteArray& name, const QByteArray& content)
 {
     const qsizetype bodySize = content.size() - checksumSize;
-    const QByteArray head = name.left(leastSize / 2) + '\n';
+    const QByteArray head = name.left(minimumSize / 2) + '\n';
     if (bodySize < head.size() || !content.startsWith(head) ||
         checksum(QByteArrayView(content).first(bodySize)) != content.sliced(bodySize))
         return std::nullopt;

@@ -5,11 +5,11 @@
 
 namespace keelbright::testing {
 
-/// Content that proves itself: it names its file and its version and ends in its own checksum,
-/// so that half a file, or a mixture of two, is told from a whole one. At least 64 bytes.
+/// Content that can be verified: it holds its file's name and version and ends with its checksum, so
+/// that half a file or a mixture of two is recognised. At least 64 bytes.
 [[nodiscard]] QByteArray sealedContent(const QByteArray& name, int version, qsizetype size);
 
-/// The version of whole content of that name; nothing for any other.
+/// The version of the content if it is whole and has this name; else nothing.
 [[nodiscard]] std::optional<int> sealedVersion(const QByteArray& name, const QByteArray& content);
 
 } // namespace keelbright::testing

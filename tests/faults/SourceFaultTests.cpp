@@ -45,8 +45,8 @@ protected:
         return FileManager::defaultManager().contents(mirrored("Documents/" + name)).value_or(QByteArray());
     }
 
-    /// Whether a file that is rewritten from its front to its end, each time with the next letter,
-    /// looked like this at any one moment: new up to a place, old from there on.
+    /// Whether a file that is overwritten from its beginning to its end, each time with the next letter,
+    /// had this content at one moment: new letters up to some position, old ones after it.
     [[nodiscard]] static bool isOfOneMoment(const QByteArray& content)
     {
         const auto front = content.front();
@@ -61,7 +61,7 @@ protected:
     const QString changedLine = skipLine("live", "copied: it changed while it was being copied.");
 };
 
-TEST_F(SourceFaultTest, tellsOfEachFolderAndFileThatMayNotBeRead)
+TEST_F(SourceFaultTest, reportsEachFolderAndFileThatMayNotBeRead)
 {
     makeFile("readable");
     makeFile("secret");
@@ -90,11 +90,11 @@ TEST_F(SourceFaultTest, tellsOfEachFolderAndFileThatMayNotBeRead)
     EXPECT_THAT(temporaryFiles(drive), IsEmpty());
 }
 
-TEST_F(SourceFaultTest, tellsOfAFileThatVanishesBeforeItsTurn)
+TEST_F(SourceFaultTest, reportsAFileThatVanishesBeforeItsTurn)
 {
     makeFiles(300);
     const QByteArrayList order = walkingOrder();
-    // The next two hundred are perhaps open already.
+    // The next two hundred files may already be open.
     whenCopied(1, [&] {
         for (const QByteArray& name : order.sliced(297, 2))
             ::unlink(documents.appendingNative(name).nativePath().constData());
@@ -171,10 +171,10 @@ TEST_F(SourceFaultTest, neverMixesTwoVersionsOfAFileThatIsRewritten)
         EXPECT_EQ(copy.size(), size);
         EXPECT_TRUE(isOfOneMoment(copy)) << "two moments in one copy";
     }
-    EXPECT_GT(copies, 0) << "never once held still: nothing was tested";
+    EXPECT_GT(copies, 0) << "no copy was ever made: nothing was tested";
 }
 
-TEST_F(SourceFaultTest, copiesLinksThatLeadNowhereOrInACircle)
+TEST_F(SourceFaultTest, copiesBrokenAndCircularLinks)
 {
     makeFile("file");
     mac.makeFolder("Users/mira/Documents/folder");
@@ -199,7 +199,7 @@ TEST_F(SourceFaultTest, copiesLinksThatLeadNowhereOrInACircle)
     }
 }
 
-TEST_F(SourceFaultTest, copiesBothOfTwoNamesThatDifferInCaseOnlyWhereCaseCounts)
+TEST_F(SourceFaultTest, copiesBothOfTwoNamesThatDifferInCaseOnlyToACaseSensitiveDrive)
 {
     makeFile("a.txt");
     makeFile("A.TXT");
@@ -212,7 +212,7 @@ TEST_F(SourceFaultTest, copiesBothOfTwoNamesThatDifferInCaseOnlyWhereCaseCounts)
         EXPECT_THAT(progress().errors, IsEmpty());
         EXPECT_THAT(everythingBelow(mirrored("Documents")),
                     ElementsAre("A.TXT", "Notes", "Notes/day", "a.txt", "notes", "notes/day"));
-        // A folder that looks as if the drive folded case.
+        // A folder that exists as if the drive were case-insensitive.
         mac.makeFolder("Volumes/Drive/Keelbright/miras Mac/Latest/pERSONAL fILES");
     }
 }

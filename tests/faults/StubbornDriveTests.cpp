@@ -26,7 +26,7 @@ protected:
     }
 };
 
-TEST_F(StubbornDriveTest, tellsOfAnOldCopyThatNobodyMayReplace)
+TEST_F(StubbornDriveTest, reportsAnOldCopyThatNobodyMayReplace)
 {
     for (const int flag : {FS_IMMUTABLE_FL, FS_APPEND_FL}) {
         makeFiles(3, 1'000, 1);
@@ -45,7 +45,7 @@ TEST_F(StubbornDriveTest, tellsOfAnOldCopyThatNobodyMayReplace)
     }
 }
 
-TEST_F(StubbornDriveTest, tellsOfEachFileOfAFolderThatNobodyMayChange)
+TEST_F(StubbornDriveTest, reportsEachFileOfAFolderThatNobodyMayChange)
 {
     makeFile("folder/one", 1'000, 1);
     makeFile("folder/two", 1'000, 1);
@@ -79,7 +79,7 @@ TEST_F(StubbornDriveTest, copiesAFileThatNobodyMayChangeAsOneThatTheUserMay)
     }
 }
 
-TEST_F(StubbornDriveTest, tellsOnceOfEachFileBeyondTheUsersShare)
+TEST_F(StubbornDriveTest, reportsEachFileOverTheUsersQuotaOnce)
 {
     const ImageDrive image(ImageDrive::Kind::btrfs, 314'572'800);
     if (!image.reasonMissing().empty())
@@ -108,7 +108,7 @@ TEST_F(StubbornDriveTest, tellsOnceOfEachFileBeyondTheUsersShare)
     }
 }
 
-TEST_F(StubbornDriveTest, thatTurnsReadOnlyInTheMiddleKeepsItsCopies)
+TEST_F(StubbornDriveTest, thatBecomesReadOnlyDuringTheRunKeepsItsCopies)
 {
     const ImageDrive image(ImageDrive::Kind::ext4, 67'108'864);
     if (!image.reasonMissing().empty())
@@ -128,7 +128,7 @@ TEST_F(StubbornDriveTest, thatTurnsReadOnlyInTheMiddleKeepsItsCopies)
     EXPECT_EQ(engine.lastReport()->manifestPath, QStringLiteral("Failed"));
 }
 
-TEST_F(StubbornDriveTest, thatIsPulledInTheMiddleEndsTheRun)
+TEST_F(StubbornDriveTest, thatIsPulledDuringTheRunEndsTheRun)
 {
     const ImageDrive image(ImageDrive::Kind::ext4, 67'108'864);
     if (!image.reasonMissing().empty())
@@ -151,7 +151,7 @@ TEST_F(StubbornDriveTest, thatIsPulledInTheMiddleEndsTheRun)
     expectWholeFiles(count, std::optional(3));
 }
 
-TEST_F(StubbornDriveTest, holdsAllThatAFinishedRunHasCountedWhenThePowerGoes)
+TEST_F(StubbornDriveTest, holdsEveryCountedFileAfterAPowerCut)
 {
     const ImageDrive image(ImageDrive::Kind::ext4, 67'108'864);
     if (!image.reasonMissing().empty())
@@ -162,7 +162,7 @@ TEST_F(StubbornDriveTest, holdsAllThatAFinishedRunHasCountedWhenThePowerGoes)
         makeFiles(count, 50'000, version);
         run({documents});
         ASSERT_THAT(progress().errors, IsEmpty());
-        image.pull(); // in the very moment in which the run is called finished
+        image.pull(); // at the moment in which the run is finished
         image.putBack();
         expectWholeFiles(count, std::optional(version));
         EXPECT_TRUE(exists(latest("recovery-manifest.json")));

@@ -17,7 +17,7 @@ using testing::TestMac;
 class TreeShapeTest : public testing::FaultTest
 {
 protected:
-    /// A chain of folders, each with one file; the innermost folder's descriptor is closed again.
+    /// Makes a chain of folders with one file in each.
     void makeDeepTree(int levels) const
     {
         int folder = ::open(documents.nativePath().constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -35,7 +35,7 @@ protected:
         ::close(folder);
     }
 
-    /// Down the mirror to the file at a level, whatever the length of its path.
+    /// The content of the mirrored file at a level, whose path may be longer than the system allows.
     [[nodiscard]] QByteArray contentAtLevel(int levels) const
     {
         int folder = ::open(mirrored("Documents").nativePath().constData(), O_RDONLY | O_CLOEXEC);
@@ -68,8 +68,8 @@ TEST_F(TreeShapeTest, copies2000LevelsWithAFewOpenFiles)
     makeDeepTree(levels);
     rlimit limit = {};
     ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
-    // A sanitizer opens two files of its own to find out whether it may look at an object, and takes a
-    // refusal for an object of the wrong type: it needs room beside the program.
+    // A sanitizer opens two files of its own to check an object and takes a failure for a wrong type, so
+    // it needs more descriptors than the program.
     const rlimit few{KEELBRIGHT_IS_SANITIZED ? 112 : 64, limit.rlim_max};
     ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
     const auto restore = qScopeGuard([&] { ::setrlimit(RLIMIT_NOFILE, &limit); });
@@ -113,7 +113,7 @@ TEST_F(TreeShapeTest, copiesNamesOf255BytesAtEveryLevel)
     }
 }
 
-TEST_F(TreeShapeTest, copiesAFileBeyond4GigabytesWithItsHoles)
+TEST_F(TreeShapeTest, copiesAFileOfMoreThan4GigabytesWithItsHoles)
 {
     constexpr off_t size = 5'368'709'121;
     constexpr off_t middle = 4'500'000'000;
@@ -130,7 +130,7 @@ TEST_F(TreeShapeTest, copiesAFileBeyond4GigabytesWithItsHoles)
     struct stat status = {};
     ASSERT_EQ(::fstat(copy, &status), 0);
     EXPECT_EQ(status.st_size, size);
-    EXPECT_LE(status.st_blocks, 1'000) << "holes stay holes";
+    EXPECT_LE(status.st_blocks, 1'000) << "the holes are kept";
     char text[8] = {};
     EXPECT_EQ(::pread(copy, text, 6, middle), 6);
     EXPECT_STREQ(text, "middle");

@@ -10,7 +10,7 @@
 
 namespace keelbright::testing {
 
-/// A file or folder that nobody may change, root neither, while this lives.
+/// Makes a file or folder unchangeable, even for root, for its lifetime.
 class Unchangeable
 {
 public:

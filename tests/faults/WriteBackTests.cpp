@@ -8,7 +8,7 @@ namespace {
 using testing::FailingDrive;
 using testing::ImageDrive;
 
-/// A drive that takes every write at once and loses it later, on its way to the medium.
+/// A drive that accepts every write and loses it later, when it is written back to the medium.
 class WriteBackTest : public testing::FaultTest
 {
 protected:
@@ -35,7 +35,7 @@ private:
     ImageDrive m_image{ImageDrive::Kind::ext4, 67'108'864, m_medium.root()};
 };
 
-TEST_F(WriteBackTest, isToldAtTheEndAndNeverCalledASuccess)
+TEST_F(WriteBackTest, isReportedAtTheEndAndNeverASuccess)
 {
     makeFiles(40, 50'000);
     whenCopied(10, [this] { loseWrites(); });
@@ -48,7 +48,7 @@ TEST_F(WriteBackTest, isToldAtTheEndAndNeverCalledASuccess)
     EXPECT_EQ(engine.lastReport()->manifestPath, QStringLiteral("Failed"));
 }
 
-TEST_F(WriteBackTest, ofANextRunIsToldToo)
+TEST_F(WriteBackTest, isReportedInALaterRunToo)
 {
     makeFiles(40, 50'000, 1);
     run({documents});

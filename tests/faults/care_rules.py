@@ -1,15 +1,15 @@
-"""The work that moves the user's things, for the sweep: a clean of junk, the removal of an
-application, the sorting of loose files.
+"""The work of the sweep that moves the user's files: cleaning junk, removing an application, sorting
+loose files.
 
 What has to hold after a failed call:
-- The work ends by itself. Every item is whole at its old place or whole in its new one, never in both;
-  at most one item stays, and what is still listed, and the log's line, say so as that work does.
-- In the Trash each item has its record, and each record its item. What was there before, and what
-  bears the name that an item would get, is as it was.
-- The log holds its old line and the new one; where it could not be written, the old one; where it
-  could not be read, the new one. No temporary name stays, and config.json is as it was.
-After a kill the same holds, but that one record may lie without its item, which is at its old place;
-the next run moves what was left.
+- The work ends by itself. Every item is whole at its old or at its new place, never at both; at most one
+  item stays, and both the list on the screen and the log's line agree with that.
+- In the Trash each item has its record, and each record its item. Files that were there before, and
+  files with the name that an item would get, are unchanged.
+- The log holds its old line and the new one; only the old one if it could not be written; only the new
+  one if it could not be read. No temporary file is left, and config.json is unchanged.
+After a kill the same holds, except that one record may be without its item, which is at its old place;
+the next run moves the remaining items.
 """
 
 import json
@@ -26,12 +26,12 @@ DATE = re.compile(rb"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d")
 OLD_LINE = {"id": "11111111-2222-3333-4444-555555555555", "timestamp": "2026-01-02T03:04:05Z",
             "kind": "Backup", "title": "Old", "detail": "line", "bytesAffected": 1, "itemCount": 1}
 CONFIGURATION = b'{"as": "it was"}'
-ODD = "100% \udcff odd\nname +\u00fc"  # percent sign, a byte that is no UTF-8, a line break
+ODD = "100% \udcff odd\nname +\u00fc"  # a percent sign, a byte that is not UTF-8, a line break
 
 
 @dataclass
 class CareOutcome:
-    """How such work ended, and the paths that it still lists."""
+    """How the work ended, and the paths that it still lists."""
 
     ended: bool
     left: list = field(default_factory=list)
@@ -51,7 +51,7 @@ class CareWork(Work):
 
 
 def snapshot(path):
-    """All that an item holds; None where there is none."""
+    """The whole content of an item; None if there is none."""
     if path.is_symlink():
         return path.readlink()
     if path.is_dir():
@@ -68,7 +68,7 @@ def write(path, size=500):
 
 
 class Places:
-    """Where each item is, and what is wrong with that."""
+    """Where each item is, and the faults of the places."""
 
     def __init__(self, mode, machine):
         self.wrong = []
@@ -92,10 +92,10 @@ class Places:
 
 
 class CareMode:
-    """What the three have in common. Paths are relative to the machine."""
+    """The base of the three kinds of work. Paths are relative to the machine."""
 
     hold = "work"
-    kind = ""  # in the log
+    kind = ""  # of the log's line
 
     def __init__(self, name, drive_kind=None):
         self.name, self.drive_kind = name, drive_kind
@@ -108,11 +108,11 @@ class CareMode:
         raise NotImplementedError
 
     def places(self, machine, found):
-        """The content of each item that is at its new place, by its old path."""
+        """The contents of the items at their new places, by their old paths."""
         raise NotImplementedError
 
     def others(self):
-        """Files that nobody may touch."""
+        """Files that must stay unchanged."""
         return []
 
     def make_template(self, machine, runner):
@@ -159,7 +159,7 @@ class CareMode:
         return kind, faults + log_faults
 
     def listing_faults(self, machine, places, outcome):
-        """What the work still lists must be what stayed."""
+        """The work must still list exactly the items that stayed."""
         stayed = [str(machine.root / item) for item in places.stayed]
         return [] if outcome.left == stayed else [f"still listed: {outcome.left}, stayed: {stayed}"]
 
@@ -174,7 +174,7 @@ class CareMode:
         if log[1:] != [OLD_LINE] and not (is_of_log and len(log) == 1):
             faults.append(f"the log: {log}")
         if (log[0]["kind"], log[0]["itemCount"]) != (self.kind, self.counted(places)):
-            faults.append(f"{places.moved} moved, and the log says: {log[0]}")
+            faults.append(f"{places.moved} moved, and the log has: {log[0]}")
         return True, faults
 
     def record_faults(self, machine):
@@ -200,7 +200,7 @@ class CareMode:
 
 
 class Trashing(CareMode):
-    """What goes to the Trash, of the home and of the drive."""
+    """Work that moves items to the Trash of the home or of the drive."""
 
     def others(self):
         trash = "Users/mira/.local/share/Trash"
@@ -211,11 +211,11 @@ class Trashing(CareMode):
         trashes = [(machine.root / "Users/mira/.local/share/Trash", machine.root)]
         for trash, top in trashes + [(path, machine.drive) for path in machine.root.rglob(".Trash-*")]:
             if top == machine.drive and trash.parent != machine.drive:
-                found.wrong.append(f"a Trash that nobody looks for: {trash}")
-            self._look(trash, top, machine, places, found)
+                found.wrong.append(f"a Trash in a wrong place: {trash}")
+            self._check_trash(trash, top, machine, places, found)
         return places
 
-    def _look(self, trash, top, machine, places, found):
+    def _check_trash(self, trash, top, machine, places, found):
         names = set(os.listdir(trash / "files")) if (trash / "files").is_dir() else set()
         records = set(os.listdir(trash / "info")) if (trash / "info").is_dir() else set()
         for record in records:
@@ -275,10 +275,10 @@ class Removing(Trashing):
         return ["--work=remove", machine.root, machine.root / self.bundle()]
 
     def listing_faults(self, machine, places, outcome):
-        return []  # the application leaves the list in any case
+        return []  # the application is no longer listed, whether or not it stayed
 
     def counted(self, places):
-        return len(places.moved) + len(places.stayed)  # the log tells of the attempt
+        return len(places.moved) + len(places.stayed)  # the log counts what was tried
 
 
 class Organizing(CareMode):
@@ -292,7 +292,7 @@ class Organizing(CareMode):
 
     def names(self):
         names = dict(self.PLACES)
-        if not self.drive_kind:  # what every file system takes
+        if not self.drive_kind:  # not every file system takes this name
             names[f"{ODD}.png"] = f"Images/{ODD}.png"
         return names
 

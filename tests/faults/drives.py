@@ -1,5 +1,5 @@
-"""File systems of the campaigns' own, each in memory or in an image file, mounted while in use. Needs
-root, a loop device and the programs of that file system."""
+"""File systems made for the campaigns, in memory or in an image file, and mounted while in use. Needs root,
+a loop device and the programs of the file system."""
 
 import shutil
 import subprocess
@@ -16,7 +16,7 @@ KINDS = {
 
 
 class Missing(Exception):
-    """The machine lacks a right or a program for it."""
+    """The machine lacks a permission or a program for the drive."""
 
 
 def run(command, *arguments):
@@ -31,7 +31,7 @@ def run(command, *arguments):
 
 
 class MountedDrive:
-    """A file system of a kind, mounted on a folder."""
+    """A file system mounted on a folder."""
 
     def __init__(self, kind, folder):
         self.folder = Path(folder)
@@ -54,7 +54,7 @@ class MountedDrive:
             raise
 
     def _wait(self):
-        # Some of these programs go on in the background before the file system is there.
+        # Some mount programs return before the file system is there.
         until = time.monotonic() + 10
         while not self.folder.is_mount():
             if time.monotonic() > until:
@@ -70,9 +70,9 @@ class MountedDrive:
 
 
 def reason_missing(kind, folder):
-    """Why there can be no such drive here; None where there can."""
+    """Why this kind of drive can't be made on this machine; None if it can."""
     try:
-        MountedDrive(kind, Path(folder) / "drive on trial").unmount()
+        MountedDrive(kind, Path(folder) / "trial drive").unmount()
         return None
     except Missing as missing:
         return str(missing)

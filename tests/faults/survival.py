@@ -1,5 +1,5 @@
-"""A made-up machine with a backup drive, work of the program in processes of their own, and a look at
-what it left. What the sweep, the campaign of kills and the races share."""
+"""Shared by the campaigns: a made-up machine with a backup drive, the program's work in separate
+processes, and checks of the files that it leaves."""
 
 import contextlib
 import hashlib
@@ -16,16 +16,16 @@ import weakref
 from dataclasses import dataclass, field
 from pathlib import Path
 
-MISSING = 77  # what a script ends with where the machine lacks a right or a tool
+MISSING = 77  # exit code if the machine lacks a permission or a tool
 HANG_SECONDS = 60
 DEVICE = "miras Mac"
 TEMPORARY = re.compile(r"^\.[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}\.tmp$")
 CHECKSUM_SIZE = 20
-UNDER_WAY = weakref.WeakSet()
+RUNNING = weakref.WeakSet()
 
 
 def sealed(name, version, size, fill=None):
-    """Content that names its file and its version and ends in its own checksum."""
+    """Content that holds its file's name and version and ends with its checksum."""
     head = name[:32].encode() + b"\n%d\n" % version
     filler = fill if fill is not None else bytes([ord("a") + version % 26])
     body = head + filler * max(0, size - len(head) - CHECKSUM_SIZE)
@@ -33,7 +33,7 @@ def sealed(name, version, size, fill=None):
 
 
 def sealed_version(name, content):
-    """The version of whole content of that name; None for any other."""
+    """The version of the content if it is whole and has this name; else None."""
     body, checksum = content[:-CHECKSUM_SIZE], content[-CHECKSUM_SIZE:]
     head = name[:32].encode() + b"\n"
     if not body.startswith(head) or hashlib.sha1(body).digest() != checksum:
@@ -42,7 +42,7 @@ def sealed_version(name, content):
 
 
 def write_sparse(path, content):
-    """Leaves a hole for every run of zeros."""
+    """Writes the content with holes for its blocks of zeros."""
     block = 4096
     with open(path, "wb") as file:
         for place in range(0, len(content), block):
@@ -55,7 +55,7 @@ def write_sparse(path, content):
 
 @dataclass
 class Outcome:
-    """What a backup came to; `ended` where it did so by itself and with success."""
+    """The outcome of a backup; `ended` if it ended by itself and with success."""
 
     ended: bool
     copied: int = 0
@@ -92,7 +92,7 @@ class Machine:
         (self.root / "etc/machine-info").write_text("PRETTY_HOSTNAME=\"mira's Mac!\"\n")
 
     def use_device(self, name):
-        """The folder of the drive that is looked at."""
+        """Sets the device folder of the drive that is checked."""
         self.device = self.drive / "Keelbright" / name
         self.latest = self.device / "Latest"
         self.reports = self.device / "Reports"
@@ -102,7 +102,7 @@ class Machine:
         shutil.rmtree(self.drive / "Keelbright", ignore_errors=True)
 
     def whole_or_absent_records(self):
-        """What is wrong with the records: each is absent or can be read to its end."""
+        """The faults of the records, each of which must be absent or whole."""
         wrong = []
         records = [self.latest / "recovery-manifest.json", self.support / "config.json",
                    self.support / "activity.json"]
@@ -126,14 +126,14 @@ class Machine:
 
 
 def start(command, **options):
-    """A process that ends with the script, if not before."""
+    """Starts a process that is killed at the end of the script, if it has not ended before."""
     process = subprocess.Popen(command, **options)
-    UNDER_WAY.add(process)
+    RUNNING.add(process)
     return process
 
 
 class Work:
-    """Work of the program under way in a process of its own."""
+    """Work of the program that runs in a separate process."""
 
     def __init__(self, runner, arguments, hold=None):
         options = [f"--hold={hold}"] if hold else []
@@ -141,21 +141,21 @@ class Work:
                              stderr=subprocess.DEVNULL)
 
     def thread(self):
-        """The thread that does what is held back; waits until it has come so far."""
+        """Waits until the work holds, and gives the id of the thread that will continue it."""
         return int(self._line())
 
-    def go_on(self):
+    def resume(self):
         try:
             self.process.stdin.write(b"\n")
             self.process.stdin.flush()
         except BrokenPipeError:
-            pass  # it was killed while it waited for this
+            pass  # it was killed while it held
 
     def kill(self):
         self.process.kill()
 
     def output(self):
-        """What it has printed, once it has ended."""
+        """Waits until the work has ended, and gives its output."""
         try:
             return self.process.communicate(timeout=HANG_SECONDS)[0]
         except subprocess.TimeoutExpired as expired:
@@ -164,15 +164,15 @@ class Work:
             raise Hang("the work does not end") from expired
 
     def _line(self):
-        # Byte by byte, so that nothing of the outcome waits in a buffer of ours.
+        # Byte by byte, so that no part of the outcome is left in a buffer here.
         line = b""
         while not line.endswith(b"\n"):
             if not select.select([self.process.stdout], [], [], HANG_SECONDS)[0]:
                 self.process.kill()
-                raise Hang("the work does not begin")
+                raise Hang("the work does not start")
             byte = os.read(self.process.stdout.fileno(), 1)
             if not byte:
-                raise Hang("the work ended before it began")
+                raise Hang("the work ended before it started")
             line += byte
         return line
 
@@ -188,7 +188,7 @@ class Backup(Work):
 
 
 class Watcher:
-    """strace on one thread of some work."""
+    """strace on one thread of the work."""
 
     def __init__(self, thread, calls, injection, log):
         options = ["-e", f"inject={injection}"] if injection else []
@@ -213,7 +213,7 @@ class Watcher:
 
 
 def reason_missing():
-    """Why no system call can be failed here; None where one can."""
+    """Why system calls can't be made to fail on this machine; None if they can."""
     if shutil.which("strace") is None:
         return "strace is not installed"
     with subprocess.Popen(["sleep", "60"]) as sleeper:
@@ -238,7 +238,7 @@ def has_unnamed_files(folder):
 
 
 def has_links(folder):
-    trial = Path(folder) / "link on trial"
+    trial = Path(folder) / "trial link"
     try:
         trial.symlink_to("nowhere")
         trial.unlink()
@@ -249,8 +249,8 @@ def has_links(folder):
 
 @contextlib.contextmanager
 def working_folder():
-    """In memory where there is some: every backup ends with a flush of the whole drive. It goes in the end, and
-    with it what still works there, also where the script is told to end."""
+    """A temporary folder, if possible in memory, because every backup flushes its whole drive. It is removed in
+    the end, and processes that still use it are killed, also if the script is terminated."""
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))
     memory = "/dev/shm"
     in_memory = "TMPDIR" not in os.environ and os.access(memory, os.W_OK)
@@ -258,13 +258,13 @@ def working_folder():
     try:
         yield folder
     finally:
-        for process in UNDER_WAY:
+        for process in RUNNING:
             process.kill()
             process.wait()
-        # Python's own gives up on trees that are deeper than the longest path.
+        # Python's rmtree fails for trees that are deeper than the longest path.
         subprocess.run(["rm", "-rf", folder], check=True)
 
 
-def give_up(reason):
+def skip(reason):
     print(f"Skipped: {reason}.")
     sys.exit(MISSING)

@@ -1,4 +1,4 @@
-"""What the campaigns leave where they are ended from outside: nothing."""
+"""The campaigns leave nothing if they are terminated."""
 
 import subprocess
 import sys
@@ -10,7 +10,7 @@ HERE = Path(__file__).parent
 
 class WorkingFolderTests(unittest.TestCase):
     def end(self, script):
-        """Ends a script from outside once it has printed its working folder and what it has started there."""
+        """Terminates a script once it has printed its working folder and a process that it has started."""
         with subprocess.Popen([sys.executable, "-c", "import time\nfrom survival import *\n" + script], cwd=HERE,
                               stdout=subprocess.PIPE, text=True) as process:
             folder, started = process.stdout.readline().strip(), process.stdout.readline().strip()

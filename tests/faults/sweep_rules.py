@@ -1,4 +1,4 @@
-"""The backups of the sweep, and what the drive must look like after one system call has failed."""
+"""The backups of the sweep, and the rules for the drive after a failed system call."""
 
 import shutil
 import sys
@@ -12,7 +12,7 @@ MANIFEST = "recovery-manifest.json"
 
 
 def sizes():
-    """Twenty files: small ones in three folders, an empty, a large, a sparse one, odd permissions."""
+    """Twenty files: small ones in three folders, a tiny, a large and a sparse one, and one of odd permissions."""
     files = {f"f{number:04}": 90 + 700 * number for number in range(10)}
     files |= {f"folder/f{number:04}": 2_000 for number in range(10, 14)}
     files |= {f"folder/inner/f{number:04}": 300 for number in range(14, 16)}
@@ -36,24 +36,24 @@ def make_documents(machine, version):
 
 
 class BackupMode:
-    """A kind of run: what stands on the drive before it, and which part of it is watched."""
+    """A kind of run: the version on the drive before it, and the part of the run that is watched."""
 
-    drive_kind = None  # the drive is a folder of the machine, unless the sweep lays it elsewhere
+    drive_kind = None  # the drive is a folder of the machine, unless the sweep sets another
 
     def __init__(self, name, hold, before, reports_before=0):
         self.name, self.hold, self.before = name, hold, before
         self.reports_before = reports_before
 
     def make_template(self, machine, runner):
-        """The drive and the records as they are before a run of that kind."""
+        """Makes the drive and the records as they are before a run of this kind."""
         if self.before is None:
             return
         make_documents(machine, self.before)
         outcome = self.start(runner, machine).finish()
         if not self.is_whole(outcome):
-            sys.exit(f"The first run itself does not work: {outcome}")
+            sys.exit(f"The run for the template failed: {outcome}")
         self.reports_before = 2
-        # Of another second than that of any run to come, which must not replace them.
+        # Renamed to another time, so that no later run replaces them.
         for report in machine.reports.iterdir():
             report.rename(report.with_stem("backup-report-20200101-000000"))
 
@@ -72,7 +72,7 @@ class BackupMode:
         return Backup(runner, machine, hold)
 
     def is_whole(self, outcome):
-        """Whether this is how a run ends that nobody disturbs."""
+        """Whether the outcome is that of an undisturbed run."""
         return outcome.ended and not outcome.errors
 
     def check_failure(self, machine, outcome, hit):
@@ -85,7 +85,7 @@ class BackupMode:
 
 
 class State:
-    """What lies on the drive after a run."""
+    """The files on the drive after a run."""
 
     def __init__(self, machine):
         self.wrong = machine.whole_or_absent_records()
@@ -126,21 +126,21 @@ def is_whole(path, known):
     head = content.split(b"\n", 1)[0].decode(errors="replace")
     if head in known:
         return sealed_version(head, content) is not None
-    # A record's temporary file: JSON to its end, or the report's last section.
+    # A record's temporary file is complete if it ends like JSON or has the report's last section.
     return content.rstrip().endswith((b"}", b"]")) or b"## Skipped / Errors\n- " in content
 
 
 class Rules:
-    """What must hold after a call failed; collects what does not."""
+    """The rules that must hold after a failed call; collects the faults."""
 
     def __init__(self, mode, machine, state, outcome):
         self.mode, self.machine, self.state, self.outcome = mode, machine, state, outcome
         self.faults = list(state.wrong)
         self.kind = self._kind()
 
-    def demand(self, holds, words):
+    def demand(self, holds, fault):
         if not holds:
-            self.faults.append(words)
+            self.faults.append(fault)
 
     def _kind(self):
         outcome = self.outcome
@@ -149,7 +149,7 @@ class Rules:
         if outcome.last_error:
             self.demand(not any(version == NEW for version in self.state.versions.values()),
                         "a run that could not start has copied a file")
-            return "a run that could not start told"
+            return "a run that could not start reported"
         if not outcome.errors:
             self._all_is_new("no line")
             self._counters(0)
@@ -162,24 +162,24 @@ class Rules:
             self.demand(not missing, f"missing although only a record failed: {missing}")
             if line.startswith("Manifest"):
                 self.demand(self.outcome.manifest_path == "Failed", "the report names a manifest that failed")
-            return "a record told"
+            return "a record reported"
         self._records_are_there()
         if line.startswith("Dir error "):
             self.demand(len(missing) == 1, f"one line, and missing are {missing}")
             self._counters(1)
-            return "a file told"
+            return "a file reported"
         if line.startswith("Cannot "):
-            return "a folder told"
+            return "a folder reported"
         self.demand(line.startswith("Skip "), "a line of an unknown kind")
         name = line[len("Skip "):].split(": ", 1)[0]
         if name in {Path(path).name for path in [*sizes(), LINK]}:
-            self.demand([Path(path).name for path in missing] == [name], f"told {name}, missing {missing}")
+            self.demand([Path(path).name for path in missing] == [name], f"reported {name}, missing {missing}")
             self._counters(1)
-            return "a file told"
+            return "a file reported"
         below = {"Documents": "", "folder": "folder/", "inner": "folder/inner/"}.get(name)
         self.demand(below is not None and all(path.startswith(below) for path in missing),
-                    f"told {name}, missing {missing}")
-        return "a folder told"
+                    f"reported {name}, missing {missing}")
+        return "a folder reported"
 
     def _counters(self, skipped):
         total = len(self.state.versions)
@@ -196,7 +196,7 @@ class Rules:
         self.demand(self.state.reports == expected, f"{self.state.reports} report files, not {expected}")
 
     def temporary_files(self, hit):
-        whole_copies = 1 if hit.call.startswith("renameat") and self.kind == "a file told" else 0
+        whole_copies = 1 if hit.call.startswith("renameat") and self.kind == "a file reported" else 0
         self.demand(len(self.state.temporary) <= whole_copies, f"left: {self.state.temporary}")
         self.demand(not self.state.broken_temporary_files(), "a temporary file is not whole")
 
@@ -204,20 +204,20 @@ class Rules:
 def check_failure(mode, machine, outcome, hit):
     faults = []
     if "machine-info" in hit.line:
-        faults, mode = look_at_other_name(mode, machine)
+        faults, mode = check_other_name(mode, machine)
     rules = Rules(mode, machine, State(machine), outcome)
     rules.temporary_files(hit)
     return rules.kind, faults + rules.faults
 
 
-def look_at_other_name(mode, machine):
-    """A machine whose name can't be read has its backup under another name, whole, beside that of
-    before, which stays as it was."""
+def check_other_name(mode, machine):
+    """If the machine's name can't be read, the backup is in a folder of another name, and the backup of
+    before is unchanged beside it."""
     names = [path.name for path in (machine.drive / "Keelbright").iterdir() if path.name != DEVICE]
     if not names:
         return [], mode
     old = State(machine)
-    faults = [f"{name} of before is version {version}" for name, version in old.versions.items()
+    faults = [f"{name} of the earlier backup is version {version}" for name, version in old.versions.items()
               if version != mode.before]
     machine.use_device(names[0])
     return faults, BackupMode(mode.name, mode.hold, None)
@@ -243,7 +243,7 @@ def check_kill(runner, mode, machine):
 
 
 def check_records(machine, outcome):
-    """A record that could not be written is the old one or absent, and takes nothing from the run."""
+    """A record that could not be written is old or absent, and the run is still whole."""
     state = State(machine)
     faults = list(state.wrong)
     if not outcome.ended or outcome.errors or state.missing():

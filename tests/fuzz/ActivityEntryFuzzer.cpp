@@ -4,7 +4,7 @@
 namespace keelbright {
 namespace {
 
-/// What the log's screen makes of any line that could be read.
+/// Makes the texts that the screen of the log shows for an entry.
 void requireShownTexts(const ActivityEntry& entry)
 {
     static const QDateTime now(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC);

@@ -3,7 +3,7 @@
 
 namespace {
 
-/// What is put together from kept pieces is what the library writes in one go.
+/// The text that is composed of cached pieces must equal the one that the library writes at once.
 void requireSameText(const keelbright::AppConfiguration& configuration)
 {
     const QByteArray expected = QJsonDocument(configuration.toJson()).toJson(QJsonDocument::Indented);

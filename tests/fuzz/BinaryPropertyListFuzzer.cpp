@@ -13,9 +13,9 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const qint64 values = fuzzing::valueCount(*value);
     require(values <= PropertyList::maximumValues, "no more values than allowed");
     require(fuzzing::depth(*value) <= PropertyList::maximumDepth, "no deeper than allowed");
-    // A small list can refer to its parts so often that writing each of them takes too long here.
-    constexpr qint64 fewEnough = 10'000;
-    if (values > fewEnough)
+    // A small list can refer to its parts so often that writing them all takes too long.
+    constexpr qint64 maximumValues = 10'000;
+    if (values > maximumValues)
         return 0;
     const QByteArray written = fuzzing::writtenAsBinary(*value);
     const auto again = BinaryPropertyList::read(written);

@@ -29,7 +29,7 @@ void requireSoundLocation(const FileURL& url)
 } // namespace
 } // namespace keelbright
 
-/// The input stands for the bytes of a path, and for a text that claims to be a URL.
+/// The input is read both as the bytes of a path and as the text of a URL.
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     using namespace keelbright;

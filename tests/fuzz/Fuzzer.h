@@ -4,13 +4,12 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// What libFuzzer calls with each input; every fuzzer defines it. Always returns 0.
+/// Called by libFuzzer with each input; every fuzzer defines it. Always returns 0.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
 
 namespace keelbright::fuzzing {
 
-/// Ends the program with the sentence where the property does not hold for an input, which
-/// libFuzzer then keeps.
+/// Prints the property and ends the program if it does not hold; libFuzzer then keeps the input.
 inline void require(bool holds, const char* property)
 {
     if (holds)

@@ -7,7 +7,7 @@
 
 namespace keelbright::fuzzing {
 
-/// What was read from a file is the same once more after it has been written.
+/// A record that was read must be equal after it has been written and read again.
 template <typename Record> void requireRoundTrip(const Record& record)
 {
     const auto json = decodeJsonObject(QJsonDocument(record.toJson()).toJson());
@@ -17,7 +17,7 @@ template <typename Record> void requireRoundTrip(const Record& record)
     require(*again == record, "what is written and read is what it was");
 }
 
-/// Why a text was refused is a sentence; a text that is none or names nothing helps nobody.
+/// The reason for a refused text must be a sentence that a person can read.
 inline void requireSentence(const JsonError& error)
 {
     const QString sentence = error.localizedDescription();

@@ -9,8 +9,8 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     if (!date)
         return 0;
     require(date->isValid() && date->timeSpec() == Qt::UTC, "a date is one, and in UTC");
-    // Before 1583 a date is read in the calendar of its time but written in today's, and an offset may
-    // lead beyond the years of four digits.
+    // Dates before 1583 are read in the Julian calendar but written in the Gregorian one, and an offset
+    // may lead to a year with more than four digits.
     if (date->date().year() < 1583 || date->date().year() > 9999)
         return 0;
     const QString written = date->toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz'000 +0000'"));

@@ -22,7 +22,7 @@ void requireUtc(const std::optional<QDateTime>& date)
 } // namespace
 } // namespace keelbright
 
-/// The input stands for all that the metadata tool printed.
+/// The input is the whole output of the metadata tool.
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     using namespace keelbright;
@@ -30,7 +30,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     QHash<QString, QString> values = AppScanner::parseMdls(QString::fromUtf8(output));
     for (const QString& value : values)
         require(value != QStringLiteral("(null)") && !value.contains(u'\n'), "a value is one of a line");
-    // Only a blank of another kind can come between such a key and the sign that ends it.
+    // Such a key is possible only if another kind of blank precedes the sign that ends it.
     values.removeIf([](const auto& line) { return line.key().endsWith(QStringLiteral(" =")); });
     require(AppScanner::parseMdls(writtenLines(values)) == values,
             "lines that are written are read as they were");

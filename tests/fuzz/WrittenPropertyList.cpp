@@ -63,7 +63,7 @@ QByteArray bigEndian(quint64 value)
     return bytes;
 }
 
-/// A kind and a count, which follows as a number of its own.
+/// A marker of this kind, and the count as a separate number after it.
 QByteArray sized(unsigned kind, qsizetype count)
 {
     return QByteArray(1, static_cast<char>(kind << 4U | 0xFU)) + '\x13' +
@@ -104,7 +104,7 @@ QByteArray plainObject(const QVariant& value)
     }
 }
 
-/// Writes each value as an object of its own. Offsets and references take eight bytes.
+/// Writes each value as a separate object. Offsets and references take eight bytes.
 class BinaryWriter
 {
 public:
@@ -120,7 +120,7 @@ public:
     }
 
 private:
-    /// Gives the index of the object.
+    /// Adds the value and gives the index of its object.
     quint64 add(const QVariant& value)
     {
         QByteArray object;

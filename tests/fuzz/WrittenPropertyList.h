@@ -5,13 +5,13 @@
 
 namespace keelbright::fuzzing {
 
-/// How many values there are, the one at the top and everything inside.
+/// The number of values: the top one and all values inside it.
 [[nodiscard]] qint64 valueCount(const QVariant& value);
-/// How many lists and dictionaries lie within each other at the deepest place.
+/// The deepest nesting of lists and dictionaries.
 [[nodiscard]] int depth(const QVariant& value);
 
-/// The value as a property list of each form; two values that differ never look alike. Of a date
-/// the XML form keeps the seconds.
+/// The value as a property list in one of the two forms. Different values give different texts, except
+/// that the XML form cuts dates to seconds.
 [[nodiscard]] QByteArray writtenAsXml(const QVariant& value);
 [[nodiscard]] QByteArray writtenAsBinary(const QVariant& value);
 

@@ -27,7 +27,7 @@ bool hasResultOfThatName(const QByteArray& body, const QString& name)
 } // namespace
 } // namespace keelbright
 
-/// The first line of the input stands for the name that is searched, the rest for the answer.
+/// The first line of the input is the name of the application, the rest the App Store's answer.
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     using namespace keelbright;

@@ -1,9 +1,9 @@
-// Shows that the thread sanitizer still sees races in our own code, with Qt's order told to it
-// (QtOrder.cpp) and the suppressions in force:
+// Shows that the thread sanitizer still finds races in our own code, although QtOrder.cpp declares the
+// order that Qt makes and suppressions are in force:
 //     planted-race pool|future|hop racy|ordered
-// Each way from one thread to another that the program uses is gone once with an access that the way
-// puts in an order, and once with one that it does not. Time is never what decides: the sanitizer
-// tells accesses without an order, however far apart they are.
+// Each way from one thread to another that the program uses is tried with two accesses that it orders
+// and with two that it does not. Timing does not matter: the sanitizer reports accesses without an
+// order, however far apart they are.
 
 #include "KeelbrightCore/backup/BackupEngine.h"
 #include "KeelbrightCore/backup/BackupTask.h"
@@ -21,8 +21,8 @@
 namespace keelbright {
 namespace {
 
-/// Tells another thread to go on without putting anything in an order.
-class Wink
+/// Lets another thread continue without ordering the accesses of the two.
+class UnorderedSignal
 {
 public:
     void give() { m_isGiven.store(true, std::memory_order_relaxed); }
@@ -37,13 +37,13 @@ private:
     std::atomic<bool> m_isGiven = false;
 };
 
-/// What both threads write; volatile, or it would not be written at all, as nobody reads it.
+/// Written by both threads. Volatile, because the compiler would drop writes that are never read.
 volatile int value = 0;
 
-/// Handing a task to a pool orders what was done before, and nothing that is done after.
+/// A pool orders a task after what was done before the task was started, but not after later work.
 void writeAroundTask(bool isOrdered)
 {
-    Wink isWritten;
+    UnorderedSignal isWritten;
     if (isOrdered)
         value = 1;
     TaskPools::userInitiated().start([&isWritten] {
@@ -55,10 +55,10 @@ void writeAroundTask(bool isOrdered)
         value = 1;
 }
 
-/// A future that is finished orders what its task did before it said so.
+/// A finished future orders what its task did before finish().
 void writeAroundFuture(bool isOrdered)
 {
-    Wink isWritten;
+    UnorderedSignal isWritten;
     QPromise<void> promise;
     QFuture<void> future = promise.future();
     TaskPools::userInitiated().start([&, isOrdered] {
@@ -75,10 +75,10 @@ void writeAroundFuture(bool isOrdered)
     value = 1;
 }
 
-/// A change on its way to the main thread orders what its task did before it was posted.
+/// A change that is posted to the main thread orders what its task did before post().
 void writeAroundHop(bool isOrdered)
 {
-    Wink isWritten;
+    UnorderedSignal isWritten;
     BackupEngine engine;
     const auto task = BackupTask::create(engine);
     TaskPools::userInitiated().start([&, isOrdered] {

@@ -1,9 +1,9 @@
-// Linked into every test program of the thread sanitizer's build. Debian's Qt is not instrumented:
-// where one of its functions orders what two threads do, the sanitizer does not see the order and
-// would call each correct use a race. The functions that this program orders its threads by are told
-// here, each with what it promises: a definition in the program comes before the one in the library,
-// says what happens before what, and calls the library's. Two accesses that Qt does not put in an
-// order are told as before (PlantedRace.cpp).
+// Linked into every test program of the thread sanitizer's build. Debian's Qt is not instrumented: if
+// one of its functions orders the work of two threads, the sanitizer does not know that order and would
+// report correct code as a race. This file redefines the functions by which the program orders its
+// threads: a definition in the program is used before that of the library; each one declares what
+// happens before what and then calls the library's function. Accesses that Qt does not order are still
+// reported (PlantedRace.cpp).
 
 #include <QCoreApplication>
 #include <QFutureInterface>
@@ -19,7 +19,7 @@
 
 namespace {
 
-/// The library's own function of that (mangled) name.
+/// The library's own function with this mangled name.
 template <typename Function> Function original(const char* symbol)
 {
     void* const found = ::dlsym(RTLD_NEXT, symbol);
@@ -30,8 +30,8 @@ template <typename Function> Function original(const char* symbol)
     return reinterpret_cast<Function>(found);
 }
 
-/// A task as it is handed to a pool: what was done before comes before the task, and the task before
-/// what is done by whoever finds the pool idle.
+/// A task in a pool: it happens after what was done before it was started, and before what a thread
+/// does that finds the pool idle.
 class HandedIn : public QRunnable
 {
 public:
@@ -78,7 +78,7 @@ bool QThreadPool::tryStart(std::function<void()> functionToRun)
     auto task = std::make_unique<HandedIn>(this, QRunnable::create(std::move(functionToRun)));
     const bool isStarted = start(this, task.get());
     if (isStarted)
-        std::ignore = task.release(); // the pool's now, and perhaps gone already
+        std::ignore = task.release(); // owned by the pool, and perhaps already destroyed
     return isStarted;
 }
 
@@ -90,8 +90,8 @@ int QThreadPool::activeThreadCount() const
     return active;
 }
 
-// What was done before an event was posted comes before what is done when it is delivered. The same
-// stands for events that Qt posts itself: their contents are its own.
+// What was done before an event was posted happens before what is done when it is delivered. This also
+// covers events that Qt posts itself.
 void QCoreApplication::postEvent(QObject* receiver, QEvent* event, int priority)
 {
     static const auto post =
@@ -102,7 +102,7 @@ void QCoreApplication::postEvent(QObject* receiver, QEvent* event, int priority)
 
 namespace {
 
-/// Called by Qt with the receiver, the event and the result of each delivery; goes on with it.
+/// Called by Qt before each delivery with the receiver, the event and the result; false lets Qt go on.
 bool acquireEvent(void** delivery)
 {
     __tsan_acquire(delivery[1]);
@@ -114,7 +114,7 @@ bool acquireEvent(void** delivery)
 
 } // namespace
 
-// A future's owners: whoever lets go last comes after all others, and clears the results.
+// The last owner of a future clears its results, and does so after all other owners have let go.
 bool QFutureInterfaceBase::derefT() const noexcept
 {
     static const auto deref =
@@ -127,8 +127,8 @@ bool QFutureInterfaceBase::derefT() const noexcept
     return isShared;
 }
 
-// What was done before a future was reported finished comes before what is done by whoever finds
-// that it is.
+// What was done before a future was reported finished happens before what a thread does that finds it
+// finished.
 void QFutureInterfaceBase::reportFinished()
 {
     static const auto report =
@@ -155,7 +155,7 @@ bool QFutureInterfaceBase::isFinished() const
     return isFinished;
 }
 
-// What was done before a continuation was attached comes before the continuation.
+// What was done before a continuation was attached happens before the continuation.
 void QFutureInterfaceBase::setContinuation(std::function<void(const QFutureInterfaceBase&)> func,
                                            QFutureInterfaceBasePrivate* continuationFutureData)
 {
@@ -173,7 +173,7 @@ void QFutureInterfaceBase::setContinuation(std::function<void(const QFutureInter
         continuationFutureData);
 }
 
-// What was done before a release comes before what is done after the acquisition.
+// What was done before a release happens before what is done after the acquisition.
 void QSemaphore::release(int n)
 {
     static const auto release = original<void (*)(QSemaphore*, int)>("_ZN10QSemaphore7releaseEi");
