@@ -24,7 +24,7 @@ void readMegabytesOfMetadataOutput(benchmark::State& state)
         benchmark::DoNotOptimize(AppScanner::metadataFromOutput(output));
 }
 
-/// Without a metadata tool: what is left is listing, reading property lists, judging.
+/// Without a metadata tool, so that only listing, reading property lists and classifying are measured.
 void scanPropertyLists(benchmark::State& state)
 {
     const testing::TestMac mac;

@@ -4,7 +4,7 @@
 
 namespace keelbright::bench {
 
-/// How many files the trees of the walks have: 100,000, or what KEELBRIGHT_BENCH_FILES says.
+/// The number of files in a tree: 100,000, or the value of KEELBRIGHT_BENCH_FILES.
 [[nodiscard]] inline int fileCount()
 {
     bool isNumber = false;
@@ -12,7 +12,7 @@ namespace keelbright::bench {
     return isNumber && count > 0 ? count : 100'000;
 }
 
-/// Small files, a hundred to a folder, below `root` of the machine.
+/// Makes small files below `root` of the machine, a hundred in each folder.
 inline FileURL makeTree(const testing::TestMac& mac, const QByteArray& root, int files)
 {
     for (int i = 0; i < files; ++i) {

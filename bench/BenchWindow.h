@@ -19,7 +19,7 @@ public:
     void chooseSaveLocation(const FileSaveRequest&, std::function<void(const FileURL&)>) override {}
 };
 
-/// A desktop that nothing is opened on.
+/// A desktop on which nothing is opened.
 class NoWorkspace : public Workspace
 {
 public:
@@ -28,7 +28,7 @@ public:
     void reveal(const FileURL&) override {}
 };
 
-/// The real window on the present file manager, shown and past its onboarding.
+/// The real window on the current file manager, shown, with the onboarding passed.
 class BenchWindow
 {
 public:

@@ -20,14 +20,14 @@
 #include <QTest>
 #include <benchmark/benchmark.h>
 
-// Screens with as much as they must bear, from the scan to the last row.
+// The junk cleaner and the organizer with the largest number of items, from the scan to the last row.
 
 namespace keelbright::bench {
 namespace {
 
 using namespace Qt::StringLiterals;
 
-/// A machine with as many items as a screen must bear, and what a screen is handed.
+/// A machine with everything that a screen needs.
 struct Machine
 {
     ~Machine() { testing::waitForBackgroundWork(); }
@@ -55,7 +55,7 @@ RowListView* listOf(const QWidget& view, const QString& name)
     qFatal("no list %s", qPrintable(name));
 }
 
-/// The last of this name, which is that of the bar at the bottom.
+/// The last button of this name, which is the one in the bottom bar.
 Button* buttonOf(const QWidget& view, const QString& name)
 {
     Button* found = nullptr;

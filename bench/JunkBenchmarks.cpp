@@ -7,7 +7,7 @@
 namespace keelbright::bench {
 namespace {
 
-/// The estimate of junk, with the disk's capacity and the way to the pool and back.
+/// The estimate of junk, including the disk's capacity and the way to the thread pool and back.
 void computeHealthScore(benchmark::State& state)
 {
     const testing::TestMac mac;

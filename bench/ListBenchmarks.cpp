@@ -7,7 +7,7 @@
 #include "bench/Stall.h"
 #include "bench/TreemapNodes.h"
 
-// Lists and the map with as many rows as they must bear, whatever found them.
+// The lists and the treemap with their largest numbers of rows, filled without a scan.
 
 namespace keelbright::bench {
 namespace {
@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 constexpr qint64 step = 7'919;
 
-/// What a screen shows a list in.
+/// The size of a list in a screen.
 constexpr QSize room{700, 600};
 
 QList<FolderSizeNode> storageNodes()
@@ -46,7 +46,7 @@ FullScanReport report()
     return all;
 }
 
-/// One application for twenty files: 5,000 beside 100,000.
+/// One application for every twenty files: 5,000 for 100,000 files.
 QList<AppInfo> apps()
 {
     const int count = fileCount() / 20;
@@ -146,7 +146,7 @@ void applicationsScroll(benchmark::State& state)
         measureStall(state, [&] { scrollToTheEnd(*list); });
 }
 
-/// One filter after the other, as keys or the menu change it.
+/// Sets one filter after another, as typing and the menu do.
 template <typename Change> void changeFilter(benchmark::State& state, Change change)
 {
     AppIcons icons;
@@ -175,7 +175,7 @@ void applicationsSort(benchmark::State& state)
     });
 }
 
-/// Laid out and drawn for the first time; a level of 10,000 beside 100,000 files.
+/// The first layout and drawing of a treemap: 10,000 entries for 100,000 files.
 void treemapOpens(benchmark::State& state)
 {
     const TreemapLayout level = treemapOf(fileCount() / 10);
@@ -190,7 +190,7 @@ void treemapOpens(benchmark::State& state)
     }
 }
 
-/// The pointer goes across: no cell is drawn again for it.
+/// Moves the pointer across the treemap, which must not draw its cells again.
 void treemapHover(benchmark::State& state)
 {
     const TreemapLayout level = treemapOf(fileCount() / 10);

@@ -1,7 +1,7 @@
 // keelbright-measure WORK ARGUMENT...
 //
-// Does one thing with the real services or the real window (on the platform that QT_QPA_PLATFORM
-// names) and prints what it took, a number a line.
+// Runs one service or the real window (on the platform of QT_QPA_PLATFORM) and prints the measured
+// values, one per line.
 
 #include "KeelbrightCore/platform/files/FileURL.h"
 #include "bench/ServiceMeasures.h"
@@ -28,14 +28,14 @@ constexpr const char* usage =
     "A MACHINE is a folder that stands for the root; SINCE is the moment at which this process was\n"
     "started, in nanoseconds of the monotonic clock.\n";
 
-int tellScreens()
+int printScreens()
 {
     for (const Screen screen : allScreens())
         std::puts(qPrintable(rawValue(screen)));
     return 0;
 }
 
-/// Nothing where there is no such work or its arguments are others.
+/// Nothing if there is no such work or it has another number of arguments.
 std::optional<int> measure(const QString& work, const QStringList& arguments)
 {
     const auto url = [&arguments](int place) { return FileURL::fromPath(arguments.at(place)); };
@@ -52,7 +52,7 @@ std::optional<int> measure(const QString& work, const QStringList& arguments)
         {QStringLiteral("apps"), {2, [&] { return measureApps(url(0), arguments.at(1).toInt()); }}},
         {QStringLiteral("backup"), {2, [&] { return measureBackup(url(0), url(1)); }}},
         {QStringLiteral("visit"), {1, [&] { return measureVisits(url(0)); }}},
-        {QStringLiteral("screens"), {0, tellScreens}},
+        {QStringLiteral("screens"), {0, printScreens}},
         {QStringLiteral("lay"),
          {1,
           [&] {

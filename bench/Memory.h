@@ -7,7 +7,7 @@
 
 namespace keelbright::bench {
 
-/// The most memory that the process has had so far, in the units of the system.
+/// The peak memory of the process so far, in the system's unit: KB on Linux, bytes on macOS.
 [[nodiscard]] inline long peakMemory()
 {
     rusage usage = {};
@@ -15,7 +15,7 @@ namespace keelbright::bench {
     return usage.ru_maxrss;
 }
 
-/// The memory that the process has now, in KB; 0 where the system does not say.
+/// The resident memory of the process in KB; 0 if the system does not report it.
 [[nodiscard]] inline qint64 residentMemory()
 {
     QFile memory(QStringLiteral("/proc/self/smaps_rollup"));

@@ -44,7 +44,7 @@ AppConfiguration configurationWithLines(qint64 count)
     return configuration;
 }
 
-/// What a click on a folder in the protected items takes the main thread.
+/// The work of the main thread after a click on a folder in the protected items.
 void saveASettingBesideAReport(benchmark::State& state)
 {
     const testing::TestMac mac;
@@ -64,7 +64,7 @@ BENCHMARK(saveASettingBesideAReport)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
-/// What the first of these takes.
+/// The work of the main thread after a backup.
 void saveANewReport(benchmark::State& state)
 {
     const testing::TestMac mac;

@@ -50,7 +50,7 @@ int measureApps(const FileURL& machine, int count)
     const Stopwatch stopwatch;
     const QList<AppInfo> apps = AppScanner::scan().result();
     stopwatch.print();
-    // As the slow tool says.
+    // The use count that SlowTool.cpp prints.
     const auto known = std::ranges::count(apps, 42, &AppInfo::useCount);
     std::printf("applications %lld\n", static_cast<long long>(known));
     return known == count ? 0 : 1;

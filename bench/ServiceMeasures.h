@@ -4,11 +4,11 @@
 
 namespace keelbright::bench {
 
-// Each does one work of the logic, prints what it took and gives the code to exit with.
+// Each runs one service of the logic, prints the measured values and gives the exit code.
 
 [[nodiscard]] int measureScan(const FileURL& tree);
 [[nodiscard]] int measureJunk(const FileURL& home);
-/// The applications of a machine, of which there have to be `count`, each known to the metadata tool.
+/// Scans the applications of a machine. It must have `count` of them, all known to the metadata tool.
 [[nodiscard]] int measureApps(const FileURL& machine, int count);
 
 } // namespace keelbright::bench

@@ -8,13 +8,13 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 
-// What is measured of screens is the longest turn of the main thread, from what the user did until the
-// last picture of it: its own work, and beside it (`stall`, milliseconds) for how long the window did
-// not answer, which a shared machine adds to. The work in the background is not in it.
+// Screens are measured by the longest turn of the main thread from a user's action to the last redraw:
+// the processor time of that turn, and as `stall` (milliseconds) the time in which the window did not
+// answer, which other programs can prolong. Work in the background is not included.
 
 namespace keelbright::bench {
 
-/// A frame, the picture of it, and what comes after.
+/// Long enough for a frame, its painting and the work that follows it.
 inline void settle()
 {
     constexpr int milliseconds = 120;
@@ -32,7 +32,7 @@ template <typename Act> void measureStall(benchmark::State& state, Act act)
     stall = std::max<double>(stall, probe.longestSeconds() * 1e3);
 }
 
-/// From the first row to the last, a picture at each of twenty stops.
+/// Scrolls from the first row to the last, with a redraw at each of twenty stops.
 inline void scrollToTheEnd(const RowListView& list)
 {
     constexpr int stops = 20;
@@ -43,7 +43,7 @@ inline void scrollToTheEnd(const RowListView& list)
     }
 }
 
-/// A case that tells its time by `measureStall`.
+/// Makes a benchmark take its time from `measureStall`.
 inline void asStall(benchmark::internal::Benchmark* named)
 {
     constexpr int repetitions = 5;

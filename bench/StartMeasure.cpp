@@ -14,7 +14,7 @@ namespace keelbright::bench {
 
 namespace {
 
-/// Waits for the first window to be painted, tells when that was, and ends the program.
+/// Waits until the first window is painted, prints the time and ends the program.
 class FirstPaint : public QObject
 {
 public:
@@ -27,9 +27,9 @@ public:
     {
         if (event->type() == QEvent::Paint && !m_hasPainted) {
             m_hasPainted = true;
-            // The whole window is painted in the same turn.
+            // The whole window is painted in the same turn of the event loop.
             QTimer::singleShot(0, this, [this] {
-                tell();
+                print();
                 QCoreApplication::quit();
             });
         }
@@ -37,7 +37,7 @@ public:
     }
 
 private:
-    void tell() const
+    void print() const
     {
         timespec now = {};
         ::clock_gettime(CLOCK_MONOTONIC, &now);

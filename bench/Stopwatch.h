@@ -8,7 +8,7 @@
 
 namespace keelbright::bench {
 
-/// Wall and processor time of this process since it was made.
+/// The wall and processor time of this process since the stopwatch was made.
 class Stopwatch
 {
 public:
@@ -39,7 +39,8 @@ private:
     double m_processorAtStart;
 };
 
-/// Does it once before, so that both sides are measured warm. Prints what came out as `name`.
+/// Measures the second of two runs, so that all programs are compared with warm caches. Prints the
+/// result as `name`.
 template <typename Work> int measureWarm(const char* name, Work work)
 {
     std::ignore = work();

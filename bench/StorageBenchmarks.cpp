@@ -32,7 +32,7 @@ void scanLevel(benchmark::State& state)
 
 BENCHMARK(scanLevel)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-/// A level whose one folder holds everything.
+/// A level with a single folder that holds all files.
 void scanLevelOfOneFolder(benchmark::State& state)
 {
     const testing::TestMac mac;
@@ -45,7 +45,7 @@ void scanLevelOfOneFolder(benchmark::State& state)
 
 BENCHMARK(scanLevelOfOneFolder)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-/// A level of a few small folders, where sharing out may not cost more than it brings.
+/// A level of a few small folders, for which threads must not cost more than they save.
 void scanLevelOfSmallFolders(benchmark::State& state)
 {
     const testing::TestMac mac;

@@ -25,7 +25,7 @@ int measureLevel(const FileURL& folder)
     return measureWarm("entries", [&] { return FolderSizeService::scanLevel(folder).size(); });
 }
 
-/// What a search for the largest files can't do without.
+/// The walk without which no search for the largest files is possible.
 int measureWalk(const FileURL& tree)
 {
     return measureWarm("bytes", [&] {

@@ -6,8 +6,8 @@
 
 namespace keelbright::bench {
 
-/// Does one work of the storage floor and prints what it took; gives the code to exit with. Nothing
-/// where there is no such work.
+/// Runs one service of the storage floor, prints the measured values and gives the exit code. Nothing
+/// if there is no work of that name.
 [[nodiscard]] std::optional<int> measureStorage(const QString& work, const QString& argument);
 
 } // namespace keelbright::bench

@@ -6,7 +6,7 @@
 
 namespace keelbright::bench {
 
-/// A treemap of so many entries of all sizes, in the space of a large window: each gets a cell.
+/// A treemap of `count` entries of all sizes, at the size of a large window, so that each gets a cell.
 [[nodiscard]] inline TreemapLayout treemapOf(qint64 count)
 {
     QRandomGenerator random(1);

@@ -23,7 +23,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// The buttons, by their accessible names, that start what does not start by itself.
+/// The accessible names of the buttons for work that does not start by itself.
 QStringList startersOf(Screen screen)
 {
     switch (screen) {
@@ -38,34 +38,34 @@ QStringList startersOf(Screen screen)
     }
 }
 
-/// Does one step after another, each when all that the one before started has ended.
+/// Runs one step after another, each after all work of the step before has ended.
 class Walkthrough : public QObject
 {
 public:
     using Step = std::function<bool()>;
 
-    /// A step that gives false ends everything with 1.
+    /// A step that gives false ends the program with exit code 1.
     explicit Walkthrough(std::deque<Step> steps)
         : m_steps(std::move(steps))
     {
         m_timer.setInterval(interval);
-        connect(&m_timer, &QTimer::timeout, this, &Walkthrough::look);
+        connect(&m_timer, &QTimer::timeout, this, &Walkthrough::check);
         m_timer.start();
     }
 
 private:
     static constexpr int interval = 50;
-    /// A result that arrives can start the next piece of work; animations and redraws end.
-    static constexpr int quietLooks = 10;
+    /// How often in a row no work must be found: a result can start more work, and animations have to end.
+    static constexpr int neededQuietChecks = 10;
 
-    void look()
+    void check()
     {
         const bool isAtWork =
             TaskPools::userInitiated().activeThreadCount() + TaskPools::utility().activeThreadCount() > 0;
-        m_quiet = isAtWork ? 0 : m_quiet + 1;
-        if (m_quiet < quietLooks)
+        m_quietChecks = isAtWork ? 0 : m_quietChecks + 1;
+        if (m_quietChecks < neededQuietChecks)
             return;
-        m_quiet = 0;
+        m_quietChecks = 0;
         const Step step = std::move(m_steps.front());
         m_steps.pop_front();
         const bool isDone = step();
@@ -78,7 +78,7 @@ private:
 
     std::deque<Step> m_steps;
     QTimer m_timer;
-    int m_quiet = 0;
+    int m_quietChecks = 0;
 };
 
 bool press(const QWidget& window, const QString& name)
@@ -93,7 +93,7 @@ bool press(const QWidget& window, const QString& name)
     return false;
 }
 
-/// The longest stall at each screen, under its name.
+/// The longest stall of each screen, by its name.
 class Stalls
 {
 public:

@@ -1,6 +1,6 @@
-// The whole program on a machine in a folder: home, "/Applications" and the rest lie below the
-// folder that KEELBRIGHT_TEST_ROOT names. The App Store is the server that KEELBRIGHT_TEST_STORE
-// names ("http://127.0.0.1:8080"); without one it knows nothing, and no network is touched.
+// Runs the whole program on a made-up machine: home, "/Applications" and all other places are below the
+// folder in KEELBRIGHT_TEST_ROOT. The App Store is the server in KEELBRIGHT_TEST_STORE
+// ("http://127.0.0.1:8080"); without one no application is found, and no network is used.
 
 #include "Keelbright/screens/shell/Application.h"
 #include "KeelbrightCore/platform/files/FileManager.h"

@@ -1,7 +1,7 @@
-"""The part of a desktop that tells programs how they are to look: the settings portal.
+"""The settings portal, by which a desktop announces its colour scheme to programs.
 
-Runs as a process of its own on the session's bus and takes the scheme from its standard input, one
-word a line: light or dark."""
+Runs as a separate process on the session bus and reads the scheme from its standard input, "light" or
+"dark" on each line."""
 
 import subprocess
 import sys
@@ -20,7 +20,7 @@ DESCRIPTION = """<node><interface name="org.freedesktop.portal.Settings">
 
 
 class Desktop:
-    """The portal's process, as scenarios use it."""
+    """Starts and controls the portal's process for scenarios."""
 
     def __init__(self, scheme="light"):
         # pylint: disable=consider-using-with
@@ -45,7 +45,7 @@ def serve(scheme):
 
     def answer(_bus, _sender, _path, _interface, _method, arguments, invocation):
         if arguments.unpack() == (NAMESPACE, KEY):
-            # The older method wraps the value twice, and desktops keep to it.
+            # This older method wraps the value twice, as desktops do.
             value = GLib.Variant("v", GLib.Variant("u", SCHEMES[now["scheme"]]))
             invocation.return_value(GLib.Variant.new_tuple(value))
         else:
@@ -61,12 +61,12 @@ def serve(scheme):
         bus.emit_signal(None, PATH, INTERFACE, "SettingChanged", value)
         return True
 
-    def say_ready(*_):
+    def report_ready(*_):
         print("ready", flush=True)
 
     interface = Gio.DBusNodeInfo.new_for_xml(DESCRIPTION).interfaces[0]
     bus.register_object(PATH, interface, answer, None, None)
-    Gio.bus_own_name_on_connection(bus, NAME, Gio.BusNameOwnerFlags.NONE, say_ready, None)
+    Gio.bus_own_name_on_connection(bus, NAME, Gio.BusNameOwnerFlags.NONE, report_ready, None)
     GLib.io_add_watch(sys.stdin, GLib.PRIORITY_DEFAULT, GLib.IO_IN | GLib.IO_HUP, take)
     loop.run()
 

@@ -1,4 +1,4 @@
-"""The steps through the program's window that scenarios and the tour share."""
+"""Steps in the program's window, shared by the scenarios and the tour."""
 
 import time
 
@@ -10,14 +10,14 @@ CHOOSE_FOLDER = ("Select folders to protect.", "Add Folder")
 
 
 class KeelBright(Program):
-    """The program, from its first window on."""
+    """The running program."""
 
     def pass_welcome(self):
         self.button("Continue").press()
         self.label("Choose a Backup Destination")
 
     def choose_destination(self, button, path):
-        """Presses the button of that name and answers the chooser that it opens."""
+        """Presses the button with this name and answers the chooser that it opens."""
         self.button(button).press()
         self.choose_folder(*CHOOSE_DESTINATION, str(path))
 
@@ -33,10 +33,10 @@ class KeelBright(Program):
         """Clicks a row of the sidebar."""
         self.find("list", "Screens").find("list item", screen).click()
 
-    # The lists: a row is named after its words and figures, which begin with its title.
+    # A row's accessible name consists of its texts and numbers and begins with its title.
 
     def row_seen(self, title):
-        """A row that shows, or nothing."""
+        """A visible row, or None."""
         rows = (row for row in self.all("list item") if row.name == title or row.name.startswith(title + ", "))
         return next(rows, None)
 
@@ -44,13 +44,12 @@ class KeelBright(Program):
         return wait_until(lambda: self.row_seen(title), lambda: f"no row “{title}”; there is\n{self.outline()}")
 
     def wait_row_gone(self, title):
-        wait_until(lambda: self.row_seen(title) is None, f"the row “{title}” does not go")
+        wait_until(lambda: self.row_seen(title) is None, f"the row “{title}” does not disappear")
 
     def choose_row(self, title):
         self.row(title).click()
 
-    # What pops up is no part of what an assistive program is shown from outside, so its entries are
-    # counted: the first is 0.
+    # Popup menus are missing in the accessibility tree, so their entries are chosen by number, from 0.
 
     def choose_in_row(self, title, entry):
         """Chooses an entry of the row's context menu."""
@@ -65,7 +64,7 @@ class KeelBright(Program):
         self.choose_entry(entry)
 
     def choose_entry(self, entry):
-        time.sleep(0.3)  # until it is up
+        time.sleep(0.3)  # until the menu is open
         for _ in range(entry + 1):
             self.screen.keys("Down")
         self.screen.keys("Return")
@@ -77,18 +76,18 @@ class KeelBright(Program):
         self.wait_gone("dialog", question)
 
     def confirm_backup(self):
-        """From any screen to a run that is under way."""
+        """Starts a backup from any screen."""
         self.go_to("Dashboard")
         self.button("Backup Now").press()
         self.label("Preflight Check")
         self.button("Confirm & Start").press()
 
     def back_up(self):
-        """A whole run, until its result shows."""
+        """Runs a whole backup, until its result is shown."""
         self.confirm_backup()
         self.button("View Full Report")
 
     def leave(self):
-        """Closes the window as its user does; gives the exit code."""
+        """Closes the window as a user does; gives the exit code."""
         self.screen.ask_to_close(WINDOW)
         return self.wait_for_end()

@@ -1,4 +1,4 @@
-"""The made-up machine that a scenario runs on, and what a backup of it has to hold."""
+"""The made-up machine of a scenario, and the expected content of its backup."""
 
 import json
 import os
@@ -12,7 +12,7 @@ SKIPPED_EXTENSIONS = {".dmg", ".pkg", ".iso", ".tmp", ".app", ".framework", ".dy
 
 
 class Machine:
-    """A whole machine in a folder: `make-mac` fills it."""
+    """A whole machine in a folder, filled by `make-mac`."""
 
     def __init__(self, root, make_mac):
         self.root = Path(root)
@@ -22,10 +22,10 @@ class Machine:
         self.support = self.home / ".local/share/Keelbright"
         self.runtime = self.root / "runtime"
         self.runtime.mkdir(mode=0o700)
-        self.variables = {}  # of the environment, besides the usual ones
+        self.variables = {}  # additional environment variables
 
     def environment(self):
-        """What a program sees there: its home, its language and zone, and nothing of the real user."""
+        """The environment of a program there: its own home, language and zone, nothing of the real user."""
         kept = {name: value for name, value in os.environ.items() if not name.startswith("XDG_")}
         return kept | {"HOME": str(self.home), "KEELBRIGHT_TEST_ROOT": str(self.root),
                        "XDG_RUNTIME_DIR": str(self.runtime), "LC_ALL": "C.UTF-8", "TZ": "Europe/Berlin",
@@ -38,7 +38,7 @@ class Machine:
         return read_json(self.support / "activity.json")
 
     def device_folder(self, destination=None):
-        """The one folder that the backup made for this machine."""
+        """The only folder in the destination, which the backup made for this machine."""
         folders = list(((destination or self.drive) / "Keelbright").iterdir())
         assert len(folders) == 1, folders
         return folders[0]
@@ -51,7 +51,7 @@ class Machine:
         return sorted((self.device_folder() / "Reports").glob("backup-report-*.json"))
 
     def trashed(self):
-        """The names of what lies in the home's Trash."""
+        """The names in the home's Trash."""
         return sorted(file.name for file in (self.home / ".local/share/Trash/files").iterdir())
 
     def expected_backup(self, folders):
@@ -59,10 +59,10 @@ class Machine:
 
 
 class ExpectedBackup:
-    """What a run over these folders must copy, worked out from the rules apart from the program."""
+    """What a run over these folders must copy, computed from the rules without the program."""
 
     def __init__(self, sources):
-        self.files = {}  # where it lies below Personal Files: where it comes from
+        self.files = {}  # from the path below Personal Files to the source
         self.skipped = 0
         for source in sources:
             self._walk(source, Path(source.name))
@@ -97,19 +97,19 @@ class ExpectedBackup:
                 self._walk(item, target / item.name)
 
     def differences(self, personal_files, without=()):
-        """What is missing, too much or not the same to the byte on the destination."""
+        """The files that are missing, unexpected or different on the destination."""
         expected = {target: source for target, source in self.files.items() if target not in without}
         present = {path.relative_to(personal_files) for path in personal_files.rglob("*")
                    if path.is_symlink() or not path.is_dir()}
         found = [f"missing: {path}" for path in sorted(expected.keys() - present)]
-        found += [f"too much: {path}" for path in sorted(present - expected.keys())]
+        found += [f"unexpected: {path}" for path in sorted(present - expected.keys())]
         found += [f"differs: {path}" for path in sorted(expected.keys() & present)
                   if not same(expected[path], personal_files / path)]
         return found
 
 
 def same(source, copy):
-    """Same kind, same bytes, same rights and times."""
+    """Whether kind, content, permissions and times are equal."""
     if source.is_symlink() or copy.is_symlink():
         return source.is_symlink() and copy.is_symlink() and os.readlink(source) == os.readlink(copy)
     before, after = source.stat(), copy.stat()
@@ -124,7 +124,7 @@ def read_json(path):
 
 
 def decimal_size(count):
-    """A byte count as the program shows it: units of a thousand, fewer decimals for smaller units."""
+    """A byte count as the program shows it: decimal units, fewer decimals for smaller units."""
     if count == 0:
         return "Zero KB"
     if count < 1000:

@@ -1,4 +1,4 @@
-"""What every scenario has: a machine, a program on it, a picture when it fails."""
+"""The base of all scenarios: a machine, the program on it, and a picture after a failure."""
 
 import os
 import shutil
@@ -24,7 +24,7 @@ class Scenario(unittest.TestCase):
         self.window = None
 
     def start(self):
-        """Starts the program; the one before it has ended."""
+        """Starts the program, which must not be running."""
         self.window = KeelBright([PROGRAM], self.machine.environment(), self.machine.root / "output.log")
         self.addCleanup(self.window.kill)
         return self.window
@@ -39,7 +39,7 @@ class Scenario(unittest.TestCase):
         if self.window.process.poll() is None:
             picture = PICTURES / f"{self.id()}.png"
             self.window.screen.picture(WINDOW, picture)
-            print(f"What the window showed, a picture of it in {picture}:\n{self.window.outline()}")
+            print(f"What the window showed (picture: {picture}):\n{self.window.outline()}")
 
 
 class ResultWithPictures(unittest.TextTestResult):

@@ -1,5 +1,5 @@
-"""Drives the window of a program as a person with a screen reader, a keyboard and a mouse does:
-everything is found by its role and its accessible name, which is what it shows."""
+"""Drives the window of a program as a person with a screen reader, a keyboard and a mouse does: everything
+is found by its role and its accessible name."""
 
 import os
 import subprocess
@@ -11,16 +11,16 @@ from Xlib import X, XK, display, error
 from Xlib.ext import xtest
 from Xlib.protocol import event as protocol
 
-PATIENCE = 20.0  # seconds until something that ought to come counts as missing
+PATIENCE = 20.0  # seconds to wait for something before it counts as missing
 PAUSE = 0.03
 
 
 class Missing(AssertionError):
-    """Something did not come in time; says what was there instead."""
+    """Something did not appear in time; the message says what was there instead."""
 
 
 def wait_until(condition, what, patience=PATIENCE):
-    """Gives the first true value of `condition`, or fails with `what` (a text, or what gives one)."""
+    """Gives the first true value of `condition`, or fails with `what` (a text or a function that gives one)."""
     deadline = time.monotonic() + patience
     while True:
         value = condition()
@@ -32,7 +32,7 @@ def wait_until(condition, what, patience=PATIENCE):
 
 
 class Element:
-    """One thing on the screen."""
+    """One element of the accessibility tree."""
 
     def __init__(self, program, accessible):
         self.program = program
@@ -78,7 +78,7 @@ class Element:
         return self.has(pyatspi.STATE_FOCUSED)
 
     def press(self):
-        """Does what the element offers as its first action, once it is enabled."""
+        """Runs the first action of the element, once it is enabled."""
         wait_until(lambda: self.is_enabled, f"{self} is never enabled")
         assert self.accessible.queryAction().doAction(0), f"{self} can't be pressed"
 
@@ -88,7 +88,7 @@ class Element:
 
     @property
     def box(self):
-        """Where it is on the screen."""
+        """Its rectangle on the screen."""
         return self.accessible.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
 
     @property
@@ -97,7 +97,7 @@ class Element:
         return box.x + box.width // 2, box.y + box.height // 2
 
     def click(self, button=1):
-        """Clicks its middle with the mouse, once it has come to rest there; 3 is the right button."""
+        """Clicks its middle with the mouse, once it no longer moves; 3 is the right button."""
         seen = []
 
         def rests():
@@ -106,24 +106,24 @@ class Element:
         wait_until(rests, f"{self} does not come to rest")
         self.program.screen.click(*seen[-1], button)
 
-    # Looking below this element; only what shows counts.
+    # Searches below this element, only among visible elements.
 
     def all(self, role=None, name=None):
         return [element for element, its_role, its_name in self._walk()
                 if role in (None, its_role) and name in (None, its_name)]
 
     def seen(self, role, name=None):
-        """The element, or nothing where it does not show now."""
+        """The element if it is visible now, else None."""
         found = self.all(role, name)
         return found[0] if found else None
 
     def find(self, role, name=None, patience=PATIENCE):
-        """The element, waited for."""
+        """Waits for the element."""
         return wait_until(lambda: self.seen(role, name),
                           lambda: f"no {role} “{name or ''}”; there is\n{self.outline()}", patience)
 
     def wait_gone(self, role, name, patience=PATIENCE):
-        wait_until(lambda: self.seen(role, name) is None, f"{role} “{name}” does not go", patience)
+        wait_until(lambda: self.seen(role, name) is None, f"{role} “{name}” does not disappear", patience)
 
     def button(self, name):
         return self.find("push button", name)
@@ -138,7 +138,7 @@ class Element:
         return "\n".join(f"  {role} “{name}”" for _, role, name in self._walk() if name)
 
     def _walk(self):
-        """Each element that shows, with its role and name; what goes while it is looked at is left out."""
+        """Each visible element with its role and name, except elements that disappear meanwhile."""
         pending = [self.accessible]
         while pending:
             accessible = pending.pop()
@@ -175,15 +175,14 @@ class Screen:
         xtest.fake_input(self.display, X.ButtonRelease, button)
         self.display.sync()
 
-    # No window manager runs here, so the driver does what one would: it hands out the focus, and
-    # it carries the wish to close.
+    # No window manager runs here, so the driver gives windows the focus and asks them to close.
 
     def focus(self, title):
         self._window(title).set_input_focus(X.RevertToPointerRoot, X.CurrentTime)
         self.display.sync()
 
     def ask_to_close(self, title):
-        """What a desktop sends when the cross in a window's title bar is clicked."""
+        """Sends what a desktop sends when the close button of a window is clicked."""
         window = self._window(title)
         protocols = self.display.intern_atom("WM_PROTOCOLS")
         delete = self.display.intern_atom("WM_DELETE_WINDOW")
@@ -192,21 +191,21 @@ class Screen:
         self.display.sync()
 
     def picture(self, title, file, at_rest=True):
-        """Saves what the window shows: once it has come to rest, or at once."""
+        """Saves a picture of the window, at once or when it no longer changes."""
         os.makedirs(os.path.dirname(os.path.abspath(file)), exist_ok=True)
         window = self._window(title)
-        # Nothing is to look hovered over.
+        # Nothing in the picture should look hovered.
         xtest.fake_input(self.display, X.MotionNotify, x=self.root.get_geometry().width - 1, y=0)
         self.display.sync()
 
-        def look():
+        def grab():
             return subprocess.run(["import", "-silent", "-window", str(window.id), "png:-"],
                                   check=True, capture_output=True, timeout=60).stdout
 
-        before, now, looks = b"", look(), 0
-        while at_rest and before != now and looks < 8:  # a cursor that blinks never rests
+        before, now, tries = b"", grab(), 0
+        while at_rest and before != now and tries < 8:  # a blinking cursor never stops changing
             time.sleep(0.2)
-            before, now, looks = now, look(), looks + 1
+            before, now, tries = now, grab(), tries + 1
         with open(file, "wb") as picture:
             picture.write(now)
 
@@ -223,11 +222,11 @@ class Screen:
         for window in self.root.query_tree().children:
             try:
                 shown = window.get_full_text_property(self.display.intern_atom("_NET_WM_NAME"))
-                # Qt puts the program's name behind a title.
+                # Qt appends the program's name to a title.
                 if shown and shown.split(" — ")[0] == title and window.get_attributes().map_state == X.IsViewable:
                     return window
             except error.XError:
-                continue  # it went while it was looked at
+                continue  # it disappeared meanwhile
         return None
 
 
@@ -253,7 +252,7 @@ class Program(Element):
                           f"{self.output()}")
         for application in pyatspi.Registry.getDesktop(0):
             if application is not None and application.get_process_id() == self.process.pid:
-                # What was read once must not stand for what shows now.
+                # Every value must be read from the program, not from a cache.
                 application.set_cache_mask(pyatspi.cache.NONE)
                 if application.childCount:
                     return application
@@ -264,7 +263,7 @@ class Program(Element):
             return log.read()
 
     def window(self, title):
-        """The window or dialog of that title."""
+        """The window or dialog with this title."""
         return wait_until(lambda: self.window_seen(title), lambda: f"no window “{title}”; there is\n{self.outline()}")
 
     def window_seen(self, title):
@@ -275,7 +274,7 @@ class Program(Element):
         return None
 
     def keys(self, title, *names):
-        """Presses the keys together in that window."""
+        """Presses the keys together in this window."""
         self.screen.focus(title)
         window = self.window(title)
         wait_until(lambda: window.has(pyatspi.STATE_ACTIVE), f"“{title}” never gets the focus")
@@ -296,7 +295,7 @@ class Program(Element):
         wait_until(lambda: self.window_seen(title) is None, f"“{title}” does not close")
 
     def wait_for_end(self, patience=PATIENCE):
-        """The exit code."""
+        """Waits for the end of the program and gives its exit code."""
         try:
             return self.process.wait(patience)
         except subprocess.TimeoutExpired as expired:

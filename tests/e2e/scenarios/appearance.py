@@ -5,8 +5,8 @@ from window import wait_until
 
 
 class Appearance(Scenario):
-    def ground(self):
-        """How bright the window's empty ground is, from 0 to 255."""
+    def background(self):
+        """The brightness of the window's background, from 0 to 255."""
         return max(self.window.screen.colour(WINDOW, 60, 400))
 
     def test_follows_the_desktop_while_it_runs(self):
@@ -14,8 +14,8 @@ class Appearance(Scenario):
         self.addCleanup(desktop.leave)
         window = self.start()
         window.button("Continue")
-        wait_until(lambda: self.ground() < 60, "the window never turns dark")
+        wait_until(lambda: self.background() < 60, "the window never turns dark")
         desktop.set_scheme("light")
-        wait_until(lambda: self.ground() > 230, "the window never turns light")
+        wait_until(lambda: self.background() > 230, "the window never turns light")
         desktop.set_scheme("dark")
-        wait_until(lambda: self.ground() < 60, "the window never turns dark again")
+        wait_until(lambda: self.background() < 60, "the window never turns dark again")

@@ -4,11 +4,11 @@ from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
 
 from scenario import Scenario
 
-BY_NAME = 2  # in the menu of orders
+BY_NAME = 2  # in the sort menu
 
 
 class AppStore:
-    """An App Store of the test's own, on a port of this machine."""
+    """A local server that answers like the App Store."""
 
     def __init__(self, results):
         store = self
@@ -42,7 +42,7 @@ class Apps(Scenario):
     def open_app_manager(self):
         window = self.start()
         window.pass_onboarding()
-        # The dashboard has listed the applications by the time that its first score is there.
+        # The dashboard has listed the applications before it shows its first score.
         window.go_to("App Manager")
         window.label("8 of 8 apps")
         return window
@@ -53,7 +53,7 @@ class Apps(Scenario):
         row.click()
         window.label("com.example." + app.replace(" ", ""))
 
-    def test_tells_what_an_app_is_and_what_it_left_around(self):
+    def test_shows_an_app_and_its_leftovers(self):
         store = AppStore([{"trackName": "Sketchbook", "description": "Draws.", "sellerName": "Example & Co",
                            "primaryGenreName": "Graphics", "averageUserRating": 4.5, "userRatingCount": 12}])
         self.addCleanup(store.close)

@@ -7,7 +7,7 @@ from machine import decimal_size, read_json
 from scenario import Scenario
 from window import wait_until
 
-FOLDERS = ["Desktop", "Documents", "Pictures"]  # what is protected from the first start on
+FOLDERS = ["Desktop", "Documents", "Pictures"]  # protected from the first start
 
 
 class Backup(Scenario):
@@ -109,13 +109,13 @@ class Backup(Scenario):
         gone.unlink()
         (self.machine.home / "Desktop/To do.txt").write_text("Nothing\n", encoding="utf-8")
         (self.machine.home / "Desktop/New.txt").write_text("New\n", encoding="utf-8")
-        # Reports are named by the second in which their run begins.
+        # Reports are named by the second in which their run starts.
         first_second = self.machine.reports()[0].stem
         time.sleep(1.1)
         expected = self.machine.expected_backup(FOLDERS)
         window.back_up()
         self.assertEqual(expected.differences(self.machine.personal_files()),
-                         ["too much: Documents/Letters/Letter to Grandma.docx"])
+                         ["unexpected: Documents/Letters/Letter to Grandma.docx"])
         self.assertEqual(kept.read_bytes(), content)
         reports = self.machine.reports()
         self.assertEqual(len(reports), 2)
@@ -123,7 +123,7 @@ class Backup(Scenario):
         self.assertEqual(read_json(reports[1])["filesCopied"], len(expected.files))
         self.assertEqual(len(self.machine.activity()), 2)
 
-    def test_goes_on_after_a_file_that_can_not_be_copied(self):
+    def test_continues_after_a_file_that_can_not_be_copied(self):
         pipe = self.machine.home / "Documents/pipe"
         os.mkfifo(pipe)
         expected = self.machine.expected_backup(FOLDERS)
@@ -157,11 +157,11 @@ class LongRun(Scenario):
                 file.parent.mkdir(parents=True)
                 file.write_bytes(b"%05d" % number * 20)
                 first = file
-            else:  # names are what makes a run long, and links are quick to make
+            else:  # hard links, because a run takes its time by the number of names
                 os.link(first, file)
 
     def assert_whole_part(self):
-        """Every file on the drive is a whole copy, and no temporary one is left."""
+        """Asserts that every file on the drive is a whole copy, and that no temporary file is left."""
         expected = self.machine.expected_backup(FOLDERS)
         differences = expected.differences(self.machine.personal_files())
         self.assertEqual([line for line in differences if not line.startswith("missing: ")], [])
@@ -184,7 +184,7 @@ class LongRun(Scenario):
         self.assertTrue((self.machine.device_folder() / "Latest/recovery-manifest.json").exists())
         self.assertEqual(self.machine.activity()[0]["itemCount"], report["filesCopied"])
 
-    def test_goes_on_while_other_screens_are_looked_at(self):
+    def test_continues_while_other_screens_are_shown(self):
         window = self.start()
         window.pass_onboarding(self.machine.drive)
         window.confirm_backup()

@@ -1,4 +1,4 @@
-"""Junk and storage: what looks after the machine and moves things to the Trash."""
+"""The junk cleaner and the storage browser, which move files to the Trash."""
 
 import re
 
@@ -120,15 +120,16 @@ class StorageBrowser(Scenario):
         window.row("Evening.jpg")
         window.find("radio button", "Largest Files").press()
         window.label("Top 1 largest files in Day one")
-        # The list stays on the way back, and is made anew when it is asked for.
+        # The list stays on the way back, and is made again when it is asked for.
         for folder in ("Lofoten 2024", "Pictures", self.machine.home.name):
             window.button("Back").press()
             window.label(f"Top 1 largest files in {folder}")
         self.assertFalse(window.button("Back").is_enabled)
         window.find("radio button", "List").press()
         window.find("radio button", "Largest Files").press()
-        anew = re.compile(rf"Top \d\d largest files in {self.machine.home.name}")
-        wait_until(lambda: [text for text in window.labels() if anew.fullmatch(text)], "the list is not made anew")
+        again = re.compile(rf"Top \d\d largest files in {self.machine.home.name}")
+        wait_until(lambda: [text for text in window.labels() if again.fullmatch(text)],
+                   "the list is not made again")
 
     def test_shows_a_folder_in_three_ways(self):
         window = self.open()

@@ -3,7 +3,7 @@ from scenario import Scenario
 
 
 class Onboarding(Scenario):
-    def test_says_what_the_program_does(self):
+    def test_shows_what_the_program_does(self):
         window = self.start()
         for text in ("Keel Bright",
                      "A calm, minimal backup for your personal Mac environment.",

@@ -1,4 +1,4 @@
-"""The organizer, the full scan, the log, and the way back from a backup."""
+"""The organizer, the full scan, the log, and restoring from a backup."""
 
 import json
 
@@ -6,7 +6,7 @@ from keelbright import WINDOW
 from scenario import Scenario
 from window import wait_until
 
-JUNK_CLEAN, ORGANISE = 2, 3  # in the menu of kinds, behind "All" and "Backup"
+JUNK_CLEAN, ORGANISE = 2, 3  # in the menu of kinds, after "All" and "Backup"
 
 
 class Organizer(Scenario):
@@ -33,7 +33,7 @@ class Organizer(Scenario):
         self.assertEqual((entry["kind"], entry["title"], entry["detail"]),
                          ("Organise", "Files organised", "5 files sorted into subfolders in Downloads"))
 
-    def test_leaves_what_is_not_ticked(self):
+    def test_leaves_files_that_are_not_ticked(self):
         downloads = self.machine.home / "Downloads"
         window = self.start()
         window.pass_onboarding()
@@ -51,7 +51,7 @@ class Organizer(Scenario):
 
 
 class FullScan(Scenario):
-    def test_leads_from_each_kind_of_finding_to_its_place(self):
+    def test_each_kind_of_finding_opens_its_screen(self):
         window = self.start()
         window.pass_onboarding()
         self.scan(window)
@@ -122,7 +122,7 @@ class ActivityLog(Scenario):
         self.assertEqual(self.machine.activity(), [])
 
 
-class WayBack(Scenario):
+class Restoring(Scenario):
     OPEN_BACKUP = ("Navigate to your Keelbright/DeviceName folder on your backup drive.", "Open")
     LOAD_MANIFEST = ("Select the recovery-manifest.json from your backup.", "Load")
 
@@ -158,6 +158,6 @@ class WayBack(Scenario):
         window.button("Load Manifest…").press()
         window.choose_file(*self.LOAD_MANIFEST, str(broken))
         wait_until(lambda: [text for text in window.labels() if text.startswith("Could not read manifest: ")],
-                   "no word about the broken file")
+                   "no message about the broken file")
         self.assertNotIn("Summary from your previous Mac", window.labels())
         window.keys(WINDOW, "F9")
