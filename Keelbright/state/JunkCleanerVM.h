@@ -1,11 +1,10 @@
 #pragma once
 
+#include "Keelbright/state/GroupSelection.h"
 #include "KeelbrightCore/health/JunkCategory.h"
 #include "KeelbrightCore/platform/system/Clock.h"
 
 #include <QObject>
-#include <QSet>
-#include <optional>
 
 namespace keelbright {
 
@@ -19,23 +18,25 @@ class JunkCleanerVM : public QObject
     Q_OBJECT
 
 public:
-    /// How much of a category is selected.
-    enum class SelectionState { none, partial, all };
+    using SelectionState = keelbright::SelectionState;
 
     /// The store outlives the model.
     explicit JunkCleanerVM(ActivityStore& activityStore, Clock clock = systemClock,
                            QObject* parent = nullptr);
 
     /// What the last scan found, without what has been cleaned since; kept while a scan runs.
-    [[nodiscard]] const QList<JunkCategory>& categories() const { return m_categories; }
+    [[nodiscard]] const QList<JunkCategory>& categories() const { return m_selection.groups(); }
 
     /// The category whose items are shown.
-    [[nodiscard]] const std::optional<QString>& selectedCategoryID() const { return m_selectedCategoryID; }
+    [[nodiscard]] const std::optional<QString>& selectedCategoryID() const { return m_selection.shownID(); }
 
     void setSelectedCategoryID(const std::optional<QString>& id);
 
+    /// Null where no category has the `selectedCategoryID`.
+    [[nodiscard]] const JunkCategory* selectedCategory() const { return m_selection.shown(); }
+
     /// The ticked items, across all categories.
-    [[nodiscard]] const QSet<QUuid>& selectedItemIDs() const { return m_selectedItemIDs; }
+    [[nodiscard]] const QSet<QUuid>& selectedItemIDs() const { return m_selection.ids(); }
 
     void setSelectedItemIDs(const QSet<QUuid>& ids);
 
@@ -46,13 +47,18 @@ public:
 
     void setShowCleanConfirm(bool show);
 
-    [[nodiscard]] qint64 totalSelectedBytes() const;
+    [[nodiscard]] qint64 totalSelectedBytes() const { return m_selection.selectedBytes(); }
 
     /// Looks for junk in the background and drops the selection at once. Nothing of what is found
     /// is selected; its first category is shown.
     void scan();
+
     /// `none` for a category without items.
-    [[nodiscard]] SelectionState selectionState(const JunkCategory& category) const;
+    [[nodiscard]] SelectionState selectionState(const JunkCategory& category) const
+    {
+        return m_selection.state(category);
+    }
+
     /// Selects every item of the category, or none of them where all are selected already.
     void toggleAll(const JunkCategory& category);
     void selectAll();
@@ -62,28 +68,19 @@ public:
     void clean();
 
 Q_SIGNALS:
-    void categoriesChanged();
-    void selectedCategoryIDChanged();
-    void selectedItemIDsChanged();
-    void isScanningChanged();
     void showCleanConfirmChanged();
-    /// Follows each of the above.
+    /// Any property was set.
     void changed();
 
 private:
     void setCategories(const QList<JunkCategory>& categories);
     void setIsScanning(bool isScanning);
-    void announceSelection();
-    [[nodiscard]] QList<JunkItem> selectedItems() const;
-    [[nodiscard]] std::optional<QString> firstCategoryID() const;
+    void showFirstCategory();
     void logClean(qint64 selectedBytes, qsizetype removedCount) const;
-    void dropItems(const QSet<QUuid>& removedIDs);
 
     ActivityStore& m_activityStore;
     Clock m_clock;
-    QList<JunkCategory> m_categories;
-    std::optional<QString> m_selectedCategoryID;
-    QSet<QUuid> m_selectedItemIDs;
+    GroupSelection<JunkCategory, &JunkCategory::items> m_selection;
     bool m_isScanning = false;
     bool m_showCleanConfirm = false;
 };

@@ -5,26 +5,14 @@
 #include "Keelbright/state/L10n.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
-#include "KeelbrightCore/platform/text/ByteSum.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/storage/OrganizerService.h"
 
 #include <QPointer>
 #include <QThreadPool>
 #include <QtConcurrent>
-#include <algorithm>
 
 namespace keelbright {
-
-namespace {
-
-void insertFileIds(QSet<QUuid>& ids, const OrganizeProposal& proposal)
-{
-    for (const FileProposal& file : proposal.files)
-        ids.insert(file.id);
-}
-
-} // namespace
 
 const QList<OrganizerVM::QuickTarget>& OrganizerVM::allQuickTargets()
 {
@@ -85,52 +73,48 @@ void OrganizerVM::showPlan(const QList<OrganizeProposal>& plan)
 {
     setProposals(plan);
     selectAll();
-    setSelectedProposalID(plan.isEmpty() ? std::optional<QUuid>() : plan.first().id);
+    showFirstProposal();
     setIsScanning(false);
 }
 
 void OrganizerVM::selectAll()
 {
+    m_selection.setIds({});
+    m_selection.selectAll();
     m_selectedCategories.clear();
-    m_selectedFiles.clear();
-    for (const OrganizeProposal& proposal : std::as_const(m_proposals)) {
+    for (const OrganizeProposal& proposal : proposals())
         m_selectedCategories.insert(proposal.id);
-        insertFileIds(m_selectedFiles, proposal);
-    }
-    announceSelection();
+    Q_EMIT changed();
 }
 
 void OrganizerVM::selectNothing()
 {
+    m_selection.setIds({});
     m_selectedCategories.clear();
-    m_selectedFiles.clear();
-    announceSelection();
+    Q_EMIT changed();
 }
 
-const OrganizeProposal* OrganizerVM::proposalWithID(const QUuid& id) const
+void OrganizerVM::updateCategory(const OrganizeProposal& proposal)
 {
-    const auto found = std::ranges::find(m_proposals, id, &OrganizeProposal::id);
-    return found == m_proposals.end() ? nullptr : &*found;
+    if (m_selection.state(proposal) == SelectionState::all)
+        m_selectedCategories.insert(proposal.id);
+    else
+        m_selectedCategories.remove(proposal.id);
 }
 
 void OrganizerVM::toggleCategory(const QUuid& id)
 {
-    const OrganizeProposal* proposal = proposalWithID(id);
+    const OrganizeProposal* proposal = m_selection.group(id);
     if (!proposal)
         return;
-    if (m_selectedCategories.remove(id)) {
-        for (const FileProposal& file : proposal->files)
-            m_selectedFiles.remove(file.id);
-    } else {
-        m_selectedCategories.insert(id);
-        insertFileIds(m_selectedFiles, *proposal);
-    }
-    announceSelection();
+    m_selection.setSelected(*proposal, !m_selectedCategories.contains(id));
+    updateCategory(*proposal);
+    Q_EMIT changed();
 }
 
 void OrganizerVM::toggleSelectAll()
 {
-    if (m_selectedCategories.size() == m_proposals.size())
+    if (m_selectedCategories.size() == proposals().size())
         selectNothing();
     else
         selectAll();
@@ -138,48 +122,30 @@ void OrganizerVM::toggleSelectAll()
 
 void OrganizerVM::setFile(const QUuid& id, bool selected, const QUuid& proposalID)
 {
-    if (selected) {
-        m_selectedFiles.insert(id);
-        const OrganizeProposal* proposal = proposalWithID(proposalID);
-        const auto isSelected = [this](const FileProposal& file) {
-            return m_selectedFiles.contains(file.id);
-        };
-        if (proposal && std::ranges::all_of(proposal->files, isSelected))
-            m_selectedCategories.insert(proposalID);
-    } else {
-        m_selectedFiles.remove(id);
-        m_selectedCategories.remove(proposalID);
-    }
-    announceSelection();
-}
-
-qint64 OrganizerVM::selectedBytes() const
-{
-    qint64 bytes = 0;
-    for (const OrganizeProposal& proposal : m_proposals) {
-        for (const FileProposal& file : proposal.files) {
-            if (m_selectedFiles.contains(file.id))
-                bytes = addedWithoutOverflow(bytes, file.sizeBytes);
-        }
-    }
-    return bytes;
+    m_selection.setSelected(id, selected);
+    if (const OrganizeProposal* proposal = m_selection.group(proposalID))
+        updateCategory(*proposal);
+    Q_EMIT changed();
 }
 
 QString OrganizerVM::selectedSizeFormatted() const
 {
-    return L10n::Formatters::bytes(selectedBytes());
+    return L10n::Formatters::bytes(m_selection.selectedBytes());
 }
 
 void OrganizerVM::execute()
 {
-    const qint64 bytes = selectedBytes();
-    const OrganizerService::ExecutionResult result = OrganizerService::execute(m_proposals, m_selectedFiles);
+    const qint64 bytes = m_selection.selectedBytes();
+    const OrganizerService::ExecutionResult result = OrganizerService::execute(proposals(), selectedFiles());
     if (result.moved > 0)
         logRun(result.moved, bytes);
-    dropSelectedFiles();
+    QList<OrganizeProposal> remaining = m_selection.groupsWithout(selectedFiles());
+    for (OrganizeProposal& proposal : remaining)
+        proposal.id = QUuid::createUuid();
+    setProposals(remaining);
     selectAll();
-    if (m_selectedProposalID && !proposalWithID(*m_selectedProposalID))
-        setSelectedProposalID(m_proposals.isEmpty() ? std::optional<QUuid>() : m_proposals.constFirst().id);
+    if (selectedProposalID() && m_selection.shown() == nullptr)
+        showFirstProposal();
 }
 
 void OrganizerVM::logRun(qint64 moved, qint64 bytes) const
@@ -200,44 +166,27 @@ void OrganizerVM::logRun(qint64 moved, qint64 bytes) const
     });
 }
 
-void OrganizerVM::dropSelectedFiles()
-{
-    QList<OrganizeProposal> rebuilt;
-    for (const OrganizeProposal& proposal : std::as_const(m_proposals)) {
-        OrganizeProposal rest{.category = proposal.category, .files = {}};
-        std::ranges::copy_if(proposal.files, std::back_inserter(rest.files),
-                             [this](const FileProposal& file) { return !m_selectedFiles.contains(file.id); });
-        if (!rest.files.isEmpty())
-            rebuilt.append(rest);
-    }
-    setProposals(rebuilt);
-}
-
-void OrganizerVM::announceSelection()
-{
-    Q_EMIT selectedCategoriesChanged();
-    Q_EMIT selectedFilesChanged();
-    Q_EMIT changed();
-}
-
 void OrganizerVM::setProposals(const QList<OrganizeProposal>& proposals)
 {
-    m_proposals = proposals;
-    Q_EMIT proposalsChanged();
+    m_selection.setGroups(proposals);
     Q_EMIT changed();
 }
 
 void OrganizerVM::setSelectedProposalID(std::optional<QUuid> id)
 {
-    m_selectedProposalID = id;
-    Q_EMIT selectedProposalIDChanged();
+    m_selection.setShownID(id);
+    Q_EMIT changed();
+}
+
+void OrganizerVM::showFirstProposal()
+{
+    m_selection.showFirst();
     Q_EMIT changed();
 }
 
 void OrganizerVM::setIsScanning(bool isScanning)
 {
     m_isScanning = isScanning;
-    Q_EMIT isScanningChanged();
     Q_EMIT changed();
 }
 
@@ -251,14 +200,12 @@ void OrganizerVM::setShowConfirm(bool show)
 void OrganizerVM::setTargetFolder(const FileURL& folder)
 {
     m_targetFolder = folder;
-    Q_EMIT targetFolderChanged();
     Q_EMIT changed();
 }
 
 void OrganizerVM::setActiveTarget(std::optional<QuickTarget> target)
 {
     m_activeTarget = target;
-    Q_EMIT activeTargetChanged();
     Q_EMIT changed();
 }
 

@@ -1,12 +1,10 @@
 #pragma once
 
+#include "Keelbright/state/GroupSelection.h"
 #include "KeelbrightCore/platform/system/Clock.h"
 #include "KeelbrightCore/storage/OrganizeProposal.h"
 
-#include <QList>
 #include <QObject>
-#include <QSet>
-#include <optional>
 
 namespace keelbright {
 
@@ -34,18 +32,21 @@ public:
                 QObject* parent = nullptr);
 
     /// The plan; a new one has its largest category first.
-    [[nodiscard]] const QList<OrganizeProposal>& proposals() const { return m_proposals; }
+    [[nodiscard]] const QList<OrganizeProposal>& proposals() const { return m_selection.groups(); }
 
     /// The category whose files are shown.
-    [[nodiscard]] std::optional<QUuid> selectedProposalID() const { return m_selectedProposalID; }
+    [[nodiscard]] std::optional<QUuid> selectedProposalID() const { return m_selection.shownID(); }
 
     void setSelectedProposalID(std::optional<QUuid> id);
+
+    /// Null where no proposal has the `selectedProposalID`.
+    [[nodiscard]] const OrganizeProposal* selectedProposal() const { return m_selection.shown(); }
 
     /// Proposals that are ticked as a whole.
     [[nodiscard]] const QSet<QUuid>& selectedCategories() const { return m_selectedCategories; }
 
     /// Files that a run moves.
-    [[nodiscard]] const QSet<QUuid>& selectedFiles() const { return m_selectedFiles; }
+    [[nodiscard]] const QSet<QUuid>& selectedFiles() const { return m_selection.ids(); }
 
     [[nodiscard]] bool isScanning() const { return m_isScanning; }
 
@@ -83,15 +84,8 @@ public:
     void execute();
 
 Q_SIGNALS:
-    void proposalsChanged();
-    void selectedProposalIDChanged();
-    void selectedCategoriesChanged();
-    void selectedFilesChanged();
-    void isScanningChanged();
     void showConfirmChanged();
-    void targetFolderChanged();
-    void activeTargetChanged();
-    /// Follows each of the above.
+    /// Any property was set.
     void changed();
 
 private:
@@ -102,20 +96,16 @@ private:
     void showPlan(const QList<OrganizeProposal>& plan);
     void selectAll();
     void selectNothing();
-    /// Both sets at once, so that no observer finds them apart.
-    void announceSelection();
-    [[nodiscard]] const OrganizeProposal* proposalWithID(const QUuid& id) const;
-    [[nodiscard]] qint64 selectedBytes() const;
+    void showFirstProposal();
+    /// Whether it is ticked as a whole follows from its files.
+    void updateCategory(const OrganizeProposal& proposal);
     void logRun(qint64 moved, qint64 bytes) const;
-    void dropSelectedFiles();
 
     ActivityStore& m_activityStore;
     FolderChooser& m_folderChooser;
     Clock m_clock;
-    QList<OrganizeProposal> m_proposals;
-    std::optional<QUuid> m_selectedProposalID;
+    GroupSelection<OrganizeProposal, &OrganizeProposal::files> m_selection;
     QSet<QUuid> m_selectedCategories;
-    QSet<QUuid> m_selectedFiles;
     bool m_isScanning = false;
     bool m_showConfirm = false;
     std::optional<FileURL> m_targetFolder;

@@ -201,15 +201,14 @@ TEST_F(OrganizerVMTest, ofTwoScansAtOnceTheLastToEndStands)
     model.scan(QuickTarget::desktop);
     model.scan(QuickTarget::downloads);
     ASSERT_TRUE(fm.arrived.tryAcquire(2, 20'000));
-    const QSignalSpy plans(&model, &OrganizerVM::proposalsChanged);
     fm.go.release();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return plans.count() == 1; }, 20'000));
-    EXPECT_FALSE(model.isScanning());
+    waitForPlan();
     const QStringList first = plan();
     fm.go.release();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return plans.count() == 2; }, 20'000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return plan() != first; }, 20'000));
     EXPECT_THAT((QStringList{first + plan()}),
                 ::testing::UnorderedElementsAre(u"Images: a.png"_s, u"Audio: b.mp3"_s));
+    EXPECT_FALSE(model.isScanning());
     EXPECT_EQ(model.selectedFiles(), allFiles());
     EXPECT_EQ(model.targetFolder(), downloads());
     waitForTasks();
@@ -315,33 +314,51 @@ TEST_F(OrganizerVMTest, anEmptyPlanCountsAsAllSelected)
     EXPECT_THAT(model.selectedCategories(), IsEmpty());
 }
 
-TEST_F(OrganizerVMTest, everyPropertyAnnouncesItsChange)
+TEST_F(OrganizerVMTest, aScanAnnouncesItsStepsInOrder)
 {
     write("a.png", 10);
-    const QSignalSpy proposals(&model, &OrganizerVM::proposalsChanged);
-    const QSignalSpy open(&model, &OrganizerVM::selectedProposalIDChanged);
-    const QSignalSpy categories(&model, &OrganizerVM::selectedCategoriesChanged);
-    const QSignalSpy files(&model, &OrganizerVM::selectedFilesChanged);
-    const QSignalSpy scanning(&model, &OrganizerVM::isScanningChanged);
-    const QSignalSpy confirm(&model, &OrganizerVM::showConfirmChanged);
-    const QSignalSpy folder(&model, &OrganizerVM::targetFolderChanged);
-    const QSignalSpy target(&model, &OrganizerVM::activeTargetChanged);
+    QStringList steps;
+    QObject::connect(&model, &OrganizerVM::changed, &model, [&] {
+        steps.append(QStringLiteral("%1, %2 planned, %3 files of %4 ticked, %5")
+                         .arg(model.isScanning() ? u"scans"_s : u"idle"_s)
+                         .arg(model.proposals().size())
+                         .arg(model.selectedFiles().size())
+                         .arg(model.selectedCategories().size())
+                         .arg(model.selectedProposal() != nullptr ? u"one open"_s : u"none open"_s));
+    });
     scanDownloads();
-    for (const QSignalSpy* spy : {&proposals, &open, &categories, &files, &scanning})
-        EXPECT_EQ(spy->count(), 2);
-    EXPECT_EQ(folder.count(), 1);
-    EXPECT_EQ(target.count(), 1);
-    model.setShowConfirm(true);
-    EXPECT_EQ(confirm.count(), 1);
-    EXPECT_TRUE(model.showConfirm());
-    model.setSelectedProposalID(std::nullopt);
-    EXPECT_EQ(open.count(), 3);
-    EXPECT_FALSE(model.selectedProposalID().has_value());
+    steps.clear();
+    model.scan(downloads());
+    waitForPlan();
+    EXPECT_EQ(steps, (QStringList{u"idle, 1 planned, 1 files of 1 ticked, one open"_s,
+                                  u"scans, 1 planned, 1 files of 1 ticked, one open"_s,
+                                  u"scans, 0 planned, 1 files of 1 ticked, none open"_s,
+                                  u"scans, 0 planned, 0 files of 0 ticked, none open"_s,
+                                  u"scans, 0 planned, 0 files of 0 ticked, none open"_s,
+                                  u"scans, 1 planned, 0 files of 0 ticked, none open"_s,
+                                  u"scans, 1 planned, 1 files of 1 ticked, none open"_s,
+                                  u"scans, 1 planned, 1 files of 1 ticked, one open"_s,
+                                  u"idle, 1 planned, 1 files of 1 ticked, one open"_s}));
+}
+
+TEST_F(OrganizerVMTest, eachSetIsAnnouncedOnce)
+{
+    const QSignalSpy confirmation(&model, &OrganizerVM::showConfirmChanged);
     const QSignalSpy changes(&model, &OrganizerVM::changed);
+    model.setShowConfirm(true);
+    EXPECT_TRUE(model.showConfirm());
+    EXPECT_EQ(confirmation.count(), 1);
+    EXPECT_EQ(changes.count(), 1);
+    model.setActiveTarget(QuickTarget::desktop);
+    EXPECT_EQ(model.activeTarget(), QuickTarget::desktop);
+    EXPECT_EQ(changes.count(), 2);
+    model.setSelectedProposalID(QUuid::createUuid());
+    EXPECT_EQ(changes.count(), 3);
+    model.setFile(QUuid::createUuid(), true, QUuid());
+    EXPECT_EQ(changes.count(), 4);
     model.toggleSelectAll();
-    EXPECT_EQ(files.count(), 3);
-    EXPECT_EQ(categories.count(), 3);
-    EXPECT_GE(changes.count(), 1);
+    EXPECT_EQ(changes.count(), 5);
+    EXPECT_EQ(confirmation.count(), 1);
 }
 
 } // namespace keelbright::testing
