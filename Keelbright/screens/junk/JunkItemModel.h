@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Keelbright/screens/junk/FolderLookup.h"
+#include "Keelbright/state/FolderLookup.h"
 #include "Keelbright/state/JunkCleanerVM.h"
 #include "Keelbright/widgets/rows/RowModel.h"
 

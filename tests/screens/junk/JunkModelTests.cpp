@@ -3,44 +3,13 @@
 #include "tests/screens/shared/ScreenTestCase.h"
 
 #include <QFile>
-#include <QMutex>
-#include <QSemaphore>
+#include <QSignalSpy>
 
 namespace keelbright::testing {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Counts which places are looked up, and may not answer for as long as it is told.
-class SlowLookups : public SandboxFileManager
-{
-public:
-    using SandboxFileManager::SandboxFileManager;
-
-    FileExistence fileExists(const FileURL& url) const override
-    {
-        {
-            const QMutexLocker lock(&m_mutex);
-            m_asked.append(url.lastPathComponent());
-        }
-        gate.acquire();
-        gate.release();
-        return SandboxFileManager::fileExists(url);
-    }
-
-    [[nodiscard]] QStringList asked() const
-    {
-        const QMutexLocker lock(&m_mutex);
-        return m_asked;
-    }
-
-    mutable QSemaphore gate; ///< open once it was released
-
-private:
-    mutable QMutex m_mutex;
-    mutable QStringList m_asked;
-};
 
 class JunkModelTests : public ScreenTestCase
 {
@@ -61,10 +30,9 @@ protected:
     /// When every answer is in.
     [[nodiscard]] static QStringList settledSymbols(const JunkItemModel& model)
     {
+        const QSignalSpy answered(&model, &QAbstractItemModel::dataChanged);
         (void)symbols(model);
-        turnFrame();
-        waitForBackgroundWork();
-        turnFrame();
+        turnUntil([&] { return answered.count() > 0; });
         return symbols(model);
     }
 
@@ -100,57 +68,28 @@ TEST_F(JunkModelTests, anItemsIconSaysWhatItIs)
                            u"doc.fill"_s, u"doc.fill"_s, u"folder.fill"_s, u"doc.fill"_s}));
 }
 
-TEST_F(JunkModelTests, onlyWhatIsShownIsLookedUpAndOnlyOnce)
-{
-    SlowLookups lookups(mac.root());
-    lookups.gate.release();
-    const FileManagerGuard guard(lookups);
-    JunkItemModel model(vm);
-    model.setItems({itemAt("a"), itemAt("b"), itemAt("c")});
-    turnFrame();
-    waitForBackgroundWork();
-    EXPECT_TRUE(lookups.asked().isEmpty());
-    for (int i = 0; i < 3; ++i) {
-        (void)model.rowAt(1);
-        turnFrame();
-        waitForBackgroundWork();
-        turnFrame();
-    }
-    EXPECT_EQ(lookups.asked(), QStringList(u"b"_s));
-}
-
-TEST_F(JunkModelTests, aPlaceThatDoesNotAnswerHoldsNothingUp)
+TEST_F(JunkModelTests, itemsAreFoldersUntilTheAnswerIsThere)
 {
     mac.writeFile("file", "x");
-    SlowLookups lookups(mac.root());
-    const FileManagerGuard guard(lookups);
     JunkItemModel model(vm);
-    model.setItems({itemAt("file"), itemAt("other")});
+    model.setItems({itemAt("file")});
+    const QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
     EXPECT_EQ(model.rowAt(0).symbol, u"folder.fill"_s);
-    turnUntil([&] { return !lookups.asked().isEmpty(); });
-    // More questions wait for the first, and take no further thread.
-    EXPECT_EQ(model.rowAt(1).symbol, u"folder.fill"_s);
-    turnFrame();
-    EXPECT_EQ(lookups.asked(), QStringList(u"file"_s));
-    lookups.gate.release();
-    turnUntil([&] { return model.rowAt(1).symbol == u"doc.fill"_s; });
+    turnUntil([&] { return changed.count() == 1; });
     EXPECT_EQ(model.rowAt(0).symbol, u"doc.fill"_s);
-    EXPECT_EQ(lookups.asked(), (QStringList{u"file"_s, u"other"_s}));
 }
 
-TEST_F(JunkModelTests, theListMayGoBeforeTheAnswer)
+TEST_F(JunkModelTests, otherItemsAreLookedUpAgain)
 {
-    SlowLookups lookups(mac.root());
-    const FileManagerGuard guard(lookups);
-    auto model = std::make_unique<JunkItemModel>(vm);
-    model->setItems({itemAt("a")});
-    (void)model->rowAt(0);
-    turnUntil([&] { return !lookups.asked().isEmpty(); });
-    model.reset();
-    lookups.gate.release();
-    waitForBackgroundWork();
-    turnFrame();
-    EXPECT_EQ(lookups.asked(), QStringList(u"a"_s));
+    const JunkItem item = itemAt("place");
+    mac.writeFile("place", "x");
+    JunkItemModel model(vm);
+    model.setItems({item});
+    EXPECT_EQ(settledSymbols(model), QStringList{u"doc.fill"_s});
+    QFile::remove(item.url.path());
+    mac.makeFolder("place");
+    model.setItems({item, itemAt("other")});
+    EXPECT_EQ(settledSymbols(model), (QStringList{u"folder.fill"_s, u"doc.fill"_s}));
 }
 
 } // namespace keelbright::testing

@@ -1,4 +1,4 @@
-#include "Keelbright/screens/junk/FolderLookup.h"
+#include "Keelbright/state/FolderLookup.h"
 
 #include "Keelbright/state/Delivery.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
@@ -15,7 +15,7 @@ std::optional<bool> FolderLookup::isFolder(const QUuid& id, const FileURL& url)
     if (known != m_answers.constEnd())
         return *known;
     m_waiting.insert(id, url);
-    // The rows of one frame are asked for together.
+    // One job asks for all rows of a frame.
     if (!m_isAsking) {
         m_isAsking = true;
         QMetaObject::invokeMethod(this, &FolderLookup::askNext, Qt::QueuedConnection);
@@ -49,7 +49,7 @@ void FolderLookup::askNext()
             [this, generation = m_generation](const Answers& answers) {
                 if (generation == m_generation) {
                     m_answers.insert(answers);
-                    // Painted again while the question was on its way.
+                    // Asked for again in the meantime.
                     for (auto answer = answers.begin(); answer != answers.end(); ++answer)
                         m_waiting.remove(answer.key());
                     Q_EMIT found();

@@ -9,9 +9,9 @@
 
 namespace keelbright {
 
-/// Finds out in the background which items are folders, for lists that ask about the rows on screen:
-/// a place that does not answer, such as a drive on a lost network, holds up neither painting nor
-/// more than one thread. Main thread.
+/// Looks up in the background which items are folders, for a list that asks about the rows on screen.
+/// A place that does not answer, such as a drive on a lost network, blocks one thread, never the
+/// painting. Main thread.
 class FolderLookup : public QObject
 {
     Q_OBJECT
@@ -19,10 +19,10 @@ class FolderLookup : public QObject
 public:
     using QObject::QObject;
 
-    /// Nothing while it is not known; then the answer is on its way, and `found` follows. A link is
-    /// what it leads to; what does not exist is no folder.
+    /// Absent until it is known; `found` then follows. A link counts as what it leads to, and what does
+    /// not exist as no folder.
     [[nodiscard]] std::optional<bool> isFolder(const QUuid& id, const FileURL& url);
-    /// Things may have changed on disk: asks anew.
+    /// Looks everything up again, as it may have changed on disk.
     void forget();
 
 Q_SIGNALS:
@@ -38,7 +38,7 @@ private:
     Answers m_answers;
     Questions m_waiting; ///< for the next job
     bool m_isAsking = false;
-    int m_generation = 0; ///< tells an answer from before `forget`
+    int m_generation = 0; ///< counts the calls of `forget`; older answers are dropped
 };
 
 } // namespace keelbright
