@@ -86,10 +86,9 @@ void AppManagerView::showDetail(QWidget* detail)
 
 void AppManagerView::dropApp(const AppInfo& app)
 {
-    QList<AppInfo> apps = m_context.state.scannedApps();
-    apps.removeIf([&app](const AppInfo& other) { return other.id == app.id; });
+    const QUuid id = app.id;
     setSelectedApp(std::nullopt);
-    m_context.state.setScannedApps(apps);
+    m_context.state.removeScannedApp(id);
     m_list->focusList();
 }
 

@@ -69,6 +69,8 @@ public:
     [[nodiscard]] const QList<AppInfo>& scannedApps() const { return m_scannedApps; }
 
     void setScannedApps(const QList<AppInfo>& apps);
+    /// Removes every application with this id from the list.
+    void removeScannedApp(const QUuid& id);
 
     [[nodiscard]] bool isAppScanning() const { return m_isAppScanning; }
 

@@ -39,6 +39,13 @@ void AppState::setHealthScore(const HealthScore& score)
     Q_EMIT changed();
 }
 
+void AppState::removeScannedApp(const QUuid& id)
+{
+    QList<AppInfo> remaining = m_scannedApps;
+    remaining.removeIf([&id](const AppInfo& app) { return app.id == id; });
+    setScannedApps(remaining);
+}
+
 void AppState::setScannedApps(const QList<AppInfo>& apps)
 {
     qCDebug(stateLog) << "applications:" << apps.size();

@@ -200,6 +200,19 @@ TEST_F(AppStateRefreshTest, openingTheDashboardWithAFilledListScansNothingButCom
     EXPECT_EQ(state->scannedApps(), first);
 }
 
+TEST_F(AppStateRefreshTest, aRemovedApplicationLeavesTheList)
+{
+    addApplications();
+    const auto state = makeState();
+    state->refreshAppsIfNeeded();
+    waitForApps(*state);
+    QList<AppInfo> expected = state->scannedApps();
+    const QSignalSpy changes(state.get(), &AppState::scannedAppsChanged);
+    state->removeScannedApp(expected.takeAt(3).id);
+    EXPECT_EQ(state->scannedApps(), expected);
+    EXPECT_EQ(changes.count(), 1);
+}
+
 TEST_F(AppStateRefreshTest, anEmptyListIsAskedForAgain)
 {
     const auto state = makeState();
