@@ -25,6 +25,8 @@ struct AppLeftover
     [[nodiscard]] static QString icon(Kind kind);
 
     [[nodiscard]] QString formattedSize() const;
+
+    friend bool operator==(const AppLeftover&, const AppLeftover&) = default;
 };
 
 } // namespace keelbright

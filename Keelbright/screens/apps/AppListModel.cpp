@@ -10,7 +10,7 @@ namespace keelbright {
 using namespace Qt::StringLiterals;
 
 AppListModel::AppListModel(AppIcons& icons, QObject* parent)
-    : RowModel(parent)
+    : ItemRowModel(parent)
     , m_icons(icons)
 {
     connect(&m_icons, &AppIcons::loaded, this, &AppListModel::redrawRowOf);
@@ -42,30 +42,17 @@ void AppListModel::setFilter(const AppFilter& filter)
 
 void AppListModel::applyFilter()
 {
-    beginResetModel();
-    m_filtered = m_index.filteredApps(m_filter);
-    endResetModel();
-}
-
-int AppListModel::rowOf(const QUuid& id) const
-{
-    const auto found = std::ranges::find(m_filtered, id, &AppInfo::id);
-    return found == m_filtered.end() ? -1 : static_cast<int>(found - m_filtered.begin());
-}
-
-int AppListModel::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : static_cast<int>(m_filtered.size());
+    setItems(m_index.filteredApps(m_filter));
 }
 
 QString AppListModel::titleAt(int row) const
 {
-    return m_filtered.at(row).name;
+    return itemAt(row).name;
 }
 
 ListRow AppListModel::rowAt(int row) const
 {
-    const AppInfo& app = m_filtered.at(row);
+    const AppInfo& app = itemAt(row);
     const UsageLook look = lookOf(app.usageCategory);
     ListRow shown;
     shown.image = m_icons.icon(app.url, Metrics::tile);
@@ -83,10 +70,10 @@ ListRow AppListModel::rowAt(int row) const
 
 void AppListModel::redrawRowOf(const FileURL& bundle)
 {
-    const auto found = std::ranges::find(m_filtered, bundle, &AppInfo::url);
-    if (found == m_filtered.end())
+    const auto found = std::ranges::find(items(), bundle, &AppInfo::url);
+    if (found == items().end())
         return;
-    const int row = static_cast<int>(found - m_filtered.begin());
+    const int row = static_cast<int>(found - items().begin());
     announceRows(row, row);
 }
 

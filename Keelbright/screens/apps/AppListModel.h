@@ -1,14 +1,14 @@
 #pragma once
 
 #include "Keelbright/state/AppFilter.h"
-#include "Keelbright/widgets/rows/RowModel.h"
+#include "Keelbright/widgets/rows/ItemRowModel.h"
 
 namespace keelbright {
 
 class AppIcons;
 
 /// The applications that a filter lets through, as rows.
-class AppListModel : public RowModel
+class AppListModel : public ItemRowModel<AppInfo>
 {
     Q_OBJECT
 
@@ -25,12 +25,8 @@ public:
 
     [[nodiscard]] const AppFilter& filter() const { return m_filter; }
 
-    [[nodiscard]] const QList<AppInfo>& filteredApps() const { return m_filtered; }
+    [[nodiscard]] const QList<AppInfo>& filteredApps() const { return items(); }
 
-    /// -1 where the filter does not let it through.
-    [[nodiscard]] int rowOf(const QUuid& id) const;
-
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] ListRow rowAt(int row) const override;
     [[nodiscard]] QString titleAt(int row) const override;
 
@@ -41,7 +37,6 @@ private:
     AppIcons& m_icons;
     AppIndex m_index;
     AppFilter m_filter;
-    QList<AppInfo> m_filtered;
 };
 
 } // namespace keelbright

@@ -139,7 +139,7 @@ QWidget* AppListPanel::makeList()
     m_list = new RowListView(RowListView::Look::panel, tr("Applications"), listed);
     m_list->setRowModel(&m_model);
     connect(m_list, &RowListView::currentRowChanged, this,
-            [this](int row) { Q_EMIT appSelected(m_model.filteredApps().at(row)); });
+            [this](int row) { Q_EMIT appSelected(m_model.itemAt(row)); });
     connect(m_list, &RowListView::currentRowCleared, this, &AppListPanel::selectionCleared);
     connect(m_list, &RowListView::actionPressed, this, &AppListPanel::press);
     column->addWidget(m_list, 1);
@@ -175,7 +175,7 @@ void AppListPanel::setFilter(const AppFilter& filter)
 
 void AppListPanel::press(int row, const RowAction& action)
 {
-    const AppInfo app = m_model.filteredApps().at(row);
+    const AppInfo app = m_model.itemAt(row);
     if (action.isDelete)
         Q_EMIT removalRequested(app);
     else

@@ -6,26 +6,14 @@ namespace keelbright {
 
 using namespace Qt::StringLiterals;
 
-void LeftoverListModel::setLeftovers(const QList<AppLeftover>& leftovers)
-{
-    beginResetModel();
-    m_leftovers = leftovers;
-    endResetModel();
-}
-
-int LeftoverListModel::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : static_cast<int>(m_leftovers.size());
-}
-
 QString LeftoverListModel::titleAt(int row) const
 {
-    return m_leftovers.at(row).url.lastPathComponent();
+    return itemAt(row).url.lastPathComponent();
 }
 
 ListRow LeftoverListModel::rowAt(int row) const
 {
-    const AppLeftover& leftover = m_leftovers.at(row);
+    const AppLeftover& leftover = itemAt(row);
     ListRow shown;
     shown.symbol = AppLeftover::icon(leftover.kind);
     shown.symbolColor = Role::orange;

@@ -53,7 +53,7 @@ QWidget* LeftoversSection::makeList()
     m_list = new RowListView(RowListView::Look::table, tr("Associated Files"), found);
     m_list->setRowModel(&m_rows);
     connect(m_list, &RowListView::actionPressed, this,
-            [this](int row) { m_workspace.reveal(m_rows.leftovers().at(row).url); });
+            [this](int row) { m_workspace.reveal(m_rows.itemAt(row).url); });
     column->addWidget(m_list);
     m_total = new NumberLabel({}, FontRole::bodyStrong, Role::primaryText, found);
     m_total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -68,7 +68,7 @@ void LeftoversSection::redraw()
 {
     const bool isScanning = m_model.isLoadingLeftovers();
     const bool isEmpty = m_model.leftovers().isEmpty();
-    m_rows.setLeftovers(m_model.leftovers());
+    m_rows.setItems(m_model.leftovers());
     m_list->setFixedHeight(std::min(m_rows.rowCount(), highestRows) * RowMetrics::tableRow);
     const QString total = tr("Total: %1").arg(ByteCountFormatter::string(m_model.totalLeftoverBytes()));
     m_total->setText(total);

@@ -2,23 +2,6 @@
 
 namespace keelbright {
 
-namespace {
-
-Qt::CheckState checkState(JunkCleanerVM::SelectionState state)
-{
-    switch (state) {
-    case JunkCleanerVM::SelectionState::none:
-        return Qt::Unchecked;
-    case JunkCleanerVM::SelectionState::partial:
-        return Qt::PartiallyChecked;
-    case JunkCleanerVM::SelectionState::all:
-        return Qt::Checked;
-    }
-    Q_UNREACHABLE();
-}
-
-} // namespace
-
 Role junkCategoryColor(const QString& id)
 {
     if (id == JunkCategoryID::userCaches)
@@ -37,70 +20,33 @@ Role junkCategoryColor(const QString& id)
 }
 
 JunkCategoryModel::JunkCategoryModel(const JunkCleanerVM& vm, QObject* parent)
-    : RowModel(parent)
+    : GroupListModel(parent)
     , m_vm(vm)
-{
-    update();
-}
+{}
 
-int JunkCategoryModel::rowCount(const QModelIndex& parent) const
+ListRow JunkCategoryModel::makeRow(const JunkCategory& category) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_categories.size());
-}
-
-ListRow JunkCategoryModel::rowAt(int row) const
-{
-    const JunkCategory& category = m_categories.at(row);
     const QString count = QString::number(category.items.size());
-    ListRow shown;
-    shown.mark = ListRow::Mark::circle;
-    shown.markState = checkState(m_numbers.at(row).state);
-    shown.symbol = category.icon;
-    shown.symbolColor = junkCategoryColor(category.id);
-    shown.title = category.title;
-    shown.detail = category.items.size() == 1 ? tr("%1 item").arg(count) : tr("%1 items").arg(count);
-    shown.value = m_numbers.at(row).size;
-    return shown;
+    ListRow row;
+    row.symbol = category.icon;
+    row.symbolColor = junkCategoryColor(category.id);
+    row.title = category.title;
+    row.detail = category.items.size() == 1 ? tr("%1 item").arg(count) : tr("%1 items").arg(count);
+    row.value = category.formattedSize();
+    return row;
 }
 
-QString JunkCategoryModel::titleAt(int row) const
+Qt::CheckState JunkCategoryModel::markOf(const JunkCategory& category) const
 {
-    return m_categories.at(row).title;
-}
-
-int JunkCategoryModel::rowOf(const std::optional<QString>& id) const
-{
-    for (int row = 0; row < rowCount(); ++row) {
-        if (m_categories.at(row).id == id)
-            return row;
+    switch (m_vm.selectionState(category)) {
+    case SelectionState::none:
+        return Qt::Unchecked;
+    case SelectionState::partial:
+        return Qt::PartiallyChecked;
+    case SelectionState::all:
+        return Qt::Checked;
     }
-    return -1;
-}
-
-void JunkCategoryModel::update()
-{
-    if (m_categories != m_vm.categories())
-        updateCategories();
-    updateSelection();
-}
-
-void JunkCategoryModel::updateCategories()
-{
-    beginResetModel();
-    m_categories = m_vm.categories();
-    m_numbers.clear();
-    for (const JunkCategory& category : std::as_const(m_categories))
-        m_numbers.append({category.formattedSize()});
-    endResetModel();
-}
-
-void JunkCategoryModel::updateSelection()
-{
-    for (int row = 0; row < m_categories.size(); ++row) {
-        const JunkCleanerVM::SelectionState state = m_vm.selectionState(m_categories.at(row));
-        if (std::exchange(m_numbers[row].state, state) != state)
-            announceRows(row, row);
-    }
+    Q_UNREACHABLE();
 }
 
 } // namespace keelbright

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Keelbright/screens/shared/GroupListModel.h"
 #include "Keelbright/state/JunkCleanerVM.h"
-#include "Keelbright/widgets/rows/RowModel.h"
 
 namespace keelbright {
 
@@ -9,7 +9,7 @@ namespace keelbright {
 [[nodiscard]] Role junkCategoryColor(const QString& id);
 
 /// The kinds of junk as rows, with how much of each is ticked.
-class JunkCategoryModel : public RowModel
+class JunkCategoryModel : public GroupListModel<JunkCategory>
 {
     Q_OBJECT
 
@@ -17,32 +17,12 @@ public:
     /// `vm` outlives the model.
     explicit JunkCategoryModel(const JunkCleanerVM& vm, QObject* parent = nullptr);
 
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
-    [[nodiscard]] ListRow rowAt(int row) const override;
-    [[nodiscard]] QString titleAt(int row) const override;
-
-    /// Shows what the screen's model has now.
-    void update();
-
-    [[nodiscard]] const JunkCategory& categoryAt(int row) const { return m_categories.at(row); }
-
-    /// -1 for none.
-    [[nodiscard]] int rowOf(const std::optional<QString>& id) const;
+protected:
+    [[nodiscard]] ListRow makeRow(const JunkCategory& category) const override;
+    [[nodiscard]] Qt::CheckState markOf(const JunkCategory& category) const override;
 
 private:
-    /// What would cost a walk over all items for each painting.
-    struct Numbers
-    {
-        QString size;
-        JunkCleanerVM::SelectionState state = JunkCleanerVM::SelectionState::none;
-    };
-
-    void updateCategories();
-    void updateSelection();
-
     const JunkCleanerVM& m_vm;
-    QList<JunkCategory> m_categories;
-    QList<Numbers> m_numbers;
 };
 
 } // namespace keelbright

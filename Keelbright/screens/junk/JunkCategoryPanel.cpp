@@ -34,16 +34,16 @@ void JunkCategoryPanel::addList()
     m_list->setRowModel(m_model);
     m_states->addWidget(m_list);
     connect(m_list, &RowListView::currentRowChanged, this,
-            [this](int row) { m_vm.setSelectedCategoryID(m_model->categoryAt(row).id); });
+            [this](int row) { m_vm.setSelectedCategoryID(m_model->itemAt(row).id); });
     connect(m_list, &RowListView::currentRowCleared, this,
             [this] { m_vm.setSelectedCategoryID(std::nullopt); });
     connect(m_list, &RowListView::markPressed, this,
-            [this](int row) { m_vm.toggleAll(m_model->categoryAt(row)); });
+            [this](int row) { m_vm.toggleAll(m_model->itemAt(row)); });
 }
 
 void JunkCategoryPanel::redraw()
 {
-    m_model->update();
+    m_model->setGroups(m_vm.categories());
     m_list->setCurrentRow(m_model->rowOf(m_vm.selectedCategoryID()));
     if (m_vm.isScanning())
         m_states->setCurrentWidget(m_busy);

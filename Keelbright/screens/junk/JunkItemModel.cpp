@@ -1,7 +1,5 @@
 #include "Keelbright/screens/junk/JunkItemModel.h"
 
-#include <algorithm>
-
 namespace keelbright {
 
 using namespace Qt::StringLiterals;
@@ -33,16 +31,11 @@ QString fileSymbol(const FileURL& url)
 } // namespace
 
 JunkItemModel::JunkItemModel(const JunkCleanerVM& vm, QObject* parent)
-    : RowModel(parent)
+    : ItemRowModel(parent)
     , m_vm(vm)
     , m_folders(new FolderLookup(this))
 {
     connect(m_folders, &FolderLookup::found, this, &RowModel::announceAllRows);
-}
-
-int JunkItemModel::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : static_cast<int>(m_items.size());
 }
 
 QString JunkItemModel::symbolOf(const JunkItem& item) const
@@ -54,7 +47,7 @@ QString JunkItemModel::symbolOf(const JunkItem& item) const
 
 ListRow JunkItemModel::rowAt(int row) const
 {
-    const JunkItem& item = m_items.at(row);
+    const JunkItem& item = itemAt(row);
     ListRow shown;
     shown.mark = ListRow::Mark::checkBox;
     shown.markState = m_vm.selectedItemIDs().contains(item.id) ? Qt::Checked : Qt::Unchecked;
@@ -71,23 +64,12 @@ ListRow JunkItemModel::rowAt(int row) const
 
 QString JunkItemModel::titleAt(int row) const
 {
-    return m_items.at(row).name();
+    return itemAt(row).name();
 }
 
-void JunkItemModel::setItems(const QList<JunkItem>& items)
+void JunkItemModel::prepareRows()
 {
-    if (m_items == items)
-        return;
-    beginResetModel();
-    m_items = items;
     m_folders->forget();
-    endResetModel();
-}
-
-int JunkItemModel::rowOf(const QUuid& id) const
-{
-    const auto found = std::ranges::find(m_items, id, &JunkItem::id);
-    return found == m_items.end() ? -1 : static_cast<int>(found - m_items.begin());
 }
 
 } // namespace keelbright

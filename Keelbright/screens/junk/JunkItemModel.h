@@ -2,12 +2,12 @@
 
 #include "Keelbright/state/FolderLookup.h"
 #include "Keelbright/state/JunkCleanerVM.h"
-#include "Keelbright/widgets/rows/RowModel.h"
+#include "Keelbright/widgets/rows/ItemRowModel.h"
 
 namespace keelbright {
 
 /// The items of one kind of junk as rows that can be ticked.
-class JunkItemModel : public RowModel
+class JunkItemModel : public ItemRowModel<JunkItem>
 {
     Q_OBJECT
 
@@ -15,22 +15,17 @@ public:
     /// `vm` outlives the model.
     explicit JunkItemModel(const JunkCleanerVM& vm, QObject* parent = nullptr);
 
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] ListRow rowAt(int row) const override;
     [[nodiscard]] QString titleAt(int row) const override;
 
-    [[nodiscard]] const QList<JunkItem>& items() const { return m_items; }
-
-    void setItems(const QList<JunkItem>& items);
-    /// -1 for none.
-    [[nodiscard]] int rowOf(const QUuid& id) const;
+protected:
+    void prepareRows() override;
 
 private:
     [[nodiscard]] QString symbolOf(const JunkItem& item) const;
 
     const JunkCleanerVM& m_vm;
     FolderLookup* m_folders;
-    QList<JunkItem> m_items;
 };
 
 } // namespace keelbright

@@ -30,18 +30,13 @@ QString fileIcon(const FileURL& url)
 } // namespace
 
 FileProposalModel::FileProposalModel(const OrganizerVM& vm, QObject* parent)
-    : RowModel(parent)
+    : ItemRowModel(parent)
     , m_vm(vm)
 {}
 
-int FileProposalModel::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : static_cast<int>(m_files.size());
-}
-
 ListRow FileProposalModel::rowAt(int row) const
 {
-    const FileProposal& file = m_files.at(row);
+    const FileProposal& file = itemAt(row);
     ListRow shown;
     shown.mark = ListRow::Mark::checkBox;
     shown.markState = m_vm.selectedFiles().contains(file.id) ? Qt::Checked : Qt::Unchecked;
@@ -58,18 +53,7 @@ ListRow FileProposalModel::rowAt(int row) const
 
 QString FileProposalModel::titleAt(int row) const
 {
-    return m_files.at(row).name();
-}
-
-void FileProposalModel::setFiles(const QList<FileProposal>& files)
-{
-    if (m_files == files) {
-        announceAllRows();
-        return;
-    }
-    beginResetModel();
-    m_files = files;
-    endResetModel();
+    return itemAt(row).name();
 }
 
 } // namespace keelbright

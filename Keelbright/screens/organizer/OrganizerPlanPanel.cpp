@@ -89,11 +89,11 @@ QWidget* OrganizerPlanPanel::makePlan()
     m_list = new RowListView(RowListView::Look::panel, tr("File categories"), this);
     m_list->setRowModel(m_model);
     connect(m_list, &RowListView::currentRowChanged, this,
-            [this](int row) { m_vm.setSelectedProposalID(m_model->idAt(row)); });
+            [this](int row) { m_vm.setSelectedProposalID(m_model->itemAt(row).id); });
     connect(m_list, &RowListView::currentRowCleared, this,
             [this] { m_vm.setSelectedProposalID(std::nullopt); });
     connect(m_list, &RowListView::markPressed, this,
-            [this](int row) { m_vm.toggleCategory(m_model->idAt(row)); });
+            [this](int row) { m_vm.toggleCategory(m_model->itemAt(row).id); });
     auto* plan = new QWidget(this);
     auto* column = new QVBoxLayout(plan);
     column->setContentsMargins(0, 8, 0, 0);
@@ -144,7 +144,7 @@ void OrganizerPlanPanel::redrawTargets()
 
 void OrganizerPlanPanel::redrawPlan()
 {
-    m_model->update();
+    m_model->setGroups(m_vm.proposals());
     m_list->setCurrentRow(m_model->rowOf(m_vm.selectedProposalID()));
 }
 

@@ -134,7 +134,7 @@ TEST(LeftoverListModel, isSoundAndTellsNameKindAndSize)
 {
     LeftoverListModel model;
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
-    model.setLeftovers({{.url = FileURL::fromPath(u"/Users/mira/Library/Caches/org.example.ink"_s),
+    model.setItems({{.url = FileURL::fromPath(u"/Users/mira/Library/Caches/org.example.ink"_s),
                          .sizeBytes = 1'200'000,
                          .kind = AppLeftover::Kind::cache}});
     const ListRow row = model.rowAt(0);
@@ -147,7 +147,7 @@ TEST(LeftoverListModel, isSoundAndTellsNameKindAndSize)
     EXPECT_EQ(row.actions.first().symbol, u"arrow.up.forward.square"_s);
     EXPECT_EQ(row.actions.first().name, u"Reveal in Finder"_s);
     EXPECT_FALSE(row.actions.first().isDelete);
-    model.setLeftovers({});
+    model.setItems({});
     EXPECT_EQ(model.rowCount(), 0);
 }
 
