@@ -16,9 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int narrowestList = 280;
-constexpr int usualList = 330;
-constexpr int narrowestDetail = 340;
+constexpr int minimumListWidth = 280;
+constexpr int listWidth = 330;
+constexpr int minimumDetailWidth = 340;
 
 } // namespace
 
@@ -29,11 +29,11 @@ AppManagerView::AppManagerView(const ScreenContext& context, QWidget* parent)
 {
     auto* right = new Ground(Role::window);
     m_right = right->content();
-    m_list->setMinimumWidth(narrowestList);
+    m_list->setMinimumWidth(minimumListWidth);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(makeSplit(m_list, right, usualList, this));
-    right->setMinimumWidth(narrowestDetail);
+    layout->addWidget(makeSplit(m_list, right, listWidth, this));
+    right->setMinimumWidth(minimumDetailWidth);
     setSelectedApp(std::nullopt);
 
     connect(m_list, &AppListPanel::appSelected, this, &AppManagerView::setSelectedApp);
@@ -74,13 +74,13 @@ void AppManagerView::setSelectedApp(const std::optional<AppInfo>& app)
 void AppManagerView::showDetail(QWidget* detail)
 {
     if (m_detail != nullptr) {
-        // An answer in the old panel may have led here.
+        // The caller may be a slot of the old panel.
         m_detail->hide();
         m_detail->deleteLater();
     }
     m_detail = detail;
     m_right->addWidget(detail);
-    // The layout alone would do so a turn of the event loop later.
+    // The layout alone would show it one turn of the event loop later.
     detail->show();
 }
 

@@ -15,9 +15,8 @@ namespace keelbright {
 class AppDetailPanel;
 class AppListPanel;
 
-/// The installed applications with the verdicts on their use, and beside them the one that is
-/// selected. The list is the state's; what is selected, filtered, sorted and searched is the
-/// screen's own and goes with it.
+/// The installed applications with the verdicts on their use, and beside them the selected one. The
+/// list belongs to the state; selection, filter, order and search belong to the screen and end with it.
 class AppManagerView : public QWidget
 {
     Q_OBJECT
@@ -27,7 +26,7 @@ public:
 
     [[nodiscard]] const std::optional<AppInfo>& selectedApp() const { return m_selectedApp; }
 
-    /// Lists the applications anew; nothing is selected any more.
+    /// Clears the selection and lists the applications again.
     void scanApps();
 
 private:

@@ -49,7 +49,7 @@ JunkCleanerView::JunkCleanerView(const ScreenContext& context, QWidget* parent)
 
 JunkCleanerView::~JunkCleanerView()
 {
-    // Their lists read the model to the last.
+    // Their lists read the model, which is destroyed before the other children.
     delete m_panels;
 }
 
@@ -74,7 +74,10 @@ void JunkCleanerView::watchModel()
 {
     connect(&m_vm, &JunkCleanerVM::changed, &m_frames, &FrameThrottle::request);
     connect(&m_frames, &FrameThrottle::frame, this, &JunkCleanerView::redraw);
-    connect(&m_vm, &JunkCleanerVM::showCleanConfirmChanged, this, &JunkCleanerView::followConfirmation);
+    connect(&m_vm, &JunkCleanerVM::showCleanConfirmChanged, this, [this] {
+        if (m_vm.showCleanConfirm())
+            ask();
+    });
 }
 
 void JunkCleanerView::showEvent(QShowEvent* event)
@@ -84,7 +87,7 @@ void JunkCleanerView::showEvent(QShowEvent* event)
     if (event->spontaneous() || !m_vm.categories().isEmpty())
         return;
     rescan();
-    // Before the first picture, which would say that all is clean.
+    // At once, or the first frame would say that all is clean.
     redraw();
 }
 
@@ -114,7 +117,7 @@ void JunkCleanerView::redrawBottomBar()
                                                 : tr("%1 items selected").arg(count),
                                   selectedSize());
     m_toggleAll->setCaption(selected == 0 ? tr("Select All") : tr("Deselect All"));
-    // The items of the last scan are out of sight, and gone when the next result is in.
+    // The items of the last scan are hidden, and the next result replaces them.
     m_toggleAll->setEnabled(!m_vm.isScanning());
     m_rescan->setEnabled(!m_vm.isScanning());
     m_clean->setEnabled(selected > 0);
@@ -131,12 +134,6 @@ void JunkCleanerView::toggleEverything()
 QString JunkCleanerView::selectedSize() const
 {
     return L10n::Formatters::bytes(m_vm.totalSelectedBytes());
-}
-
-void JunkCleanerView::followConfirmation()
-{
-    if (m_vm.showCleanConfirm())
-        ask();
 }
 
 void JunkCleanerView::ask()

@@ -16,8 +16,8 @@ class JunkItemPanel;
 class SelectionSummary;
 struct ScreenContext;
 
-/// The screen on which the user looks through junk and sends it to the Trash: the kinds at the left,
-/// the items of one at the right, and what is ticked at the bottom. Scans when it comes up.
+/// The screen for looking through junk and moving it to the Trash: the kinds of junk at the left, the
+/// items of one kind at the right, and what is ticked at the bottom. Scans when it is shown.
 class JunkCleanerView : public QWidget
 {
     Q_OBJECT
@@ -37,7 +37,6 @@ private:
     void redrawBottomBar();
     void rescan();
     void toggleEverything();
-    void followConfirmation();
     void ask();
     [[nodiscard]] QString selectedSize() const;
 

@@ -40,7 +40,7 @@ OrganizerView::OrganizerView(const ScreenContext& context, QWidget* parent)
 
 OrganizerView::~OrganizerView()
 {
-    // Their lists read the model to the last.
+    // Their lists read the model, which is destroyed before the other children.
     delete m_panels;
 }
 
@@ -48,7 +48,10 @@ void OrganizerView::watchModel()
 {
     connect(&m_vm, &OrganizerVM::changed, &m_frames, &FrameThrottle::request);
     connect(&m_frames, &FrameThrottle::frame, this, &OrganizerView::redraw);
-    connect(&m_vm, &OrganizerVM::showConfirmChanged, this, &OrganizerView::followConfirmation);
+    connect(&m_vm, &OrganizerVM::showConfirmChanged, this, [this] {
+        if (m_vm.showConfirm())
+            ask();
+    });
     connect(&NotificationCenter::defaultCenter(), &NotificationCenter::posted, this, &OrganizerView::receive);
 }
 
@@ -78,12 +81,6 @@ void OrganizerView::rescan()
         m_vm.scan(*target);
     else
         m_vm.scan(*folder);
-}
-
-void OrganizerView::followConfirmation()
-{
-    if (m_vm.showConfirm())
-        ask();
 }
 
 void OrganizerView::ask()

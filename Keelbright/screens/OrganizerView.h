@@ -30,7 +30,6 @@ private:
     void receive(const QString& name, const QVariant& object);
     void redraw();
     void rescan();
-    void followConfirmation();
     void ask();
 
     AlertPresenter& m_alerts;

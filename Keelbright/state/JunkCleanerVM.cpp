@@ -9,7 +9,7 @@ namespace keelbright {
 
 namespace {
 
-/// Moves each item that can be moved; gives the ids of those.
+/// Returns the ids of the items that could be moved.
 QSet<QUuid> moveToTrash(const QList<JunkItem>& items)
 {
     FileManager& fileManager = FileManager::defaultManager();

@@ -24,7 +24,7 @@ public:
     explicit JunkCleanerVM(ActivityStore& activityStore, Clock clock = systemClock,
                            QObject* parent = nullptr);
 
-    /// What the last scan found, without what has been cleaned since; kept while a scan runs.
+    /// What the last scan found and was not cleaned since; kept while a new scan runs.
     [[nodiscard]] const QList<JunkCategory>& categories() const { return m_selection.groups(); }
 
     /// The category whose items are shown.
@@ -42,15 +42,15 @@ public:
 
     [[nodiscard]] bool isScanning() const { return m_isScanning; }
 
-    /// Whether the user is being asked before a clean; the screen's to set and to clear.
+    /// Whether the user is being asked before a clean; set and cleared by the screen.
     [[nodiscard]] bool showCleanConfirm() const { return m_showCleanConfirm; }
 
     void setShowCleanConfirm(bool show);
 
     [[nodiscard]] qint64 totalSelectedBytes() const { return m_selection.selectedBytes(); }
 
-    /// Looks for junk in the background and drops the selection at once. Nothing of what is found
-    /// is selected; its first category is shown.
+    /// Looks for junk in the background and clears the selection at once. Then shows the first category
+    /// found, with nothing selected.
     void scan();
 
     /// `none` for a category without items.
@@ -59,12 +59,12 @@ public:
         return m_selection.state(category);
     }
 
-    /// Selects every item of the category, or none of them where all are selected already.
+    /// Selects every item of the category, or none of them if all are selected already.
     void toggleAll(const JunkCategory& category);
     void selectAll();
     void setSelected(const QUuid& itemID, bool isSelected);
-    /// Moves the selected items to the Trash, one after another and before it returns. What can't
-    /// be moved stays listed and selected.
+    /// Moves the selected items to the Trash before it returns. What can't be moved stays listed and
+    /// selected.
     void clean();
 
 Q_SIGNALS:

@@ -12,7 +12,7 @@ class ActivityStore;
 class FolderChooser;
 
 /// The model behind the organizer screen: the plan of one folder, what is ticked in it, and its
-/// run. Main thread only. A scan that is under way finds nobody where the model has gone.
+/// run. Main thread only. The result of a scan that outlives the model is dropped.
 ///
 /// A proposal is in `selectedCategories` exactly when each of its files is in `selectedFiles`.
 class OrganizerVM : public QObject
@@ -20,14 +20,14 @@ class OrganizerVM : public QObject
     Q_OBJECT
 
 public:
-    /// The folders of the home that a click scans.
+    /// The folders in the home that one click scans.
     enum class QuickTarget { desktop, downloads };
 
     [[nodiscard]] static const QList<QuickTarget>& allQuickTargets();
     /// The label on the screen, in English, and the name of the folder in the home.
     [[nodiscard]] static QString rawValue(QuickTarget target);
 
-    /// What is handed in outlives the model.
+    /// Store and chooser outlive the model.
     OrganizerVM(ActivityStore& activityStore, FolderChooser& folderChooser, Clock clock = systemClock,
                 QObject* parent = nullptr);
 
@@ -50,7 +50,7 @@ public:
 
     [[nodiscard]] bool isScanning() const { return m_isScanning; }
 
-    /// Whether the confirmation is open.
+    /// Whether the user is being asked before a run; set and cleared by the screen.
     [[nodiscard]] bool showConfirm() const { return m_showConfirm; }
 
     void setShowConfirm(bool show);
@@ -64,23 +64,22 @@ public:
     void setActiveTarget(std::optional<QuickTarget> target);
 
     void scan(QuickTarget target);
-    /// Asks the user for a folder and scans it; nothing changes where the chooser is dismissed.
+    /// Asks the user for a folder and scans it; nothing changes if the chooser is dismissed.
     void pickCustomFolder();
-    /// Drops the plan and makes that of `folder` in the background, all of it ticked. Of several
-    /// scans at once the last to end stands.
+    /// Drops the plan and makes one of `folder` in the background, with everything ticked. If several
+    /// scans run at once, the result of the last to end remains.
     void scan(const FileURL& folder);
 
-    /// Ticks or unticks a proposal with all its files; nothing for an unknown id.
+    /// Ticks or unticks a proposal with all its files; does nothing for an unknown id.
     void toggleCategory(const QUuid& id);
-    /// Unticks everything where every proposal is ticked, and ticks everything otherwise.
+    /// Unticks everything if every proposal is ticked, and ticks everything otherwise.
     void toggleSelectAll();
     void setFile(const QUuid& id, bool selected, const QUuid& proposalID);
     /// The sizes of `selectedFiles`, added up.
     [[nodiscard]] QString selectedSizeFormatted() const;
 
-    /// Moves `selectedFiles` and makes a line in the activity log where at least one was moved. What
-    /// was to be moved leaves the plan, also where that failed; the rest is ticked again. Blocks
-    /// until the last file is moved.
+    /// Moves `selectedFiles`, and logs the run if at least one was moved. They leave the plan even if
+    /// their move failed, and all that remains is ticked again. Returns when the last file is moved.
     void execute();
 
 Q_SIGNALS:
@@ -97,7 +96,7 @@ private:
     void selectAll();
     void selectNothing();
     void showFirstProposal();
-    /// Whether it is ticked as a whole follows from its files.
+    /// Ticks the category if all its files are ticked, and unticks it otherwise.
     void updateCategory(const OrganizeProposal& proposal);
     void logRun(qint64 moved, qint64 bytes) const;
 

@@ -43,7 +43,7 @@ AppDetailPanel::AppDetailPanel(AppInfo app, const ScreenContext& context, AppIco
     content()->addWidget(page, 1);
     content()->addWidget(makeActions());
     connect(&m_model, &AppDetailVM::removed, this, &AppDetailPanel::removed);
-    // Whoever is being asked is told what has been found since.
+    // An open question shows the files found since.
     connect(&m_model, &AppDetailVM::leftoversChanged, this, [this] {
         if (m_model.showDeleteConfirm())
             m_context.alerts.setMessage(this, question());
@@ -62,10 +62,10 @@ QWidget* AppDetailPanel::makeHeader()
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(14);
     row->addWidget(new AppIconLabel(m_icons, app.url, iconSide, header));
-    auto* words = new QVBoxLayout;
-    words->setSpacing(2);
-    words->addStretch();
-    words->addLayout(makeTitle(header));
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(2);
+    texts->addStretch();
+    texts->addLayout(makeTitle(header));
     auto* facts = new QHBoxLayout;
     facts->setSpacing(10);
     facts->addWidget(new ElidedLabel(tr("v%1").arg(app.version), FontRole::secondary, Role::secondaryText,
@@ -73,13 +73,13 @@ QWidget* AppDetailPanel::makeHeader()
     facts->addWidget(
         new ElidedLabel(app.bundleID, FontRole::secondary, Role::secondaryText, Qt::ElideMiddle, header));
     facts->addStretch(1);
-    words->addLayout(facts);
-    words->addStretch();
-    row->addLayout(words, 1);
+    texts->addLayout(facts);
+    texts->addStretch();
+    row->addLayout(texts, 1);
     return header;
 }
 
-/// The tag beside the name, and below it where that takes the whole width.
+/// The name and the tag beside it, or below it if the name takes the whole width.
 QLayout* AppDetailPanel::makeTitle(QWidget* header) const
 {
     const AppInfo& app = m_model.app();

@@ -8,19 +8,19 @@ namespace keelbright {
 
 class AppIcons;
 
-/// One application: its use, what the App Store tells of it, the files it left around, and its
-/// removal. Looks for the files at once. One panel an application.
+/// One application: its use, its description in the App Store, the files it left around, and its
+/// removal. Starts to look for the files at once. Another application takes another panel.
 class AppDetailPanel : public Ground
 {
     Q_OBJECT
 
 public:
-    /// What is handed in outlives the panel.
+    /// Context and icons outlive the panel.
     AppDetailPanel(AppInfo app, const ScreenContext& context, AppIcons& icons, QWidget* parent = nullptr);
 
     [[nodiscard]] const AppInfo& app() const { return m_model.app(); }
 
-    /// Asks what to remove, unless that is being asked already.
+    /// Asks what to remove, unless the question is open already.
     void askForRemoval();
     void revealBundle();
 

@@ -36,7 +36,7 @@ constexpr KnownType knownTypes[] = {
     {"ic08", 256}, {"ic13", 256}, {"ic09", 512}, {"ic14", 512}, {"ic10", 1024},
 };
 
-/// 0 for what is no picture in colour.
+/// 0 for anything but a picture in colour.
 int sideOf(QByteArrayView type)
 {
     const auto* known = std::ranges::find(knownTypes, type, &KnownType::type);
@@ -50,7 +50,7 @@ QByteArray bigEndian(qsizetype value)
     return bytes;
 }
 
-/// As far as the lengths make sense.
+/// Up to the first entry with a length that can't be right.
 QList<Entry> entriesOf(QByteArrayView icns)
 {
     QList<Entry> entries;
@@ -97,7 +97,7 @@ QImage decodeEntry(const Entry& picture, const QList<Entry>& entries)
     const QByteArrayView content = picture.whole.sliced(headSize);
     if (content.startsWith("\x89PNG"))
         return decodeAs("png", content.toByteArray());
-    // The older forms keep what is transparent in an entry of its own.
+    // The older formats keep the transparency in an entry of its own.
     QByteArray body = picture.whole.toByteArray();
     for (const Entry& entry : entries) {
         if (entry.type.endsWith("8mk"))
@@ -115,14 +115,14 @@ QImage asSquare(const QImage& picture, int side)
     return square;
 }
 
-/// The file that holds the icon, as the bundle tells; absent where it tells nothing useful.
+/// The icon's file as the bundle names it; absent if it names none.
 std::optional<FileURL> iconFile(const FileURL& bundle)
 {
     const FileURL contents = bundle.appending(u"Contents"_s);
     const auto list = PropertyList::dictionaryAt(contents.appending(u"Info.plist"_s));
     const QVariant value = list ? list->value(u"CFBundleIconFile"_s) : QVariant();
     QByteArray name = value.typeId() == QMetaType::QString ? value.toString().toUtf8() : QByteArray();
-    // A name that leads elsewhere is not the bundle's own.
+    // A path could lead out of the bundle.
     if (!isFileName(name))
         return std::nullopt;
     if (pathExtensionOf(name).compare("icns", Qt::CaseInsensitive) != 0)

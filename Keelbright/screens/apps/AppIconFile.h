@@ -7,21 +7,21 @@
 
 namespace keelbright {
 
-/// The pictures of applications as they lie in their bundles. The input is not trusted. Any thread
-/// but the main one: reading a bundle may take its time.
+/// Reads the icons of applications from their bundles, whose content is not trusted. Any thread but the
+/// main one, as reading may block.
 namespace AppIconFile {
 
-/// A larger file is passed over; a picture of every size takes some megabytes.
+/// A larger file is ignored; one with a picture of every size takes some megabytes.
 inline constexpr qint64 maximumBytes = qint64{32} * 1024 * 1024;
-/// Neither is a picture with a longer side decoded.
+/// A picture with a longer side is ignored.
 inline constexpr int maximumSide = 2048;
 
-/// The icon that the bundle names as its own, as a square of that many pixels; null where it names
-/// none, or none that can be read.
+/// The icon that the bundle names, as a square of that many pixels; null if it names none or none that
+/// can be read.
 [[nodiscard]] QImage read(const FileURL& bundle, int side);
 
-/// The picture in the content of an `.icns` file that serves best for a square of that many pixels,
-/// scaled to it; null where there is none.
+/// The picture of an `.icns` file that is best for a square of that many pixels, scaled to it; null if
+/// there is none.
 [[nodiscard]] QImage decode(const QByteArray& icns, int side);
 
 } // namespace AppIconFile

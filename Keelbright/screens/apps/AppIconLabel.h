@@ -7,7 +7,7 @@ namespace keelbright {
 
 class AppIcons;
 
-/// The icon of an application; a tile while it is not known, and where there is none.
+/// The icon of an application; a tile until it is read, and if there is none.
 class AppIconLabel : public Tile
 {
     Q_OBJECT

@@ -12,9 +12,9 @@ namespace keelbright {
 
 namespace {
 
-constexpr qsizetype readsAtOnce = 2;
-/// More rows than stand on any screen; who scrolled past asks again when he comes back.
-constexpr qsizetype longestQueue = 200;
+constexpr qsizetype maximumReads = 2;
+/// More rows than any screen shows. A row whose request was dropped repeats it when it is painted again.
+constexpr qsizetype maximumRequests = 200;
 
 } // namespace
 
@@ -34,29 +34,29 @@ QPixmap AppIcons::icon(const FileURL& bundle, int side)
 
 void AppIcons::request(const Key& key)
 {
-    if (m_atWork.contains(key))
+    if (m_reading.contains(key))
         return;
     m_waiting.removeOne(key);
     m_waiting.append(key);
-    if (m_waiting.size() > longestQueue)
+    if (m_waiting.size() > maximumRequests)
         m_waiting.removeFirst();
     readNext();
 }
 
 void AppIcons::readNext()
 {
-    while (m_atWork.size() < readsAtOnce && !m_waiting.isEmpty()) {
+    while (m_reading.size() < maximumReads && !m_waiting.isEmpty()) {
         const Key key = m_waiting.takeLast();
-        m_atWork.insert(key);
+        m_reading.insert(key);
         deliver(QtConcurrent::run(&TaskPools::utility(), AppIconFile::read, key.first, key.second), this,
-                [this, key](const QImage& image) { take(key, image); });
+                [this, key](const QImage& image) { keep(key, image); });
     }
 }
 
-void AppIcons::take(const Key& key, const QImage& image)
+void AppIcons::keep(const Key& key, const QImage& image)
 {
     constexpr qsizetype kilobyte = 1024;
-    m_atWork.remove(key);
+    m_reading.remove(key);
     m_icons.insert(key, new QPixmap(QPixmap::fromImage(image)), 1 + image.sizeInBytes() / kilobyte);
     Q_EMIT loaded(key.first);
     readNext();

@@ -11,8 +11,9 @@
 
 namespace keelbright {
 
-/// The icons of applications. What is not at hand is read in the background, what was asked for last
-/// first, so that a list that is scrolled fast has the rows that stand on screen. Main thread only.
+/// The icons of applications, kept as long as there is room. Others are read in the background, the last
+/// requested first, so that a list that is scrolled fast shows those of its visible rows. Main thread
+/// only.
 class AppIcons : public QObject
 {
     Q_OBJECT
@@ -20,12 +21,12 @@ class AppIcons : public QObject
 public:
     using QObject::QObject;
 
-    /// The icon of a bundle as a square of that many device-independent pixels, for the sharpest
-    /// screen there is. Null while it is not known, and where the bundle has none.
+    /// The icon of a bundle as a square of that many device-independent pixels, sharp on every screen.
+    /// Null until it is read, and if the bundle has none.
     [[nodiscard]] QPixmap icon(const FileURL& bundle, int side);
 
 Q_SIGNALS:
-    /// From now on `icon` gives it.
+    /// `icon` returns it from now on.
     void loaded(const keelbright::FileURL& bundle);
 
 private:
@@ -33,11 +34,11 @@ private:
 
     void request(const Key& key);
     void readNext();
-    void take(const Key& key, const QImage& image);
+    void keep(const Key& key, const QImage& image);
 
-    QCache<Key, QPixmap> m_icons{24'576}; ///< the cost of each is in kilobytes
+    QCache<Key, QPixmap> m_icons{24'576}; ///< counted in kilobytes
     QList<Key> m_waiting;
-    QSet<Key> m_atWork;
+    QSet<Key> m_reading;
 };
 
 } // namespace keelbright

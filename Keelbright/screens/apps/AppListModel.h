@@ -7,7 +7,7 @@ namespace keelbright {
 
 class AppIcons;
 
-/// The applications that a filter lets through, as rows.
+/// The applications that match a filter, as rows.
 class AppListModel : public ItemRowModel<AppInfo>
 {
     Q_OBJECT

@@ -32,7 +32,7 @@ QList<MenuButton::Choice> sortChoices()
     return choices;
 }
 
-/// All of them, then one a category.
+/// "All Apps", then one choice for each category.
 QList<MenuButton::Choice> categoryChoices()
 {
     QList<MenuButton::Choice> choices{{AppListPanel::tr("All Apps")}};
@@ -91,7 +91,7 @@ void AppListPanel::addFilterBar()
     m_clearFilter->hide();
     connect(m_clearFilter, &QPushButton::clicked, this, [this] {
         m_category->setCurrentIndex(0);
-        // The button that was pressed goes.
+        // The pressed button is about to be hidden.
         m_category->setFocus(Qt::TabFocusReason);
         setCategory(0);
     });
@@ -209,14 +209,14 @@ void AppListPanel::redraw()
 
 void AppListPanel::showState(QWidget* state)
 {
-    // What had the keyboard goes; it comes back to what takes its place in the end.
+    // A scan hides what has the focus. What is shown after the scan gets it back.
     if (m_states->currentWidget() == state)
         return;
-    m_isFocusOwed = m_isFocusOwed || m_states->currentWidget()->isAncestorOf(QApplication::focusWidget());
+    m_restoresFocus = m_restoresFocus || m_states->currentWidget()->isAncestorOf(QApplication::focusWidget());
     m_states->setCurrentWidget(state);
-    if (!m_isFocusOwed || state == m_scanning)
+    if (!m_restoresFocus || state == m_scanning)
         return;
-    m_isFocusOwed = false;
+    m_restoresFocus = false;
     (state == m_listed ? static_cast<QWidget*>(m_list) : m_scanNow)->setFocus(Qt::OtherFocusReason);
 }
 

@@ -14,8 +14,7 @@ class MenuButton;
 class RowListView;
 class SearchField;
 
-/// The installed applications to choose from, with the order, the category and the search of the
-/// user's choice.
+/// The installed applications, in the order, of the category and with the name that the user asks for.
 class AppListPanel : public Ground
 {
     Q_OBJECT
@@ -24,14 +23,14 @@ public:
     /// State and icons outlive the panel.
     AppListPanel(AppState& state, AppIcons& icons, QWidget* parent = nullptr);
 
-    /// Marks it in the list, where it is listed.
+    /// Selects it in the list, if it is listed.
     void setSelectedApp(const std::optional<AppInfo>& app);
-    /// Gives the keyboard to the list.
+    /// Gives the list the keyboard focus.
     void focusList();
 
 Q_SIGNALS:
     void appSelected(const keelbright::AppInfo& app);
-    /// The user took the choice back.
+    /// The user cleared the selection.
     void selectionCleared();
     void scanRequested();
     void revealRequested(const keelbright::AppInfo& app);
@@ -46,7 +45,7 @@ private:
     void setCategory(int choice);
     void setFilter(const AppFilter& filter);
     void press(int row, const RowAction& action);
-    /// Empty where nothing was found yet.
+    /// Empty as long as no application was found.
     [[nodiscard]] QString caption() const;
     void redraw();
     void showState(QWidget* state);
@@ -56,7 +55,7 @@ private:
     FrameThrottle m_frames;
     bool m_areAppsStale = true;
     bool m_wasScanning = false;
-    bool m_isFocusOwed = false;
+    bool m_restoresFocus = false;
     std::optional<QUuid> m_selectedApp;
     PanelHeader* m_header = nullptr;
     MenuButton* m_category = nullptr;

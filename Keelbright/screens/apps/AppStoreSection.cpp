@@ -22,23 +22,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The store's own descriptions are at most 4,000 characters long; what is far longer is no text for
-/// reading, and laying it out would take the program's breath.
-constexpr qsizetype longestDescription = 20'000;
+/// The store allows 4,000 characters. Laying out a text of any length could block the program.
+constexpr qsizetype maximumDescription = 20'000;
 
-/// Keeps its lines; otherwise a text from outside like any other.
+/// The display text with its line breaks kept.
 QString shownDescription(const QString& description)
 {
-    QStringList lines = description.left(longestDescription).split(u'\n');
+    QStringList lines = description.left(maximumDescription).split(u'\n');
     for (QString& line : lines)
         line = displayText(line);
-    if (description.size() > longestDescription)
+    if (description.size() > maximumDescription)
         lines.last() += u'…';
     return lines.join(u'\n').trimmed();
 }
 
-/// "%.1f (%d)" to the letter: Qt's own formatting rounds 4.25 up, and that of C has the comma of the
-/// user's language.
+/// "%.1f (%d)" exactly: Qt would round 4.25 up, and C would use the decimal comma of the user's locale.
 QString ratingText(double average, qint64 count)
 {
     std::array<char, 320> digits{}; // the largest number has 309 before the point
@@ -112,7 +110,7 @@ QWidget* AppStoreSection::makeContent()
 void AppStoreSection::redraw()
 {
     if (m_shown != nullptr) {
-        // The button whose press led here is in it.
+        // It may hold the button whose click is being handled.
         m_shown->hide();
         m_shown->deleteLater();
     }

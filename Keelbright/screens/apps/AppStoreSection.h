@@ -7,7 +7,7 @@ namespace keelbright {
 class AppDetailVM;
 class Card;
 
-/// What the App Store tells of an application, once the user has asked for it.
+/// The description of an application in the App Store, which is fetched when the user asks for it.
 class AppStoreSection : public PageSection
 {
     Q_OBJECT

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What it is and its value, beside a tile. A screen reader meets it as one thing.
+/// A title and its value beside a tile; one element for a screen reader.
 QWidget* makeNumber(const QString& title, const QString& value, const QString& icon, Role color)
 {
     auto* number = new QWidget;
@@ -25,11 +25,11 @@ QWidget* makeNumber(const QString& title, const QString& value, const QString& i
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(10);
     row->addWidget(new Tile(icon, color, Metrics::tile, number));
-    auto* words = new QVBoxLayout;
-    words->setSpacing(1);
-    words->addWidget(new NumberLabel(value, FontRole::sectionTitle, Role::primaryText, number));
-    words->addWidget(new Label(title, FontRole::secondary, Role::secondaryText, number));
-    row->addLayout(words, 1);
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(1);
+    texts->addWidget(new NumberLabel(value, FontRole::sectionTitle, Role::primaryText, number));
+    texts->addWidget(new Label(title, FontRole::secondary, Role::secondaryText, number));
+    row->addLayout(texts, 1);
     return number;
 }
 
@@ -51,7 +51,7 @@ AppUsageSection::AppUsageSection(const AppInfo& app, const QDateTime& now, QWidg
 {
     const QString uses = app.useCount == 0 ? tr("Never") : QString::number(app.useCount);
     auto* card = new Card(this);
-    // Its height goes by how many numbers stand side by side.
+    // Its height depends on how many numbers stand side by side.
     card->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     auto* numbers = new CardGridLayout;
     numbers->setSpacing(12);

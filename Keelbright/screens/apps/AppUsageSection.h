@@ -11,7 +11,7 @@ class AppUsageSection : public PageSection
     Q_OBJECT
 
 public:
-    /// As it looks at `now`.
+    /// `now` decides how long ago a date is.
     AppUsageSection(const AppInfo& app, const QDateTime& now, QWidget* parent = nullptr);
 };
 

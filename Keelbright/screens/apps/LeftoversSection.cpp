@@ -22,8 +22,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The list is as high as its rows, up to so many; a longer one scrolls by itself.
-constexpr int highestRows = 12;
+/// A longer list scrolls.
+constexpr int maximumVisibleRows = 12;
 
 } // namespace
 
@@ -69,13 +69,13 @@ void LeftoversSection::redraw()
     const bool isScanning = m_model.isLoadingLeftovers();
     const bool isEmpty = m_model.leftovers().isEmpty();
     m_rows.setItems(m_model.leftovers());
-    m_list->setFixedHeight(std::min(m_rows.rowCount(), highestRows) * RowMetrics::tableRow);
+    m_list->setFixedHeight(std::min(m_rows.rowCount(), maximumVisibleRows) * RowMetrics::tableRow);
     const QString total = tr("Total: %1").arg(ByteCountFormatter::string(m_model.totalLeftoverBytes()));
     m_total->setText(total);
     m_scanning->setVisible(isScanning);
     m_none->setVisible(!isScanning && isEmpty);
     m_found->setVisible(!isScanning && !isEmpty);
-    // The rows bring their own margins, and go from edge to edge.
+    // The rows have margins of their own and go from edge to edge.
     const int margin = m_found->isHidden() ? Metrics::cardPadding : 1;
     m_card->content()->setContentsMargins(margin, m_found->isHidden() ? margin : 10, margin, margin);
     if (!isScanning)

@@ -10,8 +10,8 @@ class JunkCategoryModel;
 class JunkCleanerVM;
 class RowListView;
 
-/// The left side of the junk cleaner: the scan that is under way, the kinds of junk that it found,
-/// or that there is none.
+/// The left side of the junk cleaner: a running scan, the kinds of junk that it found, or that there is
+/// none.
 class JunkCategoryPanel : public Ground
 {
     Q_OBJECT

@@ -40,7 +40,7 @@ JunkItemModel::JunkItemModel(const JunkCleanerVM& vm, QObject* parent)
 
 QString JunkItemModel::symbolOf(const JunkItem& item) const
 {
-    // Until the answer is in, what almost every item is.
+    // Almost every item is a folder, so it is shown as one until the answer is there.
     return m_folders->isFolder(item.id, item.url).value_or(true) ? QString(folderSymbol)
                                                                  : fileSymbol(item.url);
 }

@@ -15,7 +15,7 @@ class JunkItemPanel : public GroupItemsPanel
     Q_OBJECT
 
 public:
-    /// What is handed in outlives the panel.
+    /// Model and workspace outlive the panel.
     JunkItemPanel(JunkCleanerVM& vm, Workspace& workspace, QWidget* parent = nullptr);
 
     void redraw();

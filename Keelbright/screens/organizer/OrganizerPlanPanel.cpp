@@ -106,7 +106,7 @@ QWidget* OrganizerPlanPanel::makePlan()
 QWidget* OrganizerPlanPanel::makeBottomBar()
 {
     auto* bar = new BottomBar(this);
-    // Side by side, the words and the buttons do not fit into a side panel.
+    // Texts and buttons do not fit into a side panel side by side.
     bar->setFixedHeight(barHeight);
     m_selection = new SelectionSummary(bar);
     m_toggleAll = new Button(Button::Kind::bordered, tr("Select All"), {}, bar);

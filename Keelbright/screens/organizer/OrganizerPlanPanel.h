@@ -15,8 +15,8 @@ class QuickTargetRow;
 class RowListView;
 class SelectionSummary;
 
-/// The left side of the organizer: where to look, and the categories of the plan with what can be
-/// done with it.
+/// The left side of the organizer: the folders to scan, and the categories of the plan with the buttons
+/// to tick all of it and to carry it out.
 class OrganizerPlanPanel : public Ground
 {
     Q_OBJECT

@@ -19,7 +19,7 @@ ProposalPanel::ProposalPanel(OrganizerVM& vm, Workspace& workspace, QWidget* par
     , m_model(new FileProposalModel(vm, this))
     , m_destination(new DestinationTag(this))
 {
-    // Not in the head, where it would leave no room for the texts in a small window.
+    // Beside the texts of the header there is no room for it in a small window.
     addBelowHeader(m_destination);
     list()->setRowModel(m_model);
     connect(list(), &RowListView::markPressed, this, [this](int row) {

@@ -16,7 +16,7 @@ class ProposalPanel : public GroupItemsPanel
     Q_OBJECT
 
 public:
-    /// What is handed in outlives the panel.
+    /// Model and workspace outlive the panel.
     ProposalPanel(OrganizerVM& vm, Workspace& workspace, QWidget* parent = nullptr);
 
     void redraw();

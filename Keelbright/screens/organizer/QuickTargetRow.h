@@ -6,8 +6,8 @@ namespace keelbright {
 
 class SymbolLabel;
 
-/// A folder in a side panel that a press scans, or the way to choose one. The one in use stands on
-/// a tint and points to what it leads to.
+/// A button in a side panel that scans a folder, or that lets the user choose one. The active one stands
+/// on a tint and has a chevron.
 class QuickTargetRow : public CardButton
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
 
-    /// The press does not make it active; the model does.
+    /// A press does not make it active; the model does.
     void nextCheckState() override {}
 
 private:

@@ -5,8 +5,8 @@ class QWidget;
 
 namespace keelbright {
 
-/// Names the widget so and has a screen reader say it: for a change of state that the user may be
-/// waiting for without looking.
+/// Makes the text the widget's accessible name and has a screen reader say it, for a change that the
+/// user may be waiting for.
 void announce(QWidget& widget, const QString& text);
 
 } // namespace keelbright

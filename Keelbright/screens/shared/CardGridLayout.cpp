@@ -12,7 +12,7 @@ CardGridLayout::CardGridLayout(QWidget* parent)
     setSpacing(Metrics::cardSpacing);
 }
 
-int CardGridLayout::narrowestColumn() const
+int CardGridLayout::minimumColumnWidth() const
 {
     int width = 0;
     for (const QLayoutItem* item : items())
@@ -30,7 +30,7 @@ int CardGridLayout::rowHeight() const
 
 int CardGridLayout::columnsWithin(int width) const
 {
-    const int cell = narrowestColumn() + spacing();
+    const int cell = minimumColumnWidth() + spacing();
     for (int columns = count(); columns > 1; --columns) {
         // Rows of unequal length would leave a hole.
         if (count() % columns == 0 && columns * cell - spacing() <= width)
@@ -49,13 +49,13 @@ int CardGridLayout::heightForWidth(int width) const
 
 QSize CardGridLayout::sizeHint() const
 {
-    const int width = count() * (narrowestColumn() + spacing()) - spacing();
+    const int width = count() * (minimumColumnWidth() + spacing()) - spacing();
     return {std::max(0, width), rowHeight()};
 }
 
 QSize CardGridLayout::minimumSize() const
 {
-    return {narrowestColumn(), rowHeight()};
+    return {minimumColumnWidth(), rowHeight()};
 }
 
 void CardGridLayout::setGeometry(const QRect& rect)
@@ -65,7 +65,7 @@ void CardGridLayout::setGeometry(const QRect& rect)
     const int height = rowHeight();
     for (int i = 0; i < count(); ++i) {
         const int column = i % columns;
-        // Cut at whole pixels such that the columns together are exactly as wide as the row.
+        // Whole pixels that add up to exactly the width of the row.
         const int left = column * (rect.width() + spacing()) / columns;
         const int right = (column + 1) * (rect.width() + spacing()) / columns - spacing();
         const int top = (i / columns) * (height + spacing());

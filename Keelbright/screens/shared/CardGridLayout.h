@@ -4,8 +4,8 @@
 
 namespace keelbright {
 
-/// Cards of one width in rows: all side by side where they fit, else in two or more rows of equal
-/// length, so that none is cut in a narrow window.
+/// Cards of one width: all side by side if they fit, else in two or more rows of equal length, so that
+/// none is cut off in a narrow window.
 class CardGridLayout : public ItemLayout
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     void setGeometry(const QRect& rect) override;
 
 private:
-    [[nodiscard]] int narrowestColumn() const;
+    [[nodiscard]] int minimumColumnWidth() const;
     [[nodiscard]] int columnsWithin(int width) const;
     [[nodiscard]] int rowHeight() const;
 };

@@ -51,10 +51,10 @@ QSize FlowLayout::sizeHint() const
 
 QSize FlowLayout::minimumSize() const
 {
-    QSize least(0, 0);
+    QSize minimum(0, 0);
     for (const QLayoutItem* item : items())
-        least = least.expandedTo(item->minimumSize());
-    return least;
+        minimum = minimum.expandedTo(item->minimumSize());
+    return minimum;
 }
 
 void FlowLayout::setGeometry(const QRect& rect)

@@ -4,7 +4,7 @@
 
 namespace keelbright {
 
-/// One beside the other, and on as many lines as the width asks for. What is hidden takes no room.
+/// Items side by side, in as many lines as the width needs. Hidden items take no room.
 class FlowLayout : public ItemLayout
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ public:
     void setGeometry(const QRect& rect) override;
 
 private:
-    /// Gives the height; `place` is told each item's rectangle.
+    /// Calls `place` with each item and its rectangle; returns the height.
     template <typename Place> int flow(const QRect& rect, Place place) const;
 
     int m_horizontalSpacing;

@@ -7,12 +7,12 @@
 
 namespace keelbright {
 
-/// Keeps the keyboard's place in a screen whose controls go away while it is busy: gives the focus
-/// back to where it was, unless the user has taken it elsewhere in between.
+/// Restores the keyboard focus in a screen that hides its controls while it is busy, unless the user has
+/// moved the focus in the meantime.
 class FocusKeeper
 {
 public:
-    /// Part of the screen.
+    /// A member of the screen.
     explicit FocusKeeper(const QWidget& screen);
 
     /// Redraws, with the screen busy or not from now on.
@@ -21,8 +21,8 @@ public:
 private:
     const QWidget& m_screen;
     bool m_isBusy = false;
-    QPointer<QWidget> m_left;   ///< had the focus in the screen
-    QPointer<QWidget> m_parked; ///< got it instead
+    QPointer<QWidget> m_before;    ///< had the focus when the screen became busy
+    QPointer<QWidget> m_meanwhile; ///< got it then
 };
 
 } // namespace keelbright

@@ -35,7 +35,7 @@ constexpr std::array parts{
     Part{QT_TRANSLATE_NOOP("HealthCard", "Junk"), &HealthScore::junkPoints, 30, Role::orange},
 };
 
-/// What stands in the places of the card, so that it has one shape with and without a score.
+/// The widgets of the card, which are arranged in the same way with and without a score.
 struct Pieces
 {
     struct Band
@@ -58,13 +58,13 @@ QWidget* arrange(const Pieces& pieces)
     row->setContentsMargins(8, 6, 6, 6);
     row->setSpacing(24);
     row->addWidget(pieces.ring, 0, Qt::AlignVCenter);
-    auto* words = new QVBoxLayout;
-    words->setSpacing(0);
-    words->addStretch();
-    words->addWidget(pieces.headline);
-    words->addSpacing(1);
-    words->addWidget(pieces.detail);
-    words->addSpacing(12);
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(0);
+    texts->addStretch();
+    texts->addWidget(pieces.headline);
+    texts->addSpacing(1);
+    texts->addWidget(pieces.detail);
+    texts->addSpacing(12);
     auto* bands = new QHBoxLayout;
     bands->setSpacing(22);
     for (const Pieces::Band& piece : pieces.bands) {
@@ -74,9 +74,9 @@ QWidget* arrange(const Pieces& pieces)
         band->addWidget(piece.bar);
         bands->addLayout(band, 1);
     }
-    words->addLayout(bands);
-    words->addStretch();
-    row->addLayout(words, 1);
+    texts->addLayout(bands);
+    texts->addStretch();
+    row->addLayout(texts, 1);
     row->addWidget(pieces.button, 0, Qt::AlignTop);
     return whole;
 }

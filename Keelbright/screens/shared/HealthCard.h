@@ -13,8 +13,8 @@ class NumberLabel;
 class Label;
 class RingProgress;
 
-/// How the machine is, as a number with a letter, a sentence, and how the number comes about. Grey
-/// shapes in the places of all that while nothing is known.
+/// The health score: its number and grade, a sentence, and its three parts. Grey placeholders until it is
+/// known.
 class HealthCard : public Card
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ class HealthCard : public Card
 public:
     explicit HealthCard(QWidget* parent = nullptr);
 
-    /// The hue of a grade.
+    /// The colour of a grade.
     [[nodiscard]] static Role color(HealthScore::Grade grade);
     void setScore(const std::optional<HealthScore>& score);
 

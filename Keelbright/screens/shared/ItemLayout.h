@@ -5,8 +5,7 @@
 
 namespace keelbright {
 
-/// Keeps the items of a layout that places them in its own way, in a height that follows from the
-/// width.
+/// The base of a layout whose height depends on its width: keeps the items, which the layout places.
 class ItemLayout : public QLayout
 {
     Q_OBJECT

@@ -13,7 +13,7 @@ namespace {
 
 /// Keeps the rows away from the round corners.
 constexpr int cornerRoom = 8;
-/// Any screen is smaller.
+/// Higher than any screen.
 constexpr int manyRows = 1000;
 
 } // namespace
@@ -28,7 +28,7 @@ QWidget* makeListCard(RowListView* list, QWidget* parent)
     card->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     card->content()->setContentsMargins(1, cornerRoom, 1, cornerRoom);
     card->content()->addWidget(list);
-    // What the rows do not need lies below the card.
+    // The height that the rows do not need stays empty below the card.
     column->addWidget(card, 1000);
     column->addStretch(1);
     fitListCard(list);

@@ -6,8 +6,7 @@ namespace keelbright {
 
 class RowListView;
 
-/// A card around a list that takes what height there is, but no more than the rows ask for. Takes the
-/// list over.
+/// A card around a list, as high as the rows need and the room allows. Takes ownership of the list.
 [[nodiscard]] QWidget* makeListCard(RowListView* list, QWidget* parent);
 
 /// Call when the number of rows has changed.

@@ -8,16 +8,16 @@ namespace keelbright {
 
 class SectionHeader;
 
-/// A section of a page: its head, and close below it what belongs to it.
+/// A section of a page: its header, and close below it what belongs to it.
 class PageSection : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Takes the head over.
+    /// Takes ownership of the header.
     explicit PageSection(SectionHeader* header, QWidget* parent = nullptr);
 
-    /// Below the head.
+    /// Below the header.
     [[nodiscard]] QVBoxLayout* content() const { return m_content; }
 
 private:

@@ -6,17 +6,17 @@
 
 namespace keelbright {
 
-/// A grey shape in the place of something that is still to come. Says nothing, to nobody.
+/// A grey shape in place of something that is not known yet.
 class Placeholder : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// In the place of a line of text in that font, as long as such a text.
+    /// In place of a line of text in this font, `length` pixels long.
     Placeholder(FontRole font, int length, QWidget* parent = nullptr);
-    /// In the place of a ring.
+    /// In place of a ring.
     [[nodiscard]] static Placeholder* ring(int diameter, int thickness, QWidget* parent = nullptr);
-    /// In the place of a thin bar as wide as there is room.
+    /// In place of a thin bar that takes the whole width.
     [[nodiscard]] static Placeholder* bar(int thickness, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override { return m_size; }

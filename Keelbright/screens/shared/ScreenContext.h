@@ -7,7 +7,7 @@ class AppState;
 class FileChooser;
 class Workspace;
 
-/// What every screen is handed. All of it outlives every screen.
+/// What every screen gets; all of it outlives every screen.
 struct ScreenContext
 {
     AppState& state;

@@ -12,13 +12,13 @@ SelectionSummary::SelectionSummary(QWidget* parent)
     , m_count(new ElidedLabel({}, FontRole::bodyStrong, Role::primaryText, Qt::ElideRight, this))
     , m_size(new ElidedLabel({}, FontRole::secondary, Role::mutedText, Qt::ElideRight, this))
 {
-    auto* words = new QVBoxLayout(this);
-    words->setContentsMargins(0, 0, 0, 0);
-    words->setSpacing(1);
-    words->addStretch();
-    words->addWidget(m_count);
-    words->addWidget(m_size);
-    words->addStretch();
+    auto* texts = new QVBoxLayout(this);
+    texts->setContentsMargins(0, 0, 0, 0);
+    texts->setSpacing(1);
+    texts->addStretch();
+    texts->addWidget(m_count);
+    texts->addWidget(m_size);
+    texts->addStretch();
     m_size->hide();
 }
 

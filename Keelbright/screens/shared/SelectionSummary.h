@@ -6,8 +6,8 @@ namespace keelbright {
 
 class ElidedLabel;
 
-/// How much is ticked, in a bar at the bottom: the number, and its size below. A change is announced
-/// to a screen reader.
+/// How much is ticked, for a bar at the bottom: the count, and the size below it. A screen reader
+/// announces each change.
 class SelectionSummary : public QWidget
 {
     Q_OBJECT
