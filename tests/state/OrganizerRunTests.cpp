@@ -124,7 +124,7 @@ TEST_F(OrganizerRunTest, aRunWithNothingTickedLogsNothingAndTicksEverythingUnder
     EXPECT_THAT(activityStore.load(), IsEmpty());
 }
 
-TEST_F(OrganizerRunTest, whatIsLeftKeepsItsOrderWhateverItsTotals)
+TEST_F(OrganizerRunTest, theRemainingPlanKeepsItsOrderWhateverItsTotals)
 {
     write("big.png", 1000);
     write("small.png", 1);
@@ -181,7 +181,7 @@ TEST_F(OrganizerRunTest, aFileThatFailedComesBackWithTheNextScan)
     EXPECT_EQ(plan(), (QStringList{u"Images: a.png"_s, u"Other: Images"_s}));
 }
 
-TEST_F(OrganizerRunTest, aRunLeavesTheConfirmationToItsButton)
+TEST_F(OrganizerRunTest, aRunDoesNotClearTheConfirmation)
 {
     write("a.png", 10);
     scanDownloads();

@@ -16,7 +16,7 @@ namespace {
 
 using OrganizerVMTest = OrganizerVMFixture;
 
-/// Lists nothing before it is told to.
+/// Lists a folder only after `go` was released.
 class WaitingFileManager : public SandboxFileManager
 {
 public:
@@ -117,7 +117,7 @@ TEST_F(OrganizerVMTest, nothingOfTheOldSelectionSurvivesAScan)
     EXPECT_FALSE(model.selectedFiles().intersects(oldFiles));
 }
 
-TEST_F(OrganizerVMTest, aFolderWithoutLooseFilesEndsWithNothingToDo)
+TEST_F(OrganizerVMTest, aFolderWithoutLooseFilesHasNothingToDo)
 {
     mac.makeFolder("Users/mira/Downloads/Images");
     scanDownloads();
@@ -126,7 +126,7 @@ TEST_F(OrganizerVMTest, aFolderWithoutLooseFilesEndsWithNothingToDo)
     EXPECT_EQ(model.targetFolder(), downloads());
 }
 
-TEST_F(OrganizerVMTest, aFolderThatCantBeListedEndsWithNothingToDo)
+TEST_F(OrganizerVMTest, aFolderThatCantBeListedHasNothingToDo)
 {
     scanDownloads();
     EXPECT_THAT(model.proposals(), IsEmpty());
@@ -165,7 +165,7 @@ TEST_F(OrganizerVMTest, aChooserThatIsDismissedOrChoosesNothingChangesNothing)
     EXPECT_EQ(plan(), QStringList{u"Images: a.png"_s});
 }
 
-TEST_F(OrganizerVMTest, aChooserThatOutlivesTheModelFindsNobody)
+TEST_F(OrganizerVMTest, aChooserThatOutlivesTheModelScansNothing)
 {
     HeldFileManager fm(mac.root());
     const FileManagerGuard guard(fm);
@@ -178,7 +178,7 @@ TEST_F(OrganizerVMTest, aChooserThatOutlivesTheModelFindsNobody)
     EXPECT_EQ(fm.looksAt(downloads()), 0);
 }
 
-TEST_F(OrganizerVMTest, aScanThatOutlivesTheModelFindsNobody)
+TEST_F(OrganizerVMTest, theResultOfAScanThatOutlivesTheModelIsDropped)
 {
     write("a.png", 1);
     WaitingFileManager fm(mac.root());
@@ -192,7 +192,7 @@ TEST_F(OrganizerVMTest, aScanThatOutlivesTheModelFindsNobody)
     QCoreApplication::processEvents();
 }
 
-TEST_F(OrganizerVMTest, ofTwoScansAtOnceTheLastToEndStands)
+TEST_F(OrganizerVMTest, theResultOfTheLastScanToEndRemains)
 {
     write("a.png", 1);
     mac.writeFile("Users/mira/Desktop/b.mp3", "1");
@@ -279,7 +279,7 @@ TEST_F(OrganizerVMTest, aFileOfAnUnknownCategoryIsTickedAlone)
     EXPECT_THAT(model.selectedCategories(), IsEmpty());
 }
 
-TEST_F(OrganizerVMTest, selectAllUnticksEverythingWhereAllIsTickedAndTicksEverythingOtherwise)
+TEST_F(OrganizerVMTest, selectAllUnticksEverythingIfAllIsTickedAndTicksEverythingOtherwise)
 {
     write("a.png", 10);
     write("b.mp3", 100);
@@ -293,7 +293,7 @@ TEST_F(OrganizerVMTest, selectAllUnticksEverythingWhereAllIsTickedAndTicksEveryt
     EXPECT_EQ(model.selectedFiles(), allFiles());
 }
 
-TEST_F(OrganizerVMTest, selectAllFillsBothSetsWhereOnlySingleFilesAreTicked)
+TEST_F(OrganizerVMTest, selectAllFillsBothSetsIfOnlySingleFilesAreTicked)
 {
     write("a.png", 10);
     write("b.png", 20);
@@ -318,7 +318,8 @@ TEST_F(OrganizerVMTest, aScanAnnouncesItsStepsInOrder)
 {
     write("a.png", 10);
     QStringList steps;
-    QObject::connect(&model, &OrganizerVM::changed, &model, [&] {
+    const QObject context;
+    QObject::connect(&model, &OrganizerVM::changed, &context, [&] {
         steps.append(QStringLiteral("%1, %2 planned, %3 files of %4 ticked, %5")
                          .arg(model.isScanning() ? u"scans"_s : u"idle"_s)
                          .arg(model.proposals().size())

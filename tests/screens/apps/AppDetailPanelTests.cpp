@@ -1,13 +1,8 @@
-#include "Keelbright/screens/apps/AppDetailPanel.h"
-
 #include "Keelbright/screens/apps/AppIconLabel.h"
-#include "Keelbright/screens/apps/AppIcons.h"
-#include "tests/screens/apps/AppManagerTestCase.h"
+#include "tests/screens/apps/AppDetailTestCase.h"
 #include "tests/screens/shared/ListDriver.h"
 #include "tests/support/HeldFileManager.h"
 
-#include <QApplication>
-#include <QSignalSpy>
 #include <QTest>
 
 namespace keelbright::testing {
@@ -20,48 +15,11 @@ const QByteArray sketchbookInTheStore = R"({"results": [{"trackName": "Sketchboo
     "description": "Draws.\nPaints.", "sellerName": "Example & Co", "primaryGenreName": "Graphics",
     "averageUserRating": 4.25, "userRatingCount": 1234}]})";
 
-class AppDetailPanelTests : public AppManagerTestCase
-{
-protected:
-    [[nodiscard]] AppInfo sketchbook(const QString& name = u"Sketchbook"_s) const
-    {
-        const QDateTime now = mac.clock()();
-        return AppInfo({.name = name,
-                        .bundleID = u"com.example.Sketchbook"_s,
-                        .url = bundle(u"Sketchbook"_s),
-                        .version = u"4.2.1"_s,
-                        .lastUsedDate = now.addDays(-200),
-                        .useCount = 640,
-                        .dateAdded = now.addDays(-900)},
-                       now);
-    }
-
-    [[nodiscard]] std::unique_ptr<AppDetailPanel> makePanel(const AppInfo& app)
-    {
-        auto panel = std::make_unique<AppDetailPanel>(app, context(), icons);
-        show(*panel);
-        return panel;
-    }
-
-    /// With the search for its files done.
-    [[nodiscard]] std::unique_ptr<AppDetailPanel> makeSettledPanel(const AppInfo& app)
-    {
-        auto panel = makePanel(app);
-        waitForFiles(*panel);
-        return panel;
-    }
-
-    [[nodiscard]] FileURL groupContainers() const
-    {
-        return mac.home().appending(u"Library/Group Containers"_s);
-    }
-
-    AppIcons icons;
-};
-
 } // namespace
 
-TEST_F(AppDetailPanelTests, theHeaderTellsWhatItIs)
+using AppDetailPanelTests = AppDetailTestCase;
+
+TEST_F(AppDetailPanelTests, theHeaderShowsNameVersionAndIdentifier)
 {
     const auto panel = makeSettledPanel(sketchbook());
     EXPECT_EQ(textsIn(*panel).mid(0, 4),
@@ -81,7 +39,7 @@ TEST_F(AppDetailPanelTests, theHeaderHasTheIconOfTheApplication)
               icons.icon(bundle(u"Sketchbook"_s), label->width()).toImage().pixelColor(middle));
 }
 
-TEST_F(AppDetailPanelTests, itsUseIsToldInThreeNumbersAndAVerdict)
+TEST_F(AppDetailPanelTests, itsUseIsShownAsThreeNumbersAndAVerdict)
 {
     const auto panel = makeSettledPanel(sketchbook());
     const QStringList names = accessibleNames(*panel);
@@ -156,7 +114,7 @@ TEST_F(AppDetailPanelTests, aRatingNeedsItsCount)
     EXPECT_FALSE(shownSymbols(*panel).contains(u"star.fill"_s));
 }
 
-TEST_F(AppDetailPanelTests, whatTheAppStoreDoesNotKnowIsSaid)
+TEST_F(AppDetailPanelTests, saysIfTheAppStoreDoesNotKnowIt)
 {
     server.setAnswer(LoopbackAnswer::http(R"({"results": []})"));
     const auto panel = makeSettledPanel(sketchbook());
@@ -224,7 +182,7 @@ TEST_F(AppDetailPanelTests, theMenuOfAFileRevealsItToo)
               QStringList{mac.home().appending(u"Library/Application Support/Sketchbook"_s).path()});
 }
 
-TEST_F(AppDetailPanelTests, whereNothingIsLeftItSaysSo)
+TEST_F(AppDetailPanelTests, saysIfNoFilesAreFound)
 {
     const auto panel = makeSettledPanel(sketchbook());
     EXPECT_TRUE(textsIn(*panel).contains(u"No leftover files found."_s));
@@ -238,129 +196,6 @@ TEST_F(AppDetailPanelTests, revealingOpensTheFolderThatHoldsTheBundle)
     button(*panel, u"Reveal in Finder"_s)->click();
     EXPECT_EQ(workspace.opened, QStringList{mac.root().appending(u"Applications"_s).path()});
     EXPECT_TRUE(workspace.revealed.isEmpty());
-}
-
-TEST_F(AppDetailPanelTests, removingAsksFirst)
-{
-    made.addLibrary();
-    addApplications();
-    const auto panel = makeSettledPanel(sketchbook());
-    const Button* remove = button(*panel, u"Remove…"_s);
-    EXPECT_EQ(remove->symbol(), u"trash"_s);
-    EXPECT_EQ(remove->kind(), Button::Kind::destructive);
-    button(*panel, u"Remove…"_s)->click();
-    ASSERT_EQ(alerts.requests().size(), 1);
-    const AlertRequest& request = alerts.requests().first();
-    EXPECT_EQ(request.title, u"Remove \"Sketchbook\"?"_s);
-    EXPECT_EQ(request.message, u"Associated files (148 MB) will also be moved to Trash."_s);
-    EXPECT_EQ(request.action, u"Move App + Files to Trash"_s);
-    EXPECT_EQ(request.secondAction, u"Move App Only to Trash"_s);
-    EXPECT_EQ(request.cancel, u"Cancel"_s);
-    EXPECT_TRUE(request.isDestructive);
-    EXPECT_TRUE(exists(bundle(u"Sketchbook"_s)));
-    EXPECT_TRUE(activityStore.load().isEmpty());
-}
-
-TEST_F(AppDetailPanelTests, bothRemovalsAreOfferedWhereNothingIsLeft)
-{
-    const auto panel = makeSettledPanel(sketchbook());
-    button(*panel, u"Remove…"_s)->click();
-    EXPECT_EQ(alerts.requests().first().message,
-              u"Associated files (Zero KB) will also be moved to Trash."_s);
-    EXPECT_EQ(alerts.requests().first().action, u"Move App + Files to Trash"_s);
-    EXPECT_EQ(alerts.requests().first().secondAction, u"Move App Only to Trash"_s);
-}
-
-TEST_F(AppDetailPanelTests, appAndFilesGoToTheTrash)
-{
-    made.addLibrary();
-    addApplications();
-    const auto panel = makeSettledPanel(sketchbook());
-    const QSignalSpy removed(panel.get(), &AppDetailPanel::removed);
-    button(*panel, u"Remove…"_s)->click();
-    alerts.confirm();
-    EXPECT_FALSE(exists(bundle(u"Sketchbook"_s)));
-    EXPECT_FALSE(exists(mac.home().appending(u"Library/Application Support/Sketchbook"_s)));
-    EXPECT_EQ(activityStore.load().first().detail, u"App + 9 leftover files moved to Trash"_s);
-    EXPECT_EQ(removed.size(), 1);
-}
-
-TEST_F(AppDetailPanelTests, theAppAloneGoesToTheTrash)
-{
-    made.addLibrary();
-    addApplications();
-    const auto panel = makeSettledPanel(sketchbook());
-    const QSignalSpy removed(panel.get(), &AppDetailPanel::removed);
-    button(*panel, u"Remove…"_s)->click();
-    alerts.confirmSecond();
-    EXPECT_FALSE(exists(bundle(u"Sketchbook"_s)));
-    EXPECT_TRUE(exists(mac.home().appending(u"Library/Application Support/Sketchbook"_s)));
-    EXPECT_EQ(activityStore.load().first().detail, u"App bundle moved to Trash"_s);
-    EXPECT_EQ(removed.size(), 1);
-}
-
-TEST_F(AppDetailPanelTests, itAsksOnceAtATimeAndAgainAfterEachAnswer)
-{
-    const auto panel = makeSettledPanel(sketchbook());
-    const auto ask = [&] { button(*panel, u"Remove…"_s)->click(); };
-    ask();
-    ask();
-    EXPECT_EQ(alerts.requests().size(), 1);
-    alerts.dismiss();
-    ask();
-    EXPECT_EQ(alerts.requests().size(), 2);
-    alerts.confirmSecond();
-    ask();
-    EXPECT_EQ(alerts.requests().size(), 3);
-    alerts.confirm();
-    ask();
-    EXPECT_EQ(alerts.requests().size(), 4);
-}
-
-TEST_F(AppDetailPanelTests, aDismissedQuestionChangesNothing)
-{
-    addApplications();
-    const auto panel = makeSettledPanel(sketchbook());
-    button(*panel, u"Remove…"_s)->click();
-    alerts.dismiss();
-    EXPECT_TRUE(exists(bundle(u"Sketchbook"_s)));
-    EXPECT_TRUE(activityStore.load().isEmpty());
-}
-
-TEST_F(AppDetailPanelTests, whoIsBeingAskedIsToldWhatHasBeenFoundSince)
-{
-    made.addLibrary();
-    addApplications();
-    HeldFileManager held(mac.root());
-    const FileManagerGuard guard(held);
-    held.holdNextLookAt(groupContainers());
-    const auto panel = makePanel(sketchbook());
-    ASSERT_TRUE(held.waitUntilHeld());
-    button(*panel, u"Remove…"_s)->click();
-    EXPECT_EQ(alerts.requests().first().message,
-              u"Associated files (Zero KB) will also be moved to Trash."_s);
-    held.letGo();
-    waitForFiles(*panel);
-    EXPECT_EQ(alerts.messages(), QStringList{u"Associated files (148 MB) will also be moved to Trash."_s});
-    alerts.dismiss();
-    waitForBackgroundWork();
-}
-
-TEST_F(AppDetailPanelTests, theDeleteKeyAsksTheSame)
-{
-    const auto panel = makeSettledPanel(sketchbook());
-    button(*panel, u"Look Up on App Store"_s)->setFocus();
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
-    ASSERT_EQ(alerts.requests().size(), 1);
-    EXPECT_EQ(alerts.requests().first().title, u"Remove \"Sketchbook\"?"_s);
-}
-
-TEST_F(AppDetailPanelTests, aNameThatWouldTurnTheReadingDirectionDoesNot)
-{
-    const auto panel = makeSettledPanel(sketchbook(u"Sketch\u202Ebook\n<b>"_s));
-    button(*panel, u"Remove…"_s)->click();
-    EXPECT_FALSE(alerts.requests().first().title.contains(QChar(0x202E)));
-    EXPECT_FALSE(alerts.requests().first().title.contains(u'\n'));
 }
 
 TEST_F(AppDetailPanelTests, everyControlHasANameAndIsReachedByTab)

@@ -110,7 +110,7 @@ TEST_F(AppIconsTests, ofManyTheLastThatWereAskedForComeFirst)
     EXPECT_FALSE(icons.icon(apps.at(99), 30).isNull());
 }
 
-TEST_F(AppIconsTests, closedInTheMiddleItHearsNothingMore)
+TEST_F(AppIconsTests, iconsThatAreGoneGetNothingOfARunningRead)
 {
     auto closed = std::make_unique<AppIcons>();
     const QSignalSpy loaded(closed.get(), &AppIcons::loaded);

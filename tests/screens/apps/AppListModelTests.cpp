@@ -130,13 +130,13 @@ TEST_F(AppListModelTests, thousandsAreSearchedBetweenTwoKeyStrokes)
     EXPECT_EQ(model.rowCount(), 5'000);
 }
 
-TEST(LeftoverListModel, isSoundAndTellsNameKindAndSize)
+TEST(LeftoverListModel, isSoundAndShowsNameKindAndSize)
 {
     LeftoverListModel model;
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
     model.setItems({{.url = FileURL::fromPath(u"/Users/mira/Library/Caches/org.example.ink"_s),
-                         .sizeBytes = 1'200'000,
-                         .kind = AppLeftover::Kind::cache}});
+                     .sizeBytes = 1'200'000,
+                     .kind = AppLeftover::Kind::cache}});
     const ListRow row = model.rowAt(0);
     EXPECT_EQ(row.symbol, u"arrow.clockwise.circle"_s);
     EXPECT_EQ(row.symbolColor, Role::orange);

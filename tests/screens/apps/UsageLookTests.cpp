@@ -8,7 +8,7 @@ namespace keelbright::testing {
 
 using namespace Qt::StringLiterals;
 
-TEST(UsageLookTests, eachVerdictHasItsWordItsColourAndItsIcon)
+TEST(UsageLookTests, eachVerdictHasALabelAColourAndAnIcon)
 {
     struct Look
     {
