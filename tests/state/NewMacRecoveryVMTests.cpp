@@ -102,7 +102,8 @@ TEST_F(NewMacRecoveryVMTest, aFileThatIsNoJsonGivesTheReasonInPlaceOfAManifest)
 TEST_F(NewMacRecoveryVMTest, aFileThatCannotBeReadGivesTheReason)
 {
     load(mac.root().appending(u"gone.json"_s));
-    EXPECT_EQ(model.loadError(), u"Could not read manifest: “gone.json” could not be read: it does not exist."_s);
+    EXPECT_EQ(model.loadError(),
+              u"Could not read manifest: “gone.json” could not be read: it does not exist."_s);
     EXPECT_EQ(model.manifestData(), std::nullopt);
 }
 
