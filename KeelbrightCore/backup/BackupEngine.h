@@ -35,11 +35,11 @@ public:
     /// Why the last run could not start.
     [[nodiscard]] const std::optional<QString>& lastError() const { return m_lastError; }
 
-    /// Starts a run and returns at once; nothing while one is under way.
+    /// Starts a run and returns at once. Does nothing while a run is under way.
     virtual void startBackup(const BackupJob& job);
     /// Asks the run to stop before its next item.
     virtual void cancel();
-    /// One more file copied; announces each of the three counters.
+    /// Counts one more copied file of `size` bytes; announces each of the three fields that change.
     virtual void incrementCopied(qint64 size, const QString& name);
 
     void setProgress(const BackupProgress& progress);
@@ -50,14 +50,14 @@ public:
     void setLastReport(const std::optional<BackupReport>& report);
     void setLastError(const std::optional<QString>& error);
 
-    /// Ends a run that is under way, because the program quits: no further item is copied and
-    /// nothing unfinished stays. False where the run did not end within `milliseconds`, as on a
-    /// drive that hangs; the program then has to end without waiting for its threads.
+    /// Stops the run because the program quits: no further item is copied and nothing unfinished stays
+    /// on the drive. False if the run has not ended within `milliseconds`, for example because the drive
+    /// hangs; the program must then exit without waiting for its threads.
     [[nodiscard]] bool shutDown(int milliseconds);
 
 Q_SIGNALS:
-    // None carries the record: a copy held by an observer would make the next change copy the
-    // whole list of errors.
+    // None carries a record: while an observer held a copy of it, the next change would have to copy
+    // the whole list of errors.
     void progressChanged();
     void isRunningChanged();
     void isCancelledChanged();

@@ -10,7 +10,7 @@ double BackupProgress::fractionCompleted() const
 {
     if (totalFilesEstimate <= 0)
         return 0;
-    // Skipped folders count above the line and not below it, hence the cap.
+    // Skipped folders count as done, but the estimate does not include them.
     const auto done = static_cast<double>(filesCopied) + static_cast<double>(filesSkipped);
     return std::min(done / static_cast<double>(totalFilesEstimate), 1.0);
 }

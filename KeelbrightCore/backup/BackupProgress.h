@@ -13,7 +13,7 @@ struct BackupProgress
     qint64 filesSkipped = 0;       ///< items left out by rule, and items that failed
     qint64 totalFilesEstimate = 0; ///< files that the scan before the run counted
     qint64 bytesCopied = 0;        ///< source sizes of the copied files
-    QStringList errors;            ///< one line a failure, in order; may hold 100,000
+    QStringList errors;            ///< one line for each failure, in order; may hold 100,000
 
     /// From 0 to 1; 0 without an estimate.
     [[nodiscard]] double fractionCompleted() const;

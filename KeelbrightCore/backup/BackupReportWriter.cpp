@@ -23,7 +23,7 @@ QString stamp(const QDateTime& date)
     return DateFormatter::iso8601(date).remove(u':').remove(u'-').replace(u'T', u'-').left(lengthWithoutZone);
 }
 
-/// One digit behind the point, in every locale; Qt's own formatting rounds a half the other way.
+/// One decimal, with a point in every locale. Not by Qt, which rounds halves differently.
 QString oneDecimal(double value)
 {
     std::array<char, 512> digits{};

@@ -18,8 +18,8 @@ struct WrittenReport
 [[nodiscard]] std::expected<WrittenReport, FileError> write(const BackupReport& report,
                                                             const FileURL& reportsDir);
 
-/// The same into the anchor of `folder`, which was opened at `reportsDir`: nothing is written to
-/// wherever that path leads by now.
+/// The same, but into the anchor of `folder`, which was opened at `reportsDir`: nothing is written
+/// elsewhere when another folder has since taken that path.
 [[nodiscard]] std::expected<WrittenReport, FileError>
 write(const BackupReport& report, const FileURL& reportsDir, CopyDestination& folder);
 

@@ -9,6 +9,7 @@
 #include "KeelbrightCore/backup/SourceCopy.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/system/Host.h"
+#include "KeelbrightCore/platform/system/Logging.h"
 
 #include <QJsonDocument>
 
@@ -49,12 +50,14 @@ std::expected<RunFolders, FileError> createFolders(const BackupJob& job, FileMan
 
 void appendError(const QString& line, BackupTask& task)
 {
+    qCDebug(backupLog).noquote() << "error:" << line;
     task.hop([line](BackupEngine& engine) { engine.appendError(line); });
 }
 
 void reportEstimate(const BackupJob& job, BackupTask& task)
 {
     const auto scan = FileScanner::scan(job.sources, FileScanner::Sizes::leftOut, task.cancellation());
+    qCDebug(backupLog) << "estimate:" << scan.fileCount << "files";
     task.hop([count = scan.fileCount](BackupEngine& engine) { engine.setTotalFilesEstimate(count); });
 }
 
@@ -87,6 +90,8 @@ void flush(const BackupJob& job, CopyDestination& mirror, BackupTask& task)
 {
     if (const auto flushed = mirror.flush(); !flushed)
         appendError(skipLine(job.destination.displayName(), flushed.error()), task);
+    else
+        qCDebug(backupLog) << "drive flushed";
 }
 
 BackupReport makeReport(const BackupJob& job, const QDateTime& startedAt, const BackupProgress& progress,
@@ -128,6 +133,8 @@ void conclude(const BackupJob& job, const QDateTime& startedAt, const RunFolders
     const BackupReport report = makeReport(job, startedAt, progress, folders.latest, manifestPath);
     if (const auto written = writeReport(report, folders); !written)
         appendError(errorLine(QStringLiteral("Report write failed"), written.error()), task);
+    qCDebug(backupLog) << "run ended:" << report.filesCopied << "copied," << report.filesSkipped << "skipped,"
+                       << report.errors.size() << "errors";
     task.hop([report](BackupEngine& engine) {
         engine.setLastReport(report);
         engine.setIsRunning(false);
@@ -137,6 +144,7 @@ void conclude(const BackupJob& job, const QDateTime& startedAt, const RunFolders
 void failToStart(const FileError& error, BackupTask& task)
 {
     const QString text = errorLine(QStringLiteral("Could not create backup folders"), error);
+    qCDebug(backupLog).noquote() << "run could not start:" << text;
     task.hop([text](BackupEngine& engine) { engine.setLastError(text); });
     task.hop([](BackupEngine& engine) { engine.setIsRunning(false); });
 }
@@ -147,6 +155,8 @@ void run(const BackupJob& job, BackupTask& task)
 {
     FileManager& fileManager = FileManager::defaultManager();
     const QDateTime startedAt = QDateTime::currentDateTimeUtc();
+    qCDebug(backupLog).noquote() << "run started:" << job.sources.size() << "sources to"
+                                 << job.destination.path();
     const auto folders = createFolders(job, fileManager);
     if (!folders) {
         failToStart(folders.error(), task);
@@ -154,8 +164,13 @@ void run(const BackupJob& job, BackupTask& task)
     }
     reportEstimate(job, task);
     copySources(job, *folders, fileManager, task);
-    if (!task.cancellation().isQuitting())
-        conclude(job, startedAt, *folders, task);
+    if (task.cancellation().isQuitting()) {
+        qCDebug(backupLog) << "run given up: the program quits";
+        return;
+    }
+    if (task.cancellation().isCancelled())
+        qCDebug(backupLog) << "run cancelled";
+    conclude(job, startedAt, *folders, task);
 }
 
 void copySource(const BackupSource& source, const FileURL& latest, CopyDestination& destination,
@@ -173,6 +188,7 @@ void copySource(const BackupSource& source, const FileURL& latest, CopyDestinati
         appendError(QStringLiteral("Cannot enumerate: ") + source.url.path(), task);
         return;
     }
+    qCDebug(backupLog).noquote() << "source entered:" << source.url.path();
     SourceCopy(**items, destination, root, relativeRoot, task).run();
 }
 

@@ -6,7 +6,7 @@
 
 namespace keelbright {
 
-/// Words for the state of backups.
+/// The states in which a backup can be shown.
 enum class BackupStatus { idle, backingUp, completed, failed, warning };
 
 [[nodiscard]] const QList<BackupStatus>& allBackupStatuses();

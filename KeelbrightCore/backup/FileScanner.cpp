@@ -77,7 +77,7 @@ std::span<const std::string_view> skippedExtensions()
 
 bool shouldSkip(DirectoryEnumerator& enumerator)
 {
-    // The order is part of the rule: a hidden folder is left out, yet not closed to the walk.
+    // Before the folder names, as the rule has it: the descendants of a hidden folder are not skipped.
     const QByteArrayView name = enumerator.name();
     if (name.startsWith('.'))
         return true;
@@ -85,7 +85,7 @@ bool shouldSkip(DirectoryEnumerator& enumerator)
         enumerator.skipDescendants();
         return true;
     }
-    // A bundle counts as left out itself, but each item inside is judged on its own.
+    // Descendants are not skipped: a bundle such as X.app is left out, the files inside are not.
     return hasSkippedExtension(name);
 }
 

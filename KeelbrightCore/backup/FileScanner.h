@@ -21,16 +21,16 @@ struct ScanResult
     friend bool operator==(const ScanResult&, const ScanResult&) = default;
 };
 
-/// Folder names that are left out whole; compared with letter case.
+/// Names of folders that are left out with everything below them; case-sensitive.
 [[nodiscard]] std::span<const std::string_view> skippedFolderNames();
-/// Extensions that are left out; compared in lower case.
+/// Extensions without the dot that are left out; case-insensitive.
 [[nodiscard]] std::span<const std::string_view> skippedExtensions();
 
-/// Whether the enumerator's current entry is left out; keeps the enumerator out of a folder that
-/// is left out by its name.
+/// Whether the enumerator's current entry is left out. Where it is a folder that is left out by its
+/// name, the enumerator skips its descendants.
 [[nodiscard]] bool shouldSkip(DirectoryEnumerator& enumerator);
 
-/// Whether a scan reads sizes; without them a large tree is counted in half the time.
+/// Whether a scan reads sizes. Without them a large tree is counted in half the time.
 enum class Sizes { read, leftOut };
 
 /// Counts the regular files that a backup of the enabled sources would copy; what can't be read

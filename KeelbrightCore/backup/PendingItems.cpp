@@ -22,8 +22,8 @@ void PendingItems::add(Item item)
     if (item.copy)
         m_bytes += item.copy->sourceSize();
     m_items.push_back(std::move(item));
-    // Once the main thread has made its change, all that waits is completed at once: what waits for
-    // long is no longer in the processor's caches when it gets its name.
+    // All of them as soon as the main thread has made its change: items that wait longer are no longer
+    // in the processor's caches when they are published.
     if (!m_task.isPending() || !hasRoom())
         completeWaiting();
 }

@@ -8,13 +8,13 @@
 
 namespace keelbright {
 
-/// The items of a run that have been worked on but not yet been completed. An item is completed by
-/// giving its copy its name and posting the change that reports it to the engine. This happens in the
-/// order in which items are added, and only after the change of the item before has been made; once the
-/// run is cancelled, no further item is completed.
+/// The items of a run that have been prepared or skipped but not yet completed. To complete an item
+/// means to publish its copy, if there is one, and to post the change that reports it to the engine.
+/// Items are completed in the order in which they are added, each after the change of the one before
+/// has been made, and none once the run is cancelled.
 ///
-/// So items can be prepared while the main thread is still busy with a change. Belongs to the thread of
-/// the run, which must not post changes of its own before `completeAll` has returned.
+/// So the run can prepare items while the main thread is busy. All calls belong to the thread of the
+/// run, which must not post changes itself between `add` and the end of `completeAll`.
 class PendingItems
 {
 public:

@@ -81,7 +81,7 @@ private:
                url == m_fileManager.systemLocation(u"/"_s);
     }
 
-    /// The first thing that is wrong with the source decides.
+    /// Reports the first problem of the source and no other.
     bool isValid(const BackupSource& source)
     {
         const FileURL& url = source.url;
@@ -92,7 +92,8 @@ private:
             m_result.warnings.append(tr("Source folder not readable: %1").arg(name));
         else if (isDangerous(url))
             m_result.errors.append(tr("Dangerous system folder selected: %1").arg(url.path()));
-        // Plain prefixes, without regard to where a component ends: too careful rather than too bold.
+        // Plain text prefixes, so that "/Doc" seems to contain "/Documents": better refuse one backup too
+        // many than let one copy itself without end.
         else if (m_destination.nativePath().startsWith(url.nativePath()))
             m_result.errors.append(
                 tr("Destination is inside source folder %1, causing an infinite loop.").arg(name));
@@ -107,7 +108,7 @@ private:
     {
         const qint64 required = requiredSpace(m_result.estimatedBytes);
         const qint64 available = m_result.destinationFreeSpace;
-        // Nothing free means that the number is unknown.
+        // 0 means that the free space is unknown.
         if (available > 0 && available < required)
             m_result.errors.append(
                 tr("Not enough space. Required: ~%1, Available: %2.")

@@ -136,7 +136,7 @@ TEST_F(BackupEngineTest, hasItsReportInPlaceWhenTheRunEnds)
     EXPECT_TRUE(wasInPlace);
 }
 
-TEST_F(BackupEngineTest, tellsCountersInTheOrderOfItems)
+TEST_F(BackupEngineTest, reportsCountersInTheOrderOfItems)
 {
     writeFiles(200);
     qint64 copied = 0;
@@ -152,7 +152,7 @@ TEST_F(BackupEngineTest, tellsCountersInTheOrderOfItems)
     EXPECT_EQ(engine.progress().bytesCopied, 1000);
 }
 
-TEST_F(BackupEngineTest, endsCleanlyWhenItGoesInTheMiddleOfARun)
+TEST_F(BackupEngineTest, endsCleanlyWhenItIsDestroyedInTheMiddleOfARun)
 {
     writeFiles(2000);
     auto shortLived = std::make_unique<BackupEngine>();

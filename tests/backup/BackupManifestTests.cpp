@@ -82,7 +82,7 @@ TEST(BackupManifest, everyKeyIsRequired)
     }
 }
 
-TEST(BackupManifest, aDotfileThatIsNeitherThereNorNotIsNamed)
+TEST(BackupManifest, aDotfileWhoseFlagIsNotABooleanIsNamedInTheError)
 {
     QJsonObject json = sampleManifest().toJson();
     json.insert(u"dotfilesPresent"_s, QJsonObject{{u".zshrc"_s, u"yes"_s}});

@@ -229,7 +229,7 @@ TEST_F(BackupRunnerTest, followsASourceThatIsALinkAndNoLinkBelowIt)
     EXPECT_TRUE(S_ISLNK(status.st_mode));
 }
 
-TEST_F(BackupRunnerTest, tellsOfASourceThatIsMissing)
+TEST_F(BackupRunnerTest, reportsASourceThatIsMissing)
 {
     const FileURL missing = mac.root().appending(QStringLiteral("Users/mira/Missing"));
     mac.writeFile("Users/mira/Documents/a", "x");
@@ -239,7 +239,7 @@ TEST_F(BackupRunnerTest, tellsOfASourceThatIsMissing)
     EXPECT_EQ(progress().filesSkipped, 0);
 }
 
-TEST_F(BackupRunnerTest, givesASourceUpWhoseFolderCannotBeCreated)
+TEST_F(BackupRunnerTest, skipsASourceWhoseFolderCannotBeCreated)
 {
     mac.writeFile("Users/mira/Documents/a", "x");
     mac.writeFile("Volumes/Drive/Keelbright/miras Mac/Latest/Personal Files/Documents", "in the way");
@@ -270,7 +270,7 @@ TEST_F(BackupRunnerTest, neverWritesThroughALinkInTheMirror)
     EXPECT_THAT(everythingBelow(mac.root().appending(QStringLiteral("elsewhere"))), IsEmpty());
 }
 
-TEST_F(BackupRunnerTest, tellsOfEveryItemThatIsNoFileAndGoesOn)
+TEST_F(BackupRunnerTest, reportsAnItemThatIsNotAFileAndContinues)
 {
     ASSERT_EQ(::mkfifo(documents.appendingNative("pipe").nativePath().constData(), 0600), 0);
     mac.writeFile("Users/mira/Documents/z", "x");

@@ -352,7 +352,7 @@ TEST_F(FileScannerTest, deepFoldersAreCounted)
     EXPECT_EQ(scan(), (ScanResult{1, 1}));
 }
 
-TEST_F(FileScannerTest, sizesBeyond64BitsStayAtTheLargestValue)
+TEST_F(FileScannerTest, aSumThatDoesNotFitStaysAtTheLargestValue)
 {
     // Few file systems take a file of 4 EiB, all of it a hole; the one in memory does.
     const QTemporaryDir memory(u"/dev/shm/keelbright-XXXXXX"_s);

@@ -274,7 +274,7 @@ TEST_F(PreflightServiceTest, aNameThatLooksLikeAPlaceholderStandsAsItIs)
     EXPECT_EQ(run({source("Users/mira/%1 %2")}).warnings, QStringList{u"Source folder missing: %1 %2"_s});
 }
 
-TEST_F(PreflightServiceTest, aSmallBackupNeedsABillionBytesBeyondItsSize)
+TEST_F(PreflightServiceTest, aSmallBackupNeedsABillionBytesMoreThanItsSize)
 {
     drive.freeBytes = 900'000'000;
     const QList sources{sourceOfSize("Users/mira/Desktop", 100)};
@@ -289,7 +289,7 @@ TEST_F(PreflightServiceTest, atEqualityThereIsEnoughSpace)
     EXPECT_TRUE(run({sourceOfSize("Users/mira/Desktop", 100)}).canProceed());
 }
 
-TEST_F(PreflightServiceTest, aLargeBackupNeedsATenthBeyondItsSize)
+TEST_F(PreflightServiceTest, aLargeBackupNeedsATenthMoreThanItsSize)
 {
     const QList sources{sourceOfSize("Users/mira/Movies", 20'000'000'000)};
     drive.freeBytes = 22'000'000'000;
@@ -324,7 +324,7 @@ TEST_F(PreflightServiceTest, aFreeSpaceThatCantBeReadIsAWarningAndNoError)
     EXPECT_TRUE(result.canProceed());
 }
 
-TEST_F(PreflightServiceTest, aFreeSpaceThatIsUnknownOrZeroIsPassedOverWithoutAWord)
+TEST_F(PreflightServiceTest, anUnknownOrZeroFreeSpaceGivesNoErrorAndNoWarning)
 {
     const QList sources{sourceOfSize("Users/mira/Movies", 20'000'000'000)};
     drive.freeBytes = std::nullopt;
