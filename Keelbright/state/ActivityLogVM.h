@@ -10,9 +10,9 @@ namespace keelbright {
 class ActivityStore;
 class FileChooser;
 
-/// What the activity log screen shows and does: the log as it was when it was last loaded, its
-/// export, its end. Main thread only; lives as long as its screen. Its callers know when it has
-/// changed, so it announces nothing.
+/// What the activity log screen shows and does: the log as it was when it was last loaded, and its
+/// export and clearing. Main thread only; lives as long as its screen. It has no signals, as it changes
+/// only in its calls.
 class ActivityLogVM
 {
     Q_DECLARE_TR_FUNCTIONS(ActivityLogVM)

@@ -15,7 +15,7 @@ namespace keelbright {
 
 namespace {
 
-/// What can't be moved stays, and nobody is told.
+/// What can't be moved stays where it is, without a message.
 void moveToTrash(const FileURL& url)
 {
     std::ignore = FileManager::defaultManager().trashItem(url);

@@ -11,8 +11,8 @@
 
 namespace keelbright {
 
-/// One application with what it left around and what the App Store tells of it, and its removal.
-/// One model an application: what is still on its way for another one can't come here. Main thread
+/// One application: its leftovers, what the App Store says about it, and its removal. Each application
+/// has a model of its own, so that no late result of another one can arrive here. Main thread
 /// only.
 class AppDetailVM : public QObject
 {
@@ -48,11 +48,11 @@ public:
 
     /// Looks in the background for what the application keeps outside its bundle.
     void loadLeftovers();
-    /// Asks the App Store; only ever on the user's word.
+    /// Asks the App Store; called only when the user wants it.
     void fetchDescription();
     /// Moves the bundle and then the leftovers found so far to the Trash, one after another and
-    /// before it returns. What can't be moved stays where it is without a word, and the log tells
-    /// of the whole in any case.
+    /// before it returns. What can't be moved stays where it is, without a message, and the log counts
+    /// it as removed.
     void removeApp();
     /// The same for the bundle alone.
     void removeAppOnly();

@@ -43,7 +43,7 @@ private:
     {
         QByteArray order; ///< of the name
         QString search;   ///< of the name
-        qint64 lastUsed;  ///< milliseconds since 1970; the least of all for never
+        qint64 lastUsed;  ///< milliseconds since 1970; the minimum for never
         int priority;     ///< of the verdict
     };
 

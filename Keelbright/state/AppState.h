@@ -91,23 +91,22 @@ public:
     /// At most the first three of `allEnabledSources`.
     [[nodiscard]] QList<BackupSource> previewSources() const;
 
-    /// The way into a backup: raises an alert, or moves to the preflight screen.
+    /// The first step of a backup: raises an alert, or moves to the preflight screen.
     void startBackup();
     /// Runs the checks of a backup with the present choices, in the background.
     [[nodiscard]] QFuture<PreflightResult> runPreflight() const;
-    /// The user's word on the preflight screen: builds the job from the present choices, starts it
-    /// and moves to the progress screen. False, and nothing done, without a destination.
+    /// Called when the user confirms on the preflight screen: builds the job from the present choices,
+    /// starts it and moves to the progress screen. False, and nothing done, without a destination.
     bool confirmBackup();
-    /// Keeps the engine's report, raises or clears the alert, saves and logs; nothing where the
-    /// run could not even start. Follows each end of a run by itself, one turn of the event loop
-    /// later.
+    /// Keeps the engine's report, raises or clears the alert, saves and logs; does nothing where the
+    /// run could not start. Called after each end of a run, one turn of the event loop later.
     void handleEngineCompletion();
 
-    /// Grades the machine in the background. Two calls compute twice; the one that ends last holds.
+    /// Grades the machine in the background. Two calls compute twice; the result that comes last stays.
     void refreshHealthScore();
     /// Lists the applications in the background, unless they are there or under way already.
     void refreshAppsIfNeeded();
-    /// Lists the applications anew in the background, unless that is under way already.
+    /// Lists the applications again in the background, unless that is under way already.
     void scanApps();
 
     void persistState();

@@ -1,4 +1,4 @@
-// How the state comes from disk and goes back there, and how the user's choices of folders reach it.
+// How the state is loaded and saved, and how the user chooses folders.
 
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/DefaultFolders.h"
@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Its presence says that a migration is due.
+/// If it is there, a migration is due.
 QString legacyDestinationKey()
 {
     return u"kb.selectedDestination"_s;
@@ -81,10 +81,10 @@ void AppState::loadPersistedState()
     }
     setLastReport(config.lastReport);
     setLastBackupTime(config.lastBackupTime);
-    // An empty list can't be told from a configuration that never held one: the defaults stay.
+    // An empty list looks like a configuration that never held one, so the defaults stay.
     if (!config.enabledRecommendedFolders.isEmpty())
         enableRecommendedFolders(config.enabledRecommendedFolders);
-    // Each of these saves; the destination comes last, and with it the file is whole again.
+    // Each of these saves, so the file is complete only after the last one.
     setCustomSources(config.customSources);
     setSelectedDestination(config.selectedDestination);
     qCDebug(stateLog).noquote() << "loaded:" << choiceText(allEnabledSources(), m_selectedDestination);
@@ -99,14 +99,14 @@ void AppState::migrateFromUserDefaults()
         setLastReport(report);
         setLastBackupTime(report->completedAt);
     }
-    // Here an empty list was meant so.
+    // Unlike in the configuration, an empty list disables all folders.
     if (const auto names = defaults.stringArrayForKey(u"kb.enabledRecommended"_s))
         enableRecommendedFolders(*names);
     if (const auto sources = legacySources(defaults))
         setCustomSources(*sources);
     if (const auto destination = legacyRecord<BackupDestination>(defaults, legacyDestinationKey()))
         setSelectedDestination(destination);
-    // Also where it could not be read: there is no second attempt.
+    // Also if it could not be read: there is no second attempt.
     defaults.removeObjectForKey(legacyDestinationKey());
     persistState();
 }

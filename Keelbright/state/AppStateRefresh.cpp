@@ -1,4 +1,4 @@
-// How the state learns anew how the machine is: on the user's word only, never by a timer.
+// How the state refreshes what it knows of the machine: only when the user asks for it, never by a timer.
 
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/Delivery.h"

@@ -6,10 +6,9 @@
 
 namespace keelbright {
 
-/// Hands the result of a background operation to `receive` on this thread, which is the owner's,
-/// and never before the event loop has turned. Nothing happens where the operation was cancelled,
-/// or where the owner has gone before, whichever thread is at work at that moment; `QFuture::then`
-/// with an object can't promise the latter.
+/// Calls `receive` with the result of a background operation on this thread, which is the owner's, in
+/// a later turn of the event loop. Never calls it if the operation was cancelled or if the owner is
+/// destroyed before; `QFuture::then` with an object can call it even then.
 template <typename Result, typename Receive>
 void deliver(const QFuture<Result>& future, QObject* owner, Receive receive)
 {

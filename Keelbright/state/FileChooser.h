@@ -8,7 +8,7 @@
 
 namespace keelbright {
 
-/// What a chooser is asked for when the user is to open one file.
+/// What a chooser is asked for when the user opens a file.
 struct FileOpenRequest
 {
     QString message;        ///< what the user is to choose, shown as the title
@@ -16,7 +16,7 @@ struct FileOpenRequest
     QStringList extensions; ///< without dots; only such files can be chosen
 };
 
-/// What a chooser is asked for when the user is to say where a file goes.
+/// What a chooser is asked for when the user chooses where a file is saved.
 struct FileSaveRequest
 {
     QString title;

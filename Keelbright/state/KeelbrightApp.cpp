@@ -7,7 +7,8 @@ namespace keelbright {
 
 namespace {
 
-constexpr int patience = 2000; ///< milliseconds for a run to end at quitting
+/// In milliseconds, for a run that is under way at quitting.
+constexpr int shutDownTimeout = 2000;
 
 } // namespace
 
@@ -22,7 +23,7 @@ KeelbrightApp::KeelbrightApp(FolderChooser& folderChooser, AppLookup lookup)
 
 bool KeelbrightApp::shutDown()
 {
-    return m_state.engine().shutDown(patience);
+    return m_state.engine().shutDown(shutDownTimeout);
 }
 
 } // namespace keelbright

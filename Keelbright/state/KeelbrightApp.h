@@ -16,8 +16,8 @@ public:
 
     [[nodiscard]] AppState& state() { return m_state; }
 
-    /// Ends what is under way because the program quits. False where something would not end (a
-    /// drive that hangs): the program then has to leave without waiting for its threads.
+    /// Ends what is under way because the program quits. False if something does not end (a drive that
+    /// hangs): the program then has to exit without waiting for its threads.
     [[nodiscard]] bool shutDown();
 
 private:

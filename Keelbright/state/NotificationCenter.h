@@ -5,8 +5,8 @@
 
 namespace keelbright {
 
-/// Hands a named message to whoever listens at that moment; nothing is kept for those who come
-/// later. Main thread only.
+/// Passes a named message to everything that is connected at that moment; nothing is kept for later
+/// connections. Main thread only.
 class NotificationCenter : public QObject
 {
     Q_OBJECT
@@ -14,7 +14,7 @@ class NotificationCenter : public QObject
 public:
     [[nodiscard]] static NotificationCenter& defaultCenter();
 
-    /// Returns when every listener has heard. `object` is what the message is about, such as a
+    /// Returns after every receiver was called. `object` is what the message is about, such as a
     /// `FileURL`.
     void post(const QString& name, const QVariant& object = {}) { Q_EMIT posted(name, object); }
 

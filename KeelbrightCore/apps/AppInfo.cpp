@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double secondsPerDay = 86400.0;
-constexpr qint64 daysOfAnUnknownPast = 9999;
+constexpr qint64 daysSinceUnknownDate = 9999;
 constexpr qint64 daysPerMonth = 30;
 constexpr qint64 daysPerYear = 365;
 
@@ -49,7 +49,7 @@ class Analysis
 public:
     Analysis(const AppFacts& facts, const QDateTime& now)
         : m_useCount(facts.useCount)
-        , m_daysSinceAdded(facts.dateAdded ? days(*facts.dateAdded, now) : daysOfAnUnknownPast)
+        , m_daysSinceAdded(facts.dateAdded ? days(*facts.dateAdded, now) : daysSinceUnknownDate)
     {
         if (facts.lastUsedDate)
             m_daysSinceUsed = days(*facts.lastUsedDate, now);

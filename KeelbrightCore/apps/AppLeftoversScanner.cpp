@@ -67,8 +67,8 @@ private:
     void searchFixedPlaces()
     {
         for (const Place& place : fixedPlaces()) {
-            // An application says itself what it is called: with "../../Documents" it would have a
-            // part of the home taken for its leftovers.
+            // The identifier comes from the application: "../../Documents" in it would make a folder
+            // of the user look like a leftover.
             if (!place.name.isEmpty() && !isFileName(place.name))
                 continue;
             const FileURL url = FileURL::fromNativePath(place.folder + place.name);
@@ -80,7 +80,7 @@ private:
     void searchGroupContainers()
     {
         for (const FileURL& url : contents("Group Containers")) {
-            // In the middle as well as behind the prefix of a team.
+            // Behind the prefix of a team, and anywhere else in the name.
             if (url.nativeLastPathComponent().contains(m_bundleID))
                 append(url, Kind::container);
         }

@@ -9,8 +9,8 @@ namespace keelbright::AppLeftoversScanner {
 /// reads; never fails, and what can't be read is left out or has the size 0. Blocks while it
 /// measures the folders that it found; any thread but the main one.
 ///
-/// Only what lies in those folders is found: a text that is no name of a file, such as one with a
-/// slash, names nothing there. An empty one finds the whole folders in which applications keep theirs.
+/// Nothing outside those folders is found, even if a text holds a slash. An empty text finds whole
+/// folders in which all applications keep their files.
 [[nodiscard]] QList<AppLeftover> scan(const QString& bundleID, const QString& appName);
 
 } // namespace keelbright::AppLeftoversScanner

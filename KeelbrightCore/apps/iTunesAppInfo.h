@@ -6,7 +6,7 @@
 
 namespace keelbright {
 
-/// What the App Store tells of an application.
+/// What the App Store says about an application.
 struct iTunesAppInfo
 {
     QString appName;

@@ -26,7 +26,7 @@ QUrl searchUrl(const QString& origin, const QString& appName)
 }
 
 /// Whether this error only repeats what the answer's HTTP status says, so that the body is whole.
-bool tellsTheStatus(QNetworkReply::NetworkError error)
+bool isHttpStatus(QNetworkReply::NetworkError error)
 {
     return error == QNetworkReply::ProtocolInvalidOperationError ||
            error == QNetworkReply::ProxyAuthenticationRequiredError ||
@@ -39,21 +39,21 @@ bool hasWholeBody(const QNetworkReply& reply)
     constexpr int firstErrorStatus = 400;
     const int status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     return reply.error() == QNetworkReply::NoError ||
-           (status >= firstErrorStatus && tellsTheStatus(reply.error()));
+           (status >= firstErrorStatus && isHttpStatus(reply.error()));
 }
 
 /// One request under way. Belongs to the program, not to who asked, and deletes itself.
 class Request : public QObject
 {
 public:
-    Request(const QUrl& url, QString appName, std::chrono::milliseconds longestSilence)
+    Request(const QUrl& url, QString appName, std::chrono::milliseconds timeout)
         : QObject(QCoreApplication::instance())
         , m_appName(std::move(appName))
     {
         m_promise.start();
         m_watcher.setFuture(m_promise.future());
         QNetworkRequest request(url);
-        request.setTransferTimeout(static_cast<int>(longestSilence.count()));
+        request.setTransferTimeout(static_cast<int>(timeout.count()));
         m_reply = m_manager.get(request);
         connect(m_reply, &QNetworkReply::readyRead, this, &Request::limitBody);
         connect(m_reply, &QNetworkReply::finished, this, &Request::finish);
@@ -99,7 +99,7 @@ QFuture<Found> iTunesLookupService::lookup(const QString& appName, const SearchS
     const QUrl url = searchUrl(service.origin, appName);
     if (!url.isValid())
         return QtFuture::makeReadyFuture(Found());
-    return (new Request(url, appName, service.longestSilence))->future();
+    return (new Request(url, appName, service.timeout))->future();
 }
 
 } // namespace keelbright

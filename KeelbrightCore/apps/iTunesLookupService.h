@@ -14,16 +14,16 @@ struct SearchService
 {
     /// Scheme, host and port.
     QString origin = QStringLiteral("https://itunes.apple.com");
-    /// How long nothing may arrive before the request is given up.
-    std::chrono::milliseconds longestSilence = std::chrono::seconds(60);
+    /// The request is given up when nothing has arrived for that long.
+    std::chrono::milliseconds timeout = std::chrono::seconds(60);
 };
 
 /// An answer that is longer is dropped: five results take some kilobytes.
 inline constexpr qint64 maximumBodyBytes = qint64{16} * 1024 * 1024;
 
 /// Asks the App Store for the application of that name, with a new request at each call. Nothing
-/// where it does not answer, can't be understood or knows no such application; these can't be told
-/// apart. The answer's HTTP status is not looked at, and redirections are followed, never from
+/// where it does not answer, can't be understood or knows no such application; the caller can't
+/// distinguish these. The answer's HTTP status is not looked at, and redirections are followed, never from
 /// HTTPS to HTTP.
 ///
 /// Main thread only; returns at once, and the future finishes on the main thread. An object that may

@@ -16,7 +16,7 @@ using Severity = ScanFinding::Severity;
 
 namespace {
 
-constexpr qsizetype mostOfAKind = 5;
+constexpr qsizetype maximumOfAKind = 5;
 
 QString tr(const char* text)
 {
@@ -119,11 +119,11 @@ QList<ScanFinding> findings(const Sources& sources, const QDateTime& now)
 {
     QList<ScanFinding> found;
     for (const JunkCategory& category :
-         sources.categories.first(std::min(mostOfAKind, sources.categories.size())))
+         sources.categories.first(std::min(maximumOfAKind, sources.categories.size())))
         found.append(junkFinding(category));
     qsizetype appCount = 0;
     for (const AppInfo& app : sources.apps) {
-        if (appCount == mostOfAKind)
+        if (appCount == maximumOfAKind)
             break;
         if (isWorthALook(app)) {
             found.append(appFinding(app));

@@ -4,12 +4,12 @@
 #include "KeelbrightCore/health/FullScanReport.h"
 #include "KeelbrightCore/health/JunkCategory.h"
 
-// How the report of a full scan comes from what its sources say. Internal to the full scan
+// How the report of a full scan comes from the results of its sources. Internal to the full scan
 // service; on its own so that every threshold can be tested exactly.
 
 namespace keelbright::FullScanComposition {
 
-/// What the sources say.
+/// The results of the sources.
 struct Sources
 {
     QList<JunkCategory> categories; ///< the largest first

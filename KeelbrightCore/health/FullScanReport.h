@@ -13,7 +13,7 @@ namespace keelbright {
 struct FullScanReport
 {
     QDateTime scannedAt;                    ///< UTC; when the scan was finished
-    QList<ScanFinding> findings;            ///< the most severe first, the largest first among equals
+    QList<ScanFinding> findings;            ///< highest severity first, then largest first
     qint64 totalReclaimableBytes = 0;       ///< of all junk, also of what has no finding
     std::optional<HealthScore> healthScore; ///< of the same scan; a finished scan always has one
 

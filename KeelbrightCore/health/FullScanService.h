@@ -7,7 +7,7 @@
 
 namespace keelbright::FullScanService {
 
-/// Checks junk, health score, applications and backup, and ranks what they say.
+/// Checks junk, health score, applications and backup, and ranks what was found.
 ///
 /// An empty `cachedApps` makes the scan list the applications itself, its slowest step. Never
 /// fails; returns at once, from any thread. The sources work one after another on their own

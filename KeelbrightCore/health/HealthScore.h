@@ -20,7 +20,7 @@ struct HealthScore
     int diskPoints;           ///< 0 to 30
     int junkPoints;           ///< 0 to 30
 
-    /// Total minus used; below 0 where the file system claims more free than there is in all.
+    /// Total minus used.
     [[nodiscard]] qint64 diskFreeBytes() const { return diskTotalBytes - diskUsedBytes; }
 
     /// Used over total; 0 when the total is unknown.

@@ -14,14 +14,14 @@ namespace {
 
 constexpr double bytesPerGibibyte = 1'073'741'824.0;
 
-/// The points for a number that lies under the limit.
+/// The points for a number below the limit.
 struct Step
 {
     double limit;
     int points;
 };
 
-/// The points of the first step whose limit the number lies under; none beyond the last.
+/// The points of the first step whose limit is above the number; 0 if there is none.
 int pointsOf(double number, std::span<const Step> steps)
 {
     const auto step = std::ranges::find_if(steps, [&](const Step& one) { return number < one.limit; });
@@ -118,22 +118,22 @@ QString detailText(HealthScore::Grade, qint64 junkBytes, const std::optional<QDa
     return sentences.join(u' ');
 }
 
-HealthScore score(const Numbers& numbers, const QDateTime& now)
+HealthScore score(const Measurements& measured, const QDateTime& now)
 {
-    const qint64 total = numbers.diskTotalBytes;
-    const qint64 used = std::max<qint64>(total - numbers.diskFreeBytes, 0);
-    const int backupPoints = backupScore(numbers.lastBackup, now);
+    const qint64 total = measured.diskTotalBytes;
+    const qint64 used = std::max<qint64>(total - measured.diskFreeBytes, 0);
+    const int backupPoints = backupScore(measured.lastBackup, now);
     const int diskPoints = diskScore(used, total);
-    const int junkPoints = junkScore(numbers.junkBytes);
+    const int junkPoints = junkScore(measured.junkBytes);
     const int points = backupPoints + diskPoints + junkPoints;
     const HealthScore::Grade grade = gradeFor(points);
     return {
         .grade = grade,
         .points = points,
-        .detail = detailText(grade, numbers.junkBytes, numbers.lastBackup, used, total, now),
+        .detail = detailText(grade, measured.junkBytes, measured.lastBackup, used, total, now),
         .diskUsedBytes = used,
         .diskTotalBytes = total,
-        .junkEstimateBytes = numbers.junkBytes,
+        .junkEstimateBytes = measured.junkBytes,
         .backupPoints = backupPoints,
         .diskPoints = diskPoints,
         .junkPoints = junkPoints,

@@ -5,13 +5,13 @@
 #include <QDateTime>
 #include <optional>
 
-// How a health score comes from its numbers. Internal to the health score service; on its own so
+// How a health score comes from what was measured. Internal to the health score service; on its own so
 // that every threshold can be tested exactly.
 
 namespace keelbright::HealthScoring {
 
 /// What is measured of the machine.
-struct Numbers
+struct Measurements
 {
     qint64 diskTotalBytes = 0; ///< 0 when unknown
     qint64 diskFreeBytes = 0;  ///< 0 when unknown
@@ -30,6 +30,6 @@ struct Numbers
                                  const std::optional<QDateTime>& lastBackup, qint64 diskUsedBytes,
                                  qint64 diskTotalBytes, const QDateTime& now);
 /// All of the above put together.
-[[nodiscard]] HealthScore score(const Numbers& numbers, const QDateTime& now);
+[[nodiscard]] HealthScore score(const Measurements& measured, const QDateTime& now);
 
 } // namespace keelbright::HealthScoring

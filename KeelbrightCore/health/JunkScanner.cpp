@@ -91,7 +91,7 @@ JunkCategory scanBrowserCaches(const FileURL& home, const FileManager& fm)
         u"Library/Application Support/Google/Chrome/Default/Cache"_s,
         u"Library/Application Support/Google/Chrome/Default/Code Cache"_s,
         u"Library/Caches/Firefox"_s,
-        // The whole folder on purpose: its caches can't be told from the rest by their place.
+        // The whole folder on purpose: no path below it holds caches alone.
         u"Library/Application Support/Firefox/Profiles"_s,
         u"Library/Caches/com.microsoft.edgemac"_s,
         u"Library/Application Support/BraveSoftware/Brave-Browser/Default/Cache"_s,

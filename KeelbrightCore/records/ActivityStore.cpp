@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// There is no quoting: a comma may not come up in a text.
+/// The file has no quoting, so no text may hold a comma.
 QString withoutCommas(QString text)
 {
     return text.replace(u',', u';');
@@ -76,7 +76,7 @@ void ActivityStore::save(const QList<ActivityEntry>& entries) const
     QJsonArray array;
     for (const ActivityEntry& entry : entries)
         array.append(entry.toJson());
-    // The action that is being logged is done; that its line could not be kept takes nothing from it.
+    // The logged action is already done, so a log that can't be written is no failure of it.
     static_cast<void>(FileManager::defaultManager().writeAtomically(
         m_fileURL, QJsonDocument(array).toJson(QJsonDocument::Indented)));
 }

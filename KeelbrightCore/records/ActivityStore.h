@@ -21,7 +21,7 @@ public:
 
     /// Newest first; empty where the file can't be read as a whole.
     [[nodiscard]] QList<ActivityEntry> load() const;
-    /// Puts the entry at the head and drops the oldest beyond the cap.
+    /// Puts the entry at the head and drops the oldest ones above `maxEntries`.
     void append(const ActivityEntry& entry) const;
     /// Leaves an empty log.
     void clear() const;

@@ -115,7 +115,7 @@ QList<OrganizeProposal> propose(const FileURL& folder)
         const bool isFolder = isDirectory(entry, fm);
         if (isFolder && !isApplication(name))
             continue;
-        // A listing that names the folder in another form could lead a move astray.
+        // Where the listing writes the folder in another form, the destination could lie elsewhere.
         if (entry.url.deletingLastPathComponent() != folder)
             continue;
         Group& group = groups[indexOf(fileCategory(name))];

@@ -16,8 +16,8 @@ namespace keelbright {
 
 namespace {
 
-/// Beyond that many the drive is the limit, and each worker keeps some folders open.
-constexpr int mostWorkers = 8;
+/// With more of them the drive is the limit, and each worker keeps some folders open.
+constexpr int maximumWorkers = 8;
 
 /// A folder to measure, or a part of one that another worker has passed on.
 struct Task
@@ -26,8 +26,8 @@ struct Task
     std::unique_ptr<DirectoryEnumerator> walk; ///< of the part; absent for a whole folder
 };
 
-/// What the workers share. The helpers keep it alive: one that comes to work when all is done finds
-/// nothing to do and leaves.
+/// What the workers share. The helpers keep it alive: one that starts after the work is done returns
+/// at once.
 class Measuring
 {
 public:
@@ -46,7 +46,7 @@ public:
         }
     }
 
-    /// To be asked for when a worker has come back.
+    /// Complete once any worker has returned.
     [[nodiscard]] QList<qint64> sums()
     {
         const std::lock_guard lock(m_mutex);
@@ -84,7 +84,7 @@ private:
         return sumOfSizes(*task.walk, [&](DirectoryEnumerator& walk) { passOn(task.folder, walk); });
     }
 
-    /// Gives the folder that the walk has just met to a worker that has none.
+    /// Gives the folder that the walk has just reached to a worker that has none.
     void passOn(qsizetype folder, DirectoryEnumerator& walk)
     {
         if (m_idle.load(std::memory_order_relaxed) <= m_partCount.load(std::memory_order_relaxed))
@@ -121,7 +121,7 @@ private:
     std::deque<Task> m_parts;
     qsizetype m_next = 0;
     int m_busy = 0;
-    // Changed under the lock, looked at without it: a look that comes too late costs nothing.
+    // Changed under the lock and read without it: an outdated value does no harm.
     std::atomic<int> m_idle = 0;
     std::atomic<int> m_partCount = 0;
 };
@@ -131,7 +131,7 @@ private:
 QList<qint64> measureTogether(const QList<FileURL>& folders, const FileManager& fm, QThreadPool& helpers)
 {
     const auto measuring = std::make_shared<Measuring>(folders, fm);
-    const int workers = folders.isEmpty() ? 1 : qMin(QThread::idealThreadCount(), mostWorkers);
+    const int workers = folders.isEmpty() ? 1 : qMin(QThread::idealThreadCount(), maximumWorkers);
     for (int helper = 1; helper < workers; ++helper) {
         if (!helpers.tryStart([measuring] { measuring->work(); }))
             break;

@@ -294,7 +294,7 @@ TEST(AppInfo, withoutADateAddedTheMonthsAre333)
 
 // In less than two months three uses are more than one and a half a month, so that the singular of
 // the sentence above is never seen.
-TEST(AppInfo, threeUsesAreRegularUpToTwoMonthsAndForgottenBeyond)
+TEST(AppInfo, threeUsesAreRegularUpToTwoMonthsAndForgottenAfterThat)
 {
     expectVerdict({.added = 59, .used = 91, .uses = 3}, UsageCategory::seasonal,
                   u"Used regularly (3 times total). Dormant for 3 months."_s);
@@ -324,7 +324,7 @@ TEST(AppInfo, used30DaysAgoHasNoTotalUsed31DaysAgoHas)
 
 // Texts
 
-TEST(AppInfo, lastUsedIsToldInDays)
+TEST(AppInfo, lastUsedIsGivenInDays)
 {
     EXPECT_EQ(lastUsed(0), u"Today"_s);
     EXPECT_EQ(lastUsed(day - 1), u"Today"_s);
@@ -341,7 +341,7 @@ TEST(AppInfo, lastUsedInTheFutureIsANegativeNumberOfDays)
     EXPECT_EQ(lastUsed(-400 * day), u"-400 days ago"_s);
 }
 
-TEST(AppInfo, lastUsedIsToldInMonthsFrom30DaysOn)
+TEST(AppInfo, lastUsedIsGivenInMonthsFrom30DaysOn)
 {
     EXPECT_EQ(lastUsed(30 * day), u"1 month ago"_s);
     EXPECT_EQ(lastUsed(59 * day), u"1 month ago"_s);
@@ -349,7 +349,7 @@ TEST(AppInfo, lastUsedIsToldInMonthsFrom30DaysOn)
     EXPECT_EQ(lastUsed(364 * day), u"12 months ago"_s);
 }
 
-TEST(AppInfo, lastUsedIsToldInYearsFrom365DaysOn)
+TEST(AppInfo, lastUsedIsGivenInYearsFrom365DaysOn)
 {
     EXPECT_EQ(lastUsed(365 * day), u"1 year ago"_s);
     EXPECT_EQ(lastUsed(729 * day), u"1 year ago"_s);

@@ -56,7 +56,7 @@ TEST_F(AppScannerEndTests, theCallerIsNotHeld)
     EXPECT_EQ(future.result().size(), 100);
 }
 
-TEST_F(AppScannerEndTests, aWatcherHearsOfTheEndOnItsOwnThread)
+TEST_F(AppScannerEndTests, aWatcherIsNotifiedOnItsOwnThread)
 {
     QFutureWatcher<Apps> watcher;
     QThread* thread = nullptr;
@@ -69,7 +69,7 @@ TEST_F(AppScannerEndTests, aWatcherHearsOfTheEndOnItsOwnThread)
     EXPECT_EQ(watcher.result().size(), 100);
 }
 
-TEST_F(AppScannerEndTests, anOwnerThatGoesInTheMiddleHearsNothing)
+TEST_F(AppScannerEndTests, anOwnerDestroyedInTheMiddleReceivesNothing)
 {
     bool hasHeard = false;
     auto owner = std::make_unique<QObject>();

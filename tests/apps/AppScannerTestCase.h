@@ -24,7 +24,7 @@ protected:
         m_files.text(path + "/Contents/Info.plist", madeUpPropertyList(entries, form));
     }
 
-    /// One whose identifier is all it tells of itself.
+    /// One whose property list holds its identifier only.
     void addBundle(const QByteArray& path, const QByteArray& bundleID = "org.example.app") const
     {
         addBundle(path, Entries{{"CFBundleIdentifier", bundleID}});

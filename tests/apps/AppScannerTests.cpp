@@ -194,7 +194,7 @@ TEST_F(AppScannerTests, theMetadataMakeTheVerdictByTheGivenClock)
                     .useCount = 240,
                     .addedDaysAgo = 700});
     const AppInfo app = scanOne();
-    // The tool tells whole seconds, the clock stands at a whole one too.
+    // The tool prints whole seconds, and the clock is at a whole second too.
     EXPECT_EQ(app.lastUsedDate, m_mac.clock()().addDays(-3));
     EXPECT_EQ(app.useCount, 240);
     EXPECT_EQ(app.dateAdded, m_mac.clock()().addDays(-700));
@@ -277,7 +277,7 @@ TEST_F(AppScannerTests, ofAHundredApplicationsNeverMoreThan32AreInWork)
 {
     addNumberedBundles(100);
     m_files.folder("alive");
-    // Each tells how many there are while it is one of them. The first 32 wait for each other, so
+    // Each prints how many there are while it is one of them. The first 32 wait for each other, so
     // that the whole width is seen.
     setMetadataTool(R"sh(: > "$root/alive/$$"
 ls "$root/alive" | wc -l > "$root/count.$name"
@@ -290,13 +290,13 @@ done
 sleep 0.02
 rm "$root/alive/$$")sh");
     EXPECT_EQ(scan().size(), 100);
-    int most = 0;
+    int maximum = 0;
     for (int number = 0; number < 100; ++number) {
         const QByteArray count =
             TestMac::read(m_mac.root().appendingNative("count.App" + QByteArray::number(number) + ".app"));
-        most = std::max(most, count.trimmed().toInt());
+        maximum = std::max(maximum, count.trimmed().toInt());
     }
-    EXPECT_EQ(most, 32);
+    EXPECT_EQ(maximum, 32);
 }
 
 TEST_F(AppScannerTests, aSlowApplicationHoldsBackNoOther)

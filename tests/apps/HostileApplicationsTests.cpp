@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <sys/stat.h>
 
-// Property lists and metadata tools that nobody would wish for: the scan leaves the application
+// Property lists and metadata tools that are broken or hostile: the scan leaves the application
 // out, or knows nothing of its use, and goes on to the next.
 
 namespace keelbright::testing {

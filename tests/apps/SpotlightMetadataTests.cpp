@@ -206,13 +206,13 @@ TEST_F(MetadataToolTests, theExitStatusIsNotLookedAt)
     EXPECT_EQ(metadata(printing(goodOutput) + "; kill -SEGV $$"), goodMetadata);
 }
 
-TEST_F(MetadataToolTests, aToolThatDiesBeforeItPrintsTellsNothing)
+TEST_F(MetadataToolTests, aToolThatDiesBeforeItPrintsGivesNothing)
 {
     EXPECT_EQ(metadata("kill -KILL $$"), SpotlightMeta());
     EXPECT_EQ(metadata("exit 1"), SpotlightMeta());
 }
 
-TEST_F(MetadataToolTests, aToolThatPrintsNothingOrNoTextTellsNothing)
+TEST_F(MetadataToolTests, aToolThatPrintsNothingOrNoTextGivesNothing)
 {
     EXPECT_EQ(metadata(":"), SpotlightMeta());
     EXPECT_EQ(metadata(printing(goodOutput) + "; printf '\\377'"), SpotlightMeta());
@@ -226,7 +226,7 @@ TEST_F(MetadataToolTests, megabytesOnEitherStreamDoNotBlockIt)
               goodMetadata);
 }
 
-TEST_F(MetadataToolTests, whatItComplainsOfIsNoOutput)
+TEST_F(MetadataToolTests, whatItWritesToStandardErrorIsIgnored)
 {
     EXPECT_EQ(metadata(printing(goodOutput) + " >&2"), SpotlightMeta());
 }
@@ -236,7 +236,7 @@ TEST_F(MetadataToolTests, withoutTheToolNothingIsKnown)
     EXPECT_EQ(AppScanner::spotlightMetadata(m_bundle), SpotlightMeta());
 }
 
-TEST_F(MetadataToolTests, aToolThatCanNotBeLaunchedTellsNothing)
+TEST_F(MetadataToolTests, aToolThatCanNotBeLaunchedGivesNothing)
 {
     m_mac.writeFile("usr/bin/mdls", "#!/bin/sh\n" + printing(goodOutput));
     EXPECT_EQ(AppScanner::spotlightMetadata(m_bundle), SpotlightMeta());

@@ -31,15 +31,14 @@ protected:
         QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);
     }
 
-    QFuture<Found> start(const QString& name = u"Ink"_s, std::chrono::milliseconds longestSilence = 60s)
+    QFuture<Found> start(const QString& name = u"Ink"_s, std::chrono::milliseconds timeout = 60s)
     {
-        return iTunesLookupService::lookup(name,
-                                           {.origin = m_server.origin(), .longestSilence = longestSilence});
+        return iTunesLookupService::lookup(name, {.origin = m_server.origin(), .timeout = timeout});
     }
 
-    Found lookup(const QString& name = u"Ink"_s, std::chrono::milliseconds longestSilence = 60s)
+    Found lookup(const QString& name = u"Ink"_s, std::chrono::milliseconds timeout = 60s)
     {
-        const QFuture<Found> future = start(name, longestSilence);
+        const QFuture<Found> future = start(name, timeout);
         EngineRun::turnUntil([&future] { return future.isFinished(); });
         return future.isFinished() ? future.result() : std::nullopt;
     }
@@ -82,11 +81,11 @@ TEST_F(iTunesLookupServiceTests, theAnswerComesAsARecord)
     EXPECT_EQ(info->description, u"Draws."_s);
 }
 
-TEST_F(iTunesLookupServiceTests, theAppStoreIsAskedOverHttpsWithAMinutesPatience)
+TEST_F(iTunesLookupServiceTests, theAppStoreIsAskedOverHttpsWithATimeoutOfAMinute)
 {
     const iTunesLookupService::SearchService service;
     EXPECT_EQ(service.origin, u"https://itunes.apple.com"_s);
-    EXPECT_EQ(service.longestSilence, 60s);
+    EXPECT_EQ(service.timeout, 60s);
 }
 
 TEST_F(iTunesLookupServiceTests, theRequestHasItsFourKeysInTheirOrder)
@@ -311,7 +310,7 @@ TEST_F(iTunesLookupServiceTests, requestsUnderWayAtOnceKeepTheirAnswersApart)
     EXPECT_EQ(second.result()->description, u"Writes."_s);
 }
 
-TEST_F(iTunesLookupServiceTests, anOwnerThatGoesInTheMiddleHearsNothing)
+TEST_F(iTunesLookupServiceTests, anOwnerDestroyedInTheMiddleReceivesNothing)
 {
     LoopbackAnswer answer = LoopbackAnswer::http(inkBody);
     answer.pause = 50ms;

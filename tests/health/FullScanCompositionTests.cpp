@@ -310,7 +310,7 @@ TEST_F(FullScanCompositionTest, equalFindingsKeepTheOrderAppsBeforeBackup)
     EXPECT_EQ(texts, (QStringList{u"a"_s, u"b"_s, u"Backup is current"_s}));
 }
 
-TEST_F(FullScanCompositionTest, withNothingToTellThereIsStillTheBackup)
+TEST_F(FullScanCompositionTest, withNothingElseToMentionThereIsStillTheBackup)
 {
     const FullScanReport report = FullScanComposition::report({{}, scoreOfDisk(0, 0), {}, std::nullopt}, now);
     ASSERT_EQ(report.findings.size(), 1);

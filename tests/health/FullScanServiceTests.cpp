@@ -177,7 +177,7 @@ TEST_F(FullScanServiceTest, oneFreeThreadInEachPoolIsEnough)
               (QStringList{u"Never Indexed"_s, u"Old Scanner"_s}));
 }
 
-TEST_F(FullScanServiceTest, nobodyHasToWaitForTheResult)
+TEST_F(FullScanServiceTest, theResultNeedsNoReceiver)
 {
     fileManager.holdNextLookAt(mac.home().appending(u".Trash"_s));
     {

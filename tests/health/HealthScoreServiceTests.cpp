@@ -102,14 +102,14 @@ TEST_F(HealthScoreServiceTest, withoutAClockItIsTheSystems)
     EXPECT_EQ(HealthScoreService::compute(anHourAgo.addDays(-1)).result().backupPoints, 35);
 }
 
-TEST_F(HealthScoreServiceTest, aDiskExactlyEightyFivePercentFullIsTold)
+TEST_F(HealthScoreServiceTest, aDiskExactlyEightyFivePercentFullIsMentioned)
 {
     const HealthScore score = scoreOfDisk(terabyte, 150'000'000'000);
     EXPECT_EQ(score.diskPoints, 4);
     EXPECT_EQ(score.detail, u"Backed up today. Disk is 85% full — freeing space is recommended."_s);
 }
 
-TEST_F(HealthScoreServiceTest, aDiskJustUnderEightyFivePercentIsNotTold)
+TEST_F(HealthScoreServiceTest, aDiskJustUnderEightyFivePercentIsNotMentioned)
 {
     const HealthScore score = scoreOfDisk(terabyte, 150'100'000'000);
     EXPECT_EQ(score.diskUsedBytes, 849'900'000'000);
@@ -194,7 +194,7 @@ TEST_F(HealthScoreServiceTest, hiddenFilesAndTheInsideOfPackagesCountForNothing)
     EXPECT_EQ(compute().junkEstimateBytes, 5);
 }
 
-TEST_F(HealthScoreServiceTest, junkCostsPointsAndIsTold)
+TEST_F(HealthScoreServiceTest, junkCostsPointsAndIsMentioned)
 {
     writeHole("Library/Caches/file", 2'147'483'648);
     const HealthScore score = compute(now);

@@ -27,7 +27,7 @@ protected:
         return HealthScoring::backupScore(ago(millisecondsAgo), now);
     }
 
-    /// The sentence on a backup that long ago, of a machine with nothing else to tell.
+    /// The sentence on a backup that long ago, of a machine with nothing else to mention.
     [[nodiscard]] QString backupText(qint64 millisecondsAgo) const
     {
         return HealthScoring::detailText(Grade::a, 0, ago(millisecondsAgo), 0, 0, now);
@@ -184,7 +184,7 @@ TEST_F(HealthScoringTest, aBackupLessThanADayAheadIsOfToday)
     EXPECT_EQ(backupText(1 - day), u"Backed up today."_s);
 }
 
-TEST_F(HealthScoringTest, junkIsToldFromATenthOfAGibibyte)
+TEST_F(HealthScoringTest, junkIsMentionedFromATenthOfAGibibyte)
 {
     constexpr qint64 lastUntold = 107'374'182;            // 0.0999999998 GiB
     EXPECT_EQ(junkAndDiskText(107'266'808, 0, 0), u""_s); // 0.0999 GiB
@@ -192,7 +192,7 @@ TEST_F(HealthScoringTest, junkIsToldFromATenthOfAGibibyte)
     EXPECT_EQ(junkAndDiskText(lastUntold + 1, 0, 0), u" 107.4 MB of cached junk found."_s);
 }
 
-TEST_F(HealthScoringTest, aDiskIsToldFromEightyFiveWholePercent)
+TEST_F(HealthScoringTest, aDiskIsMentionedFromEightyFiveWholePercent)
 {
     EXPECT_EQ(junkAndDiskText(0, 8'499, 10'000), u""_s);
     EXPECT_EQ(junkAndDiskText(0, 8'500, 10'000), u" Disk is 85% full — freeing space is recommended."_s);
@@ -200,7 +200,7 @@ TEST_F(HealthScoringTest, aDiskIsToldFromEightyFiveWholePercent)
     EXPECT_EQ(junkAndDiskText(0, 10'000, 10'000), u" Disk is 100% full — freeing space is recommended."_s);
 }
 
-TEST_F(HealthScoringTest, aDiskOfUnknownSizeIsNotTold)
+TEST_F(HealthScoringTest, aDiskOfUnknownSizeIsNotMentioned)
 {
     EXPECT_EQ(junkAndDiskText(0, 10'000, 0), u""_s);
 }
@@ -266,7 +266,7 @@ TEST_F(HealthScoringTest, moreFreeThanInAllIsAnEmptyDisk)
     EXPECT_EQ(score.diskPoints, 30);
 }
 
-TEST_F(HealthScoringTest, withNothingKnownOfTheDiskItIsNeitherUsedNorTold)
+TEST_F(HealthScoringTest, withNothingKnownOfTheDiskItIsNeitherUsedNorMentioned)
 {
     const HealthScore score = HealthScoring::score({.lastBackup = now}, now);
     EXPECT_EQ(score.diskUsedBytes, 0);

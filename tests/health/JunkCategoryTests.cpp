@@ -56,10 +56,10 @@ TEST(JunkCategoryTest, withoutItemsTheTotalIsZero)
     EXPECT_EQ(category({}).formattedSize(), u"Zero KB"_s);
 }
 
-TEST(JunkCategoryTest, sizesBeyondAllMeasureStayAtTheLargestNumber)
+TEST(JunkCategoryTest, sizesAbove64BitsStayAtTheLargestNumber)
 {
-    constexpr qint64 most = std::numeric_limits<qint64>::max();
-    EXPECT_EQ(category({item(u"/a"_s, most), item(u"/b"_s, most)}).totalBytes(), most);
+    constexpr qint64 maximum = std::numeric_limits<qint64>::max();
+    EXPECT_EQ(category({item(u"/a"_s, maximum), item(u"/b"_s, maximum)}).totalBytes(), maximum);
 }
 
 } // namespace keelbright::testing

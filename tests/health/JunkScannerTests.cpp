@@ -387,7 +387,7 @@ TEST_F(JunkScannerTest, theWorkIsDoneOnTheUtilityPoolWhileTheCallerGoesOn)
     waitForBackgroundWork();
 }
 
-TEST_F(JunkScannerTest, nobodyHasToWaitForTheResult)
+TEST_F(JunkScannerTest, theResultNeedsNoReceiver)
 {
     HeldFileManager held(mac.root());
     const FileManagerGuard guard(held);

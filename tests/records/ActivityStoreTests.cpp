@@ -140,7 +140,7 @@ TEST_F(ActivityStoreTest, with500EntriesAnAppendDropsTheOldest)
     EXPECT_EQ(titles.last(), u"498"_s);
 }
 
-TEST_F(ActivityStoreTest, aLogBeyondTheCapIsReadWholeAndCutByTheNextAppend)
+TEST_F(ActivityStoreTest, aLogAboveTheMaximumIsReadWholeAndCutByTheNextAppend)
 {
     writeEntries(700);
     EXPECT_EQ(store.load().size(), 700);
@@ -183,7 +183,7 @@ TEST_F(ActivityStoreTest, oneBadEntryMakesTheWholeLogReadAsEmptyAndTheNextAppend
     }
 }
 
-TEST_F(ActivityStoreTest, aTextThatIsNoListReadsAsEmptyWithoutAWord)
+TEST_F(ActivityStoreTest, aTextThatIsNoListReadsAsEmptyAndPrintsNothing)
 {
     for (const QByteArray& text : {QByteArray(), QByteArray("{}"), QByteArray("null"), QByteArray("[{"),
                                    "[" + goodEntry, QByteArray("\xff\xfe"), QByteArray(10'000, '[')}) {

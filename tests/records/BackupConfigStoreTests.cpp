@@ -181,7 +181,7 @@ TEST_F(BackupConfigStoreTest, tenThousandNestedListsAreInvalidAndNoCrash)
         u"Failed to decode config: The JSON text is not valid at byte 1041: too deeply nested document.\n"_s);
 }
 
-TEST_F(BackupConfigStoreTest, aFolderInItsPlaceReadsAsEmptyWithoutAWordAndCantBeSaved)
+TEST_F(BackupConfigStoreTest, aFolderInItsPlaceReadsAsEmptyPrintsNothingAndCantBeSaved)
 {
     mac.makeFolder("Users/mira/.local/share/Keelbright/config.json");
     EXPECT_EQ(outputOfFailedLoad(), QString());

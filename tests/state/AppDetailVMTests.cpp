@@ -100,7 +100,7 @@ protected:
 
 } // namespace
 
-TEST_F(AppDetailVMTest, aNewModelKnowsNothingAndAsksNobody)
+TEST_F(AppDetailVMTest, aNewModelIsEmptyAndStartsNothing)
 {
     const auto model = makeModel();
     EXPECT_EQ(model->app().name, u"Ink"_s);
@@ -132,7 +132,7 @@ TEST_F(AppDetailVMTest, theLeftoversAreFoundInTheBackground)
     EXPECT_TRUE(server.requests().isEmpty());
 }
 
-TEST_F(AppDetailVMTest, theAppStoreIsAskedOnTheUsersWord)
+TEST_F(AppDetailVMTest, theAppStoreIsAskedOnlyWhenTheUserWantsIt)
 {
     server.setAnswer(LoopbackAnswer::http(R"({"results": [{"trackName": "Ink", "description": "Draws."}]})"));
     const auto model = makeModel();
@@ -190,7 +190,7 @@ TEST_F(AppDetailVMTest, aRemovalIsLogged)
     EXPECT_EQ(log.first().itemCount, 4);
 }
 
-TEST_F(AppDetailVMTest, oneLeftoverIsToldInTheSingular)
+TEST_F(AppDetailVMTest, oneLeftoverIsWrittenInTheSingular)
 {
     addLeftover("Caches/org.example.ink/data", 30);
     const auto model = makeModel();
@@ -284,7 +284,7 @@ TEST_F(AppDetailVMTest, theQuestionIsTheScreensToClear)
     EXPECT_FALSE(model->showDeleteConfirm());
 }
 
-TEST_F(AppDetailVMTest, closedInTheMiddleOfTheSearchItHearsNothingMoreOfIt)
+TEST_F(AppDetailVMTest, closedInTheMiddleOfTheSearchItReceivesNothing)
 {
     addThreeLeftovers();
     auto model = makeModel();

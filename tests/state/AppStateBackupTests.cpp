@@ -17,7 +17,7 @@ namespace {
 class AppStateBackupTest : public AppStateFixture
 {
 protected:
-    /// A run of the engine that ends with `report`, as the state sees it.
+    /// A run of the engine that ends with `report`, as the state finds it.
     static void endRun(AppState& state, const std::optional<BackupReport>& report)
     {
         state.engine().setIsRunning(true);
@@ -37,7 +37,7 @@ protected:
         return state;
     }
 
-    /// Confirms a backup and waits until the state has taken note of its end.
+    /// Confirms a backup and waits until the state has handled its end.
     static void backUp(AppState& state)
     {
         const QSignalSpy completed(&state, &AppState::lastReportChanged);
@@ -215,7 +215,7 @@ TEST_F(AppStateBackupTest, aFailureOfTheManifestCountsAsOneSkippedFile)
     EXPECT_EQ(activityStore.load().first().title, u"Backup completed with warnings"_s);
 }
 
-TEST_F(AppStateBackupTest, theEndOfARunIsTakenNoteOfOneTurnLaterAndOnce)
+TEST_F(AppStateBackupTest, theEndOfARunIsHandledOnceAndOneTurnLater)
 {
     const auto state = makeState();
     endRun(*state, sampleReport());
@@ -258,7 +258,7 @@ TEST_F(AppStateBackupTest, everyRunIsLogged)
     EXPECT_EQ(activityStore.load().size(), 2);
 }
 
-TEST_F(AppStateBackupTest, theEntryOfTheLogTellsTheReport)
+TEST_F(AppStateBackupTest, theEntryOfTheLogHasTheNumbersOfTheReport)
 {
     const auto state = makeState();
     mac.setNow(QDateTime(QDate(2026, 3, 1), QTime(9, 6), Qt::UTC));
@@ -322,7 +322,7 @@ TEST_F(AppStateBackupTest, aRunThatIsUnderWayEndsWithTheState)
     for (int i = 0; i < 2000; ++i)
         mac.writeFile("Users/mira/Desktop/more/" + QByteArray::number(i), "1");
     ASSERT_TRUE(state->confirmBackup());
-    // In short looks, so that the run can't be over before the first one ends.
+    // In short turns, so that the run can't end within the first one.
     const QDeadlineTimer deadline(20'000);
     while (state->engine().progress().filesCopied == 0 && !deadline.hasExpired())
         QCoreApplication::processEvents(QEventLoop::AllEvents, 1);

@@ -189,7 +189,7 @@ TEST_F(AppStateChoiceTest, anAnswerThatComesLaterIsTaken)
     EXPECT_EQ(state->selectedDestination()->url, drive().url);
 }
 
-TEST_F(AppStateChoiceTest, anAnswerThatComesAfterTheStateIsGoneIsDropped)
+TEST_F(AppStateChoiceTest, anAnswerAfterTheEndOfTheStateIsDropped)
 {
     auto state = makeState();
     const AppConfiguration before = savedConfiguration();

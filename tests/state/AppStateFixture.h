@@ -43,7 +43,7 @@ public:
 class AppStateFixture : public ::testing::Test
 {
 protected:
-    /// Starts the application anew on what the machine has kept.
+    /// Starts the application again with what the machine has kept.
     std::unique_ptr<AppState> makeState()
     {
         std::unique_ptr<AppState> state;

@@ -40,7 +40,7 @@ TEST_F(AppStateLoadingTest, theFirstStartPrintsTheDiagnosticsOfAllFolders)
     EXPECT_EQ(output, diagnostics());
 }
 
-TEST_F(AppStateLoadingTest, theDiagnosticsTellWhichFoldersExist)
+TEST_F(AppStateLoadingTest, theDiagnosticsShowWhichFoldersExist)
 {
     mac.makeFolder("Users/mira/Desktop");
     mac.makeFolder("Users/mira/Pictures/Photos Library.photoslibrary");

@@ -162,7 +162,7 @@ TEST_F(AppStateRefreshTest, askingAgainDuringAScanStartsNoSecondOne)
     EXPECT_EQ(held.looksAt(applications()), 1);
 }
 
-TEST_F(AppStateRefreshTest, scanningAnewReplacesTheListAndKeepsTheOldOneMeanwhile)
+TEST_F(AppStateRefreshTest, scanningAgainReplacesTheListAndKeepsTheOldOneMeanwhile)
 {
     addApplications();
     const auto state = makeState();
@@ -261,7 +261,7 @@ TEST_F(AppStateRefreshTest, nothingOfItIsSaved)
     EXPECT_TRUE(makeState()->scannedApps().isEmpty());
 }
 
-TEST_F(AppStateRefreshTest, closedInTheMiddleOfComputingTheScoreItHearsNothingMoreOfIt)
+TEST_F(AppStateRefreshTest, closedInTheMiddleOfComputingTheScoreItReceivesNothing)
 {
     auto state = makeState();
     const QSignalSpy delivered(state.get(), &AppState::healthScoreChanged);
@@ -275,7 +275,7 @@ TEST_F(AppStateRefreshTest, closedInTheMiddleOfComputingTheScoreItHearsNothingMo
     EXPECT_EQ(delivered.count(), 0);
 }
 
-TEST_F(AppStateRefreshTest, closedInTheMiddleOfListingApplicationsItHearsNothingMoreOfIt)
+TEST_F(AppStateRefreshTest, closedInTheMiddleOfListingApplicationsItReceivesNothing)
 {
     addApplications();
     auto state = makeState();
@@ -290,7 +290,7 @@ TEST_F(AppStateRefreshTest, closedInTheMiddleOfListingApplicationsItHearsNothing
     EXPECT_EQ(delivered.count(), 0);
 }
 
-TEST_F(AppStateRefreshTest, closedWithBothResultsOnTheirWayItHearsNothingMoreOfThem)
+TEST_F(AppStateRefreshTest, closedWithBothResultsOnTheirWayItReceivesNeither)
 {
     addApplications();
     auto state = makeState();

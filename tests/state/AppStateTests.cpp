@@ -186,7 +186,7 @@ TEST_F(AppStateTest, whatIsOnItsWayDiesWithTheState)
     EXPECT_FALSE(savedConfiguration().lastReport.has_value());
 }
 
-TEST_F(AppStateTest, tellsTheTimeOfItsClock)
+TEST_F(AppStateTest, givesTheTimeOfItsClock)
 {
     const auto state = makeState();
     EXPECT_EQ(state->now(), QDateTime(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC));

@@ -76,7 +76,7 @@ TEST_F(DeliveryTest, nothingIsLeftBehindInTheOwner)
     EXPECT_TRUE(owner.children().isEmpty());
 }
 
-TEST_F(DeliveryTest, anOwnerThatWentBeforeTheResultReceivesNothing)
+TEST_F(DeliveryTest, anOwnerDestroyedBeforeTheResultReceivesNothing)
 {
     auto owner = std::make_unique<QObject>();
     start(owner.get());
@@ -86,7 +86,7 @@ TEST_F(DeliveryTest, anOwnerThatWentBeforeTheResultReceivesNothing)
     EXPECT_TRUE(received.isEmpty());
 }
 
-TEST_F(DeliveryTest, anOwnerThatGoesWithTheResultOnItsWayReceivesNothing)
+TEST_F(DeliveryTest, anOwnerDestroyedWithTheResultOnItsWayReceivesNothing)
 {
     auto owner = std::make_unique<QObject>();
     start(owner.get());

@@ -144,7 +144,7 @@ TEST_F(ScanResultsVMTest, everyFindingLeadsToAScreenThatThereIs)
     EXPECT_EQ(screens, (QSet{Screen::junkCleaner, Screen::appManager, Screen::dashboard}));
 }
 
-TEST_F(ScanResultsVMTest, closedInTheMiddleOfAScanItHearsNothingMoreOfIt)
+TEST_F(ScanResultsVMTest, closedInTheMiddleOfAScanItReceivesNothing)
 {
     auto closed = std::make_unique<ScanResultsVM>(mac.clock());
     fileManager.holdNextLookAt(trash);
@@ -158,7 +158,7 @@ TEST_F(ScanResultsVMTest, closedInTheMiddleOfAScanItHearsNothingMoreOfIt)
     EXPECT_EQ(delivered.count(), 0);
 }
 
-TEST_F(ScanResultsVMTest, closedWithTheReportOnItsWayItHearsNothingMoreOfIt)
+TEST_F(ScanResultsVMTest, closedWithTheReportOnItsWayItReceivesNothing)
 {
     auto closed = std::make_unique<ScanResultsVM>(mac.clock());
     closed->runScan(std::nullopt, {});

@@ -128,7 +128,7 @@ TEST_F(FolderSizeServiceTest, filesWhoseSizesCantBeReadAddNothing)
 {
     write("open/a.txt", 1);
     write("listed/b.txt", 20);
-    // Whoever may list a folder but not enter it sees the names and nothing more.
+    // A folder that may be listed but not entered shows its names only.
     const auto reopened = withMode("listed", 0444);
     const UnprivilegedUser user;
     EXPECT_EQ(size(), 1);
@@ -150,7 +150,7 @@ TEST_F(FolderSizeServiceTest, depthHasNoLimit)
     EXPECT_EQ(size(), 1);
 }
 
-TEST_F(FolderSizeServiceTest, sizesBeyond64BitsStayAtTheLargestValue)
+TEST_F(FolderSizeServiceTest, sizesAbove64BitsStayAtTheLargestValue)
 {
     // Few file systems take a file of 4 EiB, all of it a hole; the one in memory does.
     const QTemporaryDir memory(u"/dev/shm/keelbright-XXXXXX"_s);

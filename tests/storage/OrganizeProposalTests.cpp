@@ -21,7 +21,7 @@ FileProposal fileOf(qint64 size)
 
 } // namespace
 
-TEST(OrganizeProposalTests, aFileTellsItsNameAndSize)
+TEST(OrganizeProposalTests, aFileHasItsNameAndSize)
 {
     const TestMac mac;
     EXPECT_EQ(fileOf(1).name(), u"Report.PDF"_s);
@@ -51,9 +51,9 @@ TEST(OrganizeProposalTests, theTotalIsTheSumOfTheFiles)
 
 TEST(OrganizeProposalTests, theTotalStaysAtTheLargestValueInsteadOfOverflowing)
 {
-    constexpr qint64 most = std::numeric_limits<qint64>::max();
-    const OrganizeProposal proposal{.files = {fileOf(most), fileOf(1)}};
-    EXPECT_EQ(proposal.totalBytes(), most);
+    constexpr qint64 maximum = std::numeric_limits<qint64>::max();
+    const OrganizeProposal proposal{.files = {fileOf(maximum), fileOf(1)}};
+    EXPECT_EQ(proposal.totalBytes(), maximum);
 }
 
 } // namespace keelbright::testing

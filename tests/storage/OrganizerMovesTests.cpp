@@ -102,7 +102,7 @@ TEST_F(OrganizerMovesTest, aDanglingLinkInThePlaceIsNotReplaced)
     EXPECT_EQ(read("a.png").size(), 1);
 }
 
-TEST_F(OrganizerMovesTest, aFileThatHasGoneIsToldAndTheOthersMove)
+TEST_F(OrganizerMovesTest, aMissingFileIsReportedAndTheOthersMove)
 {
     write("a.png", 3);
     write("b.png", 2);
@@ -123,7 +123,7 @@ TEST_F(OrganizerMovesTest, aFolderThatWasMadeForAMoveThatFailedStays)
     EXPECT_TRUE(mac.fileManager().fileExists(at("Images")).isDirectory);
 }
 
-TEST_F(OrganizerMovesTest, aFileInThePlaceOfTheFolderIsToldForEachFile)
+TEST_F(OrganizerMovesTest, aFileInThePlaceOfTheFolderIsReportedForEachFile)
 {
     write("Images", 1);
     write("a.png", 30);
@@ -148,7 +148,7 @@ TEST_F(OrganizerMovesTest, errorsComeInTheOrderOfTheMoves)
                                 u"z.png: “z.png” could not be moved: it does not exist."_s}}));
 }
 
-TEST_F(OrganizerMovesTest, aFolderThatCantBeWrittenToIsToldAndKeepsItsFiles)
+TEST_F(OrganizerMovesTest, aFolderThatCantBeWrittenToIsReportedAndKeepsItsFiles)
 {
     write("a.png", 3);
     const QList<OrganizeProposal> proposals = propose();
@@ -162,7 +162,7 @@ TEST_F(OrganizerMovesTest, aFolderThatCantBeWrittenToIsToldAndKeepsItsFiles)
     EXPECT_EQ(files(), QStringList{u"a.png"_s});
 }
 
-TEST_F(OrganizerMovesTest, aCategoryFolderOnAnotherDriveIsToldAndTheFileStays)
+TEST_F(OrganizerMovesTest, aCategoryFolderOnAnotherDriveIsReportedAndTheFileStays)
 {
     makeFolder("Images");
     const TemporaryVolume volume(at("Images"));
@@ -174,7 +174,7 @@ TEST_F(OrganizerMovesTest, aCategoryFolderOnAnotherDriveIsToldAndTheFileStays)
     EXPECT_EQ(read("a.png").size(), 3);
 }
 
-TEST_F(OrganizerMovesTest, aNumberedNameThatIsTooLongIsToldAndTheFileStays)
+TEST_F(OrganizerMovesTest, aNumberedNameThatIsTooLongIsReportedAndTheFileStays)
 {
     const QByteArray name = QByteArray(251, 'a') + ".png";
     writeText("Images/" + name, "old");

@@ -61,7 +61,7 @@ TEST_F(OrganizerServiceTest, looseFilesAreGroupedLargestFirst)
                                    u"Documents: report.pdf"_s}));
 }
 
-TEST_F(OrganizerServiceTest, aProposalTellsSourceDestinationAndSize)
+TEST_F(OrganizerServiceTest, aProposalHasSourceDestinationAndSize)
 {
     write("Report.PDF", 35);
     const QList<OrganizeProposal> proposals = propose();

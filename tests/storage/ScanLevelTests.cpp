@@ -16,7 +16,7 @@ using ::testing::IsEmpty;
 
 namespace {
 
-/// What a node tells, without its identity.
+/// What a node holds, without its identity.
 using Line = std::tuple<QString, qint64, bool>;
 
 class ScanLevelTest : public StorageFixture
@@ -136,7 +136,7 @@ TEST_F(ScanLevelTest, whatIsNeitherFileNorFolderIsAnEntryWithoutSize)
 TEST_F(ScanLevelTest, anEntryWhoseValuesCantBeReadIsAFileOfSizeZero)
 {
     write("a.txt", 10);
-    // Whoever may list a folder but not enter it sees the names and nothing more.
+    // A folder that may be listed but not entered shows its names only.
     const auto reopened = withMode("", 0444);
     const UnprivilegedUser user;
     EXPECT_THAT(scan(), ElementsAre(Line(u"a.txt"_s, 0, false)));
