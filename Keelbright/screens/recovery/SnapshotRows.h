@@ -15,8 +15,6 @@ public:
 
     void setSnapshots(const QList<BackupSnapshot>& snapshots);
 
-    [[nodiscard]] const QList<BackupSnapshot>& snapshots() const { return m_snapshots; }
-
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] ListRow rowAt(int row) const override;
 
