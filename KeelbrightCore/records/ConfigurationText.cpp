@@ -23,7 +23,7 @@ QByteArray textOfReport(const BackupReport& report)
             writer.value(member.value());
     }
     writer.endObject();
-    return writer.text();
+    return writer.take();
 }
 
 } // namespace
@@ -45,7 +45,8 @@ QByteArray ConfigurationText::of(const AppConfiguration& configuration)
             writer.value(member.value());
     }
     writer.endObject();
-    return writer.text() + '\n';
+    QByteArray text = writer.take();
+    return text.append('\n');
 }
 
 const QByteArray& ConfigurationText::ofReport(const BackupReport& report)

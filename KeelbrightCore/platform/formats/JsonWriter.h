@@ -4,6 +4,8 @@
 #include <QJsonValue>
 #include <QStringList>
 
+#include <utility>
+
 namespace keelbright {
 
 /// Writes one JSON value piece by piece, indented, byte for byte as QJsonDocument writes it. Beside
@@ -25,8 +27,8 @@ public:
     /// The text of a writer whose `depth` is the number of objects begun here plus this one's depth.
     void writtenValue(const QByteArray& text);
 
-    /// What has been written, without a line break at its end.
-    [[nodiscard]] const QByteArray& text() const { return m_text; }
+    /// What has been written, without a line break at its end. The writer is empty after that.
+    [[nodiscard]] QByteArray take() { return std::exchange(m_text, {}); }
 
 private:
     void begin(char bracket);

@@ -22,14 +22,14 @@ QByteArray written(const QJsonObject& object)
 {
     JsonWriter writer;
     writer.value(object);
-    return writer.text() + '\n';
+    return writer.take() + '\n';
 }
 
 QByteArray written(const QStringList& texts)
 {
     JsonWriter writer;
     writer.value(texts);
-    return writer.text() + '\n';
+    return writer.take() + '\n';
 }
 
 } // namespace
@@ -99,12 +99,12 @@ TEST(JsonWriter, writesAnObjectMemberByMember)
     writer.beginObject();
     writer.endObject();
     writer.key(u"report"_s);
-    writer.writtenValue(report.text());
+    writer.writtenValue(report.take());
     writer.key(u"time"_s);
     writer.value(QJsonValue(u"now"_s));
     writer.endObject();
 
-    EXPECT_EQ(writer.text() + '\n',
+    EXPECT_EQ(writer.take() + '\n',
               byTheLibrary({{u"empty"_s, QJsonObject()},
                             {u"report"_s, QJsonObject{{u"errors"_s, QJsonArray::fromStringList(lines)},
                                                       {u"filesCopied"_s, 3}}},
