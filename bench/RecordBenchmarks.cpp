@@ -48,7 +48,7 @@ AppConfiguration configurationWithLines(qint64 count)
 void saveASettingBesideAReport(benchmark::State& state)
 {
     const testing::TestMac mac;
-    const BackupConfigStore store(mac.root());
+    BackupConfigStore store(mac.root());
     AppConfiguration configuration = configurationWithLines(state.range(0));
     store.save(configuration);
     for (auto _ : state) {
@@ -68,7 +68,7 @@ BENCHMARK(saveASettingBesideAReport)
 void saveANewReport(benchmark::State& state)
 {
     const testing::TestMac mac;
-    const BackupConfigStore store(mac.root());
+    BackupConfigStore store(mac.root());
     AppConfiguration configuration = configurationWithLines(manyLines);
     for (auto _ : state) {
         configuration.lastReport->id = QUuid::createUuid();
@@ -81,7 +81,7 @@ BENCHMARK(saveANewReport)->Unit(benchmark::kMillisecond)->UseRealTime();
 void loadAReport(benchmark::State& state)
 {
     const testing::TestMac mac;
-    const BackupConfigStore store(mac.root());
+    BackupConfigStore store(mac.root());
     store.save(configurationWithLines(manyLines));
     for (auto _ : state)
         benchmark::DoNotOptimize(store.load());

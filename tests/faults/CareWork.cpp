@@ -14,9 +14,10 @@ namespace keelbright::testing {
 namespace {
 
 /// Turns the event loop until the model has finished its search.
-template <typename Model> void waitWhile(const Model& model, bool (Model::*isSearching)() const)
+template <typename Model>
+void waitWhile(const Model& model, bool (Model::*isSearching)() const, void (Model::*changed)())
 {
-    const auto connection = QObject::connect(&model, &Model::changed, &model, [&model, isSearching] {
+    const auto connection = QObject::connect(&model, changed, &model, [&model, isSearching] {
         if (!(model.*isSearching)())
             QCoreApplication::quit();
     });
@@ -40,7 +41,7 @@ QJsonObject clean(const std::function<void()>& ready)
 {
     JunkCleanerVM model(ActivityStore::shared());
     model.scan();
-    waitWhile(model, &JunkCleanerVM::isScanning);
+    waitWhile(model, &JunkCleanerVM::isScanning, &JunkCleanerVM::changed);
     model.selectAll();
     ready();
     model.clean();
@@ -60,7 +61,7 @@ QJsonObject removeApplication(const FileURL& bundle, const std::function<void()>
     facts.url = bundle;
     AppDetailVM model(AppInfo(std::move(facts)), ActivityStore::shared(), {});
     model.loadLeftovers();
-    waitWhile(model, &AppDetailVM::isLoadingLeftovers);
+    waitWhile(model, &AppDetailVM::isLoadingLeftovers, &AppDetailVM::isLoadingLeftoversChanged);
     ready();
     model.removeApp();
     return outcomeWith({});
@@ -71,7 +72,7 @@ QJsonObject organize(const FileURL& folder, const std::function<void()>& ready)
     FakeFolderChooser chooser;
     OrganizerVM model(ActivityStore::shared(), chooser);
     model.scan(folder);
-    waitWhile(model, &OrganizerVM::isScanning);
+    waitWhile(model, &OrganizerVM::isScanning, &OrganizerVM::changed);
     ready();
     model.execute();
     QJsonArray left;
