@@ -11,6 +11,7 @@
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/MenuButton.h"
 #include "Keelbright/widgets/rows/RowListView.h"
+#include "KeelbrightCore/platform/text/ByteSum.h"
 
 #include <QCoreApplication>
 #include <QShowEvent>
@@ -18,7 +19,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <limits>
 
 namespace keelbright {
 
@@ -43,15 +43,6 @@ QList<MenuButton::Choice> filterChoices()
     return choices;
 }
 
-/// The sum, limited to the range of the type: a log that was edited by hand can hold any number.
-qint64 saturatingSum(qint64 total, qint64 bytes)
-{
-    using Limits = std::numeric_limits<qint64>;
-    if (bytes >= 0)
-        return total > Limits::max() - bytes ? Limits::max() : total + bytes;
-    return total < Limits::min() - bytes ? Limits::min() : total + bytes;
-}
-
 } // namespace
 
 ActivityLogView::ActivityLogView(const ScreenContext& context, QWidget* parent)
@@ -71,9 +62,7 @@ QString ActivityLogView::summaryLine(const QList<ActivityEntry>& entries)
 {
     if (entries.isEmpty())
         return tr("No actions recorded");
-    qint64 total = 0;
-    for (const ActivityEntry& entry : entries)
-        total = saturatingSum(total, entry.bytesAffected);
+    const qint64 total = sumOfBytes(entries, &ActivityEntry::bytesAffected);
     const QString line =
         entries.size() == 1 ? tr("%1 action · %2 freed total") : tr("%1 actions · %2 freed total");
     return line.arg(QString::number(entries.size()), L10n::Formatters::bytes(total));

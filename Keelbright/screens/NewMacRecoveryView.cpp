@@ -146,7 +146,7 @@ void NewMacRecoveryView::redraw()
         return;
     m_summary = new PageSection(new SectionHeader(tr("Summary from your previous Mac")), this);
     static_cast<PageSection*>(m_summary)->content()->addWidget(new ManifestSummary(*m_vm.manifestData()));
-    // Above the stretch at the end.
+    // Above the stretch that ends the page.
     content()->insertWidget(content()->count() - 1, m_summary);
     m_summary->show();
 }

@@ -125,7 +125,7 @@ void PreflightSummaryView::startCheck()
     m_isAnalyzing = true;
     m_result.reset();
     redraw();
-    // The watcher goes with the screen, and a result that comes later finds nobody.
+    // The watcher is destroyed with the screen, so a later result is dropped.
     m_check.setFuture(m_state.runPreflight());
 }
 

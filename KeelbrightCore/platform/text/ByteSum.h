@@ -7,12 +7,15 @@
 
 namespace keelbright {
 
-/// The sum of two byte counts that are not negative; stays at the largest value instead of
-/// overflowing. Special file systems report files larger than any drive.
+/// The sum of two byte counts; stays at the largest or the smallest value instead of overflowing.
+/// Special file systems report files larger than any drive, and a log that was edited by hand can
+/// hold any number.
 [[nodiscard]] constexpr qint64 addedWithoutOverflow(qint64 total, qint64 size)
 {
-    constexpr qint64 maximum = std::numeric_limits<qint64>::max();
-    return size > maximum - total ? maximum : total + size;
+    using Limits = std::numeric_limits<qint64>;
+    if (size >= 0)
+        return total > Limits::max() - size ? Limits::max() : total + size;
+    return total < Limits::min() - size ? Limits::min() : total + size;
 }
 
 /// The same sum over a range; `sizeOf` is a member or a function that gives the byte count of one

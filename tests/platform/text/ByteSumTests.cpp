@@ -29,6 +29,16 @@ TEST(ByteSum, staysAtTheMaximumInsteadOfOverflowing)
     EXPECT_EQ(addedWithoutOverflow(maximum, maximum), maximum);
 }
 
+TEST(ByteSum, staysAtTheMinimumInsteadOfOverflowing)
+{
+    constexpr qint64 minimum = std::numeric_limits<qint64>::min();
+    EXPECT_EQ(addedWithoutOverflow(minimum, -1), minimum);
+    EXPECT_EQ(addedWithoutOverflow(-1, minimum), minimum);
+    EXPECT_EQ(addedWithoutOverflow(minimum, minimum), minimum);
+    EXPECT_EQ(addedWithoutOverflow(minimum, maximum), -1);
+    EXPECT_EQ(addedWithoutOverflow(1'500, -500), 1'000);
+}
+
 TEST(ByteSum, isZeroForAnEmptyRange)
 {
     EXPECT_EQ(sumOfBytes(QList<Sized>(), &Sized::bytes), 0);
