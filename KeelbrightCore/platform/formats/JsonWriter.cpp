@@ -5,6 +5,8 @@
 #include <QJsonObject>
 #include <QVarLengthArray>
 
+#include <cstring>
+
 namespace keelbright {
 
 namespace {
@@ -75,6 +77,42 @@ char* escapedUtf8(QStringView text, char* out)
         }
     }
     return out;
+}
+
+void appendEscaped(QByteArray& json, QStringView text)
+{
+    QVarLengthArray<char, 1024> buffer(text.size() * longestEscape);
+    const char* end = escapedUtf8(text, buffer.data());
+    json.append(buffer.constData(), end - buffer.constData());
+}
+
+/// Whether one of these eight bytes of UTF-8 is a character that JSON escapes.
+bool needsEscape(quint64 bytes)
+{
+    constexpr quint64 ones = 0x0101010101010101;
+    constexpr quint64 highBits = 0x80 * ones;
+    // Subtracting takes the highest bit from a byte only where the byte is less than the subtrahend.
+    const auto hasLessThan = [&](quint64 value, quint64 limit) {
+        return ((value - limit * ones) & ~value & highBits) != 0;
+    };
+    return hasLessThan(bytes, ' ') || hasLessThan(bytes ^ ('"' * ones), 1) ||
+           hasLessThan(bytes ^ ('\\' * ones), 1);
+}
+
+/// Looks at eight bytes at once, as hardly any text of a long list holds such a character.
+bool needsEscape(QByteArrayView text)
+{
+    constexpr qsizetype width = sizeof(quint64);
+    quint64 bytes = 0;
+    qsizetype place = 0;
+    for (; place + width <= text.size(); place += width) {
+        std::memcpy(&bytes, text.data() + place, width);
+        if (needsEscape(bytes))
+            return true;
+    }
+    std::memset(&bytes, ' ', width);
+    std::memcpy(&bytes, text.data() + place, static_cast<size_t>(text.size() - place));
+    return needsEscape(bytes);
 }
 
 /// A value that is neither a text nor holds others.
@@ -178,9 +216,17 @@ void JsonWriter::object(const QJsonObject& members)
 
 void JsonWriter::quoted(QStringView text)
 {
-    QVarLengthArray<char, 1024> buffer(text.size() * longestEscape);
-    const char* end = escapedUtf8(text, buffer.data());
-    m_text.append('"').append(buffer.constData(), end - buffer.constData()).append('"');
+    m_text.append('"');
+    const qsizetype begin = m_text.size();
+    m_text.resize(begin + m_encoder.requiredSpace(text.size()));
+    const char* end = m_encoder.appendToBuffer(m_text.data() + begin, text);
+    m_text.resize(end - m_text.constData());
+    if (m_encoder.hasError() || needsEscape(QByteArrayView(m_text).sliced(begin))) {
+        m_encoder.resetState();
+        m_text.resize(begin);
+        appendEscaped(m_text, text);
+    }
+    m_text.append('"');
 }
 
 } // namespace keelbright

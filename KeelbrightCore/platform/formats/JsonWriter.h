@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QJsonValue>
+#include <QStringEncoder>
 #include <QStringList>
 
 #include <utility>
@@ -40,6 +41,7 @@ private:
     void object(const QJsonObject& members);
 
     QByteArray m_text;
+    QStringEncoder m_encoder{QStringConverter::Utf8, QStringConverter::Flag::Stateless};
     int m_depth;
     bool m_isFirst = true; ///< nothing stands before the next entry
 };
