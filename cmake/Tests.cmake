@@ -1,6 +1,9 @@
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
+keelbright_precompiled(KeelbrightTestHeaders LINKS Qt6::Core GTest::gmock
+  HEADERS ${KEELBRIGHT_CORE_HEADERS} <gtest/gtest.h>)
+
 # The thread sanitizer has to know what Qt, which is not built with it, puts in an order; an object
 # library, because its definitions have to come before those of Qt.
 set(KEELBRIGHT_HAS_THREAD_SANITIZER OFF)
@@ -25,7 +28,7 @@ function(keelbright_tests name)
   add_executable(${name} ${SUITE_SOURCES})
   target_link_libraries(${name} PRIVATE ${SUITE_LINKS} GTest::gmock_main KeelbrightCompile
     $<$<BOOL:${KEELBRIGHT_HAS_THREAD_SANITIZER}>:KeelbrightThreadOrder>)
-  target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <QString> <QList> <expected> <memory>)
+  target_precompile_headers(${name} REUSE_FROM KeelbrightTestHeaders)
   set(discovery TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60)
   if(SUITE_ALONE)
     list(JOIN SUITE_ALONE ":" alone)
