@@ -1,6 +1,7 @@
 # Half of every compile is reading the headers of Qt and of the standard library, so they are read once
 # for a kind of target and reused by all targets of that kind. One set takes some 130 MB, so there are
-# three, not one for each target.
+# three, not one for each target. -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON builds without them, and so shows
+# what a file has forgotten to include.
 #   keelbright_precompiled(NAME LINKS target... HEADERS header...)
 function(keelbright_precompiled name)
   cmake_parse_arguments(SET "" "" "LINKS;HEADERS" ${ARGN})
