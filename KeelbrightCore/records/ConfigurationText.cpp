@@ -39,7 +39,7 @@ QByteArray ConfigurationText::of(const AppConfiguration& configuration)
     writer.beginObject();
     for (auto member = members.begin(); member != members.end(); ++member) {
         writer.key(member.key());
-        if (member.key() == AppConfiguration::lastReportKey)
+        if (report && member.key() == AppConfiguration::lastReportKey)
             writer.writtenValue(ofReport(*report));
         else
             writer.value(member.value());

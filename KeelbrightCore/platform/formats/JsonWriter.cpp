@@ -11,7 +11,7 @@ namespace keelbright {
 
 namespace {
 
-constexpr int spacesPerLevel = 4;
+constexpr qsizetype spacesPerLevel = 4;
 /// A character of 16 bits as "\ud834".
 constexpr qsizetype longestEscape = 6;
 
@@ -197,7 +197,7 @@ void JsonWriter::writtenValue(const QByteArray& text)
 void JsonWriter::list(const QJsonArray& values)
 {
     begin('[');
-    for (const QJsonValue& entry : values) {
+    for (const auto& entry : values) {
         beginEntry();
         value(entry);
     }
