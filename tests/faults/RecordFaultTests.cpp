@@ -28,7 +28,7 @@ protected:
 
 TEST_F(RecordFaultTest, anUnreadableConfigurationIsSilentlyEmptyAndStaysWhenItCannotBeSaved)
 {
-    const BackupConfigStore store(support);
+    BackupConfigStore store(support);
     AppConfiguration configuration;
     configuration.enabledRecommendedFolders = {QStringLiteral("Documents")};
     store.save(configuration);
