@@ -74,8 +74,10 @@ void RestoreBrowserView::addSnapshots()
     auto* section = new PageSection(m_heading, this);
     m_list = new RowListView(RowListView::Look::table, tr("Snapshots"), section);
     m_list->setRowModel(m_rows);
-    connect(m_list, &RowListView::actionPressed, this,
-            [this](int row) { m_workspace.open(m_vm.snapshots().at(row).folderURL); });
+    connect(m_list, &RowListView::actionPressed, this, [this](int row, RowActionId action) {
+        if (action == RowActionId::open)
+            m_workspace.open(m_vm.snapshots().at(row).folderURL);
+    });
     section->content()->addWidget(makeListCard(m_list, section), 1);
     m_found = section;
     content()->addWidget(section, 1);

@@ -134,7 +134,7 @@ QWidget* StorageBrowserView::makeBrowsePage()
     });
     connect(m_list, &RowListView::opened, this, &StorageBrowserView::openRow);
     connect(m_list, &RowListView::actionPressed, this,
-            [this](int row, const RowAction& action) { act(m_rows->nodes().at(row), action); });
+            [this](int row, RowActionId action) { act(m_rows->nodes().at(row), action); });
     connect(m_largest, &LargestFilesPanel::refreshPressed, &m_model, &StorageBrowserModel::loadLargestFiles);
     connect(m_largest, &LargestFilesPanel::actionPressed, this, &StorageBrowserView::act);
     return page;
@@ -304,24 +304,23 @@ void StorageBrowserView::refresh()
         m_model.measureAgain();
 }
 
-void StorageBrowserView::act(const FolderSizeNode& node, const RowAction& action)
+void StorageBrowserView::act(const FolderSizeNode& node, RowActionId action)
 {
-    const std::optional<StorageNodeAction> chosen = storageNodeAction(action);
-    if (!chosen)
-        return;
-    switch (*chosen) {
-    case StorageNodeAction::addToBackup:
+    switch (action) {
+    case RowActionId::addToBackup:
         m_model.addToBackup(node);
-        return;
-    case StorageNodeAction::organise:
+        break;
+    case RowActionId::organise:
         m_model.organiseCurrentFolder(node.url);
-        return;
-    case StorageNodeAction::reveal:
+        break;
+    case RowActionId::reveal:
         m_workspace.reveal(node.url);
-        return;
-    case StorageNodeAction::trash:
+        break;
+    case RowActionId::trash:
         askToTrash(node);
-        return;
+        break;
+    default:
+        break;
     }
 }
 

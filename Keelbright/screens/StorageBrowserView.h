@@ -2,6 +2,7 @@
 
 #include "Keelbright/screens/storage/StorageBrowserModel.h"
 #include "Keelbright/widgets/FrameThrottle.h"
+#include "Keelbright/widgets/rows/ListRow.h"
 
 #include <QWidget>
 
@@ -20,7 +21,6 @@ class StorageHeader;
 class StorageNodeModel;
 class TreemapView;
 class Workspace;
-struct RowAction;
 struct ScreenContext;
 
 /// What takes the space in a folder, level by level: as a list, as a map, or its largest files.
@@ -51,7 +51,7 @@ private:
     void openRow(int row);
     void goBack();
     void refresh();
-    void act(const FolderSizeNode& node, const RowAction& action);
+    void act(const FolderSizeNode& node, RowActionId action);
     void askToTrash(const FolderSizeNode& node);
     [[nodiscard]] QWidget* contentWithFocus() const;
 

@@ -3,6 +3,7 @@
 #include "Keelbright/screens/shell/DetailView.h"
 #include "Keelbright/widgets/MenuButton.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
+#include "tests/support/PseudoTranslation.h"
 #include "tests/support/StandardOutput.h"
 
 #include <QAbstractItemView>
@@ -23,6 +24,12 @@ namespace {
 bool isAtWork()
 {
     return TaskPools::userInitiated().activeThreadCount() + TaskPools::utility().activeThreadCount() > 0;
+}
+
+/// What is shown may be translated; a stage is worked in English.
+bool isText(const QString& shown, const QString& english)
+{
+    return PseudoTranslation::originalOf(shown) == english;
 }
 
 std::optional<iTunesAppInfo> answerOfTheStore(const QString& name)
@@ -98,7 +105,7 @@ QWidget& Stage::screen()
 void Stage::press(const QString& name)
 {
     for (auto* button : screen().findChildren<QAbstractButton*>()) {
-        if (button->accessibleName() == name && button->isVisible()) {
+        if (isText(button->accessibleName(), name) && button->isVisible()) {
             button->click();
             turnFrames();
             return;
@@ -110,12 +117,13 @@ void Stage::press(const QString& name)
 void Stage::choose(const QString& title)
 {
     for (auto* list : screen().findChildren<QAbstractItemView*>()) {
-        const QModelIndexList found =
-            list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, title, 1, Qt::MatchExactly);
-        if (list->isVisible() && !found.isEmpty()) {
-            list->setCurrentIndex(found.first());
-            turnFrames();
-            return;
+        for (int row = 0; list->isVisible() && row < list->model()->rowCount(); ++row) {
+            const QModelIndex index = list->model()->index(row, 0);
+            if (isText(index.data().toString(), title)) {
+                list->setCurrentIndex(index);
+                turnFrames();
+                return;
+            }
         }
     }
     ADD_FAILURE() << "no row " << title.toStdString();
@@ -127,7 +135,7 @@ void Stage::pick(const QString& choice)
         if (!button->isVisible())
             continue;
         for (QAction* action : button->choiceMenu()->actions()) {
-            if (action->text() == choice) {
+            if (isText(action->text(), choice)) {
                 action->trigger();
                 turnFrames();
                 return;
@@ -140,7 +148,7 @@ void Stage::pick(const QString& choice)
 void Stage::write(const QString& name, const QString& text)
 {
     for (auto* field : screen().findChildren<QLineEdit*>()) {
-        if (field->accessibleName() == name && field->isVisible()) {
+        if (isText(field->accessibleName(), name) && field->isVisible()) {
             field->setText(text);
             turnFrames();
             return;

@@ -159,7 +159,8 @@ TEST_F(JunkCleanerViewTests, anItemIsRevealed)
     addSomeJunk();
     open();
     EXPECT_EQ(items().row(0).actions,
-              (QList<RowAction>{{.symbol = u"folder"_s, .name = u"Reveal in Finder"_s}}));
+              (QList<RowAction>{
+                  {.id = RowActionId::reveal, .symbol = u"folder"_s, .name = u"Reveal in Finder"_s}}));
     items().clickAction(1);
     EXPECT_EQ(workspace.revealed, QStringList(mac.home().path() + u"/Library/Caches/com.example.music"_s));
 }

@@ -135,7 +135,8 @@ TEST_F(OrganizerViewTests, aFileIsRevealedWhereItIs)
     writeSomeFiles();
     openDownloads();
     EXPECT_EQ(files().row(1).actions,
-              (QList<RowAction>{{.symbol = u"folder"_s, .name = u"Reveal in Finder"_s}}));
+              (QList<RowAction>{
+                  {.id = RowActionId::reveal, .symbol = u"folder"_s, .name = u"Reveal in Finder"_s}}));
     files().clickAction(1);
     EXPECT_EQ(workspace.revealed, QStringList(downloads().path() + u"/cat.png"_s));
 }

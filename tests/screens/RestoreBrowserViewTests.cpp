@@ -101,7 +101,7 @@ TEST_F(RestoreBrowserViewTests, opensASnapshot)
     RestoreBrowserView view(*state, workspace);
     show(view);
     pick(view, device());
-    ASSERT_TRUE(view.findChild<RowListView*>()->press(1, u"Open"_s));
+    ASSERT_TRUE(ListDriver(*view.findChild<RowListView*>()).press(1, RowActionId::open));
     EXPECT_EQ(workspace.opened, QStringList{device().appending(u"Snapshots/2024-05-01-0930"_s).path()});
 }
 

@@ -2,6 +2,7 @@
 
 #include "Keelbright/screens/review/ScanReportPanel.h"
 #include "Keelbright/widgets/rows/RowListView.h"
+#include "tests/screens/shared/ListDriver.h"
 #include "tests/screens/shared/ScreenTestCase.h"
 #include "tests/support/HeldFileManager.h"
 #include "tests/support/MadeUpMac.h"
@@ -190,7 +191,9 @@ TEST_F(ScanResultsViewTests, theButtonsOfFindingsOpenTheirScreensAndStartNothing
     RowListView* list = view.findChild<ScanReportPanel*>()->list();
     const auto press = [&](const QString& title, const QString& name) {
         state->setSelectedScreen(Screen::scanResults);
-        EXPECT_TRUE(list->press(rowOf(view, title), name)) << title.toStdString();
+        const int row = rowOf(view, title);
+        EXPECT_EQ(list->rowModel()->rowAt(row).actions.first().name, name);
+        EXPECT_TRUE(ListDriver(*list).press(row, RowActionId::resolve)) << title.toStdString();
         return state->selectedScreen();
     };
     EXPECT_EQ(press(u"No backup on record"_s, u"Back Up"_s), Screen::dashboard);

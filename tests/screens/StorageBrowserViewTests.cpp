@@ -385,13 +385,13 @@ TEST_F(StorageBrowserViewTests, theActionsOfARowDoWhatTheySay)
 {
     StorageBrowserView view(context());
     browse(view, documents());
-    EXPECT_TRUE(list(view)->press(0, u"Reveal in Finder"_s));
+    EXPECT_TRUE(ListDriver(*list(view)).press(0, RowActionId::reveal));
     EXPECT_EQ(workspace.revealed, QStringList{documents().appending(u"Work"_s).path()});
-    EXPECT_TRUE(list(view)->press(0, u"Add to Backup Sources"_s));
+    EXPECT_TRUE(ListDriver(*list(view)).press(0, RowActionId::addToBackup));
     ASSERT_EQ(state->customSources().size(), 1);
     EXPECT_EQ(state->customSources().first().url, documents().appending(u"Work"_s));
-    EXPECT_FALSE(list(view)->press(1, u"Add to Backup Sources"_s));
-    EXPECT_FALSE(list(view)->press(1, u"Organise this folder"_s));
+    EXPECT_FALSE(ListDriver(*list(view)).press(1, RowActionId::addToBackup));
+    EXPECT_FALSE(ListDriver(*list(view)).press(1, RowActionId::organise));
 }
 
 TEST_F(StorageBrowserViewTests, theMenuOfARowHoldsItsActions)
@@ -445,7 +445,7 @@ TEST_F(StorageBrowserViewTests, organisingHandsTheFolderToTheOrganizer)
                                                told.append(object.value<FileURL>().path());
                                            });
     button(view, u"Organise"_s)->click();
-    EXPECT_TRUE(list(view)->press(0, u"Organise this folder"_s));
+    EXPECT_TRUE(ListDriver(*list(view)).press(0, RowActionId::organise));
     QObject::disconnect(listener);
     EXPECT_EQ(told, (QStringList{documents().path(), documents().appending(u"Work"_s).path()}));
 }
@@ -454,7 +454,7 @@ TEST_F(StorageBrowserViewTests, trashAsksFirst)
 {
     StorageBrowserView view(context());
     browse(view, documents());
-    EXPECT_TRUE(list(view)->press(1, u"Move to Trash"_s));
+    EXPECT_TRUE(ListDriver(*list(view)).press(1, RowActionId::trash));
     ASSERT_EQ(alerts.requests().size(), 1);
     const AlertRequest& request = alerts.requests().first();
     EXPECT_EQ(request.title, u"Move \"c.txt\" to Trash?"_s);
@@ -469,7 +469,7 @@ TEST_F(StorageBrowserViewTests, trashAsksFirst)
     EXPECT_FALSE(view.model().pendingDelete().has_value());
     EXPECT_TRUE(exists(documents().appending(u"c.txt"_s)));
 
-    EXPECT_TRUE(list(view)->press(1, u"Move to Trash"_s));
+    EXPECT_TRUE(ListDriver(*list(view)).press(1, RowActionId::trash));
     alerts.confirm();
     EXPECT_FALSE(view.model().pendingDelete().has_value());
     EXPECT_FALSE(exists(documents().appending(u"c.txt"_s)));
@@ -484,7 +484,7 @@ TEST_F(StorageBrowserViewTests, afterTrashingTwoLevelsDownTheUpperLevelShowsTheO
     StorageBrowserView view(context());
     browse(view, documents());
     drillIn(view, u"Work"_s);
-    EXPECT_TRUE(list(view)->press(rowOf(list(view), u"Old"_s), u"Move to Trash"_s));
+    EXPECT_TRUE(ListDriver(*list(view)).press(rowOf(list(view), u"Old"_s), RowActionId::trash));
     alerts.confirm();
     waitForLevel(view.model());
     turnFrame();
@@ -597,9 +597,9 @@ TEST_F(StorageBrowserViewTests, aTrashedFileStaysAmongTheLargest)
     browse(view, documents());
     choose(view, ViewMode::largest);
     const auto* panel = view.findChild<LargestFilesPanel*>();
-    EXPECT_TRUE(panel->list()->press(0, u"Reveal in Finder"_s));
+    EXPECT_TRUE(ListDriver(*panel->list()).press(0, RowActionId::reveal));
     EXPECT_EQ(workspace.revealed, QStringList{documents().appending(u"Work/Old/b.zip"_s).path()});
-    EXPECT_TRUE(panel->list()->press(0, u"Move to Trash"_s));
+    EXPECT_TRUE(ListDriver(*panel->list()).press(0, RowActionId::trash));
     EXPECT_FALSE(view.model().pendingDelete()->isDirectory);
     alerts.confirm();
     EXPECT_FALSE(exists(documents().appending(u"Work/Old/b.zip"_s)));

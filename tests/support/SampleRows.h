@@ -39,8 +39,9 @@ public:
         shown.detailElide = Qt::ElideMiddle;
         shown.value = QStringLiteral("%1 MB").arg(row);
         if (hasButtons) {
-            shown.actions = {{QStringLiteral("folder"), QStringLiteral("Reveal in Finder")},
-                             {QStringLiteral("trash"), QStringLiteral("Move to Trash"), true}};
+            shown.actions = {
+                {RowActionId::reveal, QStringLiteral("folder"), QStringLiteral("Reveal in Finder")},
+                {RowActionId::trash, QStringLiteral("trash"), QStringLiteral("Move to Trash"), true}};
         }
         shown.menuActions = menuActions;
         return shown;

@@ -63,8 +63,9 @@ ListRow AppListModel::rowAt(int row) const
     shown.tag = look.label;
     shown.tagColor = look.color;
     shown.detail = app.usageDescription;
-    shown.menuActions = {{.symbol = u"folder"_s, .name = revealActionName()},
-                         {.symbol = u"trash"_s, .name = removeActionName(), .isDelete = true}};
+    shown.menuActions = {
+        {.id = RowActionId::reveal, .symbol = u"folder"_s, .name = revealActionName()},
+        {.id = RowActionId::remove, .symbol = u"trash"_s, .name = removeActionName(), .isDelete = true}};
     return shown;
 }
 

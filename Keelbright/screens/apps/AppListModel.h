@@ -16,7 +16,7 @@ public:
     /// The icons outlive the model.
     explicit AppListModel(AppIcons& icons, QObject* parent = nullptr);
 
-    /// What the context menu of a row offers.
+    /// The names of the actions in the context menu of a row.
     [[nodiscard]] static QString revealActionName();
     [[nodiscard]] static QString removeActionName();
 

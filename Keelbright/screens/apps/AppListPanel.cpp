@@ -141,7 +141,7 @@ QWidget* AppListPanel::makeList()
     connect(m_list, &RowListView::currentRowChanged, this,
             [this](int row) { Q_EMIT appSelected(m_model.itemAt(row)); });
     connect(m_list, &RowListView::currentRowCleared, this, &AppListPanel::selectionCleared);
-    connect(m_list, &RowListView::actionPressed, this, &AppListPanel::press);
+    connect(m_list, &RowListView::actionPressed, this, &AppListPanel::perform);
     column->addWidget(m_list, 1);
     return listed;
 }
@@ -173,12 +173,12 @@ void AppListPanel::setFilter(const AppFilter& filter)
     m_header->setSubtitle(caption());
 }
 
-void AppListPanel::press(int row, const RowAction& action)
+void AppListPanel::perform(int row, RowActionId action)
 {
     const AppInfo app = m_model.itemAt(row);
-    if (action.isDelete)
+    if (action == RowActionId::remove)
         Q_EMIT removalRequested(app);
-    else
+    else if (action == RowActionId::reveal)
         Q_EMIT revealRequested(app);
 }
 

@@ -44,7 +44,7 @@ private:
     [[nodiscard]] QWidget* makeList();
     void setCategory(int choice);
     void setFilter(const AppFilter& filter);
-    void press(int row, const RowAction& action);
+    void perform(int row, RowActionId action);
     /// Empty as long as no application was found.
     [[nodiscard]] QString caption() const;
     void redraw();

@@ -21,7 +21,8 @@ ListRow LeftoverListModel::rowAt(int row) const
     shown.detail =
         QCoreApplication::translate("AppLeftover", AppLeftover::rawValue(leftover.kind).toUtf8().constData());
     shown.value = leftover.formattedSize();
-    shown.actions = {{.symbol = u"arrow.up.forward.square"_s, .name = tr("Reveal in Finder")}};
+    shown.actions = {
+        {.id = RowActionId::reveal, .symbol = u"arrow.up.forward.square"_s, .name = tr("Reveal in Finder")}};
     return shown;
 }
 

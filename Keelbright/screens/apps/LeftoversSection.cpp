@@ -52,8 +52,10 @@ QWidget* LeftoversSection::makeList()
     column->setSpacing(0);
     m_list = new RowListView(RowListView::Look::table, tr("Associated Files"), found);
     m_list->setRowModel(&m_rows);
-    connect(m_list, &RowListView::actionPressed, this,
-            [this](int row) { m_workspace.reveal(m_rows.itemAt(row).url); });
+    connect(m_list, &RowListView::actionPressed, this, [this](int row, RowActionId action) {
+        if (action == RowActionId::reveal)
+            m_workspace.reveal(m_rows.itemAt(row).url);
+    });
     column->addWidget(m_list);
     m_total = new NumberLabel({}, FontRole::bodyStrong, Role::primaryText, found);
     m_total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

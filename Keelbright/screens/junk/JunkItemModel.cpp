@@ -58,7 +58,7 @@ ListRow JunkItemModel::rowAt(int row) const
     shown.detailElide = Qt::ElideMiddle;
     shown.value = item.formattedSize();
     shown.valueColor = sizeColor(item.sizeBytes);
-    shown.actions = {{.symbol = u"folder"_s, .name = tr("Reveal in Finder")}};
+    shown.actions = {{.id = RowActionId::reveal, .symbol = u"folder"_s, .name = tr("Reveal in Finder")}};
     return shown;
 }
 

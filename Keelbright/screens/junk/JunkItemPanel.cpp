@@ -23,8 +23,10 @@ JunkItemPanel::JunkItemPanel(JunkCleanerVM& vm, Workspace& workspace, QWidget* p
         const QUuid id = m_model->itemAt(row).id;
         m_vm.setSelected(id, !m_vm.selectedItemIDs().contains(id));
     });
-    connect(list(), &RowListView::actionPressed, this,
-            [this, &workspace](int row) { workspace.reveal(m_model->itemAt(row).url); });
+    connect(list(), &RowListView::actionPressed, this, [this, &workspace](int row, RowActionId action) {
+        if (action == RowActionId::reveal)
+            workspace.reveal(m_model->itemAt(row).url);
+    });
     connect(toggle(), &QPushButton::clicked, this, [this] {
         if (const JunkCategory* category = m_vm.selectedCategory())
             m_vm.toggleAll(*category);

@@ -47,7 +47,7 @@ ListRow FileProposalModel::rowAt(int row) const
     shown.detailSymbol = u"arrow.right"_s;
     shown.detailElide = Qt::ElideMiddle;
     shown.value = file.formattedSize();
-    shown.actions = {{.symbol = u"folder"_s, .name = tr("Reveal in Finder")}};
+    shown.actions = {{.id = RowActionId::reveal, .symbol = u"folder"_s, .name = tr("Reveal in Finder")}};
     return shown;
 }
 

@@ -28,8 +28,10 @@ ProposalPanel::ProposalPanel(OrganizerVM& vm, Workspace& workspace, QWidget* par
         if (proposal != nullptr)
             m_vm.setFile(id, !m_vm.selectedFiles().contains(id), proposal->id);
     });
-    connect(list(), &RowListView::actionPressed, this,
-            [this, &workspace](int row) { workspace.reveal(m_model->itemAt(row).source); });
+    connect(list(), &RowListView::actionPressed, this, [this, &workspace](int row, RowActionId action) {
+        if (action == RowActionId::reveal)
+            workspace.reveal(m_model->itemAt(row).source);
+    });
     connect(toggle(), &QPushButton::clicked, this, [this] {
         if (const OrganizeProposal* proposal = m_vm.selectedProposal())
             m_vm.toggleCategory(proposal->id);

@@ -22,7 +22,7 @@ ListRow SnapshotRows::rowAt(int row) const
     shown.picture = ListRow::Picture::tile;
     shown.symbol = u"clock.arrow.circlepath"_s;
     shown.title = m_snapshots.at(row).label();
-    shown.actions = {RowAction{.symbol = {}, .name = tr("Open")}};
+    shown.actions = {RowAction{.id = RowActionId::open, .symbol = {}, .name = tr("Open")}};
     return shown;
 }
 

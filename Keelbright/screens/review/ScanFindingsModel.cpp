@@ -71,12 +71,14 @@ void ScanFindingsModel::setFindings(const QList<ScanFinding>& findings)
 std::optional<RowAction> ScanFindingsModel::actionButton(const ScanFinding& finding)
 {
     if (std::holds_alternative<ScanFinding::OpenURL>(finding.action))
-        return RowAction{.symbol = {}, .name = tr("Open")};
+        return RowAction{.id = RowActionId::resolve, .symbol = {}, .name = tr("Open")};
     const std::optional<Screen> screen =
         screenFromRawValue(std::get<ScanFinding::NavigateTo>(finding.action).screen);
     if (!screen)
         return std::nullopt;
-    return RowAction{.symbol = {}, .name = screen == Screen::dashboard ? tr("Back Up") : tr("Fix")};
+    return RowAction{.id = RowActionId::resolve,
+                     .symbol = {},
+                     .name = screen == Screen::dashboard ? tr("Back Up") : tr("Fix")};
 }
 
 int ScanFindingsModel::rowCount(const QModelIndex& parent) const

@@ -34,8 +34,10 @@ ScanReportPanel::ScanReportPanel(QWidget* parent)
     layout->addWidget(makeBanner());
     layout->addWidget(makeListCard(m_list, this), 1);
     m_list->setRowModel(m_model);
-    connect(m_list, &RowListView::actionPressed, this,
-            [this](int row) { Q_EMIT findingPressed(m_model->findingAt(row)); });
+    connect(m_list, &RowListView::actionPressed, this, [this](int row, RowActionId action) {
+        if (action == RowActionId::resolve)
+            Q_EMIT findingPressed(m_model->findingAt(row));
+    });
 }
 
 QString ScanReportPanel::headline(const FullScanReport& report)

@@ -45,8 +45,8 @@ ListRow LargeFileModel::rowAt(int row) const
     shown.detailElide = Qt::ElideMiddle;
     shown.value = file.formattedSize();
     shown.actions = {
-        {.symbol = u"folder"_s, .name = tr("Reveal in Finder")},
-        {.symbol = u"trash"_s, .name = tr("Move to Trash"), .isDelete = true},
+        {.id = RowActionId::reveal, .symbol = u"folder"_s, .name = tr("Reveal in Finder")},
+        {.id = RowActionId::trash, .symbol = u"trash"_s, .name = tr("Move to Trash"), .isDelete = true},
     };
     return shown;
 }
@@ -100,7 +100,7 @@ QWidget* LargestFilesPanel::makeFilesPage()
     column->addWidget(makeListCard(m_list, page), 1);
     connect(refresh, &QPushButton::clicked, this, &LargestFilesPanel::refreshPressed);
     connect(m_list, &RowListView::actionPressed, this,
-            [this](int row, const RowAction& action) { Q_EMIT actionPressed(m_model->nodeAt(row), action); });
+            [this](int row, RowActionId action) { Q_EMIT actionPressed(m_model->nodeAt(row), action); });
     return page;
 }
 

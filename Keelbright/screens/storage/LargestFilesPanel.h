@@ -47,7 +47,7 @@ public:
 
 Q_SIGNALS:
     void refreshPressed();
-    void actionPressed(const keelbright::FolderSizeNode& node, const keelbright::RowAction& action);
+    void actionPressed(const keelbright::FolderSizeNode& node, keelbright::RowActionId action);
 
 private:
     QWidget* makeFilesPage();

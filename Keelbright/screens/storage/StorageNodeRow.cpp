@@ -15,22 +15,6 @@ constexpr double mostOfIt = 0.4;
 constexpr double aGoodPart = 0.15;
 constexpr qsizetype mostActions = 4;
 
-RowAction rowAction(StorageNodeAction action)
-{
-    const auto tr = [](const char* text) { return QCoreApplication::translate("StorageNodeRow", text); };
-    switch (action) {
-    case StorageNodeAction::addToBackup:
-        return {.symbol = u"plus.circle"_s, .name = tr("Add to Backup Sources")};
-    case StorageNodeAction::organise:
-        return {.symbol = u"folder.badge.gearshape"_s, .name = tr("Organise this folder")};
-    case StorageNodeAction::reveal:
-        return {.symbol = u"arrow.up.forward.square"_s, .name = tr("Reveal in Finder")};
-    case StorageNodeAction::trash:
-        return {.symbol = u"trash"_s, .name = tr("Move to Trash"), .isDelete = true};
-    }
-    Q_UNREACHABLE();
-}
-
 QString folderIcon(const QString& name)
 {
     static const QHash<QString, QString> icons{
@@ -49,21 +33,19 @@ QString folderIcon(const QString& name)
 
 QList<RowAction> storageNodeActions(const FolderSizeNode& node)
 {
+    const auto tr = [](const char* text) { return QCoreApplication::translate("StorageNodeRow", text); };
     QList<RowAction> actions;
-    if (node.isDirectory)
-        actions = {rowAction(StorageNodeAction::addToBackup), rowAction(StorageNodeAction::organise)};
-    actions.append({rowAction(StorageNodeAction::reveal), rowAction(StorageNodeAction::trash)});
-    return actions;
-}
-
-std::optional<StorageNodeAction> storageNodeAction(const RowAction& action)
-{
-    for (const StorageNodeAction candidate : {StorageNodeAction::addToBackup, StorageNodeAction::organise,
-                                              StorageNodeAction::reveal, StorageNodeAction::trash}) {
-        if (rowAction(candidate).name == action.name)
-            return candidate;
+    if (node.isDirectory) {
+        actions = {
+            {RowActionId::addToBackup, u"plus.circle"_s, tr("Add to Backup Sources")},
+            {RowActionId::organise, u"folder.badge.gearshape"_s, tr("Organise this folder")},
+        };
     }
-    return std::nullopt;
+    actions.append({
+        {RowActionId::reveal, u"arrow.up.forward.square"_s, tr("Reveal in Finder")},
+        {.id = RowActionId::trash, .symbol = u"trash"_s, .name = tr("Move to Trash"), .isDelete = true},
+    });
+    return actions;
 }
 
 QString StorageNodeRow::iconName() const

@@ -5,16 +5,11 @@
 #include "KeelbrightCore/storage/FolderSizeNode.h"
 
 #include <QList>
-#include <optional>
 
 namespace keelbright {
 
-/// What can be done with an entry of the storage browser.
-enum class StorageNodeAction { addToBackup, organise, reveal, trash };
-
-/// The first two are for folders only.
+/// What can be done with an entry of the storage browser; more for a folder than for a file.
 [[nodiscard]] QList<RowAction> storageNodeActions(const FolderSizeNode& node);
-[[nodiscard]] std::optional<StorageNodeAction> storageNodeAction(const RowAction& action);
 
 /// One entry of a level: its looks follow from its share of the whole.
 struct StorageNodeRow

@@ -9,11 +9,23 @@
 
 namespace keelbright {
 
+/// What an action does, whatever it is called in the user's language.
+enum class RowActionId {
+    addToBackup,
+    open,
+    organise,
+    remove,
+    resolve, ///< leads to where the row's finding can be acted on
+    reveal,
+    trash,
+};
+
 /// Something that can be done with a row.
 struct RowAction
 {
-    QString symbol;             ///< empty for a button with words
-    QString name;               ///< the words, or the tool tip of a symbol
+    RowActionId id;
+    QString symbol;             ///< empty for a button with text
+    QString name;               ///< the text, or the tool tip of a symbol
     bool isDelete = false;      ///< the Delete key does the same
     Role hue = Role::mutedText; ///< of the symbol
 

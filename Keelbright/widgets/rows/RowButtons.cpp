@@ -55,7 +55,7 @@ void RowButtons::makeButtons(const QList<RowAction>& actions)
         if (!action.symbol.isEmpty())
             button->setHue(action.hue);
         button->installEventFilter(this);
-        connect(button, &QPushButton::clicked, this, [this, action] { Q_EMIT pressed(action); });
+        connect(button, &QPushButton::clicked, this, [this, id = action.id] { Q_EMIT pressed(id); });
         button->show();
         setTabOrder(before, button);
         before = button;

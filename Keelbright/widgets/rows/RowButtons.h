@@ -23,7 +23,7 @@ public:
     void show(const QList<RowAction>& actions, const QList<QRect>& rects);
 
 Q_SIGNALS:
-    void pressed(const keelbright::RowAction& action);
+    void pressed(keelbright::RowActionId action);
 
 protected:
     /// The arrows go on in the list.

@@ -45,7 +45,7 @@ RowListView::RowListView(Look look, const QString& name, QWidget* parent)
     setMouseTracking(true);
     viewport()->setAutoFillBackground(false);
     connect(&Theme::instance(), &Theme::changed, viewport(), qOverload<>(&QWidget::update));
-    connect(m_buttons, &RowButtons::pressed, this, [this](const RowAction& action) {
+    connect(m_buttons, &RowButtons::pressed, this, [this](RowActionId action) {
         if (currentRow() >= 0)
             Q_EMIT actionPressed(currentRow(), action);
     });
@@ -112,19 +112,6 @@ QList<RowAction> RowListView::allActionsAt(int row) const
 {
     const ListRow shown = m_model->rowAt(row);
     return shown.actions + shown.menuActions;
-}
-
-bool RowListView::press(int row, const QString& actionName)
-{
-    if (m_model == nullptr || row < 0 || row >= m_model->rowCount() || !m_model->headerAt(row).isEmpty())
-        return false;
-    for (const RowAction& action : allActionsAt(row)) {
-        if (action.name == actionName) {
-            Q_EMIT actionPressed(row, action);
-            return true;
-        }
-    }
-    return false;
 }
 
 bool RowListView::showsFocusAt(const QModelIndex& index) const
@@ -196,7 +183,7 @@ void RowListView::mouseReleaseEvent(QMouseEvent* event)
     if (pressed.isMark)
         Q_EMIT markPressed(pressed.row);
     else if (pressed.action >= 0)
-        Q_EMIT actionPressed(pressed.row, m_model->rowAt(pressed.row).actions.at(pressed.action));
+        Q_EMIT actionPressed(pressed.row, m_model->rowAt(pressed.row).actions.at(pressed.action).id);
     else
         Q_EMIT opened(pressed.row);
 }
@@ -240,7 +227,7 @@ void RowListView::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Backspace:
         for (const RowAction& action : allActionsAt(row)) {
             if (action.isDelete) {
-                Q_EMIT actionPressed(row, action);
+                Q_EMIT actionPressed(row, action.id);
                 return;
             }
         }
@@ -275,9 +262,9 @@ void RowListView::showMenu(int row, const QPoint& globalPosition)
         const QIcon icon = action.symbol.isEmpty()
                                ? QIcon()
                                : Symbol::icon(action.symbol, Theme::instance().color(Role::mutedText));
-        menu->addAction(icon, action.name, this, [this, index, action] {
+        menu->addAction(icon, action.name, this, [this, index, id = action.id] {
             if (index.isValid())
-                Q_EMIT actionPressed(index.row(), action);
+                Q_EMIT actionPressed(index.row(), id);
         });
     }
     menu->popup(globalPosition);

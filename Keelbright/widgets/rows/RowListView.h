@@ -43,9 +43,6 @@ public:
     /// Makes the row current and selects it without `currentRowChanged`; none for -1.
     void setCurrentRow(int row);
 
-    /// Does what a press on the row's action with this name does; false where it has none.
-    bool press(int row, const QString& actionName);
-
     /// The name of an action, or what does not fit the row; empty elsewhere.
     [[nodiscard]] QString toolTipAt(const QPoint& position) const;
 
@@ -56,7 +53,7 @@ Q_SIGNALS:
     void currentRowCleared();
     /// Click on the mark, or Space.
     void markPressed(int row);
-    void actionPressed(int row, const keelbright::RowAction& action);
+    void actionPressed(int row, keelbright::RowActionId action);
     /// Click on the row, or Enter.
     void opened(int row);
 

@@ -164,7 +164,7 @@ TEST_F(AppDetailPanelTests, aFileIsRevealedByItsButton)
     made.addLibrary();
     const auto panel = makeSettledPanel(sketchbook());
     RowListView* left = list(*panel, u"Associated Files"_s);
-    EXPECT_TRUE(left->press(1, u"Reveal in Finder"_s));
+    EXPECT_TRUE(ListDriver(*left).press(1, RowActionId::reveal));
     EXPECT_EQ(workspace.revealed,
               QStringList{mac.home().appending(u"Library/Application Support/Sketchbook"_s).path()});
     EXPECT_TRUE(workspace.opened.isEmpty());

@@ -16,10 +16,10 @@ TEST_F(AppManagerRemovalTests, aRowsMenuRevealsAndRemovesIt)
     const auto view = makeListedView();
     RowListView* rows = apps(*view);
     const int row = static_cast<int>(titlesIn(*rows).indexOf(u"Tidewater"_s));
-    EXPECT_TRUE(rows->press(row, u"Reveal in Finder"_s));
+    EXPECT_TRUE(ListDriver(*rows).press(row, RowActionId::reveal));
     EXPECT_EQ(workspace.opened, QStringList{applications().path()});
     EXPECT_EQ(view->selectedApp()->name, u"Tidewater"_s);
-    EXPECT_TRUE(rows->press(0, u"Remove…"_s));
+    EXPECT_TRUE(ListDriver(*rows).press(0, RowActionId::remove));
     ASSERT_EQ(alerts.requests().size(), 1);
     EXPECT_EQ(alerts.requests().first().title, u"Remove \"Never Indexed\"?"_s);
     EXPECT_EQ(view->selectedApp()->name, u"Never Indexed"_s);

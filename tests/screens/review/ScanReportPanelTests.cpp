@@ -105,9 +105,9 @@ TEST_F(ScanReportPanelTests, theButtonOfARowReportsItsFinding)
     QObject::connect(&panel, &ScanReportPanel::findingPressed, &panel,
                      [&pressed](const ScanFinding& finding) { pressed.append(finding.title); });
     // Rows 0 and 2 are the headers of the groups.
-    EXPECT_TRUE(panel.list()->press(1, u"Fix"_s));
-    EXPECT_TRUE(panel.list()->press(3, u"Fix"_s));
-    EXPECT_FALSE(panel.list()->press(0, u"Fix"_s));
+    EXPECT_TRUE(ListDriver(*panel.list()).press(1, RowActionId::resolve));
+    EXPECT_TRUE(ListDriver(*panel.list()).press(3, RowActionId::resolve));
+    EXPECT_FALSE(ListDriver(*panel.list()).press(0, RowActionId::resolve));
     EXPECT_EQ(pressed, (QStringList{u"Backup is current"_s, u"Tidewater"_s}));
 }
 

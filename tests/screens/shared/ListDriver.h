@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QPointer>
 #include <QTest>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
@@ -26,6 +28,10 @@ public:
         if (m_list == nullptr)
             throw std::runtime_error("no list " + name.toStdString());
     }
+
+    explicit ListDriver(RowListView& list)
+        : m_list(&list)
+    {}
 
     [[nodiscard]] RowListView* view() const { return m_list; }
 
@@ -87,6 +93,29 @@ public:
     void clickAction(int index, qsizetype action = 0) const
     {
         click(layoutOf(index).actions.at(action).center());
+    }
+
+    /// Presses the row's button for this or, where it has none, the entry of its menu; false where
+    /// the row does not offer it.
+    bool press(int index, RowActionId action) const
+    {
+        if (!m_list->rowModel()->headerAt(index).isEmpty())
+            return false;
+        const auto indexIn = [action](const QList<RowAction>& offered) {
+            return std::ranges::find(offered, action, &RowAction::id) - offered.begin();
+        };
+        const ListRow shown = row(index);
+        if (const auto button = indexIn(shown.actions); button < shown.actions.size()) {
+            clickAction(index, button);
+            return true;
+        }
+        const auto entry = indexIn(shown.menuActions);
+        if (entry == shown.menuActions.size())
+            return false;
+        const QPointer<QMenu> menu = openMenu(index);
+        menu->actions().at(shown.actions.size() + entry)->trigger();
+        delete menu;
+        return true;
     }
 
 private:

@@ -1,7 +1,7 @@
 #include "Keelbright/screens/storage/LargestFilesPanel.h"
 
-#include "Keelbright/screens/storage/StorageNodeRow.h"
 #include "Keelbright/widgets/rows/RowListView.h"
+#include "tests/screens/shared/ListDriver.h"
 #include "tests/screens/shared/ScreenTestCase.h"
 
 #include <QAbstractItemModelTester>
@@ -90,12 +90,13 @@ TEST_F(LargestFilesPanelTests, showsHowManyAndOfWhichFolder)
 TEST_F(LargestFilesPanelTests, tellsWhichFileAnActionIsFor)
 {
     LargestFilesPanel panel;
+    show(panel);
     panel.redraw(twoFiles, false, u"mira"_s);
     const QSignalSpy actions(&panel, &LargestFilesPanel::actionPressed);
-    EXPECT_TRUE(panel.list()->press(1, u"Move to Trash"_s));
+    EXPECT_TRUE(ListDriver(*panel.list()).press(1, RowActionId::trash));
     ASSERT_EQ(actions.count(), 1);
     EXPECT_EQ(actions.first().at(0).value<FolderSizeNode>().url, twoFiles.at(1).url);
-    EXPECT_EQ(storageNodeAction(actions.first().at(1).value<RowAction>()), StorageNodeAction::trash);
+    EXPECT_EQ(actions.first().at(1).value<RowActionId>(), RowActionId::trash);
 }
 
 } // namespace keelbright::testing

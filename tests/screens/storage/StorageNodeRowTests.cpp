@@ -131,17 +131,6 @@ TEST(StorageNodeRow, theSizesOfFoldersAndFilesStandInOneColumn)
     EXPECT_EQ(folder.actions.last(), file.actions.last());
 }
 
-TEST(StorageNodeRow, anActionIsKnownByItsName)
-{
-    EXPECT_EQ(storageNodeAction({.symbol = {}, .name = u"Add to Backup Sources"_s}),
-              StorageNodeAction::addToBackup);
-    EXPECT_EQ(storageNodeAction({.symbol = {}, .name = u"Organise this folder"_s}),
-              StorageNodeAction::organise);
-    EXPECT_EQ(storageNodeAction({.symbol = {}, .name = u"Reveal in Finder"_s}), StorageNodeAction::reveal);
-    EXPECT_EQ(storageNodeAction({.symbol = {}, .name = u"Move to Trash"_s}), StorageNodeAction::trash);
-    EXPECT_FALSE(storageNodeAction({.symbol = {}, .name = u"Delete"_s}).has_value());
-}
-
 TEST(StorageNodeModel, givesARowForEachNodeAndReadsAsNameAndSize)
 {
     StorageNodeModel model;

@@ -305,7 +305,7 @@ void TreemapView::pressDelete()
     const FolderSizeNode node = cells().at(currentCell()).node;
     for (const RowAction& action : storageNodeActions(node)) {
         if (action.isDelete)
-            Q_EMIT actionPressed(node, action);
+            Q_EMIT actionPressed(node, action.id);
     }
 }
 
@@ -328,7 +328,7 @@ void TreemapView::showMenu(int cell, const QPoint& globalPosition)
         const QColor color = Theme::instance().color(action.hue);
         QAction* entry = menu->addAction(Symbol::icon(action.symbol, color), action.name);
         connect(entry, &QAction::triggered, this,
-                [this, node, action] { Q_EMIT actionPressed(node, action); });
+                [this, node, id = action.id] { Q_EMIT actionPressed(node, id); });
     }
     menu->popup(globalPosition);
 }

@@ -57,7 +57,7 @@ public:
 
 Q_SIGNALS:
     void drilledIn(const keelbright::FolderSizeNode& node);
-    void actionPressed(const keelbright::FolderSizeNode& node, const keelbright::RowAction& action);
+    void actionPressed(const keelbright::FolderSizeNode& node, keelbright::RowActionId action);
     /// The keyboard went to the cell at this place.
     void currentCellChanged(const QRectF& rect);
 

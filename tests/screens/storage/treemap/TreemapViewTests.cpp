@@ -248,7 +248,7 @@ TEST_F(TreemapViewTests, deleteAsksForTheTrash)
     QTest::keyClick(&view, Qt::Key_Delete);
     ASSERT_EQ(actions.count(), 1);
     EXPECT_EQ(namesIn(actions), QStringList{u"1"_s});
-    EXPECT_EQ(actions.first().at(1).value<RowAction>().name, u"Move to Trash"_s);
+    EXPECT_EQ(actions.first().at(1).value<RowActionId>(), RowActionId::trash);
 }
 
 TEST_F(TreemapViewTests, theMenuHoldsWhatCanBeDoneWithTheCell)
@@ -264,7 +264,7 @@ TEST_F(TreemapViewTests, theMenuHoldsWhatCanBeDoneWithTheCell)
                                     u"Reveal in Finder"_s, u"Move to Trash"_s}));
     menu->actions().at(2)->trigger();
     EXPECT_EQ(namesIn(actions), QStringList{u"2"_s});
-    EXPECT_EQ(actions.first().at(1).value<RowAction>().name, u"Reveal in Finder"_s);
+    EXPECT_EQ(actions.first().at(1).value<RowActionId>(), RowActionId::reveal);
     EXPECT_EQ(drills.count(), 0);
     menu->close();
 }
