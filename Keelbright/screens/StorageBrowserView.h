@@ -6,20 +6,14 @@
 
 #include <QWidget>
 
-class QScrollArea;
 class QStackedWidget;
 
 namespace keelbright {
 
 class AlertPresenter;
-class BreadcrumbBar;
-class BreakdownBar;
-class Button;
-class LargestFilesPanel;
-class RowListView;
+class LevelPanel;
+class ShortcutBar;
 class StorageHeader;
-class StorageNodeModel;
-class TreemapView;
 class Workspace;
 struct ScreenContext;
 
@@ -33,53 +27,26 @@ public:
 
     [[nodiscard]] StorageBrowserModel& model() { return m_model; }
 
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
-    QWidget* makeShortcuts();
-    QWidget* makePrompt();
-    QWidget* makeBrowsePage();
-    QWidget* makeMap();
+    void layOut();
     void addKeys();
     void redraw();
-    void redrawShortcuts();
-    void redrawLevel();
-    void redrawRows();
-    void redrawContent();
     void showPage(QWidget* page);
-    void openRow(int row);
-    void goBack();
     void refresh();
-    void act(const FolderSizeNode& node, RowActionId action);
+    void perform(const FolderSizeNode& node, RowActionId action);
     void askToTrash(const FolderSizeNode& node);
-    [[nodiscard]] QWidget* contentWithFocus() const;
 
     AlertPresenter& m_alerts;
     Workspace& m_workspace;
     StorageBrowserModel m_model;
     FrameThrottle m_frames;
     StorageHeader* m_header;
-    QList<std::pair<Button*, FileURL>> m_shortcuts;
-    QWidget* m_shortcutBar; ///< before the pages, as Tab goes
+    ShortcutBar* m_shortcuts; ///< before the pages, for the Tab key
     QStackedWidget* m_pages;
-    BreadcrumbBar* m_breadcrumbs = nullptr;
-    BreakdownBar* m_breakdown = nullptr;
-    QStackedWidget* m_content = nullptr;
-    StorageNodeModel* m_rows;
-    RowListView* m_list = nullptr;
-    QScrollArea* m_mapArea = nullptr;
-    TreemapView* m_map = nullptr;
-    LargestFilesPanel* m_largest = nullptr;
     QWidget* m_busy;
-    QWidget* m_browse;
+    LevelPanel* m_level;
     QWidget* m_prompt;
-
-    std::optional<FileURL> m_shownURL; ///< of the level on display
-    QList<FolderSizeNode> m_shownNodes;
-    StorageBrowserModel::SortOrder m_shownOrder = StorageBrowserModel::SortOrder::size;
-    std::optional<FileURL> m_leftLevel; ///< where the user comes back from
-    bool m_returnsFocus = false;        ///< the content had it before it went for the spinner
+    bool m_returnsFocus = false; ///< the level had it before it gave way to the spinner
 };
 
 } // namespace keelbright

@@ -18,6 +18,7 @@
 #include <QMenu>
 #include <QRadioButton>
 #include <QTest>
+#include <QThread>
 
 namespace keelbright::testing {
 
@@ -25,6 +26,55 @@ using namespace Qt::StringLiterals;
 using ViewMode = StorageBrowserModel::ViewMode;
 
 namespace {
+
+/// Records the paths that the main thread asks the file system about.
+class MainThreadQuestions : public HeldFileManager
+{
+public:
+    using HeldFileManager::HeldFileManager;
+
+    ~MainThreadQuestions() override { finish(); }
+
+    MainThreadQuestions(const MainThreadQuestions&) = delete;
+    MainThreadQuestions& operator=(const MainThreadQuestions&) = delete;
+
+    [[nodiscard]] const QStringList& questions() const { return m_questions; }
+
+    [[nodiscard]] FileExistence fileExists(const FileURL& url) const override
+    {
+        record(url);
+        return HeldFileManager::fileExists(url);
+    }
+
+    [[nodiscard]] std::optional<qint64> fileSize(const FileURL& url) const override
+    {
+        record(url);
+        return HeldFileManager::fileSize(url);
+    }
+
+    [[nodiscard]] std::expected<QList<DirectoryEntry>, FileError>
+    contentsOfDirectory(const FileURL& url, DirectoryEnumerator::Options options) const override
+    {
+        record(url);
+        return HeldFileManager::contentsOfDirectory(url, options);
+    }
+
+    [[nodiscard]] std::expected<std::unique_ptr<DirectoryEnumerator>, FileError>
+    enumerator(const FileURL& url, DirectoryEnumerator::Options options) const override
+    {
+        record(url);
+        return HeldFileManager::enumerator(url, options);
+    }
+
+private:
+    void record(const FileURL& url) const
+    {
+        if (QThread::currentThread() == QCoreApplication::instance()->thread())
+            m_questions.append(url.path());
+    }
+
+    mutable QStringList m_questions; ///< written by the main thread alone
+};
 
 class StorageBrowserViewTests : public StorageBrowserFixture
 {
@@ -129,15 +179,59 @@ TEST_F(StorageBrowserViewTests, aShortcutToAFolderThatDoesNotExistIsDisabled)
 {
     StorageBrowserView view(context());
     show(view);
+    turnUntil([&] { return !button(view, u"Desktop"_s)->isEnabled(); });
     EXPECT_TRUE(button(view, u"Home"_s)->isEnabled());
     EXPECT_TRUE(button(view, u"Documents"_s)->isEnabled());
-    EXPECT_FALSE(button(view, u"Desktop"_s)->isEnabled());
     EXPECT_FALSE(button(view, u"Downloads"_s)->isEnabled());
     EXPECT_TRUE(button(view, u"Pictures"_s)->isEnabled());
+}
+
+TEST_F(StorageBrowserViewTests, eachAppearanceLooksForTheFoldersOfTheShortcuts)
+{
+    StorageBrowserView view(context());
+    show(view);
+    turnUntil([&] { return !button(view, u"Desktop"_s)->isEnabled(); });
     view.hide();
     mac.makeFolder("Users/mira/Desktop");
     view.show();
-    EXPECT_TRUE(button(view, u"Desktop"_s)->isEnabled());
+    turnUntil([&] { return button(view, u"Desktop"_s)->isEnabled(); });
+}
+
+TEST_F(StorageBrowserViewTests, theRefreshKeyLooksForTheFoldersOfTheShortcuts)
+{
+    StorageBrowserView view(context());
+    show(view);
+    turnUntil([&] { return !button(view, u"Desktop"_s)->isEnabled(); });
+    mac.makeFolder("Users/mira/Desktop");
+    QTest::keyClick(&view, Qt::Key_F5);
+    turnUntil([&] { return button(view, u"Desktop"_s)->isEnabled(); });
+}
+
+TEST_F(StorageBrowserViewTests, aTrashedFolderIsNoShortcutAnyMore)
+{
+    StorageBrowserView view(context());
+    browse(view, mac.home());
+    EXPECT_TRUE(ListDriver(*list(view)).press(rowOf(list(view), u"Pictures"_s), RowActionId::trash));
+    alerts.confirm();
+    turnUntil([&] { return !button(view, u"Pictures"_s)->isEnabled(); });
+    waitForLevel(view.model());
+}
+
+TEST_F(StorageBrowserViewTests, noRedrawAsksTheFileSystemForAnythingOnTheMainThread)
+{
+    MainThreadQuestions files(mac.root());
+    const FileManagerGuard guard(files);
+    StorageBrowserView view(context());
+    browse(view, documents());
+    drillIn(view, u"Work"_s);
+    for (const ViewMode mode : StorageBrowserModel::allViewModes())
+        choose(view, mode);
+    view.model().setSortOrder(StorageBrowserModel::SortOrder::name);
+    turnFrame();
+    view.hide();
+    view.show();
+    turnUntil([&] { return !button(view, u"Desktop"_s)->isEnabled(); });
+    EXPECT_EQ(files.questions(), QStringList());
 }
 
 TEST_F(StorageBrowserViewTests, aShortcutMeasuresItsFolderAndShowsIt)
@@ -718,6 +812,7 @@ TEST_F(StorageBrowserViewTests, tabGoesFromTheTopToTheBottom)
     drillIn(view, u"Work"_s);
     view.model().setViewMode(ViewMode::treemap);
     turnFrame();
+    turnUntil([&] { return !button(view, u"Desktop"_s)->isEnabled(); });
     QStringList order;
     view.findChild<TreemapView*>()->setFocus();
     for (int i = 0; i < 10; ++i) {

@@ -33,7 +33,7 @@ RecommendedFolderRow::RecommendedFolderRow(AppState& state, qsizetype index, Fad
     , m_index(index)
     , m_tile(tile)
     , m_notFound(new Tag(tr("Not found"), Role::orange, this))
-    , m_switch(new ToggleSwitch(translated(folder().name), this))
+    , m_switch(new ToggleSwitch(translated(state.recommendedFolders().at(index).name), this))
 {
     addBesideTitle(m_notFound);
     addTrailing(m_switch);

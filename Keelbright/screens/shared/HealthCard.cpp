@@ -89,8 +89,9 @@ HealthCard::HealthCard(QWidget* parent)
     , m_loaded(makeLoaded())
 {
     content()->addWidget(m_loading);
-    content()->addWidget(m_loaded);
-    m_loaded->hide();
+    content()->addWidget(m_loaded.whole);
+    m_loaded.whole->hide();
+    connect(m_loaded.recalculate, &QPushButton::clicked, this, &HealthCard::recalculateRequested);
     setAccessibleName(tr("Calculating the health score"));
 }
 
@@ -126,20 +127,24 @@ QWidget* HealthCard::makeLoading()
     return arrange(pieces);
 }
 
-QWidget* HealthCard::makeLoaded()
+HealthCard::Loaded HealthCard::makeLoaded()
 {
-    m_ring = new RingProgress(tr("Health score"), ringDiameter, ringThickness);
-    m_headline = makeWrappingLabel({}, FontRole::headline, Role::primaryText);
-    m_detail = makeWrappingLabel({}, FontRole::body, Role::mutedText);
-    auto* button = new Button(Button::Kind::icon, tr("Recalculate health score"), u"arrow.clockwise"_s);
-    connect(button, &QPushButton::clicked, this, &HealthCard::recalculateRequested);
-    Pieces pieces{m_ring, m_headline, m_detail, {}, button};
+    Loaded loaded{
+        .ring = new RingProgress(tr("Health score"), ringDiameter, ringThickness),
+        .headline = makeWrappingLabel({}, FontRole::headline, Role::primaryText),
+        .detail = makeWrappingLabel({}, FontRole::body, Role::mutedText),
+        .bands = {},
+        .recalculate = new Button(Button::Kind::icon, tr("Recalculate health score"), u"arrow.clockwise"_s),
+        .whole = nullptr,
+    };
+    Pieces pieces{loaded.ring, loaded.headline, loaded.detail, {}, loaded.recalculate};
     for (std::size_t i = 0; i < parts.size(); ++i) {
-        m_bands.at(i) = {new NumberLabel({}, FontRole::captionStrong, Role::primaryText),
-                         new BarProgress(tr(parts.at(i).name), parts.at(i).color)};
-        pieces.bands.at(i) = {m_bands.at(i).label, m_bands.at(i).bar};
+        loaded.bands.at(i) = {new NumberLabel({}, FontRole::captionStrong, Role::primaryText),
+                              new BarProgress(tr(parts.at(i).name), parts.at(i).color)};
+        pieces.bands.at(i) = {loaded.bands.at(i).label, loaded.bands.at(i).bar};
     }
-    return arrange(pieces);
+    loaded.whole = arrange(pieces);
+    return loaded;
 }
 
 void HealthCard::setScore(const std::optional<HealthScore>& score)
@@ -148,7 +153,7 @@ void HealthCard::setScore(const std::optional<HealthScore>& score)
         return;
     m_score = score;
     m_loading->setVisible(!score);
-    m_loaded->setVisible(score.has_value());
+    m_loaded.whole->setVisible(score.has_value());
     setTint(score ? color(score->grade) : Role::card);
     if (score)
         showScore(*score);
@@ -160,17 +165,17 @@ void HealthCard::showScore(const HealthScore& score)
 {
     const QString grade = HealthScore::rawValue(score.grade);
     const QString headline = HealthScore::headline(score.grade);
-    m_ring->setColorRole(color(score.grade));
-    m_ring->setCenter(QString::number(score.points), grade);
-    m_ring->setFraction(static_cast<double>(score.points) / fullScore);
-    m_headline->setText(headline);
-    m_detail->setText(score.detail);
+    m_loaded.ring->setColorRole(color(score.grade));
+    m_loaded.ring->setCenter(QString::number(score.points), grade);
+    m_loaded.ring->setFraction(static_cast<double>(score.points) / fullScore);
+    m_loaded.headline->setText(headline);
+    m_loaded.detail->setText(score.detail);
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const Part& part = parts.at(i);
         const int points = score.*part.points;
-        m_bands.at(i).label->setText(
+        m_loaded.bands.at(i).label->setText(
             tr("%1  %2/%3").arg(tr(part.name), QString::number(points), QString::number(part.maximum)));
-        m_bands.at(i).bar->setFraction(static_cast<double>(points) / part.maximum);
+        m_loaded.bands.at(i).bar->setFraction(static_cast<double>(points) / part.maximum);
     }
     const QString summary = tr("Health score %1, %2. %3").arg(QString::number(score.points), grade, headline);
     if (isVisible())

@@ -9,8 +9,9 @@
 namespace keelbright {
 
 class BarProgress;
-class NumberLabel;
+class Button;
 class Label;
+class NumberLabel;
 class RingProgress;
 
 /// The health score: its number and grade, a sentence, and its three parts. Grey placeholders until it is
@@ -36,17 +37,24 @@ private:
         BarProgress* bar;
     };
 
+    /// The widgets that show a score, and the one that holds them.
+    struct Loaded
+    {
+        RingProgress* ring;
+        Label* headline;
+        Label* detail;
+        std::array<Band, 3> bands;
+        Button* recalculate;
+        QWidget* whole;
+    };
+
     [[nodiscard]] static QWidget* makeLoading();
-    [[nodiscard]] QWidget* makeLoaded();
+    [[nodiscard]] static Loaded makeLoaded();
     void showScore(const HealthScore& score);
 
     std::optional<HealthScore> m_score;
-    RingProgress* m_ring = nullptr;
-    Label* m_headline = nullptr;
-    Label* m_detail = nullptr;
-    std::array<Band, 3> m_bands{};
     QWidget* m_loading;
-    QWidget* m_loaded;
+    Loaded m_loaded;
 };
 
 } // namespace keelbright

@@ -67,41 +67,40 @@ LargestFilesPanel::LargestFilesPanel(QWidget* parent)
     : QWidget(parent)
     , m_model(new LargeFileModel(this))
     , m_busy(new BusyState(tr("Scanning for large files…"), {}, 32, this))
-    , m_files(makeFilesPage())
+    , m_files(new QWidget(this))
+    , m_caption(new ElidedLabel({}, FontRole::groupTitle, Role::secondaryText, Qt::ElideRight, m_files))
+    , m_refresh(new Button(Button::Kind::plainIcon, tr("Refresh"), u"arrow.clockwise"_s, m_files))
+    , m_list(new RowListView(RowListView::Look::table, tr("Largest files"), m_files))
     , m_nothing(new QWidget(this))
     , m_pages(new QStackedLayout(this))
 {
-    auto* words = new QVBoxLayout(m_nothing);
+    fillFilesPage();
+    auto* middle = new QVBoxLayout(m_nothing);
     auto* nothing = new Label(tr("No files found."), FontRole::body, Role::secondaryText, m_nothing);
     nothing->setAlignment(Qt::AlignCenter);
-    words->addWidget(nothing);
+    middle->addWidget(nothing);
     m_pages->addWidget(m_busy);
     m_pages->addWidget(m_files);
     m_pages->addWidget(m_nothing);
     m_pages->setCurrentWidget(m_nothing);
 }
 
-QWidget* LargestFilesPanel::makeFilesPage()
+void LargestFilesPanel::fillFilesPage()
 {
-    auto* page = new QWidget(this);
-    auto* column = new QVBoxLayout(page);
+    auto* column = new QVBoxLayout(m_files);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(6);
-    auto* head = new QHBoxLayout;
-    head->setSpacing(8);
-    m_caption = new ElidedLabel({}, FontRole::groupTitle, Role::secondaryText, Qt::ElideRight, page);
-    auto* refresh = new Button(Button::Kind::plainIcon, tr("Refresh"), u"arrow.clockwise"_s, page);
-    refresh->setCompact(true);
-    head->addWidget(m_caption, 1);
-    head->addWidget(refresh);
-    column->addLayout(head);
-    m_list = new RowListView(RowListView::Look::table, tr("Largest files"), page);
+    auto* header = new QHBoxLayout;
+    header->setSpacing(8);
+    m_refresh->setCompact(true);
+    header->addWidget(m_caption, 1);
+    header->addWidget(m_refresh);
+    column->addLayout(header);
     m_list->setRowModel(m_model);
-    column->addWidget(makeListCard(m_list, page), 1);
-    connect(refresh, &QPushButton::clicked, this, &LargestFilesPanel::refreshPressed);
+    column->addWidget(makeListCard(m_list, m_files), 1);
+    connect(m_refresh, &QPushButton::clicked, this, &LargestFilesPanel::refreshPressed);
     connect(m_list, &RowListView::actionPressed, this,
             [this](int row, RowActionId action) { Q_EMIT actionPressed(m_model->nodeAt(row), action); });
-    return page;
 }
 
 void LargestFilesPanel::redraw(const QList<LargeFileItem>& files, bool isLoading, const QString& folderName)

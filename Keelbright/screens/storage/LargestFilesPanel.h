@@ -10,6 +10,7 @@ class QStackedLayout;
 
 namespace keelbright {
 
+class Button;
 class ElidedLabel;
 class RowListView;
 
@@ -33,7 +34,7 @@ private:
     QList<LargeFileItem> m_files;
 };
 
-/// The largest files of a whole folder, or that they are being looked for.
+/// The largest files of a folder and everything below it, or a spinner while they are searched for.
 class LargestFilesPanel : public QWidget
 {
     Q_OBJECT
@@ -50,13 +51,14 @@ Q_SIGNALS:
     void actionPressed(const keelbright::FolderSizeNode& node, keelbright::RowActionId action);
 
 private:
-    QWidget* makeFilesPage();
+    void fillFilesPage();
 
     LargeFileModel* m_model;
-    RowListView* m_list = nullptr;
-    ElidedLabel* m_caption = nullptr;
     QWidget* m_busy;
     QWidget* m_files;
+    ElidedLabel* m_caption;
+    Button* m_refresh;
+    RowListView* m_list;
     QWidget* m_nothing;
     QStackedLayout* m_pages;
     QList<LargeFileItem> m_shown;

@@ -149,7 +149,7 @@ void StorageBrowserModel::goTo(qsizetype level)
 
 void StorageBrowserModel::measureAgain()
 {
-    // What is being measured comes on top by itself.
+    // The level that is being measured will be the last one.
     if (!m_isScanning)
         replaceLastLevel();
 }
@@ -169,6 +169,7 @@ void StorageBrowserModel::trash(const FolderSizeNode& node)
     // The new measurement shows whether it is still there.
     (void)FileManager::defaultManager().trashItem(node.url);
     setPendingDelete(std::nullopt);
+    m_shortcuts.lookUp();
     replaceLastLevel();
 }
 
@@ -190,7 +191,7 @@ void StorageBrowserModel::loadLargestFiles()
 
 void StorageBrowserModel::organiseCurrentFolder(const FileURL& folder)
 {
-    // The screen that the folder may come from goes with the first step.
+    // The first step may destroy the screen that owns the reference.
     const QVariant kept = QVariant::fromValue(folder);
     m_state.setSelectedScreen(Screen::organizer);
     NotificationCenter::defaultCenter().post(organizeFolderNotification, kept);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Keelbright/screens/storage/StorageLevel.h"
+#include "Keelbright/screens/storage/StorageShortcuts.h"
 #include "KeelbrightCore/storage/LargeFileItem.h"
 
 #include <QObject>
@@ -11,8 +12,8 @@ namespace keelbright {
 class AppState;
 
 /// What the storage browser shows and does: the levels walked, and what is done with their entries.
-/// Starts empty, and nothing of it is kept. Main thread only; a measurement that is under way finds
-/// nobody where the model has gone.
+/// Starts empty and is never saved. Main thread only; the model may be destroyed in the middle of a
+/// measurement.
 class StorageBrowserModel : public QObject
 {
     Q_OBJECT
@@ -23,11 +24,11 @@ public:
 
     [[nodiscard]] static const QList<ViewMode>& allViewModes();
     [[nodiscard]] static const QList<SortOrder>& allSortOrders();
-    /// As it stands on screen, in English.
+    /// The text on screen, in English.
     [[nodiscard]] static QString rawValue(ViewMode mode);
     [[nodiscard]] static QString rawValue(SortOrder order);
 
-    /// How many of the largest files are listed.
+    /// The maximum number of the largest files.
     static constexpr qsizetype largestFilesLimit = 50;
 
     /// The state outlives the model.
@@ -35,6 +36,9 @@ public:
 
     /// The levels walked; the last one is on display.
     [[nodiscard]] const QList<StorageLevel>& stack() const { return m_stack; }
+
+    /// Where a walk can start without a chooser.
+    [[nodiscard]] StorageShortcuts& shortcuts() { return m_shortcuts; }
 
     [[nodiscard]] bool isScanning() const { return m_isScanning; }
 
@@ -49,7 +53,7 @@ public:
 
     [[nodiscard]] ViewMode viewMode() const { return m_viewMode; }
 
-    /// Choosing the largest files looks for them, each time.
+    /// Each choice of the largest files searches for them.
     void setViewMode(ViewMode mode);
 
     [[nodiscard]] const QList<LargeFileItem>& largestFiles() const { return m_largestFiles; }
@@ -64,23 +68,23 @@ public:
 
     /// Starts a new walk.
     void navigate(const FileURL& to);
-    /// Measures the folder in the background and puts it on top when that has ended, whatever
-    /// happened meanwhile.
+    /// Measures the folder in the background and appends its level when that has ended, whatever has
+    /// happened in between.
     void drillIn(const FolderSizeNode& node);
     /// Leaves the last level, unless it is the only one.
     void goBack();
-    /// Leaves all levels behind that one.
+    /// Leaves all levels after that one.
     void goTo(qsizetype level);
-    /// Measures the last level once more; not while one is being measured.
+    /// Measures the last level again, unless one is being measured.
     void measureAgain();
-    /// Moves the node to the Trash, in silence where that fails, and measures the last level once
-    /// more. The levels above keep their sizes.
+    /// Moves the node to the Trash and measures the last level again. A failure is not reported; the
+    /// node is still in the level then. The levels above keep their sizes.
     void trash(const FolderSizeNode& node);
     void loadLargestFiles();
-    /// Moves to the organizer screen, which takes the folder over. The screen may be gone after.
+    /// Shows the organizer screen with this folder. The caller's screen may be destroyed by that.
     void organiseCurrentFolder(const FileURL& folder);
     void addToBackup(const FolderSizeNode& node);
-    /// Asks the user where a new walk starts.
+    /// Asks the user for the folder of a new walk.
     void pickFolder();
 
 Q_SIGNALS:
@@ -91,6 +95,7 @@ private:
     void replaceLastLevel();
 
     AppState& m_state;
+    StorageShortcuts m_shortcuts;
     QList<StorageLevel> m_stack;
     bool m_isScanning = false;
     std::optional<FolderSizeNode> m_pendingDelete;

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 constexpr int spacing = 8;
 constexpr int viewModeWidth = 260;
-constexpr int leastWords = 190;
+constexpr int minimumTitleWidth = 190;
 
 template <typename Choice> QString shown(Choice choice)
 {
@@ -33,6 +33,24 @@ QHBoxLayout* makeRow(QWidget* parent = nullptr)
     return row;
 }
 
+SegmentedControl* makeViewMode(QWidget* parent)
+{
+    QStringList modes;
+    for (const StorageBrowserModel::ViewMode mode : StorageBrowserModel::allViewModes())
+        modes.append(shown(mode));
+    auto* control = new SegmentedControl(StorageHeader::tr("View"), modes, parent);
+    control->setFixedWidth(viewModeWidth);
+    return control;
+}
+
+MenuButton* makeSortOrder(QWidget* parent)
+{
+    QList<MenuButton::Choice> orders;
+    for (const StorageBrowserModel::SortOrder order : StorageBrowserModel::allSortOrders())
+        orders.append({.text = shown(order)});
+    return new MenuButton(Button::Kind::bordered, {}, u"arrow.up.arrow.down"_s, orders, parent);
+}
+
 } // namespace
 
 StorageHeader::StorageHeader(StorageBrowserModel& model, QWidget* parent)
@@ -41,8 +59,12 @@ StorageHeader::StorageHeader(StorageBrowserModel& model, QWidget* parent)
     , m_title(new ElidedLabel(tr("Storage Browser"), FontRole::toolbarTitle, Role::primaryText,
                               Qt::ElideRight, this))
     , m_subtitle(new ElidedLabel({}, FontRole::body, Role::secondaryText, Qt::ElideRight, this))
-    , m_viewControls(makeViewControls())
-    , m_actions(makeActions())
+    , m_viewControls(new QWidget(this))
+    , m_viewMode(makeViewMode(m_viewControls))
+    , m_sortOrder(makeSortOrder(m_viewControls))
+    , m_actions(new QWidget(this))
+    , m_organise(new Button(Button::Kind::bordered, tr("Organise"), u"folder.badge.gearshape"_s, m_actions))
+    , m_choose(new Button(Button::Kind::bordered, tr("Choose Folder"), u"folder.badge.plus"_s, m_actions))
     , m_firstRow(makeRow())
     , m_secondRow(makeRow())
 {
@@ -50,11 +72,13 @@ StorageHeader::StorageHeader(StorageBrowserModel& model, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(10);
-    auto* words = new QVBoxLayout;
-    words->setSpacing(2);
-    words->addWidget(m_title);
-    words->addWidget(m_subtitle);
-    m_firstRow->addLayout(words, 1);
+    fillViewControls();
+    fillActions();
+    auto* titles = new QVBoxLayout;
+    titles->setSpacing(2);
+    titles->addWidget(m_title);
+    titles->addWidget(m_subtitle);
+    m_firstRow->addLayout(titles, 1);
     m_firstRow->addWidget(m_viewControls);
     m_firstRow->addWidget(m_actions);
     layout->addLayout(m_firstRow);
@@ -63,43 +87,28 @@ StorageHeader::StorageHeader(StorageBrowserModel& model, QWidget* parent)
     redraw();
 }
 
-QWidget* StorageHeader::makeViewControls()
+void StorageHeader::fillViewControls()
 {
-    auto* controls = new QWidget(this);
-    QStringList modes;
-    for (const StorageBrowserModel::ViewMode mode : StorageBrowserModel::allViewModes())
-        modes.append(shown(mode));
-    m_viewMode = new SegmentedControl(tr("View"), modes, controls);
-    m_viewMode->setFixedWidth(viewModeWidth);
-    QList<MenuButton::Choice> orders;
-    for (const StorageBrowserModel::SortOrder order : StorageBrowserModel::allSortOrders())
-        orders.append({.text = shown(order)});
-    m_sortOrder = new MenuButton(Button::Kind::bordered, {}, u"arrow.up.arrow.down"_s, orders, controls);
-    QHBoxLayout* row = makeRow(controls);
+    QHBoxLayout* row = makeRow(m_viewControls);
     row->addWidget(m_viewMode);
     row->addWidget(m_sortOrder);
     connect(m_viewMode, &SegmentedControl::chosen, this,
             [this](int index) { m_model.setViewMode(StorageBrowserModel::allViewModes().at(index)); });
     connect(m_sortOrder, &MenuButton::chosen, this,
             [this](int index) { m_model.setSortOrder(StorageBrowserModel::allSortOrders().at(index)); });
-    return controls;
 }
 
-QWidget* StorageHeader::makeActions()
+void StorageHeader::fillActions()
 {
-    auto* actions = new QWidget(this);
-    m_organise = new Button(Button::Kind::bordered, tr("Organise"), u"folder.badge.gearshape"_s, actions);
     m_organise->setToolTip(tr("Open this folder in Smart Organizer"));
-    auto* choose = new Button(Button::Kind::bordered, tr("Choose Folder"), u"folder.badge.plus"_s, actions);
-    QHBoxLayout* row = makeRow(actions);
+    QHBoxLayout* row = makeRow(m_actions);
     row->addWidget(m_organise);
-    row->addWidget(choose);
+    row->addWidget(m_choose);
     connect(m_organise, &QPushButton::clicked, this, [this] {
         if (const std::optional<FileURL> folder = m_model.currentURL())
             m_model.organiseCurrentFolder(*folder);
     });
-    connect(choose, &QPushButton::clicked, &m_model, &StorageBrowserModel::pickFolder);
-    return actions;
+    connect(m_choose, &QPushButton::clicked, &m_model, &StorageBrowserModel::pickFolder);
 }
 
 QString StorageHeader::subtitle() const
@@ -127,14 +136,14 @@ void StorageHeader::redraw()
 
 QSize StorageHeader::minimumSizeHint() const
 {
-    return {leastWords + m_actions->sizeHint().width(), QWidget::minimumSizeHint().height()};
+    return {minimumTitleWidth + m_actions->sizeHint().width(), QWidget::minimumSizeHint().height()};
 }
 
 void StorageHeader::arrange()
 {
-    // As wide as it can become, so that a change of the view moves nothing.
+    // With room for the sort order in every view, so that choosing a view moves nothing.
     const int controls = viewModeWidth + spacing + m_sortOrder->sizeHint().width() + spacing;
-    const int needed = leastWords + controls + m_actions->sizeHint().width();
+    const int needed = minimumTitleWidth + controls + m_actions->sizeHint().width();
     const bool isInOneRow = m_viewControls->isHidden() || width() >= needed;
     if (isInOneRow == m_isInOneRow)
         return;

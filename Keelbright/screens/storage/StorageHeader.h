@@ -13,41 +13,42 @@ class ElidedLabel;
 class MenuButton;
 class SegmentedControl;
 
-/// The head of the storage browser: where it is, how it shows that, and where else to go. In a narrow
-/// window the choice of the view goes below.
+/// The header of the storage browser: the folder on display, how it is shown, and where else to go. In
+/// a narrow window the choice of the view stands in a second row.
 class StorageHeader : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// The model outlives the head.
+    /// The model outlives the header.
     explicit StorageHeader(StorageBrowserModel& model, QWidget* parent = nullptr);
 
-    /// Shows what the model says.
+    /// Shows the present state of the model.
     void redraw();
 
-    /// What stands below the title.
+    /// The line below the title.
     [[nodiscard]] QString subtitle() const;
 
-    /// That of the narrow form, also while the wide one is shown: else no window would become narrow.
+    /// Always that of two rows: while there is one, the window could not become narrower otherwise.
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    QWidget* makeViewControls();
-    QWidget* makeActions();
+    void fillViewControls();
+    void fillActions();
     void arrange();
 
     StorageBrowserModel& m_model;
     ElidedLabel* m_title;
     ElidedLabel* m_subtitle;
-    SegmentedControl* m_viewMode = nullptr;
-    MenuButton* m_sortOrder = nullptr;
-    Button* m_organise = nullptr;
     QWidget* m_viewControls;
+    SegmentedControl* m_viewMode;
+    MenuButton* m_sortOrder;
     QWidget* m_actions;
+    Button* m_organise;
+    Button* m_choose;
     QHBoxLayout* m_firstRow;
     QHBoxLayout* m_secondRow;
     bool m_isInOneRow = true;
