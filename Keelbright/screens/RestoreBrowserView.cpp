@@ -57,7 +57,7 @@ void RestoreBrowserView::addLatest()
     auto* section = new PageSection(new SectionHeader(tr("Latest Backup")), this);
     auto* rows = new RowList(section);
     auto* row = new RowWidget(new Tile(u"clock.badge.checkmark"_s, Role::green), tr("Latest/"), {},
-                              RowWidget::Detail::words, rows);
+                              RowWidget::Detail::text, rows);
     auto* open = new Button(Button::Kind::bordered, tr("Open in Finder"), {}, row);
     open->setCompact(true);
     connect(open, &QPushButton::clicked, this, [this] { m_workspace.open(*m_vm.latestURL()); });

@@ -46,7 +46,7 @@ private:
     QWidget* m_busy;
     LevelPanel* m_level;
     QWidget* m_prompt;
-    bool m_returnsFocus = false; ///< the level had it before it gave way to the spinner
+    bool m_returnsFocus = false; ///< the level had the focus when the spinner took its place
 };
 
 } // namespace keelbright

@@ -58,7 +58,7 @@ void ProtectedFoldersCard::addHeader()
 void ProtectedFoldersCard::addDestinationRow()
 {
     m_destinationRow = new RowWidget(new Tile(u"externaldrive.fill"_s, Role::secondaryText), {}, {},
-                                     RowWidget::Detail::words, this);
+                                     RowWidget::Detail::text, this);
     auto* change = new Button(Button::Kind::bordered, tr("Change"), {}, m_destinationRow);
     change->setCompact(true);
     change->setAccessibleDescription(tr("Choose another backup destination"));
@@ -70,7 +70,7 @@ void ProtectedFoldersCard::addDestinationRow()
 void ProtectedFoldersCard::addReportRow()
 {
     m_reportTile = new Tile(u"checkmark.circle.fill"_s, Role::green);
-    m_reportRow = new RowWidget(m_reportTile, {}, {}, RowWidget::Detail::words, this);
+    m_reportRow = new RowWidget(m_reportTile, {}, {}, RowWidget::Detail::text, this);
     auto* view = new Button(Button::Kind::link, tr("View Report"), {}, m_reportRow);
     connect(view, &QPushButton::clicked, this, [this] { m_state.setSelectedScreen(Screen::backupReport); });
     m_reportRow->addTrailing(view);

@@ -28,7 +28,7 @@ RecommendedFolderRow::RecommendedFolderRow(AppState& state, qsizetype index, QWi
 RecommendedFolderRow::RecommendedFolderRow(AppState& state, qsizetype index, FadingTile* tile,
                                            QWidget* parent)
     : RowWidget(tile, translated(state.recommendedFolders().at(index).name),
-                translated(state.recommendedFolders().at(index).description), Detail::words, parent)
+                translated(state.recommendedFolders().at(index).description), Detail::text, parent)
     , m_state(state)
     , m_index(index)
     , m_tile(tile)

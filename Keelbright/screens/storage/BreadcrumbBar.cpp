@@ -17,9 +17,9 @@ using namespace Qt::StringLiterals;
 constexpr int gap = 8; ///< behind the button "Back"
 constexpr int chevronSize = 14;
 constexpr int chevronRoom = chevronSize + 4;
-constexpr int widestCrumb = 180;
-/// The folder on display keeps this much of its name.
-constexpr int leastLast = 120;
+constexpr int maximumCrumbWidth = 180;
+/// Of the last crumb, which is the folder on display.
+constexpr int minimumLastWidth = 120;
 
 SymbolLabel* makeChevron(QWidget* parent)
 {
@@ -28,7 +28,7 @@ SymbolLabel* makeChevron(QWidget* parent)
 
 int widthOf(const Button* crumb)
 {
-    return std::min(crumb->sizeHint().width(), widestCrumb);
+    return std::min(crumb->sizeHint().width(), maximumCrumbWidth);
 }
 
 } // namespace
@@ -52,7 +52,7 @@ void BreadcrumbBar::setCrumbs(const QStringList& names)
         return;
     m_names = names;
     for (const Stop& stop : std::exchange(m_stops, {})) {
-        // The press that led here may still be under way in it.
+        // This may be called from within a click on that button.
         stop.crumb->hide();
         stop.crumb->deleteLater();
         delete stop.chevron;
@@ -80,7 +80,7 @@ int BreadcrumbBar::foldedWithin(int width) const
         needed += widthOf(stop.crumb) + chevronRoom;
     if (needed <= width)
         return 0;
-    int free = width - m_folded->sizeHint().width() - chevronRoom - std::min(last, leastLast);
+    int free = width - m_folded->sizeHint().width() - chevronRoom - std::min(last, minimumLastWidth);
     int folded = static_cast<int>(m_stops.size());
     while (folded > 0) {
         free -= widthOf(m_stops.at(folded - 1).crumb) + chevronRoom;
@@ -88,7 +88,7 @@ int BreadcrumbBar::foldedWithin(int width) const
             break;
         --folded;
     }
-    // One that does not fit with the name whole but does with the name cut needs no menu.
+    // 0 if all crumbs fit once the last name is cut.
     return folded;
 }
 
@@ -107,24 +107,24 @@ void BreadcrumbBar::fold()
 void BreadcrumbBar::place()
 {
     int x = 0;
-    const auto put = [this, &x](QWidget* widget, int wide, int room) {
-        const int high = std::min(widget->sizeHint().height(), height());
-        widget->setGeometry(x, (height() - high) / 2, wide, high);
-        x += room;
+    const auto put = [this, &x](QWidget* widget, int widgetWidth, int advance) {
+        const int widgetHeight = std::min(widget->sizeHint().height(), height());
+        widget->setGeometry(x, (height() - widgetHeight) / 2, widgetWidth, widgetHeight);
+        x += advance;
     };
     const int backWidth = m_back->sizeHint().width();
     put(m_back, backWidth, backWidth + gap);
     if (m_foldedCount > 0) {
-        const int wide = m_folded->sizeHint().width();
-        put(m_folded, wide, wide + 2);
+        const int foldedWidth = m_folded->sizeHint().width();
+        put(m_folded, foldedWidth, foldedWidth + 2);
         put(m_foldedChevron, chevronSize, chevronRoom - 2);
     }
     for (const Stop& stop : m_stops.sliced(m_foldedCount)) {
-        const int wide = widthOf(stop.crumb);
-        put(stop.crumb, wide, wide + 2);
+        const int crumbWidth = widthOf(stop.crumb);
+        put(stop.crumb, crumbWidth, crumbWidth + 2);
         put(stop.chevron, chevronSize, chevronRoom - 2);
     }
-    x += 3; // As far from the chevron as the words of a crumb.
+    x += 3; // As far from the chevron as the text of a crumb.
     put(m_last, std::max(0, std::min(m_last->sizeHint().width(), width() - x)), 0);
 }
 
@@ -152,7 +152,7 @@ QSize BreadcrumbBar::sizeHint() const
 
 QSize BreadcrumbBar::minimumSizeHint() const
 {
-    return {m_back->sizeHint().width() + gap + leastLast, m_back->sizeHint().height()};
+    return {m_back->sizeHint().width() + gap + minimumLastWidth, m_back->sizeHint().height()};
 }
 
 } // namespace keelbright

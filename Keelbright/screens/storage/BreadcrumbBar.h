@@ -10,8 +10,8 @@ class Button;
 class ElidedLabel;
 class SymbolLabel;
 
-/// The way from where a walk started to where it is. Every crumb but the last leads back there. In
-/// a narrow window the first ones give way to a button with a menu of them.
+/// The levels of a walk through folders, from the first to the one on display. Every crumb but the last
+/// is a button that leads back to its level. In a narrow window the first ones are in a menu.
 class BreadcrumbBar : public QWidget
 {
     Q_OBJECT
@@ -19,20 +19,21 @@ class BreadcrumbBar : public QWidget
 public:
     explicit BreadcrumbBar(QWidget* parent = nullptr);
 
-    /// At least one.
+    /// Must hold at least one name.
     void setCrumbs(const QStringList& names);
 
     [[nodiscard]] const QStringList& crumbs() const { return m_names; }
 
-    /// How many of the first crumbs are in the menu at the present width.
+    /// The number of crumbs in the menu at the present width; they are the first ones.
     [[nodiscard]] int foldedCount() const { return m_foldedCount; }
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    /// To the level before.
+    /// The user wants the level before the one on display.
     void backPressed();
+    /// The user wants the level with this index in `crumbs`.
     void crumbPressed(int index);
 
 protected:

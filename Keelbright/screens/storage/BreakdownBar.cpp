@@ -19,7 +19,7 @@ namespace {
 
 constexpr int barHeight = 10;
 constexpr double barRadius = 5;
-constexpr double leastSegment = 2;
+constexpr double minimumSegmentWidth = 2;
 constexpr qsizetype legendLength = 6;
 constexpr int dotSize = 8;
 
@@ -87,9 +87,9 @@ QList<QRectF> ShareBar::segments() const
     for (const FileTypeShare& share : m_shares) {
         const double part =
             m_totalBytes > 0 ? static_cast<double>(share.bytes) / static_cast<double>(m_totalBytes) : 0;
-        const double wide = std::max(leastSegment, width() * part);
-        segments.append({x, 0, wide, static_cast<double>(height())});
-        x += wide;
+        const double segmentWidth = std::max(minimumSegmentWidth, width() * part);
+        segments.append({x, 0, segmentWidth, static_cast<double>(height())});
+        x += segmentWidth;
     }
     return segments;
 }
@@ -125,10 +125,10 @@ void ShareBar::paintEvent(QPaintEvent*)
         part.addRect(places.at(i));
         painter.fillPath(part.intersected(shape), theme.color(m_shares.at(i).color));
     }
-    // A fine gap keeps kinds of one colour apart.
+    // A thin line separates neighbours of one colour.
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (qsizetype i = 1; i < places.size(); ++i) {
-        if (places.at(i).width() > 2 * leastSegment)
+        if (places.at(i).width() > 2 * minimumSegmentWidth)
             painter.fillRect(QRectF(places.at(i).left(), 0, 1, height()), theme.color(Role::window));
     }
 }
@@ -138,7 +138,7 @@ BreakdownBar::BreakdownBar(QWidget* parent)
     , m_bar(new ShareBar(this))
     , m_legend(new FlowLayout(16, 4))
 {
-    // Not fixed: that would be the height of a legend on one line.
+    // A fixed policy would keep the height of a legend on one line.
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
@@ -162,7 +162,7 @@ void BreakdownBar::setShares(const QList<FileTypeShare>& shares, qint64 totalByt
         m_legend->addWidget(entry);
         entry->show();
     }
-    layout()->invalidate(); // it keeps the height of the legend before
+    layout()->invalidate(); // it caches the height of the old legend
     updateGeometry();
 }
 

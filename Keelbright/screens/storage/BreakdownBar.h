@@ -8,8 +8,8 @@ namespace keelbright {
 
 class FlowLayout;
 
-/// The kinds of files side by side on a bar, each as wide as its share but never invisible. Its tool
-/// tips name them.
+/// The kinds of files side by side on a bar, each with a width that follows its share and is at least
+/// 2 points. The tool tip of a segment is its kind and size.
 class ShareBar : public QWidget
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
 
     void setShares(const QList<FileTypeShare>& shares, qint64 totalBytes);
 
-    /// Where each share stands, from the left.
+    /// The place of each share, from the left.
     [[nodiscard]] QList<QRectF> segments() const;
 
 protected:
@@ -31,7 +31,7 @@ private:
     qint64 m_totalBytes = 0;
 };
 
-/// What a folder holds, by kind: the bar, and below it what its colours mean.
+/// The content of a folder by kind: the bar, and the legend of its colours below.
 class BreakdownBar : public QWidget
 {
     Q_OBJECT

@@ -8,7 +8,7 @@
 
 namespace keelbright {
 
-/// What the storage browser calls a kind of file, and its colour.
+/// The name of a kind of file in the storage browser, and its colour.
 struct FileTypeLabel
 {
     QString label;
@@ -17,7 +17,7 @@ struct FileTypeLabel
     friend bool operator==(const FileTypeLabel&, const FileTypeLabel&) = default;
 };
 
-/// All that a folder holds of one kind.
+/// The entries of one kind in a folder, together.
 struct FileTypeShare
 {
     QString label;
@@ -27,11 +27,11 @@ struct FileTypeShare
     friend bool operator==(const FileTypeShare&, const FileTypeShare&) = default;
 };
 
-/// By a path extension in lower case.
+/// `ext` is a path extension in lower case.
 [[nodiscard]] FileTypeLabel extLabelColor(const QString& ext);
-/// The symbol of one of the largest files, by its path extension in lower case.
+/// The symbol of a file in the list of the largest ones; `ext` as above.
 [[nodiscard]] QString extIcon(const QString& ext);
-/// The symbol of a file in the list, by its name. Knows other extensions than `extIcon`.
+/// The symbol of a file in the list of entries, by its name. The extensions differ from `extIcon`.
 [[nodiscard]] QString fileIcon(const QString& name);
 
 /// The kinds among the nodes, largest first; folders are a kind of their own. Any thread.

@@ -7,13 +7,13 @@
 
 namespace keelbright {
 
-/// A folder on the walk through the storage browser, with its entries as they were measured.
+/// One level of a walk through the storage browser: a folder with its measured entries.
 struct StorageLevel
 {
     FileURL url;
     QList<FolderSizeNode> nodes; ///< largest first
 
-    // What the screen shows of the nodes; kept with them, since there may be a hundred thousand.
+    // Worked out together with the nodes, off the main thread: there may be 100,000 of them.
     QList<qsizetype> nameOrder; ///< the nodes' indices by name
     qint64 totalBytes = 0;
     QList<FileTypeShare> breakdown;
@@ -22,8 +22,8 @@ struct StorageLevel
 /// Measures the folder, on threads of the user-initiated pool. Blocks; any thread.
 [[nodiscard]] StorageLevel measureLevel(const FileURL& url);
 
-/// The indices of the nodes by name, as people of the default locale sort, letter case aside;
-/// equal names stay in their order. Any thread.
+/// The indices of the nodes sorted by name with the default locale's case-insensitive comparison. The
+/// sort is stable. Any thread.
 [[nodiscard]] QList<qsizetype> orderByName(const QList<FolderSizeNode>& nodes);
 
 } // namespace keelbright

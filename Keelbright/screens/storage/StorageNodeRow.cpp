@@ -11,9 +11,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr double mostOfIt = 0.4;
-constexpr double aGoodPart = 0.15;
-constexpr qsizetype mostActions = 4;
+constexpr double largeShare = 0.4;
+constexpr double mediumShare = 0.15;
+constexpr qsizetype maximumActions = 4;
 
 QString folderIcon(const QString& name)
 {
@@ -56,9 +56,9 @@ QString StorageNodeRow::iconName() const
 Role StorageNodeRow::iconColor() const
 {
     const double share = node.fraction(totalBytes);
-    if (share > mostOfIt)
+    if (share > largeShare)
         return Role::red;
-    if (share > aGoodPart)
+    if (share > mediumShare)
         return Role::orange;
     return node.isDirectory ? Role::accent : Role::secondaryText;
 }
@@ -66,9 +66,9 @@ Role StorageNodeRow::iconColor() const
 Role StorageNodeRow::barColor() const
 {
     const double share = node.fraction(totalBytes);
-    if (share > mostOfIt)
+    if (share > largeShare)
         return Role::red;
-    return share > aGoodPart ? Role::orange : Role::accent;
+    return share > mediumShare ? Role::orange : Role::accent;
 }
 
 double StorageNodeRow::barOpacity() const
@@ -95,7 +95,7 @@ ListRow StorageNodeRow::listRow() const
     row.barColor = barColor();
     row.barOpacity = barOpacity();
     row.actions = storageNodeActions(node);
-    row.actionRoom = mostActions;
+    row.actionRoom = maximumActions;
     row.hasChevron = true;
     row.chevronColor = node.isDirectory ? Role::accent : Role::window;
     return row;

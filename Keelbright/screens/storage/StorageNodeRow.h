@@ -11,7 +11,7 @@ namespace keelbright {
 /// What can be done with an entry of the storage browser; more for a folder than for a file.
 [[nodiscard]] QList<RowAction> storageNodeActions(const FolderSizeNode& node);
 
-/// One entry of a level: its looks follow from its share of the whole.
+/// One entry of a level; its colours and its bar follow from its share of the level's bytes.
 struct StorageNodeRow
 {
     FolderSizeNode node;

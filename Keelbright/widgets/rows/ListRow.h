@@ -32,9 +32,8 @@ struct RowAction
     bool operator==(const RowAction&) const = default;
 };
 
-/// One row of a long list as it stands on screen: made when it is painted, pointed at or read out,
-/// and not kept. From the left: mark, rank, picture, words, number, actions, chevron. What is empty
-/// takes no room.
+/// One row of a long list as it is shown: made when it is painted, pointed at or read out, and never
+/// stored. From the left: mark, rank, picture, texts, value, actions, chevron. Empty parts take no room.
 struct ListRow
 {
     enum class Mark {
@@ -59,13 +58,13 @@ struct ListRow
     QPixmap image;
 
     QString title;
-    QString tag; ///< a small word on a tint behind the title
+    QString tag; ///< a small text on a tint after the title
     Role tagColor = Role::secondaryText;
-    QString aside; ///< faint words behind the title
+    QString aside; ///< faint text after the title
     QString detail;
     QString detailSymbol;                           ///< before the detail
     Qt::TextElideMode detailElide = Qt::ElideRight; ///< paths are cut in the middle
-    QString capsule;                                ///< a small number on a tint behind the detail
+    QString capsule;                                ///< a small number on a tint after the detail
     Role capsuleColor = Role::secondaryText;
 
     QString value;
@@ -75,9 +74,9 @@ struct ListRow
     double barOpacity = 1;
 
     QList<RowAction> actions;
-    /// Room is kept for that many symbols, so that the numbers of rows with fewer stand in one column.
+    /// Room for this number of symbols is kept free, which lines up the values of rows with fewer.
     qsizetype actionRoom = 0;
-    QList<RowAction> menuActions; ///< no buttons: further down in the context menu, and for the Delete key
+    QList<RowAction> menuActions; ///< only in the context menu, after `actions`, and for the Delete key
     bool hasChevron = false;
     Role chevronColor = Role::accent; ///< `Role::window` keeps its room and draws nothing
 };

@@ -43,7 +43,7 @@ void RowButtons::makeButtons(const QList<RowAction>& actions)
         return;
     m_actions = actions;
     for (Button* button : std::exchange(m_buttons, {})) {
-        // The press that led here may still be under way in it.
+        // This may be called from within a click on that button.
         button->hide();
         button->deleteLater();
     }
@@ -69,12 +69,12 @@ void RowButtons::show(const QList<RowAction>& actions, const QList<QRect>& rects
         hide();
         return;
     }
-    standBesideTheList();
+    moveBesideTheList();
     makeButtons(actions);
     QRect around;
     for (const QRect& rect : rects)
         around |= rect;
-    // What the list has scrolled away is cut off.
+    // The part that is scrolled out of the list is cut off.
     const QRect shown = around & m_view->viewport()->rect();
     if (shown.isEmpty()) {
         hide();
@@ -87,10 +87,10 @@ void RowButtons::show(const QList<RowAction>& actions, const QList<QRect>& rects
     setVisible(true);
 }
 
-void RowButtons::standBesideTheList()
+void RowButtons::moveBesideTheList()
 {
     QWidget* host = m_view->parentWidget();
-    // A splitter would give them a panel of their own.
+    // A splitter would make them one of its panels.
     if (host == nullptr || m_view->isWindow() || qobject_cast<QSplitter*>(host) != nullptr)
         host = m_view;
     if (parentWidget() != host)

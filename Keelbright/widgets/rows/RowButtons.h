@@ -9,9 +9,9 @@ namespace keelbright {
 class Button;
 class RowListView;
 
-/// The real buttons of the current row of a `RowListView`, above the painted ones: what Tab and a
-/// screen reader reach. They stand beside the list, not in it: to a screen reader a list holds rows
-/// and nothing else.
+/// The real buttons of the current row of a `RowListView`, above the painted ones, for Tab and for a
+/// screen reader. They are siblings of the list, not its children, because to a screen reader the
+/// children of a list are rows.
 class RowButtons : public QWidget
 {
     Q_OBJECT
@@ -19,18 +19,19 @@ class RowButtons : public QWidget
 public:
     explicit RowButtons(RowListView* view);
 
-    /// Stands at `rects`, one a button, in the coordinates of the viewport; nothing where empty.
+    /// One button for each action at its rectangle, in the coordinates of the viewport. Hides itself where
+    /// there are none.
     void show(const QList<RowAction>& actions, const QList<QRect>& rects);
 
 Q_SIGNALS:
     void pressed(keelbright::RowActionId action);
 
 protected:
-    /// The arrows go on in the list.
+    /// Passes the arrow keys on to the list.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void standBesideTheList();
+    void moveBesideTheList();
     void makeButtons(const QList<RowAction>& actions);
 
     RowListView* m_view;

@@ -11,7 +11,7 @@ namespace keelbright {
 
 namespace {
 
-/// Fainter than over a button: a whole row changes.
+/// Fainter than that of a button, as it covers a whole row.
 QColor hoverColor()
 {
     QColor color = Theme::instance().color(Role::secondaryText);
@@ -61,10 +61,10 @@ void RowDelegate::paintHeader(QPainter& painter, const QRect& rect, const QStrin
     const Theme& theme = Theme::instance();
     painter.setFont(theme.font(FontRole::groupTitle));
     painter.setPen(theme.color(Role::secondaryText));
-    // The words stand nearer to the rows below than to those above.
-    const QRect words = rect.adjusted(RowMetrics::tablePadding, 9, -RowMetrics::tablePadding, 0);
-    painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     painter.fontMetrics().elidedText(title, Qt::ElideRight, words.width()));
+    // Nearer to the rows below than to those above.
+    const QRect textRect = rect.adjusted(RowMetrics::tablePadding, 9, -RowMetrics::tablePadding, 0);
+    painter.drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(title, Qt::ElideRight, textRect.width()));
     painter.fillRect(rect.left(), rect.bottom(), rect.width(), 1, theme.color(Role::line));
 }
 

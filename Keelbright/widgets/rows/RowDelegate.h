@@ -8,7 +8,7 @@ namespace keelbright {
 
 class RowListView;
 
-/// Paints the rows of a `RowListView` and knows where their parts are.
+/// Paints the rows of a `RowListView` and gives the places of their parts.
 class RowDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -20,11 +20,11 @@ public:
                const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
-    /// In the coordinates of the viewport.
+    /// Both in the coordinates of the viewport.
     [[nodiscard]] RowLayout layoutOf(const QModelIndex& index, const ListRow& row) const;
     [[nodiscard]] RowLayout layoutIn(const QRect& rect, const ListRow& row) const;
 
-    /// What lies under the pointer is drawn so; -1 for none.
+    /// The action under the pointer is highlighted; -1 for none.
     void setHoveredAction(int row, qsizetype action);
 
 private:

@@ -19,8 +19,8 @@ constexpr int chevronSize = 14;
 constexpr int buttonGap = 2;
 constexpr int barHeight = 3;
 constexpr int barBottom = 5;
-constexpr int narrowestTitle = 60;
-constexpr int narrowestDetail = 40;
+constexpr int minimumTitleWidth = 60;
+constexpr int minimumDetailWidth = 40;
 
 int textWidth(FontRole font, const QString& text)
 {
@@ -32,7 +32,7 @@ int lineHeight(FontRole font)
     return QFontMetrics(Theme::instance().font(font)).height();
 }
 
-/// Takes room away from both ends of a row, from the outside to the inside.
+/// The free space of a row, from which the parts at both ends are taken, the outermost first.
 class Room
 {
 public:
@@ -96,7 +96,7 @@ void layOutTrailing(const ListRow& row, Room& room, RowLayout& layout)
     if (row.hasChevron)
         layout.chevron = room.takeRight({chevronSize, chevronSize}, row.actions.isEmpty() ? smallGap : 4);
     constexpr int side = Metrics::compactButtonHeight;
-    // From the last to the first, and the list then stands in the order of the actions.
+    // Taken from the right, so the last action comes first.
     for (qsizetype i = row.actions.size() - 1; i >= 0; --i) {
         const RowAction& action = row.actions.at(i);
         const int width = action.symbol.isEmpty() ? rowButtonWidth(action) : side;
@@ -111,26 +111,28 @@ void layOutTrailing(const ListRow& row, Room& room, RowLayout& layout)
     layout.value = room.takeRight({width, QFontMetrics(font).height()}, gap);
 }
 
-/// A word that gives way and what stands behind it and does not.
-void layOutLine(const QRect& line, int wanted, int narrowest, const QList<std::pair<QRect*, int>>& behind,
-                QRect& words)
+/// A text that becomes shorter where there is too little room, and the parts after it, with their
+/// widths, which do not.
+void layOutLine(const QRect& line, int wantedWidth, int minimumWidth,
+                const QList<std::pair<QRect*, int>>& partsAfter, QRect& text)
 {
     int room = line.width();
-    for (const auto& [rect, width] : behind)
+    for (const auto& [rect, width] : partsAfter)
         room -= width > 0 ? width + smallGap : 0;
-    words = QRect(line.left(), line.top(), std::clamp(wanted, 0, std::max(room, narrowest)), line.height());
-    int x = words.right() + 1 + smallGap;
-    for (const auto& [rect, width] : behind) {
+    text = QRect(line.left(), line.top(), std::clamp(wantedWidth, 0, std::max(room, minimumWidth)),
+                 line.height());
+    int x = text.right() + 1 + smallGap;
+    for (const auto& [rect, width] : partsAfter) {
         if (width == 0)
             continue;
-        // What has no room any more is left out; the tool tip and a screen reader tell it.
+        // A part without room is left out; a screen reader still reads it.
         if (x + width <= line.right() + 2)
             *rect = QRect(x, line.top(), width, line.height());
         x += width + smallGap;
     }
 }
 
-void layOutWords(const ListRow& row, const QRect& rest, RowLayout& layout)
+void layOutTexts(const ListRow& row, const QRect& rest, RowLayout& layout)
 {
     constexpr int tagPadding = 12;
     const bool hasDetail = !row.detail.isEmpty() || !row.capsule.isEmpty();
@@ -140,7 +142,7 @@ void layOutWords(const ListRow& row, const QRect& rest, RowLayout& layout)
     const QRect title(rest.left(), rest.top() + (rest.height() - height) / 2, rest.width(), titleHeight);
     const int tag = row.tag.isEmpty() ? 0 : textWidth(FontRole::captionStrong, row.tag) + tagPadding;
     const int aside = row.aside.isEmpty() ? 0 : textWidth(FontRole::secondary, row.aside);
-    layOutLine(title, textWidth(FontRole::bodyStrong, row.title), narrowestTitle,
+    layOutLine(title, textWidth(FontRole::bodyStrong, row.title), minimumTitleWidth,
                {{&layout.tag, tag}, {&layout.aside, aside}}, layout.title);
     if (!hasDetail)
         return;
@@ -152,7 +154,7 @@ void layOutWords(const ListRow& row, const QRect& rest, RowLayout& layout)
     }
     const int capsule =
         row.capsule.isEmpty() ? 0 : textWidth(FontRole::captionStrong, row.capsule) + tagPadding;
-    layOutLine(detail, textWidth(FontRole::secondary, row.detail), narrowestDetail,
+    layOutLine(detail, textWidth(FontRole::secondary, row.detail), minimumDetailWidth,
                {{&layout.capsule, capsule}}, layout.detail);
 }
 
@@ -174,13 +176,13 @@ RowLayout layOutRow(const ListRow& row, const QRect& rect, int padding)
                            static_cast<int>(std::round(inner.width() * fraction)), barHeight);
         inner.setBottom(inner.bottom() - barHeight - 2);
     }
-    // A symbol in the middle of its button ends where other rows end.
+    // The symbol, which is smaller than its button, ends where other rows end.
     if (!row.hasChevron && !row.actions.isEmpty() && !row.actions.last().symbol.isEmpty())
         inner.setRight(inner.right() + 5);
     Room room(inner);
     layOutLeading(row, room, layout);
     layOutTrailing(row, room, layout);
-    layOutWords(row, room.rest(), layout);
+    layOutTexts(row, room.rest(), layout);
     return layout;
 }
 

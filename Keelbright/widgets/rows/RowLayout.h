@@ -6,8 +6,8 @@
 
 namespace keelbright {
 
-/// Where the parts of a row stand; an empty rectangle for what it does not have. What paints a row,
-/// what asks where the pointer is and what places its buttons all stand on this.
+/// The places of a row's parts; an empty rectangle for a part that the row does not have. Painting, the
+/// mouse and the row's buttons all use it.
 struct RowLayout
 {
     QRect mark;
@@ -20,7 +20,7 @@ struct RowLayout
     QRect detail;
     QRect capsule;
     QRect value;
-    QRect bar; ///< as long as its fraction
+    QRect bar; ///< its width follows the fraction
     QList<QRect> actions;
     QRect chevron;
 };
@@ -36,10 +36,10 @@ inline constexpr int panelPadding = Metrics::panelPadding - panelInset; ///< wit
 inline constexpr int markSize = 15;
 } // namespace RowMetrics
 
-/// Lays the row out in `rect`, whose ends are kept free by `padding`.
+/// Lays the row out in `rect`, with `padding` free at both ends.
 [[nodiscard]] RowLayout layOutRow(const ListRow& row, const QRect& rect, int padding);
 
-/// The width of a button with words within a row.
+/// The width of a button with text in a row.
 [[nodiscard]] int rowButtonWidth(const RowAction& action);
 
 } // namespace keelbright

@@ -16,7 +16,7 @@
 
 namespace keelbright {
 
-/// What lies at a point.
+/// What a point belongs to.
 struct RowListView::Target
 {
     int row = -1;
@@ -61,7 +61,7 @@ void RowListView::setRowModel(RowModel* model)
     m_model = model;
     setModel(model);
     const auto lookAtRows = [this] {
-        // Nothing would show where the keyboard is in a list without rows.
+        // A list without rows has nothing that could show the focus.
         setFocusPolicy(m_model->rowCount() > 0 ? Qt::StrongFocus : Qt::NoFocus);
         // Rows of one height are laid out without asking for each.
         bool hasHeaders = false;
@@ -71,9 +71,9 @@ void RowListView::setRowModel(RowModel* model)
     };
     lookAtRows();
     connect(model, &QAbstractItemModel::modelReset, this, lookAtRows);
-    // The selection, not the current row: a screen reader selects a row without going to it.
+    // The selection, not the current row: a screen reader selects a row without making it current.
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-        if (m_isFollowing)
+        if (m_isSelectingByCode)
             return;
         const QModelIndexList selected = selectionModel()->selectedIndexes();
         if (selected.isEmpty())
@@ -94,18 +94,18 @@ void RowListView::setCurrentRow(int row)
 {
     if (m_model == nullptr)
         return;
-    // With the focus alone a row becomes current without being selected.
+    // Focus alone makes a row current without selecting it.
     const bool isSelected = !selectionModel()->selectedIndexes().isEmpty();
     if (row == currentRow() && isSelected == (row >= 0))
         return;
-    m_isFollowing = true;
+    m_isSelectingByCode = true;
     if (row < 0) {
         clearSelection();
         setCurrentIndex({});
     } else {
         setCurrentIndex(m_model->index(row));
     }
-    m_isFollowing = false;
+    m_isSelectingByCode = false;
 }
 
 QList<RowAction> RowListView::allActionsAt(int row) const
@@ -144,7 +144,7 @@ RowListView::Target RowListView::targetAt(const QPoint& position) const
 
 void RowListView::updateButtons()
 {
-    if (m_buttons == nullptr) // they stand beside the list, and may have gone before it
+    if (m_buttons == nullptr) // a sibling, which may be destroyed before the list
         return;
     const QModelIndex index = currentIndex();
     if (m_model == nullptr || !isVisible() || !index.isValid() || !m_model->headerAt(index.row()).isEmpty()) {
@@ -165,7 +165,7 @@ void RowListView::mousePressEvent(QMouseEvent* event)
 {
     m_focusRing.focusOut();
     *m_pressed = event->button() == Qt::LeftButton ? targetAt(event->position().toPoint()) : Target{};
-    // A mark and a button of a row do their own thing; they do not choose the row.
+    // A press on a mark or a button does not select the row.
     if (m_pressed->isMark || m_pressed->action >= 0) {
         event->accept();
         return;

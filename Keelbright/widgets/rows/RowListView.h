@@ -12,10 +12,10 @@ namespace keelbright {
 class RowButtons;
 class RowDelegate;
 
-/// A list of any length: paints the rows of a `RowModel`. The mouse reaches marks and actions of
-/// every row; the row that is current has real buttons for its actions, which Tab and a screen
-/// reader reach. Space ticks, Enter opens, Delete does what the row's action for it says, and the
-/// menu key shows all of them.
+/// A list of any length: paints the rows of a `RowModel`. The mouse can press marks and actions of
+/// every row; the current row has real buttons for its actions, for Tab and for a screen reader.
+/// Space ticks, Enter opens, Delete performs the action with `isDelete`, and the menu key shows all
+/// actions.
 class RowListView : public QListView
 {
     Q_OBJECT
@@ -26,30 +26,30 @@ public:
         panel, ///< rows as rounded fields on the ground of the window, for the choice in a side panel
     };
 
-    /// `name` is told to a screen reader.
+    /// `name` is the accessible name.
     RowListView(Look look, const QString& name, QWidget* parent = nullptr);
     ~RowListView() override;
     Q_DISABLE_COPY_MOVE(RowListView)
 
-    /// The model outlives the view or is its child. Keeps the current row where it can.
+    /// The model outlives the view or is its child.
     void setRowModel(RowModel* model);
 
     [[nodiscard]] RowModel* rowModel() const { return m_model; }
 
     [[nodiscard]] Look look() const { return m_look; }
 
-    /// -1 where no row is current.
+    /// -1 if no row is current.
     [[nodiscard]] int currentRow() const;
-    /// Makes the row current and selects it without `currentRowChanged`; none for -1.
+    /// Makes the row current and selects it, without `currentRowChanged`; -1 for no row.
     void setCurrentRow(int row);
 
-    /// The name of an action, or what does not fit the row; empty elsewhere.
+    /// The name of an action, or the texts of a row that are cut; empty elsewhere.
     [[nodiscard]] QString toolTipAt(const QPoint& position) const;
 
 Q_SIGNALS:
-    /// The user chose another row.
+    /// The user selected another row.
     void currentRowChanged(int row);
-    /// The user took the choice back, as with Control and a click; none is chosen now.
+    /// The user cleared the selection, as with Control and a click.
     void currentRowCleared();
     /// Click on the mark, or Space.
     void markPressed(int row);
@@ -80,9 +80,9 @@ private:
 
     [[nodiscard]] Target targetAt(const QPoint& position) const;
     [[nodiscard]] bool showsFocusAt(const QModelIndex& index) const;
-    /// Its actions are real buttons and need no painting.
+    /// Its actions are shown as real buttons and not painted.
     [[nodiscard]] bool hasButtonsAt(const QModelIndex& index) const;
-    /// With those of the menu.
+    /// Those of the buttons, then those of the menu alone.
     [[nodiscard]] QList<RowAction> allActionsAt(int row) const;
     void showMenu(int row, const QPoint& globalPosition);
     void updateButtons();
@@ -93,7 +93,7 @@ private:
     QPointer<RowButtons> m_buttons;
     std::unique_ptr<Target> m_pressed;
     FocusRing m_focusRing;
-    bool m_isFollowing = false;
+    bool m_isSelectingByCode = false; ///< in `setCurrentRow`
 };
 
 } // namespace keelbright

@@ -19,13 +19,13 @@ QString RowModel::titleAt(int row) const
 QString RowModel::accessibleText(int row) const
 {
     const ListRow shown = rowAt(row);
-    QStringList words;
+    QStringList parts;
     for (const QString& text :
          {shown.rank, shown.title, shown.tag, shown.aside, shown.detail, shown.capsule, shown.value}) {
         if (!text.isEmpty())
-            words.append(displayText(text));
+            parts.append(displayText(text));
     }
-    return words.join(", "_L1);
+    return parts.join(", "_L1);
 }
 
 QVariant RowModel::data(const QModelIndex& index, int role) const
@@ -54,7 +54,7 @@ Qt::ItemFlags RowModel::flags(const QModelIndex& index) const
     if (!headerAt(index.row()).isEmpty())
         return Qt::ItemNeverHasChildren;
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
-    // A mark is pressed through the view, which tells the screen; the model holds none.
+    // `setData` does nothing: a press on a mark is a signal of the view.
     flags.setFlag(Qt::ItemIsUserCheckable, index.data(Qt::CheckStateRole).isValid());
     return flags;
 }

@@ -6,8 +6,8 @@
 
 namespace keelbright {
 
-/// A long list as rows. A subclass gives its rows and announces changes as any model does; it also
-/// says which rows are headers of a group.
+/// The rows of a long list, some of which may be headers of a group. A subclass announces changes as any
+/// model does.
 class RowModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -17,24 +17,25 @@ public:
 
     using QAbstractListModel::QAbstractListModel;
 
-    /// A row as it stands on screen; only for rows that exist and are no header. Called for each row
-    /// that is seen, so it costs no more than putting words together.
+    /// A row as it is shown; only for rows that exist and are not headers. Called for each visible row, so
+    /// it must be fast.
     [[nodiscard]] virtual ListRow rowAt(int row) const = 0;
 
-    /// The words of a row that is the header of a group; empty for any other.
+    /// The text of a row that is the header of a group; empty for any other row.
     [[nodiscard]] virtual QString headerAt(int row) const;
 
-    /// Its title alone, which typing letters looks for in every row; to be given by lists that grow.
+    /// The title alone. Typing letters searches the titles of all rows, so a list that can be long
+    /// overrides this with something cheaper than `rowAt`.
     [[nodiscard]] virtual QString titleAt(int row) const;
 
-    /// What a screen reader says of the row: its words and its numbers.
+    /// The text that a screen reader reads: all texts and numbers of the row.
     [[nodiscard]] virtual QString accessibleText(int row) const;
 
-    /// Titles, accessible texts and marks, from the above.
+    /// Titles, accessible texts and marks, from the functions above.
     [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    /// Announces that rows look otherwise than before.
+    /// Announces that the rows from `first` to `last` have changed.
     void announceRows(int first, int last);
     void announceAllRows();
 };

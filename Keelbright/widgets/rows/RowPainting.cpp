@@ -16,7 +16,8 @@ using namespace Qt::StringLiterals;
 constexpr double tagTint = 0.12;
 constexpr double markRadius = 4;
 
-Role wordRole(Role role, Surface surface)
+/// Faint text is less faint on a tint, where it could not be read.
+Role readableRole(Role role, Surface surface)
 {
     const bool isFaint = role == Role::secondaryText || role == Role::emptyMark;
     return isFaint && surface.isTinted ? Role::mutedText : textRole(role);
@@ -115,12 +116,12 @@ void paintNumbers(QPainter& painter, const ListRow& row, const RowLayout& layout
 {
     const Theme& theme = Theme::instance();
     if (!row.rank.isEmpty()) {
-        painter.setPen(theme.color(wordRole(Role::secondaryText, surface)));
+        painter.setPen(theme.color(readableRole(Role::secondaryText, surface)));
         TabularDigits::paint(painter, layout.rank, Qt::AlignRight | Qt::AlignVCenter,
                              theme.font(FontRole::secondary), row.rank);
     }
     if (!row.value.isEmpty()) {
-        painter.setPen(theme.color(wordRole(row.valueColor, surface)));
+        painter.setPen(theme.color(readableRole(row.valueColor, surface)));
         TabularDigits::paint(painter, layout.value, Qt::AlignRight | Qt::AlignVCenter,
                              theme.font(FontRole::body), row.value);
     }
@@ -144,7 +145,7 @@ void paintRow(QPainter& painter, const ListRow& row, const RowLayout& layout, Su
         paintPicture(painter, row, layout.picture, surface);
     paintText(painter, layout.title, FontRole::bodyStrong, Role::primaryText, row.title);
     paintCapsule(painter, layout.tag, row.tagColor, row.tag, surface);
-    const Role faint = wordRole(Role::secondaryText, surface);
+    const Role faint = readableRole(Role::secondaryText, surface);
     paintText(painter, layout.aside, FontRole::secondary, faint, row.aside);
     if (!layout.detailSymbol.isEmpty())
         paintSymbol(painter, layout.detailSymbol, row.detailSymbol, faint);
@@ -161,9 +162,9 @@ void paintAction(QPainter& painter, const RowAction& action, const QRect& rect, 
 {
     constexpr int symbolSize = 14;
     const Theme& theme = Theme::instance();
-    const bool hasWords = action.symbol.isEmpty();
+    const bool hasText = action.symbol.isEmpty();
     const QRectF ground = QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
-    if (hasWords) {
+    if (hasText) {
         painter.setPen(theme.color(Role::controlLine));
         painter.setBrush(theme.color(Role::card));
         painter.drawRoundedRect(ground, Metrics::buttonRadius, Metrics::buttonRadius);
@@ -173,7 +174,7 @@ void paintAction(QPainter& painter, const RowAction& action, const QRect& rect, 
         painter.setBrush(theme.color(Role::hover));
         painter.drawRoundedRect(ground, Metrics::buttonRadius, Metrics::buttonRadius);
     }
-    if (hasWords) {
+    if (hasText) {
         painter.setFont(theme.font(FontRole::secondary));
         painter.setPen(theme.color(Role::secondaryText));
         painter.drawText(rect, Qt::AlignCenter | Qt::TextSingleLine, action.name);

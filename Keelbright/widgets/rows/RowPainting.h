@@ -6,14 +6,14 @@ class QPainter;
 
 namespace keelbright::RowPainting {
 
-/// What a part of a row is drawn on.
+/// The background that a row is drawn on.
 struct Surface
 {
     Role base = Role::card;
-    bool isTinted = false; ///< selected: faint words would be lost
+    bool isTinted = false; ///< as in a selected row
 };
 
-/// All of the row but its ground and its actions.
+/// Paints the row except its background and its actions.
 void paintRow(QPainter& painter, const ListRow& row, const RowLayout& layout, Surface surface);
 void paintAction(QPainter& painter, const RowAction& action, const QRect& rect, bool isHovered);
 

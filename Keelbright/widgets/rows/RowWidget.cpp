@@ -35,16 +35,16 @@ RowWidget::RowWidget(QWidget* leading, const QString& title, const QString& deta
     m_layout->setSpacing(11);
     if (leading != nullptr)
         m_layout->addWidget(leading);
-    auto* words = new QVBoxLayout;
-    words->setSpacing(0);
-    words->addStretch();
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(0);
+    texts->addStretch();
     m_titleLine->setSpacing(8);
     m_titleLine->addWidget(m_title);
     m_titleLine->addStretch(1);
-    words->addLayout(m_titleLine);
-    words->addWidget(m_detail);
-    words->addStretch();
-    m_layout->addLayout(words, 1);
+    texts->addLayout(m_titleLine);
+    texts->addWidget(m_detail);
+    texts->addStretch();
+    m_layout->addLayout(texts, 1);
     m_detail->setVisible(!detail.isEmpty());
     updateAccessibleName();
 }

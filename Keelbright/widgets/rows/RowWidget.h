@@ -10,27 +10,27 @@ namespace keelbright {
 
 class ElidedLabel;
 
-/// One row of a short, fixed list: what leads, a name, a line below it, and what stands at the
-/// end. Its context menu holds what its buttons do. A list that grows with the user's data is a model
-/// with a delegate instead.
+/// One row of a short, fixed list: a leading widget, a title, a second line below it, and trailing
+/// widgets. Its context menu holds the actions of its buttons. A list that grows with the user's data
+/// is a `RowListView` instead.
 class RowWidget : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// What the second line is decides where it is cut.
-    enum class Detail { words, path };
+    /// A second line without room is cut at its end; a path is cut in the middle.
+    enum class Detail { text, path };
 
-    /// `leading` (may be null) is taken over. An empty detail takes no room.
-    RowWidget(QWidget* leading, const QString& title, const QString& detail = {}, Detail kind = Detail::words,
+    /// Takes `leading` over, which may be null. An empty detail takes no room.
+    RowWidget(QWidget* leading, const QString& title, const QString& detail = {}, Detail kind = Detail::text,
               QWidget* parent = nullptr);
 
     void setTitle(const QString& title);
     void setTitleColor(Role color);
     void setDetail(const QString& detail);
-    /// Right behind the name, such as a tag; taken over.
+    /// Takes the widget over; it stands right after the title.
     void addBesideTitle(QWidget* widget);
-    /// At the end of the row; taken over.
+    /// Takes the widget over; it stands at the end of the row.
     void addTrailing(QWidget* widget);
 
     [[nodiscard]] ElidedLabel* titleLabel() const { return m_title; }
@@ -49,7 +49,7 @@ private:
     QHBoxLayout* m_layout;
 };
 
-/// A small word on a tint, such as "Not found" behind a name.
+/// A short text on a tint, such as "Not found" after a name.
 class Tag : public QWidget
 {
     Q_OBJECT

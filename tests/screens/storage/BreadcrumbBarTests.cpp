@@ -83,7 +83,7 @@ TEST_F(BreadcrumbBarTests, backNeedsTwoLevels)
     EXPECT_EQ(back.count(), 1);
 }
 
-TEST_F(BreadcrumbBarTests, aCrumbTellsItsLevel)
+TEST_F(BreadcrumbBarTests, aClickOnACrumbReportsItsLevel)
 {
     setCrumbs({u"mira"_s, u"Documents"_s, u"Work"_s});
     const QSignalSpy crumbs(&bar, &BreadcrumbBar::crumbPressed);
@@ -126,7 +126,7 @@ TEST_F(BreadcrumbBarTests, aWiderWindowShowsMore)
     const int folded = bar.foldedCount();
     EXPECT_GT(folded, 0);
     bar.resize(800, 30);
-    // A resize is told when the widget is shown or asked for its picture.
+    // A widget gets its resize event when it is shown or grabbed.
     (void)bar.grab();
     EXPECT_LT(bar.foldedCount(), folded);
     bar.resize(2'000, 30);

@@ -64,7 +64,7 @@ TEST_F(BreakdownBarTests, eachSegmentHasTheColorOfItsKind)
     EXPECT_EQ(picture.pixelColor(950, 5), Theme::instance().color(Role::secondaryText));
 }
 
-TEST_F(BreakdownBarTests, theToolTipTellsKindAndSize)
+TEST_F(BreakdownBarTests, theToolTipIsTheKindAndItsSize)
 {
     ShareBar bar;
     bar.resize(1'000, 10);
@@ -90,7 +90,7 @@ TEST_F(BreakdownBarTests, theLegendHoldsTheFirstSixOnly)
     EXPECT_EQ(textsIn(bar).size(), 8);
 }
 
-TEST_F(BreakdownBarTests, theLegendGoesOnBelowInANarrowWindow)
+TEST_F(BreakdownBarTests, theLegendWrapsInANarrowWindow)
 {
     BreakdownBar bar;
     bar.setShares(shares, 10'000'000);

@@ -22,7 +22,7 @@ using LargestFilesPanelTests = ScreenTestCase;
 
 } // namespace
 
-TEST_F(LargestFilesPanelTests, aRowTellsRankNameFolderAndSize)
+TEST_F(LargestFilesPanelTests, aRowShowsRankNameFolderAndSize)
 {
     LargeFileModel model;
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
@@ -58,7 +58,7 @@ TEST_F(LargestFilesPanelTests, aFileBecomesAnEntryThatIsNoFolder)
     EXPECT_FALSE(node.isDirectory);
 }
 
-TEST_F(LargestFilesPanelTests, showsThatItIsLooking)
+TEST_F(LargestFilesPanelTests, showsThatItIsSearching)
 {
     LargestFilesPanel panel;
     panel.redraw({}, true, u"mira"_s);
@@ -87,7 +87,7 @@ TEST_F(LargestFilesPanelTests, showsHowManyAndOfWhichFolder)
     EXPECT_EQ(refreshes.count(), 1);
 }
 
-TEST_F(LargestFilesPanelTests, tellsWhichFileAnActionIsFor)
+TEST_F(LargestFilesPanelTests, reportsTheFileOfAnAction)
 {
     LargestFilesPanel panel;
     show(panel);

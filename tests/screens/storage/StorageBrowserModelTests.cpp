@@ -60,7 +60,7 @@ TEST_F(StorageBrowserModelTests, aWalkBeginsWithTheLevelOfItsFolder)
     EXPECT_EQ(model.currentBytes(), 10'000);
 }
 
-TEST_F(StorageBrowserModelTests, choosingTheSameFolderAgainStartsFromScratchAndMeasuresAnew)
+TEST_F(StorageBrowserModelTests, choosingTheSameFolderAgainStartsANewWalkAndMeasuresAgain)
 {
     StorageBrowserModel model(*state);
     navigate(model, documents());
@@ -137,7 +137,7 @@ TEST_F(StorageBrowserModelTests, sortsByNameAndBack)
     EXPECT_EQ(model.sortedNodes(), model.currentNodes());
 }
 
-TEST_F(StorageBrowserModelTests, eachMeasurementPutsItsLevelOnTopWhenItEnds)
+TEST_F(StorageBrowserModelTests, eachMeasurementAppendsItsLevelWhenItEnds)
 {
     HeldWalks held(mac.root());
     const FileManagerGuard guard(held);
@@ -196,7 +196,7 @@ TEST_F(StorageBrowserModelTests, trashingWithoutALevelMeasuresNothing)
     EXPECT_FALSE(model.isScanning());
 }
 
-TEST_F(StorageBrowserModelTests, whatMayNotBeMovedStaysAfterTheNewMeasurement)
+TEST_F(StorageBrowserModelTests, anItemThatMayNotBeMovedStaysAfterTheNewMeasurement)
 {
     std::filesystem::permissions(mac.root().nativePath().toStdString(), std::filesystem::perms(0755));
     const std::filesystem::path folder = documents().nativePath().toStdString();
@@ -289,7 +289,7 @@ TEST_F(StorageBrowserModelTests, measuringAgainReplacesTheLastLevelOnly)
     write("Work/new.txt", 5'000);
     model.measureAgain();
     EXPECT_TRUE(model.isScanning());
-    // Pressed once more before it has ended.
+    // Asked for again before it has ended.
     model.measureAgain();
     EXPECT_EQ(walked(model), QStringList{u"Documents"_s});
     waitForLevel(model);
@@ -304,7 +304,7 @@ TEST_F(StorageBrowserModelTests, withoutALevelThereIsNothingToMeasureAgain)
     EXPECT_FALSE(model.isScanning());
 }
 
-TEST_F(StorageBrowserModelTests, aMeasurementThatOutlivesTheModelFindsNobody)
+TEST_F(StorageBrowserModelTests, theModelMayBeDestroyedInTheMiddleOfAMeasurement)
 {
     HeldWalks held(mac.root());
     const FileManagerGuard guard(held);
@@ -318,7 +318,7 @@ TEST_F(StorageBrowserModelTests, aMeasurementThatOutlivesTheModelFindsNobody)
     settle();
 }
 
-TEST_F(StorageBrowserModelTests, aSearchThatOutlivesTheModelFindsNobody)
+TEST_F(StorageBrowserModelTests, theModelMayBeDestroyedInTheMiddleOfASearch)
 {
     HeldWalks held(mac.root());
     const FileManagerGuard guard(held);
@@ -333,18 +333,18 @@ TEST_F(StorageBrowserModelTests, aSearchThatOutlivesTheModelFindsNobody)
     settle();
 }
 
-TEST_F(StorageBrowserModelTests, organisingSelectsTheScreenAndThenTellsTheFolder)
+TEST_F(StorageBrowserModelTests, organisingSelectsTheScreenAndThenPostsTheFolder)
 {
     StorageBrowserModel model(*state);
-    QStringList told;
+    QStringList posted;
     const auto listener = QObject::connect(&NotificationCenter::defaultCenter(), &NotificationCenter::posted,
                                            state.get(), [&](const QString& name, const QVariant& object) {
                                                EXPECT_EQ(state->selectedScreen(), Screen::organizer);
-                                               told.append(name + u' ' + object.value<FileURL>().path());
+                                               posted.append(name + u' ' + object.value<FileURL>().path());
                                            });
     model.organiseCurrentFolder(documents());
     QObject::disconnect(listener);
-    EXPECT_EQ(told, QStringList{u"com.keelbright.organizeFolder "_s + documents().path()});
+    EXPECT_EQ(posted, QStringList{u"com.keelbright.organizeFolder "_s + documents().path()});
 }
 
 TEST_F(StorageBrowserModelTests, aFolderBecomesASourceOfTheBackup)
@@ -379,7 +379,7 @@ TEST_F(StorageBrowserModelTests, aDismissedChooserChangesNothing)
     EXPECT_FALSE(model.isScanning());
 }
 
-TEST_F(StorageBrowserModelTests, aChooserThatStaysOpenForLongerThanTheScreenFindsNobody)
+TEST_F(StorageBrowserModelTests, theModelMayBeDestroyedWhileTheChooserIsOpen)
 {
     auto model = std::make_unique<StorageBrowserModel>(*state);
     chooser.willStayOpen();

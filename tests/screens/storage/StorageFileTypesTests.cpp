@@ -87,9 +87,9 @@ TEST(StorageFileTypes, anEmptyFileIsAKindOfZeroBytes)
 
 TEST(StorageFileTypes, theBreakdownStaysAtTheLargestNumber)
 {
-    constexpr qint64 most = std::numeric_limits<qint64>::max();
-    EXPECT_EQ(typeBreakdown({file(u"a.zip"_s, most), file(u"b.zip"_s, 7)}),
-              (QList<FileTypeShare>{{u"Archives"_s, most, Role::orange}}));
+    constexpr qint64 maximum = std::numeric_limits<qint64>::max();
+    EXPECT_EQ(typeBreakdown({file(u"a.zip"_s, maximum), file(u"b.zip"_s, 7)}),
+              (QList<FileTypeShare>{{u"Archives"_s, maximum, Role::orange}}));
 }
 
 } // namespace keelbright::testing

@@ -83,7 +83,7 @@ TEST_F(RowListViewTest, itsModelIsSound)
     EXPECT_EQ(model.rowCount(), 2);
 }
 
-TEST_F(RowListViewTest, aRowIsReadAsItsWordsAndItsNumbers)
+TEST_F(RowListViewTest, aScreenReaderReadsTheTextsAndNumbersOfARow)
 {
     EXPECT_EQ(model.index(2).data(Qt::AccessibleTextRole).toString(),
               u"Pictures, /Users/mira/Pictures, 2 MB"_s);
@@ -93,7 +93,7 @@ TEST_F(RowListViewTest, aRowIsReadAsItsWordsAndItsNumbers)
     EXPECT_EQ(list->child(2)->text(QAccessible::Name), u"Pictures, /Users/mira/Pictures, 2 MB"_s);
 }
 
-TEST_F(RowListViewTest, aTickIsToldToAScreenReader)
+TEST_F(RowListViewTest, aScreenReaderReadsTheMark)
 {
     model.tick(1);
     QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&view);
@@ -127,7 +127,7 @@ TEST_F(RowListViewTest, aClickOnTheRowChoosesAndOpensIt)
     EXPECT_EQ(opened.first().first().toInt(), 1);
 }
 
-TEST_F(RowListViewTest, aChoiceThatIsTakenBackIsTold)
+TEST_F(RowListViewTest, reportsThatTheSelectionWasCleared)
 {
     show();
     click(layoutOf(1).title.center());
@@ -136,7 +136,7 @@ TEST_F(RowListViewTest, aChoiceThatIsTakenBackIsTold)
     QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ControlModifier, layoutOf(1).title.center());
     EXPECT_EQ(cleared.size(), 1);
     EXPECT_TRUE(rows.isEmpty());
-    // Neither the next choice nor one of the program, nor other rows, take any back.
+    // Another selection, setCurrentRow and new rows do not clear it.
     click(layoutOf(0).title.center());
     click(layoutOf(2).title.center());
     view.setCurrentRow(-1);
@@ -187,7 +187,7 @@ TEST_F(RowListViewTest, theCurrentRowHasRealButtonsThatTabReaches)
     EXPECT_EQ(pressed, (Presses{{1, RowActionId::reveal}, {1, RowActionId::trash}}));
 }
 
-TEST_F(RowListViewTest, aScreenReaderMeetsTheButtonsBesideTheRows)
+TEST_F(RowListViewTest, toAScreenReaderTheButtonsAreBesideTheList)
 {
     QWidget screen;
     auto* layout = new QVBoxLayout(&screen);
@@ -213,7 +213,7 @@ TEST_F(RowListViewTest, aScreenReaderMeetsTheButtonsBesideTheRows)
     EXPECT_EQ(names, QStringList());
 }
 
-TEST_F(RowListViewTest, theArrowsGoOnFromAButtonToTheNextRow)
+TEST_F(RowListViewTest, theArrowsLeadFromAButtonToTheNextRow)
 {
     show();
     view.setCurrentRow(0);
@@ -346,7 +346,7 @@ TEST_F(RowListViewTest, nothingOfARowOverlapsInANarrowList)
     }
 }
 
-TEST_F(RowListViewTest, aProgramsChoiceIsNotTheUsers)
+TEST_F(RowListViewTest, setCurrentRowIsNotReportedAsAChoiceOfTheUser)
 {
     show();
     const QSignalSpy rows(&view, &RowListView::currentRowChanged);
@@ -358,7 +358,7 @@ TEST_F(RowListViewTest, aProgramsChoiceIsNotTheUsers)
     EXPECT_TRUE(shownButtons().isEmpty());
 }
 
-TEST_F(RowListViewTest, onlyWhatIsSeenIsAskedFor)
+TEST_F(RowListViewTest, onlyVisibleRowsAreMade)
 {
     QStringList titles;
     for (int i = 0; i < 100'000; ++i)
@@ -372,7 +372,7 @@ TEST_F(RowListViewTest, onlyWhatIsSeenIsAskedFor)
     EXPECT_LT(model.rowsMade, 400);
 }
 
-TEST_F(RowListViewTest, tabPassesByAListWithoutRows)
+TEST_F(RowListViewTest, tabSkipsAListWithoutRows)
 {
     EXPECT_EQ(view.focusPolicy(), Qt::StrongFocus);
     model.setTitles({});
@@ -381,7 +381,7 @@ TEST_F(RowListViewTest, tabPassesByAListWithoutRows)
     EXPECT_EQ(view.focusPolicy(), Qt::StrongFocus);
 }
 
-TEST_F(RowListViewTest, noLineStandsBelowTheLastRow)
+TEST_F(RowListViewTest, thereIsNoLineBelowTheLastRow)
 {
     show();
     const QImage picture = view.grab().toImage();
@@ -410,7 +410,7 @@ TEST_F(RowListViewTest, theRowBelowThePointerHasAFaintGround)
     EXPECT_EQ(groundOf(1), bare);
 }
 
-TEST_F(RowListViewTest, theFocusCanBeSeenAfterAKeyAndNotAfterAClick)
+TEST_F(RowListViewTest, theFocusIsVisibleAfterAKeyAndNotAfterAClick)
 {
     show();
     view.setCurrentRow(1);

@@ -56,7 +56,7 @@ protected:
 
 } // namespace
 
-TEST_F(RowPaintingTests, aRoundMarkTellsAllPartAndNothing)
+TEST_F(RowPaintingTests, aRoundMarkShowsAllPartAndNone)
 {
     const std::tuple<Qt::CheckState, QString, Role> marks[]{
         {Qt::Checked, u"checkmark.circle.fill"_s, Role::mint},

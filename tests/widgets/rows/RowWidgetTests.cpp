@@ -91,7 +91,7 @@ TEST(RowWidget, isAtLeastOneRowHigh)
     EXPECT_GE(row.minimumHeight(), Metrics::row);
 }
 
-TEST(Tag, tellsItsWord)
+TEST(Tag, showsItsText)
 {
     const Tag tag(u"Not found"_s, Role::orange);
     auto* label = tag.findChild<QLabel*>();

@@ -10,8 +10,8 @@ namespace keelbright {
 
 namespace {
 
-/// One cell. Kept by those who read the screen for as long as they like, so it knows when it has
-/// become outdated.
+/// One cell. A screen reader may keep it for longer than the view keeps the cell, so it knows when it
+/// is outdated.
 class AccessibleCell : public QAccessibleInterface, public QAccessibleActionInterface
 {
 public:
@@ -91,8 +91,8 @@ public:
     {
         if (!isValid())
             return {};
-        const bool leadsOn = m_view->cells().at(m_index).node.isDirectory;
-        return leadsOn ? QStringList{pressAction(), setFocusAction()} : QStringList{setFocusAction()};
+        const bool isFolder = m_view->cells().at(m_index).node.isDirectory;
+        return isFolder ? QStringList{pressAction(), setFocusAction()} : QStringList{setFocusAction()};
     }
 
     void doAction(const QString& name) override
@@ -165,7 +165,7 @@ public:
 private:
     [[nodiscard]] TreemapView& view() const { return *static_cast<TreemapView*>(object()); }
 
-    /// Of the cells that somebody has asked for.
+    /// By cell, for those that a screen reader has asked for.
     mutable QHash<int, QAccessible::Id> m_ids;
 };
 

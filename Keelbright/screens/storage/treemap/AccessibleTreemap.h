@@ -2,7 +2,7 @@
 
 namespace keelbright {
 
-/// Has a screen reader meet each `TreemapView` as a list of its cells; once is enough.
+/// Makes each `TreemapView` a list of its cells to a screen reader. Further calls do nothing.
 void installAccessibleTreemap();
 
 } // namespace keelbright

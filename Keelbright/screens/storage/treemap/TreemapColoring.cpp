@@ -28,9 +28,8 @@ bool areNeighbours(const QRectF& a, const QRectF& b)
             touch(a.left(), a.right(), b.left(), b.right()));
 }
 
-/// Sorts rectangles into squares of the plane, so that only those nearby are compared. Each
-/// rectangle is noted in every square that it reaches; a tiling has about as many squares as
-/// rectangles.
+/// Divides the plane into about as many squares as there are rectangles, and records in each square
+/// the rectangles that reach into it, so that only rectangles near each other are compared.
 class NeighbourGrid
 {
 public:
@@ -40,7 +39,7 @@ public:
             m_bounds |= rect.adjusted(-tolerance, -tolerance, tolerance, tolerance);
         const double area = std::max(m_bounds.width() * m_bounds.height(), 1.0);
         const double perRect = area / std::max(static_cast<double>(rects.size()), 1.0);
-        // No side may need more squares than there are rectangles, however thin the plane is.
+        // A long thin plane must not need more squares along one side than there are rectangles.
         const double longest = std::max(m_bounds.width(), m_bounds.height());
         m_side =
             std::max({std::sqrt(perRect), longest / static_cast<double>(rects.size() + 1), 2 * tolerance});
@@ -54,7 +53,7 @@ public:
         forEachSquare(rect, 0, [&](std::vector<qsizetype>& square) { square.push_back(index); });
     }
 
-    /// Calls `visit` with every noted rectangle that may touch this one; some come more than once.
+    /// Calls `visit` with every recorded rectangle that may touch this one, some more than once.
     template <typename Visit> void forEachNear(const QRectF& rect, Visit visit)
     {
         forEachSquare(rect, tolerance,
@@ -67,7 +66,7 @@ private:
         return static_cast<qsizetype>(length / m_side) + 1;
     }
 
-    // What rounding puts just outside belongs to the outermost squares.
+    // Rounding can put a position just outside the outermost squares.
     [[nodiscard]] qsizetype columnOf(double x) const
     {
         return std::clamp<qsizetype>(static_cast<qsizetype>((x - m_bounds.left()) / m_side), 0,
@@ -103,7 +102,7 @@ QList<int> treemapColorIndices(const QList<QRectF>& rects)
     QList<int> colors;
     colors.reserve(rects.size());
     NeighbourGrid grid(rects);
-    std::vector<qsizetype> lastUser; // of each colour: the last rectangle that met it at a neighbour
+    std::vector<qsizetype> lastUser; // of each colour: the last rectangle with a neighbour of that colour
     for (const QRectF& rect : rects) {
         const qsizetype index = colors.size();
         grid.forEachNear(rect, [&](qsizetype earlier) {

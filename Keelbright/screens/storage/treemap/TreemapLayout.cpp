@@ -19,7 +19,7 @@ struct Tile
     QRectF rect;
 };
 
-/// How many nodes make up the first group: those up to the one that reaches half of the total.
+/// The number of nodes in the first group, which ends with the node that reaches half of the total.
 size_t sizeOfFirstGroup(Nodes nodes, qint64 total)
 {
     const qint64 half = total / 2;
@@ -38,7 +38,7 @@ size_t sizeOfFirstGroup(Nodes nodes, qint64 total)
     return last + 1;
 }
 
-/// Across the longer side; a square is cut by a vertical line.
+/// Cuts across the longer side; a square by a vertical line.
 std::pair<QRectF, QRectF> cut(const QRectF& rect, double ratio)
 {
     if (rect.width() >= rect.height()) {
@@ -53,8 +53,8 @@ std::pair<QRectF, QRectF> cut(const QRectF& rect, double ratio)
 
 void tile(Nodes nodes, const QRectF& rect, qint64 total, QList<Tile>& into)
 {
-    constexpr double leastSide = 1.0;
-    if (nodes.empty() || !(rect.width() > leastSide) || !(rect.height() > leastSide))
+    constexpr double minimumSide = 1.0;
+    if (nodes.empty() || !(rect.width() > minimumSide) || !(rect.height() > minimumSide))
         return;
     if (nodes.size() == 1) {
         into.append({&nodes.front(), rect});

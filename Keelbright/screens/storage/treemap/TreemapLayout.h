@@ -13,13 +13,13 @@ struct TreemapCell
 {
     FolderSizeNode node;
     QRectF rect;        ///< in points, the origin at the top left, y downwards
-    int colorIndex = 0; ///< differs from that of every cell it shares an edge with; may pass any palette
+    int colorIndex = 0; ///< differs from that of every cell that shares an edge; has no upper limit
 
     friend bool operator==(const TreemapCell&, const TreemapCell&) = default;
 };
 
-/// Rectangles whose areas follow the sizes of a folder's entries: cut again and again at half of the
-/// bytes, across the longer side. A value without input or output; any thread.
+/// Rectangles whose areas follow the sizes of a folder's entries: a space is cut at half of the bytes
+/// across its longer side, and each part again. A pure computation; any thread.
 struct TreemapLayout
 {
     QList<FolderSizeNode> nodes; ///< in any order
@@ -27,7 +27,7 @@ struct TreemapLayout
     QSizeF size;                 ///< the space to fill, in points
 
     /// The cells in the order of the tiling, which is the order to draw them in. Entries of size 0
-    /// have none, and those whose space would be no wider or no higher than one point neither.
+    /// have no cell, nor have entries whose cell would be at most one point wide or high.
     [[nodiscard]] QList<TreemapCell> layout() const;
 };
 

@@ -9,8 +9,8 @@ namespace keelbright {
 
 namespace {
 
-/// A rectangle as seen by someone who goes in a direction: where it begins and ends on the way, and
-/// which stretch it takes across it.
+/// A rectangle in the coordinates of a move: `begin` and `end` along the direction, `low` and `high`
+/// across it.
 struct Extent
 {
     double begin;
@@ -44,7 +44,7 @@ double distance(double position, const Extent& extent)
 int treemapNeighbour(const QList<TreemapCell>& cells, int from, TreemapDirection direction,
                      const QPointF& anchor)
 {
-    // Edges of neighbours differ by rounding.
+    // Rounding moves the edges of neighbours apart.
     constexpr double tolerance = 0.5;
     const Extent own = extentOf(cells.at(from).rect, direction);
     const bool isSideways = direction == TreemapDirection::left || direction == TreemapDirection::right;

@@ -4,11 +4,11 @@
 
 namespace keelbright {
 
-/// The way of an arrow key.
+/// The direction of an arrow key.
 enum class TreemapDirection { left, right, up, down };
 
-/// The cell beside another one, as the eye sees it; -1 at the border. Of several it is the one at
-/// the height (or column) of `anchor`, so that going there and back comes home.
+/// The index of the cell next to `from` in that direction; -1 at the border. Of several it is the one
+/// at the height of `anchor` (at its x for up and down), so that a move and the opposite one lead back.
 [[nodiscard]] int treemapNeighbour(const QList<TreemapCell>& cells, int from, TreemapDirection direction,
                                    const QPointF& anchor);
 

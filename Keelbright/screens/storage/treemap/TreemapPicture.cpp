@@ -71,7 +71,7 @@ QFont labelFont(double size, QFont::Weight weight)
     return font;
 }
 
-/// One line from `top` on, cut where it does not fit; gives the height of the line.
+/// Paints one line of text below `top`, cut to `width`; returns the height of the line.
 double paintLine(QPainter& painter, const QPointF& top, double width, const QString& text, const QFont& font,
                  const QColor& color, const QColor& shadow)
 {

@@ -6,8 +6,8 @@
 
 namespace keelbright {
 
-/// The whole map, transparent where there is no cell, with rounded corners. `size` and the cells in
-/// device-independent pixels.
+/// Draws the whole map with rounded corners, transparent where there is no cell. `size` and the cells
+/// are in device-independent pixels.
 [[nodiscard]] QPixmap drawTreemap(const QList<TreemapCell>& cells, const QSize& size, qreal devicePixelRatio);
 
 /// A cell's rectangle with its edges on whole pixels of the device, as it is drawn.

@@ -59,7 +59,7 @@ void TreemapView::setNodes(const QList<FolderSizeNode>& nodes, qint64 totalBytes
     m_pressed = -1;
     forgetCells();
     m_anchor = {};
-    // There is nothing to go to in an empty map.
+    // An empty map has nothing to focus.
     const bool hasCells = std::ranges::any_of(m_nodes, [](const auto& node) { return node.totalBytes > 0; });
     setFocusPolicy(hasCells ? Qt::StrongFocus : Qt::NoFocus);
 }
@@ -117,7 +117,7 @@ void TreemapView::setCurrentCell(int cell)
 
 void TreemapView::press(int cell)
 {
-    // The node must outlast what the press leads to.
+    // A copy: whoever receives the signal may replace the nodes.
     const FolderSizeNode node = cells().at(cell).node;
     if (node.isDirectory)
         Q_EMIT drilledIn(node);
@@ -130,8 +130,8 @@ void TreemapView::setHovered(int cell)
     updateCell(m_hovered);
     m_hovered = cell;
     updateCell(m_hovered);
-    const bool leadsOn = cell >= 0 && cells().at(cell).node.isDirectory;
-    setCursor(leadsOn ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    const bool isFolder = cell >= 0 && cells().at(cell).node.isDirectory;
+    setCursor(isFolder ? Qt::PointingHandCursor : Qt::ArrowCursor);
 }
 
 void TreemapView::updateCell(int cell)
@@ -178,12 +178,12 @@ void TreemapView::paintMark(QPainter& painter, int cell)
     painter.drawRect(rect.adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
-/// White on black, which shows on every colour; a cell too small for a ring gets it around it.
+/// White on black, which can be seen on every colour. Around a cell that is too small for it inside.
 void TreemapView::paintRing(QPainter& painter, int cell)
 {
-    constexpr double leastSide = 10;
+    constexpr double minimumSide = 10;
     QRectF ring = m_cells.at(cell).rect;
-    const double widening = std::max(0.0, (leastSide - std::min(ring.width(), ring.height())) / 2);
+    const double widening = std::max(0.0, (minimumSide - std::min(ring.width(), ring.height())) / 2);
     ring = ring.adjusted(-widening, -widening, widening, widening).intersected(QRectF(rect()));
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);

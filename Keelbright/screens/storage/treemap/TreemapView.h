@@ -12,10 +12,10 @@
 namespace keelbright {
 
 /// The entries of a folder as a map. A click drills in; arrows go from cell to cell, Enter drills
-/// in, Delete asks for the Trash, and the menu key shows all that can be done. One stop for Tab; to
-/// a screen reader each cell is a child with a name.
+/// in, Delete asks for the Trash, and the menu key shows all actions. Tab stops at the map once; to a
+/// screen reader each cell is a child with a name.
 ///
-/// The map is drawn once and kept: moving over it or through it draws only what lies above.
+/// The map is drawn once and cached: hover and focus are painted above the cached picture.
 class TreemapView : public QWidget
 {
     Q_OBJECT
@@ -30,15 +30,15 @@ public:
     /// At the present size of the view.
     [[nodiscard]] const QList<TreemapCell>& cells();
 
-    /// Grows whenever `cells` may have become others.
+    /// Grows whenever `cells` may have changed.
     [[nodiscard]] quint64 generation() const { return m_generation; }
 
-    /// -1 where there is none.
+    /// The index of the cell at this position; -1 where there is none.
     [[nodiscard]] int cellAt(const QPointF& position);
     /// Name and size.
     [[nodiscard]] QString textOf(int cell);
 
-    /// The cell that the keyboard is at; -1 where there are none.
+    /// The cell that the keyboard acts on; -1 in a map without cells.
     [[nodiscard]] int currentCell();
     void setCurrentCell(int cell);
 
@@ -48,7 +48,7 @@ public:
     /// What a click does.
     void press(int cell);
 
-    /// How often the map itself has been drawn.
+    /// The number of times that the map itself has been drawn.
     [[nodiscard]] int drawingCount() const { return m_drawingCount; }
 
     [[nodiscard]] QSize sizeHint() const override { return {640, mapHeight}; }
@@ -58,7 +58,7 @@ public:
 Q_SIGNALS:
     void drilledIn(const keelbright::FolderSizeNode& node);
     void actionPressed(const keelbright::FolderSizeNode& node, keelbright::RowActionId action);
-    /// The keyboard went to the cell at this place.
+    /// An arrow key has moved to the cell at this place.
     void currentCellChanged(const QRectF& rect);
 
 protected:
@@ -99,7 +99,7 @@ private:
     int m_current = 0;
     int m_hovered = -1;
     int m_pressed = -1;
-    QPointF m_anchor; ///< where the arrows came from
+    QPointF m_anchor; ///< the point from which the arrow keys search; see `treemapNeighbour`
     FocusRing m_focusRing;
 };
 

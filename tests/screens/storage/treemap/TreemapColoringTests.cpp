@@ -12,7 +12,7 @@ using ::testing::IsEmpty;
 
 namespace {
 
-/// The indices of two rectangles tell whether they are neighbours.
+/// Two rectangles are neighbours if their colour indices differ.
 bool areNeighbours(const QRectF& a, const QRectF& b)
 {
     return treemapColorIndices({a, b}) == QList<int>{0, 1};
@@ -75,7 +75,7 @@ TEST(TreemapColoringTests, eachTakesTheSmallestColorThatIsFree)
                 ElementsAre(0, 1, 0, 2, 0));
 }
 
-TEST(TreemapColoringTests, moreThanSixColorsAreToldApart)
+TEST(TreemapColoringTests, thereCanBeMoreThanSixColors)
 {
     // Laid on one another with less than the tolerance between, all are neighbours of all.
     QList<QRectF> stacked;

@@ -18,7 +18,7 @@ using ::testing::IsEmpty;
 
 namespace {
 
-/// What a cell tells: the size of its entry, its rectangle, its colour.
+/// A cell as the size of its entry, its rectangle and its colour.
 struct Line
 {
     qint64 bytes;
@@ -73,7 +73,7 @@ QList<QRectF> rectsOf(const QList<TreemapCell>& cells)
     return rects;
 }
 
-/// Entries as folders have them: alike, all over the place, or a few huge ones among crumbs.
+/// Sizes as in real folders: all alike, all different, or a few huge ones among small ones.
 QList<qint64> randomSizes(QRandomGenerator& random, int kind)
 {
     QList<qint64> sizes;
@@ -201,7 +201,7 @@ TEST(TreemapLayoutTests, aSpaceNotOverOnePointHasNoCells)
     EXPECT_EQ(cells({5}, {1.01, 1.01}).size(), 1);
 }
 
-TEST(TreemapLayoutTests, crumbsWithoutRoomGetNoCellAndTheirSpaceStaysFree)
+TEST(TreemapLayoutTests, smallEntriesWithoutRoomGetNoCellAndTheirSpaceStaysFree)
 {
     QList<qint64> sizes(1000, 1);
     sizes.append(1'000'000);
@@ -227,8 +227,8 @@ TEST(TreemapLayoutTests, areasFollowSizes)
 
 TEST(TreemapLayoutTests, hugeSizesDoNotOverflow)
 {
-    constexpr qint64 most = std::numeric_limits<qint64>::max();
-    const TreemapLayout layout{nodesOf({most, most, most}), most, {300, 100}};
+    constexpr qint64 maximum = std::numeric_limits<qint64>::max();
+    const TreemapLayout layout{nodesOf({maximum, maximum, maximum}), maximum, {300, 100}};
     const QList<TreemapCell> result = layout.layout();
     ASSERT_EQ(result.size(), 3);
     EXPECT_EQ(result.first().rect.x(), 0);

@@ -38,7 +38,7 @@ TEST(TreemapNavigation, goesUpAndDownWithinAColumn)
     EXPECT_EQ(neighbour(2, TreemapDirection::down, {125, 45}), 3);
 }
 
-TEST(TreemapNavigation, comesBackFromEachOfSeveral)
+TEST(TreemapNavigation, theOppositeMoveLeadsBackFromEachOfSeveral)
 {
     for (const int cell : {1, 2, 3})
         EXPECT_EQ(neighbour(cell, TreemapDirection::left, {125, 15}), 0);

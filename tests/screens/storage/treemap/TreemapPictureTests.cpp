@@ -73,8 +73,8 @@ bool hasName(double width, double height)
     return writtenPixels(picture, cell, QRect(9, 8, 20, 12)) > 20;
 }
 
-/// On how many lines of pixels the words of a cell of this width stand, from `top` on.
-int heightOfWords(double width, const QString& name, int top)
+/// The number of lines of pixels below `top` that hold a part of the labels of a cell of this width.
+int heightOfLabels(double width, const QString& name, int top)
 {
     constexpr int bright = 170; ///< of red, of which the first pair of colours has little
     const QImage picture = pictureOf({single(width, 120, name)}, QSize(200, 200));
@@ -164,7 +164,7 @@ TEST(TreemapPicture, theSizeNeedsMoreHeightThanTheName)
 TEST(TreemapPicture, theNameGrowsWithItsCellBetweenTwoSizes)
 {
     const auto height = [](double width) {
-        return heightOfWords(width, u"H"_s, 8) - heightOfWords(width, {}, 8);
+        return heightOfLabels(width, u"H"_s, 8) - heightOfLabels(width, {}, 8);
     };
     EXPECT_GT(height(53), 0);
     EXPECT_EQ(height(53), height(81));
@@ -175,7 +175,7 @@ TEST(TreemapPicture, theNameGrowsWithItsCellBetweenTwoSizes)
 
 TEST(TreemapPicture, theSizeGrowsWithItsCellBetweenTwoSizes)
 {
-    const auto height = [](double width) { return heightOfWords(width, {}, 8); };
+    const auto height = [](double width) { return heightOfLabels(width, {}, 8); };
     EXPECT_GT(height(53), 0);
     EXPECT_EQ(height(53), height(88));
     EXPECT_LT(height(88), height(121));
@@ -233,7 +233,7 @@ TEST(TreemapPicture, aNarrowCellIsStillDrawn)
     EXPECT_EQ(picture.pixelColor(11, 20).alpha(), 0);
 }
 
-TEST(TreemapPicture, aNameFromOutsideIsShownSafely)
+TEST(TreemapPicture, aNameWithControlCharactersIsShownWithoutThem)
 {
     const QImage plain = pictureOf({single(160, 60, u"name"_s)}, {160, 60});
     EXPECT_EQ(pictureOf({single(160, 60, u"na\x202Eme"_s)}, {160, 60}), plain);

@@ -182,13 +182,13 @@ TEST_F(TreemapViewTests, aPressThatEndsOnAnotherCellDoesNothing)
     EXPECT_EQ(drills.count(), 0);
 }
 
-TEST_F(TreemapViewTests, theToolTipTellsNameAndSize)
+TEST_F(TreemapViewTests, theToolTipIsNameAndSize)
 {
     EXPECT_EQ(toolTipAt(center(0)), u"0 \x2014 4 MB"_s);
     EXPECT_EQ(toolTipAt(center(3)), u"3 \x2014 1 MB"_s);
 }
 
-TEST_F(TreemapViewTests, thePointerShowsWhatLeadsOn)
+TEST_F(TreemapViewTests, thePointerIsAHandOverFolders)
 {
     hover(center(0));
     EXPECT_EQ(view.cursor().shape(), Qt::PointingHandCursor);
@@ -214,7 +214,7 @@ TEST_F(TreemapViewTests, theArrowsGoFromCellToCell)
     EXPECT_EQ(view.currentCell(), 0);
 }
 
-TEST_F(TreemapViewTests, goingThereAndBackComesHome)
+TEST_F(TreemapViewTests, anArrowAndItsOppositeLeadBack)
 {
     // The largest at the left, and a column of many at its right.
     setSizes({9'000, 1'000, 990, 980, 970, 960, 950, 940});
@@ -297,7 +297,7 @@ TEST_F(TreemapViewTests, isOneStopForTab)
     EXPECT_TRUE(after.hasFocus());
 }
 
-TEST_F(TreemapViewTests, theFocusIsSeenWhenTheKeyboardBroughtIt)
+TEST_F(TreemapViewTests, theFocusIsVisibleWhenItCameByTheKeyboard)
 {
     const QImage without = pictureOf(view);
     view.setFocus(Qt::TabFocusReason);
@@ -331,7 +331,7 @@ TEST_F(TreemapViewTests, anEmptyFolderHasNoCellsAndIsNoStop)
     EXPECT_EQ(view.focusPolicy(), Qt::StrongFocus);
 }
 
-TEST_F(TreemapViewTests, aScreenReaderMeetsAListOfNamedCells)
+TEST_F(TreemapViewTests, toAScreenReaderItIsAListOfNamedCells)
 {
     EXPECT_EQ(accessible()->role(), QAccessible::List);
     EXPECT_EQ(accessible()->text(QAccessible::Name), u"Treemap"_s);
@@ -400,7 +400,7 @@ TEST_F(TreemapViewTests, aCellThatIsGoneIsInvalidToAScreenReader)
     EXPECT_EQ(accessible()->child(1)->text(QAccessible::Name), u"1, 5 bytes"_s);
 }
 
-TEST_F(TreemapViewTests, aNameFromOutsideIsToldSafely)
+TEST_F(TreemapViewTests, aNameWithMarkupAndControlCharactersIsShownAsPlainText)
 {
     FolderSizeNode node{.id = QUuid::createUuid(), .name = u"<b>a\x202Ez\n"_s, .url = {}, .totalBytes = 5};
     view.setNodes({node}, 5);
