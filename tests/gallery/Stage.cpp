@@ -3,6 +3,7 @@
 #include "Keelbright/screens/shell/DetailView.h"
 #include "Keelbright/widgets/MenuButton.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
+#include "tests/support/Frames.h"
 #include "tests/support/PseudoTranslation.h"
 #include "tests/support/StandardOutput.h"
 
@@ -186,8 +187,7 @@ void Stage::settle()
 
 void Stage::turnFrames()
 {
-    // Longer than two frames, and after the queued signals of the state.
-    QTest::qWait(40);
+    testing::turnFrames();
 }
 
 void Stage::chooseDrive()

@@ -1,6 +1,7 @@
 #include "tests/screens/shared/ScreenTestCase.h"
 
 #include "Keelbright/widgets/SymbolLabel.h"
+#include "tests/support/Frames.h"
 
 #include <QApplication>
 #include <QSet>
@@ -44,8 +45,7 @@ void ScreenTestCase::show(QWidget& view)
 
 void ScreenTestCase::turnFrame()
 {
-    // Longer than a frame, and the queued announcements of the state come before.
-    QTest::qWait(40);
+    turnFrames();
 }
 
 void ScreenTestCase::turnUntil(const std::function<bool()>& condition)
