@@ -13,6 +13,13 @@ if(KEELBRIGHT_SANITIZE STREQUAL "thread")
   target_link_libraries(KeelbrightThreadOrder PRIVATE Qt6::Core KeelbrightCompile)
 endif()
 
+# A slow machine on demand, in every test program; the thread sanitizer's build defines the same
+# function of Qt for itself.
+if(NOT KEELBRIGHT_HAS_THREAD_SANITIZER)
+  add_library(KeelbrightSlowMachine OBJECT "${PROJECT_SOURCE_DIR}/tests/support/SlowMachine.cpp")
+  target_link_libraries(KeelbrightSlowMachine PRIVATE Qt6::Core KeelbrightCompile)
+endif()
+
 # For tests that have to know that the program is slower than it is, or makes calls of its own.
 set(KEELBRIGHT_IS_SANITIZED false)
 if(KEELBRIGHT_SANITIZE)
@@ -27,7 +34,7 @@ function(keelbright_tests name)
   cmake_parse_arguments(SUITE "" "" "SOURCES;LINKS;ALONE" ${ARGN})
   add_executable(${name} ${SUITE_SOURCES})
   target_link_libraries(${name} PRIVATE ${SUITE_LINKS} GTest::gmock_main KeelbrightCompile
-    $<$<BOOL:${KEELBRIGHT_HAS_THREAD_SANITIZER}>:KeelbrightThreadOrder>)
+    $<IF:$<BOOL:${KEELBRIGHT_HAS_THREAD_SANITIZER}>,KeelbrightThreadOrder,KeelbrightSlowMachine>)
   target_precompile_headers(${name} REUSE_FROM KeelbrightTestHeaders)
   set(discovery TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60)
   if(SUITE_ALONE)
