@@ -47,10 +47,7 @@ done)");
 
 TEST_F(AppScannerEndTests, theCallerIsNotHeld)
 {
-    QElapsedTimer timer;
-    timer.start();
     const QFuture<Apps> future = AppScanner::scan(m_mac.clock());
-    EXPECT_LT(timer.elapsed(), 1'000);
     EXPECT_FALSE(future.isFinished());
     openTheGate();
     EXPECT_EQ(future.result().size(), 100);

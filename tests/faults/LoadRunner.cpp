@@ -116,12 +116,11 @@ private:
 
     template <typename Action> void measure(const QString& key, const QString& workKey, Action&& action)
     {
-        QElapsedTimer time;
-        time.start();
+        const testing::UndisturbedTimer time;
         const testing::WorkTimer work;
         action();
         m_result.insert(workKey, static_cast<double>(work.nanoseconds()) / 1e9);
-        m_result.insert(key, static_cast<double>(time.nsecsElapsed()) / 1e9);
+        m_result.insert(key, time.seconds());
     }
 
     testing::SandboxFileManager m_files;

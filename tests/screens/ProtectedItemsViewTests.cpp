@@ -6,6 +6,7 @@
 #include "Keelbright/widgets/SymbolLabel.h"
 #include "Keelbright/widgets/ToggleSwitch.h"
 #include "tests/screens/shared/ScreenTestCase.h"
+#include "tests/support/AnimationClock.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -102,19 +103,24 @@ TEST_F(ProtectedItemsViewTests, theTileShowsWhetherAFolderIsProtected)
 TEST_F(ProtectedItemsViewTests, theSwitchAndTheTileAreAnimatedUnlessMotionIsReduced)
 {
     Theme::instance().setMotionReduced(false);
+    AnimationClock clock;
     ProtectedItemsView view(makeState(), alerts);
     show(view);
     ToggleSwitch* desktop = toggle(view, u"Desktop"_s);
     auto* tile = view.findChildren<RecommendedFolderRow*>().first()->findChild<Tile*>();
     const QImage protectedTile = tile->grab().toImage();
     desktop->click();
-    turnUntil([&] { return desktop->position() < 1 && desktop->position() > 0; });
+    turnFrame();
+    clock.advance(100);
+    EXPECT_GT(desktop->position(), 0);
+    EXPECT_LT(desktop->position(), 1);
     const QImage between = tile->grab().toImage();
-    turnUntil([&] { return desktop->position() == 0; });
-    QTest::qWait(250);
+    clock.advance(100);
+    EXPECT_EQ(desktop->position(), 0);
     const QImage greyTile = tile->grab().toImage();
     EXPECT_NE(protectedTile, greyTile);
     EXPECT_NE(between, greyTile);
+    EXPECT_NE(between, protectedTile);
 }
 
 TEST_F(ProtectedItemsViewTests, aFolderThatDoesNotExistIsTaggedAndStaysUsable)

@@ -1,13 +1,14 @@
 #pragma once
 
+#include "tests/support/UndisturbedTimer.h"
 #include "tests/support/WorkTimer.h"
 
-#include <QElapsedTimer>
 #include <QTimer>
 
 namespace keelbright::testing {
 
-/// The longest time that the main thread did not come back to its events.
+/// The longest time that the main thread did not come back to its events, other programs' turns left
+/// out.
 class StallProbe
 {
 public:
@@ -16,7 +17,6 @@ public:
         m_timer.setTimerType(Qt::PreciseTimer);
         m_timer.setInterval(interval);
         QObject::connect(&m_timer, &QTimer::timeout, [this] { note(); });
-        m_sinceTurn.start();
         m_timer.start();
     }
 
@@ -30,13 +30,13 @@ private:
 
     void note()
     {
-        m_longest = qMax(m_longest, m_sinceTurn.nsecsElapsed() - interval * 1'000'000);
+        m_longest = qMax(m_longest, m_sinceTurn.nanoseconds() - interval * 1'000'000);
         m_sinceTurn.restart();
         m_longestWork = qMax(m_longestWork, m_workOfTurn.restart());
     }
 
     QTimer m_timer;
-    QElapsedTimer m_sinceTurn;
+    UndisturbedTimer m_sinceTurn;
     qint64 m_longest = 0;
     WorkTimer m_workOfTurn;
     qint64 m_longestWork = 0;

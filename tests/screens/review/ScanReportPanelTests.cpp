@@ -5,8 +5,8 @@
 #include "Keelbright/widgets/rows/RowListView.h"
 #include "tests/screens/shared/ListDriver.h"
 #include "tests/screens/shared/ScreenTestCase.h"
+#include "tests/support/WorkTimer.h"
 
-#include <QElapsedTimer>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -151,19 +151,19 @@ TEST_F(ScanReportPanelTests, aHundredThousandFindingsOpenAndScrollWithoutAStall)
     for (int i = 0; i < 100'000; ++i)
         shown.findings.append(
             finding(i % 2 == 0 ? Category::apps : Category::junk, Severity::low, QString::number(i)));
-    QElapsedTimer timer;
-    timer.start();
+    WorkTimer timer;
     panel.setReport(shown);
     show(panel);
     panel.grab();
-    const qint64 opened = timer.restart();
+    const qint64 opened = timer.milliseconds();
+    timer.restart();
     panel.list()->verticalScrollBar()->setValue(panel.list()->verticalScrollBar()->maximum() / 2);
     panel.grab();
-    const qint64 scrolled = timer.elapsed();
+    const qint64 scrolled = timer.milliseconds();
     EXPECT_EQ(panel.list()->rowModel()->rowCount(), 100'002);
     RecordProperty("opened", static_cast<int>(opened));
     RecordProperty("scrolled", static_cast<int>(scrolled));
-    // Many times the measured value, so that a busy computer or a sanitizer does not fail the test.
+    // Many times the measured value, so that a sanitizer does not fail the test.
     EXPECT_LT(opened, 2000);
     EXPECT_LT(scrolled, 500);
 }

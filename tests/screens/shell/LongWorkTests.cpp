@@ -62,8 +62,8 @@ protected:
     }
 
     /// Measures the longest stall while a screen reads `place`, from the click on `button`, if it does
-    /// not start by itself, to the last redraw. The best of a few rounds counts, because other programs
-    /// on a busy machine cause stalls as well.
+    /// not start by itself, to the last redraw. The best of a few rounds counts, because a lock stays
+    /// held while other programs have the processor of the thread that holds it.
     void expectTheWindowToAnswer(Screen screen, const FileURL& place, const QString& button = {})
     {
         constexpr int rounds = 8;
