@@ -1,7 +1,5 @@
 """Steps in the program's window, shared by the scenarios and the tour."""
 
-import time
-
 from window import Program, wait_until
 
 WINDOW = "Keel Bright"
@@ -64,7 +62,7 @@ class KeelBright(Program):
         self.choose_entry(entry)
 
     def choose_entry(self, entry):
-        time.sleep(0.3)  # until the menu is open
+        self.screen.wait_for_menu()
         for _ in range(entry + 1):
             self.screen.keys("Down")
         self.screen.keys("Return")

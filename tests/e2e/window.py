@@ -7,7 +7,7 @@ import time
 
 import pyatspi
 from gi.repository import GLib
-from Xlib import X, XK, display, error
+from Xlib import X, XK, Xatom, display, error
 from Xlib.ext import xtest
 from Xlib.protocol import event as protocol
 
@@ -190,6 +190,10 @@ class Screen:
                                                  data=(32, [delete, X.CurrentTime, 0, 0, 0])))
         self.display.sync()
 
+    def wait_for_menu(self):
+        """Until a menu is up, which takes all keys then."""
+        wait_until(self._menu_seen, "no menu comes up")
+
     def picture(self, title, file, at_rest=True):
         """Saves a picture of the window, at once or when it no longer changes."""
         os.makedirs(os.path.dirname(os.path.abspath(file)), exist_ok=True)
@@ -217,6 +221,18 @@ class Screen:
 
     def _window(self, title):
         return wait_until(lambda: self._window_seen(title), f"no window “{title}” on the screen")
+
+    def _menu_seen(self):
+        kind, menus = self.display.intern_atom("_NET_WM_WINDOW_TYPE"), {
+            self.display.intern_atom(f"_NET_WM_WINDOW_TYPE_{name}") for name in ("MENU", "POPUP_MENU", "DROPDOWN_MENU")}
+        for window in self.root.query_tree().children:
+            try:
+                kinds = window.get_full_property(kind, Xatom.ATOM)
+                if kinds and menus & set(kinds.value) and window.get_attributes().map_state == X.IsViewable:
+                    return True
+            except error.XError:
+                continue  # it went while it was looked at
+        return False
 
     def _window_seen(self, title):
         for window in self.root.query_tree().children:

@@ -55,7 +55,7 @@ class MountedDrive:
 
     def _wait(self):
         # Some mount programs return before the file system is there.
-        until = time.monotonic() + 10
+        until = time.monotonic() + 60
         while not self.folder.is_mount():
             if time.monotonic() > until:
                 raise Missing("the drive does not appear")

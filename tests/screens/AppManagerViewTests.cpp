@@ -217,7 +217,8 @@ TEST_F(AppManagerViewTests, anAnswerForTheAppBeforeIsDropped)
     button(*view, u"Look Up on App Store"_s)->click();
     turnUntil([&] { return server.requests().size() == 1; });
     choose(*view, u"Tidewater"_s);
-    QTest::qWait(200);
+    turnUntil([&] { return server.endedConnections() == 1; });
+    turnFrame();
     EXPECT_FALSE(textsIn(*view).contains(u"Late."_s));
     EXPECT_NE(buttonIn(*view, u"Look Up on App Store"_s), nullptr);
 }
@@ -237,7 +238,7 @@ TEST_F(AppManagerViewTests, filesOfTheAppBeforeAreDropped)
     EXPECT_TRUE(textsIn(*view).contains(u"No leftover files found."_s));
     held.letGo();
     waitForBackgroundWork();
-    QTest::qWait(20);
+    turnFrame();
     EXPECT_TRUE(textsIn(*view).contains(u"No leftover files found."_s));
 }
 

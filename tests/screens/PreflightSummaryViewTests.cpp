@@ -2,14 +2,12 @@
 
 #include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/Progress.h"
-#include "KeelbrightCore/platform/system/TaskPools.h"
 #include "tests/screens/shared/ScreenTestCase.h"
 
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSemaphore>
 #include <QTest>
-#include <QThreadPool>
 
 #include <optional>
 
@@ -44,7 +42,7 @@ protected:
     ~PreflightSummaryViewTests() override
     {
         // Checks that are still running use the machine of the test.
-        EXPECT_TRUE(QTest::qWaitFor([] { return TaskPools::userInitiated().activeThreadCount() == 0; }));
+        waitForBackgroundWork();
     }
 
     AppState& makeReadyState()
@@ -228,7 +226,7 @@ TEST_F(PreflightSummaryViewTests, aResultThatComesAfterTheScreenWasLeftIsDropped
     show(*view);
     view.reset();
     files.answer.release();
-    turnUntil([] { return TaskPools::userInitiated().activeThreadCount() == 0; });
+    waitForBackgroundWork();
     turnFrame();
     EXPECT_FALSE(app.engine().isRunning());
 }

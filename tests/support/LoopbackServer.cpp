@@ -59,7 +59,10 @@ QList<QByteArray> LoopbackServer::requestLines() const
 void LoopbackServer::serve(QTcpSocket* socket)
 {
     const auto head = std::make_shared<QByteArray>();
-    QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+    QObject::connect(socket, &QTcpSocket::disconnected, &m_server, [this, socket] {
+        ++m_endedConnections;
+        socket->deleteLater();
+    });
     QObject::connect(socket, &QTcpSocket::readyRead, &m_server, [this, socket, head] {
         head->append(socket->readAll());
         if (!head->endsWith("\r\n\r\n"))

@@ -43,6 +43,9 @@ public:
     /// The heads of all requests, in order.
     [[nodiscard]] const QList<QByteArray>& requests() const { return m_requests; }
 
+    /// How many connections there are no more, whichever side has closed them.
+    [[nodiscard]] int endedConnections() const { return m_endedConnections; }
+
     /// Their first lines.
     [[nodiscard]] QList<QByteArray> requestLines() const;
 
@@ -53,6 +56,7 @@ private:
     QTcpServer m_server;
     QList<LoopbackAnswer> m_answers;
     QList<QByteArray> m_requests;
+    int m_endedConnections = 0;
 };
 
 } // namespace keelbright::testing

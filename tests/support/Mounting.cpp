@@ -34,7 +34,7 @@ std::expected<QByteArray, std::string> outputOf(const QString& program, const QS
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(path, arguments);
-    if (!process.waitForFinished(20'000))
+    if (!process.waitForFinished(60'000))
         return std::unexpected(program.toStdString() + ": " + process.errorString().toStdString());
     const QByteArray output = process.readAll().trimmed();
     if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
@@ -53,7 +53,7 @@ bool isMountedSoon(const FileURL& mountPoint)
     QElapsedTimer waiting;
     waiting.start();
     while (!isMountPoint(mountPoint)) {
-        if (waiting.hasExpired(10'000))
+        if (waiting.hasExpired(60'000))
             return false;
         QThread::msleep(10);
     }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QProcess>
 #include <QStandardPaths>
 #include <string>
@@ -21,7 +23,7 @@ public:
         }
         m_daemon.start(daemon, {QStringLiteral("--session"), QStringLiteral("--nofork"),
                                 QStringLiteral("--nopidfile"), QStringLiteral("--print-address=1")});
-        m_daemon.waitForReadyRead(5000);
+        m_daemon.waitForReadyRead(patience);
         const QString address = QString::fromLatin1(m_daemon.readLine()).trimmed();
         m_client = QDBusConnection::connectToBus(address, clientName());
         m_server = QDBusConnection::connectToBus(address, serverName());
@@ -32,7 +34,7 @@ public:
         QDBusConnection::disconnectFromBus(clientName());
         QDBusConnection::disconnectFromBus(serverName());
         m_daemon.terminate();
-        m_daemon.waitForFinished(5000);
+        m_daemon.waitForFinished(patience);
     }
 
     PrivateBus(const PrivateBus&) = delete;
@@ -45,7 +47,23 @@ public:
 
     [[nodiscard]] QDBusConnection& server() { return m_server; }
 
+    /// Delivers what either side has sent so far, and what was answered to it.
+    void carryEverythingOver()
+    {
+        // A bus keeps the order of what a connection sends, so its answer comes behind all that was
+        // sent to that connection before. An answer of the one side can be a question to the other.
+        for (int way = 0; way < 3; ++way) {
+            for (const QDBusConnection& connection : {m_client, m_server})
+                (void)connection.call(QDBusMessage::createMethodCall(
+                    QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+                    QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetId")));
+            QCoreApplication::sendPostedEvents();
+        }
+    }
+
 private:
+    static constexpr int patience = 60'000; // milliseconds
+
     [[nodiscard]] static QString clientName() { return QStringLiteral("client"); }
 
     [[nodiscard]] static QString serverName() { return QStringLiteral("server"); }

@@ -3,6 +3,7 @@ import threading
 from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
 
 from scenario import Scenario
+from window import wait_until
 
 BY_NAME = 2  # in the sort menu
 
@@ -107,5 +108,8 @@ class Apps(Scenario):
         window.find("text", "Search apps").write("")
         window.label("8 of 8 apps")
         window.choose_from("Sort apps", BY_NAME)
-        names = [item.name.split(",")[0] for item in window.find("list", "Applications").all("list item")]
-        self.assertEqual(names, sorted(names, key=str.casefold))
+        rows = window.find("list", "Applications")
+
+        def names():
+            return [item.name.split(",")[0] for item in rows.all("list item")]
+        wait_until(lambda: names() and names() == sorted(names(), key=str.casefold), lambda: f"not by name: {names()}")

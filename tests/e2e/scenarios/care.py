@@ -102,6 +102,7 @@ class StorageBrowser(Scenario):
         window.button("Home").press()
         window.row("Pictures")
         window.find("radio button", "Treemap").press()
+        window.wait_gone("list", "Entries")
         down = ("Pictures", "Lofoten 2024", "Day one")
         for folder in down:
             window.choose_row(folder)

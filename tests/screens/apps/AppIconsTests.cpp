@@ -20,7 +20,7 @@ protected:
     static void waitForIcons()
     {
         waitForBackgroundWork();
-        QTest::qWait(0);
+        QCoreApplication::sendPostedEvents();
     }
 
     FileURL addApp(const QByteArray& name, quint32 colour = 0x0A6CFF) const

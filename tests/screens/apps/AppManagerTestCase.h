@@ -23,6 +23,7 @@ protected:
         QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);
         AppServices asked = services();
         asked.lookup = [this](const QString& name) {
+            ++lookups;
             return iTunesLookupService::lookup(name, {.origin = server.origin()});
         };
         (void)standardOutputOf([&] { state = std::make_unique<AppState>(asked); });
@@ -155,6 +156,7 @@ protected:
 
     MadeUpMac made{mac.root(), mac.clock()()};
     LoopbackServer server;
+    int lookups = 0; ///< how often the App Store was asked
 };
 
 } // namespace keelbright::testing

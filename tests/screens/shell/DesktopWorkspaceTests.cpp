@@ -54,6 +54,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+constexpr int patience = 60'000; // milliseconds
+
 class DesktopWorkspaceTest : public ::testing::Test
 {
 protected:
@@ -85,8 +87,8 @@ TEST_F(DesktopWorkspaceTest, asksTheFileBrowserToShowTheItem)
     DesktopWorkspace workspace(bus.client());
     workspace.reveal(item);
     EXPECT_TRUE(browser.shown.isEmpty()); // reveal() does not wait
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !browser.shown.isEmpty(); }));
-    QTest::qWait(100);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !browser.shown.isEmpty(); }, patience));
+    bus.carryEverythingOver();
     EXPECT_EQ(browser.shown, QStringList{u"file:///Users/mira/Caches/%C3%BCber%20alles%20%5B1%5D%23"_s});
     EXPECT_EQ(browser.startupIDs, QStringList{u""_s});
     EXPECT_EQ(opener.opened, QByteArrayList());
@@ -97,7 +99,7 @@ TEST_F(DesktopWorkspaceTest, passesOnANameThatIsNotUtf8)
     startBrowser();
     DesktopWorkspace workspace(bus.client());
     workspace.reveal(FileURL::fromNativePath("/tmp/caf\xE9"));
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !browser.shown.isEmpty(); }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !browser.shown.isEmpty(); }, patience));
     EXPECT_EQ(browser.shown, QStringList{u"file:///tmp/caf%E9"_s});
 }
 
@@ -106,7 +108,7 @@ TEST_F(DesktopWorkspaceTest, opensTheFolderIfNoFileBrowserIsOnTheBus)
     DesktopWorkspace workspace(bus.client());
     workspace.reveal(item);
     EXPECT_EQ(opener.opened, QByteArrayList()); // reveal() does not wait
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !opener.opened.isEmpty(); }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !opener.opened.isEmpty(); }, patience));
     EXPECT_EQ(opener.opened, QByteArrayList{"file:///Users/mira/Caches"});
 }
 
@@ -115,7 +117,7 @@ TEST_F(DesktopWorkspaceTest, opensTheFolderIfTheFileBrowserCannotShowItems)
     ASSERT_TRUE(bus.server().registerService(u"org.freedesktop.FileManager1"_s));
     DesktopWorkspace workspace(bus.client());
     workspace.reveal(item);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !opener.opened.isEmpty(); }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !opener.opened.isEmpty(); }, patience));
     EXPECT_EQ(opener.opened, QByteArrayList{"file:///Users/mira/Caches"});
 }
 
@@ -125,7 +127,7 @@ TEST_F(DesktopWorkspaceTest, mayBeDestroyedBeforeTheAnswer)
         DesktopWorkspace workspace(bus.client());
         workspace.reveal(item);
     }
-    QTest::qWait(200);
+    bus.carryEverythingOver();
     EXPECT_EQ(opener.opened, QByteArrayList());
 }
 

@@ -68,6 +68,15 @@ protected:
 
     void paint() { (void)view.grab(); }
 
+    void resizeWindow(const QSize& size)
+    {
+        window.resize(size);
+        constexpr int patience = 60'000;
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return window.rect().contains(view.geometry()) && view.width() > size.width() / 2; },
+            patience));
+    }
+
     [[nodiscard]] QPoint center(int cell) { return view.cells().at(cell).rect.center().toPoint(); }
 
     void hover(const QPoint& position)
@@ -139,8 +148,7 @@ TEST_F(TreemapViewTests, isDrawnAgainForOtherNodesAnotherSizeAndAnotherScheme)
     setSizes({5, 4, 3});
     paint();
     EXPECT_EQ(view.drawingCount(), 2);
-    window.resize(600, 500);
-    QTest::qWait(20);
+    resizeWindow({600, 500});
     paint();
     EXPECT_EQ(view.drawingCount(), 3);
     Theme::instance().setScheme(ColorScheme::dark);
@@ -413,8 +421,7 @@ TEST_F(TreemapViewTests, tenThousandCellsAreDrawnOnceAndThenOnlyShown)
     QList<qint64> sizes;
     for (qint64 i = 0; i < 10'000; ++i)
         sizes.append(1'000'000 + i * 7919 % 9973);
-    window.resize(1'100, 500);
-    QTest::qWait(20);
+    resizeWindow({1'100, 500});
     QImage ground(view.size(), QImage::Format_ARGB32_Premultiplied);
     setSizes(sizes);
     WorkTimer timer;
