@@ -26,8 +26,11 @@ std::expected<void, int> renameToFreeName(int folder, const QByteArray& oldName,
         return renamed;
     // Of two programs that want the name at the same moment, a link lets only one have it.
     if (::linkat(folder, oldName.constData(), folder, newName.constData(), 0) == 0) {
-        ::unlinkat(folder, oldName.constData(), 0);
-        return {};
+        if (::unlinkat(folder, oldName.constData(), 0) == 0)
+            return {};
+        const int code = errno;
+        ::unlinkat(folder, newName.constData(), 0);
+        return std::unexpected(code);
     }
     if (errno == EEXIST)
         return std::unexpected(EEXIST);
