@@ -71,8 +71,8 @@ std::expected<void, int> nameUnnamed(int file, int folder, const char* name)
     return outcome(::linkat(AT_FDCWD, path.data(), folder, name, AT_SYMLINK_FOLLOW));
 }
 
-std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
-                                         const char* newName)
+static std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
+                                                const char* newName)
 {
     if (::renameat2(oldFolder, oldName, newFolder, newName, RENAME_NOREPLACE) == 0)
         return {};
@@ -164,8 +164,8 @@ std::expected<void, int> nameUnnamed(int, int, const char*)
     return std::unexpected(ENOTSUP);
 }
 
-std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
-                                         const char* newName)
+static std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
+                                                const char* newName)
 {
     return outcome(::renameatx_np(oldFolder, oldName, newFolder, newName, RENAME_EXCL));
 }

@@ -24,10 +24,8 @@ namespace SystemCalls {
 [[nodiscard]] bool hasDefaultAccessList(int folder);
 /// Gives a file from `openUnnamed` its name; EEXIST where the name is taken.
 [[nodiscard]] std::expected<void, int> nameUnnamed(int file, int folder, const char* name);
-/// Renames unless `newName` is taken (EEXIST), both in one step.
-[[nodiscard]] std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
-                                                       const char* newName);
-/// The same everywhere: where a file system can't do it in one step, `newName` is looked for before.
+/// EEXIST where `newName` is taken. Where a file system can't do that in one step, `newName` is looked
+/// for before.
 [[nodiscard]] std::expected<void, int> renameWithoutReplacing(int oldFolder, const char* oldName,
                                                               int newFolder, const char* newName);
 /// Lets `target` share the data of `source`.

@@ -18,25 +18,6 @@ std::expected<void, int> outcome(int code)
     return {};
 }
 
-/// Renames a file within its folder; EEXIST where the new name is taken.
-std::expected<void, int> renameToFreeName(int folder, const QByteArray& oldName, const QByteArray& newName)
-{
-    auto renamed = SystemCalls::renameInOneStep(folder, oldName.constData(), folder, newName.constData());
-    if (renamed || renamed.error() != ENOTSUP)
-        return renamed;
-    // Of two programs that want the name at the same moment, a link lets only one have it.
-    if (::linkat(folder, oldName.constData(), folder, newName.constData(), 0) == 0) {
-        if (::unlinkat(folder, oldName.constData(), 0) == 0)
-            return {};
-        const int code = errno;
-        ::unlinkat(folder, newName.constData(), 0);
-        return std::unexpected(code);
-    }
-    if (errno == EEXIST)
-        return std::unexpected(EEXIST);
-    return SystemCalls::renameWithoutReplacing(folder, oldName.constData(), folder, newName.constData());
-}
-
 } // namespace
 
 std::expected<UnpublishedFile, int> UnpublishedFile::create(int folder, mode_t mode)
@@ -120,7 +101,8 @@ std::expected<void, int> UnpublishedFile::publish(const QByteArray& name)
 {
     if (isUnnamed())
         return SystemCalls::nameUnnamed(m_file.get(), m_folder, name.constData());
-    auto named = renameToFreeName(m_folder, m_temporaryName, name);
+    auto named = SystemCalls::renameWithoutReplacing(m_folder, m_temporaryName.constData(), m_folder,
+                                                     name.constData());
     if (named)
         m_temporaryName.clear();
     return named;
