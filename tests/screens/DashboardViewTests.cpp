@@ -427,8 +427,8 @@ TEST_F(DashboardViewTests, showsTheScoreOnceItIsComputed)
 {
     AppState& app = makeState();
     DashboardView view(app);
-    show(view);
     EXPECT_EQ(textsOf<HealthCard>(view), QStringList());
+    show(view);
     turnUntil([&] { return app.healthScore().has_value(); });
     turnFrame();
     const HealthScore& score = *app.healthScore();

@@ -50,7 +50,7 @@ void ScreenTestCase::turnFrame()
 
 void ScreenTestCase::turnUntil(const std::function<bool()>& condition)
 {
-    constexpr int patience = 30'000;
+    constexpr int patience = 60'000;
     EXPECT_TRUE(QTest::qWaitFor(condition, patience)) << "what was waited for did not come";
 }
 

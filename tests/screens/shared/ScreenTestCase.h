@@ -25,7 +25,7 @@ protected:
     static void show(QWidget& view);
     /// Lets a redraw that was asked for happen.
     static void turnFrame();
-    /// Turns the event loop until the condition holds; fails the test after 30 seconds.
+    /// Turns the event loop until the condition holds; fails the test after a minute.
     static void turnUntil(const std::function<bool()>& condition);
 
     /// The visible button with this accessible name; fails the test if there is none.
