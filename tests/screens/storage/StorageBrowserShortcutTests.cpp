@@ -119,8 +119,8 @@ TEST_F(StorageBrowserShortcutTests, aTrashedFolderIsNoShortcutAnyMore)
 
 TEST_F(StorageBrowserShortcutTests, noRedrawAsksTheFileSystemForAnythingOnTheMainThread)
 {
-    MainThreadQuestions files(mac.root());
-    const FileManagerGuard guard(files);
+    MainThreadQuestions asked(mac.root());
+    const FileManagerGuard guard(asked);
     StorageBrowserView view(context());
     browse(view, documents());
     drillIn(view, u"Work"_s);
@@ -131,7 +131,7 @@ TEST_F(StorageBrowserShortcutTests, noRedrawAsksTheFileSystemForAnythingOnTheMai
     view.hide();
     view.show();
     turnUntil([&] { return !button(view, u"Desktop"_s)->isEnabled(); });
-    EXPECT_EQ(files.questions(), QStringList());
+    EXPECT_EQ(asked.questions(), QStringList());
 }
 
 TEST_F(StorageBrowserShortcutTests, aShortcutMeasuresItsFolderAndShowsIt)
