@@ -5,6 +5,9 @@
 #include "Keelbright/widgets/rows/RowListView.h"
 
 #include <QScrollBar>
+#include <QUuid>
+#include <algorithm>
+#include <utility>
 
 class QStackedLayout;
 
