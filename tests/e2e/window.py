@@ -223,15 +223,17 @@ class Screen:
         return wait_until(lambda: self._window_seen(title), f"no window “{title}” on the screen")
 
     def _menu_seen(self):
-        kind, menus = self.display.intern_atom("_NET_WM_WINDOW_TYPE"), {
-            self.display.intern_atom(f"_NET_WM_WINDOW_TYPE_{name}") for name in ("MENU", "POPUP_MENU", "DROPDOWN_MENU")}
+        # A popup is placed by the program, not by a window manager; so is a tool tip, which says what it is.
+        kind, tip = (self.display.intern_atom(name) for name in ("_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_TOOLTIP"))
         for window in self.root.query_tree().children:
             try:
                 kinds = window.get_full_property(kind, Xatom.ATOM)
-                if kinds and menus & set(kinds.value) and window.get_attributes().map_state == X.IsViewable:
+                attributes = window.get_attributes()
+                if kinds and tip not in kinds.value and attributes.override_redirect \
+                        and attributes.map_state == X.IsViewable:
                     return True
             except error.XError:
-                continue  # it went while it was looked at
+                continue  # it disappeared meanwhile
         return False
 
     def _window_seen(self, title):
