@@ -26,6 +26,7 @@ public:
     using Change = UniqueFunction<void(BackupEngine&)>;
 
     [[nodiscard]] static std::shared_ptr<BackupTask> create(BackupEngine& engine);
+    ~BackupTask() override = default;
     Q_DISABLE_COPY_MOVE(BackupTask)
 
     /// What every layer of the run asks before it begins something.
@@ -61,7 +62,6 @@ protected:
 
 private:
     explicit BackupTask(BackupEngine& engine);
-    ~BackupTask() override = default;
     static void destroy(BackupTask* task);
 
     void makeChange();

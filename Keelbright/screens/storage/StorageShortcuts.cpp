@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 FileURL StorageShortcuts::folder(Place place)
 {
-    const FileURL home = FileManager::defaultManager().homeDirectory();
+    FileURL home = FileManager::defaultManager().homeDirectory();
     switch (place) {
     case Place::home:
         return home;
