@@ -15,13 +15,13 @@ namespace keelbright {
 enum class SelectionState { none, partial, all };
 
 /// Groups of items, such as kinds of junk or categories of files: which of the items are selected, and
-/// which group is shown. `items` is the member of a group that holds its items. Announces nothing; the
+/// which group is shown. `ItemList` is the member of a group that holds its items. Announces nothing; the
 /// model that owns it does.
-template <typename Group, auto items> class GroupSelection
+template <typename Group, auto ItemList> class GroupSelection
 {
 public:
     using GroupID = decltype(Group::id);
-    using Items = std::remove_cvref_t<decltype(std::declval<Group>().*items)>;
+    using Items = std::remove_cvref_t<decltype(std::declval<Group>().*ItemList)>;
 
     [[nodiscard]] const QList<Group>& groups() const { return m_groups; }
 
@@ -60,7 +60,7 @@ public:
 
     void setSelected(const Group& group, bool isSelected)
     {
-        for (const auto& item : group.*items)
+        for (const auto& item : group.*ItemList)
             setSelected(item.id, isSelected);
     }
 
@@ -73,10 +73,10 @@ public:
     /// `none` for a group without items.
     [[nodiscard]] SelectionState state(const Group& group) const
     {
-        const auto count = std::ranges::count_if(group.*items, isSelected());
+        const auto count = std::ranges::count_if(group.*ItemList, isSelected());
         if (count == 0)
             return SelectionState::none;
-        return count == (group.*items).size() ? SelectionState::all : SelectionState::partial;
+        return count == (group.*ItemList).size() ? SelectionState::all : SelectionState::partial;
     }
 
     /// In the order of the groups.
@@ -84,7 +84,7 @@ public:
     {
         Items selected;
         for (const Group& group : m_groups)
-            std::ranges::copy_if(group.*items, std::back_inserter(selected), isSelected());
+            std::ranges::copy_if(group.*ItemList, std::back_inserter(selected), isSelected());
         return selected;
     }
 
@@ -95,7 +95,7 @@ public:
             return m_ids.contains(item.id) ? item.sizeBytes : qint64{0};
         };
         return sumOfBytes(m_groups,
-                          [&](const Group& group) { return sumOfBytes(group.*items, selectedSize); });
+                          [&](const Group& group) { return sumOfBytes(group.*ItemList, selectedSize); });
     }
 
     /// The groups without these items, and without the groups that have no others.
@@ -103,8 +103,8 @@ public:
     {
         QList<Group> remaining = m_groups;
         for (Group& group : remaining)
-            (group.*items).removeIf([&](const auto& item) { return itemIDs.contains(item.id); });
-        remaining.removeIf([](const Group& group) { return (group.*items).isEmpty(); });
+            (group.*ItemList).removeIf([&](const auto& item) { return itemIDs.contains(item.id); });
+        remaining.removeIf([](const Group& group) { return (group.*ItemList).isEmpty(); });
         return remaining;
     }
 
