@@ -142,10 +142,11 @@ void NewMacRecoveryView::redraw()
     m_errorLine->setVisible(m_vm.loadError().has_value());
     m_errorText->setText(displayText(m_vm.loadError().value_or(QString())));
     delete std::exchange(m_summary, nullptr);
-    if (!m_vm.manifestData())
+    const std::optional<BackupManifest>& manifest = m_vm.manifestData();
+    if (!manifest)
         return;
     m_summary = new PageSection(new SectionHeader(tr("Summary from your previous Mac")), this);
-    static_cast<PageSection*>(m_summary)->content()->addWidget(new ManifestSummary(*m_vm.manifestData()));
+    static_cast<PageSection*>(m_summary)->content()->addWidget(new ManifestSummary(*manifest));
     // Above the stretch that ends the page.
     content()->insertWidget(content()->count() - 1, m_summary);
     m_summary->show();
