@@ -4,14 +4,26 @@ a loop device and the programs of the file system."""
 import shutil
 import subprocess
 import time
+from dataclasses import dataclass
 from pathlib import Path
 
-SIZE = 64 << 20
+MEGABYTE = 1 << 20
+
+
+@dataclass(frozen=True)
+class Kind:
+    make: tuple
+    mount: tuple = ("mount",)
+    size: int = 64 * MEGABYTE
+
+
 KINDS = {
-    "tmpfs": None,
-    "ext4": (["mkfs.ext4", "-q"], ["mount"]),
-    "exfat": (["mkfs.exfat"], ["mount.exfat-fuse"]),
-    "ntfs": (["mkntfs", "--quick", "--quiet"], ["ntfs-3g", "-o", "windows_names"]),
+    "tmpfs": Kind(()),
+    "ext4": Kind(("mkfs.ext4", "-q")),
+    "xfs": Kind(("mkfs.xfs", "-q"), size=320 * MEGABYTE),
+    "btrfs": Kind(("mkfs.btrfs", "-q"), size=320 * MEGABYTE),
+    "exfat": Kind(("mkfs.exfat",), ("mount.exfat-fuse",)),
+    "ntfs": Kind(("mkntfs", "--quick", "--quiet"), ("ntfs-3g", "-o", "windows_names")),
 }
 
 
@@ -30,43 +42,68 @@ def run(command, *arguments):
     return result.stdout.strip()
 
 
-class MountedDrive:
-    """A file system mounted on a folder."""
+def wait_until(condition, fault):
+    until = time.monotonic() + 60
+    while not condition():
+        if time.monotonic() > until:
+            raise Missing(fault)
+        time.sleep(0.01)
 
-    def __init__(self, kind, folder):
+
+class LoopDevice:
+    """An image file as a block device."""
+
+    def __init__(self, image, *options):
+        self.image = image
+        self.path = run(["losetup", "--find", "--show", *options], image)
+
+    def detach(self):
+        run(["losetup", "--detach"], self.path)
+        # The device stays until its last user has closed it, and only then is everything in the image.
+        wait_until(lambda: not run(["losetup", "--noheadings", "--associated"], self.image),
+                   f"{self.path} stays in use")
+
+
+def make_image(kind, image, size=None):
+    """Makes a file system in a new image file."""
+    with open(image, "wb") as file:
+        file.truncate(size or KINDS[kind].size)
+    device = LoopDevice(image)
+    try:
+        run(KINDS[kind].make, device.path)
+    finally:
+        device.detach()
+
+
+class MountedDrive:
+    """A file system mounted on a folder: a new one, or that of an image."""
+
+    def __init__(self, kind, folder, image=None, loop_options=()):
+        self.kind = kind
         self.folder = Path(folder)
         self.folder.mkdir(parents=True, exist_ok=True)
         self.device = None
-        if KINDS[kind] is None:
-            run(["mount", "-t", kind, "-o", f"size={SIZE}", kind], self.folder)
+        if kind == "tmpfs":
+            run(["mount", "-t", kind, "-o", f"size={KINDS[kind].size}", kind], self.folder)
             return
-        make, mount = KINDS[kind]
-        image = self.folder.with_name(self.folder.name + ".image")
-        with open(image, "wb") as file:
-            file.truncate(SIZE)
-        self.device = run(["losetup", "--find", "--show"], image)
+        if image is None:
+            image = self.folder.with_name(self.folder.name + ".image")
+            make_image(kind, image)
+        self.device = LoopDevice(image, *loop_options)
         try:
-            run(make, self.device)
-            run(mount, self.device, self.folder)
-            self._wait()
+            run(KINDS[kind].mount, self.device.path, self.folder)
+            # Some mount programs return before the file system is there.
+            wait_until(self.folder.is_mount, "the drive does not appear")
         except Missing:
-            run(["losetup", "--detach"], self.device)
+            self.device.detach()
             raise
-
-    def _wait(self):
-        # Some mount programs return before the file system is there.
-        until = time.monotonic() + 60
-        while not self.folder.is_mount():
-            if time.monotonic() > until:
-                raise Missing("the drive does not appear")
-            time.sleep(0.01)
 
     def unmount(self):
         try:
             run(["umount", "--lazy"], self.folder)
         finally:
             if self.device:
-                run(["losetup", "--detach"], self.device)
+                self.device.detach()
 
 
 def reason_missing(kind, folder):
