@@ -154,10 +154,10 @@ class Work:
     def kill(self):
         self.process.kill()
 
-    def output(self):
+    def output(self, seconds=HANG_SECONDS):
         """Waits until the work has ended, and gives its output."""
         try:
-            return self.process.communicate(timeout=HANG_SECONDS)[0]
+            return self.process.communicate(timeout=seconds)[0]
         except subprocess.TimeoutExpired as expired:
             self.process.kill()
             self.process.wait()
@@ -183,8 +183,8 @@ class Backup(Work):
     def __init__(self, runner, machine, hold=None):
         super().__init__(runner, [machine.root, machine.drive, machine.documents], hold)
 
-    def finish(self):
-        return Outcome.of(self.output(), self.process.returncode)
+    def finish(self, seconds=HANG_SECONDS):
+        return Outcome.of(self.output(seconds), self.process.returncode)
 
 
 class Watcher:
