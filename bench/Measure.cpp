@@ -4,6 +4,7 @@
 // values, one per line.
 
 #include "KeelbrightCore/platform/files/FileURL.h"
+#include "bench/PlainCopy.h"
 #include "bench/ServiceMeasures.h"
 #include "bench/StorageMeasures.h"
 #include "bench/WindowMeasures.h"
@@ -21,12 +22,13 @@ namespace keelbright::bench {
 namespace {
 
 constexpr const char* usage =
-    "usage: keelbright-measure scan TREE | size TREE | junk HOME | level FOLDER | walk TREE | largest TREE "
-    "|\n"
-    "                          treemap CELLS | plan FOLDER | apps MACHINE COUNT | backup TREE DRIVE |\n"
-    "                          lay MACHINE | visit MACHINE | rest MACHINE SCREEN | screens | start SINCE\n"
-    "A MACHINE is a folder that stands for the root; SINCE is the moment at which this process was\n"
-    "started, in nanoseconds of the monotonic clock.\n";
+    "usage: keelbright-measure [cold] scan TREE | size TREE | junk HOME | level FOLDER | walk TREE |\n"
+    "                          largest TREE | treemap CELLS | plan FOLDER | apps MACHINE COUNT |\n"
+    "                          backup TREE DRIVE | plain TREE FOLDER | lay MACHINE | visit MACHINE |\n"
+    "                          rest MACHINE SCREEN | screens | start SINCE\n"
+    "\"cold\" leaves out the run before the one that is measured. A MACHINE is a folder that stands\n"
+    "for the root; SINCE is the moment at which this process was started, in nanoseconds of the\n"
+    "monotonic clock.\n";
 
 int printScreens()
 {
@@ -36,7 +38,7 @@ int printScreens()
 }
 
 /// Nothing if there is no such work or it has another number of arguments.
-std::optional<int> measure(const QString& work, const QStringList& arguments)
+std::optional<int> measure(const QString& work, const QStringList& arguments, Caches caches)
 {
     const auto url = [&arguments](int place) { return FileURL::fromPath(arguments.at(place)); };
 
@@ -47,10 +49,11 @@ std::optional<int> measure(const QString& work, const QStringList& arguments)
     };
 
     const QHash<QString, Work> works = {
-        {QStringLiteral("scan"), {1, [&] { return measureScan(url(0)); }}},
-        {QStringLiteral("junk"), {1, [&] { return measureJunk(url(0)); }}},
+        {QStringLiteral("scan"), {1, [&] { return measureScan(url(0), caches); }}},
+        {QStringLiteral("junk"), {1, [&] { return measureJunk(url(0), caches); }}},
         {QStringLiteral("apps"), {2, [&] { return measureApps(url(0), arguments.at(1).toInt()); }}},
         {QStringLiteral("backup"), {2, [&] { return measureBackup(url(0), url(1)); }}},
+        {QStringLiteral("plain"), {2, [&] { return measurePlainCopy(url(0), url(1)); }}},
         {QStringLiteral("visit"), {1, [&] { return measureVisits(url(0)); }}},
         {QStringLiteral("screens"), {0, printScreens}},
         {QStringLiteral("lay"),
@@ -68,7 +71,7 @@ std::optional<int> measure(const QString& work, const QStringList& arguments)
     };
     if (const auto found = works.find(work); found != works.end())
         return found->arguments == arguments.size() ? found->measure() : std::nullopt;
-    return arguments.size() == 1 ? measureStorage(work, arguments.first()) : std::nullopt;
+    return arguments.size() == 1 ? measureStorage(work, arguments.first(), caches) : std::nullopt;
 }
 
 } // namespace
@@ -81,8 +84,12 @@ int main(int argc, char** argv)
         return bench::measureStart(QByteArray(argv[2]).toLongLong(), argc, argv);
     const QApplication application(argc, argv);
     const testing::TestMac mac;
-    const QStringList arguments = QCoreApplication::arguments();
-    const auto code = bench::measure(arguments.value(1), arguments.mid(2));
+    QStringList arguments = QCoreApplication::arguments().mid(1);
+    const bool isCold = arguments.value(0) == QStringLiteral("cold");
+    if (isCold)
+        arguments.removeFirst();
+    const auto code = bench::measure(arguments.value(0), arguments.mid(1),
+                                     isCold ? bench::Caches::cold : bench::Caches::warm);
     if (!code)
         std::fputs(bench::usage, stderr);
     return code.value_or(2);

@@ -3,7 +3,6 @@
 #include "KeelbrightCore/apps/AppScanner.h"
 #include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/health/HealthScoreService.h"
-#include "bench/Stopwatch.h"
 #include "tests/support/SandboxFileManager.h"
 
 #include <algorithm>
@@ -29,17 +28,17 @@ private:
 
 } // namespace
 
-int measureScan(const FileURL& tree)
+int measureScan(const FileURL& tree, Caches caches)
 {
     const QList<BackupSource> sources = {{QUuid::createUuid(), tree, true}};
-    return measureWarm("files", [&] { return FileScanner::scan(sources).fileCount; });
+    return measureWork(caches, "files", [&] { return FileScanner::scan(sources).fileCount; });
 }
 
-int measureJunk(const FileURL& home)
+int measureJunk(const FileURL& home, Caches caches)
 {
     HomeAt fileManager(home);
     const FileManagerGuard guard(fileManager);
-    return measureWarm("bytes",
+    return measureWork(caches, "bytes",
                        [] { return HealthScoreService::compute(std::nullopt).result().junkEstimateBytes; });
 }
 

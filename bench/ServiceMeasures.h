@@ -1,13 +1,14 @@
 #pragma once
 
 #include "KeelbrightCore/platform/files/FileURL.h"
+#include "bench/Stopwatch.h"
 
 namespace keelbright::bench {
 
 // Each runs one service of the logic, prints the measured values and gives the exit code.
 
-[[nodiscard]] int measureScan(const FileURL& tree);
-[[nodiscard]] int measureJunk(const FileURL& home);
+[[nodiscard]] int measureScan(const FileURL& tree, Caches caches);
+[[nodiscard]] int measureJunk(const FileURL& home, Caches caches);
 /// Scans the applications of a machine. It must have `count` of them, all known to the metadata tool.
 [[nodiscard]] int measureApps(const FileURL& machine, int count);
 

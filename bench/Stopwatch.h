@@ -39,11 +39,17 @@ private:
     double m_processorAtStart;
 };
 
-/// Measures the second of two runs, so that all programs are compared with warm caches. Prints the
-/// result as `name`.
-template <typename Work> int measureWarm(const char* name, Work work)
+/// What the system has read of a tree before a work is measured on it.
+enum class Caches {
+    warm, ///< everything: the work is done once before
+    cold, ///< nothing that the work did not read itself: it is done once
+};
+
+/// Measures a work and prints its result as `name`.
+template <typename Work> int measureWork(Caches caches, const char* name, Work work)
 {
-    std::ignore = work();
+    if (caches == Caches::warm)
+        std::ignore = work();
     const Stopwatch stopwatch;
     const auto result = work();
     stopwatch.print();

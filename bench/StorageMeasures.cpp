@@ -5,7 +5,6 @@
 #include "KeelbrightCore/storage/LargestFilesScanner.h"
 #include "KeelbrightCore/storage/OrganizerService.h"
 #include "bench/Memory.h"
-#include "bench/Stopwatch.h"
 #include "bench/TreemapNodes.h"
 
 #include <QHash>
@@ -14,21 +13,21 @@ namespace keelbright::bench {
 
 namespace {
 
-int measureSize(const FileURL& tree)
+int measureSize(const FileURL& tree, Caches caches)
 {
-    return measureWarm("bytes",
+    return measureWork(caches, "bytes",
                        [&] { return FolderSizeService::recursiveSize(tree, FileManager::defaultManager()); });
 }
 
-int measureLevel(const FileURL& folder)
+int measureLevel(const FileURL& folder, Caches caches)
 {
-    return measureWarm("entries", [&] { return FolderSizeService::scanLevel(folder).size(); });
+    return measureWork(caches, "entries", [&] { return FolderSizeService::scanLevel(folder).size(); });
 }
 
 /// The walk without which no search for the largest files is possible.
-int measureWalk(const FileURL& tree)
+int measureWalk(const FileURL& tree, Caches caches)
 {
-    return measureWarm("bytes", [&] {
+    return measureWork(caches, "bytes", [&] {
         using Option = DirectoryEnumerator::Option;
         const auto walk = FileManager::defaultManager().enumerator(tree, Option::skipsHiddenFiles |
                                                                              Option::skipsPackageDescendants);
@@ -39,12 +38,12 @@ int measureWalk(const FileURL& tree)
     });
 }
 
-int measureLargest(const FileURL& tree)
+int measureLargest(const FileURL& tree, Caches caches)
 {
     constexpr qsizetype asOnTheScreen = 50;
     const long before = peakMemory();
     const int code =
-        measureWarm("files", [&] { return LargestFilesScanner::scan(tree, asOnTheScreen).size(); });
+        measureWork(caches, "files", [&] { return LargestFilesScanner::scan(tree, asOnTheScreen).size(); });
     std::printf("peak %ld\ngrowth %ld\n", peakMemory(), peakMemory() - before);
     return code;
 }
@@ -52,19 +51,19 @@ int measureLargest(const FileURL& tree)
 int measureTreemap(qint64 cells)
 {
     const TreemapLayout treemap = treemapOf(cells);
-    return measureWarm("cells", [&] { return treemap.layout().size(); });
+    return measureWork(Caches::warm, "cells", [&] { return treemap.layout().size(); });
 }
 
-int measurePlan(const FileURL& folder)
+int measurePlan(const FileURL& folder, Caches caches)
 {
-    return measureWarm("groups", [&] { return OrganizerService::propose(folder).size(); });
+    return measureWork(caches, "groups", [&] { return OrganizerService::propose(folder).size(); });
 }
 
 } // namespace
 
-std::optional<int> measureStorage(const QString& work, const QString& argument)
+std::optional<int> measureStorage(const QString& work, const QString& argument, Caches caches)
 {
-    static const QHash<QString, int (*)(const FileURL&)> works = {
+    static const QHash<QString, int (*)(const FileURL&, Caches)> works = {
         {QStringLiteral("size"), measureSize}, {QStringLiteral("level"), measureLevel},
         {QStringLiteral("walk"), measureWalk}, {QStringLiteral("largest"), measureLargest},
         {QStringLiteral("plan"), measurePlan},
@@ -74,7 +73,7 @@ std::optional<int> measureStorage(const QString& work, const QString& argument)
     const auto found = works.find(work);
     if (found == works.end())
         return std::nullopt;
-    return (*found)(FileURL::fromPath(argument));
+    return (*found)(FileURL::fromPath(argument), caches);
 }
 
 } // namespace keelbright::bench

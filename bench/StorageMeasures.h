@@ -1,5 +1,7 @@
 #pragma once
 
+#include "bench/Stopwatch.h"
+
 #include <QString>
 
 #include <optional>
@@ -8,6 +10,6 @@ namespace keelbright::bench {
 
 /// Runs one service of the storage floor, prints the measured values and gives the exit code. Nothing
 /// if there is no work of that name.
-[[nodiscard]] std::optional<int> measureStorage(const QString& work, const QString& argument);
+[[nodiscard]] std::optional<int> measureStorage(const QString& work, const QString& argument, Caches caches);
 
 } // namespace keelbright::bench

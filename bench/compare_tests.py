@@ -1,5 +1,9 @@
 """What a comparison makes of its numbers: medians, ratios, verdicts, the exit code, the rows and trees."""
 
+import contextlib
+import importlib.machinery
+import importlib.util
+import io
 import os
 import signal
 import subprocess
@@ -8,10 +12,11 @@ import tempfile
 import time
 import unittest
 from pathlib import Path
+from unittest import mock
 
-from comparing import backups, running, window
+from comparing import backups, images, running, window
 from comparing.comparisons import Comparison, exit_code, line
-from comparing.rows import ROWS, chosen
+from comparing.rows import PLACES, ROWS, chosen
 from comparing.trees import Place, Sizes
 
 COMPARE = Path(__file__).with_name("compare")
@@ -129,7 +134,50 @@ class CommandTests(unittest.TestCase):
             self.assertEqual(list(place.iterdir()), [])
 
 
+class ArgumentTests(unittest.TestCase):
+    @staticmethod
+    def read(*given):
+        """What the script makes of these arguments, in this process."""
+        loader = importlib.machinery.SourceFileLoader("compare_script", str(COMPARE))
+        script = importlib.util.module_from_spec(importlib.util.spec_from_loader(loader.name, loader))
+        loader.exec_module(script)
+        with mock.patch.object(sys, "argv", ["compare", *given]):
+            return script.read_arguments()
+
+    def refusal(self, *given):
+        said = io.StringIO()
+        with contextlib.redirect_stderr(said), self.assertRaises(SystemExit) as ended:
+            self.read(*given)
+        self.assertEqual(ended.exception.code, 2)
+        return said.getvalue()
+
+    def test_images_are_refused_to_a_plain_user(self):
+        with mock.patch("os.geteuid", return_value=1000):
+            self.assertIn("can't measure on ext4: only root can mount an image",
+                          self.refusal("--places", "tmpfs,ext4"))
+
+    def test_images_are_refused_where_their_program_is_missing(self):
+        without = {"mkfs.xfs": None}
+        with mock.patch("os.geteuid", return_value=0), \
+             mock.patch.object(images, "program", side_effect=lambda name: without.get(name, name)):
+            self.assertEqual(self.read("--places", "ext4,btrfs").places, ["ext4", "btrfs"])
+            self.assertIn("can't measure on xfs: mkfs.xfs is not installed", self.refusal("--places", "tmpfs,xfs"))
+
+    def test_without_a_choice_no_image_is_needed(self):
+        with mock.patch("os.geteuid", return_value=1000):
+            self.assertEqual(self.read().places, ["tmpfs", "disk"])
+
+
 class RowTests(unittest.TestCase):
+    def test_every_row_has_places_that_there_are(self):
+        for row in ROWS:
+            self.assertLessEqual(set(row.places), set(PLACES), row.name)
+
+    def test_backups_have_a_bound_at_each_of_their_places(self):
+        row, = chosen(["backup"])
+        self.assertEqual(set(row.places), set(backups.FIRST_RUN))
+        self.assertEqual(set(row.places), set(backups.SECOND_RUN))
+
     def test_without_a_choice_every_row_is_measured(self):
         self.assertEqual(chosen([]), list(ROWS))
 

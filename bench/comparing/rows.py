@@ -3,7 +3,10 @@
 from dataclasses import dataclass
 from typing import Callable
 
-from comparing import apps, backups, walks, window
+from comparing import apps, backups, images, walks, window
+
+IMAGES = tuple(images.MAKERS)
+PLACES = ("tmpfs", "disk", *IMAGES)
 
 
 @dataclass(frozen=True)
@@ -25,8 +28,9 @@ ROWS = (
     Row("size", "the size of a folder beside du", walks.size),
     Row("junk", "the junk estimate beside du", walks.junk),
     Row("level", "a level of the storage browser beside gdu", walks.level),
+    Row("cold", "the same beside du and gdu, on a file system mounted just before", walks.cold, IMAGES),
     Row("plan", "the plan of the organizer", walks.plan),
-    Row("backup", "first and second backups beside cp and rsync", backups.small),
+    Row("backup", "first and second backups beside cp and rsync", backups.small, ("tmpfs", *IMAGES)),
     Row("busy", "the same beside busy programs", backups.busy, ("tmpfs",)),
     Row("large", "one file of 4 GB beside cp", backups.large),
     Row("deep", "estimate and size of 1,000,000 files in a deep tree beside du", walks.deep),

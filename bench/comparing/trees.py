@@ -5,6 +5,8 @@ import shutil
 import stat
 from dataclasses import dataclass, replace
 
+from comparing.images import Image
+
 KINDS = (".jpg", ".PDF", ".mov", ".mp3", ".zip", ".swift", ".dmg", ".xyz", "")
 SIZES = (100, 500, 1000, 2000, 4000, 6000)
 CONTENT = b"x" * max(SIZES)
@@ -161,12 +163,48 @@ class Place:
         folder.mkdir()
         return folder
 
+    def at(self, name):
+        """A folder that was made fresh, as it is now."""
+        return self.folder / name
+
     def drop(self, *names):
         for name in names:
             remove(self.folder / name)
+
+    def close(self):
+        """Nothing of it stays outside its folder."""
 
     def _tree(self, name, make):
         root = self.folder / name
         if not root.exists():
             make(root)
         return root
+
+
+class ImagePlace(Place):
+    """Where every fresh folder is a file system of its own, made for it. The trees lie in a folder elsewhere."""
+
+    def __init__(self, kind, trees, images, sizes):
+        super().__init__(kind, trees, sizes)
+        self._folder = images
+        self._images = {}
+
+    def fresh(self, name):
+        self.drop(name)
+        self._images[name] = Image(self.name, self._folder / name)
+        return self._images[name].folder
+
+    def at(self, name):
+        return self._images[name].folder
+
+    def remount(self, name):
+        self._images[name].remount()
+
+    def drop(self, *names):
+        super().drop(*names)
+        for name in names:
+            if image := self._images.pop(name, None):
+                image.remove()
+
+    def close(self):
+        self.drop(*list(self._images))

@@ -2,8 +2,16 @@
 
 from comparing.comparisons import Comparison, fixed
 from comparing.running import in_turn
+from comparing.trees import make_level, make_small
 
 FRAME = 0.016
+
+# On two processors, of "du -sb" with everything in memory.
+WARM_WALL = 0.65
+WARM_PROCESSOR = 1.15
+# With nothing in memory.
+COLD_OF_DU = 0.75
+COLD_OF_GDU = 1.0
 
 
 def walls(runs):
@@ -18,9 +26,13 @@ def beside_du(bench, work, service, tree):
     """Wall and processor; both read the sizes of all files, and both are warm."""
     bench.peer("du", "-sb", tree)
     ours, peers = in_turn(bench.rounds, lambda: bench.measure(service, tree), lambda: bench.peer("du", "-sb", tree))
+    yield from warm(bench, work, ours, peers)
+
+
+def warm(bench, work, ours, peers):
     place = bench.place.name
-    yield Comparison(f"{work}, wall", place, walls(ours), walls(peers), "du -sb", 1.0)
-    yield Comparison(f"{work}, processor", place, cpus(ours), cpus(peers), "du -sb", 1.0)
+    yield Comparison(f"{work}, wall", place, walls(ours), walls(peers), "du -sb", WARM_WALL)
+    yield Comparison(f"{work}, processor", place, cpus(ours), cpus(peers), "du -sb", WARM_PROCESSOR)
 
 
 def estimate(bench):
@@ -44,19 +56,46 @@ def junk(bench):
     finally:
         caches.rename(small)
         bench.place.drop("home")
-    yield Comparison("junk estimate, wall", bench.place.name, walls(ours), walls(peers), "du -sb", 1.0)
-    yield Comparison("junk estimate, processor", bench.place.name, cpus(ours), cpus(peers), "du -sb", 1.0)
+    yield from warm(bench, "junk estimate", ours, peers)
 
 
 def level(bench):
     tree = bench.place.level()
     bench.peer("gdu", "-n", "-p", tree)
-    ours, peers = in_turn(bench.rounds, lambda: bench.measure("level", tree),
-                          lambda: bench.peer("gdu", "-n", "-p", tree))
-    sizes = bench.sizes
-    yield Comparison(f"level of {sizes.level_folders} folders of {sizes.level_files:,} files", bench.place.name,
-                     walls(ours), walls(peers), "gdu -n -p", 0.8)
+    ours, peers, du = in_turn(bench.rounds, lambda: bench.measure("level", tree),
+                              lambda: bench.peer("gdu", "-n", "-p", tree), lambda: bench.peer("du", "-sb", tree))
+    work = name_of_level(bench)
+    yield Comparison(work, bench.place.name, walls(ours), walls(peers), "gdu -n -p", 0.8)
+    yield from warm(bench, work, ours, du)
     bench.place.drop("level")
+
+
+def name_of_level(bench):
+    return f"level of {bench.sizes.level_folders} folders of {bench.sizes.level_files:,} files"
+
+
+def cold(bench):
+    """Each walk on a file system that was mounted just before, with nothing of it in memory."""
+    place = bench.place
+    drive = place.fresh("drive")
+    home = drive / "home"
+    caches = home / "Library" / "Caches"
+    make_small(caches, bench.sizes.small)
+    make_level(drive / "level", bench.sizes.level_folders, bench.sizes.level_files)
+
+    def mounted(work, *arguments):
+        place.remount("drive")
+        return work(*arguments)
+
+    for work, service, given, tree in (
+            ("estimate", "scan", caches, caches), ("size of a folder", "size", caches, caches),
+            ("junk estimate", "junk", home, caches), (name_of_level(bench), "level", drive / "level", drive / "level")):
+        ours, du, gdu = in_turn(bench.rounds, lambda: mounted(bench.measure, "cold", service, given),
+                                lambda: mounted(bench.peer, "du", "-sb", tree),
+                                lambda: mounted(bench.peer, "gdu", "-n", "-p", tree))
+        yield Comparison(f"{work}, cold", place.name, walls(ours), walls(du), "du -sb", COLD_OF_DU)
+        yield Comparison(f"{work}, cold", place.name, walls(ours), walls(gdu), "gdu -n -p", COLD_OF_GDU)
+    place.drop("drive")
 
 
 def deep(bench):
