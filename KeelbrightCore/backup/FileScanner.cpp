@@ -1,6 +1,7 @@
 #include "KeelbrightCore/backup/FileScanner.h"
 
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/TreeSums.h"
 #include "KeelbrightCore/platform/text/ByteSum.h"
 
 #include <algorithm>
@@ -45,24 +46,6 @@ bool hasSkippedExtension(QByteArrayView name)
     return contains(extensions, {lowerCase.data(), extension.size()});
 }
 
-void scanFolder(const FileURL& url, Sizes sizes, const Cancellation& cancellation, ScanResult& result)
-{
-    const auto opened = FileManager::defaultManager().enumerator(
-        url, DirectoryEnumerator::Option::skipsHiddenFiles | DirectoryEnumerator::Option::followsRootLink);
-    if (!opened)
-        return;
-    DirectoryEnumerator& enumerator = **opened;
-    while (!cancellation.isQuitting() && enumerator.next()) {
-        if (shouldSkip(enumerator) || enumerator.type() != EntryType::regularFile)
-            continue;
-        const std::optional<qint64> size = sizes == Sizes::read ? enumerator.fileSize() : 0;
-        if (!size)
-            continue;
-        ++result.fileCount;
-        result.totalBytes = addedWithoutOverflow(result.totalBytes, *size);
-    }
-}
-
 } // namespace
 
 std::span<const std::string_view> skippedFolderNames()
@@ -91,10 +74,22 @@ bool shouldSkip(DirectoryEnumerator& enumerator)
 
 ScanResult scan(const QList<BackupSource>& sources, Sizes sizes, const Cancellation& cancellation)
 {
-    ScanResult result;
+    QList<FileURL> folders;
     for (const BackupSource& source : sources) {
-        if (source.isEnabled && !cancellation.isQuitting())
-            scanFolder(source.url, sizes, cancellation, result);
+        if (source.isEnabled)
+            folders.append(source.url);
+    }
+    const auto bytesOf = [sizes](DirectoryEnumerator& enumerator) -> std::optional<qint64> {
+        if (shouldSkip(enumerator) || enumerator.type() != EntryType::regularFile)
+            return std::nullopt;
+        return sizes == Sizes::read ? enumerator.fileSize() : 0;
+    };
+    using Option = DirectoryEnumerator::Option;
+    ScanResult result;
+    for (const TreeSum& sum : sumTrees(folders, Option::skipsHiddenFiles | Option::followsRootLink, bytesOf,
+                                       FileManager::defaultManager(), cancellation)) {
+        result.fileCount += sum.entries;
+        result.totalBytes = addedWithoutOverflow(result.totalBytes, sum.bytes);
     }
     return result;
 }

@@ -35,7 +35,7 @@ enum class Sizes { read, leftOut };
 
 /// Counts the regular files that a backup of the enabled sources would copy; what can't be read
 /// adds nothing. Reads metadata only. `totalBytes` stays 0 where sizes are left out. Blocks; any thread.
-/// Ends early, with what it has counted so far, only when the program quits.
+/// Ends early, with what it has counted so far, once it is cancelled.
 [[nodiscard]] ScanResult scan(const QList<BackupSource>& sources, Sizes sizes = Sizes::read,
                               const Cancellation& cancellation = Cancellation());
 

@@ -7,6 +7,7 @@
 #include "KeelbrightCore/storage/FolderSizeService.h"
 
 #include <QtConcurrent>
+#include <functional>
 
 namespace keelbright::HealthScoreService {
 
@@ -23,10 +24,13 @@ qint64 estimateJunk(const FileManager& fm)
         u"Library/Developer/Xcode/DerivedData"_s,
         u"Library/Developer/Xcode/Archives"_s,
     };
-    return sumOfBytes(folders, [&](const QString& path) {
+    QList<FileURL> existing;
+    for (const QString& path : folders) {
         const FileURL folder = fm.homeDirectory().appending(path);
-        return fm.fileExists(folder).exists ? FolderSizeService::recursiveSize(folder, fm) : 0;
-    });
+        if (fm.fileExists(folder).exists)
+            existing.append(folder);
+    }
+    return sumOfBytes(FolderSizeService::recursiveSizes(existing, fm), std::identity());
 }
 
 } // namespace

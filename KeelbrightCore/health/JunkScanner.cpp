@@ -19,37 +19,43 @@ QString tr(const char* text)
     return QCoreApplication::translate("JunkScanner", text);
 }
 
-/// Appends the folder as one item where there is anything below it.
-void appendIfNotEmpty(QList<JunkItem>& items, const FileURL& folder, const FileManager& fm)
+/// Each folder with anything below it as one item, in their order.
+QList<JunkItem> itemsOf(const QList<FileURL>& folders, const FileManager& fm)
 {
-    const qint64 size = FolderSizeService::recursiveSize(folder, fm);
-    if (size > 0)
-        items.append({.url = folder, .sizeBytes = size});
+    const QList<qint64> sizes = FolderSizeService::recursiveSizes(folders, fm);
+    QList<JunkItem> items;
+    for (qsizetype i = 0; i < folders.size(); ++i) {
+        if (sizes[i] > 0)
+            items.append({.url = folders[i], .sizeBytes = sizes[i]});
+    }
+    return items;
 }
 
 /// Each child of the folder as an item of its own, the largest first.
 QList<JunkItem> topLevelItems(const FileURL& folder, const FileManager& fm)
 {
     const auto children = fm.contentsOfDirectory(folder, DirectoryEnumerator::Option::skipsHiddenFiles);
-    QList<JunkItem> items;
     if (!children)
-        return items;
+        return {};
+    QList<FileURL> urls;
+    urls.reserve(children->size());
     for (const DirectoryEntry& child : *children)
-        appendIfNotEmpty(items, child.url, fm);
+        urls.append(child.url);
+    QList<JunkItem> items = itemsOf(urls, fm);
     std::ranges::stable_sort(items, std::ranges::greater(), &JunkItem::sizeBytes);
     return items;
 }
 
-/// Each folder of a fixed list as one item, in the order of the list.
+/// The folders of a fixed list, as far as they exist.
 QList<JunkItem> itemsOfFolders(const FileURL& home, const QStringList& relativePaths, const FileManager& fm)
 {
-    QList<JunkItem> items;
+    QList<FileURL> existing;
     for (const QString& path : relativePaths) {
         const FileURL folder = home.appending(path);
         if (fm.fileExists(folder).exists)
-            appendIfNotEmpty(items, folder, fm);
+            existing.append(folder);
     }
-    return items;
+    return itemsOf(existing, fm);
 }
 
 JunkCategory scanUserCaches(const FileURL& home, const FileManager& fm)

@@ -1,8 +1,6 @@
 #include "KeelbrightCore/storage/FolderSizeService.h"
 
-#include "KeelbrightCore/platform/system/TaskPools.h"
-#include "KeelbrightCore/storage/SharedMeasuring.h"
-#include "KeelbrightCore/storage/SizeWalk.h"
+#include "KeelbrightCore/platform/files/TreeSums.h"
 
 #include <algorithm>
 
@@ -28,7 +26,7 @@ void measureFolders(QList<FolderSizeNode>& nodes, const FileManager& fm)
         if (node.isDirectory)
             folders.append(node.url);
     }
-    const QList<qint64> sizes = measureTogether(folders, fm, TaskPools::userInitiated());
+    const QList<qint64> sizes = recursiveSizes(folders, fm);
     auto size = sizes.begin();
     for (FolderSizeNode& node : nodes) {
         if (node.isDirectory)
@@ -40,8 +38,20 @@ void measureFolders(QList<FolderSizeNode>& nodes, const FileManager& fm)
 
 qint64 recursiveSize(const FileURL& url, const FileManager& fm)
 {
-    const auto walk = openSizeWalk(url, fm);
-    return walk ? sumOfSizes(**walk, [](DirectoryEnumerator&) {}) : 0;
+    return recursiveSizes({url}, fm).first();
+}
+
+QList<qint64> recursiveSizes(const QList<FileURL>& urls, const FileManager& fm)
+{
+    using Option = DirectoryEnumerator::Option;
+    const auto sums = sumTrees(
+        urls, Option::skipsHiddenFiles | Option::skipsPackageDescendants,
+        [](DirectoryEnumerator& walk) { return walk.fileSize(); }, fm);
+    QList<qint64> sizes;
+    sizes.reserve(sums.size());
+    for (const TreeSum& sum : sums)
+        sizes.append(sum.bytes);
+    return sizes;
 }
 
 QList<FolderSizeNode> scanLevel(const FileURL& url)

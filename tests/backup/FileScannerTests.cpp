@@ -122,15 +122,32 @@ TEST_F(FileScannerTest, theSameFilesAreCountedWhereSizesAreLeftOut)
     EXPECT_EQ(FileScanner::scan(sources), (FileScanner::ScanResult{.fileCount = 2, .totalBytes = 6}));
 }
 
-TEST_F(FileScannerTest, theCountIsCompletedWhenTheUserCancelsAndGivenUpWhenTheProgramQuits)
+TEST_F(FileScannerTest, theCountIsGivenUpWhenTheUserCancelsOrTheProgramQuits)
 {
     write("a.txt", "1");
     const QList<BackupSource> sources = {{QUuid(), folder, true}};
-    Cancellation cancellation;
-    cancellation.cancel();
-    EXPECT_EQ(FileScanner::scan(sources, FileScanner::Sizes::read, cancellation), (ScanResult{1, 1}));
-    cancellation.quit();
-    EXPECT_EQ(FileScanner::scan(sources, FileScanner::Sizes::read, cancellation), (ScanResult{0, 0}));
+    Cancellation cancelled;
+    cancelled.cancel();
+    EXPECT_EQ(FileScanner::scan(sources, FileScanner::Sizes::read, cancelled), (ScanResult{0, 0}));
+    Cancellation quit;
+    quit.quit();
+    EXPECT_EQ(FileScanner::scan(sources, FileScanner::Sizes::read, quit), (ScanResult{0, 0}));
+}
+
+TEST_F(FileScannerTest, aLargeSourceIsCountedLikeASmallOne)
+{
+    constexpr int folders = 60;
+    for (int i = 0; i < folders; ++i) {
+        const QByteArray path = "folder " + QByteArray::number(i);
+        for (int j = 0; j < 10; ++j)
+            write(path + "/file " + QByteArray::number(j) + ".txt", "12");
+        write(path + "/image.dmg", "345");
+        write(path + "/node_modules/lib.js", "345");
+        write(path + "/.hidden/file", "345");
+        write(path + "/Notes.app/Contents/Info.plist", "1");
+    }
+    for (int round = 0; round < 20; ++round)
+        ASSERT_EQ(scan(), (ScanResult{folders * 11, folders * 21}));
 }
 
 TEST_F(FileScannerTest, severalSourcesAddUp)

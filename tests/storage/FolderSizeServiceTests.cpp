@@ -141,6 +141,17 @@ TEST_F(FolderSizeServiceTest, namesThatAreNotUtf8AreMeasured)
     EXPECT_EQ(size(), 21);
 }
 
+TEST_F(FolderSizeServiceTest, severalFoldersAreMeasuredInTheirOrder)
+{
+    write("a/1", 5);
+    write("b/2", 7);
+    write("c/sub/3", 9);
+    EXPECT_EQ(FolderSizeService::recursiveSizes({at("c"), at("gone"), at("a"), at("b"), at("a")},
+                                                mac.fileManager()),
+              (QList<qint64>{9, 0, 5, 7, 5}));
+    EXPECT_EQ(FolderSizeService::recursiveSizes({}, mac.fileManager()), QList<qint64>());
+}
+
 TEST_F(FolderSizeServiceTest, depthHasNoLimit)
 {
     QByteArray path;

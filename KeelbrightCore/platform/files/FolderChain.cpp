@@ -4,20 +4,39 @@
 
 namespace keelbright {
 
+namespace {
+
+/// What the program needs besides its walks and copies: a file for each of its threads.
+constexpr rlim_t restOfTheProgram = 52;
+
+/// The usual limit is 1,024 or 256.
+rlim_t maximumOpenFiles()
+{
+    rlimit limit = {};
+    return ::getrlimit(RLIMIT_NOFILE, &limit) == 0 ? limit.rlim_cur : RLIM_INFINITY;
+}
+
+} // namespace
+
 size_t maximumOpenFolders()
 {
-    // Trees of people are rarely deeper. The usual limit of open files is 1,024 or 256; where it is
-    // lower, the two chains of a copy leave room for the rest of the program, which needs a file for
-    // each of its threads.
+    // Trees of people are rarely deeper. Where fewer files may be open, the two chains of a copy leave
+    // room for the rest of the program.
     constexpr rlim_t maximum = 24;
     constexpr rlim_t minimum = 4;
-    constexpr rlim_t restOfTheProgram = 52;
-    rlimit limit = {};
-    if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur >= restOfTheProgram + 2 * maximum)
+    const rlim_t limit = maximumOpenFiles();
+    if (limit >= restOfTheProgram + 2 * maximum)
         return maximum;
-    if (limit.rlim_cur <= restOfTheProgram + 2 * minimum)
+    if (limit <= restOfTheProgram + 2 * minimum)
         return minimum;
-    return (limit.rlim_cur - restOfTheProgram) / 2;
+    return (limit - restOfTheProgram) / 2;
+}
+
+size_t openFilesForWalks()
+{
+    const rlim_t limit = maximumOpenFiles();
+    const rlim_t others = restOfTheProgram + 2 * maximumOpenFolders();
+    return limit > others ? (limit - others) / 2 : 0;
 }
 
 } // namespace keelbright

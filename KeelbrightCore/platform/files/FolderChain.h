@@ -14,6 +14,10 @@ namespace keelbright {
 /// How many folders of one chain may be open at a time, the root aside.
 [[nodiscard]] size_t maximumOpenFolders();
 
+/// How many files the walks of one call may keep open, so that a copy, another call and the rest of the
+/// program have theirs.
+[[nodiscard]] size_t openFilesForWalks();
+
 /// An open folder and a chain of folders below it, the innermost of which can be worked in. Keeps
 /// a `Data` of its user's with each folder. Internal to the platform folder.
 ///
