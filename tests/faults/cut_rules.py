@@ -3,15 +3,17 @@
 from dataclasses import dataclass, field
 from typing import Optional
 
-from survival import sealed, sealed_version
+from survival import sealed, sealed_version, write_sparse
 
 LINKS = 8
+LARGE, SPARSE = (11, 12), (13, 14)  # of each 500 files
 MISSING, EMPTY, ZEROS, BROKEN = "missing", "empty", "full of zeros", "not whole"
 
 
 class Documents:
     """Files that differ between versions: half of them keep their size. Some are in the first version only, some
-    come with the second. A link leads elsewhere in each version."""
+    come with the second. Most are small, a few have megabytes or holes. A link leads elsewhere in each
+    version."""
 
     def __init__(self, count):
         self.count = count
@@ -35,12 +37,17 @@ class Documents:
     def size(number, version):
         grown = version * 3_001 if number % 2 else 0
         size = 64 + (number * 7_919 + grown) % 8_000
+        if number % 500 in LARGE:
+            return size + 3_000_000
+        if number % 500 in SPARSE:
+            return size + 500_000
         if number % 39 == 0:
             return size + 200_000
         return size + 30_000 if number % 10 == 3 else size
 
     def bytes(self, version):
-        return sum(self.size(number, version) for number in range(self.count))
+        """The size of what is stored of a version."""
+        return sum(self.size(number, version) for number in range(self.count) if number % 500 not in SPARSE)
 
     def write(self, folder, version):
         """Makes the documents in the folder those of a version."""
@@ -48,13 +55,20 @@ class Documents:
             path = folder / self.name(number)
             path.parent.mkdir(parents=True, exist_ok=True)
             if self._is_in(number, version):
-                path.write_bytes(sealed(path.name, version, self.size(number, version)))
+                self.write_file(path, version, self.size(number, version), number % 500 in SPARSE)
             else:
                 path.unlink(missing_ok=True)
         for number in range(LINKS):
             link = folder / f"link{number}"
             link.unlink(missing_ok=True)
             link.symlink_to(self.target(version))
+
+    @staticmethod
+    def write_file(path, version, size, is_sparse):
+        if is_sparse:
+            write_sparse(path, sealed(path.name, version, size, b"\0"))
+        else:
+            path.write_bytes(sealed(path.name, version, size))
 
     @staticmethod
     def target(version):

@@ -101,6 +101,9 @@ class MountedDrive:
     def unmount(self):
         try:
             run(["umount", "--lazy"], self.folder)
+            if self.kind == "btrfs":
+                # Older kernels remember the drive, and then refuse an earlier state of it.
+                run(["btrfs", "device", "scan", "--forget"], self.device.path)
         finally:
             if self.device:
                 self.device.detach()
