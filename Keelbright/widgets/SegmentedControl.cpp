@@ -120,15 +120,6 @@ SegmentedControl::SegmentedControl(const QString& name, const QStringList& choic
     connect(&Theme::instance(), &Theme::changed, this, qOverload<>(&QWidget::update));
 }
 
-int SegmentedControl::currentIndex() const
-{
-    for (qsizetype i = 0; i < m_segments.size(); ++i) {
-        if (m_segments.at(i)->isChecked())
-            return static_cast<int>(i);
-    }
-    return -1;
-}
-
 void SegmentedControl::setCurrentIndex(int index)
 {
     m_isSettingIndex = true;

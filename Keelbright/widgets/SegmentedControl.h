@@ -16,7 +16,6 @@ class SegmentedControl : public QWidget
 public:
     SegmentedControl(const QString& name, const QStringList& choices, QWidget* parent = nullptr);
 
-    [[nodiscard]] int currentIndex() const;
     /// Does not emit `chosen`.
     void setCurrentIndex(int index);
 

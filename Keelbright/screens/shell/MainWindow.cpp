@@ -80,11 +80,6 @@ void MainWindow::showSettings()
     m_settings->activateWindow();
 }
 
-SettingsWindow* MainWindow::settingsWindow() const
-{
-    return m_settings;
-}
-
 void MainWindow::toggleSidebar()
 {
     if (!m_main)

@@ -27,9 +27,6 @@ public:
     /// Opens the settings window, or brings it to the front.
     void showSettings();
 
-    /// Null while the settings window is closed.
-    [[nodiscard]] SettingsWindow* settingsWindow() const;
-
 Q_SIGNALS:
     /// The window has closed, and the program can end.
     void closed();

@@ -7,9 +7,11 @@
 #include "tests/support/TmpfsMount.h"
 
 #include <QByteArrayList>
+#include <array>
 #include <fcntl.h>
 #include <filesystem>
 #include <gmock/gmock.h>
+#include <ostream>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -24,6 +26,13 @@ using ::testing::MatchesRegex;
 using testing::TestMac;
 
 enum class DriveKind { homeFolder, tmpfs, fat, ntfs };
+
+/// How GoogleTest prints the kind, which CTest takes into the names of the tests.
+std::ostream& operator<<(std::ostream& output, DriveKind kind)
+{
+    constexpr std::array names{"homeFolder", "tmpfs", "fat", "ntfs"};
+    return output << names.at(static_cast<std::size_t>(kind));
+}
 
 /// A folder on a file system of some kind; `missing` says why there is none.
 struct Drive
@@ -297,7 +306,8 @@ TEST_P(UnpublishedFileTest, isTheOnlyOneOfManyThatGetsAName)
 
 INSTANTIATE_TEST_SUITE_P(OnEveryKindOfDrive, UnpublishedFileTest,
                          ::testing::Values(DriveKind::homeFolder, DriveKind::tmpfs, DriveKind::fat,
-                                           DriveKind::ntfs));
+                                           DriveKind::ntfs),
+                         ::testing::PrintToStringParamName());
 
 class UnpublishedFileHere : public ::testing::Test
 {

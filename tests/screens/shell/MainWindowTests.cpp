@@ -108,18 +108,18 @@ TEST_F(MainWindowTest, settingsOpenOnceInAWindowOfTheirOwn)
     QAction* open = action(u"Settings…"_s);
     ASSERT_NE(open, nullptr);
     EXPECT_EQ(open->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Comma));
-    EXPECT_EQ(window.settingsWindow(), nullptr);
+    EXPECT_EQ(window.findChild<SettingsWindow*>(), nullptr);
     open->trigger();
-    const QPointer<SettingsWindow> settings = window.settingsWindow();
+    const QPointer<SettingsWindow> settings = window.findChild<SettingsWindow*>();
     ASSERT_FALSE(settings.isNull());
     EXPECT_EQ(settings->size(), QSize(450, 300));
     EXPECT_EQ(settings->windowTitle(), u"Settings"_s);
     open->trigger();
-    EXPECT_EQ(window.settingsWindow(), settings);
+    EXPECT_EQ(window.findChild<SettingsWindow*>(), settings);
     QTest::keyClick(settings, Qt::Key_Escape);
     settle();
     EXPECT_TRUE(settings.isNull());
-    EXPECT_EQ(window.settingsWindow(), nullptr);
+    EXPECT_EQ(window.findChild<SettingsWindow*>(), nullptr);
 }
 
 TEST_F(MainWindowTest, settingsWindowAndScreenShowTheSameState)
