@@ -1,6 +1,7 @@
 #include "KeelbrightCore/backup/BackupEngine.h"
 
 #include "tests/support/EngineRun.h"
+#include "tests/support/HangingSources.h"
 #include "tests/support/Printing.h"
 #include "tests/support/WorkTimer.h"
 
@@ -114,6 +115,24 @@ TEST_F(BackupEngineTest, cancelsBetweenSourcesToo)
     run({documents, mac.home().appending(QStringLiteral("Pictures"))});
     EXPECT_EQ(engine.lastReport()->filesCopied, 1);
     EXPECT_FALSE(mac.fileManager().fileExists(mirrored("Pictures")).exists);
+}
+
+TEST_F(BackupEngineTest, aCancelIsNoticedWhileTheRunStillCounts)
+{
+    writeFiles(10);
+    const FileURL pictures = mac.writeFile("Users/mira/Pictures/photo", "x").deletingLastPathComponent();
+    testing::HangingSources sources(mac.root());
+    const FileManagerGuard guard(sources);
+    engine.startBackup(job({documents, pictures}));
+    sources.waitUntilReached();
+    engine.cancel();
+    sources.letGo();
+    turnUntil([this] { return !engine.isRunning(); });
+    EXPECT_EQ(sources.walks(), 1) << "neither the second source is counted nor any copied";
+    EXPECT_EQ(engine.progress().totalFilesEstimate, 0);
+    ASSERT_TRUE(engine.lastReport().has_value());
+    EXPECT_EQ(engine.lastReport()->filesCopied, 0);
+    EXPECT_TRUE(mac.fileManager().fileExists(latest("recovery-manifest.json")).exists);
 }
 
 TEST_F(BackupEngineTest, isHarmlessToCancelWhenIdle)

@@ -160,6 +160,13 @@ void playProgressRunning(Stage& stage)
     Stage::turnFrames();
 }
 
+void playProgressCancelling(Stage& stage)
+{
+    playProgressRunning(stage);
+    stage.state().engine().cancel();
+    Stage::turnFrames();
+}
+
 void playProgressLongName(Stage& stage)
 {
     BackupProgress progress = wellOnItsWay();
@@ -211,6 +218,7 @@ QList<ScreenState> protectStates()
         {"preflight", "errors", playPreflightErrors},
         {"progress", "empty", playProgressEmpty},
         {"progress", "running", playProgressRunning, true},
+        {"progress", "cancelling", playProgressCancelling},
         {"progress", "long-name", playProgressLongName},
         {"progress", "finished", playProgressFinished},
         {"progress", "failed", playProgressFailed},

@@ -6,6 +6,7 @@
 #include "tests/screens/shared/ScreenTestCase.h"
 #include "tests/support/Accessible.h"
 #include "tests/support/AnimationClock.h"
+#include "tests/support/HangingSources.h"
 #include "tests/support/WorkTimer.h"
 
 #include <QTest>
@@ -151,6 +152,45 @@ TEST_F(BackupProgressViewTests, cancelAsksTheEngineToStop)
     EXPECT_TRUE(app.engine().isCancelled());
     turnFrame();
     EXPECT_FALSE(button(view, u"Cancel Backup"_s)->isEnabled());
+}
+
+TEST_F(BackupProgressViewTests, aRunThatHasNotEndedYetIsShownAsCancelling)
+{
+    AppState& app = makeState();
+    app.engine().setIsRunning(true);
+    BackupProgressView view(app, workspace);
+    show(view);
+    EXPECT_FALSE(textsIn(view).contains(u"Cancelling..."_s));
+    const int buttonBefore = button(view, u"Cancel Backup"_s)->x();
+    button(view, u"Cancel Backup"_s)->click();
+    turnFrame();
+    EXPECT_TRUE(textsIn(view).contains(u"Cancelling..."_s));
+    EXPECT_TRUE(accessibleNames(view).contains(u"Cancelling..."_s));
+    EXPECT_EQ(button(view, u"Cancel Backup"_s)->x(), buttonBefore) << "the text appears beside it";
+    app.engine().setIsRunning(false);
+    turnFrame();
+    EXPECT_FALSE(textsIn(view).contains(u"Cancelling..."_s));
+}
+
+TEST_F(BackupProgressViewTests, aCancelIsShownWhileASourceHangs)
+{
+    mac.writeFile("Users/mira/Documents/a.txt", "a");
+    HangingSources sources(mac.root());
+    const FileManagerGuard guard(sources);
+    AppState& app = makeState();
+    app.setSelectedDestination(driveDestination());
+    BackupProgressView view(app, workspace);
+    show(view);
+    ASSERT_TRUE(app.confirmBackup());
+    sources.waitUntilReached();
+    turnFrame();
+    button(view, u"Cancel Backup"_s)->click();
+    turnUntil([&] { return textsIn(view).contains(u"Cancelling..."_s); });
+    EXPECT_TRUE(app.engine().isRunning());
+    sources.letGo();
+    turnUntil([&] { return view.findChild<BackupFinishedPanel*>() != nullptr; });
+    EXPECT_EQ(app.lastReport()->filesCopied, 0);
+    EXPECT_FALSE(textsIn(view).contains(u"Cancelling..."_s));
 }
 
 TEST_F(BackupProgressViewTests, showsAFinishedBackup)

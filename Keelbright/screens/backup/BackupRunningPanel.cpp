@@ -1,11 +1,13 @@
 #include "Keelbright/screens/backup/BackupRunningPanel.h"
 
 #include "Keelbright/screens/backup/NumberStrip.h"
+#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/ElidedLabel.h"
 #include "Keelbright/widgets/Progress.h"
 
+#include <QGridLayout>
 #include <QVBoxLayout>
 
 namespace keelbright {
@@ -16,6 +18,7 @@ namespace {
 
 constexpr int ringDiameter = 184;
 constexpr int ringThickness = 14;
+constexpr int gapBesideButton = 12;
 
 enum Cell : qsizetype { copiedCell, skippedCell, sizeCell };
 
@@ -28,6 +31,7 @@ BackupRunningPanel::BackupRunningPanel(QWidget* parent)
     , m_currentFile(new ElidedLabel({}, FontRole::body, Role::secondaryText, Qt::ElideRight, this))
     , m_numbers(new NumberStrip(this))
     , m_cancel(new Button(Button::Kind::bordered, tr("Cancel Backup"), {}, this))
+    , m_cancelling(new Label(tr("Cancelling..."), FontRole::body, Role::secondaryText, this))
 {
     m_destination->setAlignment(Qt::AlignCenter);
     m_currentFile->setAlignment(Qt::AlignCenter);
@@ -44,10 +48,25 @@ BackupRunningPanel::BackupRunningPanel(QWidget* parent)
     layout->addSpacing(20);
     layout->addWidget(m_numbers);
     layout->addSpacing(20);
-    layout->addWidget(m_cancel, 0, Qt::AlignHCenter);
+    layout->addLayout(cancelRow());
     connect(m_cancel, &QPushButton::clicked, this, &BackupRunningPanel::cancelPressed);
     setDestinationName({});
     setProgress({});
+}
+
+QLayout* BackupRunningPanel::cancelRow()
+{
+    auto* row = new QGridLayout;
+    // A spacing would be on the right side alone, where the text appears.
+    row->setHorizontalSpacing(0);
+    m_cancelling->setContentsMargins(gapBesideButton, 0, 0, 0);
+    row->addWidget(m_cancel, 0, 1);
+    row->addWidget(m_cancelling, 0, 2, Qt::AlignLeft | Qt::AlignVCenter);
+    // Sides of equal width: the button stays in the middle when the text appears.
+    row->setColumnStretch(0, 1);
+    row->setColumnStretch(2, 1);
+    m_cancelling->hide();
+    return row;
 }
 
 void BackupRunningPanel::setDestinationName(const QString& name)
@@ -70,7 +89,12 @@ void BackupRunningPanel::setProgress(const BackupProgress& progress)
 
 void BackupRunningPanel::setCancelling(bool isCancelling)
 {
+    if (isCancelling != m_cancelling->isHidden())
+        return;
     m_cancel->setEnabled(!isCancelling);
+    m_cancelling->setVisible(isCancelling);
+    if (isCancelling && isVisible())
+        announce(*m_cancelling, m_cancelling->text());
 }
 
 } // namespace keelbright

@@ -8,6 +8,7 @@ namespace keelbright {
 
 class Button;
 class ElidedLabel;
+class Label;
 class NumberStrip;
 class RingProgress;
 
@@ -23,18 +24,21 @@ public:
     void setDestinationName(const QString& name);
     /// Changes only the labels whose texts differ.
     void setProgress(const BackupProgress& progress);
-    /// Disables the cancel button while a cancelled run has not ended yet.
+    /// While a cancelled run has not ended yet: disables the cancel button and says so beside it.
     void setCancelling(bool isCancelling);
 
 Q_SIGNALS:
     void cancelPressed();
 
 private:
+    [[nodiscard]] QLayout* cancelRow();
+
     RingProgress* m_ring;
     ElidedLabel* m_destination;
     ElidedLabel* m_currentFile;
     NumberStrip* m_numbers;
     Button* m_cancel;
+    Label* m_cancelling;
 };
 
 } // namespace keelbright
