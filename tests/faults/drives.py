@@ -78,7 +78,7 @@ def make_image(kind, image, size=None):
 class MountedDrive:
     """A file system mounted on a folder: a new one, or that of an image."""
 
-    def __init__(self, kind, folder, image=None, loop_options=()):
+    def __init__(self, kind, folder, image=None, loop_options=(), mount_options=()):
         self.kind = kind
         self.folder = Path(folder)
         self.folder.mkdir(parents=True, exist_ok=True)
@@ -91,7 +91,7 @@ class MountedDrive:
             make_image(kind, image)
         self.device = LoopDevice(image, *loop_options)
         try:
-            run(KINDS[kind].mount, self.device.path, self.folder)
+            run([*KINDS[kind].mount, *mount_options], self.device.path, self.folder)
             # Some mount programs return before the file system is there.
             wait_until(self.folder.is_mount, "the drive does not appear")
         except Missing:

@@ -19,6 +19,7 @@ HERE = Path(__file__).parent
 SIZE = 320 * drives.MEGABYTE
 SLICE = 0.001  # seconds for which a slowed program runs before it is stopped again
 SURPLUS = 4  # by which the drive is faster than needed where the program is slowed
+OFTEN = ("-o", "commit=1")  # commits every second; xfs does so when a program calls fsync
 SECONDS_AFTER = 0.5  # the neighbour goes on for so long after the report
 
 
@@ -32,7 +33,7 @@ class Shape:
 
     drive: str
     is_second: bool
-    has_neighbour: bool  # a program that calls fsync now and then
+    has_neighbour: bool  # a program that calls fsync now and then; the file system commits often
     is_drive_slow: bool  # else the program is slowed
 
     def kind(self):
@@ -106,7 +107,8 @@ class RecordedRun:
         with ExitStack() as stack:
             recorder = RecordingDrive(served, self.folder / "log", self.folder / "recorder", self._drive_speed())
             stack.callback(recorder.end)
-            drive = drives.MountedDrive(self.shape.drive, self.folder / "drive", recorder.image, ["--direct-io=on"])
+            drive = drives.MountedDrive(self.shape.drive, self.folder / "drive", recorder.image, ["--direct-io=on"],
+                                        self._mount_options())
             stack.callback(drive.unmount)
             stack.callback(recorder.make_fast)
             began, ended, records = self._run(drive.folder, recorder)
@@ -125,6 +127,9 @@ class RecordedRun:
     def _drive_speed(self):
         speed = self.documents.bytes(self.version) / self.options.seconds
         return speed if self.shape.is_drive_slow else SURPLUS * speed
+
+    def _mount_options(self):
+        return OFTEN if self.shape.has_neighbour and self.shape.drive != "xfs" else ()
 
     def _machine(self, drive, version):
         machine = Machine(self.machine_root, drive)
