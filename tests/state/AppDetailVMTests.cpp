@@ -312,4 +312,22 @@ TEST_F(AppDetailVMTest, closedInTheMiddleOfARequestItEndsIt)
     ASSERT_TRUE(QTest::qWaitFor([&] { return request.isFinished(); }, 20'000));
 }
 
+TEST_F(AppDetailVMTest, anApplicationWithoutNameAndIdentifierTakesNoFolderOfTheMachineAlong)
+{
+    addLeftover("Application Support/Other/data", 20);
+    addLeftover("Caches/org.example.other/data", 10);
+    addLeftover("Containers/org.example.other/data", 10);
+    const FileURL bundle =
+        mac.writeFile("Applications/Nameless.app/Contents/Info.plist", "x").deletingLastPathComponent();
+    AppDetailVM model(AppInfo({.name = QString(), .bundleID = QString(), .url = bundle}, mac.clock()()),
+                      activityStore, lookup(), mac.clock());
+    load(model);
+    EXPECT_EQ(namesOf(model.leftovers()).size(), 4) << "Application Support is listed twice";
+    model.removeApp();
+    EXPECT_FALSE(exists(bundle));
+    for (const char* folder : {"Application Support/Other/data", "Caches/org.example.other/data",
+                               "Containers/org.example.other/data"})
+        EXPECT_TRUE(exists(mac.home().appendingNative(QByteArray("Library/") + folder))) << folder;
+}
+
 } // namespace keelbright::testing

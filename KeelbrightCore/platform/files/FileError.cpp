@@ -110,6 +110,12 @@ QString reasonText(const FileError& error)
         return translated("the drive can't hold symbolic links");
     case FileError::Reason::alreadyInTrash:
         return translated("it is already in the Trash");
+    case FileError::Reason::neededInItsPlace:
+        return translated("the computer needs it where it is");
+    case FileError::Reason::driveMounted:
+        return translated("a drive is mounted there");
+    case FileError::Reason::trashOpenToOthers:
+        return translated("the Trash of its drive is not safe from other users");
     case FileError::Reason::stopped:
         return translated("the program is quitting");
     }

@@ -37,7 +37,10 @@ struct FileError
         differsInCaseOnly,    ///< another file of that name, spelled differently, is there
         linksNotSupported,    ///< the drive can't hold symbolic links
         alreadyInTrash,
-        stopped, ///< the program is quitting
+        neededInItsPlace,  ///< one of the machine's own folders, or a folder that holds one
+        driveMounted,      ///< the item is, or holds, a place where a drive is mounted
+        trashOpenToOthers, ///< the only Trash for the item belongs to somebody else, or others may change it
+        stopped,           ///< the program is quitting
     };
 
     Operation operation = Operation::read;

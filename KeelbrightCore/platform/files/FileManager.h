@@ -71,7 +71,8 @@ public:
     [[nodiscard]] virtual std::expected<void, FileError> moveItem(const FileURL& source,
                                                                   const FileURL& target) = 0;
     /// Moves to the Trash of the item's volume; gives its new place. What already lies in the
-    /// Trash is refused.
+    /// Trash is refused, and so are the home, the standard folders of the home and of its Library,
+    /// everything above them, and places where drives are mounted.
     [[nodiscard]] virtual std::expected<FileURL, FileError> trashItem(const FileURL& url) = 0;
 
     [[nodiscard]] virtual std::expected<QByteArray, FileError> contents(const FileURL& url) const = 0;

@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/files/AtomicWrite.h"
 #include "KeelbrightCore/platform/files/FileDescriptor.h"
+#include "KeelbrightCore/platform/files/ProtectedPlaces.h"
 #include "KeelbrightCore/platform/files/ResolvedPath.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
 #include "KeelbrightCore/platform/files/SystemCopyDestination.h"
@@ -131,7 +132,8 @@ std::expected<void, FileError> SystemFileManager::moveItem(const FileURL& source
 
 std::expected<FileURL, FileError> SystemFileManager::trashItem(const FileURL& url)
 {
-    return Trash::moveToTrash(url, applicationSupportDirectory().appending(QStringLiteral("Trash")));
+    return Trash::moveToTrash(url, applicationSupportDirectory().appending(QStringLiteral("Trash")),
+                              ProtectedPlaces::of(*this));
 }
 
 std::expected<QByteArray, FileError> SystemFileManager::contents(const FileURL& url) const

@@ -1,14 +1,16 @@
 #include "KeelbrightCore/platform/files/Trash.h"
 
+#include "KeelbrightCore/platform/files/ProtectedPlaces.h"
+#include "KeelbrightCore/platform/files/ResolvedPath.h"
+
 #ifdef __APPLE__
 #include <QFile>
 #include <unistd.h>
 #else
-#include "KeelbrightCore/platform/files/ResolvedPath.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
 #include "KeelbrightCore/platform/files/TrashFolder.h"
 #include "KeelbrightCore/platform/files/TrashRecord.h"
-#include "KeelbrightCore/platform/files/UnpublishedFile.h"
+#include "KeelbrightCore/platform/files/TrashRecordFile.h"
 
 #include <fcntl.h>
 #endif
@@ -33,8 +35,15 @@ bool isBelow(const FileURL& location, const FileURL& folder)
 #ifdef __APPLE__
 
 /// The system's own Trash.
-Outcome move(const FileURL& item, const FileURL& homeTrash)
+Outcome move(const FileURL& item, const FileURL& homeTrash, const QList<FileURL>& protectedPlaces)
 {
+    struct stat status = {};
+    if (::lstat(item.nativePath().constData(), &status) != 0)
+        return notTrashed(item, errno);
+    const FileURL location =
+        resolvedPath(item.deletingLastPathComponent()).appendingNative(item.nativeLastPathComponent());
+    if (const auto reason = ProtectedPlaces::reasonToStay(location, status, protectedPlaces))
+        return notTrashed(item, *reason);
     const QByteArray volumeTrash = "/.Trashes/" + QByteArray::number(::getuid()) + '/';
     if (isBelow(item, homeTrash) || item.nativePath().contains(volumeTrash))
         return notTrashed(item, FileError::Reason::alreadyInTrash);
@@ -53,28 +62,22 @@ struct HeldItem
     FileURL location; ///< without links in the path of its folder
     QByteArray name;
     FileDescriptor folder;
-    dev_t device = 0;
+    struct stat status = {};
+    struct stat folderStatus = {};
 };
 
 std::expected<HeldItem, int> hold(const FileURL& item)
 {
     HeldItem held;
     held.name = item.nativeLastPathComponent();
-    if (item == FileURL() || held.name == "." || held.name == "..")
-        return std::unexpected(EBUSY);
     const FileURL folder = resolvedPath(item.deletingLastPathComponent());
     held.location = folder.appendingNative(held.name);
     held.folder = FileDescriptor(retrying([&] {
         return ::open(folder.nativePath().constData(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     }));
-    struct stat folderStatus = {};
-    struct stat status = {};
-    if (!held.folder.isOpen() || ::fstat(held.folder.get(), &folderStatus) != 0 ||
-        ::fstatat(held.folder.get(), held.name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+    if (!held.folder.isOpen() || ::fstat(held.folder.get(), &held.folderStatus) != 0 ||
+        ::fstatat(held.folder.get(), held.name.constData(), &held.status, AT_SYMLINK_NOFOLLOW) != 0)
         return std::unexpected(errno);
-    if (S_ISDIR(status.st_mode) && status.st_dev != folderStatus.st_dev) // the root of a volume
-        return std::unexpected(EBUSY);
-    held.device = folderStatus.st_dev;
     return held;
 }
 
@@ -90,31 +93,20 @@ std::expected<void, FileError> checkIsOutsideTrash(const HeldItem& item, const F
     const FileURL trash = resolvedPath(homeTrash);
     const TrashRelation relation = relationToVolumeTrash(relativePath(item.location, top));
     if (item.location == trash || isBelow(trash, item.location) || relation == TrashRelation::isTrash)
-        return notTrashed(item.location, EBUSY);
+        return notTrashed(item.location, FileError::Reason::neededInItsPlace);
     if (isBelow(item.location, trash) || relation == TrashRelation::inside)
         return notTrashed(item.location, FileError::Reason::alreadyInTrash);
     return {};
 }
 
-/// Writes the record under a name that nobody has; that reserves the name for the item. Record and
-/// name are on the drive before the item moves: after a power cut nothing else says where the item
-/// came from.
-std::expected<void, int> writeRecord(int folder, const QByteArray& name, const QByteArray& content)
+/// Refuses what the machine needs in its place and the root of a volume.
+std::expected<void, FileError> checkMayGo(const HeldItem& item, const QList<FileURL>& protectedPlaces)
 {
-    auto record = UnpublishedFile::create(folder, 0600);
-    if (!record)
-        return std::unexpected(record.error());
-    auto done = record->write(content);
-    if (done)
-        done = record->publish(name);
-    if (!done)
-        return done;
-    done = record->flushWithName();
-    if (done)
-        done = record->close();
-    if (!done)
-        ::unlinkat(folder, name.constData(), 0);
-    return done;
+    if (const auto reason = ProtectedPlaces::reasonToStay(item.location, item.status, protectedPlaces))
+        return notTrashed(item.location, *reason);
+    if (S_ISDIR(item.status.st_mode) && item.status.st_dev != item.folderStatus.st_dev)
+        return notTrashed(item.location, FileError::Reason::driveMounted);
+    return {};
 }
 
 std::expected<FileURL, int> moveWithRecord(const TrashFolder& trash, const HeldItem& item,
@@ -125,7 +117,9 @@ std::expected<FileURL, int> moveWithRecord(const TrashFolder& trash, const HeldI
     for (int attempt = 1; attempt <= TrashRecord::attempts; ++attempt) {
         const QByteArray name = TrashRecord::itemName(item.name, attempt, maximumLength);
         const QByteArray recordName = name + TrashRecord::suffix.toByteArray();
-        auto done = writeRecord(trash.infoDescriptor(), recordName, content);
+        // The record also reserves the name for the item. After a power cut nothing else says where the
+        // item came from.
+        auto done = writeTrashRecord(trash.infoDescriptor(), recordName, content);
         if (done) {
             done = SystemCalls::renameWithoutReplacing(item.folder.get(), item.name.constData(),
                                                        trash.filesDescriptor(), name.constData());
@@ -139,37 +133,51 @@ std::expected<FileURL, int> moveWithRecord(const TrashFolder& trash, const HeldI
     return std::unexpected(EEXIST);
 }
 
-Outcome move(const FileURL& item, const FileURL& homeTrash)
+/// Moves an item that may go to the Trash of its volume, whose top folder is given.
+Outcome moveHeld(const HeldItem& held, const FileURL& homeTrash, const FileURL& top)
+{
+    const auto homeDevice = deviceOf(homeTrash);
+    if (!homeDevice)
+        return notTrashed(held.location, homeDevice.error());
+    const bool isAtHome = held.folderStatus.st_dev == *homeDevice;
+    const auto trash = isAtHome ? TrashFolder::ofHome(homeTrash) : TrashFolder::ofVolume(top);
+    if (!trash)
+        return std::visit([&](auto cause) { return Outcome(notTrashed(held.location, cause)); },
+                          trash.error());
+    const auto place = moveWithRecord(
+        *trash, held, isAtHome ? held.location.nativePath() : relativePath(held.location, top));
+    if (!place)
+        return notTrashed(held.location, place.error());
+    return *place;
+}
+
+Outcome move(const FileURL& item, const FileURL& homeTrash, const QList<FileURL>& protectedPlaces)
 {
     const auto held = hold(item);
     if (!held)
         return notTrashed(item, held.error());
-    const auto top = volumeTop(held->location.deletingLastPathComponent(), held->device);
+    if (const auto mayGo = checkMayGo(*held, protectedPlaces); !mayGo)
+        return std::unexpected(mayGo.error());
+    const auto top = volumeTop(held->location.deletingLastPathComponent(), held->folderStatus.st_dev);
     if (!top)
         return notTrashed(item, top.error());
     if (const auto outside = checkIsOutsideTrash(*held, homeTrash, *top); !outside)
         return std::unexpected(outside.error());
-    const auto homeDevice = deviceOf(homeTrash);
-    if (!homeDevice)
-        return notTrashed(item, homeDevice.error());
-    const bool isAtHome = held->device == *homeDevice;
-    const auto trash = isAtHome ? TrashFolder::ofHome(homeTrash) : TrashFolder::ofVolume(*top);
-    if (!trash)
-        return notTrashed(item, trash.error());
-    const auto place = moveWithRecord(
-        *trash, *held, isAtHome ? held->location.nativePath() : relativePath(held->location, *top));
-    if (!place)
-        return notTrashed(item, place.error());
-    return *place;
+    return moveHeld(*held, homeTrash, *top);
 }
 
 #endif
 
 } // namespace
 
-std::expected<FileURL, FileError> Trash::moveToTrash(const FileURL& item, const FileURL& homeTrash)
+std::expected<FileURL, FileError> Trash::moveToTrash(const FileURL& item, const FileURL& homeTrash,
+                                                     const QList<FileURL>& protectedPlaces)
 {
-    return move(item, homeTrash);
+    if (item == FileURL())
+        return notTrashed(item, FileError::Reason::neededInItsPlace);
+    if (!isFileName(item.nativeLastPathComponent())) // "." or ".."
+        return notTrashed(item, EBUSY);
+    return move(item, homeTrash, protectedPlaces);
 }
 
 } // namespace keelbright

@@ -38,31 +38,12 @@ std::expected<void, int> makePrivateFolders(const FileURL& folder)
     return {};
 }
 
-/// Others may write to a volume: what stands in the Trash's place must be a real folder and the
-/// user's own. Where the file system has no owners, everything belongs to the owner of its top.
-bool isTrustworthy(const FileURL& folder, const FileURL& top)
-{
-    struct stat status = {};
-    struct stat topStatus = {};
-    return ::lstat(folder.nativePath().constData(), &status) == 0 && S_ISDIR(status.st_mode) &&
-           ::lstat(top.nativePath().constData(), &topStatus) == 0 &&
-           (status.st_uid == ::getuid() || status.st_uid == topStatus.st_uid);
-}
-
 /// The sticky bit keeps users from removing each other's folders in there.
 bool isSharedTrash(const FileURL& folder)
 {
     struct stat status = {};
     return ::lstat(folder.nativePath().constData(), &status) == 0 && S_ISDIR(status.st_mode) &&
            (status.st_mode & S_ISVTX) != 0;
-}
-
-FileDescriptor openPart(int trash, const char* name)
-{
-    if (::mkdirat(trash, name, ownerOnly) != 0 && errno != EEXIST)
-        return {};
-    return FileDescriptor(
-        retrying([&] { return ::openat(trash, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC); }));
 }
 
 bool isUserNumber(QByteArrayView text)
@@ -72,48 +53,74 @@ bool isUserNumber(QByteArrayView text)
 
 } // namespace
 
-std::expected<TrashFolder, int> TrashFolder::open(const FileURL& location, int linkFlag)
+std::expected<FileDescriptor, FailureCause> TrashFolder::openPart(int trash, const char* name, Owner owner,
+                                                                  FolderPrivacy& privacy)
 {
+    if (::mkdirat(trash, name, ownerOnly) != 0 && errno != EEXIST)
+        return std::unexpected(errno);
+    FileDescriptor part(
+        retrying([&] { return ::openat(trash, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC); }));
+    if (!part.isOpen())
+        return std::unexpected(errno);
+    std::expected<void, FailureCause> allowed;
+    if (owner == Owner::userOnly)
+        allowed = privacy.checkIsOwn(part.get());
+    if (allowed)
+        allowed = privacy.closeToOthers(part.get());
+    if (!allowed)
+        return std::unexpected(allowed.error());
+    return part;
+}
+
+std::expected<TrashFolder, FailureCause> TrashFolder::open(const FileURL& location, Owner owner)
+{
+    const int linkFlag = owner == Owner::userOnly ? O_NOFOLLOW : 0;
     const FileDescriptor trash(retrying([&] {
         return ::open(location.nativePath().constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | linkFlag);
     }));
     if (!trash.isOpen())
         return std::unexpected(errno);
+    FolderPrivacy privacy(trash.get());
+    if (owner == Owner::userOnly) {
+        if (const auto own = privacy.checkIsOwn(trash.get()); !own)
+            return std::unexpected(own.error());
+    }
+    auto files = openPart(trash.get(), "files", owner, privacy);
+    if (!files)
+        return std::unexpected(files.error());
+    auto info = openPart(trash.get(), "info", owner, privacy);
+    if (!info)
+        return std::unexpected(info.error());
     TrashFolder folder;
     folder.m_location = location;
-    folder.m_files = openPart(trash.get(), "files");
-    if (!folder.m_files.isOpen())
-        return std::unexpected(errno);
-    folder.m_info = openPart(trash.get(), "info");
-    if (!folder.m_info.isOpen())
-        return std::unexpected(errno);
+    folder.m_files = std::move(*files);
+    folder.m_info = std::move(*info);
     return folder;
 }
 
-std::expected<TrashFolder, int> TrashFolder::ofHome(const FileURL& homeTrash)
+std::expected<TrashFolder, FailureCause> TrashFolder::openOnVolume(const FileURL& location)
+{
+    if (auto made = makePrivateFolder(location); !made)
+        return std::unexpected(made.error());
+    // Others may write to a volume, and so prepare a Trash in the user's name or put a link there.
+    return open(location, Owner::userOnly);
+}
+
+std::expected<TrashFolder, FailureCause> TrashFolder::ofHome(const FileURL& homeTrash)
 {
     if (auto made = makePrivateFolders(homeTrash); !made)
         return std::unexpected(made.error());
-    return open(homeTrash, 0);
+    return open(homeTrash, Owner::anybody);
 }
 
-std::expected<TrashFolder, int> TrashFolder::ofVolume(const FileURL& top)
+std::expected<TrashFolder, FailureCause> TrashFolder::ofVolume(const FileURL& top)
 {
     const QByteArray user = QByteArray::number(::getuid());
-    const FileURL shared = top.appendingNative(".Trash");
-    if (isSharedTrash(shared)) {
-        const FileURL own = shared.appendingNative(user);
-        if (makePrivateFolder(own) && isTrustworthy(own, top)) {
-            if (auto folder = open(own, O_NOFOLLOW))
-                return folder;
-        }
+    if (const FileURL shared = top.appendingNative(".Trash"); isSharedTrash(shared)) {
+        if (auto folder = openOnVolume(shared.appendingNative(user)))
+            return folder;
     }
-    const FileURL own = top.appendingNative(".Trash-" + user);
-    if (auto made = makePrivateFolder(own); !made)
-        return std::unexpected(made.error());
-    if (!isTrustworthy(own, top))
-        return std::unexpected(EPERM);
-    return open(own, O_NOFOLLOW);
+    return openOnVolume(top.appendingNative(".Trash-" + user));
 }
 
 qsizetype TrashFolder::maximumNameLength() const

@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/files/FileDescriptor.h"
 #include "KeelbrightCore/platform/files/FileURL.h"
+#include "KeelbrightCore/platform/files/FolderPrivacy.h"
 
 #include <expected>
 #include <sys/types.h>
@@ -9,15 +10,17 @@
 namespace keelbright {
 
 /// One Trash of the freedesktop kind, opened for use: the folder `files` with the items, and
-/// `info` with a record for each. Internal to the platform folder. A failure is the `errno` value.
+/// `info` with a record for each. Both are closed to others, so that what was private stays private.
+/// Internal to the platform folder.
 class TrashFolder
 {
 public:
     /// The Trash of the home's volume. It is made where it is missing, with its parents.
-    [[nodiscard]] static std::expected<TrashFolder, int> ofHome(const FileURL& homeTrash);
+    [[nodiscard]] static std::expected<TrashFolder, FailureCause> ofHome(const FileURL& homeTrash);
     /// The user's Trash on another volume, whose top folder is given: in the shared `.Trash` that
-    /// the administrator made, else in one of the user's own beside it.
-    [[nodiscard]] static std::expected<TrashFolder, int> ofVolume(const FileURL& top);
+    /// the administrator made, else in one of the user's own beside it. A Trash that belongs to
+    /// somebody else, or that others may change, is passed over.
+    [[nodiscard]] static std::expected<TrashFolder, FailureCause> ofVolume(const FileURL& top);
 
     [[nodiscard]] FileURL files() const { return m_location.appendingNative("files"); }
 
@@ -29,7 +32,14 @@ public:
     [[nodiscard]] qsizetype maximumNameLength() const;
 
 private:
-    [[nodiscard]] static std::expected<TrashFolder, int> open(const FileURL& location, int linkFlag);
+    /// Whose folders are taken for a Trash.
+    enum class Owner { anybody, userOnly };
+
+    [[nodiscard]] static std::expected<TrashFolder, FailureCause> open(const FileURL& location, Owner owner);
+    /// `files` or `info`, made where it is missing and closed to others.
+    [[nodiscard]] static std::expected<FileDescriptor, FailureCause>
+    openPart(int trash, const char* name, Owner owner, FolderPrivacy& privacy);
+    [[nodiscard]] static std::expected<TrashFolder, FailureCause> openOnVolume(const FileURL& location);
 
     FileURL m_location;
     FileDescriptor m_files;

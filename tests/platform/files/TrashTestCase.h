@@ -34,7 +34,7 @@ class TrashTestCase : public ::testing::Test
 protected:
     std::expected<FileURL, FileError> moveToTrash(const FileURL& item) const
     {
-        return Trash::moveToTrash(item, m_trash);
+        return Trash::moveToTrash(item, m_trash, {m_mac.home()});
     }
 
     FileURL trashed(const FileURL& item) const
