@@ -4,6 +4,7 @@
 #include "KeelbrightCore/platform/text/DateFormatter.h"
 
 #include <QXmlStreamReader>
+#include <algorithm>
 #include <vector>
 
 namespace keelbright {
@@ -66,6 +67,20 @@ std::optional<QVariant> plainValue(const QString& element, const QString& text)
             return *date;
     }
     return std::nullopt;
+}
+
+/// The data from its first character on that is no blank. XML wants its declaration at the very
+/// beginning, but lists written by hand begin with blank lines, and the platform reads them.
+QByteArray withoutLeadingBlanks(const QByteArray& data)
+{
+    const QByteArrayView byteOrderMark("\xEF\xBB\xBF");
+    const auto isBlank = [](char byte) {
+        return byte == ' ' || byte == '\t' || byte == '\r' || byte == '\n';
+    };
+    const auto* start = data.cbegin() + (data.startsWith(byteOrderMark) ? byteOrderMark.size() : 0);
+    const auto* first = std::find_if_not(start, data.cend(), isBlank);
+    // Other encodings begin with a mark of their own, which is no blank.
+    return QByteArray::fromRawData(first, data.cend() - first);
 }
 
 /// Reads element by element with a stack of its own, so that no depth of the input is a depth of
@@ -191,7 +206,7 @@ private:
 
 std::optional<QVariant> XmlPropertyList::read(const QByteArray& data)
 {
-    return Reader(data).read();
+    return Reader(withoutLeadingBlanks(data)).read();
 }
 
 } // namespace keelbright

@@ -91,6 +91,18 @@ TEST(XmlPropertyListTests, theLastOfTwoEqualKeysHolds)
     EXPECT_EQ(read, (QVariantMap{{text("a"), true}}));
 }
 
+TEST(XmlPropertyListTests, blanksBeforeTheDeclarationArePassedOver)
+{
+    const QByteArray list = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist><dict><key>v</key><string>ü"
+                            "</string></dict></plist>";
+    const QVariantMap content{{text("v"), text("ü")}};
+    for (const QByteArray& blanks : {QByteArray("\n"), QByteArray("\r\n\r\n"), QByteArray(" \t\n"),
+                                     QByteArray(100'000, '\n'), QByteArray("\xEF\xBB\xBF\n\n")})
+        EXPECT_EQ(dictionary(blanks + list), content) << blanks.left(10).toPercentEncoding().toStdString();
+    EXPECT_EQ(dictionary("x\n" + list), std::nullopt);
+    EXPECT_EQ(dictionary("\n\n"), std::nullopt);
+}
+
 TEST(XmlPropertyListTests, otherXmlEncodingsAreRead)
 {
     const QString source =
