@@ -88,8 +88,7 @@ class FailingDrive(fuse.Fuse):
 
     def readdir(self, path, _offset):
         Budget.spend("list")
-        for name in (".", "..", *os.listdir(place_of(path))):
-            yield fuse.Direntry(name)
+        return [fuse.Direntry(name) for name in (".", "..", *os.listdir(place_of(path)))]
 
     def readlink(self, path):
         return os.readlink(place_of(path))

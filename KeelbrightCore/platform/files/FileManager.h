@@ -53,7 +53,8 @@ public:
     [[nodiscard]] virtual std::expected<FileSystemCapacity, FileError>
     fileSystemCapacity(const FileURL& url) const = 0;
 
-    /// The entries of one folder, in the file system's order, with types and sizes.
+    /// The entries of one folder, in the file system's order, with types and sizes. Fails where the
+    /// listing breaks off: a part of the entries is never given for all of them.
     [[nodiscard]] virtual std::expected<QList<DirectoryEntry>, FileError>
     contentsOfDirectory(const FileURL& url, DirectoryEnumerator::Options options) const = 0;
     [[nodiscard]] virtual std::expected<std::unique_ptr<DirectoryEnumerator>, FileError>

@@ -84,11 +84,18 @@ SystemFileManager::contentsOfDirectory(const FileURL& url, DirectoryEnumerator::
     auto walk = DirectoryEnumerator::open(url, options | DirectoryEnumerator::Option::followsRootLink);
     if (!walk)
         return std::unexpected(walk.error());
+    std::optional<FileError> breakOff;
+    (*walk)->setErrorHandler([&breakOff](const FileURL&, const FileError& error) {
+        if (error.operation == FileError::Operation::listed)
+            breakOff = error;
+    });
     QList<DirectoryEntry> entries;
     while ((*walk)->next()) {
         (*walk)->skipDescendants();
         entries.append({(*walk)->url(), (*walk)->type(), (*walk)->fileSize()});
     }
+    if (breakOff)
+        return std::unexpected(*breakOff);
     return entries;
 }
 
