@@ -23,6 +23,25 @@ QString stamp(const QDateTime& date)
     return DateFormatter::iso8601(date).remove(u':').remove(u'-').replace(u'T', u'-').left(lengthWithoutZone);
 }
 
+bool isReport(const FileURL& url)
+{
+    const FileExistence found = FileManager::defaultManager().fileExists(url);
+    return found.exists && !found.isDirectory;
+}
+
+/// Without its ending. The report of an earlier run that began within the same second stays; this one gets
+/// a number.
+QString freeName(const FileURL& reportsDir, const QDateTime& startedAt)
+{
+    const QString first = u"backup-report-"_s + stamp(startedAt);
+    QString name = first;
+    for (int number = 2;
+         isReport(reportsDir.appending(name + ".json"_L1)) || isReport(reportsDir.appending(name + ".md"_L1));
+         ++number)
+        name = first + u'-' + QString::number(number);
+    return name;
+}
+
 /// One decimal, with a point in every locale. Not by Qt, which rounds halves differently.
 QString oneDecimal(double value)
 {
@@ -52,7 +71,7 @@ using WriteFile = std::function<std::expected<void, FileError>(const FileURL&, c
 std::expected<WrittenReport, FileError> writeBoth(const BackupReport& report, const FileURL& reportsDir,
                                                   const WriteFile& writeFile)
 {
-    const QString name = u"backup-report-"_s + stamp(report.startedAt);
+    const QString name = freeName(reportsDir, report.startedAt);
     WrittenReport written{reportsDir.appending(name + ".json"_L1), reportsDir.appending(name + ".md"_L1)};
     if (const auto done =
             writeFile(written.jsonURL, QJsonDocument(report.toJson()).toJson(QJsonDocument::Indented));

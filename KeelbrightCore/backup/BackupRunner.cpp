@@ -12,6 +12,7 @@
 #include "KeelbrightCore/platform/system/Logging.h"
 
 #include <QJsonDocument>
+#include <algorithm>
 
 namespace keelbright::BackupRunner {
 
@@ -94,13 +95,20 @@ void flush(const BackupJob& job, CopyDestination& mirror, BackupTask& task)
         qCDebug(backupLog) << "drive flushed";
 }
 
-BackupReport makeReport(const BackupJob& job, const QDateTime& startedAt, const BackupProgress& progress,
+/// When a run began and ended.
+struct RunTimes
+{
+    QDateTime start;
+    QDateTime end;
+};
+
+BackupReport makeReport(const BackupJob& job, const RunTimes& times, const BackupProgress& progress,
                         const FileURL& latest, const QString& manifestPath)
 {
     return {.id = QUuid::createUuid(),
             .jobId = job.id,
-            .startedAt = startedAt,
-            .completedAt = QDateTime::currentDateTimeUtc(),
+            .startedAt = times.start,
+            .completedAt = times.end,
             .sourcePaths = job.sourcePaths(),
             .destinationPath = job.destination.path(),
             .personalFilesPath = latest.appending(QStringLiteral("Personal Files")).path(),
@@ -122,7 +130,8 @@ std::expected<void, FileError> writeReport(const BackupReport& report, const Run
 }
 
 /// The last steps: manifest, flush, report files, and the end of the run.
-void conclude(const BackupJob& job, const QDateTime& startedAt, const RunFolders& folders, BackupTask& task)
+void conclude(const BackupJob& job, const QDateTime& startedAt, const Clock& clock, const RunFolders& folders,
+              BackupTask& task)
 {
     const QString manifestPath = writeManifest(job, folders, task);
     flush(job, *folders.mirror, task);
@@ -130,7 +139,9 @@ void conclude(const BackupJob& job, const QDateTime& startedAt, const RunFolders
     task.hop([&progress](BackupEngine& engine) { progress = engine.progress(); });
     if (task.cancellation().isQuitting())
         return;
-    const BackupReport report = makeReport(job, startedAt, progress, folders.latest, manifestPath);
+    // A clock that was set back meanwhile must not make the run end before its start.
+    const RunTimes times{startedAt, std::max(startedAt, clock())};
+    const BackupReport report = makeReport(job, times, progress, folders.latest, manifestPath);
     if (const auto written = writeReport(report, folders); !written)
         appendError(errorLine(QStringLiteral("Report write failed"), written.error()), task);
     qCDebug(backupLog) << "run ended:" << report.filesCopied << "copied," << report.filesSkipped << "skipped,"
@@ -151,10 +162,10 @@ void failToStart(const FileError& error, BackupTask& task)
 
 } // namespace
 
-void run(const BackupJob& job, BackupTask& task)
+void run(const BackupJob& job, BackupTask& task, const Clock& clock)
 {
     FileManager& fileManager = FileManager::defaultManager();
-    const QDateTime startedAt = QDateTime::currentDateTimeUtc();
+    const QDateTime startedAt = clock();
     qCDebug(backupLog).noquote() << "run started:" << job.sources.size() << "sources to"
                                  << job.destination.path();
     const auto folders = createFolders(job, fileManager);
@@ -170,7 +181,7 @@ void run(const BackupJob& job, BackupTask& task)
     }
     if (task.cancellation().isCancelled())
         qCDebug(backupLog) << "run cancelled";
-    conclude(job, startedAt, *folders, task);
+    conclude(job, startedAt, clock, *folders, task);
 }
 
 void copySource(const BackupSource& source, const FileURL& latest, CopyDestination& destination,

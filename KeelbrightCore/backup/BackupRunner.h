@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/backup/BackupJob.h"
 #include "KeelbrightCore/backup/BackupSource.h"
+#include "KeelbrightCore/platform/system/Clock.h"
 
 #include <QString>
 
@@ -17,8 +18,9 @@ namespace BackupRunner {
 
 /// Does the whole run on the calling background thread and ends it by setting the engine's
 /// `isRunning` to false on the main thread. Never fails. When the program quits, it returns without
-/// touching the engine again.
-void run(const BackupJob& job, BackupTask& task);
+/// touching the engine again. `clock` gives the start and the end of the report; where it goes back
+/// meanwhile, the run ends at its start.
+void run(const BackupJob& job, BackupTask& task, const Clock& clock = systemClock);
 
 /// Mirrors one source into "Personal Files" of `latest`, which `destination` is anchored at.
 /// Failures become error lines of the engine's progress. Returns when all items have been reported, or

@@ -207,16 +207,37 @@ TEST_F(BackupReportWriterTest, aFailedManifestStandsInBackticks)
                     .startsWith(u"## Recovery Manifest\n`Failed`\n\n## Skipped / Errors\n"_s));
 }
 
-TEST_F(BackupReportWriterTest, twoRunsWithinOneSecondShareAName)
+TEST_F(BackupReportWriterTest, theReportsOfRunsWithinOneSecondAllStay)
 {
-    BackupReport second = sampleReport();
-    second.startedAt = second.startedAt.addMSecs(999);
-    second.filesCopied = 7;
-    ASSERT_TRUE(BackupReportWriter::write(sampleReport(), reports).has_value());
-    const auto written = BackupReportWriter::write(second, reports);
+    BackupReport report = sampleReport();
+    QStringList names;
+    for (const int run : {1, 2, 3}) {
+        report.startedAt = sampleReport().startedAt.addMSecs(300 * run);
+        report.filesCopied = run;
+        const auto written = BackupReportWriter::write(report, reports);
+        ASSERT_TRUE(written.has_value());
+        EXPECT_TRUE(
+            TestMac::read(written->mdURL).contains("| Files Copied | " + QByteArray::number(run) + " |"));
+        names += {written->jsonURL.lastPathComponent(), written->mdURL.lastPathComponent()};
+    }
+    EXPECT_EQ(
+        names,
+        (QStringList{u"backup-report-20260301-090500.json"_s, u"backup-report-20260301-090500.md"_s,
+                     u"backup-report-20260301-090500-2.json"_s, u"backup-report-20260301-090500-2.md"_s,
+                     u"backup-report-20260301-090500-3.json"_s, u"backup-report-20260301-090500-3.md"_s}));
+    EXPECT_EQ(namesInReports().size(), 6);
+    EXPECT_TRUE(TestMac::read(reports.appending(u"backup-report-20260301-090500.md"_s))
+                    .contains("| Files Copied | 1 |"));
+}
+
+TEST_F(BackupReportWriterTest, anEarlierReportWithoutItsMarkdownStaysToo)
+{
+    const FileURL earlier =
+        mac.writeFile("Volumes/Anchor/Reports/backup-report-20260301-090500.json", "earlier");
+    const auto written = BackupReportWriter::write(sampleReport(), reports);
     ASSERT_TRUE(written.has_value());
-    EXPECT_EQ(namesInReports().size(), 2);
-    EXPECT_TRUE(TestMac::read(written->mdURL).contains("| Files Copied | 7 |"));
+    EXPECT_EQ(written->mdURL.lastPathComponent(), u"backup-report-20260301-090500-2.md"_s);
+    EXPECT_EQ(TestMac::read(earlier), "earlier");
 }
 
 TEST_F(BackupReportWriterTest, withoutTheFolderNothingIsWrittenAndTheErrorIsGiven)

@@ -190,6 +190,35 @@ TEST_F(BackupRunnerTest, filesADeviceWithoutANameUnderMyMac)
     EXPECT_EQ(json->string(QStringLiteral("deviceName")), QStringLiteral("Unknown Mac"));
 }
 
+TEST_F(BackupRunnerTest, lastsNoTimeByAClockThatIsSetBack)
+{
+    mac.writeFile("Users/mira/Documents/a", "x");
+    const BackupJob order = job({documents});
+    const auto task = BackupTask::create(engine);
+    const QDateTime start(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC);
+    const auto clock = [start, reads = 0]() mutable { return start.addSecs(-3'600 * reads++); };
+    std::atomic<bool> hasEnded = false;
+    std::thread thread([&] {
+        BackupRunner::run(order, *task, clock);
+        hasEnded = true;
+    });
+    turnUntil([&] { return hasEnded.load(); });
+    thread.join();
+    ASSERT_TRUE(engine.lastReport().has_value());
+    EXPECT_EQ(engine.lastReport()->startedAt, start);
+    EXPECT_EQ(engine.lastReport()->durationSeconds(), 0.0);
+    EXPECT_TRUE(TestMac::read(reports().appendingNative("backup-report-20260302-090507.md"))
+                    .contains("**Duration:** 0.0s\n"));
+}
+
+TEST_F(BackupRunnerTest, keepsTheReportsOfRunsWithinOneSecond)
+{
+    mac.writeFile("Users/mira/Documents/a", "x");
+    for (int i = 0; i < 6; ++i)
+        run({documents});
+    EXPECT_EQ(everythingBelow(reports()).size(), 12);
+}
+
 TEST_F(BackupRunnerTest, doesNothingWithASourceOfHiddenItemsOnly)
 {
     mac.writeFile("Users/mira/Documents/.hidden/file", "x");

@@ -51,7 +51,7 @@ std::unique_ptr<icu::TimeZone> systemZone(const QDateTime& date)
 std::unique_ptr<icu::DateFormat> makeFormat(DateFormatter::Style dateStyle, DateFormatter::Style timeStyle)
 {
     using icu::DateFormat;
-    const icu::Locale locale = defaultIcuLocale();
+    const icu::Locale locale = dateIcuLocale();
     if (timeStyle == DateFormatter::Style::none)
         return std::unique_ptr<DateFormat>(DateFormat::createDateInstance(icuStyle(dateStyle), locale));
     if (dateStyle == DateFormatter::Style::none)
@@ -91,7 +91,7 @@ QString shape(QString text, DateFormatter::Conventions conventions)
 
 icu::Locale patternLocale(DateFormatter::Conventions conventions)
 {
-    return conventions == DateFormatter::Conventions::user ? defaultIcuLocale() : icu::Locale("en_US_POSIX");
+    return conventions == DateFormatter::Conventions::user ? dateIcuLocale() : icu::Locale("en_US_POSIX");
 }
 
 /// Kept for the next text: making one takes longer than reading with it, and a listing of folders

@@ -11,8 +11,9 @@ namespace DateFormatter {
 
 enum class Style { none, short_, medium, long_ };
 
-/// The date in the default locale and the system's time zone; empty for an invalid date and where
-/// both styles are `none`.
+/// The date in the system's time zone, in the formats that the user chose for dates and times, or, where
+/// the program has set a default locale, in those of that locale; empty for an invalid date and where both
+/// styles are `none`.
 [[nodiscard]] QString string(const QDateTime& date, Style dateStyle, Style timeStyle);
 
 /// ISO 8601 in UTC at whole seconds (cut, not rounded): "2026-03-01T09:05:00Z". Dates outside the
@@ -23,7 +24,7 @@ enum class Style { none, short_, medium, long_ };
 [[nodiscard]] std::optional<QDateTime> fromIso8601(const QString& text);
 
 /// Whose calendar and digits a text has: "en_US_POSIX" for what programs write for each other, the
-/// default locale for what people name.
+/// formats of `string` for what people name.
 enum class Conventions { posix, user };
 
 /// Reads a date with a fixed pattern of the Unicode date field symbols, such as

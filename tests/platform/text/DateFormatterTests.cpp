@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/text/DateFormatter.h"
 
+#include "tests/support/EnvironmentVariable.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 
@@ -72,6 +73,71 @@ TEST_F(DateFormatterTests, theDefaultLocaleDecidesAtEachCall)
     EXPECT_EQ(text(date, Style::medium, Style::short_), "2 Mar 2026, 14:05");
     m_mac.setLocale(QLocale(QLocale::Japanese, QLocale::Japan));
     EXPECT_EQ(text(date, Style::medium, Style::short_), "2026/03/02 14:05");
+}
+
+/// The user's settings as the desktop hands them to a program.
+class UsersFormatsTests : public DateFormatterTests
+{
+protected:
+    UsersFormatsTests()
+    {
+        m_all.unset();
+        m_language.set("en_US.UTF-8");
+        m_mac.setLocale(QLocale::system());
+    }
+
+    [[nodiscard]] std::string shown(const QByteArray& setting) const
+    {
+        m_time.set(setting);
+        return text(utc(2026, 3, 2, 17, 5, 7), Style::medium, Style::short_);
+    }
+
+    testing::EnvironmentVariable m_all{"LC_ALL"};
+    testing::EnvironmentVariable m_time{"LC_TIME"};
+    testing::EnvironmentVariable m_language{"LANG"};
+};
+
+TEST_F(UsersFormatsTests, datesFollowTheSettingForDatesAndNotTheLanguage)
+{
+    EXPECT_EQ(shown("de_DE.UTF-8"), "02.03.2026, 18:05");
+    EXPECT_EQ(shown("en_GB.UTF-8"), "2 Mar 2026, 18:05");
+    EXPECT_EQ(shown("en_US.UTF-8"), "Mar 2, 2026, 6:05\u202FPM");
+    EXPECT_EQ(shown("de_AT@euro"), "02.03.2026, 18:05");
+    EXPECT_EQ(shown("ja_JP"), "2026/03/02 18:05");
+}
+
+TEST_F(UsersFormatsTests, datesFollowTheCalendarAndTheScriptOfTheSetting)
+{
+    EXPECT_EQ(shown("th_TH.UTF-8"), "2 มี.ค. 2569 18:05");
+    EXPECT_EQ(shown("sr_RS.UTF-8@latin"), "2. 3. 2026. 18:05");
+    EXPECT_EQ(shown("sr_RS.UTF-8"), "2. 3. 2026. 18:05");
+    m_time.set("sr_RS.UTF-8@latin");
+    EXPECT_EQ(text(utc(2026, 3, 2), Style::long_, Style::none), "2. mart 2026.");
+    m_time.set("sr_RS.UTF-8");
+    EXPECT_EQ(text(utc(2026, 3, 2), Style::long_, Style::none), "2. март 2026.");
+}
+
+TEST_F(UsersFormatsTests, theSettingForAllComesFirstAndTheLanguageLast)
+{
+    EXPECT_EQ(shown(""), "Mar 2, 2026, 6:05\u202FPM");
+    m_language.set("de_DE.UTF-8");
+    EXPECT_EQ(shown(""), "02.03.2026, 18:05");
+    m_all.set("en_GB.UTF-8");
+    EXPECT_EQ(shown("de_DE.UTF-8"), "2 Mar 2026, 18:05");
+}
+
+TEST_F(UsersFormatsTests, theSettingOfMachinesAndNonsenseReadLikeAmericanEnglish)
+{
+    for (const char* setting : {"C", "C.UTF-8", "POSIX", ".UTF-8", "@euro"})
+        EXPECT_EQ(shown(setting), "Mar 2, 2026, 6:05\u202FPM") << setting;
+}
+
+TEST_F(UsersFormatsTests, whatPeopleNameIsReadInTheCalendarOfTheSetting)
+{
+    m_time.set("th_TH.UTF-8");
+    EXPECT_EQ(DateFormatter::fromPattern(QStringLiteral("2567-05-01-0930"), QStringLiteral("yyyy-MM-dd-HHmm"),
+                                         DateFormatter::Conventions::user),
+              utc(2024, 5, 1, 7, 30));
 }
 
 TEST_F(DateFormatterTests, theLocaleOfMachinesReadsLikeAmericanEnglish)
