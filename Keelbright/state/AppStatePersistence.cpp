@@ -81,12 +81,14 @@ void AppState::loadPersistedState()
     }
     setLastReport(config.lastReport);
     setLastBackupTime(config.lastBackupTime);
+    m_services.configStore.beginRewrite();
     // An empty list looks like a configuration that never held one, so the defaults stay.
     if (!config.enabledRecommendedFolders.isEmpty())
         enableRecommendedFolders(config.enabledRecommendedFolders);
     // Each of these saves, so the file is complete only after the last one.
     setCustomSources(config.customSources);
     setSelectedDestination(config.selectedDestination);
+    m_services.configStore.endRewrite();
     qCDebug(stateLog).noquote() << "loaded:" << choiceText(allEnabledSources(), m_selectedDestination);
     printDiagnostics();
 }

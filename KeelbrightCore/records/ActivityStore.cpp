@@ -12,6 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// In bytes: many times what the maximum of entries takes. A larger file is no log.
+constexpr qint64 maximumSize = qint64{16'000'000};
+
 /// The file has no quoting, so no text may hold a comma.
 QString withoutCommas(QString text)
 {
@@ -48,7 +51,7 @@ ActivityStore::ActivityStore(const FileURL& applicationSupport)
 
 QList<ActivityEntry> ActivityStore::load() const
 {
-    const auto data = FileManager::defaultManager().contents(m_fileURL);
+    const auto data = FileManager::defaultManager().contents(m_fileURL, maximumSize);
     if (!data)
         return {};
     const auto objects = decodeJsonArray(*data);

@@ -25,7 +25,7 @@ protected:
     }
 
     /// What a load prints; checks that it gives the empty configuration.
-    [[nodiscard]] QString outputOfFailedLoad() const
+    [[nodiscard]] QString outputOfFailedLoad()
     {
         return standardOutputOf([&] { EXPECT_EQ(store.load(), AppConfiguration()); });
     }

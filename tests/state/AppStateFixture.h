@@ -53,7 +53,7 @@ protected:
 
     AppServices services() { return {configStore, activityStore, userDefaults, chooser, mac.clock()}; }
 
-    [[nodiscard]] AppConfiguration savedConfiguration() const { return configStore.load(); }
+    [[nodiscard]] AppConfiguration savedConfiguration() { return configStore.load(); }
 
     /// The saved content after each save since the last call.
     [[nodiscard]] QList<AppConfiguration> takeSaves()

@@ -185,9 +185,12 @@ TEST_F(AppStateLoadingTest, aDamagedFileStartsOverWithTheDefaults)
 {
     mac.writeFile("Users/mira/.local/share/Keelbright/config.json", "{\"customSources\": [");
     const auto state = makeState();
-    EXPECT_EQ(output,
-              u"Failed to decode config: The JSON text is not valid at byte 19: unterminated array.\n"_s +
-                  diagnostics());
+    EXPECT_TRUE(output.startsWith(
+        u"Failed to decode config: The JSON text is not valid at byte 19: unterminated array.\n"
+        "Kept the config that could not be loaded: "_s +
+        configStore.configURL().path() + u".unusable-"_s));
+    EXPECT_TRUE(output.endsWith(u'\n' + diagnostics()));
+    EXPECT_EQ(output.count(u'\n'), 2 + diagnostics().count(u'\n'));
     EXPECT_EQ(enabledNames(*state), defaultNames);
     EXPECT_FALSE(state->selectedDestination().has_value());
     EXPECT_EQ(savedConfiguration().enabledRecommendedFolders, defaultNames);

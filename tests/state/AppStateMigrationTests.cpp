@@ -173,7 +173,10 @@ TEST_F(AppStateMigrationTest, aDamagedFileIsMigratedOver)
 {
     mac.writeFile("Users/mira/.local/share/Keelbright/config.json", "{}");
     const auto state = makeState();
-    EXPECT_EQ(output, u"Failed to decode config: The value \"customSources\" is missing.\n"_s + announcement);
+    EXPECT_TRUE(output.startsWith(u"Failed to decode config: The value \"customSources\" is missing.\n"_s +
+                                  announcement + u"Kept the config that could not be loaded: "_s +
+                                  configStore.configURL().path() + u".unusable-"_s));
+    EXPECT_EQ(output.count(u'\n'), 3);
     EXPECT_EQ(state->selectedDestination(), drive());
 }
 

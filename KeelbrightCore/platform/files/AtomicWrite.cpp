@@ -2,6 +2,8 @@
 
 #include "KeelbrightCore/platform/files/UnpublishedFile.h"
 
+#include <array>
+#include <climits>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <tuple>
@@ -33,6 +35,25 @@ std::expected<void, int> replace(int folder, const QByteArray& name, const QByte
     return done;
 }
 
+/// The place to which a chain of links leads, whether there is a file or not.
+std::expected<FileURL, int> behindLinks(const FileURL& url)
+{
+    constexpr int maximumLinks = 40; // as many as the system follows
+    FileURL place = url;
+    for (int followed = 0; followed <= maximumLinks; ++followed) {
+        std::array<char, PATH_MAX> buffer = {};
+        const ssize_t length = ::readlink(place.nativePath().constData(), buffer.data(), buffer.size());
+        if (length < 0 && (errno == EINVAL || errno == ENOENT))
+            return place;
+        if (length < 0)
+            return std::unexpected(errno);
+        const QByteArray target(buffer.data(), length);
+        place = target.startsWith('/') ? FileURL::fromNativePath(target)
+                                       : place.deletingLastPathComponent().appendingNative(target);
+    }
+    return std::unexpected(ELOOP);
+}
+
 } // namespace
 
 std::expected<void, FileError> atomicWrite(int folder, const QByteArray& name, const QByteArray& data)
@@ -46,12 +67,15 @@ std::expected<void, FileError> atomicWrite(int folder, const QByteArray& name, c
 
 std::expected<void, FileError> atomicWrite(const FileURL& url, const QByteArray& data)
 {
-    const FileURL parent = url.deletingLastPathComponent();
+    const auto file = behindLinks(url);
+    if (!file)
+        return failure(FileError::Operation::written, url, file.error());
+    const FileURL parent = file->deletingLastPathComponent();
     const FileDescriptor folder(retrying(
         [&] { return ::open(parent.nativePath().constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
     if (!folder.isOpen())
         return failure(FileError::Operation::written, url, errno);
-    return atomicWrite(folder.get(), url.nativeLastPathComponent(), data);
+    return atomicWrite(folder.get(), file->nativeLastPathComponent(), data);
 }
 
 } // namespace keelbright

@@ -116,6 +116,8 @@ QString reasonText(const FileError& error)
         return translated("a drive is mounted there");
     case FileError::Reason::trashOpenToOthers:
         return translated("the Trash of its drive is not safe from other users");
+    case FileError::Reason::tooLarge:
+        return translated("it is too large");
     case FileError::Reason::stopped:
         return translated("the program is quitting");
     }

@@ -40,6 +40,7 @@ struct FileError
         neededInItsPlace,  ///< one of the machine's own folders, or a folder that holds one
         driveMounted,      ///< the item is, or holds, a place where a drive is mounted
         trashOpenToOthers, ///< the only Trash for the item belongs to somebody else, or others may change it
+        tooLarge,          ///< more than the caller takes into memory
         stopped,           ///< the program is quitting
     };
 

@@ -71,13 +71,31 @@ public:
     /// copies to another volume.
     [[nodiscard]] virtual std::expected<void, FileError> moveItem(const FileURL& source,
                                                                   const FileURL& target) = 0;
+    /// Gives a file a second name on its volume and brings it onto the drive. A write to the file replaces
+    /// the one and leaves the other. Fails rather than replaces, and where the volume knows one name only.
+    [[nodiscard]] virtual std::expected<void, FileError> linkItem(const FileURL& item,
+                                                                  const FileURL& secondName) = 0;
+    /// Removes a file that the program has made for itself; one that does not exist is fine. What is the
+    /// user's goes to the Trash.
+    [[nodiscard]] virtual std::expected<void, FileError> removeOwnFile(const FileURL& file) = 0;
     /// Moves to the Trash of the item's volume; gives its new place. What already lies in the
     /// Trash is refused, and so are the home, the standard folders of the home and of its Library,
     /// everything above them, and places where drives are mounted.
     [[nodiscard]] virtual std::expected<FileURL, FileError> trashItem(const FileURL& url) = 0;
 
-    [[nodiscard]] virtual std::expected<QByteArray, FileError> contents(const FileURL& url) const = 0;
-    /// Replaces the file's content in one step: a crash leaves the old or the new file whole.
+    /// Far above any file that the program writes, so that nothing read by mistake uses up the memory.
+    static constexpr qint64 maximumContents = qint64{1'000'000'000};
+
+    [[nodiscard]] std::expected<QByteArray, FileError> contents(const FileURL& url) const
+    {
+        return contents(url, maximumContents);
+    }
+
+    /// The whole file; one of more than `maximumSize` bytes is refused with `Reason::tooLarge`.
+    [[nodiscard]] virtual std::expected<QByteArray, FileError> contents(const FileURL& url,
+                                                                        qint64 maximumSize) const = 0;
+    /// Replaces the file's content in one step: a crash leaves the old or the new file whole. Of a link,
+    /// the file behind it is replaced.
     [[nodiscard]] virtual std::expected<void, FileError> writeAtomically(const FileURL& url,
                                                                          const QByteArray& data) = 0;
 

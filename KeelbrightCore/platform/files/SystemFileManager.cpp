@@ -8,9 +8,12 @@
 #include "KeelbrightCore/platform/files/SystemCopyDestination.h"
 #include "KeelbrightCore/platform/files/Trash.h"
 
+#include <array>
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
+#include <tuple>
 
 namespace keelbright {
 
@@ -33,6 +36,17 @@ std::expected<void, FileError> createOneDirectory(const FileURL& url)
     if (!S_ISDIR(status.st_mode))
         return failure(FileError::Operation::created, url, ENOTDIR);
     return {};
+}
+
+/// The home that the user database names; empty where it knows none.
+QByteArray homeInUserDatabase()
+{
+    std::array<char, 16384> buffer = {};
+    passwd entry = {};
+    passwd* found = nullptr;
+    if (::getpwuid_r(::getuid(), &entry, buffer.data(), buffer.size(), &found) != 0 || found == nullptr)
+        return {};
+    return found->pw_dir;
 }
 
 } // namespace
@@ -143,7 +157,25 @@ std::expected<FileURL, FileError> SystemFileManager::trashItem(const FileURL& ur
                               ProtectedPlaces::of(*this));
 }
 
-std::expected<QByteArray, FileError> SystemFileManager::contents(const FileURL& url) const
+std::expected<void, FileError> SystemFileManager::linkItem(const FileURL& item, const FileURL& secondName)
+{
+    if (::linkat(AT_FDCWD, item.nativePath().constData(), AT_FDCWD, secondName.nativePath().constData(),
+                 AT_SYMLINK_FOLLOW) != 0)
+        return failure(FileError::Operation::copied, item, errno);
+    const FileDescriptor folder(::open(secondName.deletingLastPathComponent().nativePath().constData(),
+                                       O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    std::ignore = ::fsync(folder.get()); // some file systems can't flush a folder
+    return {};
+}
+
+std::expected<void, FileError> SystemFileManager::removeOwnFile(const FileURL& file)
+{
+    if (::unlink(file.nativePath().constData()) != 0 && errno != ENOENT)
+        return failure(FileError::Operation::removed, file, errno);
+    return {};
+}
+
+std::expected<QByteArray, FileError> SystemFileManager::contents(const FileURL& url, qint64 maximumSize) const
 {
     const FileDescriptor file(retrying(
         [&] { return ::open(url.nativePath().constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
@@ -152,10 +184,13 @@ std::expected<QByteArray, FileError> SystemFileManager::contents(const FileURL& 
         return failure(FileError::Operation::read, url, errno);
     if (!S_ISREG(status.st_mode))
         return failure(FileError::Operation::read, url, FileError::Reason::notARegularFile);
+    if (status.st_size > maximumSize)
+        return failure(FileError::Operation::read, url, FileError::Reason::tooLarge);
     constexpr qsizetype piece = qsizetype{64} * 1024;
     QByteArray data;
     data.reserve(status.st_size);
-    for (;;) {
+    // Some files hold more than their size says.
+    while (data.size() <= maximumSize) {
         const qsizetype size = data.size();
         data.resize(size + piece);
         const ssize_t got = retrying([&] { return ::read(file.get(), data.data() + size, piece); });
@@ -165,6 +200,7 @@ std::expected<QByteArray, FileError> SystemFileManager::contents(const FileURL& 
         if (got == 0)
             return data;
     }
+    return failure(FileError::Operation::read, url, FileError::Reason::tooLarge);
 }
 
 std::expected<void, FileError> SystemFileManager::writeAtomically(const FileURL& url, const QByteArray& data)
@@ -174,7 +210,8 @@ std::expected<void, FileError> SystemFileManager::writeAtomically(const FileURL&
 
 FileURL SystemFileManager::homeDirectory() const
 {
-    return FileURL::fromNativePath(qgetenv("HOME"));
+    const QByteArray home = qgetenv("HOME");
+    return FileURL::fromNativePath(home.startsWith('/') ? home : homeInUserDatabase());
 }
 
 FileURL SystemFileManager::applicationSupportDirectory() const

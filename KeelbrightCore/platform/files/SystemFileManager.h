@@ -4,7 +4,8 @@
 
 namespace keelbright {
 
-/// The real file system. `homeDirectory` is `$HOME`; on Linux application support is
+/// The real file system. `homeDirectory` is `$HOME`, else what the user database says; on Linux application
+/// support is
 /// `$XDG_DATA_HOME`, else `.local/share` below the home. A test overrides these places to lay a
 /// whole machine into a temporary folder.
 class SystemFileManager : public FileManager
@@ -27,7 +28,12 @@ public:
     [[nodiscard]] std::expected<void, FileError> moveItem(const FileURL& source,
                                                           const FileURL& target) override;
     [[nodiscard]] std::expected<FileURL, FileError> trashItem(const FileURL& url) override;
-    [[nodiscard]] std::expected<QByteArray, FileError> contents(const FileURL& url) const override;
+    [[nodiscard]] std::expected<void, FileError> linkItem(const FileURL& item,
+                                                          const FileURL& secondName) override;
+    [[nodiscard]] std::expected<void, FileError> removeOwnFile(const FileURL& file) override;
+    using FileManager::contents;
+    [[nodiscard]] std::expected<QByteArray, FileError> contents(const FileURL& url,
+                                                                qint64 maximumSize) const override;
     [[nodiscard]] std::expected<void, FileError> writeAtomically(const FileURL& url,
                                                                  const QByteArray& data) override;
     [[nodiscard]] FileURL homeDirectory() const override;

@@ -3,7 +3,9 @@
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/TestMac.h"
 
+#include <cerrno>
 #include <gmock/gmock.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -110,6 +112,39 @@ TEST_F(SystemFileManagerTest, readsWholeFilesAndNothingElse)
     EXPECT_EQ(files.contents(folder.appending(QStringLiteral("none"))).error().code, ENOENT);
 }
 
+TEST_F(SystemFileManagerTest, refusesToReadMoreThanTheMaximum)
+{
+    const FileURL file = mac.writeFile("folder/file", "12345");
+    EXPECT_EQ(files.contents(file, 5), "12345");
+    EXPECT_EQ(files.contents(file, 4).error().localizedDescription(),
+              QStringLiteral("“file” could not be read: it is too large."));
+    ASSERT_EQ(::truncate(file.nativePath().constData(), 40'000'000'000), 0);
+    EXPECT_EQ(files.contents(file).error().reason, FileError::Reason::tooLarge);
+}
+
+TEST_F(SystemFileManagerTest, refusesAFileThatHoldsMoreThanItsSizeSays)
+{
+    const FileURL file = FileURL::fromNativePath("/proc/self/status");
+    EXPECT_TRUE(files.contents(file).has_value());
+    EXPECT_EQ(files.contents(file, 20).error().reason, FileError::Reason::tooLarge);
+}
+
+TEST_F(SystemFileManagerTest, givesAFileASecondNameThatOutlivesAWriteToTheFirst)
+{
+    const FileURL file = mac.writeFile("folder/file", "old");
+    const FileURL second = folder.appending(QStringLiteral("second"));
+    ASSERT_TRUE(files.linkItem(file, second).has_value());
+    ASSERT_TRUE(files.writeAtomically(file, "new").has_value());
+    EXPECT_EQ(testing::TestMac::read(second), "old");
+    EXPECT_EQ(files.linkItem(file, second).error().code, EEXIST);
+    EXPECT_EQ(testing::TestMac::read(second), "old");
+    EXPECT_TRUE(files.removeOwnFile(second).has_value());
+    EXPECT_FALSE(files.fileExists(second).exists);
+    EXPECT_TRUE(files.removeOwnFile(second).has_value()) << "it is gone already";
+    EXPECT_FALSE(files.removeOwnFile(folder).has_value()) << "no folder is removed";
+    EXPECT_EQ(testing::TestMac::read(file), "new");
+}
+
 TEST_F(SystemFileManagerTest, writesAtomicallyWithoutLeavingATrace)
 {
     const FileURL file = folder.appending(QStringLiteral("config.json"));
@@ -121,6 +156,45 @@ TEST_F(SystemFileManagerTest, writesAtomicallyWithoutLeavingATrace)
     ASSERT_EQ(::stat(file.nativePath().constData(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777U, 0600U) << "the old file's mode is kept";
     EXPECT_EQ(files.contentsOfDirectory(folder, {})->size(), 1);
+}
+
+TEST_F(SystemFileManagerTest, writesToTheFileBehindALink)
+{
+    const FileURL file = mac.writeFile("elsewhere/file", "old");
+    ASSERT_EQ(::chmod(file.nativePath().constData(), 0640), 0);
+    const FileURL link = folder.appending(QStringLiteral("link"));
+    const FileURL linkToLink = folder.appending(QStringLiteral("linkToLink"));
+    ASSERT_EQ(::symlink("../elsewhere/file", link.nativePath().constData()), 0);
+    ASSERT_EQ(::symlink(link.nativePath().constData(), linkToLink.nativePath().constData()), 0);
+    ASSERT_TRUE(files.writeAtomically(linkToLink, "new").has_value());
+    EXPECT_EQ(testing::TestMac::read(file), "new");
+    struct stat status = {};
+    for (const FileURL& place : {link, linkToLink}) {
+        ASSERT_EQ(::lstat(place.nativePath().constData(), &status), 0);
+        EXPECT_TRUE(S_ISLNK(status.st_mode));
+    }
+    ASSERT_EQ(::lstat(file.nativePath().constData(), &status), 0);
+    EXPECT_EQ(status.st_mode, S_IFREG | 0640U);
+}
+
+TEST_F(SystemFileManagerTest, aLinkThatLeadsNowhereStaysALink)
+{
+    const FileURL link = folder.appending(QStringLiteral("link"));
+    ASSERT_EQ(::symlink("later", link.nativePath().constData()), 0);
+    ASSERT_TRUE(files.writeAtomically(link, "data").has_value());
+    EXPECT_EQ(testing::TestMac::read(folder.appending(QStringLiteral("later"))), "data");
+    const FileURL unplugged = folder.appending(QStringLiteral("unplugged"));
+    ASSERT_EQ(::symlink("/no/such/drive/file", unplugged.nativePath().constData()), 0);
+    EXPECT_EQ(files.writeAtomically(unplugged, "data").error().localizedDescription(),
+              QStringLiteral("“unplugged” could not be written: it does not exist."));
+    const FileURL circle = folder.appending(QStringLiteral("circle"));
+    ASSERT_EQ(::symlink("circle", circle.nativePath().constData()), 0);
+    EXPECT_EQ(files.writeAtomically(circle, "data").error().code, ELOOP);
+    for (const FileURL& place : {link, unplugged, circle}) {
+        struct stat status = {};
+        ASSERT_EQ(::lstat(place.nativePath().constData(), &status), 0);
+        EXPECT_TRUE(S_ISLNK(status.st_mode));
+    }
 }
 
 TEST_F(SystemFileManagerTest, leavesTheOldFileWhenAWriteFails)
@@ -170,6 +244,19 @@ TEST(SystemFileManagerPlaces, followTheEnvironment)
     dataHome.set("relative");
     EXPECT_EQ(files.applicationSupportDirectory().nativePath(), "/Users/someone/.local/share");
     EXPECT_EQ(files.systemLocation(QStringLiteral("/Applications")).nativePath(), "/Applications");
+}
+
+TEST(SystemFileManagerPlaces, withoutHomeTheUserDatabaseIsAsked)
+{
+    const testing::EnvironmentVariable home("HOME");
+    const passwd* user = ::getpwuid(::getuid());
+    if (user == nullptr)
+        GTEST_SKIP() << "the user database does not know the user of the tests";
+    const SystemFileManager files;
+    home.unset();
+    EXPECT_EQ(files.homeDirectory(), FileURL::fromNativePath(user->pw_dir));
+    home.set("relative");
+    EXPECT_EQ(files.homeDirectory(), FileURL::fromNativePath(user->pw_dir));
 }
 
 TEST(FileManagerGuard, standsInForTheDefaultWhileItLives)
