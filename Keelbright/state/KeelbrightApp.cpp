@@ -3,6 +3,9 @@
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+
 namespace keelbright {
 
 namespace {
@@ -23,6 +26,8 @@ KeelbrightApp::KeelbrightApp(FolderChooser& folderChooser, AppLookup lookup)
 
 bool KeelbrightApp::shutDown()
 {
+    // A backup that has ended in this very moment is still saved and logged.
+    QCoreApplication::sendPostedEvents(&m_state, QEvent::MetaCall);
     return m_state.engine().shutDown(shutDownTimeout);
 }
 

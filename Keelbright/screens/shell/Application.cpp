@@ -4,16 +4,22 @@
 #include "Keelbright/screens/shell/DialogFileChooser.h"
 #include "Keelbright/screens/shell/DialogFolderChooser.h"
 #include "Keelbright/screens/shell/MainWindow.h"
+#include "Keelbright/screens/shell/SingleInstance.h"
 #include "Keelbright/state/KeelbrightApp.h"
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "Keelbright/widgets/theme/DesktopSettings.h"
 #include "Keelbright/widgets/theme/Symbol.h"
 #include "Keelbright/widgets/theme/Theme.h"
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/system/Console.h"
+#include "KeelbrightCore/platform/system/EndRequests.h"
+#include "KeelbrightCore/platform/system/FileSizeLimit.h"
 #include "KeelbrightCore/platform/system/ProgramVersion.h"
 
 #include <QApplication>
 #include <cstdio>
 #include <cstdlib>
+#include <tuple>
 
 namespace keelbright {
 
@@ -32,8 +38,26 @@ void followDesktop(const DesktopSettings& desktop)
     applyMotion();
 }
 
-int runWindow(QApplication& application, AppLookup lookup)
+/// The folder of the settings, made where it is missing.
+FileURL settingsFolder()
 {
+    FileManager& files = FileManager::defaultManager();
+    FileURL folder = files.applicationSupportDirectory().appending(u"Keelbright"_s);
+    std::ignore = files.createDirectory(folder); // the store of the settings reports it
+    return folder;
+}
+
+/// Lets the system end the program: no question is asked then, and a backup stops before its next item.
+void followEndOfSession(const QApplication& application, const EndRequests& endRequests, MainWindow& window)
+{
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
+                     &MainWindow::closeWithoutAsking, Qt::DirectConnection);
+    QObject::connect(&endRequests, &EndRequests::received, &application, [] { QCoreApplication::exit(0); });
+}
+
+int runWindow(QApplication& application, SingleInstance& instance, AppLookup lookup)
+{
+    const EndRequests endRequests;
     const DesktopSettings desktop;
     followDesktop(desktop);
     Theme::instance().install();
@@ -45,8 +69,11 @@ int runWindow(QApplication& application, AppLookup lookup)
     KeelbrightApp app(chooser, std::move(lookup));
     MainWindow window({app.state(), alerts, workspace, files});
     QObject::connect(&window, &MainWindow::closed, &application, &QCoreApplication::quit);
+    QObject::connect(&instance, &SingleInstance::activationRequested, &window, &MainWindow::bringToFront);
+    followEndOfSession(application, endRequests, window);
     window.show();
     const int code = QApplication::exec();
+    instance.stopListening();
     window.hide();
     if (!app.shutDown()) {
         std::fflush(stdout);
@@ -59,6 +86,7 @@ int runWindow(QApplication& application, AppLookup lookup)
 
 int runApplication(int argc, char** argv, AppLookup lookup)
 {
+    reportFileSizeLimitAsError();
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"Keelbright"_s);
     QCoreApplication::setApplicationVersion(programVersion());
@@ -66,7 +94,17 @@ int runApplication(int argc, char** argv, AppLookup lookup)
     QGuiApplication::setDesktopFileName(u"keelbright"_s);
     QGuiApplication::setWindowIcon(
         Symbol::icon(u"shippingbox.fill"_s, Theme::instance().color(Role::accent)));
-    return runWindow(application, std::move(lookup));
+    SingleInstance instance(settingsFolder());
+    switch (instance.start()) {
+    case SingleInstance::Start::first:
+        return runWindow(application, instance, std::move(lookup));
+    case SingleInstance::Start::handedOver:
+        return 0;
+    case SingleInstance::Start::unanswered:
+        printLine(u"Keel Bright is already running, but it does not answer."_s);
+        return 0;
+    }
+    Q_UNREACHABLE();
 }
 
 } // namespace keelbright

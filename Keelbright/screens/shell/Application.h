@@ -4,7 +4,8 @@
 
 namespace keelbright {
 
-/// Runs the program with its window on the current default file manager, and returns the exit code.
+/// Runs the program with its window on the current default file manager, and returns the exit code. Where
+/// it runs on the same settings already, that window comes to the front instead.
 /// If a backup can't be stopped at quitting, as on a drive that hangs, it does not return but ends
 /// the process.
 int runApplication(int argc, char** argv, AppLookup lookup = appStoreLookup);

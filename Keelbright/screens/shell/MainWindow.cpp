@@ -6,6 +6,7 @@
 #include "Keelbright/screens/shell/SidebarView.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/AlertPresenter.h"
+#include "KeelbrightCore/platform/system/Logging.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -23,6 +24,11 @@ MainWindow::MainWindow(const ScreenContext& context, QWidget* parent)
     resize(startingSize.boundedTo(screen()->availableSize()));
     makeMenus();
     connect(&context.state, &AppState::isOnboardingCompletedChanged, this, &MainWindow::showOnboardingOrMain);
+    // What was agreed for one backup does not hold for the next.
+    connect(&context.state.engine(), &BackupEngine::isRunningChanged, this, [this] {
+        if (m_context.state.engine().isRunning())
+            m_mayClose = false;
+    });
     showOnboardingOrMain();
 }
 
@@ -78,6 +84,20 @@ void MainWindow::showSettings()
     m_settings->show();
     m_settings->raise();
     m_settings->activateWindow();
+}
+
+void MainWindow::bringToFront()
+{
+    qCDebug(screensLog) << "window brought to the front";
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+void MainWindow::closeWithoutAsking()
+{
+    m_mayClose = true;
 }
 
 void MainWindow::toggleSidebar()

@@ -27,6 +27,13 @@ public:
     /// Opens the settings window, or brings it to the front.
     void showSettings();
 
+    /// Shows the window above others, also if it was minimized.
+    void bringToFront();
+
+    /// From now on closing does not ask about the backup that is running, as the session ends and takes no
+    /// answer; the backup stops then. A later one is asked about again.
+    void closeWithoutAsking();
+
 Q_SIGNALS:
     /// The window has closed, and the program can end.
     void closed();

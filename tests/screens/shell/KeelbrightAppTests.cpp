@@ -2,6 +2,7 @@
 
 #include "tests/support/FakeFolderChooser.h"
 #include "tests/support/Printing.h"
+#include "tests/support/SampleReport.h"
 #include "tests/support/StandardOutput.h"
 #include "tests/support/TestMac.h"
 
@@ -22,6 +23,22 @@ TEST(KeelbrightApp, ownsOneStateOnTheStoresOfItsMachineAndShutsDownCleanly)
     });
     EXPECT_TRUE(output.contains(QStringLiteral("--- Keel Bright Diagnostics ---")));
     EXPECT_TRUE(output.contains(mac.home().path()));
+}
+
+TEST(KeelbrightApp, aBackupThatHasJustEndedIsLoggedBeforeItShutsDown)
+{
+    const testing::TestMac mac;
+    testing::FakeFolderChooser chooser;
+    (void)testing::standardOutputOf([&] {
+        KeelbrightApp app(chooser);
+        BackupEngine& engine = app.state().engine();
+        engine.setIsRunning(true);
+        engine.setLastReport(testing::sampleReport());
+        engine.setIsRunning(false);
+        EXPECT_FALSE(app.state().lastReport().has_value());
+        EXPECT_TRUE(app.shutDown());
+        EXPECT_EQ(app.state().lastReport(), testing::sampleReport());
+    });
 }
 
 } // namespace keelbright

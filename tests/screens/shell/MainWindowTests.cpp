@@ -174,6 +174,39 @@ TEST_F(MainWindowTest, stopCancelsTheBackupAndClosesWithoutAskingAgain)
     EXPECT_EQ(alerts.requests().size(), 1);
 }
 
+TEST_F(MainWindowTest, whenTheSessionEndsItClosesWithoutAsking)
+{
+    const QSignalSpy closed(&window, &MainWindow::closed);
+    window.show();
+    state->engine().setIsRunning(true);
+    window.closeWithoutAsking();
+    EXPECT_FALSE(state->engine().isCancelled()) << "the session may go on after all";
+    EXPECT_TRUE(window.close());
+    EXPECT_EQ(closed.count(), 1);
+    EXPECT_TRUE(alerts.requests().isEmpty());
+}
+
+TEST_F(MainWindowTest, ofALaterBackupItAsksAgain)
+{
+    window.show();
+    state->engine().setIsRunning(true);
+    window.closeWithoutAsking();
+    state->engine().setIsRunning(false);
+    state->engine().setIsRunning(true);
+    EXPECT_FALSE(window.close());
+    EXPECT_EQ(alerts.requests().size(), 1);
+}
+
+TEST_F(MainWindowTest, comesToTheFrontAlsoFromItsIcon)
+{
+    window.show();
+    window.showMinimized();
+    window.bringToFront();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(window.isMinimized());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
 TEST_F(MainWindowTest, everyMenuEntryHasAShortcut)
 {
     QStringList texts;

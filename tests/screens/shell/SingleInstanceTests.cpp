@@ -1,0 +1,144 @@
+#include "Keelbright/screens/shell/SingleInstance.h"
+#include "tests/support/TestMac.h"
+
+#include <QFile>
+#include <QLocalSocket>
+#include <QSignalSpy>
+#include <QTest>
+#include <QThread>
+#include <QtConcurrent>
+#include <gtest/gtest.h>
+#include <optional>
+
+namespace keelbright {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using Start = SingleInstance::Start;
+
+constexpr auto longPatience = 60s; // of a machine that is busy
+
+class SingleInstanceTest : public ::testing::Test
+{
+protected:
+    /// Another start of the program, beside the event loop of this one.
+    [[nodiscard]] QFuture<Start> startAnother(std::chrono::milliseconds patience = longPatience) const
+    {
+        return QtConcurrent::run([folder = folder, patience] {
+            SingleInstance another(folder);
+            return another.start(patience);
+        });
+    }
+
+    static Start resultOf(const QFuture<Start>& start)
+    {
+        while (!start.isFinished())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 10);
+        return start.result();
+    }
+
+    testing::TestMac mac;
+    FileURL folder = mac.makeFolder("settings");
+};
+
+} // namespace
+
+TEST_F(SingleInstanceTest, theFirstIsFirstAndHearsOfEachOther)
+{
+    SingleInstance first(folder);
+    const QSignalSpy requests(&first, &SingleInstance::activationRequested);
+    EXPECT_EQ(first.start(), Start::first);
+    EXPECT_EQ(resultOf(startAnother()), Start::handedOver);
+    EXPECT_EQ(resultOf(startAnother()), Start::handedOver);
+    EXPECT_EQ(requests.count(), 2);
+}
+
+TEST_F(SingleInstanceTest, anotherFolderIsAnotherProgram)
+{
+    SingleInstance first(folder);
+    EXPECT_EQ(first.start(), Start::first);
+    SingleInstance other(mac.makeFolder("other"));
+    EXPECT_EQ(other.start(), Start::first);
+}
+
+TEST_F(SingleInstanceTest, aLinkToTheFolderIsTheSameProgram)
+{
+    SingleInstance first(folder);
+    EXPECT_EQ(first.start(), Start::first);
+    const FileURL link = mac.root().appending(u"link"_s);
+    ASSERT_TRUE(QFile::link(folder.path(), link.path()));
+    folder = link;
+    EXPECT_EQ(resultOf(startAnother()), Start::handedOver);
+}
+
+TEST_F(SingleInstanceTest, aFirstThatDoesNotAnswerIsReported)
+{
+    SingleInstance first(folder);
+    EXPECT_EQ(first.start(), Start::first);
+    // Its event loop stands still meanwhile.
+    SingleInstance another(folder);
+    EXPECT_EQ(another.start(300ms), Start::unanswered);
+}
+
+TEST_F(SingleInstanceTest, aFirstThatIsJustStartingAnswersOnceItsEventLoopRuns)
+{
+    SingleInstance first(folder);
+    const QSignalSpy requests(&first, &SingleInstance::activationRequested);
+    EXPECT_EQ(first.start(), Start::first);
+    const QFuture<Start> another = startAnother();
+    QThread::msleep(300); // the first is loading
+    EXPECT_FALSE(another.isFinished());
+    EXPECT_EQ(resultOf(another), Start::handedOver);
+    EXPECT_EQ(requests.count(), 1);
+}
+
+TEST_F(SingleInstanceTest, aFirstWithoutItsSocketYetIsWaitedFor)
+{
+    std::optional<FolderLock> lock(folder);
+    ASSERT_EQ(lock->tryToTake(), FolderLock::Outcome::taken);
+    const QFuture<Start> another = startAnother();
+    QThread::msleep(100);
+    EXPECT_FALSE(another.isFinished());
+    lock.reset();
+    EXPECT_EQ(resultOf(another), Start::first);
+}
+
+TEST_F(SingleInstanceTest, aFirstThatEndsMakesRoom)
+{
+    std::optional<SingleInstance> first(folder);
+    EXPECT_EQ(first->start(), Start::first);
+    first->stopListening();
+    const QFuture<Start> another = startAnother();
+    QThread::msleep(100); // the lock is still held
+    EXPECT_FALSE(another.isFinished());
+    first.reset();
+    EXPECT_EQ(resultOf(another), Start::first);
+}
+
+TEST_F(SingleInstanceTest, withoutAFolderTheSocketKeepsItOne)
+{
+    folder = mac.root().appending(u"none"_s);
+    SingleInstance first(folder);
+    EXPECT_EQ(first.start(), Start::first);
+    EXPECT_EQ(resultOf(startAnother()), Start::handedOver);
+}
+
+TEST_F(SingleInstanceTest, otherTextIsNoRequest)
+{
+    SingleInstance first(folder);
+    const QSignalSpy requests(&first, &SingleInstance::activationRequested);
+    EXPECT_EQ(first.start(), Start::first);
+    QLocalSocket peer;
+    peer.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
+    peer.connectToServer(first.socketName());
+    ASSERT_TRUE(peer.waitForConnected());
+    peer.write("hide and more\n");
+    const QSignalSpy left(&peer, &QLocalSocket::disconnected);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return left.count() == 1; }, 60'000));
+    EXPECT_EQ(peer.readAll(), QByteArray());
+    EXPECT_EQ(requests.count(), 0);
+}
+
+} // namespace keelbright
