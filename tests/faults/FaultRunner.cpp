@@ -4,19 +4,22 @@
 //     fault-runner [--hold=work] --work=clean <machine>
 //     fault-runner [--hold=work] --work=remove <machine> <bundle>
 //     fault-runner [--hold=work] --work=organize <machine> <folder>
+//     fault-runner [--hold=work] --work=start <machine>
 // `machine` is the folder of a made-up machine. A backup saves config.json and activity.json at its
 // end, as the program does. Prints the outcome as one line of JSON.
 //
-// With --hold it stops right before the run, before the records or before files are moved: it prints
+// With --hold it stops right before the run, before the records or before the work: it prints
 // the id of the thread that does that part, and continues when it reads a line. A watcher of that
 // thread then gets the system calls of that part only.
 
 #include "KeelbrightCore/backup/BackupEngine.h"
+#include "KeelbrightCore/platform/system/FileSizeLimit.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 #include "tests/faults/CareWork.h"
 #include "tests/faults/Holding.h"
 #include "tests/faults/OneWorker.h"
+#include "tests/faults/StartWork.h"
 #include "tests/support/SandboxFileManager.h"
 
 #include <QCoreApplication>
@@ -91,12 +94,14 @@ int backUp(const QStringList& folders, const QString& held)
     return testing::printOutcome(outcome(engine));
 }
 
-int care(const QString& work, const QStringList& folders, const QString& held)
+int doWork(const QString& work, const QStringList& folders, const QString& held)
 {
     const auto ready = [&held] {
         if (held == u"work")
             testing::hold(::gettid());
     };
+    if (work == u"start")
+        return testing::printOutcome(testing::startProgram(ready));
     const FileURL place = FileURL::fromPath(folders.value(1));
     if (work == u"clean")
         return testing::printOutcome(testing::clean(ready));
@@ -109,11 +114,12 @@ qsizetype minimumFolders(const QString& work)
 {
     if (work.isEmpty())
         return 3;
-    return work == u"clean" ? 1 : 2;
+    return work == u"clean" || work == u"start" ? 1 : 2;
 }
 
 int run(int argumentCount, char** arguments)
 {
+    reportFileSizeLimitAsError();
     const QCoreApplication application(argumentCount, arguments);
     QStringList folders = QCoreApplication::arguments().sliced(1);
     const QString held = takeOption(folders, QStringLiteral("hold"));
@@ -122,7 +128,7 @@ int run(int argumentCount, char** arguments)
         return 2;
     testing::SandboxFileManager files(FileURL::fromPath(folders.at(0)));
     const FileManagerGuard guard(files);
-    return work.isEmpty() ? backUp(folders, held) : care(work, folders, held);
+    return work.isEmpty() ? backUp(folders, held) : doWork(work, folders, held);
 }
 
 } // namespace

@@ -1,9 +1,11 @@
 #include "tests/faults/FaultTest.h"
+#include "tests/faults/RunnerProcess.h"
 #include "tests/support/TmpfsMount.h"
 
 #include "KeelbrightCore/backup/BackupManifest.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace keelbright {
@@ -13,6 +15,8 @@ using ::testing::AnyOf;
 using ::testing::Each;
 using ::testing::Gt;
 using ::testing::IsEmpty;
+using testing::RunnerOutcome;
+using testing::RunnerProcess;
 using ::testing::SizeIs;
 using testing::TestMac;
 using testing::TmpfsMount;
@@ -54,6 +58,41 @@ protected:
             line.endsWith(QStringLiteral("could not be written: there is not enough space on the drive.")));
     }
 };
+
+/// The maximum size of the files that processes write which are started while it lives.
+class LimitedFileSize
+{
+public:
+    explicit LimitedFileSize(rlim_t bytes)
+    {
+        EXPECT_EQ(::getrlimit(RLIMIT_FSIZE, &m_before), 0);
+        const rlimit limited{bytes, m_before.rlim_max};
+        EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limited), 0);
+    }
+
+    ~LimitedFileSize() { ::setrlimit(RLIMIT_FSIZE, &m_before); }
+
+    LimitedFileSize(const LimitedFileSize&) = delete;
+    LimitedFileSize& operator=(const LimitedFileSize&) = delete;
+
+private:
+    rlimit m_before = {};
+};
+
+TEST_F(FullDriveTest, aFileAboveTheLimitOfTheProcessIsAnErrorLineAndNoEnd)
+{
+    makeFile("large", 300'000);
+    makeFile("small", 500);
+    const RunnerOutcome outcome = [this] {
+        const LimitedFileSize limit(100'000);
+        return RunnerProcess(*this, {documents}).finish();
+    }();
+    EXPECT_TRUE(outcome.hasEnded);
+    EXPECT_EQ(outcome.errors, QStringList{skipLine("large", "copied: the file is too large for the drive.")});
+    EXPECT_EQ(mirroredVersion("large"), std::nullopt);
+    EXPECT_EQ(mirroredVersion("small"), 1);
+    EXPECT_THAT(temporaryFiles(drive), IsEmpty());
+}
 
 TEST_F(FullDriveTest, keepsTheOldCopiesIfTheNewOnesDoNotFit)
 {

@@ -1,6 +1,7 @@
 """File systems made for the campaigns, in memory or in an image file, and mounted while in use. Needs root,
 a loop device and the programs of the file system."""
 
+import contextlib
 import shutil
 import subprocess
 import time
@@ -116,3 +117,17 @@ def reason_missing(kind, folder):
         return None
     except Missing as missing:
         return str(missing)
+
+
+@contextlib.contextmanager
+def small_home(folder):
+    """A file system of 1 MB on the folder; gives the reason if it can't be mounted, else None."""
+    try:
+        run(["mount", "-t", "tmpfs", "-o", "size=1m", "tmpfs"], folder)
+    except Missing as missing:
+        yield str(missing)
+        return
+    try:
+        yield None
+    finally:
+        run(["umount", "--lazy"], folder)

@@ -223,3 +223,20 @@ class LongRun(Scenario):
                    "nothing is copied")
         window.kill()
         self.assert_whole_part()
+
+    def test_a_request_to_end_stops_the_run_and_the_next_one_finishes_it(self):
+        window = self.start()
+        window.pass_onboarding(self.machine.drive)
+        config = self.machine.config()
+        window.confirm_backup()
+        wait_until(lambda: any(self.machine.drive.glob("Keelbright/*/Latest/Personal Files/Documents/Many/*")),
+                   "nothing is copied")
+        window.process.terminate()
+        self.assertEqual(window.wait_for_end(), 0, window.output())
+        self.assert_whole_part()
+        self.assertEqual(self.machine.config(), config)
+        window = self.start()
+        window.pass_onboarding()
+        window.confirm_backup()
+        window.find("push button", "View Full Report", 60)
+        self.assertEqual(self.machine.expected_backup(FOLDERS).differences(self.machine.personal_files()), [])
