@@ -25,8 +25,14 @@ void copyFile(benchmark::State& state, qsizetype size, Target target)
     }
     const QByteArray copy = drive.appendingNative("Latest/file").nativePath();
     const Cancellation cancellation;
+    const auto plan = (*mirror)->plan(**items);
+    if (!plan) {
+        state.SkipWithError("the copy can't be planned");
+        return;
+    }
+    const auto worker = (*mirror)->makeWorker();
     for (auto _ : state) {
-        auto prepared = (*mirror)->prepare(**items, cancellation);
+        auto prepared = worker->prepare(*plan, cancellation);
         if (!prepared || !(*prepared)->publish().has_value()) {
             state.SkipWithError("the copy failed");
             return;

@@ -4,6 +4,7 @@
 // values, one per line.
 
 #include "KeelbrightCore/platform/files/FileURL.h"
+#include "KeelbrightCore/platform/system/OpenFileLimit.h"
 #include "bench/PlainCopy.h"
 #include "bench/ServiceMeasures.h"
 #include "bench/StorageMeasures.h"
@@ -82,6 +83,7 @@ int main(int argc, char** argv)
     using namespace keelbright;
     if (argc == 3 && QByteArrayView(argv[1]) == "start")
         return bench::measureStart(QByteArray(argv[2]).toLongLong(), argc, argv);
+    OpenFileLimit::raise();
     const QApplication application(argc, argv);
     const testing::TestMac mac;
     QStringList arguments = QCoreApplication::arguments().mid(1);

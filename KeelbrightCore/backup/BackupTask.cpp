@@ -38,11 +38,12 @@ void BackupTask::destroy(BackupTask* task)
         task->deleteLater();
 }
 
-void BackupTask::post(Change change)
+void BackupTask::post(Change change, NextChange next)
 {
     if (m_cancellation.isQuitting())
         return;
     m_change = std::move(change);
+    m_next = next;
     m_runThread.noteProcessor();
     m_isPending = true;
     if (!m_isMainThreadSpinning)
@@ -87,9 +88,8 @@ bool BackupTask::event(QEvent* event)
     const auto leaveAt = SteadyClock::now() + longestStay;
     // Set before the first change is made: the run may post its next one before this thread is back here.
     m_isMainThreadSpinning = true;
-    do {
-        makeChange();
-    } while (SteadyClock::now() < leaveAt && hasNextChange());
+    while (makeChange() && SteadyClock::now() < leaveAt && hasNextChange()) {
+    }
     m_isMainThreadSpinning = false;
     // A run that posted while the flag was still set has sent no event.
     if (isPending())
@@ -97,15 +97,17 @@ bool BackupTask::event(QEvent* event)
     return true;
 }
 
-void BackupTask::makeChange()
+bool BackupTask::makeChange()
 {
     if (!isPending())
-        return;
+        return false;
     m_mainThread.noteProcessor();
+    const bool isFollowedSoon = m_next == NextChange::soon; // the run may post as soon as this one is made
     // Moved out, so that what it carries is destroyed before the run goes on.
     std::exchange(m_change, nullptr)(m_engine);
     m_isPending = false;
     wakeRun();
+    return isFollowedSoon;
 }
 
 bool BackupTask::hasNextChange()

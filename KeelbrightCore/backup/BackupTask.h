@@ -32,9 +32,15 @@ public:
     /// What every layer of the run asks before it begins something.
     [[nodiscard]] const Cancellation& cancellation() const { return m_cancellation; }
 
+    /// When the run posts the change after this one.
+    enum class NextChange {
+        soon, ///< the main thread spins for it a moment
+        later ///< the main thread goes back to its events, and sleeps where there are none
+    };
+
     /// Hands a change over to the main thread and returns at once; `wait` must have been called for the
     /// one before. Once the program quits, changes are dropped.
-    void post(Change change);
+    void post(Change change, NextChange next = NextChange::soon);
     /// Waits until the posted change has been made, or until the program quits. Returns at once where
     /// none was posted.
     void wait();
@@ -64,13 +70,15 @@ private:
     explicit BackupTask(BackupEngine& engine);
     static void destroy(BackupTask* task);
 
-    void makeChange();
+    /// Whether the main thread is to spin for the next one.
+    [[nodiscard]] bool makeChange();
     [[nodiscard]] bool hasNextChange();
     void wakeRun();
 
     BackupEngine& m_engine;
     Cancellation m_cancellation;
     Change m_change;
+    NextChange m_next = NextChange::later; ///< after `m_change`
     std::atomic<bool> m_isPending = false;
     std::atomic<bool> m_isMainThreadSpinning = false; ///< it notices the next change without an event
     std::atomic<bool> m_isRunAsleep = false;

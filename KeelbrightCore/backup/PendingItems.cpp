@@ -2,69 +2,181 @@
 
 #include "KeelbrightCore/backup/BackupEngine.h"
 #include "KeelbrightCore/backup/ErrorLine.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
+
+#include <QThread>
+#include <QThreadPool>
+#include <algorithm>
 
 namespace keelbright {
 
 namespace {
 
-/// A pending copy takes room on the drive beside the old file that it is to replace.
-constexpr qint64 maximumBytes = 4'000'000;
+/// What is ready does not wait longer for the rest of its batch, so that the window shows that the run
+/// goes on.
+constexpr auto longestBatch = std::chrono::milliseconds(100);
+/// How often the run looks whether it has been cancelled while it waits for a worker.
+constexpr auto pieceOfAWait = std::chrono::milliseconds(20);
+constexpr int maximumWorkers = 4;
+
+int possibleWorkers()
+{
+    return std::clamp(QThread::idealThreadCount(), 1, maximumWorkers);
+}
+
+bool isForLackOfRoom(const CopyQueue::Item& item)
+{
+    return !item.result && item.result.error().isForLackOfRoom();
+}
+
+void flushBeforeReplacing(CopyQueue::Item& item)
+{
+    if (!item.result || !*item.result)
+        return;
+    if (const auto flushed = (*item.result)->flushBeforeReplacing(); !flushed)
+        item.result = std::unexpected(flushed.error());
+}
 
 } // namespace
 
-PendingItems::PendingItems(BackupTask& task, qsizetype maximum)
+PendingItems::PendingItems(BackupTask& task, CopyDestination& destination)
     : m_task(task)
-    , m_maximum(maximum)
+    , m_destination(destination)
+    , m_worker(destination.makeWorker())
+    , m_queue(std::make_shared<CopyQueue>())
+    , m_maximum(destination.maximumPrepared())
+    // While a batch is published, the next one is being prepared.
+    , m_pace(std::max<qsizetype>(m_maximum / 2, 1), possibleWorkers())
+    , m_lastBurst(Clock::now())
 {}
 
-void PendingItems::add(Item item)
+PendingItems::~PendingItems()
 {
-    if (item.copy)
-        m_bytes += item.copy->sourceSize();
-    m_items.push_back(std::move(item));
-    // All of them as soon as the main thread has made its change: items that wait longer are no longer
-    // in the processor's caches when they are published.
-    if (!m_task.isPending() || !hasRoom())
-        completeWaiting();
+    m_queue->close();
+}
+
+void PendingItems::addCopy(PlannedCopy plan, const QString& name)
+{
+    add({.plan = std::move(plan), .name = name, .change = {}});
+}
+
+void PendingItems::addChange(BackupTask::Change change)
+{
+    add({.plan = std::nullopt, .name = {}, .change = std::move(change)});
+}
+
+void PendingItems::add(CopyQueue::Item item)
+{
+    const qsizetype size = m_queue->add(std::move(item));
+    if (!m_hasWorkers && size >= CopyQueue::worthWaking)
+        startWorkers();
+    if (size >= std::min(2 * m_pace.setting().items, m_maximum) || isDue())
+        completeSome();
 }
 
 void PendingItems::completeAll()
 {
-    completeWaiting();
+    while (m_queue->size() > 0 && !isCancelled())
+        completeSome();
     m_task.wait();
 }
 
-bool PendingItems::hasRoom() const
+/// Completes a batch, or as much of it as is ready in time; where no worker is awake, a single item.
+void PendingItems::completeSome()
 {
-    return std::ssize(m_items) < m_maximum && m_bytes <= maximumBytes;
+    const qsizetype wanted = std::min(m_pace.setting().items, m_queue->size());
+    CopyQueue::Progress progress = waitForBurst(wanted);
+    if (isCancelled())
+        return;
+    if (progress.ready == 0 && progress.needsTheRun) {
+        m_queue->prepareOne(*m_worker, m_task.cancellation());
+        progress = m_queue->waitForReady(1, {});
+    }
+    completeBurst(std::min(progress.ready, wanted));
 }
 
-void PendingItems::completeWaiting()
+CopyQueue::Progress PendingItems::waitForBurst(qsizetype wanted)
 {
-    while (!m_items.empty()) {
-        m_task.wait();
-        if (m_task.cancellation().isCancelled())
-            return;
-        completeFirst();
+    for (;;) {
+        const CopyQueue::Progress progress = m_queue->waitForReady(wanted, pieceOfAWait);
+        const bool isEnough = progress.ready >= wanted || (progress.ready > 0 && isDue());
+        if (isEnough || progress.needsTheRun || isCancelled())
+            return progress;
     }
 }
 
-void PendingItems::completeFirst()
+void PendingItems::completeBurst(qsizetype count)
 {
-    Item item = std::move(m_items.front());
-    m_items.pop_front();
-    if (item.copy) {
-        const qint64 size = item.copy->sourceSize();
-        m_bytes -= size;
-        if (const auto published = item.copy->publish(); published) {
+    flush(count);
+    qint64 bytes = 0;
+    for (qsizetype index = 0; index < count; ++index) {
+        m_task.wait();
+        if (isCancelled())
+            return;
+        CopyQueue::Item item = m_queue->takeFirst();
+        const bool needsRoom = isForLackOfRoom(item);
+        if (needsRoom)
+            prepareAlone(item);
+        else if (item.result && *item.result)
+            bytes += (*item.result)->sourceSize();
+        complete(std::move(item), index + 1 < count && !needsRoom ? NextChange::soon : NextChange::later);
+        if (needsRoom)
+            return;
+    }
+    if (count == 0)
+        return;
+    const auto now = Clock::now();
+    m_pace.note(count, bytes, now - m_lastBurst);
+    m_queue->setWorkers(m_pace.setting().workers);
+    m_lastBurst = now;
+}
+
+/// What replaces an old copy has to be on the drive before the first of the batch gets its name.
+void PendingItems::flush(qsizetype count)
+{
+    for (qsizetype index = 0; index < count && !isCancelled(); ++index)
+        flushBeforeReplacing(m_queue->readyItem(index));
+}
+
+void PendingItems::complete(CopyQueue::Item item, NextChange next)
+{
+    if (item.plan && !item.result) {
+        item.change = skippedItem(item.name, item.result.error());
+    } else if (item.plan) {
+        const qint64 size = (*item.result)->sourceSize();
+        if (const auto published = (*item.result)->publish(); published) {
             item.change = [size, name = std::move(item.name)](BackupEngine& engine) {
                 engine.incrementCopied(size, name);
             };
+            m_queue->notePublished();
         } else {
             item.change = skippedItem(item.name, published.error());
         }
     }
-    m_task.post(std::move(item.change));
+    m_task.post(std::move(item.change), next);
+}
+
+/// Prepares an item once more when everything else that was prepared has given its room back.
+void PendingItems::prepareAlone(CopyQueue::Item& item)
+{
+    m_queue->startAgainSlowly();
+    item.result = m_worker->prepare(*item.plan, m_task.cancellation());
+    flushBeforeReplacing(item);
+}
+
+void PendingItems::startWorkers()
+{
+    m_hasWorkers = true;
+    m_queue->setWorkers(m_pace.setting().workers);
+    for (int i = 0; i < possibleWorkers(); ++i) {
+        const std::shared_ptr<CopyWorker> worker = m_destination.makeWorker();
+        TaskPools::userInitiated().start([queue = m_queue, worker] { queue->work(*worker); });
+    }
+}
+
+bool PendingItems::isDue() const
+{
+    return Clock::now() - m_lastBurst >= longestBatch;
 }
 
 BackupTask::Change PendingItems::skippedItem(const QString& name, const FileError& error)

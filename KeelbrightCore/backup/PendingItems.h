@@ -1,38 +1,40 @@
 #pragma once
 
 #include "KeelbrightCore/backup/BackupTask.h"
+#include "KeelbrightCore/backup/BatchPace.h"
+#include "KeelbrightCore/backup/CopyQueue.h"
 #include "KeelbrightCore/platform/files/CopyDestination.h"
 
-#include <deque>
+#include <chrono>
 #include <memory>
 
 namespace keelbright {
 
-/// The items of a run that have been prepared or skipped but not yet completed. To complete an item
+/// The items of a source that have been planned or skipped but not yet completed. To complete an item
 /// means to publish its copy, if there is one, and to post the change that reports it to the engine.
 /// Items are completed in the order in which they are added, each after the change of the one before
 /// has been made, and none once the run is cancelled.
 ///
-/// So the run can prepare items while the main thread is busy. All calls belong to the thread of the
-/// run, which must not post changes itself between `add` and the end of `completeAll`.
+/// Their copies are prepared by several threads, and completed a batch at a time, in one burst: between
+/// two bursts the main thread sleeps, and the next batch is being prepared. A few items, and all items
+/// where the drive allows only one prepared copy, are prepared and completed one at a time.
+///
+/// All calls belong to the thread of the run, which must not post changes itself between `add` and the
+/// end of `completeAll`.
 class PendingItems
 {
 public:
-    /// A copy to be published under that name, or else the change that reports the item.
-    struct Item
-    {
-        std::unique_ptr<PreparedCopy> copy;
-        QString name;
-        BackupTask::Change change;
-    };
+    /// Both outlive this object. A folder of `destination` has been entered.
+    PendingItems(BackupTask& task, CopyDestination& destination);
+    /// Drops what has not been completed. Never waits long for a copy that hangs.
+    ~PendingItems();
+    PendingItems(const PendingItems&) = delete;
+    PendingItems& operator=(const PendingItems&) = delete;
 
-    /// `task` outlives this object. Up to `maximum` items may wait; each `Item::copy` keeps its files
-    /// open.
-    PendingItems(BackupTask& task, qsizetype maximum);
-
-    /// Completes what can be completed without waiting for the main thread, and waits only where too
-    /// much is pending.
-    void add(Item item);
+    /// Adds a copy to be published under that name.
+    void addCopy(PlannedCopy plan, const QString& name);
+    /// Adds the change that reports an item which needs no copy or has none.
+    void addChange(BackupTask::Change change);
 
     /// Completes all items and waits until the last change has been made.
     void completeAll();
@@ -41,14 +43,29 @@ public:
     [[nodiscard]] static BackupTask::Change skippedItem(const QString& name, const FileError& error);
 
 private:
-    [[nodiscard]] bool hasRoom() const;
-    void completeWaiting();
-    void completeFirst();
+    using Clock = std::chrono::steady_clock;
+    using NextChange = BackupTask::NextChange;
+
+    void add(CopyQueue::Item item);
+    void completeSome();
+    [[nodiscard]] CopyQueue::Progress waitForBurst(qsizetype wanted);
+    void completeBurst(qsizetype count);
+    void complete(CopyQueue::Item item, NextChange next);
+    void flush(qsizetype count);
+    void prepareAlone(CopyQueue::Item& item);
+    void startWorkers();
+    [[nodiscard]] bool isDue() const;
+
+    [[nodiscard]] bool isCancelled() const { return m_task.cancellation().isCancelled(); }
 
     BackupTask& m_task;
-    qsizetype m_maximum;
-    std::deque<Item> m_items;
-    qint64 m_bytes = 0; ///< in the copies of the items
+    CopyDestination& m_destination;
+    std::unique_ptr<CopyWorker> m_worker; ///< of the run itself
+    std::shared_ptr<CopyQueue> m_queue;
+    qsizetype m_maximum; ///< items in the queue
+    BatchPace m_pace;
+    bool m_hasWorkers = false;
+    Clock::time_point m_lastBurst;
 };
 
 } // namespace keelbright

@@ -13,7 +13,7 @@ SourceCopy::SourceCopy(DirectoryEnumerator& items, CopyDestination& destination,
     , m_root(std::move(root))
     , m_relativeRoot(std::move(relativeRoot))
     , m_task(task)
-    , m_pending(task, destination.maximumPrepared())
+    , m_pending(task, destination)
 {
     // What lies in an unreadable folder is missing from the backup, and the user has to know.
     m_items.setErrorHandler([this](const FileURL&, const FileError& error) { m_folderErrors.append(error); });
@@ -26,7 +26,7 @@ void SourceCopy::run()
         if (m_task.cancellation().isCancelled())
             break;
         if (FileScanner::shouldSkip(m_items))
-            report([](BackupEngine& engine) { engine.incrementSkipped(); });
+            m_pending.addChange([](BackupEngine& engine) { engine.incrementSkipped(); });
         else if (!m_items.isDirectoryFollowingLinks())
             copyCurrent();
     }
@@ -38,7 +38,7 @@ void SourceCopy::run()
 void SourceCopy::reportUnreadableFolders()
 {
     for (const FileError& error : std::exchange(m_folderErrors, {}))
-        report(PendingItems::skippedItem(error.name, error));
+        m_pending.addChange(PendingItems::skippedItem(error.name, error));
 }
 
 void SourceCopy::copyCurrent()
@@ -47,28 +47,26 @@ void SourceCopy::copyCurrent()
     if (const auto entered = enterFolder(); !entered) {
         const FileURL folder = m_root.appendingNative(m_items.relativeFolder());
         const QString line = errorLine(QStringLiteral("Dir error ") + folder.path(), entered.error());
-        report([line](BackupEngine& engine) {
+        m_pending.addChange([line](BackupEngine& engine) {
             engine.appendError(line);
             engine.incrementSkipped();
         });
         return;
     }
-    if (auto prepared = prepareCurrent())
-        m_pending.add({.copy = std::move(*prepared), .name = name, .change = {}});
+    if (auto plan = planCurrent())
+        m_pending.addCopy(std::move(*plan), name);
     else
-        report(PendingItems::skippedItem(name, prepared.error()));
+        m_pending.addChange(PendingItems::skippedItem(name, plan.error()));
 }
 
-std::expected<std::unique_ptr<PreparedCopy>, FileError> SourceCopy::prepareCurrent()
+std::expected<PlannedCopy, FileError> SourceCopy::planCurrent()
 {
-    auto prepared = m_destination.prepare(m_items, m_task.cancellation());
-    if (!prepared && prepared.error().isForLackOfRoom()) {
-        // The pending copies take room beside the old files that they are to replace, and open files.
-        m_pending.completeAll();
-        if (!m_task.cancellation().isCancelled())
-            prepared = m_destination.prepare(m_items, m_task.cancellation());
+    auto plan = m_destination.plan(m_items);
+    if (!plan && plan.error().isForLackOfRoom()) {
+        m_pending.completeAll(); // the pending copies keep files open
+        plan = m_destination.plan(m_items);
     }
-    return prepared;
+    return plan;
 }
 
 std::expected<void, FileError> SourceCopy::enterFolder()
@@ -84,11 +82,6 @@ std::expected<void, FileError> SourceCopy::enterFolder()
     m_hasEntered = entered.has_value();
     m_enteredFolder = folder.toByteArray();
     return entered;
-}
-
-void SourceCopy::report(BackupTask::Change change)
-{
-    m_pending.add({.copy = nullptr, .name = {}, .change = std::move(change)});
 }
 
 } // namespace keelbright

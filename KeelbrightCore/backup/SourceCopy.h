@@ -8,8 +8,8 @@
 
 namespace keelbright {
 
-/// The copy loop over one source: prepares a copy of each item and hands it to the pending items, which
-/// publish and report them in order. Belongs to the thread of the run.
+/// The copy loop over one source: plans the copy of each item and hands it to the pending items, which
+/// prepare, publish and report them in order. Belongs to the thread of the run.
 class SourceCopy
 {
 public:
@@ -24,9 +24,8 @@ public:
 private:
     void copyCurrent();
     void reportUnreadableFolders();
-    void report(BackupTask::Change change);
     [[nodiscard]] std::expected<void, FileError> enterFolder();
-    [[nodiscard]] std::expected<std::unique_ptr<PreparedCopy>, FileError> prepareCurrent();
+    [[nodiscard]] std::expected<PlannedCopy, FileError> planCurrent();
 
     DirectoryEnumerator& m_items;
     CopyDestination& m_destination;

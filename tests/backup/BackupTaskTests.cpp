@@ -78,6 +78,36 @@ TEST_F(BackupTaskTest, letsTheRunWorkWhileAChangeIsPending)
     EXPECT_EQ(engine.progress().filesSkipped, 1);
 }
 
+/// Counts the events that a task gets.
+class EventCounter : public QObject
+{
+public:
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent*) override
+    {
+        ++count;
+        return false;
+    }
+};
+
+TEST_F(BackupTaskTest, goesBackToItsEventsAfterAChangeThatNoOtherFollowsSoon)
+{
+    constexpr int changes = 300;
+    EventCounter events;
+    task->installEventFilter(&events);
+    run([this] {
+        for (int i = 0; i < changes; ++i) {
+            task->post([](BackupEngine& changed) { changed.incrementSkipped(); },
+                       BackupTask::NextChange::later);
+            task->wait();
+        }
+    });
+    EXPECT_EQ(engine.progress().filesSkipped, changes);
+    EXPECT_EQ(events.count, changes);
+}
+
 TEST_F(BackupTaskTest, doesNotYieldItsProcessorsBesideBusyPrograms)
 {
     constexpr int hops = 300;

@@ -1,77 +1,93 @@
 #include "KeelbrightCore/backup/PendingItems.h"
 
 #include "KeelbrightCore/backup/BackupEngine.h"
+#include "tests/backup/FakeCopyDestination.h"
 #include "tests/support/Printing.h"
 
 #include <QCoreApplication>
+#include <QEvent>
+#include <QEventLoop>
+#include <QSemaphore>
+#include <QThread>
 #include <gmock/gmock.h>
 #include <thread>
 
 namespace keelbright {
 namespace {
 
+using testing::CopyRecord;
+using ::testing::Each;
 using ::testing::ElementsAre;
+using testing::FakeCopyDestination;
+using ::testing::IsEmpty;
+using testing::RecordedCopy;
+using ::testing::SizeIs;
 
-/// A copy that only records that it is published or dropped.
-class RecordedCopy : public PreparedCopy
-{
-public:
-    RecordedCopy(QByteArray name, QByteArrayList& record, qint64 size,
-                 std::expected<void, FileError> result = {})
-        : m_name(std::move(name))
-        , m_record(record)
-        , m_size(size)
-        , m_result(std::move(result))
-    {}
-
-    ~RecordedCopy() override
-    {
-        if (!m_isPublished)
-            m_record.append("dropped " + m_name);
-    }
-
-    std::expected<void, FileError> publish() override
-    {
-        m_isPublished = true;
-        m_record.append("published " + m_name);
-        return m_result;
-    }
-
-    [[nodiscard]] qint64 sourceSize() const override { return m_size; }
-
-private:
-    QByteArray m_name;
-    QByteArrayList& m_record;
-    qint64 m_size;
-    std::expected<void, FileError> m_result;
-    bool m_isPublished = false;
-};
+using Prepared = std::expected<std::unique_ptr<PreparedCopy>, FileError>;
 
 class PendingItemsTest : public ::testing::Test
 {
 protected:
     /// Does the part of the run on a thread of its own while the event loop turns.
-    void run(const std::function<void(PendingItems&)>& part, qsizetype maximum = 8)
+    void run(const std::function<void(PendingItems&)>& part, qsizetype maximum = 1'000)
     {
-        std::atomic<bool> hasEnded = false;
+        FakeCopyDestination destination(maximum, [this](const QByteArray& item, const Cancellation&) {
+            noteThread(item);
+            return prepare(item);
+        });
+        QEventLoop loop;
         std::thread thread([&] {
+            runThread = QThread::currentThread();
             {
-                PendingItems pending(*task, maximum);
+                PendingItems pending(*task, destination);
                 part(pending);
             }
-            hasEnded = true;
+            QCoreApplication::postEvent(&loop, new QEvent(QEvent::Quit));
         });
-        while (!hasEnded)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        loop.exec();
         thread.join();
     }
 
-    PendingItems::Item copy(const char* item, qint64 size = 1)
+    /// Adds copies of these items and completes them.
+    void runWhole(const QByteArrayList& items, qsizetype maximum = 1'000)
     {
-        return {.copy = std::make_unique<RecordedCopy>(item, record, size),
-                .name = QString::fromUtf8(item),
-                .change = {}};
+        run(
+            [&](PendingItems& pending) {
+                for (const QByteArray& item : items)
+                    pending.addCopy({nullptr, nullptr, item, EntryType::regularFile},
+                                    QString::fromUtf8(item));
+                pending.completeAll();
+            },
+            maximum);
     }
+
+    /// Holds the first item, where the run prepares it, until another thread has begun to work.
+    void noteThread(const QByteArray& item)
+    {
+        const bool isRun = QThread::currentThread() == runThread;
+        if (!isRun && ++elsewhere == 1)
+            othersWork.release();
+        if (isRun && item == waitsForOthers)
+            othersWork.acquire();
+    }
+
+    [[nodiscard]] static QByteArrayList numbered(int count)
+    {
+        QByteArrayList items;
+        for (int number = 0; number < count; ++number)
+            items.append("f" + QByteArray::number(number).rightJustified(4, '0'));
+        return items;
+    }
+
+    [[nodiscard]] static std::unexpected<FileError> failed(const QByteArray& item, int code)
+    {
+        return failure(FileError::Operation::copied, item, code);
+    }
+
+    std::function<Prepared(const QByteArray&)> prepare = [this](const QByteArray& item) -> Prepared {
+        record.append("prepared " + item);
+        return std::make_unique<RecordedCopy>(item, record, 1);
+    };
 
     int argc = 1;
     char name[5] = "test";
@@ -79,7 +95,11 @@ protected:
     QCoreApplication application{argc, argv};
     BackupEngine engine;
     std::shared_ptr<BackupTask> task = BackupTask::create(engine);
-    QByteArrayList record;
+    CopyRecord record;
+    std::atomic<QThread*> runThread = nullptr;
+    std::atomic<int> elsewhere = 0; ///< items that other threads have prepared
+    QByteArray waitsForOthers;
+    QSemaphore othersWork;
 };
 
 TEST_F(PendingItemsTest, publishesAndReportsInTheOrderInWhichItemsAreAdded)
@@ -90,59 +110,163 @@ TEST_F(PendingItemsTest, publishesAndReportsInTheOrderInWhichItemsAreAdded)
         if (!current.isEmpty() && (files.isEmpty() || files.last() != current))
             files.append(current);
     });
-    run([&](PendingItems& pending) {
-        for (const char* item : {"a", "b", "c"})
-            pending.add(copy(item));
-        pending.completeAll();
-    });
-    EXPECT_THAT(record, ElementsAre("published a", "published b", "published c"));
-    EXPECT_THAT(files, ElementsAre(QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")));
-    EXPECT_EQ(engine.progress().filesCopied, 3);
-    EXPECT_EQ(engine.progress().bytesCopied, 3);
+    const QByteArrayList items = numbered(700);
+    runWhole(items);
+    EXPECT_EQ(record.names("published"), items);
+    ASSERT_EQ(files.size(), items.size());
+    for (qsizetype index = 0; index < items.size(); ++index)
+        EXPECT_EQ(files[index].toUtf8(), items[index]);
+    EXPECT_EQ(engine.progress().filesCopied, 700);
+    EXPECT_EQ(engine.progress().bytesCopied, 700);
+    EXPECT_THAT(record.names("dropped"), IsEmpty());
 }
 
 TEST_F(PendingItemsTest, publishesNothingBeforeThePreviousChangeHasBeenMade)
 {
-    // The event loop does not turn meanwhile.
-    std::thread([&] {
-        PendingItems pending(*task, 8);
-        for (const char* item : {"a", "b", "c"})
-            pending.add(copy(item));
-        EXPECT_THAT(record, ElementsAre("published a"));
-    }).join();
-    EXPECT_THAT(record, ElementsAre("published a", "dropped b", "dropped c"));
-}
-
-TEST_F(PendingItemsTest, waitsOnceTheMaximumOfItemsIsPending)
-{
-    run(
-        [&](PendingItems& pending) {
-            for (const char* item : {"a", "b", "c"})
-                pending.add(copy(item));
-            EXPECT_THAT(record, ElementsAre("published a", "published b", "published c"));
-        },
-        1);
-}
-
-TEST_F(PendingItemsTest, waitsOnceMoreThanFourMegabytesArePending)
-{
-    run([&](PendingItems& pending) {
-        pending.add(copy("small"));
-        pending.add(copy("large", 4'000'001));
-        EXPECT_THAT(record, ElementsAre("published small", "published large"));
+    QList<qsizetype> ahead;
+    QObject::connect(&engine, &BackupEngine::progressChanged, [&] {
+        const qint64 counted = engine.progress().filesCopied;
+        ahead.append(record.names("published").size() - counted);
     });
+    runWhole(numbered(300));
+    EXPECT_THAT(ahead, SizeIs(900));
+    EXPECT_THAT(ahead, Each(0));
+}
+
+TEST_F(PendingItemsTest, preparesOneAtATimeWhereTheDriveAllowsNoMore)
+{
+    runWhole({"a", "b"}, 1);
+    EXPECT_THAT(record.lines(), ElementsAre("prepared a", "flushed a", "published a", "prepared b",
+                                            "flushed b", "published b"));
+}
+
+TEST_F(PendingItemsTest, flushesWhatReplacesOldCopiesBeforeTheFirstOfTheirBatchIsPublished)
+{
+    waitsForOthers = "f0000";
+    runWhole(numbered(500));
+    EXPECT_EQ(record.names("flushed"), numbered(500));
+    int bursts = 0;
+    QByteArray before;
+    for (const QByteArray& line : record.lines()) {
+        const QByteArray step = line.first(line.indexOf(' '));
+        if (step != "flushed" && step != "published")
+            continue;
+        bursts += step == "flushed" && before != "flushed" ? 1 : 0;
+        before = step;
+    }
+    EXPECT_LT(bursts, 250) << "one after the other";
+}
+
+TEST_F(PendingItemsTest, reportsACopyThatCouldNotBeFlushedAndKeepsTheOldOne)
+{
+    class Unflushable : public RecordedCopy
+    {
+    public:
+        using RecordedCopy::RecordedCopy;
+
+        std::expected<void, FileError> flushBeforeReplacing() override
+        {
+            return failure(FileError::Operation::flushed, "f0001", EIO);
+        }
+    };
+
+    prepare = [&](const QByteArray& item) -> Prepared {
+        if (item == "f0001")
+            return std::make_unique<Unflushable>(item, record, 1);
+        return std::make_unique<RecordedCopy>(item, record, 1);
+    };
+    runWhole(numbered(3));
+    EXPECT_THAT(record.names("published"), ElementsAre("f0000", "f0002"));
+    EXPECT_THAT(
+        engine.progress().errors,
+        ElementsAre(QStringLiteral("Skip f0001: “f0001” could not be written through to the drive: the "
+                                   "drive reported an error.")));
+}
+
+TEST_F(PendingItemsTest, preparesAFewItemsWithoutWakingAnotherThread)
+{
+    runWhole(numbered(CopyQueue::worthWaking - 1));
+    EXPECT_EQ(elsewhere, 0);
+    EXPECT_EQ(engine.progress().filesCopied, CopyQueue::worthWaking - 1);
+}
+
+TEST_F(PendingItemsTest, preparesManyItemsOnOtherThreads)
+{
+    waitsForOthers = "f0000";
+    runWhole(numbered(2'000));
+    EXPECT_GT(elsewhere, 1'000);
+    EXPECT_EQ(engine.progress().filesCopied, 2'000);
+}
+
+TEST_F(PendingItemsTest, publishesWhatIsReadyWhileAWorkerHangsAndEndsOnceItIsCancelled)
+{
+    QSemaphore end;
+    QSemaphore ended;
+    prepare = [&](const QByteArray& item) -> Prepared {
+        if (item == "f0040") {
+            end.acquire();
+            ended.release();
+        }
+        return std::make_unique<RecordedCopy>(item, record, 1);
+    };
+    QObject::connect(&engine, &BackupEngine::progressChanged, [&] {
+        if (engine.progress().filesCopied == 40)
+            task->cancel();
+    });
+    waitsForOthers = "f0000";
+    runWhole(numbered(200)); // ends although one copy still hangs
+    EXPECT_EQ(record.names("published"), numbered(40));
+    end.release();
+    ended.acquire();
+    EXPECT_EQ(engine.progress().filesCopied, 40);
+    // The worker drops its copy, which uses the record of this test.
+    while (!record.names("dropped").contains("f0040"))
+        QThread::msleep(1);
+}
+
+TEST_F(PendingItemsTest, reportsAFailedPreparationInItsPlace)
+{
+    prepare = [&](const QByteArray& item) -> Prepared {
+        if (item == "f0100")
+            return failed(item, EIO);
+        return std::make_unique<RecordedCopy>(item, record, 1);
+    };
+    qint64 copiedBefore = -1;
+    QObject::connect(&engine, &BackupEngine::progressChanged, [&] {
+        if (copiedBefore < 0 && !engine.progress().errors.isEmpty())
+            copiedBefore = engine.progress().filesCopied;
+    });
+    runWhole(numbered(200));
+    EXPECT_EQ(copiedBefore, 100);
+    EXPECT_THAT(
+        engine.progress().errors,
+        ElementsAre(QStringLiteral("Skip f0100: “f0100” could not be copied: the drive reported an error.")));
+    EXPECT_EQ(engine.progress().filesSkipped, 1);
+    EXPECT_EQ(engine.progress().filesCopied, 199);
+}
+
+TEST_F(PendingItemsTest, reportsAnItemWithoutACopyInItsPlace)
+{
+    qint64 copiedBefore = -1;
+    run([&](PendingItems& pending) {
+        for (const QByteArray& item : numbered(100)) {
+            if (item == "f0050")
+                pending.addChange(
+                    [&](BackupEngine& changed) { copiedBefore = changed.progress().filesCopied; });
+            pending.addCopy({nullptr, nullptr, item, EntryType::regularFile}, QString::fromUtf8(item));
+        }
+        pending.completeAll();
+    });
+    EXPECT_EQ(copiedBefore, 50);
+    EXPECT_EQ(engine.progress().filesCopied, 100);
 }
 
 TEST_F(PendingItemsTest, reportsACopyThatCouldNotBePublishedAsSkipped)
 {
-    run([&](PendingItems& pending) {
-        const auto error =
-            std::unexpected(FileError::fromCode(FileError::Operation::copied, QStringLiteral("a"), ENOSPC));
-        pending.add({.copy = std::make_unique<RecordedCopy>("a", record, 1, error),
-                     .name = QStringLiteral("a"),
-                     .change = {}});
-        pending.completeAll();
-    });
+    prepare = [&](const QByteArray& item) -> Prepared {
+        return std::make_unique<RecordedCopy>(item, record, 1, failed(item, ENOSPC));
+    };
+    runWhole({"a"});
     EXPECT_EQ(engine.progress().filesCopied, 0);
     EXPECT_EQ(engine.progress().filesSkipped, 1);
     EXPECT_THAT(engine.progress().errors,
@@ -150,26 +274,69 @@ TEST_F(PendingItemsTest, reportsACopyThatCouldNotBePublishedAsSkipped)
                     "Skip a: “a” could not be copied: there is not enough space on the drive.")));
 }
 
+/// A copy that takes one of the few places on a drive until it has its name.
+class CopyWithAPlace : public RecordedCopy
+{
+public:
+    CopyWithAPlace(const QByteArray& name, CopyRecord& record, std::atomic<int>& freePlaces)
+        : RecordedCopy(name, record, 1)
+        , m_freePlaces(freePlaces)
+    {}
+
+    ~CopyWithAPlace() override { ++m_freePlaces; }
+
+private:
+    std::atomic<int>& m_freePlaces;
+};
+
+TEST_F(PendingItemsTest, preparesACopyOnceMoreWhenTheOthersHaveGivenTheirRoomBack)
+{
+    std::atomic<int> freePlaces = 3;
+    prepare = [&](const QByteArray& item) -> Prepared {
+        if (--freePlaces < 0) {
+            ++freePlaces;
+            return failed(item, ENOSPC);
+        }
+        return std::make_unique<CopyWithAPlace>(item, record, freePlaces);
+    };
+    runWhole(numbered(300));
+    EXPECT_THAT(engine.progress().errors, IsEmpty());
+    EXPECT_EQ(record.names("published"), numbered(300));
+}
+
+TEST_F(PendingItemsTest, reportsACopyThatHasNoRoomEvenAlone)
+{
+    prepare = [&](const QByteArray& item) -> Prepared {
+        if (item >= "f0090")
+            return failed(item, ENOSPC);
+        return std::make_unique<RecordedCopy>(item, record, 1);
+    };
+    runWhole(numbered(200));
+    EXPECT_EQ(engine.progress().filesCopied, 90);
+    EXPECT_EQ(engine.progress().filesSkipped, 110);
+    EXPECT_THAT(engine.progress().errors, SizeIs(110));
+    EXPECT_EQ(
+        engine.progress().errors.value(0),
+        QStringLiteral("Skip f0090: “f0090” could not be copied: there is not enough space on the drive."));
+}
+
 TEST_F(PendingItemsTest, dropsWhatIsPendingOnceTheUserHasCancelled)
 {
-    QObject::connect(&engine, &BackupEngine::progressChanged, [&] { task->cancel(); });
-    run([&](PendingItems& pending) {
-        pending.add(copy("a"));
-        pending.add(copy("b"));
-        pending.completeAll();
+    QObject::connect(&engine, &BackupEngine::progressChanged, [&] {
+        if (engine.progress().filesCopied == 10)
+            task->cancel();
     });
-    EXPECT_THAT(record, ElementsAre("published a", "dropped b"));
-    EXPECT_EQ(engine.progress().filesCopied, 1);
+    runWhole(numbered(300));
+    EXPECT_EQ(record.names("published"), numbered(10));
+    EXPECT_EQ(engine.progress().filesCopied, 10);
+    EXPECT_EQ(record.names("dropped").size(), record.names("prepared").size() - 10);
 }
 
 TEST_F(PendingItemsTest, completesNothingOnceTheProgramQuits)
 {
     task->quit();
-    run([&](PendingItems& pending) {
-        pending.add(copy("a"));
-        pending.completeAll();
-    });
-    EXPECT_THAT(record, ElementsAre("dropped a"));
+    runWhole(numbered(100));
+    EXPECT_THAT(record.names("published"), IsEmpty());
     EXPECT_EQ(engine.progress(), BackupProgress());
 }
 

@@ -153,8 +153,8 @@ TEST_F(FailingCallTest, reportsAFileThatCannotBeNamed)
     const RunnerOutcome outcome = runFailing("linkat", "EIO", 1, chosenName);
     expectOneSkip(outcome, chosen, "copied: the drive reported an error.");
     EXPECT_THAT(temporaryFiles(drive), IsEmpty());
-    const RunnerOutcome second = runFailing("renameat", "EDQUOT", 1, chosenName);
-    expectOneSkip(second, chosen, "replaced: your share of the drive is used up.");
+    const RunnerOutcome second = runFailing("linkat", "EDQUOT", 1, chosenName);
+    expectOneSkip(second, chosen, "copied: your share of the drive is used up.");
 }
 
 TEST_F(FailingCallTest, keepsTheOldFileIfTheSwapFails)

@@ -14,6 +14,7 @@
 #include "KeelbrightCore/platform/system/Console.h"
 #include "KeelbrightCore/platform/system/EndRequests.h"
 #include "KeelbrightCore/platform/system/FileSizeLimit.h"
+#include "KeelbrightCore/platform/system/OpenFileLimit.h"
 #include "KeelbrightCore/platform/system/ProgramVersion.h"
 
 #include <QApplication>
@@ -87,6 +88,7 @@ int runWindow(QApplication& application, SingleInstance& instance, AppLookup loo
 int runApplication(int argc, char** argv, AppLookup lookup)
 {
     reportFileSizeLimitAsError();
+    OpenFileLimit::raise();
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"Keelbright"_s);
     QCoreApplication::setApplicationVersion(programVersion());

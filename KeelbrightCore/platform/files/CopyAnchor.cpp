@@ -14,12 +14,13 @@ constexpr auto placeCheckInterval = std::chrono::milliseconds(50);
 
 } // namespace
 
-std::expected<CopyAnchor, FileError> CopyAnchor::of(FileURL place, FileDescriptor folder)
+std::expected<std::shared_ptr<CopyAnchor>, FileError> CopyAnchor::of(FileURL place, FileDescriptor folder)
 {
     struct stat identity = {};
     if (::fstat(folder.get(), &identity) != 0)
         return failure(FileError::Operation::opened, place, errno);
-    return CopyAnchor(std::move(place), std::move(folder), identity.st_dev, identity.st_ino);
+    return std::shared_ptr<CopyAnchor>(
+        new CopyAnchor(std::move(place), std::move(folder), identity.st_dev, identity.st_ino));
 }
 
 CopyAnchor::CopyAnchor(FileURL place, FileDescriptor folder, dev_t device, ino_t inode)
@@ -31,11 +32,11 @@ CopyAnchor::CopyAnchor(FileURL place, FileDescriptor folder, dev_t device, ino_t
 
 bool CopyAnchor::isInPlace()
 {
-    const auto now = std::chrono::steady_clock::now();
+    const Time now = std::chrono::steady_clock::now();
     struct stat status = {};
     if (::stat(m_place.nativePath().constData(), &status) != 0 || status.st_dev != m_device ||
         status.st_ino != m_inode) {
-        m_lastSeenInPlace.reset();
+        m_lastSeenInPlace = never;
         return false;
     }
     m_lastSeenInPlace = now;
@@ -44,7 +45,8 @@ bool CopyAnchor::isInPlace()
 
 std::expected<void, FileError> CopyAnchor::checkPlace()
 {
-    if (m_lastSeenInPlace && std::chrono::steady_clock::now() - *m_lastSeenInPlace < placeCheckInterval)
+    const Time lastSeen = m_lastSeenInPlace;
+    if (lastSeen != never && std::chrono::steady_clock::now() - lastSeen < placeCheckInterval)
         return {};
     return checkPlaceNow();
 }

@@ -4,21 +4,23 @@
 #include "KeelbrightCore/platform/files/FileError.h"
 #include "KeelbrightCore/platform/files/FileURL.h"
 
+#include <atomic>
 #include <chrono>
-#include <optional>
+#include <memory>
 #include <sys/types.h>
 
 namespace keelbright {
 
 /// The folder that a copy destination was opened at. Knows whether its path still leads to it: a
 /// drive that was unmounted, mounted over or replaced gets nothing more. Internal to the platform
-/// folder; one thread at a time.
+/// folder. Any thread.
 class CopyAnchor
 {
 public:
     /// `folder` is what `place` leads to. It has to be open before the first write to the drive, so
     /// that `flush` reports every write-back error since.
-    [[nodiscard]] static std::expected<CopyAnchor, FileError> of(FileURL place, FileDescriptor folder);
+    [[nodiscard]] static std::expected<std::shared_ptr<CopyAnchor>, FileError> of(FileURL place,
+                                                                                  FileDescriptor folder);
 
     /// The open folder; stays owned here.
     [[nodiscard]] int descriptor() const { return m_folder.get(); }
@@ -48,7 +50,9 @@ private:
     FileDescriptor m_folder;
     dev_t m_device;
     ino_t m_inode;
-    std::optional<std::chrono::steady_clock::time_point> m_lastSeenInPlace;
+    using Time = std::chrono::steady_clock::time_point;
+    static constexpr Time never = Time::min();
+    std::atomic<Time> m_lastSeenInPlace = never;
 };
 
 } // namespace keelbright

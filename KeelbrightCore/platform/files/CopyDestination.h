@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 #include "KeelbrightCore/platform/files/FileError.h"
 #include "KeelbrightCore/platform/files/FileURL.h"
 
@@ -8,45 +9,75 @@
 namespace keelbright {
 
 class Cancellation;
-class DirectoryEnumerator;
+class FileDescriptor;
+struct TargetFolder;
 
 /// A copy whose data, mode and times are complete, but which has no name yet.
 ///
-/// Destroying it unpublished leaves nothing behind. Until then further copies may be prepared and
-/// other folders entered. It must not outlive its destination.
+/// Destroying it unpublished leaves nothing behind. It may pass from thread to thread, and outlive its
+/// destination.
 class PreparedCopy
 {
 public:
     virtual ~PreparedCopy() = default;
+    /// Brings the data of a copy that is to replace an older one onto the drive, so that a power cut
+    /// leaves one of the two whole under their name. Does nothing for a new copy, nor where the file
+    /// system does so by itself. To be called before `publish`; all copies of a burst before the first
+    /// of them is published.
+    [[nodiscard]] virtual std::expected<void, FileError> flushBeforeReplacing() = 0;
     /// Gives the copy its name; replaces an older file of that name in one step.
     [[nodiscard]] virtual std::expected<void, FileError> publish() = 0;
     /// Logical size in bytes of the source item; of a link, that of the link itself.
     [[nodiscard]] virtual qint64 sourceSize() const = 0;
 };
 
+/// What is to be copied, and the folder that it goes to. Keeps both folders open; may pass from thread to
+/// thread, and outlive its destination.
+struct PlannedCopy
+{
+    std::shared_ptr<const FileDescriptor> source; ///< the folder of the item
+    std::shared_ptr<const TargetFolder> target;
+    QByteArray name; ///< of the item and of its copy
+    EntryType type = EntryType::other;
+};
+
+/// Prepares planned copies. One thread at a time; several workers of one destination may work at the
+/// same time, and outlive it.
+class CopyWorker
+{
+public:
+    virtual ~CopyWorker() = default;
+
+    /// Copies a regular file or a link. An unfinished copy is given up when `cancellation` quits; a user
+    /// who cancels lets it finish. May be called again for a plan whose copy has failed or was dropped.
+    [[nodiscard]] virtual std::expected<std::unique_ptr<PreparedCopy>, FileError>
+    prepare(const PlannedCopy& plan, const Cancellation& cancellation) = 0;
+};
+
 /// A folder tree that files are copied into.
 ///
 /// Everything happens relative to open folders, from the folder that it was opened at (the anchor)
 /// downwards, and no link below the anchor is ever followed. Once the anchor's path leads elsewhere
-/// (unmounted, mounted over, replaced), every call fails. One thread at a time.
+/// (unmounted, mounted over, replaced), every call fails, and so does every call of its workers and
+/// copies. One thread at a time.
 class CopyDestination
 {
 public:
     virtual ~CopyDestination() = default;
 
     /// Makes `relativeFolder` (below the anchor, no slash at either end, empty for the anchor)
-    /// the folder that files are copied to, and creates what is missing of it.
+    /// the folder that files are copied to, and creates what is missing of it. The entries planned from
+    /// now on lie in one folder of their source, until the next call.
     [[nodiscard]] virtual std::expected<void, FileError> enterFolder(QByteArrayView relativeFolder) = 0;
 
-    /// Copies the enumerator's current entry, a regular file or a link, into the entered folder
-    /// under the same name. An unfinished copy is given up when the program quits; a user who cancels
-    /// lets it finish.
-    [[nodiscard]] virtual std::expected<std::unique_ptr<PreparedCopy>, FileError>
-    prepare(const DirectoryEnumerator& item, const Cancellation& cancellation) = 0;
+    /// Plans the copy of the enumerator's current entry into the entered folder under the same name.
+    [[nodiscard]] virtual std::expected<PlannedCopy, FileError> plan(const DirectoryEnumerator& item) = 0;
 
-    /// How many copies may be prepared before the first of them is published; 1 or more. Call it
+    [[nodiscard]] virtual std::unique_ptr<CopyWorker> makeWorker() = 0;
+
+    /// How many copies may be planned before the first of them is published; 1 or more. Call it
     /// when a folder has been entered: the value depends on the drive.
-    [[nodiscard]] virtual qsizetype maximumPrepared() const = 0;
+    [[nodiscard]] virtual qsizetype maximumPrepared() = 0;
 
     /// Writes a file of that name into the anchor itself, in one step and through to the drive; an
     /// old file of that name stays whole until the new one is.

@@ -18,23 +18,42 @@ bool isFolder(int folder, const QByteArray& name)
 
 } // namespace
 
-PreparedFile::PreparedFile(std::shared_ptr<const TargetFolder> folder, UnpublishedFile file, QByteArray name,
-                           qint64 sourceSize)
-    : m_folder(std::move(folder))
+PreparedFile::PreparedFile(const PlannedCopy& plan, FileDescriptor newFolder, UnpublishedFile file,
+                           qint64 sourceSize, bool isReplacing)
+    : m_folder(plan.target)
+    , m_newFolder(std::move(newFolder))
     , m_file(std::move(file))
-    , m_name(std::move(name))
+    , m_name(plan.name)
     , m_sourceSize(sourceSize)
+    , m_isReplacing(isReplacing)
+    // A file that is closed already was written before.
+    , m_isWritten(!m_folder->flushesBeforeReplacing || m_file.descriptor() < 0)
 {}
+
+std::expected<void, FileError> PreparedFile::flushBeforeReplacing()
+{
+    return m_isReplacing ? waitUntilWritten() : std::expected<void, FileError>();
+}
+
+std::expected<void, FileError> PreparedFile::waitUntilWritten()
+{
+    if (m_isWritten)
+        return {};
+    if (const auto written = m_file.waitUntilWritten(); !written)
+        return failure(FileError::Operation::flushed, m_name, written.error());
+    m_isWritten = true;
+    return {};
+}
 
 std::expected<void, FileError> PreparedFile::publish()
 {
-    if (auto inPlace = m_folder->anchor.checkPlace(); !inPlace)
+    if (auto inPlace = m_folder->anchor->checkPlace(); !inPlace)
         return inPlace;
     const bool wasUnnamed = m_file.isUnnamed();
     auto named = giveName();
     if (!named && named.error().code == ENOENT && wasUnnamed) {
         // Somebody has removed the folder. A file without a name outlives that.
-        auto folder = m_folder->anchor.recreateFolder(m_folder->path);
+        auto folder = m_folder->anchor->recreateFolder(m_folder->path);
         if (!folder)
             return std::unexpected(folder.error());
         m_newFolder = std::move(*folder);
@@ -46,13 +65,15 @@ std::expected<void, FileError> PreparedFile::publish()
 
 std::expected<void, FileError> PreparedFile::giveName()
 {
-    if (m_folder->likelyName == NameIs::free) {
+    if (!m_isReplacing) {
         const auto named = m_file.publish(m_name);
         if (named)
             return {};
         if (named.error() != EEXIST)
             return failure(FileError::Operation::copied, m_name, named.error());
     }
+    if (auto written = waitUntilWritten(); !written)
+        return written;
     const auto replaced = m_file.publishReplacing(m_name);
     if (replaced)
         return {};
@@ -73,7 +94,7 @@ PreparedLink::PreparedLink(std::shared_ptr<const TargetFolder> folder, QByteArra
 
 std::expected<void, FileError> PreparedLink::publish()
 {
-    if (auto inPlace = m_folder->anchor.checkPlace(); !inPlace)
+    if (auto inPlace = m_folder->anchor->checkPlace(); !inPlace)
         return inPlace;
     const int folder = m_folder->folder.get();
     if (::symlinkat(m_linkTarget.constData(), folder, m_name.constData()) == 0)

@@ -4,9 +4,6 @@
 #include "KeelbrightCore/platform/files/TargetFolder.h"
 #include "KeelbrightCore/platform/files/UnpublishedFile.h"
 
-#include <QByteArray>
-#include <memory>
-
 namespace keelbright {
 
 /// The complete copy of a file, waiting for its name in an open folder. Internal to the platform
@@ -14,21 +11,26 @@ namespace keelbright {
 class PreparedFile : public PreparedCopy
 {
 public:
-    /// `file` was created in `folder`; `sourceSize` in bytes.
-    PreparedFile(std::shared_ptr<const TargetFolder> folder, UnpublishedFile file, QByteArray name,
-                 qint64 sourceSize);
+    /// `file` was created in the plan's target folder or, where that is open, in `newFolder`;
+    /// `sourceSize` in bytes; `isReplacing` says that a file of the name is there.
+    PreparedFile(const PlannedCopy& plan, FileDescriptor newFolder, UnpublishedFile file, qint64 sourceSize,
+                 bool isReplacing);
+    [[nodiscard]] std::expected<void, FileError> flushBeforeReplacing() override;
     [[nodiscard]] std::expected<void, FileError> publish() override;
 
     [[nodiscard]] qint64 sourceSize() const override { return m_sourceSize; }
 
 private:
     [[nodiscard]] std::expected<void, FileError> giveName();
+    [[nodiscard]] std::expected<void, FileError> waitUntilWritten();
 
     std::shared_ptr<const TargetFolder> m_folder;
     FileDescriptor m_newFolder; ///< instead of one that was removed
     UnpublishedFile m_file;
     QByteArray m_name;
     qint64 m_sourceSize;
+    bool m_isReplacing;
+    bool m_isWritten; ///< as far as a replacement needs it
 };
 
 /// A symbolic link that is about to be created. Internal to the platform folder.
@@ -36,6 +38,10 @@ class PreparedLink : public PreparedCopy
 {
 public:
     PreparedLink(std::shared_ptr<const TargetFolder> folder, QByteArray linkTarget, QByteArray name);
+
+    /// A link has no data of its own.
+    [[nodiscard]] std::expected<void, FileError> flushBeforeReplacing() override { return {}; }
+
     [[nodiscard]] std::expected<void, FileError> publish() override;
 
     [[nodiscard]] qint64 sourceSize() const override { return m_linkTarget.size(); }

@@ -39,6 +39,13 @@ void copyExtendedAttributes(int source, int target);
 [[nodiscard]] std::expected<void, int> flushFileSystem(int folder);
 /// Brings a file's data onto the drive.
 [[nodiscard]] std::expected<void, int> flushData(int file);
+/// Begins to write a file's data to the drive and does not wait; a failure is reported by the next call.
+void startWriting(int file);
+/// Returns when a file's data has been written, so that no change of a name that is made afterwards
+/// reaches the drive before it. Costs less than `flushData`: the drive's own cache is not emptied.
+[[nodiscard]] std::expected<void, int> waitUntilWritten(int file);
+/// Whether the file system of an open folder needs no such wait before a file replaces another one.
+[[nodiscard]] bool writesDataBeforeNames(int folder);
 
 /// Access, modification and change times from a status.
 [[nodiscard]] timespec accessTime(const struct stat& status);

@@ -1,8 +1,8 @@
 #include "KeelbrightCore/platform/files/SystemCopyDestination.h"
 
-#include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 #include "KeelbrightCore/platform/files/FolderOpening.h"
-#include "KeelbrightCore/platform/files/PreparedItems.h"
+#include "KeelbrightCore/platform/files/SystemCalls.h"
+#include "KeelbrightCore/platform/files/SystemCopyWorker.h"
 
 #include <algorithm>
 #include <fcntl.h>
@@ -12,21 +12,16 @@ namespace keelbright {
 
 namespace {
 
-/// Enough that a repaint of the window does not hold up the copy; none to spare where a process
-/// may have few files open. A copy takes two: itself and, at worst, its folder.
+/// None to spare where a process may have few files open. A copy takes three at worst: itself, its
+/// folder and that of its source.
 qsizetype maximumPreparedCopies()
 {
     constexpr rlim_t restOfTheProgram = 128;
-    constexpr rlim_t maximum = 200;
+    constexpr rlim_t maximum = 2'000;
     rlimit limit = {};
     if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur <= restOfTheProgram)
         return 1;
     return static_cast<qsizetype>(std::clamp<rlim_t>((limit.rlim_cur - restOfTheProgram) / 4, 1, maximum));
-}
-
-std::unexpected<FileError> notARegularFile(QByteArrayView name)
-{
-    return failure(FileError::Operation::copied, name, FileError::Reason::notARegularFile);
 }
 
 /// Whether `path` is `folder` itself or lies below it.
@@ -34,40 +29,6 @@ bool isAtOrBelow(QByteArrayView path, QByteArrayView folder)
 {
     return folder.isEmpty() ||
            (path.startsWith(folder) && (path.size() == folder.size() || path[folder.size()] == '/'));
-}
-
-int openSource(const DirectoryEnumerator& item)
-{
-    constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
-    const auto open = [&] { return ::openat(item.folderDescriptor(), item.name().data(), flags); };
-    const int file = retrying(open);
-    // A network drive that lost its handle finds the file again by its name.
-    return file < 0 && errno == ESTALE ? retrying(open) : file;
-}
-
-/// Whether a file could not be created because its open folder has been removed. Some file systems
-/// answer ENOENT then, others EPERM.
-bool isRemoved(int folder, int code)
-{
-    struct stat status = {};
-    return code == ENOENT || (code == EPERM && ::fstat(folder, &status) == 0 && status.st_nlink == 0);
-}
-
-/// Where a symbolic link leads; the `errno` value where that can't be read.
-std::expected<QByteArray, int> linkTarget(int folder, QByteArrayView name)
-{
-    QByteArray target(256, Qt::Uninitialized);
-    for (;;) {
-        const ssize_t length =
-            ::readlinkat(folder, name.data(), target.data(), static_cast<size_t>(target.size()));
-        if (length < 0)
-            return std::unexpected(errno);
-        if (length < target.size()) {
-            target.truncate(length);
-            return target;
-        }
-        target.resize(target.size() * 2);
-    }
 }
 
 } // namespace
@@ -87,37 +48,61 @@ SystemCopyDestination::open(const FileURL& base, QByteArrayView relativeFolder)
     auto anchor = CopyAnchor::of(base.appendingNative(relativeFolder), std::move(*anchorFolder));
     if (!anchor)
         return std::unexpected(anchor.error());
-    FileDescriptor chainRoot = FileDescriptor::duplicate(anchor->descriptor());
+    FileDescriptor chainRoot = FileDescriptor::duplicate((*anchor)->descriptor());
     if (!chainRoot.isOpen())
         return failure(FileError::Operation::opened, base, errno);
     return std::unique_ptr<CopyDestination>(
         new SystemCopyDestination(std::move(*anchor), std::move(chainRoot)));
 }
 
-SystemCopyDestination::SystemCopyDestination(CopyAnchor anchor, FileDescriptor chainRoot)
+SystemCopyDestination::SystemCopyDestination(std::shared_ptr<CopyAnchor> anchor, FileDescriptor chainRoot)
     : m_anchor(std::move(anchor))
     , m_chain(std::move(chainRoot))
+    , m_flushesBeforeReplacing(!SystemCalls::writesDataBeforeNames(m_anchor->descriptor()))
     , m_maximumPrepared(maximumPreparedCopies())
 {}
 
 bool SystemCopyDestination::isInPlace()
 {
-    return m_anchor.isInPlace();
+    return m_anchor->isInPlace();
 }
 
-qsizetype SystemCopyDestination::maximumPrepared() const
+qsizetype SystemCopyDestination::maximumPrepared()
 {
-    // Where case folds, each name is compared with those that are on the drive already.
-    return m_letterCase.folds() ? 1 : m_maximumPrepared;
+    // Where case folds, each name is compared with those that are on the drive already. Where files can't
+    // be without a name, a kill leaves the temporary names of all that are prepared.
+    return m_letterCase.folds() || !hasUnnamedFiles() ? 1 : m_maximumPrepared;
+}
+
+bool SystemCopyDestination::hasUnnamedFiles()
+{
+    if (!m_hasUnnamedFiles) {
+        const auto file = SystemCalls::openUnnamed(m_chain.descriptor(), S_IRUSR | S_IWUSR);
+        m_hasUnnamedFiles = file.has_value() || file.error() != ENOTSUP;
+    }
+    return *m_hasUnnamedFiles;
 }
 
 std::expected<void, FileError> SystemCopyDestination::enterFolder(QByteArrayView relativeFolder)
 {
-    if (auto inPlace = m_anchor.checkPlace(); !inPlace)
+    if (auto inPlace = m_anchor->checkPlace(); !inPlace)
         return inPlace;
+    m_sourceFolder.reset();
     if (m_chain.relativePath() == relativeFolder)
         return {};
     m_targetFolder.reset();
+    auto entered = goTo(relativeFolder);
+    if (entered || entered.error().code != ENOENT)
+        return entered;
+    // Somebody has removed a folder on the way, perhaps the whole destination.
+    if (auto inPlace = m_anchor->checkPlaceNow(); !inPlace)
+        return inPlace;
+    m_chain.leaveAll();
+    return goTo(relativeFolder);
+}
+
+std::expected<void, FileError> SystemCopyDestination::goTo(QByteArrayView relativeFolder)
+{
     while (!isAtOrBelow(relativeFolder, m_chain.relativePath())) {
         if (!m_chain.leave())
             m_chain.leaveAll(); // the folders were moved meanwhile: start at the anchor again
@@ -146,142 +131,49 @@ std::expected<void, FileError> SystemCopyDestination::enterOrCreate(const QByteA
     return {};
 }
 
-std::expected<void, FileError> SystemCopyDestination::recreateFolder()
+std::expected<PlannedCopy, FileError> SystemCopyDestination::plan(const DirectoryEnumerator& item)
 {
-    // Perhaps it was the whole destination that was removed.
-    if (auto inPlace = m_anchor.checkPlaceNow(); !inPlace)
-        return inPlace;
-    m_targetFolder.reset();
-    const QByteArray folder = m_chain.relativePath();
-    m_chain.leaveAll();
-    return enterFolder(folder);
-}
-
-std::expected<std::shared_ptr<const TargetFolder>, int> SystemCopyDestination::targetFolder()
-{
-    if (m_targetFolder)
-        return m_targetFolder;
-    FileDescriptor folder = FileDescriptor::duplicate(m_chain.descriptor());
-    if (!folder.isOpen())
-        return std::unexpected(errno);
-    const mode_t umask = m_attributes.umaskIn(folder.get());
-    TargetFolder target{.anchor = m_anchor,
-                        .path = m_chain.relativePath(),
-                        .folder = std::move(folder),
-                        .likelyName = m_chain.data(),
-                        .umask = umask};
-    m_targetFolder = std::make_shared<const TargetFolder>(std::move(target));
-    return m_targetFolder;
-}
-
-SystemCopyDestination::Prepared SystemCopyDestination::prepare(const DirectoryEnumerator& item,
-                                                               const Cancellation& cancellation)
-{
-    if (const auto inPlace = m_anchor.checkPlace(); !inPlace)
-        return std::unexpected(inPlace.error());
     if (m_letterCase.isClaimedByAnother(m_chain.descriptor(), m_chain.relativePath(), item.name()))
         return failure(FileError::Operation::copied, item.name(), FileError::Reason::differsInCaseOnly);
-    switch (item.type()) {
-    case EntryType::regularFile:
-        return prepareFile(item, cancellation);
-    case EntryType::symbolicLink:
-        return prepareLink(item);
-    case EntryType::directory:
-    case EntryType::other:
-        break; // not even opened: that alone rewinds a tape, or waits for the other end of a FIFO
+    if (const auto opened = openFolders(item); !opened)
+        return failure(FileError::Operation::copied, item.name(), opened.error());
+    return PlannedCopy{m_sourceFolder, m_targetFolder, item.name().toByteArray(), item.type()};
+}
+
+std::expected<void, int> SystemCopyDestination::openFolders(const DirectoryEnumerator& item)
+{
+    if (!m_sourceFolder) {
+        FileDescriptor folder = FileDescriptor::duplicate(item.folderDescriptor());
+        if (!folder.isOpen())
+            return std::unexpected(errno);
+        m_sourceFolder = std::make_shared<const FileDescriptor>(std::move(folder));
     }
-    return notARegularFile(item.name());
-}
-
-SystemCopyDestination::Prepared SystemCopyDestination::prepareFile(const DirectoryEnumerator& item,
-                                                                   const Cancellation& cancellation)
-{
-    const FileDescriptor source(openSource(item));
-    if (!source.isOpen() && errno == ELOOP)
-        return prepareLink(item); // swapped for a link since it was listed
-    if (!source.isOpen() && errno == ENXIO)
-        return notARegularFile(item.name());
-    struct stat status = {};
-    if (!source.isOpen() || ::fstat(source.get(), &status) != 0)
-        return failure(FileError::Operation::read, item.name(), errno);
-    if (!S_ISREG(status.st_mode))
-        return notARegularFile(item.name());
-
-    auto target = createFile(item.name(), status);
-    if (!target)
-        return std::unexpected(target.error());
-    const int file = target->file.descriptor();
-    if (const auto copied = m_contents.copy(source.get(), file, status, cancellation, item.name()); !copied)
-        return std::unexpected(copied.error());
-    auto done = m_attributes.copy(source.get(), file, status, target->hasMode);
-    if (done)
-        done = target->file.finishWriting();
-    if (!done)
-        return failure(FileError::Operation::copied, item.name(), done.error());
-    return std::make_unique<PreparedFile>(std::move(target->folder), std::move(target->file),
-                                          item.name().toByteArray(), status.st_size);
-}
-
-std::expected<SystemCopyDestination::NewFile, FileError>
-SystemCopyDestination::createFile(QByteArrayView name, const struct stat& source)
-{
-    auto file = tryToCreateFile(source);
-    if (!file && isRemoved(m_chain.descriptor(), file.error())) {
-        if (const auto entered = recreateFolder(); !entered)
-            return std::unexpected(entered.error());
-        file = tryToCreateFile(source);
+    if (!m_targetFolder) {
+        FileDescriptor folder = FileDescriptor::duplicate(m_chain.descriptor());
+        if (!folder.isOpen())
+            return std::unexpected(errno);
+        const mode_t umask = m_attributes.umaskIn(folder.get());
+        m_targetFolder = std::make_shared<const TargetFolder>(TargetFolder{m_anchor, m_chain.relativePath(),
+                                                                           std::move(folder), m_chain.data(),
+                                                                           umask, m_flushesBeforeReplacing});
     }
-    if (!file)
-        return failure(FileError::Operation::copied, name, file.error());
-    return std::move(*file);
+    return {};
 }
 
-std::expected<SystemCopyDestination::NewFile, int>
-SystemCopyDestination::tryToCreateFile(const struct stat& source)
+std::unique_ptr<CopyWorker> SystemCopyDestination::makeWorker()
 {
-    auto folder = targetFolder();
-    if (!folder)
-        return std::unexpected(folder.error());
-    const int descriptor = (*folder)->folder.get();
-    constexpr mode_t ownersOnly = S_IRUSR | S_IWUSR;
-    if (m_hasUnnamedFiles) {
-        // Nobody can open a file without a name, so it may have its permissions at once, which
-        // saves a call a file.
-        const bool hasMode = m_attributes.isModeSetAtCreation(source, (*folder)->umask);
-        const mode_t mode = hasMode ? source.st_mode & 07777 : ownersOnly;
-        auto file = UnpublishedFile::createUnnamed(descriptor, mode);
-        if (file)
-            return NewFile{std::move(*folder), std::move(*file), hasMode};
-        if (file.error() != ENOTSUP)
-            return std::unexpected(file.error());
-        m_hasUnnamedFiles = false;
-    }
-    auto file = UnpublishedFile::createTemporary(descriptor, ownersOnly);
-    if (!file)
-        return std::unexpected(file.error());
-    return NewFile{std::move(*folder), std::move(*file), false};
-}
-
-SystemCopyDestination::Prepared SystemCopyDestination::prepareLink(const DirectoryEnumerator& item)
-{
-    auto target = linkTarget(item.folderDescriptor(), item.name());
-    if (!target)
-        return failure(FileError::Operation::read, item.name(), target.error());
-    auto folder = targetFolder();
-    if (!folder)
-        return failure(FileError::Operation::copied, item.name(), folder.error());
-    return std::make_unique<PreparedLink>(std::move(*folder), std::move(*target), item.name().toByteArray());
+    return std::make_unique<SystemCopyWorker>(m_attributes);
 }
 
 std::expected<void, FileError> SystemCopyDestination::writeAtomically(const QByteArray& name,
                                                                       const QByteArray& data)
 {
-    return m_anchor.writeAtomically(name, data);
+    return m_anchor->writeAtomically(name, data);
 }
 
 std::expected<void, FileError> SystemCopyDestination::flush()
 {
-    return m_anchor.flush();
+    return m_anchor->flush();
 }
 
 } // namespace keelbright

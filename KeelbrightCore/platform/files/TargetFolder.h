@@ -4,6 +4,7 @@
 #include "KeelbrightCore/platform/files/FileDescriptor.h"
 
 #include <QByteArray>
+#include <memory>
 #include <sys/types.h>
 
 namespace keelbright {
@@ -16,11 +17,12 @@ enum class NameIs { free, taken };
 /// the destination has gone on to another one. Internal to the platform folder.
 struct TargetFolder
 {
-    CopyAnchor& anchor; ///< outlives the folder
-    QByteArray path;    ///< below the anchor
+    std::shared_ptr<CopyAnchor> anchor;
+    QByteArray path; ///< below the anchor
     FileDescriptor folder;
     NameIs likelyName = NameIs::free;
     mode_t umask = 0777; ///< permissions that new files in it do not get at creation
+    bool flushesBeforeReplacing = true;
 };
 
 } // namespace keelbright

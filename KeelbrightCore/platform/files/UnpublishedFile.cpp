@@ -82,6 +82,16 @@ std::expected<void, int> UnpublishedFile::flush()
     return SystemCalls::flushData(m_file.get());
 }
 
+void UnpublishedFile::startWriting()
+{
+    SystemCalls::startWriting(m_file.get());
+}
+
+std::expected<void, int> UnpublishedFile::waitUntilWritten()
+{
+    return SystemCalls::waitUntilWritten(m_file.get());
+}
+
 std::expected<void, int> UnpublishedFile::flushWithName()
 {
     return outcome(retrying([&] { return ::fsync(m_file.get()); }) == 0 ? 0 : errno);

@@ -40,6 +40,10 @@ public:
     [[nodiscard]] std::expected<void, int> write(const QByteArray& data);
     /// Brings the data onto the drive.
     [[nodiscard]] std::expected<void, int> flush();
+    /// Begins to write the data to the drive, and does not wait.
+    void startWriting();
+    /// Waits until the data has been written, before a name that is given afterwards.
+    [[nodiscard]] std::expected<void, int> waitUntilWritten();
     /// Brings the data of a published file and its name onto the drive.
     [[nodiscard]] std::expected<void, int> flushWithName();
     /// Closes the file. Some drives report only then what they could not write. A file without a name

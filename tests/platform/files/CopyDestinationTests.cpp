@@ -50,6 +50,15 @@ protected:
         return std::move(*opened);
     }
 
+    std::expected<std::unique_ptr<PreparedCopy>, FileError> prepare(CopyDestination& mirror,
+                                                                    const DirectoryEnumerator& item)
+    {
+        const auto plan = mirror.plan(item);
+        if (!plan)
+            return std::unexpected(plan.error());
+        return mirror.makeWorker()->prepare(*plan, cancellation);
+    }
+
     /// Copies the one item of that name that lies directly in the source.
     Outcome copy(CopyDestination& mirror, const QByteArray& name, const QByteArray& folder = {})
     {
@@ -59,7 +68,7 @@ protected:
                 continue;
             if (const auto entered = mirror.enterFolder(folder); !entered)
                 return std::unexpected(entered.error());
-            auto prepared = mirror.prepare(**items, cancellation);
+            auto prepared = prepare(mirror, **items);
             if (!prepared)
                 return std::unexpected(prepared.error());
             if (const auto published = (*prepared)->publish(); !published)
@@ -145,7 +154,7 @@ TEST_F(CopyDestinationTest, leavesNothingOfACopyThatIsDropped)
     auto items = DirectoryEnumerator::open(source, {});
     ASSERT_TRUE((*items)->next());
     {
-        const auto prepared = mirror->prepare(**items, cancellation);
+        const auto prepared = prepare(*mirror, **items);
         ASSERT_TRUE(prepared.has_value());
     }
     EXPECT_EQ(testing::TestMac::read(latest("a")), "old");
@@ -316,7 +325,7 @@ TEST_F(CopyDestinationTest, namesACopyInItsOwnFolderAfterAnotherWasEntered)
     std::vector<std::unique_ptr<PreparedCopy>> prepared;
     for (const char* folder : {"one", "one/two", "three"}) {
         ASSERT_TRUE(mirror->enterFolder(folder).has_value());
-        auto copy = mirror->prepare(**items, cancellation);
+        auto copy = prepare(*mirror, **items);
         ASSERT_TRUE(copy.has_value());
         prepared.push_back(std::move(*copy));
     }
@@ -333,7 +342,7 @@ TEST_F(CopyDestinationTest, recreatesAFolderThatWasRemovedWhileItsCopyWaitedForI
     auto items = DirectoryEnumerator::open(source, {});
     ASSERT_TRUE((*items)->next());
     ASSERT_TRUE(mirror->enterFolder("one/two").has_value());
-    const auto prepared = mirror->prepare(**items, cancellation);
+    const auto prepared = prepare(*mirror, **items);
     ASSERT_TRUE(prepared.has_value());
     ASSERT_TRUE(mirror->enterFolder("three").has_value());
     ASSERT_EQ(::rmdir(latest("one/two").nativePath().constData()), 0);

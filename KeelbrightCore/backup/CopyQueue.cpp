@@ -1,0 +1,200 @@
+#include "KeelbrightCore/backup/CopyQueue.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace keelbright {
+
+namespace {
+
+/// Prepared copies take room on the drive beside the old files that they are to replace.
+constexpr qint64 maximumBytes = 32'000'000;
+constexpr qsizetype unlimited = std::numeric_limits<qsizetype>::max();
+/// To wait for workers that are about to end; one that hangs may take hours.
+constexpr auto longestWait = std::chrono::milliseconds(500);
+
+} // namespace
+
+CopyQueue::CopyQueue()
+    : m_limit(unlimited)
+{}
+
+qsizetype CopyQueue::add(Item item)
+{
+    const Lock lock(m_mutex);
+    const State state = item.plan ? State::waiting : State::ready;
+    m_entries.push_back(std::make_shared<Entry>(Entry{std::move(item), state}));
+    noteReady();
+    wakeWorkers();
+    return std::ssize(m_entries);
+}
+
+qsizetype CopyQueue::size() const
+{
+    const Lock lock(m_mutex);
+    return std::ssize(m_entries);
+}
+
+CopyQueue::Progress CopyQueue::waitForReady(qsizetype count, std::chrono::milliseconds longest)
+{
+    Lock lock(m_mutex);
+    m_workDone.wait_for(lock, longest, [&] { return m_readyCount >= count || needsTheRun(); });
+    return {m_readyCount, needsTheRun()};
+}
+
+void CopyQueue::prepareOne(CopyWorker& worker, const Cancellation& cancellation)
+{
+    Lock lock(m_mutex);
+    if (needsTheRun()) // else a worker has just come for it
+        prepareNext(lock, worker, cancellation);
+}
+
+CopyQueue::Item& CopyQueue::readyItem(qsizetype index)
+{
+    const Lock lock(m_mutex);
+    return m_entries[static_cast<size_t>(index)]->item;
+}
+
+CopyQueue::Item CopyQueue::takeFirst()
+{
+    const Lock lock(m_mutex);
+    Item item = std::move(m_entries.front()->item);
+    m_preparedBytes -= m_entries.front()->bytes;
+    m_entries.pop_front();
+    --m_readyCount;
+    --m_nextClaim;
+    wakeWorkers();
+    return item;
+}
+
+void CopyQueue::setWorkers(int count)
+{
+    const Lock lock(m_mutex);
+    m_workersAllowed = count;
+    wakeWorkers();
+}
+
+void CopyQueue::startAgainSlowly()
+{
+    std::deque<Result> dropped; // destroyed without the lock: to close a file may take its time
+    Lock lock(m_mutex);
+    m_limit = 1;
+    waitForWorkers(lock, longestWait);
+    for (const auto& entry : m_entries) {
+        if (entry->state != State::ready || !entry->item.plan)
+            continue;
+        dropped.push_back(std::exchange(entry->item.result, nullptr));
+        entry->state = State::waiting;
+        entry->bytes = 0;
+    }
+    m_preparedBytes = 0;
+    m_readyCount = 0;
+    m_nextClaim = 0;
+    noteReady();
+}
+
+void CopyQueue::notePublished()
+{
+    const Lock lock(m_mutex);
+    if (m_limit >= unlimited / 2)
+        return;
+    m_limit *= 2;
+    wakeWorkers();
+}
+
+void CopyQueue::close()
+{
+    std::deque<std::shared_ptr<Entry>> dropped; // destroyed without the lock
+    m_givenUp.quit();
+    Lock lock(m_mutex);
+    m_isClosed = true;
+    dropped.swap(m_entries);
+    m_readyCount = 0;
+    m_nextClaim = 0;
+    m_workToDo.notify_all();
+    waitForWorkers(lock, longestWait);
+}
+
+void CopyQueue::work(CopyWorker& worker)
+{
+    Lock lock(m_mutex);
+    while (!m_isClosed) {
+        ++m_workersAsleep;
+        m_workToDo.wait(lock, [this] { return m_isClosed || isWorthWaking(); });
+        --m_workersAsleep;
+        ++m_workersAwake;
+        while (!m_isClosed && claimable() > 0 && m_workersAwake <= m_workersAllowed)
+            prepareNext(lock, worker, m_givenUp);
+        --m_workersAwake;
+        m_workDone.notify_one();
+    }
+}
+
+qsizetype CopyQueue::claimable() const
+{
+    const bool isFull = m_preparedBytes > maximumBytes && m_nextClaim > 0;
+    return isFull ? 0 : std::min<qsizetype>(m_limit, std::ssize(m_entries)) - m_nextClaim;
+}
+
+bool CopyQueue::isWorthWaking() const
+{
+    return m_workersAwake < m_workersAllowed && claimable() >= worthWaking;
+}
+
+bool CopyQueue::needsTheRun() const
+{
+    const bool isFirstWaiting = m_readyCount < std::ssize(m_entries) && m_nextClaim == m_readyCount;
+    return isFirstWaiting && m_workersAwake == 0 && !(m_workersAsleep > 0 && isWorthWaking());
+}
+
+void CopyQueue::prepareNext(Lock& lock, CopyWorker& worker, const Cancellation& cancellation)
+{
+    std::shared_ptr<Entry> entry = m_entries[static_cast<size_t>(m_nextClaim)];
+    entry->state = State::inWork;
+    ++m_inWork;
+    noteReady();
+    lock.unlock();
+    Result result = worker.prepare(*entry->item.plan, cancellation);
+    lock.lock();
+    if (m_isClosed) { // nobody takes it any more
+        lock.unlock();
+        result = nullptr;
+        entry.reset();
+        lock.lock();
+        --m_inWork;
+        m_workDone.notify_one();
+        return;
+    }
+    --m_inWork;
+    if (result && *result)
+        entry->bytes = (*result)->sourceSize();
+    m_preparedBytes += entry->bytes;
+    entry->item.result = std::move(result);
+    entry->state = State::ready;
+    noteReady();
+    m_workDone.notify_one();
+}
+
+/// Counts what is ready at the front, and passes over what needs no claim.
+void CopyQueue::noteReady()
+{
+    const auto stateAt = [this](qsizetype index) { return m_entries[static_cast<size_t>(index)]->state; };
+    const qsizetype end = std::ssize(m_entries);
+    while (m_readyCount < end && stateAt(m_readyCount) == State::ready)
+        ++m_readyCount;
+    while (m_nextClaim < end && stateAt(m_nextClaim) != State::waiting)
+        ++m_nextClaim;
+}
+
+void CopyQueue::waitForWorkers(Lock& lock, std::chrono::milliseconds longest)
+{
+    m_workDone.wait_for(lock, longest, [this] { return m_inWork == 0; });
+}
+
+void CopyQueue::wakeWorkers()
+{
+    if (m_workersAsleep > 0 && isWorthWaking())
+        m_workToDo.notify_one();
+}
+
+} // namespace keelbright

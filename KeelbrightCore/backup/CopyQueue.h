@@ -1,0 +1,112 @@
+#pragma once
+
+#include "KeelbrightCore/backup/BackupTask.h"
+#include "KeelbrightCore/platform/files/CopyDestination.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <optional>
+
+namespace keelbright {
+
+/// The items of a source between the walk and their names, in the order of the walk. The run adds and
+/// takes them; meanwhile the workers prepare their copies, and the run itself does where no worker is
+/// awake.
+///
+/// Shared by the run and its workers: a worker that hangs keeps the queue and the item that it works on,
+/// and delays only what comes after that item.
+class CopyQueue
+{
+public:
+    using Result = std::expected<std::unique_ptr<PreparedCopy>, FileError>;
+
+    /// A copy to be prepared and published, or else the change that reports an item without one.
+    struct Item
+    {
+        std::optional<PlannedCopy> plan;
+        QString name; ///< for error lines
+        BackupTask::Change change;
+        Result result = nullptr; ///< of the preparation
+    };
+
+    struct Progress
+    {
+        qsizetype ready = 0; ///< items at the front
+        bool needsTheRun = false;
+    };
+
+    /// So many items have to wait before a worker is woken: to wake one takes longer than to copy a few.
+    static constexpr qsizetype worthWaking = 32;
+
+    CopyQueue();
+
+    // For the thread of the run.
+
+    /// Gives the number of items in the queue.
+    qsizetype add(Item item);
+    [[nodiscard]] qsizetype size() const;
+    /// Waits until the first `count` items are ready, until the run has to prepare an item itself because
+    /// no worker is awake, or until the time has passed.
+    [[nodiscard]] Progress waitForReady(qsizetype count, std::chrono::milliseconds longest);
+    /// Prepares the first item that is not ready. To be called where `Progress` asks for it.
+    void prepareOne(CopyWorker& worker, const Cancellation& cancellation);
+    /// One of the items at the front that are ready.
+    [[nodiscard]] Item& readyItem(qsizetype index);
+    /// Takes the first item out, which has to be ready.
+    [[nodiscard]] Item takeFirst();
+    /// How many workers may prepare at the same time.
+    void setWorkers(int count);
+    /// Drops what has been prepared, so that its open files and its room on the drive are free; waits for
+    /// the workers before, though never long for one that hangs. From now on only the first item may be
+    /// prepared, and twice as many with each copy that `notePublished` reports.
+    void startAgainSlowly();
+    void notePublished();
+    /// Lets the workers go and gives up what they have under way; never waits long for one that hangs.
+    void close();
+
+    // For a thread of its own.
+
+    /// Prepares items until the queue is closed.
+    void work(CopyWorker& worker);
+
+private:
+    enum class State { waiting, inWork, ready };
+
+    struct Entry
+    {
+        Item item; ///< belongs to whoever works on it, then to the run
+        State state = State::waiting;
+        qint64 bytes = 0; ///< in the prepared copy
+    };
+
+    using Lock = std::unique_lock<std::mutex>;
+
+    // All of them need the lock.
+    [[nodiscard]] qsizetype claimable() const;
+    [[nodiscard]] bool isWorthWaking() const;
+    [[nodiscard]] bool needsTheRun() const;
+    void prepareNext(Lock& lock, CopyWorker& worker, const Cancellation& cancellation);
+    void noteReady();
+    void waitForWorkers(Lock& lock, std::chrono::milliseconds longest);
+    void wakeWorkers();
+
+    mutable std::mutex m_mutex; ///< for all that follows
+    std::condition_variable m_workToDo;
+    std::condition_variable m_workDone;
+    std::deque<std::shared_ptr<Entry>> m_entries;
+    qsizetype m_readyCount = 0; ///< at the front, without a gap
+    qsizetype m_nextClaim = 0;  ///< no item before it is waiting
+    qsizetype m_limit;          ///< only items before it may be prepared
+    qint64 m_preparedBytes = 0;
+    int m_workersAllowed = 1;
+    int m_workersAwake = 0;
+    int m_workersAsleep = 0;
+    int m_inWork = 0; ///< items
+    bool m_isClosed = false;
+    Cancellation m_givenUp;
+};
+
+} // namespace keelbright

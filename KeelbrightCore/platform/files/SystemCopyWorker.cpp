@@ -1,0 +1,172 @@
+#include "KeelbrightCore/platform/files/SystemCopyWorker.h"
+
+#include "KeelbrightCore/platform/files/PreparedItems.h"
+
+#include <fcntl.h>
+
+namespace keelbright {
+
+namespace {
+
+std::unexpected<FileError> notARegularFile(QByteArrayView name)
+{
+    return failure(FileError::Operation::copied, name, FileError::Reason::notARegularFile);
+}
+
+int openSource(const PlannedCopy& plan)
+{
+    constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    const auto open = [&] { return ::openat(plan.source->get(), plan.name.constData(), flags); };
+    const int file = retrying(open);
+    // A network drive that lost its handle finds the file again by its name.
+    return file < 0 && errno == ESTALE ? retrying(open) : file;
+}
+
+/// Whether a file could not be created because its open folder has been removed. Some file systems
+/// answer ENOENT then, others EPERM.
+bool isRemoved(int folder, int code)
+{
+    struct stat status = {};
+    return code == ENOENT || (code == EPERM && ::fstat(folder, &status) == 0 && status.st_nlink == 0);
+}
+
+/// Where a symbolic link leads; the `errno` value where that can't be read.
+std::expected<QByteArray, int> linkTarget(int folder, const QByteArray& name)
+{
+    QByteArray target(256, Qt::Uninitialized);
+    for (;;) {
+        const ssize_t length =
+            ::readlinkat(folder, name.constData(), target.data(), static_cast<size_t>(target.size()));
+        if (length < 0)
+            return std::unexpected(errno);
+        if (length < target.size()) {
+            target.truncate(length);
+            return target;
+        }
+        target.resize(target.size() * 2);
+    }
+}
+
+/// Whether the copy is going to replace something.
+bool isTaken(const TargetFolder& target, const QByteArray& name)
+{
+    struct stat status = {};
+    return ::fstatat(target.folder.get(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 ||
+           errno != ENOENT;
+}
+
+std::expected<std::unique_ptr<PreparedCopy>, FileError> prepareLink(const PlannedCopy& plan)
+{
+    auto target = linkTarget(plan.source->get(), plan.name);
+    if (!target)
+        return failure(FileError::Operation::read, plan.name, target.error());
+    return std::make_unique<PreparedLink>(plan.target, std::move(*target), plan.name);
+}
+
+} // namespace
+
+SystemCopyWorker::SystemCopyWorker(const CopyAttributes& attributes)
+    : m_attributes(attributes)
+{}
+
+SystemCopyWorker::Prepared SystemCopyWorker::prepare(const PlannedCopy& plan,
+                                                     const Cancellation& cancellation)
+{
+    if (const auto inPlace = plan.target->anchor->checkPlace(); !inPlace)
+        return std::unexpected(inPlace.error());
+    switch (plan.type) {
+    case EntryType::regularFile:
+        return prepareFile(plan, cancellation);
+    case EntryType::symbolicLink:
+        return prepareLink(plan);
+    case EntryType::directory:
+    case EntryType::other:
+        break; // not even opened: that alone rewinds a tape, or waits for the other end of a FIFO
+    }
+    return notARegularFile(plan.name);
+}
+
+SystemCopyWorker::Prepared SystemCopyWorker::prepareFile(const PlannedCopy& plan,
+                                                         const Cancellation& cancellation)
+{
+    const FileDescriptor source(openSource(plan));
+    if (!source.isOpen() && errno == ELOOP)
+        return prepareLink(plan); // swapped for a link since it was listed
+    if (!source.isOpen() && errno == ENXIO)
+        return notARegularFile(plan.name);
+    struct stat status = {};
+    if (!source.isOpen() || ::fstat(source.get(), &status) != 0)
+        return failure(FileError::Operation::read, plan.name, errno);
+    if (!S_ISREG(status.st_mode))
+        return notARegularFile(plan.name);
+
+    auto target = createFile(plan, status);
+    if (!target)
+        return std::unexpected(target.error());
+    const int file = target->file.descriptor();
+    if (const auto copied = m_contents.copy(source.get(), file, status, cancellation, plan.name); !copied)
+        return std::unexpected(copied.error());
+    if (const auto done = finish(*target, source.get(), status, plan); !done)
+        return failure(FileError::Operation::copied, plan.name, done.error());
+    return std::make_unique<PreparedFile>(plan, std::move(target->newFolder), std::move(target->file),
+                                          status.st_size, target->isReplacing);
+}
+
+std::expected<void, int> SystemCopyWorker::finish(NewFile& file, int source, const struct stat& status,
+                                                  const PlannedCopy& plan)
+{
+    if (auto copied = m_attributes.copy(source, file.file.descriptor(), status, file.hasMode); !copied)
+        return copied;
+    file.isReplacing = plan.target->likelyName == NameIs::taken && isTaken(*plan.target, plan.name);
+    if (file.isReplacing && plan.target->flushesBeforeReplacing) {
+        file.file.startWriting();
+        // It is closed below.
+        if (!file.file.isUnnamed()) {
+            if (auto written = file.file.waitUntilWritten(); !written)
+                return written;
+        }
+    }
+    return file.file.finishWriting();
+}
+
+std::expected<SystemCopyWorker::NewFile, FileError> SystemCopyWorker::createFile(const PlannedCopy& plan,
+                                                                                 const struct stat& source)
+{
+    const TargetFolder& target = *plan.target;
+    auto file = createFileIn(target.folder.get(), target, source);
+    if (!file && isRemoved(target.folder.get(), file.error())) {
+        auto folder = target.anchor->recreateFolder(target.path);
+        if (!folder)
+            return std::unexpected(folder.error());
+        file = createFileIn(folder->get(), target, source);
+        if (file)
+            file->newFolder = std::move(*folder);
+    }
+    if (!file)
+        return failure(FileError::Operation::copied, plan.name, file.error());
+    return std::move(*file);
+}
+
+std::expected<SystemCopyWorker::NewFile, int>
+SystemCopyWorker::createFileIn(int folder, const TargetFolder& target, const struct stat& source)
+{
+    constexpr mode_t ownersOnly = S_IRUSR | S_IWUSR;
+    if (m_hasUnnamedFiles) {
+        // Nobody can open a file without a name, so it may have its permissions at once, which
+        // saves a call a file.
+        const bool hasMode = m_attributes.isModeSetAtCreation(source, target.umask);
+        const mode_t mode = hasMode ? source.st_mode & 07777 : ownersOnly;
+        auto file = UnpublishedFile::createUnnamed(folder, mode);
+        if (file)
+            return NewFile{{}, std::move(*file), hasMode};
+        if (file.error() != ENOTSUP)
+            return std::unexpected(file.error());
+        m_hasUnnamedFiles = false;
+    }
+    auto file = UnpublishedFile::createTemporary(folder, ownersOnly);
+    if (!file)
+        return std::unexpected(file.error());
+    return NewFile{{}, std::move(*file), false};
+}
+
+} // namespace keelbright

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "KeelbrightCore/platform/files/CopyAttributes.h"
+#include "KeelbrightCore/platform/files/CopyDestination.h"
+#include "KeelbrightCore/platform/files/FileContents.h"
+#include "KeelbrightCore/platform/files/TargetFolder.h"
+#include "KeelbrightCore/platform/files/UnpublishedFile.h"
+
+namespace keelbright {
+
+/// Copies files and links on the real file system. Internal to the platform folder.
+class SystemCopyWorker : public CopyWorker
+{
+public:
+    explicit SystemCopyWorker(const CopyAttributes& attributes);
+
+    [[nodiscard]] std::expected<std::unique_ptr<PreparedCopy>, FileError>
+    prepare(const PlannedCopy& plan, const Cancellation& cancellation) override;
+
+private:
+    using Prepared = std::expected<std::unique_ptr<PreparedCopy>, FileError>;
+
+    /// A file that is being copied.
+    struct NewFile
+    {
+        FileDescriptor newFolder; ///< instead of a target folder that somebody has removed
+        UnpublishedFile file;
+        bool hasMode = false; ///< that of its source
+        bool isReplacing = false;
+    };
+
+    [[nodiscard]] Prepared prepareFile(const PlannedCopy& plan, const Cancellation& cancellation);
+    [[nodiscard]] std::expected<void, int> finish(NewFile& file, int source, const struct stat& status,
+                                                  const PlannedCopy& plan);
+    [[nodiscard]] std::expected<NewFile, FileError> createFile(const PlannedCopy& plan,
+                                                               const struct stat& source);
+    [[nodiscard]] std::expected<NewFile, int> createFileIn(int folder, const TargetFolder& target,
+                                                           const struct stat& source);
+
+    CopyAttributes m_attributes;
+    FileContents m_contents;
+    bool m_hasUnnamedFiles = true;
+};
+
+} // namespace keelbright

@@ -1,0 +1,182 @@
+#include "KeelbrightCore/backup/CopyQueue.h"
+
+#include "tests/backup/FakeCopyDestination.h"
+
+#include <QSemaphore>
+#include <gmock/gmock.h>
+#include <thread>
+
+namespace keelbright {
+namespace {
+
+using testing::CopyRecord;
+using ::testing::ElementsAre;
+using testing::FakeCopyWorker;
+using ::testing::IsEmpty;
+using testing::RecordedCopy;
+
+using Prepared = CopyQueue::Result;
+using std::chrono::milliseconds;
+
+constexpr milliseconds longEnough(20'000);
+
+class CopyQueueTest : public ::testing::Test
+{
+protected:
+    ~CopyQueueTest() override { queue.close(); }
+
+    void addCopies(int count)
+    {
+        for (int number = 0; number < count; ++number)
+            queue.add({.plan = PlannedCopy{nullptr, nullptr, "f" + QByteArray::number(number),
+                                           EntryType::regularFile},
+                       .name = {},
+                       .change = {}});
+    }
+
+    [[nodiscard]] FakeCopyWorker worker(qint64 size = 1)
+    {
+        return FakeCopyWorker([this, size](const QByteArray& item, const Cancellation&) -> Prepared {
+            record.append("prepared " + item);
+            return std::make_unique<RecordedCopy>(item, record, size);
+        });
+    }
+
+    /// Lets a thread work with that worker while the test lasts.
+    [[nodiscard]] std::jthread workOn(FakeCopyWorker& own)
+    {
+        return std::jthread([&] { queue.work(own); });
+    }
+
+    CopyRecord record;
+    CopyQueue queue;
+    Cancellation cancellation;
+};
+
+constexpr int many = static_cast<int>(CopyQueue::worthWaking);
+
+TEST_F(CopyQueueTest, asksTheRunForAFewItems)
+{
+    addCopies(2);
+    EXPECT_EQ(queue.size(), 2);
+    const auto before = queue.waitForReady(2, longEnough);
+    EXPECT_EQ(before.ready, 0);
+    EXPECT_TRUE(before.needsTheRun);
+    FakeCopyWorker own = worker();
+    queue.prepareOne(own, cancellation);
+    EXPECT_EQ(queue.waitForReady(1, longEnough).ready, 1);
+    EXPECT_TRUE(queue.takeFirst().result.value() != nullptr);
+    EXPECT_EQ(queue.size(), 1);
+}
+
+TEST_F(CopyQueueTest, holdsAnItemWithoutACopyReadyFromTheStart)
+{
+    queue.add({.plan = std::nullopt, .name = {}, .change = [](BackupEngine&) {}});
+    EXPECT_EQ(queue.waitForReady(1, longEnough).ready, 1);
+    EXPECT_TRUE(queue.takeFirst().change);
+}
+
+TEST_F(CopyQueueTest, countsWhatIsReadyUpToTheFirstThatIsNot)
+{
+    addCopies(1);
+    queue.add({.plan = std::nullopt, .name = {}, .change = [](BackupEngine&) {}});
+    EXPECT_EQ(queue.waitForReady(2, milliseconds(1)).ready, 0);
+    FakeCopyWorker own = worker();
+    queue.prepareOne(own, cancellation);
+    EXPECT_EQ(queue.waitForReady(2, longEnough).ready, 2);
+}
+
+TEST_F(CopyQueueTest, letsItsWorkersPrepareManyItems)
+{
+    FakeCopyWorker one = worker();
+    FakeCopyWorker two = worker();
+    const std::jthread first = workOn(one);
+    const std::jthread second = workOn(two);
+    queue.setWorkers(2);
+    addCopies(10 * many);
+    qsizetype ready = 0;
+    while (ready < 10 * many) { // until the workers have started, it asks for the run
+        const auto progress = queue.waitForReady(10 * many, longEnough);
+        ready = progress.ready;
+    }
+    for (int number = 0; number < 10 * many; ++number)
+        EXPECT_TRUE(queue.takeFirst().result.value() != nullptr);
+    queue.close();
+}
+
+TEST_F(CopyQueueTest, preparesNoMoreThanSomeMegabytesAhead)
+{
+    FakeCopyWorker own = worker(10'000'000);
+    addCopies(2 * many);
+    const std::jthread thread = workOn(own);
+    while (queue.waitForReady(4, longEnough).ready < 4) {
+    }
+    EXPECT_TRUE(queue.waitForReady(5, longEnough).needsTheRun) << "the worker stops";
+    EXPECT_THAT(record.names("prepared"), ElementsAre("f0", "f1", "f2", "f3"));
+    for (int number = 0; number < 4; ++number)
+        EXPECT_TRUE(queue.takeFirst().result.value() != nullptr);
+    while (queue.waitForReady(4, longEnough).ready < 4) {
+    }
+    queue.close();
+}
+
+TEST_F(CopyQueueTest, dropsWhatIsPreparedWhenItStartsAgainSlowly)
+{
+    FakeCopyWorker own = worker();
+    addCopies(2 * many);
+    for (int number = 0; number < 3; ++number)
+        queue.prepareOne(own, cancellation);
+    queue.startAgainSlowly();
+    EXPECT_THAT(record.names("dropped"), ElementsAre("f0", "f1", "f2"));
+    EXPECT_EQ(queue.waitForReady(1, milliseconds(1)).ready, 0);
+    const std::jthread thread = workOn(own);
+    EXPECT_TRUE(queue.waitForReady(1, longEnough).needsTheRun) << "one at a time";
+    queue.prepareOne(own, cancellation);
+    EXPECT_EQ(queue.waitForReady(1, longEnough).ready, 1);
+    EXPECT_TRUE(queue.takeFirst().result.value() != nullptr);
+    for (int published = 0; published < 10; ++published)
+        queue.notePublished();
+    while (queue.waitForReady(many, longEnough).ready < many) {
+    }
+    queue.close();
+}
+
+TEST_F(CopyQueueTest, givesUpWhatIsUnderWayWhenItIsClosed)
+{
+    QSemaphore begun;
+    FakeCopyWorker patient([&](const QByteArray& item, const Cancellation& given) -> Prepared {
+        begun.release();
+        while (!given.isQuitting())
+            std::this_thread::yield();
+        return std::make_unique<RecordedCopy>(item, record, 1);
+    });
+    const std::jthread thread = workOn(patient);
+    addCopies(many);
+    begun.acquire();
+    queue.close();
+    EXPECT_THAT(record.lines(), ElementsAre("dropped f0"));
+    EXPECT_EQ(queue.size(), 0);
+}
+
+TEST_F(CopyQueueTest, doesNotWaitForAWorkerThatHangs)
+{
+    QSemaphore begun;
+    QSemaphore end;
+    FakeCopyWorker hanging([&](const QByteArray& item, const Cancellation&) -> Prepared {
+        begun.release();
+        end.acquire();
+        return std::make_unique<RecordedCopy>(item, record, 1);
+    });
+    {
+        const std::jthread thread = workOn(hanging);
+        addCopies(many);
+        begun.acquire();
+        queue.close();
+        EXPECT_THAT(record.lines(), IsEmpty());
+        end.release();
+    }
+    EXPECT_THAT(record.lines(), ElementsAre("dropped f0"));
+}
+
+} // namespace
+} // namespace keelbright
