@@ -10,6 +10,7 @@
 
 #include <array>
 #include <fcntl.h>
+#include <new>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
@@ -47,6 +48,27 @@ QByteArray homeInUserDatabase()
     if (::getpwuid_r(::getuid(), &entry, buffer.data(), buffer.size(), &found) != 0 || found == nullptr)
         return {};
     return found->pw_dir;
+}
+
+/// All bytes of an open file, but few more than the maximum; or an `errno` value.
+std::expected<QByteArray, int> readUpTo(qint64 maximumSize, const FileDescriptor& file, qint64 expectedSize)
+try {
+    constexpr qsizetype piece = qsizetype{64} * 1024;
+    QByteArray data;
+    data.reserve(expectedSize);
+    while (data.size() <= maximumSize) {
+        const qsizetype size = data.size();
+        data.resize(size + piece);
+        const ssize_t got = retrying([&] { return ::read(file.get(), data.data() + size, piece); });
+        if (got < 0)
+            return std::unexpected(errno);
+        data.resize(size + got);
+        if (got == 0)
+            break;
+    }
+    return data;
+} catch (const std::bad_alloc&) {
+    return std::unexpected(ENOMEM);
 }
 
 } // namespace
@@ -186,21 +208,13 @@ std::expected<QByteArray, FileError> SystemFileManager::contents(const FileURL& 
         return failure(FileError::Operation::read, url, FileError::Reason::notARegularFile);
     if (status.st_size > maximumSize)
         return failure(FileError::Operation::read, url, FileError::Reason::tooLarge);
-    constexpr qsizetype piece = qsizetype{64} * 1024;
-    QByteArray data;
-    data.reserve(status.st_size);
+    const auto data = readUpTo(maximumSize, file, status.st_size);
+    if (!data)
+        return failure(FileError::Operation::read, url, data.error());
     // Some files hold more than their size says.
-    while (data.size() <= maximumSize) {
-        const qsizetype size = data.size();
-        data.resize(size + piece);
-        const ssize_t got = retrying([&] { return ::read(file.get(), data.data() + size, piece); });
-        data.resize(size + qMax<qsizetype>(got, 0));
-        if (got < 0)
-            return failure(FileError::Operation::read, url, errno);
-        if (got == 0)
-            return data;
-    }
-    return failure(FileError::Operation::read, url, FileError::Reason::tooLarge);
+    if (data->size() > maximumSize)
+        return failure(FileError::Operation::read, url, FileError::Reason::tooLarge);
+    return *data;
 }
 
 std::expected<void, FileError> SystemFileManager::writeAtomically(const FileURL& url, const QByteArray& data)

@@ -4,8 +4,11 @@
 #include "tests/support/TestMac.h"
 
 #include <cerrno>
+#include <cstdio>
+#include <cstdlib>
 #include <gmock/gmock.h>
 #include <pwd.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -120,6 +123,27 @@ TEST_F(SystemFileManagerTest, refusesToReadMoreThanTheMaximum)
               QStringLiteral("“file” could not be read: it is too large."));
     ASSERT_EQ(::truncate(file.nativePath().constData(), 40'000'000'000), 0);
     EXPECT_EQ(files.contents(file).error().reason, FileError::Reason::tooLarge);
+}
+
+/// Prints what comes of it; meant for a process of its own.
+[[noreturn]] void readWithLittleMemory(const FileManager& files, const FileURL& file)
+{
+    constexpr rlim_t limit = 500'000'000;
+    const rlimit small{limit, limit};
+    ::setrlimit(RLIMIT_AS, &small);
+    const auto read = files.contents(file);
+    std::fputs(read ? "read" : read.error().localizedDescription().toUtf8().constData(), stderr);
+    std::_Exit(0);
+}
+
+TEST_F(SystemFileManagerTest, refusesAFileForWhichThereIsNotEnoughMemory)
+{
+    if (KEELBRIGHT_IS_SANITIZED)
+        GTEST_SKIP() << "a sanitizer needs more address space than the limit leaves";
+    const FileURL file = mac.writeFile("folder/file", "");
+    ASSERT_EQ(::truncate(file.nativePath().constData(), 900'000'000), 0);
+    EXPECT_EXIT(readWithLittleMemory(files, file), ::testing::ExitedWithCode(0),
+                "“file” could not be read: there is not enough memory.");
 }
 
 TEST_F(SystemFileManagerTest, refusesAFileThatHoldsMoreThanItsSizeSays)

@@ -3,12 +3,14 @@
 
 #include <QFile>
 #include <QLocalSocket>
+#include <QProcess>
 #include <QSignalSpy>
 #include <QTest>
 #include <QThread>
 #include <QtConcurrent>
 #include <gtest/gtest.h>
 #include <optional>
+#include <unistd.h>
 
 namespace keelbright {
 
@@ -123,6 +125,29 @@ TEST_F(SingleInstanceTest, withoutAFolderTheSocketKeepsItOne)
     SingleInstance first(folder);
     EXPECT_EQ(first.start(), Start::first);
     EXPECT_EQ(resultOf(startAnother()), Start::handedOver);
+}
+
+TEST_F(SingleInstanceTest, anotherUsersRequestIsNotHeard)
+{
+    if (::getuid() != 0)
+        GTEST_SKIP() << "only root can ask as another user";
+    SingleInstance first(folder);
+    const QSignalSpy requests(&first, &SingleInstance::activationRequested);
+    EXPECT_EQ(first.start(), Start::first);
+    const QString script = u"import socket, sys\n"
+                           "peer = socket.socket(socket.AF_UNIX)\n"
+                           "peer.connect('\\0' + sys.argv[1])\n"
+                           "print('connected', flush=True)\n"
+                           "peer.send(b'show\\n')\n"
+                           "print(peer.recv(10))\n"_s;
+    QProcess other;
+    other.start(u"runuser"_s,
+                {u"-u"_s, u"nobody"_s, u"--"_s, u"/usr/bin/python3"_s, u"-c"_s, script, first.socketName()});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return other.state() == QProcess::NotRunning; }, 60'000));
+    const QByteArray output = other.readAllStandardOutput();
+    EXPECT_TRUE(output.startsWith("connected\n"));
+    EXPECT_FALSE(output.contains("shown"));
+    EXPECT_EQ(requests.count(), 0);
 }
 
 TEST_F(SingleInstanceTest, otherTextIsNoRequest)
