@@ -70,25 +70,31 @@ AppConfiguration BackupConfigStore::load()
     return file.value_or(AppConfiguration());
 }
 
-Decoded<AppConfiguration> BackupConfigStore::loadFile()
+std::optional<AppConfiguration> BackupConfigStore::loadFile()
 {
     const auto text = FileManager::defaultManager().contents(m_configURL);
     if (!text) {
         m_isFileUnusable = isFileThere(text.error());
-        return std::unexpected(JsonError());
+        return std::nullopt;
     }
     auto configuration = decoded(*text);
     m_isFileUnusable = !configuration;
-    if (!configuration)
+    if (!configuration) {
         printLine(u"Failed to decode config: "_s + configuration.error().localizedDescription());
-    return configuration;
+        return std::nullopt;
+    }
+    return *std::move(configuration);
 }
 
 std::optional<AppConfiguration> BackupConfigStore::loadCopy()
 {
     const auto text = m_copies.whole();
-    auto configuration = text ? decoded(*text) : std::unexpected(JsonError());
-    m_isCopyUnusable = !configuration && (text || isFileThere(text.error()));
+    if (!text) {
+        m_isCopyUnusable = isFileThere(text.error());
+        return std::nullopt;
+    }
+    auto configuration = decoded(*text);
+    m_isCopyUnusable = !configuration;
     if (!configuration)
         return std::nullopt;
     return *std::move(configuration);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "KeelbrightCore/platform/files/FileURL.h"
-#include "KeelbrightCore/platform/formats/JsonDecoding.h"
 #include "KeelbrightCore/records/ConfigurationCopies.h"
 #include "KeelbrightCore/records/ConfigurationText.h"
+
+#include <expected>
+#include <optional>
 
 namespace keelbright {
 
@@ -36,7 +38,7 @@ private:
     /// What the last load was made of.
     enum class Origin { nothing, file, copy };
 
-    [[nodiscard]] Decoded<AppConfiguration> loadFile();
+    [[nodiscard]] std::optional<AppConfiguration> loadFile();
     [[nodiscard]] std::optional<AppConfiguration> loadCopy();
     /// Makes sure that a write to the file loses nothing.
     [[nodiscard]] std::expected<void, FileError> keepWhatIsThere();

@@ -23,6 +23,11 @@ FileManager& files()
     return FileManager::defaultManager();
 }
 
+FileURL sibling(const FileURL& file, const QByteArray& suffix)
+{
+    return FileURL::fromNativePath(file.nativePath() + suffix);
+}
+
 bool isTaken(const FileError& error)
 {
     return error.reason == FileError::Reason::system && error.code == EEXIST;
@@ -39,13 +44,8 @@ std::expected<void, FileError> keepAs(const FileURL& name, const FileURL& file)
 
 ConfigurationCopies::ConfigurationCopies(FileURL file)
     : m_file(std::move(file))
-    , m_whole(sibling(".before-start"))
+    , m_whole(sibling(m_file, ".before-start"))
 {}
-
-FileURL ConfigurationCopies::sibling(const QByteArray& suffix) const
-{
-    return FileURL::fromNativePath(m_file.nativePath() + suffix);
-}
 
 std::expected<QByteArray, FileError> ConfigurationCopies::whole() const
 {
@@ -92,11 +92,11 @@ std::expected<FileURL, FileError> ConfigurationCopies::keepUnusable(const FileUR
 {
     const QByteArray suffix =
         unusableSuffix + QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"_s).toLatin1();
-    FileURL place = sibling(suffix);
+    FileURL place = sibling(m_file, suffix);
     auto kept = keepAs(place, unusable);
     constexpr int maximumNumber = 99;
     for (int number = 2; !kept && isTaken(kept.error()) && number <= maximumNumber; ++number) {
-        place = sibling(suffix + '-' + QByteArray::number(number));
+        place = sibling(m_file, suffix + '-' + QByteArray::number(number));
         kept = keepAs(place, unusable);
     }
     if (!kept)

@@ -31,7 +31,6 @@ public:
     [[nodiscard]] std::expected<FileURL, FileError> keepUnusableCopy() const;
 
 private:
-    [[nodiscard]] FileURL sibling(const QByteArray& suffix) const;
     [[nodiscard]] std::expected<FileURL, FileError> keepUnusable(const FileURL& unusable) const;
     /// Of the unusable ones, of which `latest` is the newest whatever the clock says.
     void removeOldest(const FileURL& latest) const;
