@@ -11,6 +11,7 @@ class QStackedLayout;
 namespace keelbright {
 
 class ActivityLogModel;
+class Banner;
 class EmptyStateView;
 class Label;
 class MenuButton;
@@ -18,7 +19,7 @@ class PageHeader;
 class RowListView;
 
 /// The log of what the program did, by day. The user can filter it by kind, export it and clear it.
-/// Shows the log as it was when the screen appeared.
+/// Shows the log as it was when the screen appeared, and above it why the last export failed.
 class ActivityLogView : public QWidget
 {
     Q_OBJECT
@@ -40,9 +41,12 @@ protected:
 
 private:
     void addToolbar();
+    void addExportError();
     void addStates();
     [[nodiscard]] QList<ActivityEntry> filtered() const;
     void clear();
+    void exportLog();
+    void showExportOutcome(const std::expected<void, FileError>& outcome);
     void redraw();
 
     ScreenContext m_context;
@@ -50,6 +54,8 @@ private:
     std::optional<ActivityEntry::Kind> m_filterKind;
     PageHeader* m_header = nullptr;
     MenuButton* m_filter = nullptr;
+    QWidget* m_exportErrorArea = nullptr;
+    Banner* m_exportError = nullptr;
     QStackedLayout* m_states = nullptr;
     EmptyStateView* m_empty = nullptr;
     Label* m_noMatch = nullptr;

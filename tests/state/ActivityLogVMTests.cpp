@@ -32,10 +32,16 @@ protected:
 
     [[nodiscard]] FileURL csv() const { return mac.home().appending(u"log.csv"_s); }
 
+    void exportCSV()
+    {
+        model.exportCSV([this](const std::expected<void, FileError>& outcome) { outcomes.append(outcome); });
+    }
+
     TestMac mac;
     ActivityStore store{mac.fileManager().applicationSupportDirectory()};
     FakeFileChooser files;
     ActivityLogVM model{store, files};
+    QList<std::expected<void, FileError>> outcomes; ///< of the exports so far
 };
 
 } // namespace
@@ -67,7 +73,7 @@ TEST_F(ActivityLogVMTest, theExportAsksForAPlaceAndWritesTheLogOnDisk)
 {
     store.append(entry(u"Saved, at last"_s));
     files.willChoose(csv());
-    model.exportCSV();
+    exportCSV();
     ASSERT_EQ(files.saveRequests.size(), 1);
     EXPECT_EQ(files.saveRequests.first().title, u"Export log as CSV"_s);
     EXPECT_EQ(files.saveRequests.first().prompt, u"Save"_s);
@@ -80,11 +86,26 @@ TEST_F(ActivityLogVMTest, theExportAsksForAPlaceAndWritesTheLogOnDisk)
 TEST_F(ActivityLogVMTest, aDismissedChooserAndAPlaceThatCannotBeWrittenLeaveNoFile)
 {
     files.willBeDismissed();
-    model.exportCSV();
+    exportCSV();
+    EXPECT_TRUE(outcomes.isEmpty());
     const FileURL nowhere = mac.home().appending(u"no such folder/log.csv"_s);
     files.willChoose(nowhere);
-    model.exportCSV();
+    exportCSV();
     EXPECT_FALSE(mac.fileManager().fileExists(nowhere).exists);
+}
+
+TEST_F(ActivityLogVMTest, theOutcomeOfAnExportIsHandedOn)
+{
+    files.willChoose(csv());
+    exportCSV();
+    ASSERT_EQ(outcomes.size(), 1);
+    EXPECT_TRUE(outcomes.first());
+    files.willChoose(mac.home().appending(u"no such folder/log.csv"_s));
+    exportCSV();
+    ASSERT_EQ(outcomes.size(), 2);
+    ASSERT_FALSE(outcomes.last());
+    EXPECT_EQ(outcomes.last().error(),
+              FileError::fromCode(FileError::Operation::written, u"log.csv"_s, ENOENT));
 }
 
 TEST_F(ActivityLogVMTest, theTextIsThatOfTheMomentOfTheExportAndOutlivesTheModel)
@@ -93,7 +114,7 @@ TEST_F(ActivityLogVMTest, theTextIsThatOfTheMomentOfTheExportAndOutlivesTheModel
     files.willStayOpen();
     {
         ActivityLogVM shortLived(store, files);
-        shortLived.exportCSV();
+        shortLived.exportCSV([](const std::expected<void, FileError>& outcome) { EXPECT_TRUE(outcome); });
     }
     store.append(entry(u"After"_s));
     files.confirm(csv());
