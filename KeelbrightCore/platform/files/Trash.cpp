@@ -5,6 +5,7 @@
 
 #ifdef __APPLE__
 #include <QFile>
+#include <cerrno>
 #include <unistd.h>
 #else
 #include "KeelbrightCore/platform/files/SystemCalls.h"

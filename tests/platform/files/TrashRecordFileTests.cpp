@@ -86,4 +86,40 @@ TEST_F(TrashRecordFileTests, oneOfManyGetsTheNameOnASimpleDrive)
     ::close(descriptor);
 }
 
+TEST_F(TrashRecordFileTests, nothingIsLostWhenManyThrowOneNameAwayOnASimpleDrive)
+{
+    const FatImage drive;
+    if (!drive.reasonMissing().empty())
+        GTEST_SKIP() << drive.reasonMissing();
+    constexpr int competitors = 4;
+    constexpr int perCompetitor = 6;
+    SandboxFileManager& files = m_mac.fileManager();
+    const auto place = [&](int number) {
+        return drive.root().appendingNative(QByteArray::number(number)).appendingNative("same");
+    };
+    for (int number = 0; number < competitors * perCompetitor; ++number) {
+        ASSERT_TRUE(files.createDirectory(place(number).deletingLastPathComponent()));
+        ASSERT_TRUE(files.writeAtomically(place(number), QByteArray::number(number)));
+    }
+    std::vector<std::jthread> threads;
+    threads.reserve(competitors);
+    for (int first = 0; first < competitors; ++first) {
+        threads.emplace_back([&, first] {
+            for (int number = first; number < competitors * perCompetitor; number += competitors)
+                trashed(place(number));
+        });
+    }
+    threads.clear();
+    const FileURL trash = drive.root().appendingNative(".Trash-" + user);
+    const auto thrownAway = files.contentsOfDirectory(trash.appendingNative("files"), {});
+    ASSERT_TRUE(thrownAway);
+    std::set<QByteArray> contents;
+    for (const DirectoryEntry& entry : *thrownAway) {
+        const QByteArray content = TestMac::read(entry.url);
+        contents.insert(content);
+        EXPECT_TRUE(recordWithoutDate(entry.url).contains("\nPath=" + content + "/same\n"));
+    }
+    EXPECT_EQ(contents.size(), size_t{competitors * perCompetitor});
+}
+
 } // namespace keelbright
