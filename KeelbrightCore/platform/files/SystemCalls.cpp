@@ -148,8 +148,8 @@ bool writesDataBeforeNames(int folder)
     struct statfs status = {};
     if (::fstatfs(folder, &status) != 0)
         return false;
-    // A power cut leaves nothing of the first two. The third lost nothing in any of the replayed cuts.
-    return status.f_type == TMPFS_MAGIC || status.f_type == RAMFS_MAGIC || status.f_type == BTRFS_SUPER_MAGIC;
+    // A power cut leaves nothing of these anyway.
+    return status.f_type == TMPFS_MAGIC || status.f_type == RAMFS_MAGIC;
 }
 
 timespec accessTime(const struct stat& status)
