@@ -189,13 +189,15 @@ void copySource(const BackupSource& source, const FileURL& latest, CopyDestinati
 {
     const QByteArray relativeRoot = "Personal Files/" + source.url.nativeLastPathComponent();
     const FileURL root = latest.appendingNative(relativeRoot);
-    if (const auto entered = destination.enterFolder(relativeRoot); !entered) {
+    using Option = DirectoryEnumerator::Option;
+    const auto items = fileManager.enumerator(source.url, Option::skipsHiddenFiles | Option::followsRootLink);
+    const auto entered = destination.enterFolder(relativeRoot, items ? items->get() : nullptr);
+    if (!entered) {
         appendError(errorLine(QStringLiteral("Cannot create ") + root.path(), entered.error()), task);
         return;
     }
-    using Option = DirectoryEnumerator::Option;
-    const auto items = fileManager.enumerator(source.url, Option::skipsHiddenFiles | Option::followsRootLink);
     if (!items) {
+        destination.leaveFolders();
         appendError(QStringLiteral("Cannot enumerate: ") + source.url.path(), task);
         return;
     }

@@ -23,12 +23,14 @@ class CopyQueue
 public:
     using Result = std::expected<std::unique_ptr<PreparedCopy>, FileError>;
 
-    /// A copy to be prepared and published, or else the change that reports an item without one.
+    /// A copy to be prepared and published, or a folder to be completed, or else the change that reports an
+    /// item without a copy.
     struct Item
     {
         std::optional<PlannedCopy> plan;
         QString name; ///< for error lines
         BackupTask::Change change;
+        std::unique_ptr<FilledFolder> folder;
         Result result = nullptr; ///< of the preparation
     };
 

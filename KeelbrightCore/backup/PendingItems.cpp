@@ -57,12 +57,17 @@ PendingItems::~PendingItems()
 
 void PendingItems::addCopy(PlannedCopy plan, const QString& name)
 {
-    add({.plan = std::move(plan), .name = name, .change = {}});
+    add({.plan = std::move(plan), .name = name, .change = {}, .folder = nullptr});
+}
+
+void PendingItems::addFolder(std::unique_ptr<FilledFolder> folder)
+{
+    add({.plan = std::nullopt, .name = {}, .change = {}, .folder = std::move(folder)});
 }
 
 void PendingItems::addChange(BackupTask::Change change)
 {
-    add({.plan = std::nullopt, .name = {}, .change = std::move(change)});
+    add({.plan = std::nullopt, .name = {}, .change = std::move(change), .folder = nullptr});
 }
 
 void PendingItems::add(CopyQueue::Item item)
@@ -140,6 +145,10 @@ void PendingItems::flush(qsizetype count)
 
 void PendingItems::complete(CopyQueue::Item item, NextChange next)
 {
+    if (item.folder) {
+        item.folder->complete(); // nothing is reported
+        return;
+    }
     if (item.plan && !item.result) {
         item.change = skippedItem(item.name, item.result.error());
     } else if (item.plan) {

@@ -33,6 +33,8 @@ public:
 
     /// Adds a copy to be published under that name.
     void addCopy(PlannedCopy plan, const QString& name);
+    /// Adds a folder of the mirror whose copies have all been added.
+    void addFolder(std::unique_ptr<FilledFolder> folder);
     /// Adds the change that reports an item which needs no copy or has none.
     void addChange(BackupTask::Change change);
 

@@ -16,6 +16,8 @@ SourceCopy::SourceCopy(DirectoryEnumerator& items, CopyDestination& destination,
     , m_pending(task, destination)
 {
     // What lies in an unreadable folder is missing from the backup, and the user has to know.
+    m_destination.setFilledFolderHandler(
+        [this](std::unique_ptr<FilledFolder> folder) { m_pending.addFolder(std::move(folder)); });
     m_items.setErrorHandler([this](const FileURL&, const FileError& error) { m_folderErrors.append(error); });
 }
 
@@ -25,13 +27,17 @@ void SourceCopy::run()
         reportUnreadableFolders();
         if (m_task.cancellation().isCancelled())
             break;
-        if (FileScanner::shouldSkip(m_items))
+        if (m_destination.isOwnFolder(m_items))
+            m_items.skipDescendants(); // reached by a link above it, or mounted here as well
+        else if (FileScanner::shouldSkip(m_items))
             m_pending.addChange([](BackupEngine& engine) { engine.incrementSkipped(); });
         else if (!m_items.isDirectoryFollowingLinks())
             copyCurrent();
     }
     reportUnreadableFolders();
+    m_destination.leaveFolders();
     m_pending.completeAll();
+    m_destination.setFilledFolderHandler({});
     m_items.setErrorHandler({});
 }
 
@@ -78,7 +84,7 @@ std::expected<void, FileError> SourceCopy::enterFolder()
     QByteArray path = m_relativeRoot;
     if (!folder.isEmpty())
         path.append('/').append(folder);
-    auto entered = m_destination.enterFolder(path);
+    auto entered = m_destination.enterFolder(path, &m_items);
     m_hasEntered = entered.has_value();
     m_enteredFolder = folder.toByteArray();
     return entered;

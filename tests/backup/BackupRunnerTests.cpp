@@ -238,6 +238,22 @@ TEST_F(BackupRunnerTest, copiesWhatLiesInABundleThatItselfIsSkipped)
     EXPECT_EQ(TestMac::read(mirrored("Documents/Tool.app/Contents/Info.plist")), "x");
 }
 
+TEST_F(BackupRunnerTest, neverCopiesItsOwnCopiesHoweverTheyAreReached)
+{
+    mac.writeFile("Data/Documents/letter.txt", "12345");
+    mac.writeFile("Data/Documents/Drive/other.txt", "12345");
+    drive = mac.root().appending(QStringLiteral("Data/Documents/Drive"));
+    const FileURL link = mac.root().appending(QStringLiteral("Linked"));
+    ASSERT_EQ(::symlink("Data/Documents", link.nativePath().constData()), 0);
+    for (int round = 0; round < 3; ++round) {
+        run({link});
+        EXPECT_THAT(progress().errors, IsEmpty());
+        EXPECT_EQ(progress().filesCopied, 2);
+        EXPECT_THAT(everythingBelow(mirrored("Linked")),
+                    ElementsAre("Drive", "Drive/other.txt", "letter.txt"));
+    }
+}
+
 TEST_F(BackupRunnerTest, followsASourceThatIsALinkAndNoLinkBelowIt)
 {
     mac.writeFile("elsewhere/file", "x");

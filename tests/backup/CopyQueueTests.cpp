@@ -31,7 +31,8 @@ protected:
             queue.add({.plan = PlannedCopy{nullptr, nullptr, "f" + QByteArray::number(number),
                                            EntryType::regularFile},
                        .name = {},
-                       .change = {}});
+                       .change = {},
+                       .folder = nullptr});
     }
 
     [[nodiscard]] FakeCopyWorker worker(qint64 size = 1)
@@ -71,7 +72,7 @@ TEST_F(CopyQueueTest, asksTheRunForAFewItems)
 
 TEST_F(CopyQueueTest, holdsAnItemWithoutACopyReadyFromTheStart)
 {
-    queue.add({.plan = std::nullopt, .name = {}, .change = [](BackupEngine&) {}});
+    queue.add({.plan = std::nullopt, .name = {}, .change = [](BackupEngine&) {}, .folder = nullptr});
     EXPECT_EQ(queue.waitForReady(1, longEnough).ready, 1);
     EXPECT_TRUE(queue.takeFirst().change);
 }
@@ -79,7 +80,7 @@ TEST_F(CopyQueueTest, holdsAnItemWithoutACopyReadyFromTheStart)
 TEST_F(CopyQueueTest, countsWhatIsReadyUpToTheFirstThatIsNot)
 {
     addCopies(1);
-    queue.add({.plan = std::nullopt, .name = {}, .change = [](BackupEngine&) {}});
+    queue.add({.plan = std::nullopt, .name = {}, .change = [](BackupEngine&) {}, .folder = nullptr});
     EXPECT_EQ(queue.waitForReady(2, milliseconds(1)).ready, 0);
     FakeCopyWorker own = worker();
     queue.prepareOne(own, cancellation);

@@ -111,7 +111,16 @@ public:
         , m_preparing(std::move(preparing))
     {}
 
-    std::expected<void, FileError> enterFolder(QByteArrayView) override { return {}; }
+    std::expected<void, FileError> enterFolder(QByteArrayView, const DirectoryEnumerator*) override
+    {
+        return {};
+    }
+
+    void setFilledFolderHandler(FilledFolderHandler) override {}
+
+    void leaveFolders() override {}
+
+    bool isOwnFolder(const DirectoryEnumerator&) const override { return false; }
 
     std::expected<PlannedCopy, FileError> plan(const DirectoryEnumerator& item) override
     {

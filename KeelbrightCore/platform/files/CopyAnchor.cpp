@@ -4,6 +4,7 @@
 #include "KeelbrightCore/platform/files/FolderOpening.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 
 namespace keelbright {
@@ -16,19 +17,28 @@ constexpr auto placeCheckInterval = std::chrono::milliseconds(50);
 
 std::expected<std::shared_ptr<CopyAnchor>, FileError> CopyAnchor::of(FileURL place, FileDescriptor folder)
 {
-    struct stat identity = {};
-    if (::fstat(folder.get(), &identity) != 0)
+    struct stat own = {};
+    struct stat around = {};
+    if (::fstat(folder.get(), &own) != 0 || ::fstatat(folder.get(), "..", &around, 0) != 0)
         return failure(FileError::Operation::opened, place, errno);
-    return std::shared_ptr<CopyAnchor>(
-        new CopyAnchor(std::move(place), std::move(folder), identity.st_dev, identity.st_ino));
+    return std::shared_ptr<CopyAnchor>(new CopyAnchor(std::move(place), std::move(folder), own, around));
 }
 
-CopyAnchor::CopyAnchor(FileURL place, FileDescriptor folder, dev_t device, ino_t inode)
+CopyAnchor::CopyAnchor(FileURL place, FileDescriptor folder, const struct stat& own,
+                       const struct stat& around)
     : m_place(std::move(place))
     , m_folder(std::move(folder))
-    , m_device(device)
-    , m_inode(inode)
+    , m_device(own.st_dev)
+    , m_inode(own.st_ino)
+    , m_deviceAround(around.st_dev)
+    , m_inodeAround(around.st_ino)
 {}
+
+bool CopyAnchor::isOrHolds(const struct stat& status) const
+{
+    return (status.st_dev == m_device && status.st_ino == m_inode) ||
+           (status.st_dev == m_deviceAround && status.st_ino == m_inodeAround);
+}
 
 bool CopyAnchor::isInPlace()
 {
@@ -63,7 +73,8 @@ std::expected<FileDescriptor, FileError> CopyAnchor::recreateFolder(const QByteA
     // Perhaps it was the whole destination that was removed.
     if (const auto inPlace = checkPlaceNow(); !inPlace)
         return std::unexpected(inPlace.error());
-    return openOrCreatePath(m_folder.get(), path);
+    // What permissions they had is no longer known.
+    return openOrCreatePath(m_folder.get(), path, S_IRWXU);
 }
 
 std::expected<void, FileError> CopyAnchor::writeAtomically(const QByteArray& name, const QByteArray& data)

@@ -7,7 +7,7 @@
 #include <atomic>
 #include <chrono>
 #include <memory>
-#include <sys/types.h>
+#include <sys/stat.h>
 
 namespace keelbright {
 
@@ -33,6 +33,9 @@ public:
     /// The same, but asks in any case.
     [[nodiscard]] std::expected<void, FileError> checkPlaceNow();
 
+    /// Whether this is the status of the folder or of the one around it.
+    [[nodiscard]] bool isOrHolds(const struct stat& status) const;
+
     /// Opens the folder at `path` below the anchor and creates what is missing, after a look at the
     /// anchor's place.
     [[nodiscard]] std::expected<FileDescriptor, FileError> recreateFolder(const QByteArray& path);
@@ -44,12 +47,14 @@ public:
     [[nodiscard]] std::expected<void, FileError> flush() const;
 
 private:
-    CopyAnchor(FileURL place, FileDescriptor folder, dev_t device, ino_t inode);
+    CopyAnchor(FileURL place, FileDescriptor folder, const struct stat& own, const struct stat& around);
 
     FileURL m_place;
     FileDescriptor m_folder;
     dev_t m_device;
     ino_t m_inode;
+    dev_t m_deviceAround;
+    ino_t m_inodeAround;
     using Time = std::chrono::steady_clock::time_point;
     static constexpr Time never = Time::min();
     std::atomic<Time> m_lastSeenInPlace = never;

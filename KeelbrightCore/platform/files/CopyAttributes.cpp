@@ -42,14 +42,49 @@ bool CopyAttributes::isOwn(const struct stat& source) const
     return source.st_uid == m_user && source.st_gid == m_group;
 }
 
+mode_t CopyAttributes::giveOwner(int copy, const struct stat& source) const
+{
+    const mode_t mode = source.st_mode & 07777;
+    if (isOwn(source) || ::fchown(copy, source.st_uid, source.st_gid) == 0)
+        return mode;
+    std::ignore = ::fchown(copy, static_cast<uid_t>(-1), source.st_gid);
+    return mode & allPermissions; // never lend a foreign owner's rights to the user's own copy
+}
+
+std::expected<CopyAttributes::FolderEnd, int> CopyAttributes::beginFolder(int source, int copy) const
+{
+    struct stat status = {};
+    if (::fstat(source, &status) != 0)
+        return std::unexpected(errno);
+    FolderEnd end{.times = {SystemCalls::accessTime(status), SystemCalls::modificationTime(status)}};
+    // Without its access list a folder would be open to all that the list had let in altogether.
+    if (::fchmod(copy, S_IRWXU) != 0) {
+        // Into a folder of a read-only drive nothing is copied anyway.
+        if (isUnsupported(errno) || errno == EROFS)
+            return end;
+        return std::unexpected(errno);
+    }
+    SystemCalls::removeAccessLists(copy);
+    end.mode = giveOwner(copy, status);
+    if (status.st_uid != m_user)
+        end.mode |= S_IRWXU; // the next run has to come in
+    SystemCalls::copyExtendedAttributes(source, copy);
+    if (::fchmod(copy, end.mode | S_IRWXU) != 0 && !isUnsupported(errno))
+        return std::unexpected(errno);
+    return end;
+}
+
+void CopyAttributes::endFolder(int copy, const FolderEnd& end)
+{
+    if ((end.mode & S_IRWXU) != S_IRWXU)
+        std::ignore = ::fchmod(copy, end.mode);
+    std::ignore = ::futimens(copy, end.times.data());
+}
+
 std::expected<void, int> CopyAttributes::copy(int source, int target, const struct stat& status,
                                               bool hasMode) const
 {
-    mode_t mode = status.st_mode & 07777;
-    if (!isOwn(status) && ::fchown(target, status.st_uid, status.st_gid) != 0) {
-        std::ignore = ::fchown(target, static_cast<uid_t>(-1), status.st_gid);
-        mode &= allPermissions; // never lend a foreign owner's rights to the user's own copy
-    }
+    const mode_t mode = giveOwner(target, status);
     SystemCalls::copyExtendedAttributes(source, target);
     if (!hasMode && ::fchmod(target, mode) != 0 && !isUnsupported(errno))
         return std::unexpected(errno);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <expected>
 #include <sys/stat.h>
 
@@ -27,7 +28,23 @@ public:
     [[nodiscard]] std::expected<void, int> copy(int source, int target, const struct stat& status,
                                                 bool hasMode) const;
 
+    /// What the copy of a folder gets when it is complete.
+    struct FolderEnd
+    {
+        mode_t mode = S_IRWXU;
+        std::array<timespec, 2> times = {};
+    };
+
+    /// Gives the open copy of a folder the owner, the access lists and the permissions of its source. Until
+    /// it is complete its owner may also write to it; nobody else ever may more than at the source, not for
+    /// a moment. Fails with an `errno` value.
+    [[nodiscard]] std::expected<FolderEnd, int> beginFolder(int source, int copy) const;
+    /// Gives the copy its last permissions and its times; nothing may be added to it afterwards.
+    static void endFolder(int copy, const FolderEnd& end);
+
 private:
+    /// Gives the copy its owner, where that is allowed; the result is what it may have of the mode.
+    [[nodiscard]] mode_t giveOwner(int copy, const struct stat& source) const;
     /// Whether a copy has the owner of its source without being given away.
     [[nodiscard]] bool isOwn(const struct stat& source) const;
 

@@ -4,6 +4,7 @@
 #include "KeelbrightCore/platform/files/FileError.h"
 #include "KeelbrightCore/platform/files/FileURL.h"
 
+#include <functional>
 #include <memory>
 
 namespace keelbright {
@@ -54,6 +55,17 @@ public:
     prepare(const PlannedCopy& plan, const Cancellation& cancellation) = 0;
 };
 
+/// A folder of the destination that nothing more is planned for. It may pass from thread to thread, and
+/// outlive its destination.
+class FilledFolder
+{
+public:
+    virtual ~FilledFolder() = default;
+    /// Gives it the permissions and the times of its source; to be called when all copies that were planned
+    /// for it and for the folders below it have been published. What a drive can't hold is no error.
+    virtual void complete() = 0;
+};
+
 /// A folder tree that files are copied into.
 ///
 /// Everything happens relative to open folders, from the folder that it was opened at (the anchor)
@@ -68,7 +80,22 @@ public:
     /// Makes `relativeFolder` (below the anchor, no slash at either end, empty for the anchor)
     /// the folder that files are copied to, and creates what is missing of it. The entries planned from
     /// now on lie in one folder of their source, until the next call.
-    [[nodiscard]] virtual std::expected<void, FileError> enterFolder(QByteArrayView relativeFolder) = 0;
+    ///
+    /// With `items`, the last folders of the path get the owner, the permissions and the attributes of the
+    /// folder that its current entry lies in, of the one around it, and so on up to its root. The copies of
+    /// folders are never more open to others than these.
+    [[nodiscard]] virtual std::expected<void, FileError>
+    enterFolder(QByteArrayView relativeFolder, const DirectoryEnumerator* items = nullptr) = 0;
+
+    using FilledFolderHandler = std::function<void(std::unique_ptr<FilledFolder>)>;
+    /// Called for each copy of a folder that is left for good, from within `enterFolder` and `leaveFolders`.
+    virtual void setFilledFolderHandler(FilledFolderHandler handler) = 0;
+    /// Leaves all folders down to the anchor.
+    virtual void leaveFolders() = 0;
+
+    /// Whether the entry is the folder around the anchor or the anchor itself, by whatever path the walk has
+    /// come to it: what a run writes is nothing to be copied.
+    [[nodiscard]] virtual bool isOwnFolder(const DirectoryEnumerator& item) const = 0;
 
     /// Plans the copy of the enumerator's current entry into the entered folder under the same name.
     [[nodiscard]] virtual std::expected<PlannedCopy, FileError> plan(const DirectoryEnumerator& item) = 0;

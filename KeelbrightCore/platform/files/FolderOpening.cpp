@@ -11,11 +11,11 @@ FileDescriptor openFolder(int parent, const char* name)
     return FileDescriptor(retrying([&] { return ::openat(parent, name, flags); }));
 }
 
-std::expected<OpenedFolder, FileError> openOrCreateFolder(int parent, const QByteArray& name)
+std::expected<OpenedFolder, FileError> openOrCreateFolder(int parent, const QByteArray& name, mode_t mode)
 {
     OpenedFolder opened{.folder = openFolder(parent, name.constData())};
     if (!opened.folder.isOpen() && errno == ENOENT) {
-        opened.wasCreated = ::mkdirat(parent, name.constData(), 0777) == 0;
+        opened.wasCreated = ::mkdirat(parent, name.constData(), mode) == 0;
         if (!opened.wasCreated && errno != EEXIST)
             return failure(FileError::Operation::created, name, errno);
         opened.folder = openFolder(parent, name.constData());
@@ -31,7 +31,7 @@ std::expected<OpenedFolder, FileError> openOrCreateFolder(int parent, const QByt
     return failure(FileError::Operation::created, name, code);
 }
 
-std::expected<FileDescriptor, FileError> openOrCreatePath(int parent, QByteArrayView path)
+std::expected<FileDescriptor, FileError> openOrCreatePath(int parent, QByteArrayView path, mode_t mode)
 {
     FileDescriptor folder = FileDescriptor::duplicate(parent);
     if (!folder.isOpen())
@@ -40,7 +40,7 @@ std::expected<FileDescriptor, FileError> openOrCreatePath(int parent, QByteArray
         const QByteArray name = takeComponent(path).toByteArray();
         if (name.isEmpty())
             continue;
-        auto next = openOrCreateFolder(folder.get(), name);
+        auto next = openOrCreateFolder(folder.get(), name, mode);
         if (!next)
             return std::unexpected(next.error());
         folder = std::move(next->folder);

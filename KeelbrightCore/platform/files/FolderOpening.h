@@ -4,6 +4,7 @@
 #include "KeelbrightCore/platform/files/FileError.h"
 
 #include <expected>
+#include <sys/types.h>
 
 namespace keelbright {
 
@@ -19,11 +20,13 @@ struct OpenedFolder
     bool wasCreated = false;
 };
 
-/// A folder of an open one, created where it is missing.
-[[nodiscard]] std::expected<OpenedFolder, FileError> openOrCreateFolder(int parent, const QByteArray& name);
+/// A folder of an open one, created with that mode where it is missing.
+[[nodiscard]] std::expected<OpenedFolder, FileError> openOrCreateFolder(int parent, const QByteArray& name,
+                                                                        mode_t mode = 0777);
 
-/// The folder at `path` below an open one; what is missing on the way is created.
-[[nodiscard]] std::expected<FileDescriptor, FileError> openOrCreatePath(int parent, QByteArrayView path);
+/// The folder at `path` below an open one; what is missing on the way is created with that mode.
+[[nodiscard]] std::expected<FileDescriptor, FileError> openOrCreatePath(int parent, QByteArrayView path,
+                                                                        mode_t mode = 0777);
 
 /// The part of `path` up to its next slash; `path` becomes what follows.
 [[nodiscard]] QByteArrayView takeComponent(QByteArrayView& path);

@@ -119,6 +119,12 @@ void copyExtendedAttributes(int source, int target)
     }
 }
 
+void removeAccessLists(int file)
+{
+    std::ignore = ::fremovexattr(file, "system.posix_acl_default");
+    std::ignore = ::fremovexattr(file, "system.posix_acl_access");
+}
+
 std::expected<void, int> flushFileSystem(int folder)
 {
     return outcome(::syncfs(folder));
@@ -209,6 +215,8 @@ void copyExtendedAttributes(int source, int target)
 {
     std::ignore = ::fcopyfile(source, target, nullptr, COPYFILE_XATTR | COPYFILE_ACL);
 }
+
+void removeAccessLists(int) {}
 
 std::expected<void, int> flushFileSystem(int folder)
 {

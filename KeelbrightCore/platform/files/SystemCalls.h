@@ -34,6 +34,8 @@ namespace SystemCalls {
 [[nodiscard]] std::expected<size_t, int> copyRange(int source, int target, size_t count);
 /// Copies what extended attributes both sides can hold; a failure is no error.
 void copyExtendedAttributes(int source, int target);
+/// Removes the access lists that a file or a folder has got from the folder around it.
+void removeAccessLists(int file);
 /// Writes everything of the descriptor's file system through to the drive, and reports the
 /// write-back errors since the descriptor was opened.
 [[nodiscard]] std::expected<void, int> flushFileSystem(int folder);

@@ -31,6 +31,39 @@ bool isAtOrBelow(QByteArrayView path, QByteArrayView folder)
            (path.startsWith(folder) && (path.size() == folder.size() || path[folder.size()] == '/'));
 }
 
+QByteArrayList componentsOf(QByteArrayView path)
+{
+    QByteArrayList names;
+    while (!path.isEmpty()) {
+        const QByteArrayView name = takeComponent(path);
+        if (!name.isEmpty())
+            names.append(name.toByteArray());
+    }
+    return names;
+}
+
+/// How many folders hold the current entry, from the root of its walk on.
+qsizetype foldersDownTo(const DirectoryEnumerator& items)
+{
+    const QByteArrayView path = items.relativeFolder();
+    return path.isEmpty() ? 1 : 2 + path.count('/');
+}
+
+class SystemFilledFolder : public FilledFolder
+{
+public:
+    SystemFilledFolder(FileDescriptor folder, const CopyAttributes::FolderEnd& end)
+        : m_folder(std::move(folder))
+        , m_end(end)
+    {}
+
+    void complete() override { CopyAttributes::endFolder(m_folder.get(), m_end); }
+
+private:
+    FileDescriptor m_folder;
+    CopyAttributes::FolderEnd m_end;
+};
+
 } // namespace
 
 std::expected<std::unique_ptr<CopyDestination>, FileError>
@@ -83,7 +116,13 @@ bool SystemCopyDestination::hasUnnamedFiles()
     return *m_hasUnnamedFiles;
 }
 
-std::expected<void, FileError> SystemCopyDestination::enterFolder(QByteArrayView relativeFolder)
+void SystemCopyDestination::setFilledFolderHandler(FilledFolderHandler handler)
+{
+    m_filledFolderHandler = std::move(handler);
+}
+
+std::expected<void, FileError> SystemCopyDestination::enterFolder(QByteArrayView relativeFolder,
+                                                                  const DirectoryEnumerator* items)
 {
     if (auto inPlace = m_anchor->checkPlace(); !inPlace)
         return inPlace;
@@ -91,44 +130,87 @@ std::expected<void, FileError> SystemCopyDestination::enterFolder(QByteArrayView
     if (m_chain.relativePath() == relativeFolder)
         return {};
     m_targetFolder.reset();
-    auto entered = goTo(relativeFolder);
+    auto entered = goTo(relativeFolder, items);
     if (entered || entered.error().code != ENOENT)
         return entered;
     // Somebody has removed a folder on the way, perhaps the whole destination.
     if (auto inPlace = m_anchor->checkPlaceNow(); !inPlace)
         return inPlace;
     m_chain.leaveAll();
-    return goTo(relativeFolder);
+    return goTo(relativeFolder, items);
 }
 
-std::expected<void, FileError> SystemCopyDestination::goTo(QByteArrayView relativeFolder)
+std::expected<void, FileError> SystemCopyDestination::goTo(QByteArrayView relativeFolder,
+                                                           const DirectoryEnumerator* items)
 {
     while (!isAtOrBelow(relativeFolder, m_chain.relativePath())) {
-        if (!m_chain.leave())
+        if (!leaveFolder())
             m_chain.leaveAll(); // the folders were moved meanwhile: start at the anchor again
     }
-    const qsizetype done = m_chain.relativePath().size();
-    QByteArrayView rest = relativeFolder.sliced(done);
-    while (!rest.isEmpty()) {
-        const QByteArray name = takeComponent(rest).toByteArray();
-        if (name.isEmpty())
-            continue;
-        if (const auto entered = enterOrCreate(name); !entered)
+    const QByteArrayList names = componentsOf(relativeFolder.sliced(m_chain.relativePath().size()));
+    const qsizetype copies = items ? std::min(names.size(), foldersDownTo(*items)) : 0;
+    std::optional<SourceFolders> sources;
+    if (copies > 0)
+        sources.emplace(*items, copies - 1);
+    for (qsizetype index = 0; index < names.size(); ++index) {
+        const bool isCopy = names.size() - index <= copies;
+        if (const auto entered = enterOrCreate(names[index], isCopy ? &*sources : nullptr); !entered)
             return entered;
+        if (isCopy && index + 1 < names.size())
+            sources->goDown(names[index + 1]);
     }
     return {};
 }
 
-std::expected<void, FileError> SystemCopyDestination::enterOrCreate(const QByteArray& name)
+std::expected<void, FileError> SystemCopyDestination::enterOrCreate(const QByteArray& name,
+                                                                    const SourceFolders* sources)
 {
     if (m_letterCase.isClaimedByAnother(m_chain.descriptor(), m_chain.relativePath(), name))
         return failure(FileError::Operation::created, name, FileError::Reason::differsInCaseOnly);
-    auto opened = openOrCreateFolder(m_chain.descriptor(), name);
+    auto opened = openOrCreateFolder(m_chain.descriptor(), name, sources ? S_IRWXU : 0777);
     if (!opened)
         return std::unexpected(opened.error());
-    m_chain.enter(std::move(opened->folder), name, opened->wasCreated ? NameIs::free : NameIs::taken);
+    Level level{.likelyName = opened->wasCreated ? NameIs::free : NameIs::taken};
+    // Where the source can't be opened any more, a new folder stays closed.
+    if (sources && sources->descriptor() >= 0) {
+        const auto end = m_attributes.beginFolder(sources->descriptor(), opened->folder.get());
+        if (!end)
+            return failure(FileError::Operation::created, name, end.error());
+        level.end = *end;
+    }
+    m_chain.enter(std::move(opened->folder), name, level);
     m_letterCase.learn(m_chain.descriptor(), name);
     return {};
+}
+
+/// Goes back to the folder around; false where that could not be reached.
+bool SystemCopyDestination::leaveFolder()
+{
+    if (m_chain.data().end && m_filledFolderHandler) {
+        FileDescriptor folder = FileDescriptor::duplicate(m_chain.descriptor());
+        if (folder.isOpen())
+            m_filledFolderHandler(
+                std::make_unique<SystemFilledFolder>(std::move(folder), *m_chain.data().end));
+    }
+    return m_chain.leave().has_value();
+}
+
+void SystemCopyDestination::leaveFolders()
+{
+    m_sourceFolder.reset();
+    m_targetFolder.reset();
+    while (m_chain.depth() > 0) {
+        if (!leaveFolder())
+            m_chain.leaveAll();
+    }
+}
+
+bool SystemCopyDestination::isOwnFolder(const DirectoryEnumerator& item) const
+{
+    struct stat status = {};
+    return item.type() == EntryType::directory &&
+           ::fstatat(item.folderDescriptor(), item.name().data(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+           m_anchor->isOrHolds(status);
 }
 
 std::expected<PlannedCopy, FileError> SystemCopyDestination::plan(const DirectoryEnumerator& item)
@@ -153,9 +235,9 @@ std::expected<void, int> SystemCopyDestination::openFolders(const DirectoryEnume
         if (!folder.isOpen())
             return std::unexpected(errno);
         const mode_t umask = m_attributes.umaskIn(folder.get());
-        m_targetFolder = std::make_shared<const TargetFolder>(TargetFolder{m_anchor, m_chain.relativePath(),
-                                                                           std::move(folder), m_chain.data(),
-                                                                           umask, m_flushesBeforeReplacing});
+        m_targetFolder = std::make_shared<const TargetFolder>(
+            TargetFolder{m_anchor, m_chain.relativePath(), std::move(folder), m_chain.data().likelyName,
+                         umask, m_flushesBeforeReplacing});
     }
     return {};
 }

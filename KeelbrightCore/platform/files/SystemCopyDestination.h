@@ -5,6 +5,7 @@
 #include "KeelbrightCore/platform/files/CopyDestination.h"
 #include "KeelbrightCore/platform/files/FolderChain.h"
 #include "KeelbrightCore/platform/files/LetterCase.h"
+#include "KeelbrightCore/platform/files/SourceFolders.h"
 #include "KeelbrightCore/platform/files/TargetFolder.h"
 
 #include <optional>
@@ -20,7 +21,11 @@ public:
     [[nodiscard]] static std::expected<std::unique_ptr<CopyDestination>, FileError>
     open(const FileURL& base, QByteArrayView relativeFolder);
 
-    [[nodiscard]] std::expected<void, FileError> enterFolder(QByteArrayView relativeFolder) override;
+    [[nodiscard]] std::expected<void, FileError> enterFolder(QByteArrayView relativeFolder,
+                                                             const DirectoryEnumerator* items) override;
+    void setFilledFolderHandler(FilledFolderHandler handler) override;
+    void leaveFolders() override;
+    [[nodiscard]] bool isOwnFolder(const DirectoryEnumerator& item) const override;
     [[nodiscard]] std::expected<PlannedCopy, FileError> plan(const DirectoryEnumerator& item) override;
     [[nodiscard]] std::unique_ptr<CopyWorker> makeWorker() override;
     [[nodiscard]] qsizetype maximumPrepared() override;
@@ -34,15 +39,27 @@ private:
     /// `chainRoot` is the anchor's folder, open a second time.
     SystemCopyDestination(std::shared_ptr<CopyAnchor> anchor, FileDescriptor chainRoot);
 
-    [[nodiscard]] std::expected<void, FileError> goTo(QByteArrayView relativeFolder);
-    [[nodiscard]] std::expected<void, FileError> enterOrCreate(const QByteArray& name);
+    /// What is kept with each entered folder.
+    struct Level
+    {
+        NameIs likelyName = NameIs::free;                  ///< of the names in it
+        std::optional<CopyAttributes::FolderEnd> end = {}; ///< for the copy of a folder
+    };
+
+    [[nodiscard]] std::expected<void, FileError> goTo(QByteArrayView relativeFolder,
+                                                      const DirectoryEnumerator* items);
+    /// `sources` stand at the folder that this one is a copy of; null where it is none.
+    [[nodiscard]] std::expected<void, FileError> enterOrCreate(const QByteArray& name,
+                                                               const SourceFolders* sources);
+    [[nodiscard]] bool leaveFolder();
     /// The entered folder and the one that the planned items lie in, opened for copies that are published
     /// after others have been entered.
     [[nodiscard]] std::expected<void, int> openFolders(const DirectoryEnumerator& item);
     [[nodiscard]] bool hasUnnamedFiles();
 
     std::shared_ptr<CopyAnchor> m_anchor;
-    FolderChain<NameIs> m_chain; ///< with what the names in each folder are likely to be
+    FolderChain<Level> m_chain;
+    FilledFolderHandler m_filledFolderHandler;
     CopyAttributes m_attributes;
     LetterCase m_letterCase;
     bool m_flushesBeforeReplacing;

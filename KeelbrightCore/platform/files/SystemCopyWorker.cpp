@@ -1,6 +1,7 @@
 #include "KeelbrightCore/platform/files/SystemCopyWorker.h"
 
 #include "KeelbrightCore/platform/files/PreparedItems.h"
+#include "KeelbrightCore/platform/files/SystemCalls.h"
 
 #include <fcntl.h>
 
@@ -115,6 +116,9 @@ SystemCopyWorker::Prepared SystemCopyWorker::prepareFile(const PlannedCopy& plan
 std::expected<void, int> SystemCopyWorker::finish(NewFile& file, int source, const struct stat& status,
                                                   const PlannedCopy& plan)
 {
+    // The list that a folder gives its new files may let in more than the file's own permissions do.
+    if (plan.target->umask == 0777)
+        SystemCalls::removeAccessLists(file.file.descriptor());
     if (auto copied = m_attributes.copy(source, file.file.descriptor(), status, file.hasMode); !copied)
         return copied;
     file.isReplacing = plan.target->likelyName == NameIs::taken && isTaken(*plan.target, plan.name);
