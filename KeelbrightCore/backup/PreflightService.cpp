@@ -18,6 +18,14 @@ namespace {
 constexpr qint64 minimumMargin = 1'000'000'000;
 constexpr double marginFactor = 0.1;
 
+/// Whether `url` is `folder` itself or lies below it.
+bool isAtOrBelow(const FileURL& url, const FileURL& folder)
+{
+    const QByteArray& path = url.nativePath();
+    const QByteArray& start = folder.nativePath();
+    return path == start || path.startsWith(start.endsWith('/') ? start : start + '/');
+}
+
 /// One run of the checks.
 class Check
 {
@@ -26,6 +34,7 @@ class Check
 public:
     explicit Check(const BackupDestination& destination)
         : m_destination(destination.url)
+        , m_resolvedDestination(m_fileManager.resolvingSymlinks(m_destination))
     {}
 
     PreflightResult run(const QList<BackupSource>& sources)
@@ -95,13 +104,36 @@ private:
         // Plain text prefixes, so that "/Doc" seems to contain "/Documents": better refuse one backup too
         // many than let one copy itself without end.
         else if (m_destination.nativePath().startsWith(url.nativePath()))
-            m_result.errors.append(
-                tr("Destination is inside source folder %1, causing an infinite loop.").arg(name));
+            reportDestinationInside(name);
         else if (url.nativePath().startsWith(m_destination.nativePath()))
-            m_result.errors.append(tr("Source folder %1 is already inside the destination.").arg(name));
+            reportSourceInside(name);
+        else
+            return isApart(url);
+        return false;
+    }
+
+    /// Looks where links and ".." lead.
+    bool isApart(const FileURL& source)
+    {
+        const FileURL resolved = m_fileManager.resolvingSymlinks(source);
+        if (isAtOrBelow(m_resolvedDestination, resolved))
+            reportDestinationInside(source.lastPathComponent());
+        else if (isAtOrBelow(resolved, m_resolvedDestination))
+            reportSourceInside(source.lastPathComponent());
         else
             return true;
         return false;
+    }
+
+    void reportDestinationInside(const QString& source)
+    {
+        m_result.errors.append(
+            tr("Destination is inside source folder %1, causing an infinite loop.").arg(source));
+    }
+
+    void reportSourceInside(const QString& source)
+    {
+        m_result.errors.append(tr("Source folder %1 is already inside the destination.").arg(source));
     }
 
     void checkSpace()
@@ -123,6 +155,7 @@ private:
 
     const FileManager& m_fileManager = FileManager::defaultManager();
     const FileURL m_destination;
+    const FileURL m_resolvedDestination;
     PreflightResult m_result;
 };
 

@@ -342,4 +342,41 @@ TEST_F(PreflightServiceTest, nothingOnDiskChanges)
     EXPECT_EQ(std::filesystem::last_write_time(standardPath(destination)), before);
 }
 
+TEST_F(PreflightServiceTest, refusesADestinationInsideASourceThatIsALink)
+{
+    destination = mac.makeFolder("Volumes/Data/Documents/Backup");
+    mac.makeFolder("Users/mira");
+    std::filesystem::create_directory_symlink(
+        standardPath(mac.root().appendingNative("Volumes/Data/Documents")),
+        standardPath(mac.root().appendingNative("Users/mira/Documents")));
+    EXPECT_EQ(run({source("Users/mira/Documents")}).errors,
+              QStringList({u"Destination is inside source folder Documents, causing an infinite loop."_s,
+                           noValidSource}));
+}
+
+TEST_F(PreflightServiceTest, refusesADestinationInsideASourceThatIsReachedByTheFolderAround)
+{
+    mac.makeFolder("Users");
+    EXPECT_EQ(run({source("Users/../Volumes")}).errors,
+              QStringList({u"Destination is inside source folder Volumes, causing an infinite loop."_s,
+                           noValidSource}));
+}
+
+TEST_F(PreflightServiceTest, refusesALinkThatLeadsIntoTheDestination)
+{
+    mac.makeFolder("Volumes/Anchor/old");
+    std::filesystem::create_directory_symlink(standardPath(destination.appendingNative("old")),
+                                              standardPath(mac.root().appendingNative("Link")));
+    EXPECT_EQ(run({source("Link")}).errors,
+              QStringList({u"Source folder Link is already inside the destination."_s, noValidSource}));
+}
+
+TEST_F(PreflightServiceTest, comparesResolvedPathsByTheirComponents)
+{
+    mac.makeFolder("Volumes/Anch");
+    std::filesystem::create_directory_symlink(standardPath(mac.root().appendingNative("Volumes/Anch")),
+                                              standardPath(mac.root().appendingNative("Link")));
+    EXPECT_EQ(run({source("Link")}).errors, QStringList());
+}
+
 } // namespace keelbright::testing
