@@ -1,20 +1,27 @@
+#include "KeelbrightCore/platform/files/FileDescriptor.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "tests/faults/FaultTest.h"
+#include "tests/support/ImageDrive.h"
 #include "tests/support/TemporaryVolume.h"
 #include "tests/support/UnprivilegedUser.h"
 
 #include <QProcess>
 #include <QScopeGuard>
+#include <chrono>
 #include <csignal>
+#include <cstring>
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace keelbright {
 namespace {
 
 using ::testing::ElementsAre;
+using testing::ImageDrive;
 using ::testing::IsEmpty;
 using testing::TemporaryVolume;
 using ::testing::UnorderedElementsAre;
@@ -171,6 +178,43 @@ TEST_F(SourceFaultTest, neverMixesTwoVersionsOfAFileThatIsRewritten)
         EXPECT_EQ(copy.size(), size);
         EXPECT_TRUE(isOfOneMoment(copy)) << "two moments in one copy";
     }
+    EXPECT_GT(copies, 0) << "no copy was ever made: nothing was tested";
+}
+
+TEST_F(SourceFaultTest, neverMixesTwoVersionsOfAFileThatIsChangedThroughAMapping)
+{
+    const ImageDrive image(ImageDrive::Kind::ext4, 67'108'864);
+    if (!image.reasonMissing().empty())
+        GTEST_SKIP() << image.reasonMissing();
+    constexpr size_t size = 2'000'000;
+    const FileURL source = image.root().appendingNative("Documents");
+    ASSERT_EQ(::mkdir(source.nativePath().constData(), 0755), 0);
+    const FileDescriptor file(
+        ::open(source.appendingNative("live").nativePath().constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0644));
+    ASSERT_EQ(writeAll(file.get(), QByteArray(size, 'a').constData(), size), 0);
+    auto* const content =
+        static_cast<char*>(::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, file.get(), 0));
+    ASSERT_NE(content, MAP_FAILED);
+    std::jthread writer([content](const std::stop_token& stop) {
+        for (int version = 1; !stop.stop_requested(); ++version) {
+            for (size_t place = 0; place < size; place += 50'000) {
+                std::memset(content + place, 'a' + version % 26, 50'000);
+                std::this_thread::sleep_for(std::chrono::microseconds(50));
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(version % 10 * 10));
+        }
+    });
+    int copies = 0;
+    for (int round = 0; round < 40; ++round) {
+        run({source});
+        copies += static_cast<int>(progress().filesCopied);
+        EXPECT_EQ(progress().errors, progress().filesCopied == 1 ? QStringList() : QStringList{changedLine});
+        if (copies > 0) {
+            EXPECT_TRUE(isOfOneMoment(contentOf("live"))) << "two moments in one copy";
+        }
+    }
+    writer = {};
+    ::munmap(content, size);
     EXPECT_GT(copies, 0) << "no copy was ever made: nothing was tested";
 }
 

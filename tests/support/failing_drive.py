@@ -7,11 +7,16 @@ kind of request with an error.
 REQUEST is read, write, open, create, rename, mkdir, list, flush, close or none; AFTER counts bytes for read and
 write, requests for all others; ERROR is a name like EIO. The signal USR1 lets it fail at once. Runs until it
 is unmounted.
+
+A REQUEST of size, blocks or cached-size makes no request fail: AFTER is then the size that the drive gives for
+every file, whatever can be read of it. With blocks the file seems to be one hole as well; with cached-size the
+system keeps what it has read.
 """
 
 import errno
 import os
 import signal
+import stat
 import sys
 
 try:
@@ -22,6 +27,7 @@ except ImportError:
 fuse.fuse_python_api = (0, 2)
 
 FOLDER, MOUNT_POINT, REQUEST, AFTER, ERROR = sys.argv[1:6]
+LIES = ("size", "blocks", "cached-size")
 
 
 class Budget:
@@ -47,8 +53,19 @@ def place_of(path):
     return FOLDER + path
 
 
+def given_status(status):
+    """The status that the drive gives for a file."""
+    if REQUEST not in LIES or not stat.S_ISREG(status.st_mode):
+        return status
+    blocks = 0 if REQUEST == "blocks" else -(-int(AFTER) // 512)
+    return fuse.Stat(st_mode=status.st_mode, st_ino=status.st_ino, st_dev=status.st_dev, st_nlink=status.st_nlink,
+                     st_uid=status.st_uid, st_gid=status.st_gid, st_size=int(AFTER), st_atime=int(status.st_atime),
+                     st_mtime=int(status.st_mtime), st_ctime=int(status.st_ctime), st_blocks=blocks,
+                     st_blksize=4096, st_rdev=0)
+
+
 class OpenFile:
-    direct_io = False
+    direct_io = REQUEST in ("size", "blocks")
     keep_cache = False
 
     def __init__(self, path, flags, *mode):
@@ -67,7 +84,7 @@ class OpenFile:
         os.ftruncate(self.descriptor, length)
 
     def fgetattr(self):
-        return os.fstat(self.descriptor)
+        return given_status(os.fstat(self.descriptor))
 
     def fsync(self, _only_data):
         Budget.spend("flush")
@@ -84,7 +101,7 @@ class FailingDrive(fuse.Fuse):
     file_class = OpenFile
 
     def getattr(self, path):
-        return os.lstat(place_of(path))
+        return given_status(os.lstat(place_of(path)))
 
     def readdir(self, path, _offset):
         Budget.spend("list")

@@ -5,7 +5,9 @@
 #include "KeelbrightCore/platform/system/Cancellation.h"
 
 #include <algorithm>
+#include <ctime>
 #include <fcntl.h>
+#include <tuple>
 
 namespace keelbright {
 
@@ -23,16 +25,30 @@ bool isSame(const timespec& a, const timespec& b)
     return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
 }
 
+bool hasSameChangeTime(const struct stat& before, const struct stat& after)
+{
+    return isSame(SystemCalls::changeTime(before), SystemCalls::changeTime(after));
+}
+
 bool isUnchanged(const struct stat& before, const struct stat& after)
 {
-    return before.st_size == after.st_size &&
-           isSame(SystemCalls::changeTime(before), SystemCalls::changeTime(after));
+    return before.st_size == after.st_size && hasSameChangeTime(before, after);
 }
 
 bool hasHoles(const struct stat& status)
 {
     constexpr qint64 blockSize = 512; // what st_blocks counts in, whatever the file system
     return status.st_blocks * blockSize < status.st_size;
+}
+
+/// Lets the change time say whether the source changes from now on. A program that writes through a mapping
+/// sets it only with its first write to a page since the page was last written to the drive, which happens
+/// within the longest time below at the latest, or now.
+void makeChangesVisible(int source, const struct stat& status)
+{
+    constexpr time_t longest = 60;
+    if (::time(nullptr) - SystemCalls::changeTime(status).tv_sec < longest)
+        std::ignore = SystemCalls::waitUntilWritten(source);
 }
 
 /// Whether the answer says that the file system does not support a search for data and holes.
@@ -50,7 +66,9 @@ FileContents::FileContents()
 std::expected<void, FileError> FileContents::copy(int source, int target, struct stat& status,
                                                   const Cancellation& cancellation, QByteArrayView name)
 {
+    bool hasEndedEarly = false;
     for (int attempt = 1; attempt <= maximumCopies; ++attempt) {
+        makeChangesVisible(source, status);
         const Outcome copied = copyOnce(source, target, status, cancellation);
         if (cancellation.isQuitting())
             return failure(FileError::Operation::copied, name, FileError::Reason::stopped);
@@ -59,9 +77,15 @@ std::expected<void, FileError> FileContents::copy(int source, int target, struct
         struct stat after = {};
         if (::fstat(source, &after) != 0)
             return failure(FileError::Operation::read, name, errno);
-        if (isUnchanged(status, after))
+        // Some drivers correct a size that they had given wrong, which is no change of the file.
+        const bool endsEarly = hasSameChangeTime(status, after) && *copied < status.st_size;
+        if (endsEarly && hasEndedEarly)
+            return failure(FileError::Operation::read, name, FileError::Reason::endsEarly);
+        if (!endsEarly && isUnchanged(status, after))
             return {};
-        status = after;
+        if (!endsEarly)
+            status = after;
+        hasEndedEarly = endsEarly;
         if (::ftruncate(target, 0) != 0 || ::lseek(target, 0, SEEK_SET) < 0)
             return failure(FileError::Operation::copied, name, errno);
         if (::lseek(source, 0, SEEK_SET) < 0)
@@ -73,15 +97,15 @@ std::expected<void, FileError> FileContents::copy(int source, int target, struct
 FileContents::Outcome FileContents::copyOnce(int source, int target, const struct stat& status,
                                              const Cancellation& cancellation)
 {
-    if (status.st_size == 0)
-        return {};
-    if (tryClone(source, target, status))
-        return {};
+    const qint64 size = status.st_size;
+    if (size > 0 && tryClone(source, target, status))
+        return size;
     if (hasHoles(status))
         return copySparse(source, target, status, cancellation);
-    if (status.st_size <= smallFile)
-        return copyThroughMemory(source, target, status.st_size, cancellation);
-    return copyExtent(source, target, status.st_size, cancellation);
+    if (size <= smallFile)
+        return copyToEnd(source, target, 0, size, cancellation);
+    const Outcome copied = copyExtent(source, target, size, cancellation);
+    return copied && *copied == size ? copyToEnd(source, target, size, size, cancellation) : copied;
 }
 
 bool FileContents::tryClone(int source, int target, const struct stat& status)
@@ -100,12 +124,14 @@ bool FileContents::tryClone(int source, int target, const struct stat& status)
     return cloned.has_value();
 }
 
+/// Copies up to `count` bytes; fewer where the source ends before.
 FileContents::Outcome FileContents::copyExtent(int source, int target, qint64 count,
                                                const Cancellation& cancellation)
 {
-    while (count > 0 && !cancellation.isQuitting() && m_triesCopyRange) {
+    qint64 done = 0;
+    while (done < count && !cancellation.isQuitting() && m_triesCopyRange) {
         const auto copied =
-            SystemCalls::copyRange(source, target, static_cast<size_t>(std::min(count, kernelPiece)));
+            SystemCalls::copyRange(source, target, static_cast<size_t>(std::min(count - done, kernelPiece)));
         if (!copied && copied.error() == ENOTSUP)
             m_triesCopyRange = false;
         else if (!copied)
@@ -113,56 +139,96 @@ FileContents::Outcome FileContents::copyExtent(int source, int target, qint64 co
         else if (*copied == 0)
             break; // the file is shorter by now, or the file system answers so: the plain loop finds out
         else
-            count -= static_cast<qint64>(*copied);
+            done += static_cast<qint64>(*copied);
     }
-    return copyThroughMemory(source, target, count, cancellation);
+    const Outcome rest = copyThroughMemory(source, target, count - done, cancellation);
+    return rest ? Outcome(done + *rest) : rest;
 }
 
 FileContents::Outcome FileContents::copyThroughMemory(int source, int target, qint64 count,
                                                       const Cancellation& cancellation)
 {
-    while (count > 0 && !cancellation.isQuitting()) {
-        const size_t piece = std::min(static_cast<size_t>(count), bufferSize);
-        const ssize_t got = retrying([&] { return ::read(source, m_buffer.get(), piece); });
-        if (got < 0)
-            return std::unexpected(Failure{FileError::Operation::read, errno});
-        if (got == 0)
-            return {}; // the file is shorter by now, which the check for changes notices
-        if (const int code = writeAll(target, m_buffer.get(), static_cast<size_t>(got)))
-            return std::unexpected(Failure{FileError::Operation::copied, code});
-        count -= got;
+    qint64 done = 0;
+    while (done < count && !cancellation.isQuitting()) {
+        const size_t piece = static_cast<size_t>(std::min<qint64>(count - done, bufferSize));
+        const auto got = copyPiece(source, target, piece);
+        if (!got || *got == 0)
+            return got ? Outcome(done) : got;
+        done += *got;
     }
-    return {};
+    return done;
+}
+
+/// Copies what follows the first `done` bytes.
+FileContents::Outcome FileContents::copyToEnd(int source, int target, qint64 done, qint64 size,
+                                              const Cancellation& cancellation)
+{
+    while (!cancellation.isQuitting()) {
+        const auto got = copyPiece(source, target, bufferSize);
+        if (!got)
+            return got;
+        done += *got;
+        // A piece that is cut short where the size says so needs no further look for the end.
+        if (*got == 0 || (done == size && *got < static_cast<qint64>(bufferSize)))
+            break;
+    }
+    return done;
+}
+
+/// Copies what one call reads, up to `size` bytes; 0 at the end.
+FileContents::Outcome FileContents::copyPiece(int source, int target, size_t size)
+{
+    const ssize_t got = retrying([&] { return ::read(source, m_buffer.get(), size); });
+    if (got < 0)
+        return std::unexpected(Failure{FileError::Operation::read, errno});
+    if (const int code = writeAll(target, m_buffer.get(), static_cast<size_t>(got)))
+        return std::unexpected(Failure{FileError::Operation::copied, code});
+    return got;
 }
 
 FileContents::Outcome FileContents::copySparse(int source, int target, const struct stat& status,
                                                const Cancellation& cancellation)
 {
+    const qint64 size = status.st_size;
     qint64 position = 0;
-    while (position < status.st_size && !cancellation.isQuitting()) {
+    while (position < size && !cancellation.isQuitting()) {
         const off_t data = ::lseek(source, position, SEEK_DATA);
         if (data < 0 && errno == ENXIO)
             break; // the rest is one hole
         if (data < 0 && position == 0 && isSearchUnsupported(errno))
-            return copyExtent(source, target, status.st_size, cancellation); // all of it is data
+            return copyToEnd(source, target, 0, size, cancellation); // all of it is data
         const off_t hole = data < 0 ? -1 : ::lseek(source, data, SEEK_HOLE);
         if (hole < 0 || ::lseek(source, data, SEEK_SET) < 0)
             return std::unexpected(Failure{FileError::Operation::read, errno});
         if (::lseek(target, data, SEEK_SET) < 0)
             return std::unexpected(Failure{FileError::Operation::copied, errno});
-        if (const Outcome copied = copyExtent(source, target, hole - data, cancellation); !copied)
+        const Outcome copied = copyExtent(source, target, hole - data, cancellation);
+        if (!copied)
             return copied;
+        if (*copied < hole - data)
+            return data + *copied; // what was to be data is no hole
         position = hole;
     }
-    if (::ftruncate(target, status.st_size) != 0)
+    return finishSparse(source, target, size, cancellation);
+}
+
+/// Gives the copy its size, and what the source may have after it.
+FileContents::Outcome FileContents::finishSparse(int source, int target, qint64 size,
+                                                 const Cancellation& cancellation)
+{
+    if (::ftruncate(target, size) != 0)
         return std::unexpected(Failure{FileError::Operation::copied, errno});
     // Some drivers report success for a size that the drive can't hold.
     struct stat copied = {};
     if (::fstat(target, &copied) != 0)
         return std::unexpected(Failure{FileError::Operation::copied, errno});
-    if (!cancellation.isQuitting() && copied.st_size != status.st_size)
+    if (!cancellation.isQuitting() && copied.st_size != size)
         return std::unexpected(Failure{FileError::Operation::copied, EFBIG});
-    return {};
+    if (::lseek(source, size, SEEK_SET) < 0)
+        return std::unexpected(Failure{FileError::Operation::read, errno});
+    if (::lseek(target, size, SEEK_SET) < 0)
+        return std::unexpected(Failure{FileError::Operation::copied, errno});
+    return copyToEnd(source, target, size, size, cancellation);
 }
 
 } // namespace keelbright

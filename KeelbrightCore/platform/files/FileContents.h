@@ -18,9 +18,10 @@ class FileContents
 public:
     FileContents();
 
-    /// Copies all data. Where the size or the change time of the source has changed meanwhile, it
-    /// is copied again, at most three times in all; `status` becomes that of the source at the last
-    /// copy. `name` is for the error.
+    /// Copies all data up to its end, whatever the size says; what can't be read is never made up for by
+    /// zeros. Where the size or the change time of the source has changed meanwhile, it is copied again, at
+    /// most three times in all; a source that ends before its size says so is read once more. `status`
+    /// becomes that of the source at the last copy. `name` is for the error.
     [[nodiscard]] std::expected<void, FileError> copy(int source, int target, struct stat& status,
                                                       const Cancellation& cancellation, QByteArrayView name);
 
@@ -31,15 +32,20 @@ private:
         int code;
     };
 
-    using Outcome = std::expected<void, Failure>;
+    /// The number of bytes that the source had; more or fewer than its size where that lied.
+    using Outcome = std::expected<qint64, Failure>;
 
     [[nodiscard]] Outcome copyOnce(int source, int target, const struct stat& status,
                                    const Cancellation& cancellation);
     [[nodiscard]] Outcome copyExtent(int source, int target, qint64 count, const Cancellation& cancellation);
     [[nodiscard]] Outcome copyThroughMemory(int source, int target, qint64 count,
                                             const Cancellation& cancellation);
+    [[nodiscard]] Outcome copyToEnd(int source, int target, qint64 done, qint64 size,
+                                    const Cancellation& cancellation);
     [[nodiscard]] Outcome copySparse(int source, int target, const struct stat& status,
                                      const Cancellation& cancellation);
+    [[nodiscard]] Outcome finishSparse(int source, int target, qint64 size, const Cancellation& cancellation);
+    [[nodiscard]] Outcome copyPiece(int source, int target, size_t size);
     [[nodiscard]] bool tryClone(int source, int target, const struct stat& status);
 
     std::unique_ptr<char[]> m_buffer;

@@ -100,6 +100,8 @@ QString reasonText(const FileError& error)
         return translated("it is neither a file nor a link");
     case FileError::Reason::changedDuringCopy:
         return translated("it changed while it was being copied");
+    case FileError::Reason::endsEarly:
+        return translated("it ends before its size says");
     case FileError::Reason::symbolicLinkInTheWay:
         return translated("a symbolic link stands in the place of a folder");
     case FileError::Reason::destinationGone:

@@ -32,6 +32,7 @@ struct FileError
         system,               ///< see `code`
         notARegularFile,      ///< a FIFO, a socket or a device
         changedDuringCopy,    ///< the source did not hold still through all attempts
+        endsEarly,            ///< the source gave less data than its size says, twice
         symbolicLinkInTheWay, ///< a folder of the destination turned out to be a link
         destinationGone,      ///< the destination was unmounted, replaced or mounted over
         differsInCaseOnly,    ///< another file of that name, spelled differently, is there
