@@ -8,7 +8,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMap>
-#include <QThreadPool>
 #include <QTimer>
 
 #include <algorithm>
@@ -60,9 +59,7 @@ private:
 
     void check()
     {
-        const bool isAtWork =
-            TaskPools::userInitiated().activeThreadCount() + TaskPools::utility().activeThreadCount() > 0;
-        m_quietChecks = isAtWork ? 0 : m_quietChecks + 1;
+        m_quietChecks = TaskPools::isAtWork() ? 0 : m_quietChecks + 1;
         if (m_quietChecks < neededQuietChecks)
             return;
         m_quietChecks = 0;

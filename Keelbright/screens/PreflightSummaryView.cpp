@@ -2,6 +2,7 @@
 
 #include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/state/AppState.h"
+#include "Keelbright/state/Delivery.h"
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/widgets/Banner.h"
 #include "Keelbright/widgets/BottomBar.h"
@@ -13,6 +14,8 @@
 #include "Keelbright/widgets/Progress.h"
 
 #include <QHBoxLayout>
+#include <QHideEvent>
+#include <QShortcut>
 #include <QShowEvent>
 #include <QVBoxLayout>
 
@@ -48,7 +51,9 @@ PreflightSummaryView::PreflightSummaryView(AppState& state, QWidget* parent)
     addBanners();
     m_page->content()->addStretch();
     addActions();
-    connect(&m_check, &QFutureWatcherBase::finished, this, [this] { setResult(m_check.result()); });
+    // Also while the checks run and there is no button yet.
+    const auto* leave = new QShortcut(Qt::Key_Escape, this);
+    connect(leave, &QShortcut::activated, this, [this] { m_state.setSelectedScreen(Screen::dashboard); });
     redraw();
 }
 
@@ -120,13 +125,24 @@ void PreflightSummaryView::showEvent(QShowEvent* event)
         startCheck();
 }
 
+void PreflightSummaryView::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    if (!event->spontaneous())
+        m_check.giveUp();
+}
+
 void PreflightSummaryView::startCheck()
 {
     m_isAnalyzing = true;
     m_result.reset();
     redraw();
-    // The watcher is destroyed with the screen, so a later result is dropped.
-    m_check.setFuture(m_state.runPreflight());
+    const std::shared_ptr<const Cancellation> cancellation = m_check.begin();
+    deliver(m_state.runPreflight(cancellation), this, [this, cancellation](const PreflightResult& result) {
+        // The result of a check that was given up is incomplete.
+        if (!cancellation->isCancelled())
+            setResult(result);
+    });
 }
 
 void PreflightSummaryView::setResult(const PreflightResult& result)

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "KeelbrightCore/backup/PreflightService.h"
+#include "KeelbrightCore/platform/system/LatestTask.h"
 
-#include <QFutureWatcher>
 #include <QWidget>
 #include <optional>
 
@@ -17,7 +17,7 @@ class NumberLabel;
 class Page;
 
 /// Runs the checks before a backup each time it appears, shows their result and lets the user start
-/// the backup. A result that arrives after the screen was left is dropped.
+/// the backup. Leaving the screen ends them; a result that arrives afterwards is dropped.
 class PreflightSummaryView : public QWidget
 {
     Q_OBJECT
@@ -28,6 +28,7 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     void addAnalyzing();
@@ -41,7 +42,7 @@ private:
     void redrawEstimate(const PreflightResult& result);
 
     AppState& m_state;
-    QFutureWatcher<PreflightResult> m_check;
+    LatestTask m_check;
     bool m_isAnalyzing = true;
     std::optional<PreflightResult> m_result;
     Page* m_page;

@@ -6,8 +6,6 @@
 #include "KeelbrightCore/platform/system/TaskPools.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 
-#include <QThreadPool>
-#include <QtConcurrent>
 #include <utility>
 
 namespace keelbright {
@@ -151,12 +149,12 @@ void AppState::startBackup()
     setSelectedScreen(Screen::preflight);
 }
 
-QFuture<PreflightResult> AppState::runPreflight() const
+QFuture<PreflightResult> AppState::runPreflight(const std::shared_ptr<const Cancellation>& cancellation) const
 {
-    const auto check = [sources = allEnabledSources(), destination = m_selectedDestination] {
-        return PreflightService::run(sources, destination);
+    const auto check = [sources = allEnabledSources(), destination = m_selectedDestination, cancellation] {
+        return PreflightService::run(sources, destination, *cancellation);
     };
-    return QtConcurrent::run(&TaskPools::userInitiated(), check);
+    return TaskPools::runApart(TaskPools::Priority::userInitiated, check);
 }
 
 bool AppState::confirmBackup()

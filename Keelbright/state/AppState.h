@@ -11,10 +11,12 @@
 #include <QFuture>
 #include <QList>
 #include <QObject>
+#include <memory>
 #include <optional>
 
 namespace keelbright {
 
+class Cancellation;
 struct PreflightResult;
 
 /// The one observable object of the application. Main thread only.
@@ -93,11 +95,13 @@ public:
 
     /// The first step of a backup: raises an alert, or moves to the preflight screen.
     void startBackup();
-    /// Runs the checks of a backup with the present choices, in the background.
-    [[nodiscard]] QFuture<PreflightResult> runPreflight() const;
+    /// Runs the checks of a backup with the present choices, in the background, until they are given up.
+    [[nodiscard]] QFuture<PreflightResult>
+    runPreflight(const std::shared_ptr<const Cancellation>& cancellation) const;
     /// Called when the user confirms on the preflight screen: builds the job from the present choices,
     /// starts it and moves to the progress screen. False, and nothing done, without a destination.
     bool confirmBackup();
+
     /// Keeps the engine's report, raises or clears the alert, saves and logs; does nothing where the
     /// run could not start. Called after each end of a run, one turn of the event loop later.
     void handleEngineCompletion();

@@ -9,8 +9,6 @@
 #include "KeelbrightCore/storage/OrganizerService.h"
 
 #include <QPointer>
-#include <QThreadPool>
-#include <QtConcurrent>
 
 namespace keelbright {
 
@@ -65,7 +63,8 @@ void OrganizerVM::scan(const FileURL& folder)
     selectNothing();
     setSelectedProposalID(std::nullopt);
 
-    deliver(QtConcurrent::run(&TaskPools::userInitiated(), OrganizerService::propose, folder), this,
+    const auto propose = [folder] { return OrganizerService::propose(folder); };
+    deliver(TaskPools::runApart(TaskPools::Priority::userInitiated, propose), this,
             [this](const QList<OrganizeProposal>& plan) { showPlan(plan); });
 }
 

@@ -32,9 +32,10 @@ class Check
     Q_DECLARE_TR_FUNCTIONS(PreflightService)
 
 public:
-    explicit Check(const BackupDestination& destination)
+    Check(const BackupDestination& destination, const Cancellation& cancellation)
         : m_destination(destination.url)
         , m_resolvedDestination(m_fileManager.resolvingSymlinks(m_destination))
+        , m_cancellation(cancellation)
     {}
 
     PreflightResult run(const QList<BackupSource>& sources)
@@ -43,6 +44,8 @@ public:
         readFreeSpace();
         QList<BackupSource> validSources;
         for (const BackupSource& source : sources) {
+            if (m_cancellation.isQuitting())
+                return m_result;
             if (source.isEnabled && isValid(source))
                 validSources.append(source);
         }
@@ -50,7 +53,8 @@ public:
             m_result.errors.append(tr("No valid source folders selected."));
             return m_result;
         }
-        const FileScanner::ScanResult scan = FileScanner::scan(validSources);
+        const FileScanner::ScanResult scan =
+            FileScanner::scan(validSources, FileScanner::Sizes::read, m_cancellation);
         m_result.estimatedFileCount = scan.fileCount;
         m_result.estimatedBytes = scan.totalBytes;
         checkSpace();
@@ -156,16 +160,18 @@ private:
     const FileManager& m_fileManager = FileManager::defaultManager();
     const FileURL m_destination;
     const FileURL m_resolvedDestination;
+    const Cancellation& m_cancellation;
     PreflightResult m_result;
 };
 
 } // namespace
 
-PreflightResult run(const QList<BackupSource>& sources, const std::optional<BackupDestination>& destination)
+PreflightResult run(const QList<BackupSource>& sources, const std::optional<BackupDestination>& destination,
+                    const Cancellation& cancellation)
 {
     if (!destination)
         return Check::withoutDestination();
-    return Check(*destination).run(sources);
+    return Check(*destination, cancellation).run(sources);
 }
 
 } // namespace keelbright::PreflightService

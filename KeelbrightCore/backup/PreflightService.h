@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/backup/BackupDestination.h"
 #include "KeelbrightCore/backup/BackupSource.h"
+#include "KeelbrightCore/platform/system/Cancellation.h"
 
 #include <QList>
 #include <QStringList>
@@ -26,9 +27,10 @@ struct PreflightResult
 namespace PreflightService {
 
 /// Runs the checks. Changes nothing on disk, never fails; blocks while it scans, so off the main
-/// thread.
+/// thread. Ends at the next entry, with an incomplete result, once it is given up (`quit`).
 [[nodiscard]] PreflightResult run(const QList<BackupSource>& sources,
-                                  const std::optional<BackupDestination>& destination);
+                                  const std::optional<BackupDestination>& destination,
+                                  const Cancellation& cancellation = Cancellation());
 
 } // namespace PreflightService
 } // namespace keelbright

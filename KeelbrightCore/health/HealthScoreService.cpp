@@ -6,7 +6,6 @@
 #include "KeelbrightCore/platform/text/ByteSum.h"
 #include "KeelbrightCore/storage/FolderSizeService.h"
 
-#include <QtConcurrent>
 #include <functional>
 
 namespace keelbright::HealthScoreService {
@@ -37,7 +36,7 @@ qint64 estimateJunk(const FileManager& fm)
 
 QFuture<HealthScore> compute(const std::optional<QDateTime>& lastBackupTime, Clock clock)
 {
-    return QtConcurrent::run(&TaskPools::utility(), [lastBackupTime, clock = std::move(clock)] {
+    return TaskPools::runApart(TaskPools::Priority::utility, [lastBackupTime, clock = std::move(clock)] {
         const FileManager& fm = FileManager::defaultManager();
         const FileSystemCapacity disk =
             fm.fileSystemCapacity(fm.homeDirectory()).value_or(FileSystemCapacity());

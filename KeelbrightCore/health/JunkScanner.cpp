@@ -5,7 +5,6 @@
 #include "KeelbrightCore/storage/FolderSizeService.h"
 
 #include <QCoreApplication>
-#include <QtConcurrent>
 #include <algorithm>
 
 namespace keelbright::JunkScanner {
@@ -129,7 +128,7 @@ QList<JunkCategory> scanSync()
 
 QFuture<QList<JunkCategory>> scan()
 {
-    return QtConcurrent::run(&TaskPools::utility(), scanSync);
+    return TaskPools::runApart(TaskPools::Priority::utility, scanSync);
 }
 
 } // namespace keelbright::JunkScanner

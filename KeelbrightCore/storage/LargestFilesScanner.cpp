@@ -28,14 +28,15 @@ void replaceSmallest(QList<LargeFileItem>& items, LargeFileItem item)
         std::swap(items[i - 1], items[i]);
 }
 
-void walk(const FileURL& url, const FileManager& fm, QList<LargeFileItem>& results, qsizetype limit)
+void walk(const FileURL& url, const FileManager& fm, QList<LargeFileItem>& results, qsizetype limit,
+          const Cancellation& cancellation)
 {
     const auto opened = fm.enumerator(url, Option::skipsHiddenFiles | Option::skipsPackageDescendants |
                                                Option::followsRootLink);
     if (!opened)
         return;
     DirectoryEnumerator& entries = **opened;
-    while (entries.next()) {
+    while (!cancellation.isCancelled() && entries.next()) {
         if (entries.type() != EntryType::regularFile)
             continue;
         const qint64 size = entries.fileSize().value_or(0);
@@ -53,12 +54,12 @@ void walk(const FileURL& url, const FileManager& fm, QList<LargeFileItem>& resul
 
 } // namespace
 
-QList<LargeFileItem> scan(const FileURL& root, qsizetype limit)
+QList<LargeFileItem> scan(const FileURL& root, qsizetype limit, const Cancellation& cancellation)
 {
     if (limit < 1)
         return {};
     QList<LargeFileItem> items;
-    walk(root, FileManager::defaultManager(), items, limit);
+    walk(root, FileManager::defaultManager(), items, limit, cancellation);
     sortLargestFirst(items);
     return items;
 }

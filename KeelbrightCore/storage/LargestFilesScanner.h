@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KeelbrightCore/platform/system/Cancellation.h"
 #include "KeelbrightCore/storage/LargeFileItem.h"
 
 #include <QList>
@@ -10,7 +11,9 @@ namespace keelbright::LargestFilesScanner {
 /// Hidden entries, what packages below the root hold, links and empty files are left out, and so is
 /// what can't be read. The root itself may be a link to a folder. `limit` is at least 1.
 ///
-/// Never holds more than `limit` files, however many there are. Blocks; any thread.
-[[nodiscard]] QList<LargeFileItem> scan(const FileURL& root, qsizetype limit);
+/// Never holds more than `limit` files, however many there are. Ends at the next entry, with what it has
+/// found so far, once it is cancelled. Blocks; any thread.
+[[nodiscard]] QList<LargeFileItem> scan(const FileURL& root, qsizetype limit,
+                                        const Cancellation& cancellation = Cancellation());
 
 } // namespace keelbright::LargestFilesScanner

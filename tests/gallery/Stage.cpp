@@ -14,18 +14,12 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QTest>
-#include <QThreadPool>
 
 namespace keelbright::testing {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool isAtWork()
-{
-    return TaskPools::userInitiated().activeThreadCount() + TaskPools::utility().activeThreadCount() > 0;
-}
 
 /// What is shown may be translated; a stage is worked in English.
 bool isText(const QString& shown, const QString& english)
@@ -178,9 +172,9 @@ void Stage::settle()
 {
     // A result that arrives can start the next piece of work.
     for (int quietTurns = 0; quietTurns < 3; ++quietTurns) {
-        if (isAtWork())
+        if (TaskPools::isAtWork())
             quietTurns = 0;
-        waitUntil([] { return !isAtWork(); });
+        waitUntil([] { return !TaskPools::isAtWork(); });
         turnFrames();
     }
 }

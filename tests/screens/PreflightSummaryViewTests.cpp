@@ -9,6 +9,7 @@
 #include <QSemaphore>
 #include <QTest>
 
+#include <atomic>
 #include <optional>
 
 namespace keelbright::testing {
@@ -26,14 +27,25 @@ public:
     [[nodiscard]] std::expected<FileSystemCapacity, FileError>
     fileSystemCapacity(const FileURL&) const override
     {
-        if (isSlow)
+        if (isSlow) {
+            asked.release();
             answer.acquire();
+        }
         return FileSystemCapacity{.totalBytes = freeBytes, .freeBytes = freeBytes};
     }
 
+    [[nodiscard]] std::expected<std::unique_ptr<DirectoryEnumerator>, FileError>
+    enumerator(const FileURL& url, DirectoryEnumerator::Options options) const override
+    {
+        ++walks;
+        return SandboxFileManager::enumerator(url, options);
+    }
+
     std::optional<qint64> freeBytes = 50'000'000'000;
-    bool isSlow = false;
+    std::atomic<bool> isSlow = false;
+    mutable QSemaphore asked;
     mutable QSemaphore answer;
+    mutable std::atomic<int> walks = 0; ///< that were begun
 };
 
 class PreflightSummaryViewTests : public ScreenTestCase
@@ -216,6 +228,51 @@ TEST_F(PreflightSummaryViewTests, comingBackRunsTheChecksAgain)
     files.answer.release();
     turnUntil([&] { return textsIn(view).contains(u"Backup Estimate"_s); });
     EXPECT_TRUE(textsIn(view).contains(u"3"_s));
+}
+
+TEST_F(PreflightSummaryViewTests, leavingTheScreenEndsItsCheck)
+{
+    files.isSlow = true;
+    PreflightSummaryView view(makeReadyState());
+    show(view);
+    files.asked.acquire();
+    view.hide();
+    files.answer.release();
+    waitForBackgroundWork();
+    turnFrame();
+    EXPECT_EQ(files.walks, 0);
+    EXPECT_FALSE(textsIn(view).contains(u"Backup Estimate"_s)) << "the result of half a check is shown";
+}
+
+TEST_F(PreflightSummaryViewTests, comingBackStartsANewCheckThatWaitsForNoOther)
+{
+    files.isSlow = true;
+    PreflightSummaryView view(makeReadyState());
+    constexpr int visits = 50;
+    for (int visit = 0; visit < visits; ++visit) {
+        show(view);
+        files.asked.acquire();
+        view.hide();
+    }
+    files.isSlow = false;
+    showResult(view);
+    const int walks = files.walks;
+    EXPECT_GT(walks, 0);
+    files.answer.release(visits);
+    waitForBackgroundWork();
+    EXPECT_EQ(files.walks, walks) << "a check that was left has gone on";
+}
+
+TEST_F(PreflightSummaryViewTests, escapeReturnsToTheDashboardAlsoWhileItAnalyses)
+{
+    files.isSlow = true;
+    AppState& app = makeReadyState();
+    app.setSelectedScreen(Screen::preflight);
+    PreflightSummaryView view(app);
+    show(view);
+    QTest::keyClick(&view, Qt::Key_Escape);
+    EXPECT_EQ(app.selectedScreen(), Screen::dashboard);
+    files.answer.release();
 }
 
 TEST_F(PreflightSummaryViewTests, aResultThatComesAfterTheScreenWasLeftIsDropped)

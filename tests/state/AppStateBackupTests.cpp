@@ -113,20 +113,20 @@ TEST_F(AppStateBackupTest, thePreflightChecksThePresentChoices)
 {
     const auto state = makeStateWithWork();
     mac.writeFile("Users/mira/Desktop/b.txt", "123");
-    QFuture<PreflightResult> check = state->runPreflight();
+    QFuture<PreflightResult> check = state->runPreflight(std::make_shared<Cancellation>());
     EXPECT_EQ(check.result().estimatedFileCount, 2);
     EXPECT_EQ(check.result().estimatedBytes, 8);
     EXPECT_GT(check.result().destinationFreeSpace, 0);
     EXPECT_EQ(check.result().errors, QStringList());
     state->setSelectedDestination(std::nullopt);
-    check = state->runPreflight();
+    check = state->runPreflight(std::make_shared<Cancellation>());
     EXPECT_EQ(check.result().errors, QStringList{u"No destination selected."_s});
 }
 
 TEST_F(AppStateBackupTest, thePreflightOutlivesTheState)
 {
     auto state = makeStateWithWork();
-    const QFuture<PreflightResult> check = state->runPreflight();
+    const QFuture<PreflightResult> check = state->runPreflight(std::make_shared<Cancellation>());
     state.reset();
     EXPECT_EQ(check.result().estimatedFileCount, 1);
 }

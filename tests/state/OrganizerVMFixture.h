@@ -9,7 +9,6 @@
 
 #include <QCoreApplication>
 #include <QTest>
-#include <QThreadPool>
 #include <gtest/gtest.h>
 
 namespace keelbright::testing {
@@ -23,8 +22,7 @@ protected:
     /// Until no background task reads the machine any more.
     static void waitForTasks()
     {
-        EXPECT_TRUE(
-            QTest::qWaitFor([] { return TaskPools::userInitiated().activeThreadCount() == 0; }, 20'000));
+        EXPECT_TRUE(QTest::qWaitFor([] { return !TaskPools::isAtWork(); }, 20'000));
     }
 
     void write(const QByteArray& path, qsizetype bytes) const

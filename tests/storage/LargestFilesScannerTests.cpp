@@ -51,6 +51,15 @@ TEST_F(LargestFilesScannerTest, anEmptyFolderHasNone)
     EXPECT_THAT(scan(10), IsEmpty());
 }
 
+TEST_F(LargestFilesScannerTest, aWalkThatIsCancelledEnds)
+{
+    write("a", 1);
+    Cancellation cancellation;
+    EXPECT_EQ(LargestFilesScanner::scan(folder, 10, cancellation).size(), 1);
+    cancellation.cancel();
+    EXPECT_THAT(LargestFilesScanner::scan(folder, 10, cancellation), IsEmpty());
+}
+
 TEST_F(LargestFilesScannerTest, withFewerFilesThanTheLimitAllComeLargestFirst)
 {
     write("a", 1);

@@ -8,9 +8,8 @@
 #include "KeelbrightCore/platform/system/TaskPools.h"
 #include "KeelbrightCore/storage/LargestFilesScanner.h"
 
+#include <QCoreApplication>
 #include <QPointer>
-#include <QThreadPool>
-#include <QtConcurrent>
 
 namespace keelbright {
 
@@ -126,7 +125,8 @@ void StorageBrowserModel::drillIn(const FolderSizeNode& node)
 
 void StorageBrowserModel::measure(const FileURL& url)
 {
-    deliver(QtConcurrent::run(&TaskPools::userInitiated(), measureLevel, url), this,
+    const auto walk = [url] { return measureLevel(url); };
+    deliver(TaskPools::runApart(TaskPools::Priority::userInitiated, walk), this,
             [this](const StorageLevel& level) {
                 m_stack.append(level);
                 m_isScanning = false;
@@ -181,8 +181,15 @@ void StorageBrowserModel::loadLargestFiles()
     m_isLoadingLargest = true;
     m_largestFiles.clear();
     Q_EMIT changed();
-    deliver(QtConcurrent::run(&TaskPools::utility(), LargestFilesScanner::scan, *root, largestFilesLimit),
-            this, [this](const QList<LargeFileItem>& files) {
+    // A walk that is given up has an incomplete result.
+    const std::shared_ptr<const Cancellation> cancellation = m_largestWalk.begin();
+    const auto walk = [url = *root, cancellation] {
+        return LargestFilesScanner::scan(url, largestFilesLimit, *cancellation);
+    };
+    deliver(TaskPools::runApart(TaskPools::Priority::utility, walk), this,
+            [this, cancellation](const QList<LargeFileItem>& files) {
+                if (cancellation->isCancelled())
+                    return;
                 m_largestFiles = files;
                 m_isLoadingLargest = false;
                 Q_EMIT changed();

@@ -2,6 +2,7 @@
 
 #include "Keelbright/screens/storage/StorageLevel.h"
 #include "Keelbright/screens/storage/StorageShortcuts.h"
+#include "KeelbrightCore/platform/system/LatestTask.h"
 #include "KeelbrightCore/storage/LargeFileItem.h"
 
 #include <QObject>
@@ -80,6 +81,7 @@ public:
     /// Moves the node to the Trash and measures the last level again. A failure is not reported; the
     /// node is still in the level then. The levels above keep their sizes.
     void trash(const FolderSizeNode& node);
+    /// Searches in the background. A search that is under way ends, and so does one whose model goes.
     void loadLargestFiles();
     /// Shows the organizer screen with this folder. The caller's screen may be destroyed by that.
     void organiseCurrentFolder(const FileURL& folder);
@@ -101,6 +103,7 @@ private:
     std::optional<FolderSizeNode> m_pendingDelete;
     SortOrder m_sortOrder = SortOrder::size;
     ViewMode m_viewMode = ViewMode::list;
+    LatestTask m_largestWalk;
     QList<LargeFileItem> m_largestFiles;
     bool m_isLoadingLargest = false;
 };

@@ -13,8 +13,8 @@ public:
     /// The user wants the task to stop: it finishes the item under way and begins no other one.
     void cancel() { m_isCancelled = true; }
 
-    /// The program quits: the task also gives up the item under way, writes nothing more and reports
-    /// nothing more.
+    /// Nobody waits for the task any more, as the program quits or its screen was left: the task also
+    /// gives up the item under way, writes nothing more and reports nothing more.
     void quit()
     {
         m_isQuitting = true;

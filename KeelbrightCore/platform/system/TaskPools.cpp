@@ -1,9 +1,11 @@
 #include "KeelbrightCore/platform/system/TaskPools.h"
 
+#include <QRunnable>
 #include <QSemaphore>
 #include <QThread>
 #include <QThreadPool>
 #include <atomic>
+#include <limits>
 #include <memory>
 
 #ifdef __APPLE__
@@ -17,18 +19,26 @@ namespace keelbright {
 
 namespace {
 
-/// The application scan keeps up to this many helper programs going, each with a thread that
-/// sleeps until its helper has ended.
-constexpr int helpersAtOnce = 32;
+/// How many tasks may hang with their drives before others have to wait for a thread.
+constexpr int spareThreads = 32;
 
-void becomeUserInitiated()
+int niceOfThisThread()
+{
+#ifdef __APPLE__
+    return 0;
+#else
+    return ::getpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()));
+#endif
+}
+
+void becomeUserInitiated([[maybe_unused]] int niceOfProgram)
 {
 #ifdef __APPLE__
     ::pthread_set_qos_class_self_np(QOS_CLASS_USER_INITIATED, 0);
 #endif
 }
 
-void becomeUtility()
+void becomeUtility([[maybe_unused]] int niceOfProgram)
 {
 #ifdef __APPLE__
     ::pthread_set_qos_class_self_np(QOS_CLASS_UTILITY, 0);
@@ -36,15 +46,15 @@ void becomeUtility()
     // Linux keeps a nice value for every thread, and takes the I/O priority from it. The priority
     // that Qt would set has no effect under the usual scheduler.
     constexpr int backgroundNice = 10;
-    const auto thread = static_cast<id_t>(::gettid());
-    const int inherited = ::getpriority(PRIO_PROCESS, thread);
-    ::setpriority(PRIO_PROCESS, thread, inherited + backgroundNice);
+    ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), niceOfProgram + backgroundNice);
 #endif
 }
 
+using SetPriority = void (*)(int niceOfProgram);
+
 /// Starts all threads of the pool now and keeps them. A thread that the pool started later would
 /// inherit the priority of whoever handed in the task, and a low one can never be raised again.
-void startThreads(QThreadPool& pool, int count, void (*setPriority)())
+void startThreads(QThreadPool& pool, int count, SetPriority setPriority)
 {
     struct Start
     {
@@ -59,9 +69,10 @@ void startThreads(QThreadPool& pool, int count, void (*setPriority)())
     pool.setMaxThreadCount(count);
     pool.setExpiryTimeout(-1);
     const auto start = std::make_shared<Start>(count);
+    const int nice = niceOfThisThread();
     for (int i = 0; i < count; ++i) {
-        pool.start([start, count, setPriority] {
-            setPriority();
+        pool.start([start, count, nice, setPriority] {
+            setPriority(nice);
             if (--start->missing == 0)
                 start->complete.release(count);
             // Where the system refuses a thread, the others don't wait for it for ever.
@@ -71,16 +82,52 @@ void startThreads(QThreadPool& pool, int count, void (*setPriority)())
     }
 }
 
+/// Work that gets a thread of its own.
+class Apart final : public QRunnable
+{
+public:
+    Apart(UniqueFunction<void()> work, int nice, SetPriority setPriority)
+        : m_work(std::move(work))
+        , m_nice(nice)
+        , m_setPriority(setPriority)
+    {}
+
+    void run() override
+    {
+        m_setPriority(m_nice);
+        m_work();
+    }
+
+private:
+    UniqueFunction<void()> m_work;
+    int m_nice;
+    SetPriority m_setPriority;
+};
+
 struct Pools
 {
     QThreadPool userInitiated;
     QThreadPool utility;
+    // A thread each for whatever is handed in; those that have ended serve the next work for a while.
+    QThreadPool userInitiatedApart;
+    QThreadPool utilityApart;
+    const int niceOfProgram = niceOfThisThread();
+    std::atomic<int> withoutThread = 0;
 
     Pools()
     {
         const int processors = qMax(2, QThread::idealThreadCount());
-        startThreads(userInitiated, helpersAtOnce + processors, becomeUserInitiated);
+        startThreads(userInitiated, spareThreads + processors, becomeUserInitiated);
         startThreads(utility, processors, becomeUtility);
+        userInitiatedApart.setMaxThreadCount(std::numeric_limits<int>::max());
+        utilityApart.setMaxThreadCount(std::numeric_limits<int>::max());
+    }
+
+    [[nodiscard]] bool isAtWork() const
+    {
+        return withoutThread > 0 || userInitiated.activeThreadCount() > 0 ||
+               utility.activeThreadCount() > 0 || userInitiatedApart.activeThreadCount() > 0 ||
+               utilityApart.activeThreadCount() > 0;
     }
 };
 
@@ -102,6 +149,32 @@ QThreadPool& TaskPools::userInitiated()
 QThreadPool& TaskPools::utility()
 {
     return pools().utility;
+}
+
+void TaskPools::startApart(Priority priority, UniqueFunction<void()> work)
+{
+    Pools& all = pools();
+    const bool isUtility = priority == Priority::utility;
+    QThreadPool& pool = isUtility ? all.utilityApart : all.userInitiatedApart;
+    pool.start(
+        new Apart(std::move(work), all.niceOfProgram, isUtility ? becomeUtility : becomeUserInitiated));
+}
+
+TaskPools::WorkWithoutThread::WorkWithoutThread()
+{
+    ++pools().withoutThread;
+}
+
+TaskPools::WorkWithoutThread::~WorkWithoutThread()
+{
+    --pools().withoutThread;
+}
+
+bool TaskPools::isAtWork()
+{
+    // A piece of work starts the next one before it ends. One that is started where the first look has
+    // already been is found by the second.
+    return pools().isAtWork() || pools().isAtWork();
 }
 
 } // namespace keelbright

@@ -1,7 +1,11 @@
 #include "KeelbrightCore/platform/system/TaskPools.h"
 
+#include <QDeadlineTimer>
 #include <QSemaphore>
+#include <QString>
+#include <QThread>
 #include <QThreadPool>
+#include <functional>
 #include <future>
 #include <gtest/gtest.h>
 #include <memory>
@@ -13,6 +17,8 @@
 namespace keelbright {
 
 namespace {
+
+using TaskPools::Priority;
 
 int niceOfThisThread()
 {
@@ -58,6 +64,24 @@ Census census(QThreadPool& pool)
     return meeting->found;
 }
 
+int niceOfWorkApart(Priority priority)
+{
+    std::promise<int> nice;
+    auto found = nice.get_future();
+    TaskPools::startApart(priority,
+                          [nice = std::move(nice)]() mutable { nice.set_value(niceOfThisThread()); });
+    return found.get();
+}
+
+void waitUntil(const std::function<bool()>& condition)
+{
+    const QDeadlineTimer deadline(20'000);
+    while (!condition()) {
+        ASSERT_FALSE(deadline.hasExpired());
+        QThread::msleep(1);
+    }
+}
+
 } // namespace
 
 TEST(TaskPoolsTests, userInitiatedTasksRunAtThePriorityOfTheProgram)
@@ -96,7 +120,7 @@ TEST(TaskPoolsTests, aUtilityTaskHandedInByAUserInitiatedTaskKeepsTheLowPriority
     EXPECT_EQ(found.get().niceValues, std::set{niceOfThisThread() + 10});
 }
 
-TEST(TaskPoolsTests, thirtyTwoTasksThatWaitForHelpersLeaveRoomForOthers)
+TEST(TaskPoolsTests, tasksOnADriveThatHangsLeaveRoomForOthers)
 {
     EXPECT_GT(TaskPools::userInitiated().maxThreadCount(), 32);
     EXPECT_GE(TaskPools::utility().maxThreadCount(), 2);
@@ -117,6 +141,65 @@ TEST(TaskPoolsTests, threadsStayForTheNextTask)
     const Census first = census(TaskPools::utility());
     const Census second = census(TaskPools::utility());
     EXPECT_EQ(first.threads, second.threads);
+}
+
+TEST(TaskPoolsTests, workApartHasThePriorityThatItIsStartedWith)
+{
+    EXPECT_EQ(niceOfWorkApart(Priority::userInitiated), niceOfThisThread());
+    EXPECT_EQ(niceOfWorkApart(Priority::utility), niceOfThisThread() + 10);
+    const auto ofUtilityTask = std::make_shared<std::promise<int>>();
+    auto found = ofUtilityTask->get_future();
+    TaskPools::utility().start(
+        [ofUtilityTask] { ofUtilityTask->set_value(niceOfWorkApart(Priority::utility)); });
+    EXPECT_EQ(found.get(), niceOfThisThread() + 10) << "lowered twice";
+}
+
+TEST(TaskPoolsTests, anyAmountOfWorkApartThatHangsHoldsNobodyElse)
+{
+    constexpr int hanging = 100;
+    for (const Priority priority : {Priority::utility, Priority::userInitiated}) {
+        const auto meeting = std::make_shared<Meeting>();
+        for (int i = 0; i < hanging; ++i) {
+            TaskPools::startApart(priority, [meeting] {
+                meeting->arrived.release();
+                meeting->go.acquire();
+                meeting->left.release();
+            });
+        }
+        EXPECT_TRUE(meeting->arrived.tryAcquire(hanging, 20'000));
+        EXPECT_EQ(niceOfWorkApart(Priority::userInitiated), niceOfThisThread());
+        EXPECT_EQ(census(TaskPools::utility()).niceValues.size(), 1U);
+        EXPECT_EQ(census(TaskPools::userInitiated()).niceValues.size(), 1U);
+        meeting->go.release(hanging);
+        EXPECT_TRUE(meeting->left.tryAcquire(hanging, 20'000));
+    }
+}
+
+TEST(TaskPoolsTests, theResultOfWorkApartComesAsAFuture)
+{
+    QFuture<QString> future =
+        TaskPools::runApart(Priority::userInitiated,
+                            [text = std::make_unique<QString>(QStringLiteral("done"))] { return *text; });
+    waitUntil([&] { return future.isFinished(); });
+    ASSERT_EQ(future.resultCount(), 1);
+    EXPECT_EQ(future.resultAt(0), QStringLiteral("done"));
+}
+
+TEST(TaskPoolsTests, somethingIsAtWorkUntilAllOfItHasEnded)
+{
+    waitUntil([] { return !TaskPools::isAtWork(); });
+    {
+        const TaskPools::WorkWithoutThread waiting;
+        EXPECT_TRUE(TaskPools::isAtWork());
+    }
+    EXPECT_FALSE(TaskPools::isAtWork());
+    for (const Priority priority : {Priority::utility, Priority::userInitiated}) {
+        const auto go = std::make_shared<QSemaphore>();
+        TaskPools::startApart(priority, [go] { go->acquire(); });
+        EXPECT_TRUE(TaskPools::isAtWork());
+        go->release();
+        waitUntil([] { return !TaskPools::isAtWork(); });
+    }
 }
 
 } // namespace keelbright

@@ -78,6 +78,26 @@ TEST_F(StorageBrowserLargestFilesTests, aTrashedFileStaysAmongTheLargestUntilThe
     EXPECT_EQ(names(model.largestFiles()), (QStringList{u"b.zip"_s, u"a.pdf"_s, u"d.JPG"_s}));
 }
 
+TEST_F(StorageBrowserLargestFilesTests, askingAgainEndsTheSearchBeforeAndWaitsNotForIt)
+{
+    HeldWalks held(mac.root());
+    const FileManagerGuard guard(held);
+    StorageBrowserModel model(*state);
+    navigate(model, documents());
+    held.holdNextLookAt(documents());
+    model.loadLargestFiles();
+    ASSERT_TRUE(held.waitUntilHeld());
+    model.loadLargestFiles();
+    EXPECT_TRUE(model.isLoadingLargest());
+    waitForLargest(model);
+    const QStringList found{u"b.zip"_s, u"a.pdf"_s, u"c.txt"_s, u"d.JPG"_s};
+    EXPECT_EQ(names(model.largestFiles()), found);
+    held.letGo();
+    waitForBackgroundWork();
+    settle();
+    EXPECT_EQ(names(model.largestFiles()), found) << "the search that was given up found nothing";
+}
+
 TEST_F(StorageBrowserLargestFilesTests, theModelMayBeDestroyedInTheMiddleOfASearch)
 {
     HeldWalks held(mac.root());
