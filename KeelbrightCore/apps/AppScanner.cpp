@@ -1,5 +1,6 @@
 #include "KeelbrightCore/apps/AppScanner.h"
 
+#include "KeelbrightCore/apps/ScanWork.h"
 #include "KeelbrightCore/apps/SpotlightMetadata.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/formats/PropertyList.h"
@@ -8,17 +9,21 @@
 #include <QMutex>
 #include <QPromise>
 #include <QSet>
-#include <QThreadPool>
 #include <algorithm>
 #include <atomic>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace keelbright {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+using AppScanner::SpotlightMeta;
+using AppScanner::spotlightMetadata;
+using AppScanner::startStep;
 
 constexpr qsizetype workWidth = 32;
 
@@ -68,8 +73,9 @@ QString nameWithoutExtension(const FileURL& url)
     return QString::fromUtf8(name);
 }
 
-/// Nothing for what has no readable property list or no identifier in it.
-std::optional<AppInfo> loadApp(const FileURL& bundle, const Clock& clock)
+/// All but what the metadata index knows; nothing for what has no readable property list or no
+/// identifier in it.
+std::optional<AppFacts> factsOf(const FileURL& bundle)
 {
     const auto list = PropertyList::dictionaryAt(bundle.appending(u"Contents/Info.plist"_s));
     if (!list)
@@ -80,15 +86,10 @@ std::optional<AppInfo> loadApp(const FileURL& bundle, const Clock& clock)
     std::optional<QString> name = text(*list, u"CFBundleDisplayName"_s);
     if (!name)
         name = text(*list, u"CFBundleName"_s);
-    const AppScanner::SpotlightMeta metadata = AppScanner::spotlightMetadata(bundle);
-    return AppInfo({.name = name.value_or(nameWithoutExtension(bundle)),
+    return AppFacts{.name = name.value_or(nameWithoutExtension(bundle)),
                     .bundleID = *bundleID,
                     .url = bundle,
-                    .version = text(*list, u"CFBundleShortVersionString"_s).value_or(QString()),
-                    .lastUsedDate = metadata.lastUsed,
-                    .useCount = metadata.useCount,
-                    .dateAdded = metadata.dateAdded},
-                   clock());
+                    .version = text(*list, u"CFBundleShortVersionString"_s).value_or(QString())};
 }
 
 bool comesBefore(const AppInfo& a, const AppInfo& b)
@@ -99,8 +100,8 @@ bool comesBefore(const AppInfo& a, const AppInfo& b)
     return priorityOfA != priorityOfB ? priorityOfA < priorityOfB : a.lastUsedDate < b.lastUsedDate;
 }
 
-/// One scan under way. Its tasks own it together; none waits for another, so that no thread of
-/// the pool is held for nothing.
+/// One scan under way. Its steps own it together. Each of its lanes is one application in work: it
+/// takes the next one when the tool has answered for the one before, and holds no thread in between.
 class Scan : public std::enable_shared_from_this<Scan>
 {
 public:
@@ -111,7 +112,7 @@ public:
     QFuture<QList<AppInfo>> start()
     {
         m_promise.start();
-        TaskPools::userInitiated().start([scan = shared_from_this()] { scan->discover(); });
+        startStep([scan = shared_from_this()] { scan->discover(); });
         return m_promise.future();
     }
 
@@ -119,30 +120,45 @@ private:
     void discover()
     {
         m_bundles = installedBundles();
-        const qsizetype tasks = std::min(workWidth, m_bundles.size());
-        m_tasksAtWork = tasks;
-        if (tasks == 0)
+        const qsizetype lanes = std::min(workWidth, m_bundles.size());
+        m_lanes = lanes;
+        if (lanes == 0)
             finish();
-        // While every thread is taken, these wait behind whatever else the user waits for.
-        constexpr int priority = -1;
-        for (qsizetype i = 0; i < tasks; ++i)
-            TaskPools::userInitiated().start([scan = shared_from_this()] { scan->work(); }, priority);
+        for (qsizetype i = 0; i < lanes; ++i)
+            startStep([scan = shared_from_this()] { scan->takeNext(); });
     }
 
-    /// Takes one application after another, so that one out lets one in.
-    void work()
+    void takeNext()
     {
         for (;;) {
             const qsizetype next = m_nextBundle++;
             if (next >= m_bundles.size() || m_promise.isCanceled())
                 break;
-            if (std::optional<AppInfo> app = loadApp(m_bundles.at(next), m_clock)) {
-                const QMutexLocker locker(&m_mutex);
-                m_apps.append(*std::move(app));
+            if (const std::optional<AppFacts> facts = factsOf(m_bundles.at(next))) {
+                complete(*facts);
+                return;
             }
         }
-        if (--m_tasksAtWork == 0)
+        if (--m_lanes == 0)
             finish();
+    }
+
+    void complete(const AppFacts& facts)
+    {
+        spotlightMetadata(facts.url, [scan = shared_from_this(), facts](const SpotlightMeta& metadata) {
+            scan->add(facts, metadata);
+            scan->takeNext();
+        });
+    }
+
+    void add(AppFacts facts, const SpotlightMeta& metadata)
+    {
+        facts.lastUsedDate = metadata.lastUsed;
+        facts.useCount = metadata.useCount;
+        facts.dateAdded = metadata.dateAdded;
+        const AppInfo app(std::move(facts), m_clock());
+        const QMutexLocker locker(&m_mutex);
+        m_apps.append(app);
     }
 
     void finish()
@@ -152,12 +168,13 @@ private:
         m_promise.finish();
     }
 
+    const TaskPools::WorkWithoutThread m_work;
     const Clock m_clock;
     QPromise<QList<AppInfo>> m_promise;
-    QList<FileURL> m_bundles; ///< not changed any more once tasks are at work
+    QList<FileURL> m_bundles; ///< not changed any more once there are lanes
     std::atomic<qsizetype> m_nextBundle = 0;
-    std::atomic<qsizetype> m_tasksAtWork = 0;
-    QMutex m_mutex; ///< for `m_apps` while tasks are at work
+    std::atomic<qsizetype> m_lanes = 0; ///< that still take applications
+    QMutex m_mutex;                     ///< for `m_apps` while there are lanes
     QList<AppInfo> m_apps;
 };
 

@@ -1,5 +1,6 @@
 #include "KeelbrightCore/apps/SpotlightMetadata.h"
 
+#include "KeelbrightCore/apps/ScanWork.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/system/Subprocess.h"
 #include "KeelbrightCore/platform/text/DateFormatter.h"
@@ -7,6 +8,8 @@
 #include <QStringDecoder>
 #include <QStringTokenizer>
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 namespace keelbright {
 
@@ -42,14 +45,35 @@ qint64 wholeNumber(const QString& text)
     return std::ranges::all_of(digits, isDigit) ? text.toLongLong() : 0;
 }
 
-} // namespace
-
-AppScanner::SpotlightMeta AppScanner::spotlightMetadata(const FileURL& bundle)
+std::expected<void, FileError> askTool(const FileURL& bundle, Subprocess::Receiver receive)
 {
     const FileURL tool = FileManager::defaultManager().systemLocation(u"/usr/bin/mdls"_s);
-    const auto run = Subprocess::run(tool, {"-name", "kMDItemLastUsedDate", "-name", "kMDItemUseCount",
-                                            "-name", "kMDItemDateAdded", bundle.nativePath()});
-    return run ? metadataFromOutput(run->standardOutput) : SpotlightMeta();
+    return Subprocess::start(tool,
+                             {"-name", "kMDItemLastUsedDate", "-name", "kMDItemUseCount", "-name",
+                              "kMDItemDateAdded", bundle.nativePath()},
+                             std::move(receive));
+}
+
+} // namespace
+
+void AppScanner::spotlightMetadata(const FileURL& bundle, MetadataReceiver receive)
+{
+    const auto answer = std::make_shared<MetadataReceiver>(std::move(receive));
+    whenHelperMayStart([bundle, answer] {
+        const auto started = askTool(bundle, [answer](const Subprocess::Result& result) {
+            startStep([answer, result] {
+                helperHasEnded();
+                (*answer)(result.isOutputWhole ? metadataFromOutput(result.standardOutput) : SpotlightMeta());
+            });
+        });
+        if (started)
+            return;
+        // A step of its own, so that a machine without the tool does not go deeper with each application.
+        startStep([answer] {
+            helperHasEnded();
+            (*answer)({});
+        });
+    });
 }
 
 AppScanner::SpotlightMeta AppScanner::metadataFromOutput(const QByteArray& output)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KeelbrightCore/platform/files/FileURL.h"
+#include "KeelbrightCore/platform/system/UniqueFunction.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -23,9 +24,12 @@ struct SpotlightMeta
     friend bool operator==(const SpotlightMeta&, const SpotlightMeta&) = default;
 };
 
-/// Asks the metadata tool and waits for its end. Never fails: where there is no such tool, or it
-/// prints no text, nothing is known. Blocks the calling thread; any thread but the main one.
-[[nodiscard]] SpotlightMeta spotlightMetadata(const FileURL& bundle);
+using MetadataReceiver = UniqueFunction<void(SpotlightMeta)>;
+
+/// Asks the metadata tool, at most 32 of which run at once for all scans together, and returns at
+/// once. `receive` is called once, as a step of a scan, when the tool has ended; never, where it never
+/// ends. Where there is no such tool, or it prints no text or more than a helper may, nothing is known.
+void spotlightMetadata(const FileURL& bundle, MetadataReceiver receive);
 
 /// Reads everything that the metadata tool printed.
 [[nodiscard]] SpotlightMeta metadataFromOutput(const QByteArray& output);

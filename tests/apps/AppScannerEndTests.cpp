@@ -1,9 +1,11 @@
+#include "KeelbrightCore/platform/system/TaskPools.h"
 #include "tests/apps/AppScannerTestCase.h"
 #include "tests/support/EngineRun.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFutureWatcher>
+#include <QThreadPool>
 #include <cstdlib>
 #include <memory>
 
@@ -80,6 +82,20 @@ TEST_F(AppScannerEndTests, anOwnerDestroyedInTheMiddleReceivesNothing)
     EXPECT_EQ(future.result().size(), 100);
     QCoreApplication::processEvents();
     EXPECT_FALSE(hasHeard);
+}
+
+TEST_F(AppScannerEndTests, scansWhoseToolsHangHoldNoThread)
+{
+    const QFuture<Apps> first = AppScanner::scan(m_mac.clock());
+    const QFuture<Apps> second = AppScanner::scan(m_mac.clock());
+    EngineRun::turnUntil([this] { return started() == 32; });
+    EngineRun::turnUntil([] { return TaskPools::userInitiated().activeThreadCount() == 0; });
+    EXPECT_EQ(TaskPools::utility().activeThreadCount(), 0);
+    EXPECT_TRUE(TaskPools::isAtWork());
+    EXPECT_EQ(started(), 32);
+    openTheGate();
+    EXPECT_EQ(first.result().size(), 100);
+    EXPECT_EQ(second.result().size(), 100);
 }
 
 TEST_F(AppScannerEndTests, aCancelledScanStartsNoFurtherApplication)

@@ -3,6 +3,7 @@
 #include "tests/apps/AppScannerTestCase.h"
 #include "tests/support/MadeUpMac.h"
 
+#include <QMap>
 #include <QSet>
 #include <algorithm>
 
@@ -297,6 +298,43 @@ rm "$root/alive/$$")sh");
         maximum = std::max(maximum, count.trimmed().toInt());
     }
     EXPECT_EQ(maximum, 32);
+}
+
+TEST_F(AppScannerTests, ofTwoScansAtOnceNeverMoreThan32ToolsAreAlive)
+{
+    addNumberedBundles(60);
+    m_files.folder("alive");
+    // None ends before there are 32, and then there is time for one more.
+    setMetadataTool(R"sh(: > "$root/alive/$$"
+ls "$root/alive" | wc -l >> "$root/counts"
+waited=0
+while [ ! -e "$root/full" ] && [ $waited -lt 200 ]; do
+    [ "$(ls "$root/alive" | wc -l)" -ge 32 ] && sleep 0.3 && : > "$root/full"
+    sleep 0.1
+    waited=$((waited + 1))
+done
+rm "$root/alive/$$")sh");
+    const auto first = AppScanner::scan(m_mac.clock());
+    const auto second = AppScanner::scan(m_mac.clock());
+    EXPECT_EQ(first.result().size(), 60);
+    EXPECT_EQ(second.result().size(), 60);
+    const QByteArrayList counts = TestMac::read(m_mac.root().appending(u"counts"_s)).trimmed().split('\n');
+    EXPECT_EQ(counts.size(), 120);
+    int maximum = 0;
+    for (const QByteArray& count : counts)
+        maximum = std::max(maximum, count.trimmed().toInt());
+    EXPECT_EQ(maximum, 32);
+}
+
+TEST_F(AppScannerTests, aToolThatPrintsWithoutEndCostsItsOwnMetadataOnly)
+{
+    addNumberedBundles(3);
+    setMetadataTool(R"sh([ "$name" = App1.app ] && exec yes
+echo "kMDItemUseCount = 7")sh");
+    QMap<QString, qint64> uses;
+    for (const AppInfo& app : scan())
+        uses.insert(app.name, app.useCount);
+    EXPECT_EQ(uses, (QMap<QString, qint64>{{u"App0"_s, 7}, {u"App1"_s, 0}, {u"App2"_s, 7}}));
 }
 
 TEST_F(AppScannerTests, aSlowApplicationHoldsBackNoOther)

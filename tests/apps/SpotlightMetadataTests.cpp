@@ -4,6 +4,7 @@
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 
+#include <future>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -43,7 +44,18 @@ protected:
     SpotlightMeta metadata(const QByteArray& lines) const
     {
         m_files.program("usr/bin/mdls", "#!/bin/sh\n" + lines + '\n');
-        return AppScanner::spotlightMetadata(m_bundle);
+        return metadata();
+    }
+
+    /// What is known with the tool that there is.
+    [[nodiscard]] SpotlightMeta metadata() const
+    {
+        std::promise<SpotlightMeta> answer;
+        auto metadata = answer.get_future();
+        AppScanner::spotlightMetadata(
+            m_bundle,
+            [answer = std::move(answer)](const SpotlightMeta& known) mutable { answer.set_value(known); });
+        return metadata.get();
     }
 
     [[nodiscard]] static QByteArray printing(const QByteArray& output)
@@ -226,6 +238,12 @@ TEST_F(MetadataToolTests, megabytesOnEitherStreamDoNotBlockIt)
               goodMetadata);
 }
 
+TEST_F(MetadataToolTests, aToolThatPrintsWithoutEndGivesNothing)
+{
+    EXPECT_EQ(metadata(printing(goodOutput) + "; exec yes"), SpotlightMeta());
+    EXPECT_EQ(metadata(printing(goodOutput)), goodMetadata) << "the next one is asked as ever";
+}
+
 TEST_F(MetadataToolTests, whatItWritesToStandardErrorIsIgnored)
 {
     EXPECT_EQ(metadata(printing(goodOutput) + " >&2"), SpotlightMeta());
@@ -233,13 +251,13 @@ TEST_F(MetadataToolTests, whatItWritesToStandardErrorIsIgnored)
 
 TEST_F(MetadataToolTests, withoutTheToolNothingIsKnown)
 {
-    EXPECT_EQ(AppScanner::spotlightMetadata(m_bundle), SpotlightMeta());
+    EXPECT_EQ(metadata(), SpotlightMeta());
 }
 
 TEST_F(MetadataToolTests, aToolThatCanNotBeLaunchedGivesNothing)
 {
     m_mac.writeFile("usr/bin/mdls", "#!/bin/sh\n" + printing(goodOutput));
-    EXPECT_EQ(AppScanner::spotlightMetadata(m_bundle), SpotlightMeta());
+    EXPECT_EQ(metadata(), SpotlightMeta());
 }
 
 } // namespace keelbright::testing

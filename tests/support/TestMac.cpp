@@ -1,6 +1,6 @@
 #include "tests/support/TestMac.h"
 
-#include "KeelbrightCore/platform/system/Subprocess.h"
+#include "tests/support/HelperRun.h"
 
 #include <QDir>
 #include <gtest/gtest.h>
@@ -47,7 +47,7 @@ TestMac::~TestMac()
     // Qt and the standard library both give up on trees that are deeper than the longest path. Not
     // by QProcess, whose fork leaves the thread sanitizer's child with locks that nobody holds.
     std::ignore =
-        Subprocess::run(FileURL::fromPath(QStringLiteral("/bin/rm")), {"-rf", m_folder.path().toUtf8()});
+        runToItsEnd(FileURL::fromPath(QStringLiteral("/bin/rm")), {"-rf", m_folder.path().toUtf8()});
 }
 
 FileURL TestMac::writeFile(const QByteArray& path, const QByteArray& content) const

@@ -1,61 +1,20 @@
 #include "KeelbrightCore/platform/system/Subprocess.h"
 
-#include "KeelbrightCore/platform/files/FileDescriptor.h"
+#include "KeelbrightCore/platform/system/HelperWatch.h"
 #include "KeelbrightCore/platform/system/Logging.h"
 
-#include <array>
 #include <csignal>
 #include <fcntl.h>
-#include <optional>
-#include <poll.h>
 #include <spawn.h>
-#include <sys/ioctl.h>
-#include <sys/wait.h>
-#include <vector>
-
-#ifdef __linux__
-#include <sys/syscall.h>
 #include <unistd.h>
-#endif
+#include <utility>
+#include <vector>
 
 extern char** environ; // NOLINT: POSIX leaves its declaration to the program
 
 namespace keelbright {
 
 namespace {
-
-struct Pipe
-{
-    FileDescriptor readEnd;
-    FileDescriptor writeEnd;
-};
-
-/// Where this program runs without standard streams, a new descriptor could get their numbers and
-/// would be overwritten on its way to the helper.
-FileDescriptor aboveStandardStreams(FileDescriptor descriptor)
-{
-    if (!descriptor.isOpen() || descriptor.get() > STDERR_FILENO)
-        return descriptor;
-    return FileDescriptor(::fcntl(descriptor.get(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
-}
-
-std::expected<Pipe, int> makePipe()
-{
-    std::array<int, 2> ends = {-1, -1};
-#ifdef __linux__
-    if (::pipe2(ends.data(), O_CLOEXEC) != 0)
-        return std::unexpected(errno);
-#else
-    if (::pipe(ends.data()) != 0)
-        return std::unexpected(errno);
-    ::fcntl(ends[0], F_SETFD, FD_CLOEXEC);
-    ::fcntl(ends[1], F_SETFD, FD_CLOEXEC);
-#endif
-    Pipe pipe{aboveStandardStreams(FileDescriptor(ends[0])), aboveStandardStreams(FileDescriptor(ends[1]))};
-    if (!pipe.readEnd.isOpen() || !pipe.writeEnd.isOpen())
-        return std::unexpected(errno);
-    return pipe;
-}
 
 /// How the helper starts: with empty input, output into the pipe, errors dropped, and no other file.
 class LaunchPlan
@@ -114,128 +73,26 @@ private:
     posix_spawnattr_t m_attributes = {};
 };
 
-/// A descriptor that becomes readable when the process ends; none where the system is too old.
-FileDescriptor watchForEnd([[maybe_unused]] pid_t process)
-{
-#ifdef __linux__
-    // By its number, because the C library of Debian 12 declares the function for C only.
-    return FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)));
-#else
-    return {};
-#endif
-}
-
-/// One running helper. Waits for this process alone, so that other children of the program keep
-/// their status and the signal for ended children its handler.
-class Helper
-{
-public:
-    explicit Helper(pid_t process)
-        : m_process(process)
-        , m_endWatch(watchForEnd(process))
-    {}
-
-    /// Readable from the helper's end on; -1 where there is no such thing.
-    [[nodiscard]] int endWatch() const { return m_endWatch.get(); }
-
-    [[nodiscard]] bool hasEnded()
-    {
-        reap(WNOHANG);
-        return m_status.has_value();
-    }
-
-    /// Waits for the end; gives the status of `waitpid`, or nothing where the system keeps none
-    /// (the program that started this one had the signal for ended children ignored).
-    [[nodiscard]] std::optional<int> waitForEnd()
-    {
-        reap(0);
-        return m_status.value_or(std::nullopt);
-    }
-
-private:
-    void reap(int options)
-    {
-        if (m_status)
-            return;
-        int status = 0;
-        const pid_t result = retrying([&] { return ::waitpid(m_process, &status, options); });
-        if (result == m_process)
-            m_status.emplace(status);
-        else if (result < 0)
-            m_status.emplace(std::nullopt);
-    }
-
-    pid_t m_process;
-    FileDescriptor m_endWatch;
-    std::optional<std::optional<int>> m_status;
-};
-
-/// Reads up to `count` bytes; false at the end of the data.
-bool readInto(QByteArray& data, int descriptor, qsizetype count)
-{
-    const qsizetype size = data.size();
-    data.resize(size + count);
-    const ssize_t got =
-        retrying([&] { return ::read(descriptor, data.data() + size, static_cast<size_t>(count)); });
-    data.resize(size + qMax<qsizetype>(got, 0));
-    return got > 0;
-}
-
-/// A helper that has ended may leave a process behind that keeps the pipe open and still writes to
-/// it: only what is in the pipe now can be the helper's.
-void readWhatIsThere(QByteArray& data, int descriptor)
-{
-    int available = 0;
-    if (::ioctl(descriptor, FIONREAD, &available) != 0)
-        return;
-    const qsizetype end = data.size() + available;
-    while (data.size() < end && readInto(data, descriptor, end - data.size())) {
-    }
-}
-
-QByteArray readUntilTheEnd(int output, Helper& helper)
-{
-    constexpr qsizetype piece = qsizetype{64} * 1024;
-    constexpr int pauseWithoutWatch = 20; // milliseconds
-    QByteArray data;
-    for (;;) {
-        std::array<pollfd, 2> watched = {pollfd{output, POLLIN, 0}, pollfd{helper.endWatch(), POLLIN, 0}};
-        const int timeout = helper.endWatch() >= 0 ? -1 : pauseWithoutWatch;
-        if (retrying([&] { return ::poll(watched.data(), watched.size(), timeout); }) < 0)
-            return data;
-        const bool mayHaveEnded = helper.endWatch() < 0 || watched[1].revents != 0;
-        if (mayHaveEnded && helper.hasEnded()) {
-            readWhatIsThere(data, output);
-            return data;
-        }
-        if (watched[0].revents != 0 && !readInto(data, output, piece))
-            return data;
-    }
-}
-
 } // namespace
 
-std::expected<Subprocess::Result, FileError> Subprocess::run(const FileURL& executable,
-                                                             const QList<QByteArray>& arguments)
+std::expected<void, FileError> Subprocess::start(const FileURL& executable,
+                                                 const QList<QByteArray>& arguments, Receiver receive)
 {
-    std::expected<Pipe, int> output = makePipe();
+    const auto launchFailure = [&](int code) {
+        return failure(FileError::Operation::launched, executable, code);
+    };
+    HelperWatch& watch = HelperWatch::instance();
+    if (const auto watching = watch.start(); !watching)
+        return launchFailure(watching.error());
+    std::expected<Pipe, int> output = Pipe::make();
     if (!output)
-        return failure(FileError::Operation::launched, executable, output.error());
+        return launchFailure(output.error());
     const auto process = LaunchPlan(output->writeEnd.get()).launch(executable.nativePath(), arguments);
     if (!process)
-        return failure(FileError::Operation::launched, executable, process.error());
-    output->writeEnd.reset();
-    Helper helper(*process);
-    Result result;
-    result.standardOutput = readUntilTheEnd(output->readEnd.get(), helper);
-    // A helper that still writes gets an error now instead of waiting for ever.
-    output->readEnd.reset();
-    const std::optional<int> status = helper.waitForEnd();
-    result.crashed = status && WIFSIGNALED(*status);
-    result.exitCode = status && WIFEXITED(*status) ? WEXITSTATUS(*status) : Result::unknownExitCode;
-    qCDebug(platformLog) << "helper ended:" << executable.path() << "exit code" << result.exitCode << ","
-                         << result.standardOutput.size() << "bytes";
-    return result;
+        return launchFailure(process.error());
+    qCDebug(platformLog) << "helper started:" << executable.path();
+    watch.add({executable.path(), *process, std::move(output->readEnd), std::move(receive)});
+    return {};
 }
 
 } // namespace keelbright

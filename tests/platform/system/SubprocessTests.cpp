@@ -1,13 +1,17 @@
 #include "KeelbrightCore/platform/system/Subprocess.h"
 
 #include "KeelbrightCore/platform/files/FileDescriptor.h"
+#include "tests/support/EnvironmentVariable.h"
+#include "tests/support/HelperRun.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <atomic>
 #include <csignal>
 #include <fcntl.h>
+#include <future>
 #include <gtest/gtest.h>
 #include <pthread.h>
 #include <sys/stat.h>
@@ -33,12 +37,22 @@ protected:
 
     static Subprocess::Result result(const FileURL& executable, const QList<QByteArray>& arguments = {})
     {
-        const auto run = Subprocess::run(executable, arguments);
+        const auto run = testing::runToItsEnd(executable, arguments);
         if (!run) {
             ADD_FAILURE() << run.error().localizedDescription().toStdString();
             return {};
         }
         return *run;
+    }
+
+    /// Runs it in a new process, as a fork would lack the thread that watches helpers.
+    template <typename Run> void expectSuccessInAProgramOfItsOwn(const Run& run) const
+    {
+        // That process lays its machine into this one's folder, which is cleared behind it.
+        const testing::EnvironmentVariable folder("TMPDIR");
+        folder.set(m_mac.root().nativePath());
+        GTEST_FLAG_SET(death_test_style, "threadsafe");
+        EXPECT_EXIT(run(), ::testing::ExitedWithCode(0), "");
     }
 
     testing::TestMac m_mac;
@@ -48,6 +62,11 @@ protected:
 bool hasChild()
 {
     return ::waitid(P_ALL, 0, nullptr, WEXITED | WNOHANG | WNOWAIT) == 0;
+}
+
+qsizetype threadsOfThisProgram()
+{
+    return QDir(QStringLiteral("/proc/self/task")).count() - 2; // without "." and ".."
 }
 
 } // namespace
@@ -107,7 +126,7 @@ TEST_F(SubprocessTests, aHelperThatDiesBySignalHasCrashedAndItsOutputIsKept)
 
 TEST_F(SubprocessTests, aMissingExecutableCanNotBeLaunched)
 {
-    const auto run = Subprocess::run(m_mac.root().appending(QStringLiteral("usr/bin/mdls")), {});
+    const auto run = testing::runToItsEnd(m_mac.root().appending(QStringLiteral("usr/bin/mdls")));
     ASSERT_FALSE(run.has_value());
     EXPECT_EQ(run.error(),
               FileError::fromCode(FileError::Operation::launched, QStringLiteral("mdls"), ENOENT));
@@ -116,10 +135,10 @@ TEST_F(SubprocessTests, aMissingExecutableCanNotBeLaunched)
 TEST_F(SubprocessTests, aFileThatIsNotExecutableCanNotBeLaunched)
 {
     const FileURL plain = m_mac.writeFile("bin/plain", "#!/bin/sh\necho never\n");
-    const auto run = Subprocess::run(plain, {});
+    const auto run = testing::runToItsEnd(plain);
     ASSERT_FALSE(run.has_value());
     EXPECT_EQ(run.error().code, EACCES);
-    const auto folder = Subprocess::run(m_mac.root(), {});
+    const auto folder = testing::runToItsEnd(m_mac.root());
     ASSERT_FALSE(folder.has_value());
     EXPECT_EQ(folder.error().code, EACCES);
 }
@@ -128,7 +147,7 @@ TEST_F(SubprocessTests, aFileOfNoExecutableFormatCanNotBeLaunched)
 {
     const FileURL text = m_mac.writeFile("bin/text", "just a text");
     ASSERT_EQ(::chmod(text.nativePath().constData(), 0700), 0);
-    const auto run = Subprocess::run(text, {});
+    const auto run = testing::runToItsEnd(text);
     ASSERT_FALSE(run.has_value());
     EXPECT_EQ(run.error().code, ENOEXEC);
     EXPECT_FALSE(hasChild());
@@ -203,7 +222,7 @@ TEST_F(SubprocessTests, thirtyTwoHelpersAtOnceKeepTheirOutputsApart)
         for (int i = 0; i < 32; ++i) {
             threads.emplace_back([&tool, &right, i] {
                 const QByteArray letter(1, static_cast<char>('A' + i % 26));
-                const auto run = Subprocess::run(tool, {letter, QByteArray::number(i)});
+                const auto run = testing::runToItsEnd(tool, {letter, QByteArray::number(i)});
                 if (run && run->standardOutput == letter.repeated(320'000) && run->exitCode == i)
                     ++right;
             });
@@ -292,50 +311,87 @@ TEST_F(SubprocessTests, aProgramThatIgnoresEndedChildrenGetsTheOutputWithoutTheC
 TEST_F(SubprocessTests, aProgramWithoutStandardStreamsRunsHelpersAllTheSame)
 {
     const FileURL tool = helper("cat; printf fine; echo wrong >&2");
-    const pid_t bare = ::fork();
-    ASSERT_GE(bare, 0);
-    if (bare == 0) {
+    const auto runWithoutStreams = [&tool] {
         ::close(STDIN_FILENO);
         ::close(STDOUT_FILENO);
         ::close(STDERR_FILENO);
-        const auto run = Subprocess::run(tool, {});
+        const auto run = testing::runToItsEnd(tool);
         ::_exit(run && run->standardOutput == "fine" && run->exitCode == 0 ? 0 : 1);
-    }
-    int status = 0;
-    ASSERT_EQ(::waitpid(bare, &status, 0), bare);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    };
+    expectSuccessInAProgramOfItsOwn(runWithoutStreams);
 }
 
 TEST_F(SubprocessTests, withoutADescriptorLeftTheLaunchFails)
 {
     const FileURL tool = helper("exit 0");
-    const pid_t poor = ::fork();
-    ASSERT_GE(poor, 0);
-    if (poor == 0) {
+    const auto runWithoutDescriptors = [&tool] {
         std::vector<int> taken;
         for (int descriptor = ::dup(STDIN_FILENO); descriptor >= 0; descriptor = ::dup(STDIN_FILENO))
             taken.push_back(descriptor);
-        const auto run = Subprocess::run(tool, {});
-        ::_exit(!run && run.error().code == EMFILE ? 0 : 1);
+        const auto run = testing::runToItsEnd(tool);
+        const bool hasFailed = !run && run.error().code == EMFILE;
+        for (const int descriptor : taken)
+            ::close(descriptor);
+        const auto next = testing::runToItsEnd(tool);
+        ::_exit(hasFailed && next && next->exitCode == 0 ? 0 : 1);
+    };
+    expectSuccessInAProgramOfItsOwn(runWithoutDescriptors);
+}
+
+TEST_F(SubprocessTests, aHelperThatRunsHoldsNoThread)
+{
+    const FileURL gate = m_mac.root().appending(QStringLiteral("gate"));
+    const FileURL tool = helper("while [ ! -e \"$1\" ]; do sleep 0.02; done; printf over");
+    const qsizetype threadsBefore = threadsOfThisProgram();
+    std::vector<std::future<Subprocess::Result>> results;
+    for (int i = 0; i < 40; ++i) {
+        std::promise<Subprocess::Result> promise;
+        results.push_back(promise.get_future());
+        auto receive = [promise = std::move(promise)](Subprocess::Result ended) mutable {
+            promise.set_value(std::move(ended));
+        };
+        ASSERT_TRUE(Subprocess::start(tool, {gate.nativePath()}, std::move(receive)));
     }
-    int status = 0;
-    ASSERT_EQ(::waitpid(poor, &status, 0), poor);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    EXPECT_LE(threadsOfThisProgram(), threadsBefore + 1) << "one thread watches all helpers";
+    EXPECT_EQ(result(helper("echo other", "other")).standardOutput, "other\n");
+    m_mac.writeFile("gate", "");
+    for (auto& each : results)
+        EXPECT_EQ(each.get().standardOutput, "over");
+    EXPECT_FALSE(hasChild());
+}
+
+TEST_F(SubprocessTests, outputUpToTheMaximumIsWhole)
+{
+    const QByteArray maximum = QByteArray::number(Subprocess::maximumOutputBytes);
+    const auto run = result(helper("head -c " + maximum + " /dev/zero"));
+    EXPECT_EQ(run.standardOutput.size(), Subprocess::maximumOutputBytes);
+    EXPECT_TRUE(run.isOutputWhole);
+    EXPECT_EQ(run.exitCode, 0);
+}
+
+TEST_F(SubprocessTests, aHelperThatWritesMoreThanTheMaximumIsKilled)
+{
+    const QByteArray more = QByteArray::number(Subprocess::maximumOutputBytes + 1);
+    const QByteArrayList tools{"exec yes", "trap '' PIPE; while :; do head -c 100000 /dev/zero; done",
+                               "head -c " + more + " /dev/zero"};
+    for (const QByteArray& lines : tools) {
+        const auto run = result(helper(lines));
+        EXPECT_EQ(run.standardOutput.size(), Subprocess::maximumOutputBytes) << lines.toStdString();
+        EXPECT_FALSE(run.isOutputWhole) << lines.toStdString();
+        EXPECT_FALSE(hasChild());
+    }
 }
 
 TEST_F(SubprocessTests, noDescriptorStaysOpen)
 {
-    const auto openFiles = [] {
-        int count = 0;
-        for (int descriptor = 0; descriptor < 4096; ++descriptor)
-            count += ::fcntl(descriptor, F_GETFD) >= 0 ? 1 : 0;
-        return count;
-    };
+    const auto openFiles = [] { return QDir(QStringLiteral("/proc/self/fd")).count(); };
     const FileURL tool = helper("echo x");
-    const int before = openFiles();
+    // The thread that watches helpers keeps a pipe from the first one on.
+    EXPECT_EQ(result(tool).exitCode, 0);
+    const auto before = openFiles();
     for (int round = 0; round < 20; ++round) {
         EXPECT_EQ(result(tool).exitCode, 0);
-        EXPECT_FALSE(Subprocess::run(m_mac.root(), {}).has_value());
+        EXPECT_FALSE(testing::runToItsEnd(m_mac.root()).has_value());
     }
     EXPECT_EQ(openFiles(), before);
 }
