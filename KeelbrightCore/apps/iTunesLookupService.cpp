@@ -1,5 +1,7 @@
 #include "KeelbrightCore/apps/iTunesLookupService.h"
 
+#include "KeelbrightCore/platform/system/TaskPools.h"
+
 #include <QCoreApplication>
 #include <QFutureWatcher>
 #include <QNetworkAccessManager>
@@ -52,11 +54,15 @@ public:
     {
         m_promise.start();
         m_watcher.setFuture(m_promise.future());
+        connect(&m_reading, &QFutureWatcherBase::finished, this, [this] { finish(m_reading.result()); });
         QNetworkRequest request(url);
         request.setTransferTimeout(static_cast<int>(timeout.count()));
+        // With the newer protocol the toolkit goes on receiving, however much is unread.
+        request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
         m_reply = m_manager.get(request);
-        connect(m_reply, &QNetworkReply::readyRead, this, &Request::limitBody);
-        connect(m_reply, &QNetworkReply::finished, this, &Request::finish);
+        m_reply->setReadBufferSize(unreadBytes);
+        connect(m_reply, &QNetworkReply::readyRead, this, &Request::takeBody);
+        connect(m_reply, &QNetworkReply::finished, this, &Request::readAnswer);
         connect(&m_watcher, &QFutureWatcherBase::canceled, m_reply, &QNetworkReply::abort);
         // The toolkit's network thread can only let its own objects go while the application lives.
         connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, [this] { delete this; });
@@ -70,22 +76,41 @@ public:
     [[nodiscard]] QFuture<Found> future() const { return m_promise.future(); }
 
 private:
-    void limitBody()
+    void takeBody()
     {
-        if (m_reply->bytesAvailable() > iTunesLookupService::maximumBodyBytes)
+        m_body += m_reply->readAll();
+        if (m_body.size() > iTunesLookupService::maximumBodyBytes)
             m_reply->abort();
     }
 
-    void finish()
+    void readAnswer()
     {
-        m_promise.addResult(hasWholeBody(*m_reply)
-                                ? iTunesAppInfo::fromSearchResults(m_reply->readAll(), m_appName)
-                                : std::nullopt);
+        if (m_reply->isOpen())
+            m_body += m_reply->readAll();
+        if (!hasWholeBody(*m_reply) || m_body.size() > iTunesLookupService::maximumBodyBytes) {
+            finish(std::nullopt);
+            return;
+        }
+        // Megabytes of JSON take longer than a frame.
+        const auto read = [body = m_body, name = m_appName] {
+            return iTunesAppInfo::fromSearchResults(body, name);
+        };
+        m_reading.setFuture(TaskPools::runApart(TaskPools::Priority::userInitiated, read));
+    }
+
+    void finish(const Found& found)
+    {
+        m_promise.addResult(found);
         m_promise.finish();
         deleteLater();
     }
 
+    /// How much may wait here while the main thread is busy; the rest stays with the server.
+    static constexpr qint64 unreadBytes = qint64{256} * 1024;
+
     const QString m_appName;
+    QByteArray m_body;
+    QFutureWatcher<Found> m_reading;
     QPromise<Found> m_promise;
     QFutureWatcher<Found> m_watcher;
     QNetworkAccessManager m_manager;

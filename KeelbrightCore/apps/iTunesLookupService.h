@@ -18,7 +18,7 @@ struct SearchService
     std::chrono::milliseconds timeout = std::chrono::seconds(60);
 };
 
-/// An answer that is longer is dropped: five results take some kilobytes.
+/// An answer that is longer is dropped, and no more of it is kept: five results take some kilobytes.
 inline constexpr qint64 maximumBodyBytes = qint64{16} * 1024 * 1024;
 
 /// Asks the App Store for the application of that name, with a new request at each call. Nothing
