@@ -26,9 +26,12 @@ BackupProgressView::BackupProgressView(AppState& state, Workspace& workspace, QW
     , m_state(state)
     , m_workspace(workspace)
     , m_error(new Banner(Role::red, u"xmark.octagon.fill"_s, {}, this))
+    , m_cancelled(new Banner(Role::orange, u"exclamationmark.triangle.fill"_s,
+                             tr("This backup was cancelled before everything was copied."), this))
 {
     setMaximumContentWidth(panelWidth);
     content()->addWidget(m_error);
+    content()->addWidget(m_cancelled);
     content()->addStretch(4);
     content()->addStretch(5);
     watchState();
@@ -50,6 +53,7 @@ void BackupProgressView::watchState()
 
 void BackupProgressView::redraw()
 {
+    const QWidget* panelBefore = m_panel;
     const auto& report = m_state.lastReport();
     if (m_state.engine().isRunning())
         showRunning();
@@ -58,6 +62,7 @@ void BackupProgressView::redraw()
     else
         showEmpty();
     redrawError();
+    redrawCancelled(m_panel != panelBefore);
 }
 
 void BackupProgressView::redrawProgress()
@@ -76,6 +81,24 @@ void BackupProgressView::redrawError()
     m_error->setVisible(isShown);
 }
 
+void BackupProgressView::redrawCancelled(bool isPanelNew)
+{
+    const bool isCancelled = m_state.engine().isCancelled();
+    // Said again after the headline of the result, which alone would sound like a success.
+    if (isCancelled && isPanelNew && m_cancelled->isVisible())
+        announce(*m_cancelled, m_cancelled->accessibleName());
+    m_cancelled->setVisible(isCancelled);
+}
+
+/// Empty without a selected destination. Another one may be selected while the backup is running.
+QString BackupProgressView::destinationName() const
+{
+    const auto& selected = m_state.selectedDestination();
+    if (!selected)
+        return {};
+    return m_state.jobDestination().value_or(*selected).displayName();
+}
+
 void BackupProgressView::showRunning()
 {
     if (m_shown != Shown::running) {
@@ -86,8 +109,7 @@ void BackupProgressView::showRunning()
         if (isVisible())
             announce(*panel, tr("Backup running"));
     }
-    const auto& destination = m_state.selectedDestination();
-    m_running->setDestinationName(destination ? destination->displayName() : QString());
+    m_running->setDestinationName(destinationName());
     m_running->setCancelling(m_state.engine().isCancelled());
     redrawProgress();
 }

@@ -30,6 +30,8 @@ private:
     void redraw();
     void redrawProgress();
     void redrawError();
+    void redrawCancelled(bool isPanelNew);
+    [[nodiscard]] QString destinationName() const;
     void showRunning();
     void showFinished(const BackupReport& report);
     void showEmpty();
@@ -41,6 +43,7 @@ private:
     FrameThrottle m_frames;
     FrameThrottle m_progressFrames;
     Banner* m_error;
+    Banner* m_cancelled;
     Shown m_shown = Shown::nothing;
     QUuid m_shownReport;
     QWidget* m_panel = nullptr;

@@ -162,6 +162,7 @@ bool AppState::confirmBackup()
     if (!m_selectedDestination)
         return false;
     qCDebug(stateLog) << "backup confirmed";
+    m_jobDestination = m_selectedDestination;
     m_engine.startBackup({QUuid::createUuid(), allEnabledSources(), *m_selectedDestination, now()});
     setSelectedScreen(Screen::backupProgress);
     return true;

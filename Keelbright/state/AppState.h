@@ -102,6 +102,9 @@ public:
     /// starts it and moves to the progress screen. False, and nothing done, without a destination.
     bool confirmBackup();
 
+    /// Where the backup goes that was confirmed last in this launch.
+    [[nodiscard]] const std::optional<BackupDestination>& jobDestination() const { return m_jobDestination; }
+
     /// Keeps the engine's report, raises or clears the alert, saves and logs; does nothing where the
     /// run could not start. Called after each end of a run, one turn of the event loop later.
     void handleEngineCompletion();
@@ -167,6 +170,7 @@ private:
     QList<RecommendedFolder> m_recommendedFolders;
     QList<BackupSource> m_customSources;
     std::optional<BackupDestination> m_selectedDestination;
+    std::optional<BackupDestination> m_jobDestination;
     std::optional<HealthScore> m_healthScore;
     QList<AppInfo> m_scannedApps;
     bool m_isAppScanning = false;

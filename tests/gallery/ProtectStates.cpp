@@ -186,6 +186,15 @@ void playProgressFinished(Stage& stage)
     stage.goTo(Screen::backupProgress);
 }
 
+void playProgressCancelled(Stage& stage)
+{
+    populateAndChooseDrive(stage);
+    stage.backUp();
+    stage.goTo(Screen::backupProgress);
+    stage.state().engine().cancel();
+    Stage::turnFrames();
+}
+
 void playProgressFailed(Stage& stage)
 {
     stage.mira.populate();
@@ -221,6 +230,7 @@ QList<ScreenState> protectStates()
         {"progress", "cancelling", playProgressCancelling},
         {"progress", "long-name", playProgressLongName},
         {"progress", "finished", playProgressFinished},
+        {"progress", "cancelled", playProgressCancelled},
         {"progress", "failed", playProgressFailed},
     };
 }

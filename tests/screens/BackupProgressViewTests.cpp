@@ -19,9 +19,21 @@ namespace {
 
 const QStringList emptyTexts{u"No Backup Running"_s, u"Hit \"Backup Now\" on the Dashboard to start."_s};
 
+const QString cancelledText = u"This backup was cancelled before everything was copied."_s;
+
 class BackupProgressViewTests : public ScreenTestCase
 {
 protected:
+    /// Two small files and a drive to copy them to.
+    void makeSmallBackup(AppState& app)
+    {
+        mac.writeFile("Users/mira/Documents/a.txt", QByteArray(1'500, 'a'));
+        mac.writeFile("Users/mira/Documents/b.txt", QByteArray(500, 'b'));
+        mac.makeFolder("Users/mira/Desktop");
+        mac.makeFolder("Users/mira/Pictures");
+        app.setSelectedDestination(driveDestination());
+    }
+
     static BackupProgress halfway()
     {
         BackupProgress progress;
@@ -193,6 +205,58 @@ TEST_F(BackupProgressViewTests, aCancelIsShownWhileASourceHangs)
     EXPECT_FALSE(textsIn(view).contains(u"Cancelling..."_s));
 }
 
+TEST_F(BackupProgressViewTests, aCancelledBackupIsCalledSoUntilTheNextOneStarts)
+{
+    AppState& app = makeState(sampleReport());
+    app.engine().setIsRunning(true);
+    BackupProgressView view(app, workspace);
+    show(view);
+    EXPECT_FALSE(textsIn(view).contains(cancelledText));
+    app.engine().cancel();
+    turnFrame();
+    EXPECT_EQ(textsIn(view).first(), cancelledText);
+    app.engine().setIsRunning(false);
+    turnFrame();
+    EXPECT_EQ(textsIn(view).mid(0, 2), (QStringList{cancelledText, u"Backup Complete"_s}));
+    EXPECT_EQ(shownSymbols(view).first(), u"exclamationmark.triangle.fill"_s);
+    const BackupProgressView later(app, workspace);
+    EXPECT_EQ(textsIn(later).first(), cancelledText);
+    makeSmallBackup(app);
+    ASSERT_TRUE(app.confirmBackup());
+    turnUntil([&] { return !app.engine().isRunning(); });
+    turnFrame();
+    EXPECT_FALSE(textsIn(view).contains(cancelledText));
+}
+
+TEST_F(BackupProgressViewTests, aScreenReaderFindsThatTheBackupWasCancelled)
+{
+    AppState& app = makeState(sampleReport());
+    app.engine().setIsRunning(true);
+    BackupProgressView view(app, workspace);
+    show(view);
+    app.engine().cancel();
+    turnFrame();
+    EXPECT_TRUE(accessibleNames(view).contains(cancelledText));
+    app.engine().setIsRunning(false);
+    turnFrame();
+    EXPECT_TRUE(accessibleNames(view).contains(cancelledText));
+    EXPECT_TRUE(accessibleNames(view).contains(u"Backup Complete"_s));
+}
+
+TEST_F(BackupProgressViewTests, theNameIsThatOfTheRunningBackupsDestination)
+{
+    AppState& app = makeState();
+    makeSmallBackup(app);
+    ASSERT_TRUE(app.confirmBackup());
+    app.setSelectedDestination(BackupDestination{QUuid::createUuid(), mac.makeFolder("Volumes/Other")});
+    const BackupProgressView view(app, workspace);
+    EXPECT_EQ(textsIn(view).first(), u"Backing up to Anchor"_s);
+    app.setSelectedDestination(std::nullopt);
+    const BackupProgressView withoutDestination(app, workspace);
+    EXPECT_EQ(textsIn(withoutDestination).first(), u"Backing up to …"_s);
+    turnUntil([&] { return !app.engine().isRunning(); });
+}
+
 TEST_F(BackupProgressViewTests, showsAFinishedBackup)
 {
     AppState& app = makeState(sampleReport());
@@ -235,12 +299,8 @@ TEST_F(BackupProgressViewTests, theButtonsOfAFinishedBackupOpenFilesAndScreens)
 
 TEST_F(BackupProgressViewTests, followsARealBackupToItsEnd)
 {
-    mac.writeFile("Users/mira/Documents/a.txt", QByteArray(1'500, 'a'));
-    mac.writeFile("Users/mira/Documents/b.txt", QByteArray(500, 'b'));
-    mac.makeFolder("Users/mira/Desktop");
-    mac.makeFolder("Users/mira/Pictures");
     AppState& app = makeState();
-    app.setSelectedDestination(driveDestination());
+    makeSmallBackup(app);
     BackupProgressView view(app, workspace);
     show(view);
     ASSERT_TRUE(app.confirmBackup());
