@@ -5,7 +5,6 @@
 #include "Keelbright/screens/shared/ListCard.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/L10n.h"
-#include "Keelbright/widgets/Banner.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/Headers.h"
@@ -15,7 +14,6 @@
 #include "KeelbrightCore/platform/text/ByteSum.h"
 
 #include <QCoreApplication>
-#include <QPointer>
 #include <QShowEvent>
 #include <QStackedLayout>
 #include <QVBoxLayout>
@@ -56,7 +54,6 @@ ActivityLogView::ActivityLogView(const ScreenContext& context, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     addToolbar();
-    addExportError();
     addStates();
     redraw();
 }
@@ -86,23 +83,12 @@ void ActivityLogView::addToolbar()
     connect(m_filter, &MenuButton::chosen, this, [this](int index) {
         setFilterKind(index == 0 ? std::nullopt : std::optional(ActivityEntry::allKinds().at(index - 1)));
     });
-    connect(exportButton, &QPushButton::clicked, this, &ActivityLogView::exportLog);
+    connect(exportButton, &QPushButton::clicked, this, [this] { m_vm.exportCSV(); });
     connect(clearButton, &QPushButton::clicked, this, &ActivityLogView::clear);
     for (QWidget* action : {static_cast<QWidget*>(m_filter), static_cast<QWidget*>(exportButton),
                             static_cast<QWidget*>(clearButton)})
         m_header->addAction(action);
     layout()->addWidget(m_header);
-}
-
-void ActivityLogView::addExportError()
-{
-    m_exportErrorArea = new QWidget(this);
-    auto* area = new QVBoxLayout(m_exportErrorArea);
-    area->setContentsMargins(Metrics::pageMarginX, 0, Metrics::pageMarginX, Metrics::sectionSpacing);
-    m_exportError = new Banner(Role::red, u"xmark.octagon.fill"_s, tr("The log was not exported."));
-    area->addWidget(m_exportError);
-    m_exportErrorArea->hide();
-    layout()->addWidget(m_exportErrorArea);
 }
 
 void ActivityLogView::addStates()
@@ -131,7 +117,6 @@ void ActivityLogView::showEvent(QShowEvent* event)
     if (event->spontaneous())
         return;
     m_vm.load();
-    m_exportErrorArea->hide();
     redraw();
 }
 
@@ -159,24 +144,6 @@ void ActivityLogView::clear()
     m_vm.clear();
     redraw();
     announce(*m_empty, tr("No activity yet"));
-}
-
-void ActivityLogView::exportLog()
-{
-    // The screen may have been left while the chooser was open.
-    m_vm.exportCSV([view = QPointer(this)](const std::expected<void, FileError>& outcome) {
-        if (view)
-            view->showExportOutcome(outcome);
-    });
-}
-
-void ActivityLogView::showExportOutcome(const std::expected<void, FileError>& outcome)
-{
-    if (!outcome)
-        m_exportError->setLines({outcome.error().localizedDescription()});
-    // Hidden first, so that a second failure is announced like the first one.
-    m_exportErrorArea->hide();
-    m_exportErrorArea->setVisible(!outcome);
 }
 
 void ActivityLogView::redraw()

@@ -11,7 +11,6 @@ class QStackedLayout;
 namespace keelbright {
 
 class ActivityLogModel;
-class Banner;
 class EmptyStateView;
 class Label;
 class MenuButton;
@@ -19,7 +18,7 @@ class PageHeader;
 class RowListView;
 
 /// The log of what the program did, by day. The user can filter it by kind, export it and clear it.
-/// Shows the log as it was when the screen appeared, and above it why the last export failed.
+/// Shows the log as it was when the screen appeared.
 class ActivityLogView : public QWidget
 {
     Q_OBJECT
@@ -41,12 +40,9 @@ protected:
 
 private:
     void addToolbar();
-    void addExportError();
     void addStates();
     [[nodiscard]] QList<ActivityEntry> filtered() const;
     void clear();
-    void exportLog();
-    void showExportOutcome(const std::expected<void, FileError>& outcome);
     void redraw();
 
     ScreenContext m_context;
@@ -54,8 +50,6 @@ private:
     std::optional<ActivityEntry::Kind> m_filterKind;
     PageHeader* m_header = nullptr;
     MenuButton* m_filter = nullptr;
-    QWidget* m_exportErrorArea = nullptr;
-    Banner* m_exportError = nullptr;
     QStackedLayout* m_states = nullptr;
     EmptyStateView* m_empty = nullptr;
     Label* m_noMatch = nullptr;

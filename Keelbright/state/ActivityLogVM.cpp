@@ -24,13 +24,13 @@ void ActivityLogVM::clear()
     m_entries.clear();
 }
 
-void ActivityLogVM::exportCSV(const Exported& exported)
+void ActivityLogVM::exportCSV()
 {
     const QByteArray text = m_store.exportCSV().toUtf8();
     const FileSaveRequest request{tr("Export log as CSV"), tr("Save"), u"Keelbright-Activity.csv"_s,
                                   u"csv"_s};
-    m_files.chooseSaveLocation(request, [text, exported](const FileURL& url) {
-        exported(FileManager::defaultManager().writeAtomically(url, text));
+    m_files.chooseSaveLocation(request, [text](const FileURL& url) {
+        static_cast<void>(FileManager::defaultManager().writeAtomically(url, text));
     });
 }
 

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "KeelbrightCore/platform/files/FileError.h"
 #include "KeelbrightCore/records/ActivityEntry.h"
 
 #include <QCoreApplication>
 #include <QList>
-#include <functional>
 
 namespace keelbright {
 
@@ -30,10 +28,9 @@ public:
     void load();
     /// Empties the log on disk and here.
     void clear();
-    using Exported = std::function<void(const std::expected<void, FileError>& outcome)>;
-    /// Asks where the log goes, and writes it there as it is on disk when this is called; then calls
-    /// `exported`, unless the user dismisses the question. The model may be gone by then.
-    void exportCSV(const Exported& exported);
+    /// Asks where the log goes, and writes it there as it is on disk when this is called. In silence
+    /// where the file can't be written. The model may be gone when the user answers.
+    void exportCSV();
 
 private:
     ActivityStore& m_store;

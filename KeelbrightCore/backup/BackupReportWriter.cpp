@@ -4,6 +4,7 @@
 #include "KeelbrightCore/platform/text/DateFormatter.h"
 
 #include <QJsonDocument>
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <functional>
@@ -29,17 +30,28 @@ bool isReport(const FileURL& url)
     return found.exists && !found.isDirectory;
 }
 
-/// Without its ending. The report of an earlier run that began within the same second stays; this one gets
-/// a number.
-QString freeName(const FileURL& reportsDir, const QDateTime& startedAt)
+/// The report of an earlier run that began within the same second stays, under a name with a number.
+/// Where it can't be moved, it is replaced.
+void keepEarlierReport(const FileURL& reportsDir, const QString& name)
 {
-    const QString first = u"backup-report-"_s + stamp(startedAt);
-    QString name = first;
-    for (int number = 2;
-         isReport(reportsDir.appending(name + ".json"_L1)) || isReport(reportsDir.appending(name + ".md"_L1));
-         ++number)
-        name = first + u'-' + QString::number(number);
-    return name;
+    const auto file = [&](const QString& stem, const QString& ending) {
+        return reportsDir.appending(stem + ending);
+    };
+    const QStringList endings{u".json"_s, u".md"_s};
+    const auto isTaken = [&](const QString& stem) {
+        return std::ranges::any_of(endings,
+                                   [&](const QString& ending) { return isReport(file(stem, ending)); });
+    };
+    if (!isTaken(name))
+        return;
+    int number = 2;
+    while (isTaken(name + u'-' + QString::number(number)))
+        ++number;
+    const QString kept = name + u'-' + QString::number(number);
+    for (const QString& ending : endings) {
+        if (isReport(file(name, ending)))
+            (void)FileManager::defaultManager().moveItem(file(name, ending), file(kept, ending));
+    }
 }
 
 /// One decimal, with a point in every locale. Not by Qt, which rounds halves differently.
@@ -71,7 +83,8 @@ using WriteFile = std::function<std::expected<void, FileError>(const FileURL&, c
 std::expected<WrittenReport, FileError> writeBoth(const BackupReport& report, const FileURL& reportsDir,
                                                   const WriteFile& writeFile)
 {
-    const QString name = freeName(reportsDir, report.startedAt);
+    const QString name = u"backup-report-"_s + stamp(report.startedAt);
+    keepEarlierReport(reportsDir, name);
     WrittenReport written{reportsDir.appending(name + ".json"_L1), reportsDir.appending(name + ".md"_L1)};
     if (const auto done =
             writeFile(written.jsonURL, QJsonDocument(report.toJson()).toJson(QJsonDocument::Indented));

@@ -14,8 +14,8 @@ struct WrittenReport
 };
 
 /// Writes the JSON report, then the Markdown report, into an existing folder; the first failure
-/// ends it, and what was written stays. An older report is never replaced: of two runs that began within
-/// the same second the later one's files have "-2" before their endings.
+/// ends it, and what was written stays. Of two runs that began within the same second the later one takes
+/// the name; the earlier one's files are kept with "-2" before their endings.
 [[nodiscard]] std::expected<WrittenReport, FileError> write(const BackupReport& report,
                                                             const FileURL& reportsDir);
 

@@ -99,14 +99,6 @@ void playLogNoMatch(Stage& stage)
     stage.pick(u"Junk Clean"_s);
 }
 
-void playLogNotExported(Stage& stage)
-{
-    logThreeWeeks(stage);
-    stage.goTo(Screen::activityLog);
-    stage.fileChooser.willChoose(stage.mac.home().appending(u"no such folder/Keelbright-Activity.csv"_s));
-    stage.press(u"Export"_s);
-}
-
 void playReportEmpty(Stage& stage)
 {
     stage.goTo(Screen::backupReport);
@@ -214,7 +206,6 @@ QList<ScreenState> reviewStates()
         {"activity-log", "empty", playLogEmpty},
         {"activity-log", "full", playLogFull, true},
         {"activity-log", "no-match", playLogNoMatch},
-        {"activity-log", "not-exported", playLogNotExported},
         {"report", "empty", playReportEmpty},
         {"report", "finished", playReport, true},
         {"report", "errors", playReportErrors},
