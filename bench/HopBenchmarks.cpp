@@ -12,10 +12,6 @@ namespace {
 /// A stream of changes, each waited for, as a run hands them to the main thread.
 void hop(benchmark::State& state)
 {
-    int argumentCount = 1;
-    char name[] = "bench";
-    char* arguments[] = {name, nullptr};
-    QCoreApplication application(argumentCount, arguments);
     constexpr int changes = 10'000;
     for (auto _ : state) {
         BackupEngine engine;

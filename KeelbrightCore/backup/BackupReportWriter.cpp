@@ -8,6 +8,7 @@
 #include <array>
 #include <charconv>
 #include <functional>
+#include <optional>
 
 namespace keelbright::BackupReportWriter {
 
@@ -30,28 +31,43 @@ bool isReport(const FileURL& url)
     return found.exists && !found.isDirectory;
 }
 
-/// The report of an earlier run that began within the same second stays, under a name with a number.
-/// Where it can't be moved, it is replaced.
-void keepEarlierReport(const FileURL& reportsDir, const QString& name)
+FileURL fileOf(const FileURL& reportsDir, const QString& name, const QString& ending)
 {
-    const auto file = [&](const QString& stem, const QString& ending) {
-        return reportsDir.appending(stem + ending);
-    };
-    const QStringList endings{u".json"_s, u".md"_s};
-    const auto isTaken = [&](const QString& stem) {
-        return std::ranges::any_of(endings,
-                                   [&](const QString& ending) { return isReport(file(stem, ending)); });
-    };
-    if (!isTaken(name))
-        return;
-    int number = 2;
-    while (isTaken(name + u'-' + QString::number(number)))
-        ++number;
-    const QString kept = name + u'-' + QString::number(number);
-    for (const QString& ending : endings) {
-        if (isReport(file(name, ending)))
-            (void)FileManager::defaultManager().moveItem(file(name, ending), file(kept, ending));
+    return reportsDir.appending(name + ending);
+}
+
+const QStringList& endings()
+{
+    static const QStringList both{u".json"_s, u".md"_s};
+    return both;
+}
+
+bool isTaken(const FileURL& reportsDir, const QString& name)
+{
+    return std::ranges::any_of(
+        endings(), [&](const QString& ending) { return isReport(fileOf(reportsDir, name, ending)); });
+}
+
+void rename(const FileURL& reportsDir, const QString& from, const QString& to)
+{
+    for (const QString& ending : endings()) {
+        const FileURL file = fileOf(reportsDir, from, ending);
+        if (isReport(file))
+            (void)FileManager::defaultManager().moveItem(file, fileOf(reportsDir, to, ending));
     }
+}
+
+/// Gives an earlier report of this name another one, and returns that. What can't be renamed stays.
+std::optional<QString> moveAside(const FileURL& reportsDir, const QString& name)
+{
+    if (!isTaken(reportsDir, name))
+        return std::nullopt;
+    int number = 2;
+    while (isTaken(reportsDir, name + u'-' + QString::number(number)))
+        ++number;
+    const QString other = name + u'-' + QString::number(number);
+    rename(reportsDir, name, other);
+    return other;
 }
 
 /// One decimal, with a point in every locale. Not by Qt, which rounds halves differently.
@@ -84,12 +100,15 @@ std::expected<WrittenReport, FileError> writeBoth(const BackupReport& report, co
                                                   const WriteFile& writeFile)
 {
     const QString name = u"backup-report-"_s + stamp(report.startedAt);
-    keepEarlierReport(reportsDir, name);
+    const std::optional<QString> earlier = moveAside(reportsDir, name);
     WrittenReport written{reportsDir.appending(name + ".json"_L1), reportsDir.appending(name + ".md"_L1)};
     if (const auto done =
             writeFile(written.jsonURL, QJsonDocument(report.toJson()).toJson(QJsonDocument::Indented));
-        !done)
+        !done) {
+        if (earlier)
+            rename(reportsDir, *earlier, name);
         return std::unexpected(done.error());
+    }
     if (const auto done = writeFile(written.mdURL, generateMarkdown(report).toUtf8()); !done)
         return std::unexpected(done.error());
     return written;

@@ -3,6 +3,7 @@
 
 #include <QTest>
 #include <QThread>
+#include <filesystem>
 
 namespace keelbright::testing {
 
@@ -107,11 +108,13 @@ TEST_F(StorageBrowserShortcutTests, theRefreshKeyLooksForTheFoldersOfTheShortcut
     turnUntil([&] { return button(view, u"Desktop"_s)->isEnabled(); });
 }
 
-TEST_F(StorageBrowserShortcutTests, aTrashedFolderIsNoShortcutAnyMore)
+TEST_F(StorageBrowserShortcutTests, aMoveToTheTrashLooksForTheFoldersOfTheShortcuts)
 {
     StorageBrowserView view(context());
-    browse(view, mac.home());
-    EXPECT_TRUE(ListDriver(*list(view)).press(rowOf(list(view), u"Pictures"_s), RowActionId::trash));
+    browse(view, documents());
+    turnUntil([&] { return button(view, u"Pictures"_s)->isEnabled(); });
+    std::filesystem::remove_all(mac.home().appending(u"Pictures"_s).nativePath().toStdString());
+    EXPECT_TRUE(ListDriver(*list(view)).press(rowOf(list(view), u"Work"_s), RowActionId::trash));
     alerts.confirm();
     turnUntil([&] { return !button(view, u"Pictures"_s)->isEnabled(); });
     waitForLevel(view.model());
