@@ -65,7 +65,7 @@ std::optional<QString> moveAside(const FileURL& reportsDir, const QString& name)
     int number = 2;
     while (isTaken(reportsDir, name + u'-' + QString::number(number)))
         ++number;
-    const QString other = name + u'-' + QString::number(number);
+    QString other = name + u'-' + QString::number(number);
     rename(reportsDir, name, other);
     return other;
 }

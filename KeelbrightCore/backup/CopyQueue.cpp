@@ -15,6 +15,11 @@ constexpr auto longestWait = std::chrono::milliseconds(500);
 
 } // namespace
 
+CopyQueue::Result CopyQueue::prepare(const Item& item, CopyWorker& worker, const Cancellation& cancellation)
+{
+    return item.plan ? worker.prepare(*item.plan, cancellation) : nullptr;
+}
+
 CopyQueue::CopyQueue()
     : m_limit(unlimited)
 {}
@@ -154,7 +159,7 @@ void CopyQueue::prepareNext(Lock& lock, CopyWorker& worker, const Cancellation& 
     ++m_inWork;
     noteReady();
     lock.unlock();
-    Result result = worker.prepare(*entry->item.plan, cancellation);
+    Result result = prepare(entry->item, worker, cancellation);
     lock.lock();
     if (m_isClosed) { // nobody takes it any more
         lock.unlock();

@@ -43,6 +43,10 @@ public:
     /// So many items have to wait before a worker is woken: to wake one takes longer than to copy a few.
     static constexpr qsizetype worthWaking = 32;
 
+    /// An item without a plan has nothing to be prepared.
+    [[nodiscard]] static Result prepare(const Item& item, CopyWorker& worker,
+                                        const Cancellation& cancellation);
+
     CopyQueue();
 
     // For the thread of the run.

@@ -169,7 +169,7 @@ void PendingItems::complete(CopyQueue::Item item, NextChange next)
 void PendingItems::prepareAlone(CopyQueue::Item& item)
 {
     m_queue->startAgainSlowly();
-    item.result = m_worker->prepare(*item.plan, m_task.cancellation());
+    item.result = CopyQueue::prepare(item, *m_worker, m_task.cancellation());
     flushBeforeReplacing(item);
 }
 

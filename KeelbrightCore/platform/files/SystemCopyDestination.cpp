@@ -154,10 +154,11 @@ std::expected<void, FileError> SystemCopyDestination::goTo(QByteArrayView relati
         sources.emplace(*items, copies - 1);
     for (qsizetype index = 0; index < names.size(); ++index) {
         const bool isCopy = names.size() - index <= copies;
-        if (const auto entered = enterOrCreate(names[index], isCopy ? &*sources : nullptr); !entered)
+        SourceFolders* source = sources && isCopy ? &*sources : nullptr;
+        if (const auto entered = enterOrCreate(names[index], source); !entered)
             return entered;
-        if (isCopy && index + 1 < names.size())
-            sources->goDown(names[index + 1]);
+        if (source && index + 1 < names.size())
+            source->goDown(names[index + 1]);
     }
     return {};
 }
@@ -186,11 +187,11 @@ std::expected<void, FileError> SystemCopyDestination::enterOrCreate(const QByteA
 /// Goes back to the folder around; false where that could not be reached.
 bool SystemCopyDestination::leaveFolder()
 {
-    if (m_chain.data().end && m_filledFolderHandler) {
+    const auto& end = m_chain.data().end;
+    if (end && m_filledFolderHandler) {
         FileDescriptor folder = FileDescriptor::duplicate(m_chain.descriptor());
         if (folder.isOpen())
-            m_filledFolderHandler(
-                std::make_unique<SystemFilledFolder>(std::move(folder), *m_chain.data().end));
+            m_filledFolderHandler(std::make_unique<SystemFilledFolder>(std::move(folder), *end));
     }
     return m_chain.leave().has_value();
 }

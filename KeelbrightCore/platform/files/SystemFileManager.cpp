@@ -186,7 +186,8 @@ std::expected<void, FileError> SystemFileManager::linkItem(const FileURL& item, 
         return failure(FileError::Operation::copied, item, errno);
     const FileDescriptor folder(::open(secondName.deletingLastPathComponent().nativePath().constData(),
                                        O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    std::ignore = ::fsync(folder.get()); // some file systems can't flush a folder
+    if (folder.isOpen())
+        std::ignore = ::fsync(folder.get()); // some file systems can't flush a folder
     return {};
 }
 

@@ -114,15 +114,16 @@ void HelperWatch::run()
         const std::vector<pollfd> watched = waitForNews(wakeUp, helpers);
         serveAll(helpers, watched);
         if (watched.front().revents != 0)
-            takeArrivals(helpers);
+            takeArrivals(wakeUp, helpers);
     }
 }
 
-void HelperWatch::takeArrivals(std::vector<RunningHelper>& helpers)
+void HelperWatch::takeArrivals(int wakeUp, std::vector<RunningHelper>& helpers)
 {
-    const std::lock_guard lock(m_mutex);
+    // First of all: what arrives from now on either is taken below or writes a byte of its own.
     char byte = 0;
-    [[maybe_unused]] const ssize_t got = retrying([&] { return ::read(m_wakeUp->readEnd.get(), &byte, 1); });
+    [[maybe_unused]] const ssize_t got = retrying([&] { return ::read(wakeUp, &byte, 1); });
+    const std::lock_guard lock(m_mutex);
     for (RunningHelper& helper : m_arrivals)
         helpers.push_back(std::move(helper));
     m_arrivals.clear();

@@ -25,7 +25,7 @@ private:
     HelperWatch() = default;
 
     void run();
-    void takeArrivals(std::vector<RunningHelper>& helpers);
+    void takeArrivals(int wakeUp, std::vector<RunningHelper>& helpers);
 
     std::mutex m_mutex; ///< for all below
     bool m_isRunning = false;
