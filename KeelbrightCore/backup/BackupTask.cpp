@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QThread>
+#include <algorithm>
 #include <chrono>
 #include <tuple>
 #include <utility>
@@ -46,8 +47,10 @@ void BackupTask::post(Change change, NextChange next)
     m_next = next;
     m_runThread.noteProcessor();
     m_isPending = true;
-    if (!m_isMainThreadSpinning)
-        QCoreApplication::postEvent(this, new QEvent(changeEvent));
+    if (m_isMainThreadAsleep.exchange(false))
+        m_mainThreadWakeUp.release();
+    else
+        callMainThread();
 }
 
 void BackupTask::wait()
@@ -58,7 +61,7 @@ void BackupTask::wait()
     // The change may have been made just before the line above, and then nobody wakes this thread.
     if (!isPending() && m_isRunAsleep.exchange(false))
         return;
-    m_wakeUp.acquire();
+    m_runWakeUp.acquire();
 }
 
 void BackupTask::hop(Change change)
@@ -86,15 +89,19 @@ bool BackupTask::event(QEvent* event)
     if (event->type() != changeEvent)
         return QObject::event(event);
     const auto leaveAt = SteadyClock::now() + longestStay;
-    // Set before the first change is made: the run may post its next one before this thread is back here.
-    m_isMainThreadSpinning = true;
-    while (makeChange() && SteadyClock::now() < leaveAt && hasNextChange()) {
+    while (makeChange() && SteadyClock::now() < leaveAt && hasNextChange(leaveAt)) {
     }
-    m_isMainThreadSpinning = false;
+    m_isMainThreadCalled = false;
     // A run that posted while the flag was still set has sent no event.
     if (isPending())
-        QCoreApplication::postEvent(this, new QEvent(changeEvent));
+        callMainThread();
     return true;
+}
+
+void BackupTask::callMainThread()
+{
+    if (!m_isMainThreadCalled && !m_isMainThreadCalled.exchange(true))
+        QCoreApplication::postEvent(this, new QEvent(changeEvent));
 }
 
 bool BackupTask::makeChange()
@@ -110,17 +117,33 @@ bool BackupTask::makeChange()
     return isFollowedSoon;
 }
 
-bool BackupTask::hasNextChange()
+/// Whether there is one before the main thread has to leave.
+bool BackupTask::hasNextChange(SteadyClock::time_point leaveAt)
 {
-    const auto hasNews = [this] { return m_isPending || m_cancellation.isQuitting(); };
-    std::ignore = m_mainThread.until(hasNews, m_runThread);
+    if (!m_mainThread.until([this] { return hasNews(); }, m_runThread)) {
+        using std::chrono::milliseconds;
+        const auto remaining = std::chrono::ceil<milliseconds>(leaveAt - SteadyClock::now());
+        sleepUntilNews(std::max(remaining, milliseconds(0)));
+    }
     return isPending();
+}
+
+/// Where both threads share a processor, or the run takes its time: to sleep here costs a third of a turn
+/// of the event loop.
+void BackupTask::sleepUntilNews(std::chrono::milliseconds longest)
+{
+    m_isMainThreadAsleep = true;
+    const bool isAwaited = !hasNews(); // the run may have posted just before the line above
+    if (isAwaited && m_mainThreadWakeUp.tryAcquire(1, static_cast<int>(longest.count())))
+        return;
+    if (!m_isMainThreadAsleep.exchange(false))
+        m_mainThreadWakeUp.acquire(); // the run has released it meanwhile
 }
 
 void BackupTask::wakeRun()
 {
     if (m_isRunAsleep.exchange(false))
-        m_wakeUp.release();
+        m_runWakeUp.release();
 }
 
 } // namespace keelbright

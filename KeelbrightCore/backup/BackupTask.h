@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QSemaphore>
 #include <atomic>
+#include <chrono>
 #include <memory>
 
 namespace keelbright {
@@ -34,7 +35,7 @@ public:
 
     /// When the run posts the change after this one.
     enum class NextChange {
-        soon, ///< the main thread spins for it a moment
+        soon, ///< the main thread waits for it a moment
         later ///< the main thread goes back to its events, and sleeps where there are none
     };
 
@@ -70,9 +71,14 @@ private:
     explicit BackupTask(BackupEngine& engine);
     static void destroy(BackupTask* task);
 
-    /// Whether the main thread is to spin for the next one.
+    /// Whether the main thread is to wait for the next one.
     [[nodiscard]] bool makeChange();
-    [[nodiscard]] bool hasNextChange();
+    [[nodiscard]] bool hasNextChange(std::chrono::steady_clock::time_point leaveAt);
+
+    [[nodiscard]] bool hasNews() const { return m_isPending || m_cancellation.isQuitting(); }
+
+    void callMainThread();
+    void sleepUntilNews(std::chrono::milliseconds longest);
     void wakeRun();
 
     BackupEngine& m_engine;
@@ -80,11 +86,13 @@ private:
     Change m_change;
     NextChange m_next = NextChange::later; ///< after `m_change`
     std::atomic<bool> m_isPending = false;
-    std::atomic<bool> m_isMainThreadSpinning = false; ///< it notices the next change without an event
+    std::atomic<bool> m_isMainThreadCalled = false; ///< it is about to look for changes, or is looking
+    std::atomic<bool> m_isMainThreadAsleep = false; ///< it waits for `m_mainThreadWakeUp`
     std::atomic<bool> m_isRunAsleep = false;
     SpinWait m_mainThread;
     SpinWait m_runThread;
-    QSemaphore m_wakeUp; ///< of the run
+    QSemaphore m_mainThreadWakeUp;
+    QSemaphore m_runWakeUp;
     QSemaphore m_ended;
 };
 

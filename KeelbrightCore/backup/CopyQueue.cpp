@@ -1,7 +1,9 @@
 #include "KeelbrightCore/backup/CopyQueue.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
+#include <ranges>
 
 namespace keelbright {
 
@@ -43,7 +45,8 @@ qsizetype CopyQueue::size() const
 CopyQueue::Progress CopyQueue::waitForReady(qsizetype count, std::chrono::milliseconds longest)
 {
     Lock lock(m_mutex);
-    m_workDone.wait_for(lock, longest, [&] { return m_readyCount >= count || needsTheRun(); });
+    m_awaited = count;
+    m_workDone.wait_for(lock, longest, [this] { return m_readyCount >= m_awaited || needsTheRun(); });
     return {m_readyCount, needsTheRun()};
 }
 
@@ -54,22 +57,38 @@ void CopyQueue::prepareOne(CopyWorker& worker, const Cancellation& cancellation)
         prepareNext(lock, worker, cancellation);
 }
 
-CopyQueue::Item& CopyQueue::readyItem(qsizetype index)
+std::vector<CopyQueue::Item> CopyQueue::take(qsizetype count)
 {
+    std::vector<Item> items;
+    items.reserve(static_cast<size_t>(count));
     const Lock lock(m_mutex);
-    return m_entries[static_cast<size_t>(index)]->item;
+    for (; count > 0; --count) {
+        items.push_back(std::move(m_entries.front()->item));
+        m_preparedBytes -= m_entries.front()->bytes;
+        m_entries.pop_front();
+    }
+    m_readyCount -= std::ssize(items);
+    m_nextClaim -= std::ssize(items);
+    wakeWorkers();
+    return items;
 }
 
-CopyQueue::Item CopyQueue::takeFirst()
+void CopyQueue::dispose(std::vector<Item> items)
 {
     const Lock lock(m_mutex);
-    Item item = std::move(m_entries.front()->item);
-    m_preparedBytes -= m_entries.front()->bytes;
-    m_entries.pop_front();
-    --m_readyCount;
-    --m_nextClaim;
+    if (m_workersAsleep + m_workersAwake == 0)
+        return;
+    if (m_disposed.empty())
+        m_disposed.swap(items);
+    else
+        std::ranges::move(items, std::back_inserter(m_disposed));
     wakeWorkers();
-    return item;
+}
+
+void CopyQueue::finishDisposal()
+{
+    Lock lock(m_mutex);
+    destroyDisposed(lock);
 }
 
 void CopyQueue::setWorkers(int count)
@@ -79,12 +98,15 @@ void CopyQueue::setWorkers(int count)
     wakeWorkers();
 }
 
-void CopyQueue::startAgainSlowly()
+void CopyQueue::startAgainSlowly(std::vector<Item> taken)
 {
     std::deque<Result> dropped; // destroyed without the lock: to close a file may take its time
     Lock lock(m_mutex);
     m_limit = 1;
     waitForWorkers(lock, longestWait);
+    destroyDisposed(lock);
+    for (Item& item : std::views::reverse(taken))
+        m_entries.push_front(std::make_shared<Entry>(Entry{std::move(item), State::ready}));
     for (const auto& entry : m_entries) {
         if (entry->state != State::ready || !entry->item.plan)
             continue;
@@ -118,6 +140,7 @@ void CopyQueue::close()
     m_nextClaim = 0;
     m_workToDo.notify_all();
     waitForWorkers(lock, longestWait);
+    destroyDisposed(lock);
 }
 
 void CopyQueue::work(CopyWorker& worker)
@@ -128,10 +151,14 @@ void CopyQueue::work(CopyWorker& worker)
         m_workToDo.wait(lock, [this] { return m_isClosed || isWorthWaking(); });
         --m_workersAsleep;
         ++m_workersAwake;
-        while (!m_isClosed && claimable() > 0 && m_workersAwake <= m_workersAllowed)
-            prepareNext(lock, worker, m_givenUp);
+        while (!m_isClosed && claimable() > 0 && m_workersAwake <= m_workersAllowed) {
+            if (m_disposed.empty())
+                prepareNext(lock, worker, m_givenUp);
+            else
+                destroyDisposed(lock);
+        }
         --m_workersAwake;
-        m_workDone.notify_one();
+        wakeTheRun();
     }
 }
 
@@ -167,7 +194,7 @@ void CopyQueue::prepareNext(Lock& lock, CopyWorker& worker, const Cancellation& 
         entry.reset();
         lock.lock();
         --m_inWork;
-        m_workDone.notify_one();
+        wakeTheRun();
         return;
     }
     --m_inWork;
@@ -177,7 +204,18 @@ void CopyQueue::prepareNext(Lock& lock, CopyWorker& worker, const Cancellation& 
     entry->item.result = std::move(result);
     entry->state = State::ready;
     noteReady();
-    m_workDone.notify_one();
+    wakeTheRun();
+}
+
+void CopyQueue::destroyDisposed(Lock& lock)
+{
+    if (m_disposed.empty())
+        return;
+    std::vector<Item> items;
+    items.swap(m_disposed);
+    lock.unlock();
+    items.clear();
+    lock.lock();
 }
 
 /// Counts what is ready at the front, and passes over what needs no claim.
@@ -191,9 +229,18 @@ void CopyQueue::noteReady()
         ++m_nextClaim;
 }
 
+/// Where it waits, and only for what it waits for: to wake a thread takes as long as half a copy.
+void CopyQueue::wakeTheRun()
+{
+    if (m_awaitsWorkers ? m_inWork == 0 : m_readyCount >= m_awaited || needsTheRun())
+        m_workDone.notify_one();
+}
+
 void CopyQueue::waitForWorkers(Lock& lock, std::chrono::milliseconds longest)
 {
+    m_awaitsWorkers = true;
     m_workDone.wait_for(lock, longest, [this] { return m_inWork == 0; });
+    m_awaitsWorkers = false;
 }
 
 void CopyQueue::wakeWorkers()

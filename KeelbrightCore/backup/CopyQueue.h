@@ -9,6 +9,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <vector>
 
 namespace keelbright {
 
@@ -59,16 +60,20 @@ public:
     [[nodiscard]] Progress waitForReady(qsizetype count, std::chrono::milliseconds longest);
     /// Prepares the first item that is not ready. To be called where `Progress` asks for it.
     void prepareOne(CopyWorker& worker, const Cancellation& cancellation);
-    /// One of the items at the front that are ready.
-    [[nodiscard]] Item& readyItem(qsizetype index);
-    /// Takes the first item out, which has to be ready.
-    [[nodiscard]] Item takeFirst();
+    /// Takes the first `count` items out, all of which have to be ready.
+    [[nodiscard]] std::vector<Item> take(qsizetype count);
+    /// Takes items that have been completed and are to be destroyed: to close what an old copy was replaced
+    /// by frees the old copy's room, which may take longer than all else. The workers do it where there are
+    /// any.
+    void dispose(std::vector<Item> items);
+    /// Destroys at once what no worker has destroyed yet.
+    void finishDisposal();
     /// How many workers may prepare at the same time.
     void setWorkers(int count);
-    /// Drops what has been prepared, so that its open files and its room on the drive are free; waits for
-    /// the workers before, though never long for one that hangs. From now on only the first item may be
-    /// prepared, and twice as many with each copy that `notePublished` reports.
-    void startAgainSlowly();
+    /// Puts `taken` back at the front and drops what has been prepared, so that its open files and its room
+    /// on the drive are free; waits for the workers before, though never long for one that hangs. From now
+    /// on only the first item may be prepared, and twice as many with each copy that `notePublished` reports.
+    void startAgainSlowly(std::vector<Item> taken);
     void notePublished();
     /// Lets the workers go and gives up what they have under way; never waits long for one that hangs.
     void close();
@@ -96,6 +101,8 @@ private:
     [[nodiscard]] bool needsTheRun() const;
     void prepareNext(Lock& lock, CopyWorker& worker, const Cancellation& cancellation);
     void noteReady();
+    void wakeTheRun();
+    void destroyDisposed(Lock& lock);
     void waitForWorkers(Lock& lock, std::chrono::milliseconds longest);
     void wakeWorkers();
 
@@ -103,9 +110,12 @@ private:
     std::condition_variable m_workToDo;
     std::condition_variable m_workDone;
     std::deque<std::shared_ptr<Entry>> m_entries;
+    std::vector<Item> m_disposed;
     qsizetype m_readyCount = 0; ///< at the front, without a gap
     qsizetype m_nextClaim = 0;  ///< no item before it is waiting
     qsizetype m_limit;          ///< only items before it may be prepared
+    qsizetype m_awaited = 0;    ///< so many ready items are worth waking the run for
+    bool m_awaitsWorkers = false;
     qint64 m_preparedBytes = 0;
     int m_workersAllowed = 1;
     int m_workersAwake = 0;

@@ -7,6 +7,8 @@
 #include <QThread>
 #include <QThreadPool>
 #include <algorithm>
+#include <iterator>
+#include <ranges>
 
 namespace keelbright {
 
@@ -84,6 +86,7 @@ void PendingItems::completeAll()
     while (m_queue->size() > 0 && !isCancelled())
         completeSome();
     m_task.wait();
+    m_queue->finishDisposal();
 }
 
 /// Completes a batch, or as much of it as is ready in time; where no worker is awake, a single item.
@@ -112,38 +115,46 @@ CopyQueue::Progress PendingItems::waitForBurst(qsizetype wanted)
 
 void PendingItems::completeBurst(qsizetype count)
 {
-    flush(count);
+    if (count == 0)
+        return;
+    Items items = m_queue->take(count);
+    flush(items);
     qint64 bytes = 0;
-    for (qsizetype index = 0; index < count; ++index) {
+    for (auto item = items.begin(); item != items.end(); ++item) {
         m_task.wait();
         if (isCancelled())
             return;
-        CopyQueue::Item item = m_queue->takeFirst();
-        const bool needsRoom = isForLackOfRoom(item);
-        if (needsRoom)
-            prepareAlone(item);
-        else if (item.result && *item.result)
-            bytes += (*item.result)->sourceSize();
-        complete(std::move(item), index + 1 < count && !needsRoom ? NextChange::soon : NextChange::later);
-        if (needsRoom)
+        if (isForLackOfRoom(*item)) {
+            CopyQueue::Item lacking = std::move(*item);
+            Items rest(std::move_iterator(item + 1), std::move_iterator(items.end()));
+            items.clear(); // what has been completed gives its room back, too
+            completeAlone(std::move(lacking), std::move(rest));
             return;
+        }
+        if (item->result && *item->result)
+            bytes += (*item->result)->sourceSize();
+        complete(*item, item + 1 == items.end() ? NextChange::later : NextChange::soon);
     }
-    if (count == 0)
-        return;
+    m_queue->dispose(std::move(items));
     const auto now = Clock::now();
     m_pace.note(count, bytes, now - m_lastBurst);
     m_queue->setWorkers(m_pace.setting().workers);
     m_lastBurst = now;
 }
 
-/// What replaces an old copy has to be on the drive before the first of the batch gets its name.
-void PendingItems::flush(qsizetype count)
+/// What replaces an old copy has to be on the drive before the first of the batch gets its name. The last
+/// one is waited for first: then the others are there as well, most of the time, and none of them needs a
+/// wait of its own.
+void PendingItems::flush(Items& items)
 {
-    for (qsizetype index = 0; index < count && !isCancelled(); ++index)
-        flushBeforeReplacing(m_queue->readyItem(index));
+    for (CopyQueue::Item& item : std::views::reverse(items)) {
+        if (isCancelled())
+            return;
+        flushBeforeReplacing(item);
+    }
 }
 
-void PendingItems::complete(CopyQueue::Item item, NextChange next)
+void PendingItems::complete(CopyQueue::Item& item, NextChange next)
 {
     if (item.folder) {
         item.folder->complete(); // nothing is reported
@@ -165,12 +176,14 @@ void PendingItems::complete(CopyQueue::Item item, NextChange next)
     m_task.post(std::move(item.change), next);
 }
 
-/// Prepares an item once more when everything else that was prepared has given its room back.
-void PendingItems::prepareAlone(CopyQueue::Item& item)
+/// Prepares an item once more when everything else that was prepared has given its room back: what is in the
+/// queue, and `rest`, which comes after the item.
+void PendingItems::completeAlone(CopyQueue::Item item, Items rest)
 {
-    m_queue->startAgainSlowly();
+    m_queue->startAgainSlowly(std::move(rest));
     item.result = CopyQueue::prepare(item, *m_worker, m_task.cancellation());
     flushBeforeReplacing(item);
+    complete(item, NextChange::later);
 }
 
 void PendingItems::startWorkers()

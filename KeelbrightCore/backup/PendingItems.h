@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <memory>
+#include <vector>
 
 namespace keelbright {
 
@@ -47,14 +48,15 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
     using NextChange = BackupTask::NextChange;
+    using Items = std::vector<CopyQueue::Item>;
 
     void add(CopyQueue::Item item);
     void completeSome();
     [[nodiscard]] CopyQueue::Progress waitForBurst(qsizetype wanted);
     void completeBurst(qsizetype count);
-    void complete(CopyQueue::Item item, NextChange next);
-    void flush(qsizetype count);
-    void prepareAlone(CopyQueue::Item& item);
+    void complete(CopyQueue::Item& item, NextChange next);
+    void flush(Items& items);
+    void completeAlone(CopyQueue::Item item, Items rest);
     void startWorkers();
     [[nodiscard]] bool isDue() const;
 

@@ -43,6 +43,8 @@ protected:
         });
     }
 
+    [[nodiscard]] CopyQueue::Item takeFirst() { return std::move(queue.take(1).front()); }
+
     /// Lets a thread work with that worker while the test lasts.
     [[nodiscard]] std::jthread workOn(FakeCopyWorker& own)
     {
@@ -66,7 +68,7 @@ TEST_F(CopyQueueTest, asksTheRunForAFewItems)
     FakeCopyWorker own = worker();
     queue.prepareOne(own, cancellation);
     EXPECT_EQ(queue.waitForReady(1, longEnough).ready, 1);
-    EXPECT_TRUE(queue.takeFirst().result.value() != nullptr);
+    EXPECT_TRUE(takeFirst().result.value() != nullptr);
     EXPECT_EQ(queue.size(), 1);
 }
 
@@ -74,7 +76,7 @@ TEST_F(CopyQueueTest, holdsAnItemWithoutACopyReadyFromTheStart)
 {
     queue.add({.plan = std::nullopt, .name = {}, .change = [](BackupEngine&) {}, .folder = nullptr});
     EXPECT_EQ(queue.waitForReady(1, longEnough).ready, 1);
-    EXPECT_TRUE(queue.takeFirst().change);
+    EXPECT_TRUE(takeFirst().change);
 }
 
 TEST_F(CopyQueueTest, countsWhatIsReadyUpToTheFirstThatIsNot)
@@ -101,7 +103,7 @@ TEST_F(CopyQueueTest, letsItsWorkersPrepareManyItems)
         ready = progress.ready;
     }
     for (int number = 0; number < 10 * many; ++number)
-        EXPECT_TRUE(queue.takeFirst().result.value() != nullptr);
+        EXPECT_TRUE(takeFirst().result.value() != nullptr);
     queue.close();
 }
 
@@ -115,7 +117,7 @@ TEST_F(CopyQueueTest, preparesNoMoreThanSomeMegabytesAhead)
     EXPECT_TRUE(queue.waitForReady(5, longEnough).needsTheRun) << "the worker stops";
     EXPECT_THAT(record.names("prepared"), ElementsAre("f0", "f1", "f2", "f3"));
     for (int number = 0; number < 4; ++number)
-        EXPECT_TRUE(queue.takeFirst().result.value() != nullptr);
+        EXPECT_TRUE(takeFirst().result.value() != nullptr);
     while (queue.waitForReady(4, longEnough).ready < 4) {
     }
     queue.close();
@@ -127,18 +129,56 @@ TEST_F(CopyQueueTest, dropsWhatIsPreparedWhenItStartsAgainSlowly)
     addCopies(2 * many);
     for (int number = 0; number < 3; ++number)
         queue.prepareOne(own, cancellation);
-    queue.startAgainSlowly();
+    queue.startAgainSlowly({});
     EXPECT_THAT(record.names("dropped"), ElementsAre("f0", "f1", "f2"));
     EXPECT_EQ(queue.waitForReady(1, milliseconds(1)).ready, 0);
     const std::jthread thread = workOn(own);
     EXPECT_TRUE(queue.waitForReady(1, longEnough).needsTheRun) << "one at a time";
     queue.prepareOne(own, cancellation);
     EXPECT_EQ(queue.waitForReady(1, longEnough).ready, 1);
-    EXPECT_TRUE(queue.takeFirst().result.value() != nullptr);
+    EXPECT_TRUE(takeFirst().result.value() != nullptr);
     for (int published = 0; published < 10; ++published)
         queue.notePublished();
     while (queue.waitForReady(many, longEnough).ready < many) {
     }
+    queue.close();
+}
+
+TEST_F(CopyQueueTest, preparesOnceMoreWhatComesBack)
+{
+    FakeCopyWorker own = worker();
+    addCopies(3);
+    for (int number = 0; number < 2; ++number)
+        queue.prepareOne(own, cancellation);
+    queue.startAgainSlowly(queue.take(2));
+    EXPECT_THAT(record.names("dropped"), ElementsAre("f0", "f1"));
+    EXPECT_EQ(queue.size(), 3);
+    queue.prepareOne(own, cancellation);
+    EXPECT_EQ(takeFirst().plan.value().name, "f0");
+}
+
+TEST_F(CopyQueueTest, destroysWhatIsDisposedOfWhereThereIsNoWorker)
+{
+    FakeCopyWorker own = worker();
+    addCopies(2);
+    for (int number = 0; number < 2; ++number)
+        queue.prepareOne(own, cancellation);
+    queue.dispose(queue.take(2));
+    EXPECT_THAT(record.names("dropped"), ElementsAre("f0", "f1"));
+}
+
+TEST_F(CopyQueueTest, letsAWorkerDestroyWhatIsDisposedOf)
+{
+    FakeCopyWorker own = worker();
+    addCopies(many);
+    const std::jthread thread = workOn(own);
+    while (queue.waitForReady(many, longEnough).ready < many) {
+    }
+    queue.dispose(queue.take(2));
+    addCopies(many);
+    while (queue.waitForReady(2 * many - 2, longEnough).ready < 2 * many - 2) {
+    }
+    EXPECT_THAT(record.names("dropped"), ElementsAre("f0", "f1"));
     queue.close();
 }
 

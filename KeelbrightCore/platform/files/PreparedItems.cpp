@@ -19,10 +19,11 @@ bool isFolder(int folder, const QByteArray& name)
 } // namespace
 
 PreparedFile::PreparedFile(const PlannedCopy& plan, FileDescriptor newFolder, UnpublishedFile file,
-                           qint64 sourceSize, bool isReplacing)
+                           FileDescriptor replaced, qint64 sourceSize, bool isReplacing)
     : m_folder(plan.target)
     , m_newFolder(std::move(newFolder))
     , m_file(std::move(file))
+    , m_replaced(std::move(replaced))
     , m_name(plan.name)
     , m_sourceSize(sourceSize)
     , m_isReplacing(isReplacing)

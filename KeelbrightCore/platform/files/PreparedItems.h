@@ -12,9 +12,11 @@ class PreparedFile : public PreparedCopy
 {
 public:
     /// `file` was created in the plan's target folder or, where that is open, in `newFolder`;
-    /// `sourceSize` in bytes; `isReplacing` says that a file of the name is there.
-    PreparedFile(const PlannedCopy& plan, FileDescriptor newFolder, UnpublishedFile file, qint64 sourceSize,
-                 bool isReplacing);
+    /// `sourceSize` in bytes; `isReplacing` says that a file of the name is there, which `replaced` holds
+    /// where it could be opened. Its room is freed when this copy is destroyed: a name that took the room
+    /// away, too, would keep the main thread waiting for several times as long.
+    PreparedFile(const PlannedCopy& plan, FileDescriptor newFolder, UnpublishedFile file,
+                 FileDescriptor replaced, qint64 sourceSize, bool isReplacing);
     [[nodiscard]] std::expected<void, FileError> flushBeforeReplacing() override;
     [[nodiscard]] std::expected<void, FileError> publish() override;
 
@@ -27,6 +29,7 @@ private:
     std::shared_ptr<const TargetFolder> m_folder;
     FileDescriptor m_newFolder; ///< instead of one that was removed
     UnpublishedFile m_file;
+    FileDescriptor m_replaced;
     QByteArray m_name;
     qint64 m_sourceSize;
     bool m_isReplacing;

@@ -73,6 +73,14 @@ std::expected<void, int> nameUnnamed(int file, int folder, const char* name)
     return outcome(::linkat(AT_FDCWD, path.data(), folder, name, AT_SYMLINK_FOLLOW));
 }
 
+std::expected<FileDescriptor, int> holdFile(int folder, const char* name)
+{
+    FileDescriptor file(::openat(folder, name, O_PATH | O_NOFOLLOW | O_CLOEXEC));
+    if (!file.isOpen())
+        return std::unexpected(errno);
+    return file;
+}
+
 static std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
                                                 const char* newName)
 {
@@ -193,6 +201,14 @@ bool hasDefaultAccessList(int)
 std::expected<void, int> nameUnnamed(int, int, const char*)
 {
     return std::unexpected(ENOTSUP);
+}
+
+std::expected<FileDescriptor, int> holdFile(int folder, const char* name)
+{
+    FileDescriptor file(::openat(folder, name, O_EVTONLY | O_SYMLINK | O_NONBLOCK | O_CLOEXEC));
+    if (!file.isOpen())
+        return std::unexpected(errno);
+    return file;
 }
 
 static std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,

@@ -24,6 +24,9 @@ namespace SystemCalls {
 [[nodiscard]] bool hasDefaultAccessList(int folder);
 /// Gives a file from `openUnnamed` its name; EEXIST where the name is taken.
 [[nodiscard]] std::expected<void, int> nameUnnamed(int file, int folder, const char* name);
+/// A descriptor that gives no access to the file or link, but keeps its room on the drive until it is closed,
+/// also when the name is gone.
+[[nodiscard]] std::expected<FileDescriptor, int> holdFile(int folder, const char* name);
 /// EEXIST where `newName` is taken. Where a file system can't do that in one step, `newName` is looked
 /// for before.
 [[nodiscard]] std::expected<void, int> renameWithoutReplacing(int oldFolder, const char* oldName,

@@ -12,8 +12,8 @@ namespace keelbright {
 
 namespace {
 
-/// None to spare where a process may have few files open. A copy takes three at worst: itself, its
-/// folder and that of its source.
+/// None to spare where a process may have few files open. A copy takes four at worst: itself, what it
+/// replaces, its folder and that of its source.
 qsizetype maximumPreparedCopies()
 {
     constexpr rlim_t restOfTheProgram = 128;
@@ -21,7 +21,7 @@ qsizetype maximumPreparedCopies()
     rlimit limit = {};
     if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur <= restOfTheProgram)
         return 1;
-    return static_cast<qsizetype>(std::clamp<rlim_t>((limit.rlim_cur - restOfTheProgram) / 4, 1, maximum));
+    return static_cast<qsizetype>(std::clamp<rlim_t>((limit.rlim_cur - restOfTheProgram) / 5, 1, maximum));
 }
 
 /// Whether `path` is `folder` itself or lies below it.

@@ -48,14 +48,6 @@ std::expected<QByteArray, int> linkTarget(int folder, const QByteArray& name)
     }
 }
 
-/// Whether the copy is going to replace something.
-bool isTaken(const TargetFolder& target, const QByteArray& name)
-{
-    struct stat status = {};
-    return ::fstatat(target.folder.get(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 ||
-           errno != ENOENT;
-}
-
 std::expected<std::unique_ptr<PreparedCopy>, FileError> prepareLink(const PlannedCopy& plan)
 {
     auto target = linkTarget(plan.source->get(), plan.name);
@@ -110,7 +102,7 @@ SystemCopyWorker::Prepared SystemCopyWorker::prepareFile(const PlannedCopy& plan
     if (const auto done = finish(*target, source.get(), status, plan); !done)
         return failure(FileError::Operation::copied, plan.name, done.error());
     return std::make_unique<PreparedFile>(plan, std::move(target->newFolder), std::move(target->file),
-                                          status.st_size, target->isReplacing);
+                                          std::move(target->replaced), status.st_size, target->isReplacing);
 }
 
 std::expected<void, int> SystemCopyWorker::finish(NewFile& file, int source, const struct stat& status,
@@ -121,7 +113,12 @@ std::expected<void, int> SystemCopyWorker::finish(NewFile& file, int source, con
         SystemCalls::removeAccessLists(file.file.descriptor());
     if (auto copied = m_attributes.copy(source, file.file.descriptor(), status, file.hasMode); !copied)
         return copied;
-    file.isReplacing = plan.target->likelyName == NameIs::taken && isTaken(*plan.target, plan.name);
+    if (plan.target->likelyName == NameIs::taken) {
+        auto old = SystemCalls::holdFile(plan.target->folder.get(), plan.name.constData());
+        file.isReplacing = old || old.error() != ENOENT;
+        if (old)
+            file.replaced = std::move(*old);
+    }
     if (file.isReplacing && plan.target->flushesBeforeReplacing) {
         file.file.startWriting();
         // It is closed below.
@@ -162,7 +159,7 @@ SystemCopyWorker::createFileIn(int folder, const TargetFolder& target, const str
         const mode_t mode = hasMode ? source.st_mode & 07777 : ownersOnly;
         auto file = UnpublishedFile::createUnnamed(folder, mode);
         if (file)
-            return NewFile{{}, std::move(*file), hasMode};
+            return NewFile{{}, std::move(*file), hasMode, false, {}};
         if (file.error() != ENOTSUP)
             return std::unexpected(file.error());
         m_hasUnnamedFiles = false;
@@ -170,7 +167,7 @@ SystemCopyWorker::createFileIn(int folder, const TargetFolder& target, const str
     auto file = UnpublishedFile::createTemporary(folder, ownersOnly);
     if (!file)
         return std::unexpected(file.error());
-    return NewFile{{}, std::move(*file), false};
+    return NewFile{{}, std::move(*file), false, false, {}};
 }
 
 } // namespace keelbright

@@ -27,6 +27,7 @@ private:
         UnpublishedFile file;
         bool hasMode = false; ///< that of its source
         bool isReplacing = false;
+        FileDescriptor replaced; ///< the old copy
     };
 
     [[nodiscard]] Prepared prepareFile(const PlannedCopy& plan, const Cancellation& cancellation);
