@@ -25,7 +25,8 @@ namespace {
 constexpr const char* usage =
     "usage: keelbright-measure [cold] scan TREE | size TREE | junk HOME | level FOLDER | walk TREE |\n"
     "                          largest TREE | treemap CELLS | plan FOLDER | apps MACHINE COUNT |\n"
-    "                          backup TREE DRIVE | plain TREE FOLDER | lay MACHINE | visit MACHINE |\n"
+    "                          backup TREE DRIVE | check TREE DRIVE | plain TREE FOLDER | lay MACHINE | "
+    "visit MACHINE |\n"
     "                          rest MACHINE SCREEN | screens | start SINCE\n"
     "\"cold\" leaves out the run before the one that is measured. A MACHINE is a folder that stands\n"
     "for the root; SINCE is the moment at which this process was started, in nanoseconds of the\n"
@@ -54,6 +55,7 @@ std::optional<int> measure(const QString& work, const QStringList& arguments, Ca
         {QStringLiteral("junk"), {1, [&] { return measureJunk(url(0), caches); }}},
         {QStringLiteral("apps"), {2, [&] { return measureApps(url(0), arguments.at(1).toInt()); }}},
         {QStringLiteral("backup"), {2, [&] { return measureBackup(url(0), url(1)); }}},
+        {QStringLiteral("check"), {2, [&] { return measureCheck(url(0), url(1)); }}},
         {QStringLiteral("plain"), {2, [&] { return measurePlainCopy(url(0), url(1)); }}},
         {QStringLiteral("visit"), {1, [&] { return measureVisits(url(0)); }}},
         {QStringLiteral("screens"), {0, printScreens}},

@@ -2,7 +2,9 @@
 
 #include "KeelbrightCore/apps/AppScanner.h"
 #include "KeelbrightCore/backup/FileScanner.h"
+#include "KeelbrightCore/check/CopyCheck.h"
 #include "KeelbrightCore/health/HealthScoreService.h"
+#include "bench/Memory.h"
 #include "tests/support/SandboxFileManager.h"
 
 #include <algorithm>
@@ -40,6 +42,19 @@ int measureJunk(const FileURL& home, Caches caches)
     const FileManagerGuard guard(fileManager);
     return measureWork(caches, "bytes",
                        [] { return HealthScoreService::compute(std::nullopt).result().junkEstimateBytes; });
+}
+
+int measureCheck(const FileURL& tree, const FileURL& drive)
+{
+    const CheckJob job{
+        .sources = {{QUuid::createUuid(), tree, true}}, .destination = drive, .checksumList = {}};
+    CheckProgress progress;
+    const Stopwatch stopwatch;
+    const CheckReport report = CopyCheck::run(job, progress);
+    stopwatch.print();
+    std::printf("same %lld\nfaults %lld\npeak %ld\n", static_cast<long long>(report.count(CopyVerdict::same)),
+                static_cast<long long>(report.faults()), peakMemory());
+    return report.end == CheckReport::End::complete ? 0 : 1;
 }
 
 int measureApps(const FileURL& machine, int count)

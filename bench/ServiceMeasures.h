@@ -9,6 +9,8 @@ namespace keelbright::bench {
 
 [[nodiscard]] int measureScan(const FileURL& tree, Caches caches);
 [[nodiscard]] int measureJunk(const FileURL& home, Caches caches);
+/// Checks the copies of a tree on a drive against it, from whatever the system remembers of them.
+[[nodiscard]] int measureCheck(const FileURL& tree, const FileURL& drive);
 /// Scans the applications of a machine. It must have `count` of them, all known to the metadata tool.
 [[nodiscard]] int measureApps(const FileURL& machine, int count);
 

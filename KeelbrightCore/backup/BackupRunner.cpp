@@ -3,12 +3,12 @@
 #include "KeelbrightCore/backup/BackupEngine.h"
 #include "KeelbrightCore/backup/BackupReportWriter.h"
 #include "KeelbrightCore/backup/BackupTask.h"
+#include "KeelbrightCore/backup/DeviceFolder.h"
 #include "KeelbrightCore/backup/ErrorLine.h"
 #include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/backup/ManifestGenerator.h"
 #include "KeelbrightCore/backup/SourceCopy.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
-#include "KeelbrightCore/platform/system/Host.h"
 #include "KeelbrightCore/platform/system/Logging.h"
 
 #include <QJsonDocument>
@@ -27,16 +27,9 @@ struct RunFolders
     std::unique_ptr<CopyDestination> reportsFolder; ///< anchored at `reports`
 };
 
-QString deviceFolderName()
-{
-    return sanitize(Host::localizedName().value_or(QStringLiteral("MyMac")));
-}
-
 std::expected<RunFolders, FileError> createFolders(const BackupJob& job, FileManager& fileManager)
 {
-    QByteArray device = "Keelbright";
-    if (const QByteArray name = deviceFolderName().toUtf8(); !name.isEmpty())
-        device += "/" + name;
+    const QByteArray device = DeviceFolder::ofThisMachine();
     auto mirror = fileManager.openCopyDestination(job.destination.url, device + "/Latest");
     if (!mirror)
         return std::unexpected(mirror.error());

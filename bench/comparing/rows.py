@@ -3,7 +3,7 @@
 from dataclasses import dataclass
 from typing import Callable
 
-from comparing import apps, backups, images, walks, window
+from comparing import apps, backups, checks, images, walks, window
 
 IMAGES = tuple(images.MAKERS)
 PLACES = ("tmpfs", "disk", *IMAGES)
@@ -31,7 +31,8 @@ ROWS = (
     Row("cold", "the same beside du and gdu, on a file system mounted just before", walks.cold, IMAGES),
     Row("plan", "the plan of the organizer", walks.plan),
     Row("backup", "first and second backups beside cp and rsync", backups.small, ("tmpfs", *IMAGES)),
-    Row("busy", "the same beside busy programs", backups.busy, ("tmpfs",)),
+    Row("check", "the check of copies beside cmp, on a file system mounted just before", checks.check, IMAGES),
+    Row("busy", "backups beside busy programs", backups.busy, ("tmpfs",)),
     Row("large", "one file of 4 GB beside cp", backups.large),
     Row("deep", "estimate and size of 1,000,000 files in a deep tree beside du", walks.deep),
     Row("largest", "the 50 largest of 1,000,000 files: time and memory", walks.largest),

@@ -70,6 +70,14 @@ class CheckFloorsTests(unittest.TestCase):
         self.assert_found_out("Keelbright/screens/junk/Wrong.h", '#include "Keelbright/screens/JunkCleanerView.h"\n',
                               "junk may not include Keelbright/screens/JunkCleanerView.h: it is in another room")
 
+    def test_the_shell_may_include_the_window_of_a_room_and_nothing_else_of_it(self):
+        self.write("Keelbright/screens/check/CheckCopiesWindow.h", "")
+        self.write("Keelbright/screens/check/Panel.h", "")
+        self.write("Keelbright/screens/shell/Opener.cpp", '#include "Keelbright/screens/check/CheckCopiesWindow.h"\n')
+        self.test_a_house_in_order_is_left_in_peace()
+        self.assert_found_out("Keelbright/screens/shell/Wrong.cpp", '#include "Keelbright/screens/check/Panel.h"\n',
+                              "shell may not include Keelbright/screens/check/Panel.h: it is in another room")
+
     def test_only_screens_lie_at_the_top(self):
         self.write("Keelbright/screens/Helper.h", "")
         result = self.check()

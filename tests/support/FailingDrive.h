@@ -15,11 +15,11 @@ namespace keelbright::testing {
 class FailingDrive
 {
 public:
-    /// `request` is read, write, open, create, rename, mkdir, list, flush, close, or none for a drive
-    /// that works; `after` counts bytes of read and write, requests of all others; `error` is a name like
-    /// EIO. With size, blocks or cached-size the drive gives `after` as the size of every file instead,
-    /// whatever can be read of it; blocks makes files seem to be holes, cached-size lets the system keep
-    /// what it has read.
+    /// `request` is read, block (a read of the byte `after` of a file), write, open, create, rename, mkdir,
+    /// list, flush, close, or none for a drive that works; `after` counts bytes of read and write, requests
+    /// of all others; `error` is a name like EIO. With size, blocks or cached-size the drive gives `after` as
+    /// the size of every file instead, whatever can be read of it; blocks makes files seem to be holes,
+    /// cached-size lets the system keep what it has read.
     FailingDrive(const QString& request, qint64 after, const QString& error);
     ~FailingDrive();
     FailingDrive(const FailingDrive&) = delete;

@@ -4,9 +4,9 @@ kind of request with an error.
 
     failing_drive.py FOLDER MOUNTPOINT REQUEST AFTER ERROR
 
-REQUEST is read, write, open, create, rename, mkdir, list, flush, close or none; AFTER counts bytes for read and
+REQUEST is read, block, write, open, create, rename, mkdir, list, flush, close or none; AFTER counts bytes for read and
 write, requests for all others; ERROR is a name like EIO. The signal USR1 lets it fail at once. Runs until it
-is unmounted.
+is unmounted. With block, each read that covers the byte AFTER of a file fails, and no other.
 
 A REQUEST of size, blocks or cached-size makes no request fail: AFTER is then the size that the drive gives for
 every file, whatever can be read of it. With blocks the file seems to be one hole as well; with cached-size the
@@ -74,6 +74,8 @@ class OpenFile:
 
     def read(self, length, offset):
         Budget.spend("read", length)
+        if REQUEST == "block" and offset <= int(AFTER) < offset + length:
+            raise OSError(getattr(errno, ERROR), os.strerror(getattr(errno, ERROR)))
         return os.pread(self.descriptor, length, offset)
 
     def write(self, data, offset):

@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <tuple>
+#include <utility>
 
 namespace keelbright {
 
@@ -19,20 +20,49 @@ void takeModeOfOldFile(int folder, const QByteArray& name, int file)
         std::ignore = ::fchmod(file, old.st_mode & 07777);
 }
 
-std::expected<void, int> replace(int folder, const QByteArray& name, const QByteArray& data)
+std::unexpected<FileError> notWritten(const QByteArray& name, int code)
+{
+    return failure(FileError::Operation::written, name, code);
+}
+
+std::expected<void, FileError> writeAll(UnpublishedFile& file, const QByteArray& name,
+                                        const NextPiece& nextPiece)
+{
+    for (;;) {
+        const auto piece = nextPiece();
+        if (!piece)
+            return std::unexpected(piece.error());
+        if (piece->isEmpty())
+            return {};
+        if (const auto written = file.write(*piece); !written)
+            return notWritten(name, written.error());
+    }
+}
+
+std::expected<void, FileError> replace(int folder, const QByteArray& name, const NextPiece& nextPiece)
 {
     auto file = UnpublishedFile::create(folder, 0666);
     if (!file)
-        return std::unexpected(file.error());
+        return notWritten(name, file.error());
     takeModeOfOldFile(folder, name, file->descriptor());
-    auto done = file->write(data);
-    if (done)
-        done = file->flush();
+    if (auto written = writeAll(*file, name, nextPiece); !written)
+        return written;
+    auto done = file->flush();
     if (done)
         done = file->finishWriting();
     if (done)
         done = file->publishReplacing(name);
-    return done;
+    if (!done)
+        return notWritten(name, done.error());
+    // The new name must reach the drive too. Some file systems can't flush a folder: no failure.
+    std::ignore = ::fsync(folder);
+    return {};
+}
+
+/// All of the data as one piece.
+NextPiece onePiece(const QByteArray& data)
+{
+    return [rest = data]() mutable { return std::exchange(rest, QByteArray()); };
 }
 
 /// The place to which a chain of links leads, whether there is a file or not.
@@ -58,14 +88,15 @@ std::expected<FileURL, int> behindLinks(const FileURL& url)
 
 std::expected<void, FileError> atomicWrite(int folder, const QByteArray& name, const QByteArray& data)
 {
-    if (const auto replaced = replace(folder, name, data); !replaced)
-        return failure(FileError::Operation::written, name, replaced.error());
-    // The new name must reach the drive too. Some file systems can't flush a folder: no failure.
-    std::ignore = ::fsync(folder);
-    return {};
+    return replace(folder, name, onePiece(data));
 }
 
 std::expected<void, FileError> atomicWrite(const FileURL& url, const QByteArray& data)
+{
+    return atomicWrite(url, onePiece(data));
+}
+
+std::expected<void, FileError> atomicWrite(const FileURL& url, const NextPiece& nextPiece)
 {
     const auto file = behindLinks(url);
     if (!file)
@@ -75,7 +106,7 @@ std::expected<void, FileError> atomicWrite(const FileURL& url, const QByteArray&
         [&] { return ::open(parent.nativePath().constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
     if (!folder.isOpen())
         return failure(FileError::Operation::written, url, errno);
-    return atomicWrite(folder.get(), file->nativeLastPathComponent(), data);
+    return replace(folder.get(), file->nativeLastPathComponent(), nextPiece);
 }
 
 } // namespace keelbright

@@ -2,7 +2,9 @@
 
 #include "KeelbrightCore/platform/files/DirectoryReader.h"
 #include "KeelbrightCore/platform/files/FolderChain.h"
+#include "KeelbrightCore/platform/files/ItemStatus.h"
 #include "KeelbrightCore/platform/files/Package.h"
+#include "KeelbrightCore/platform/files/ReadingCalls.h"
 
 #include <cstring>
 #include <fcntl.h>
@@ -12,15 +14,6 @@ namespace keelbright {
 
 namespace {
 
-EntryType typeOfMode(mode_t mode)
-{
-    if (S_ISREG(mode))
-        return EntryType::regularFile;
-    if (S_ISDIR(mode))
-        return EntryType::directory;
-    return S_ISLNK(mode) ? EntryType::symbolicLink : EntryType::other;
-}
-
 /// Links are not followed; the `errno` value of a failure.
 std::expected<EntryType, int> typeFromInode(int folder, const char* name)
 {
@@ -28,6 +21,12 @@ std::expected<EntryType, int> typeFromInode(int folder, const char* name)
     if (::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
         return std::unexpected(errno);
     return typeOfMode(status.st_mode);
+}
+
+AccessTimes accessTimesOf(DirectoryEnumerator::Options options)
+{
+    return options.testFlag(DirectoryEnumerator::Option::keepsAccessTimes) ? AccessTimes::kept
+                                                                           : AccessTimes::noted;
 }
 
 std::optional<qint64> sizeOf(int folder, const char* name)
@@ -54,7 +53,7 @@ public:
     Walk(FileURL root, FileDescriptor folder, Options options)
         : m_root(std::move(root))
         , m_options(options)
-        , m_chain(std::move(folder))
+        , m_chain(std::move(folder), accessTimesOf(options))
     {}
 
     bool next()
@@ -81,7 +80,7 @@ public:
     {
         if (!m_entersCurrent)
             return nullptr;
-        FileDescriptor folder = openFolder(m_chain.descriptor(), m_name);
+        FileDescriptor folder = openFolder(m_chain.descriptor(), m_name, accessTimesOf(m_options));
         if (!folder.isOpen())
             return nullptr;
         m_entersCurrent = false;
@@ -95,6 +94,8 @@ public:
     [[nodiscard]] const char* name() const { return m_name; }
 
     [[nodiscard]] EntryType type() const { return m_type; }
+
+    [[nodiscard]] quint64 number() const { return m_number; }
 
 private:
     /// The next entry of the current folder; nothing at its end, and where its listing breaks off.
@@ -120,6 +121,7 @@ private:
         }
         m_name = entry.name;
         m_type = *type;
+        m_number = entry.number;
         m_entersCurrent = m_type == EntryType::directory &&
                           !(m_options.testFlag(Option::skipsPackageDescendants) && isPackage(m_name));
         return true;
@@ -159,6 +161,7 @@ private:
     ErrorHandler m_errorHandler;
     const char* m_name = nullptr;
     EntryType m_type = EntryType::other;
+    quint64 m_number = 0;
     bool m_entersCurrent = false;
 };
 
@@ -166,10 +169,11 @@ std::expected<std::unique_ptr<DirectoryEnumerator>, FileError> DirectoryEnumerat
                                                                                          Options options)
 {
     const int linkFlag = options.testFlag(Option::followsRootLink) ? 0 : O_NOFOLLOW;
-    FileDescriptor folder(retrying([&] {
-        return ::open(root.nativePath().constData(),
-                      O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | linkFlag);
-    }));
+    const char* const path = root.nativePath().constData();
+    const int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | linkFlag;
+    FileDescriptor folder = options.testFlag(Option::keepsAccessTimes)
+                                ? openKeepingAccessTime(AT_FDCWD, path, flags)
+                                : FileDescriptor(retrying([&] { return ::open(path, flags); }));
     if (!folder.isOpen())
         return failure(FileError::Operation::opened, root, errno);
     return std::unique_ptr<DirectoryEnumerator>(
@@ -212,6 +216,11 @@ QByteArrayView DirectoryEnumerator::name() const
 EntryType DirectoryEnumerator::type() const
 {
     return m_walk->type();
+}
+
+quint64 DirectoryEnumerator::number() const
+{
+    return m_walk->number();
 }
 
 bool DirectoryEnumerator::isDirectoryFollowingLinks() const

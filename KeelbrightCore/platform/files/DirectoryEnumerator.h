@@ -28,6 +28,7 @@ public:
         skipsHiddenFiles = 1,        ///< names with a leading dot are not delivered and not entered
         skipsPackageDescendants = 2, ///< a package below the root is delivered, not entered
         followsRootLink = 4,         ///< a root that is a link to a folder is walked
+        keepsAccessTimes = 8,        ///< of folders, where the system allows that to the user
     };
     Q_DECLARE_FLAGS(Options, Option)
 
@@ -55,6 +56,9 @@ public:
 
     [[nodiscard]] QByteArrayView name() const;
     [[nodiscard]] EntryType type() const;
+    /// The number of the entry in its file system, as the folder has it; on most file systems what was
+    /// written one after the other has rising numbers.
+    [[nodiscard]] quint64 number() const;
     /// Whether the entry is a folder or a link that leads to one.
     [[nodiscard]] bool isDirectoryFollowingLinks() const;
     /// The logical size in bytes of anything but a folder (of a link: of the link itself);

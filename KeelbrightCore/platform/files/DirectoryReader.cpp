@@ -56,7 +56,7 @@ std::expected<std::optional<RawDirectoryEntry>, int> DirectoryReader::read(int f
         m_offset += entry->d_reclen;
         m_position = entry->d_off;
         if (!isDotEntry(entry->d_name))
-            return RawDirectoryEntry{entry->d_name, typeOf(entry->d_type)};
+            return RawDirectoryEntry{entry->d_name, typeOf(entry->d_type), entry->d_ino};
     }
 }
 
@@ -99,7 +99,7 @@ std::expected<std::optional<RawDirectoryEntry>, int> DirectoryReader::read(int f
             return errno == 0 ? std::expected<std::optional<RawDirectoryEntry>, int>(std::nullopt)
                               : std::unexpected(errno);
         if (!isDotEntry(entry->d_name))
-            return RawDirectoryEntry{entry->d_name, typeOf(entry->d_type)};
+            return RawDirectoryEntry{entry->d_name, typeOf(entry->d_type), entry->d_ino};
     }
 }
 

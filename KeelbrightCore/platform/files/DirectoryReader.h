@@ -18,6 +18,7 @@ struct RawDirectoryEntry
 {
     const char* name = nullptr;    ///< valid until the next read of the same folder
     std::optional<EntryType> type; ///< absent where the file system stores it in the inode only
+    quint64 number = 0;            ///< of the inode
 };
 
 /// Reads the entries of one open folder in pieces. Internal to the platform folder.

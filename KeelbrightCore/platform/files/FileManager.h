@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KeelbrightCore/platform/files/AtomicWrite.h"
 #include "KeelbrightCore/platform/files/CopyDestination.h"
 #include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 #include "KeelbrightCore/platform/files/FileError.h"
@@ -98,6 +99,10 @@ public:
     /// the file behind it is replaced.
     [[nodiscard]] virtual std::expected<void, FileError> writeAtomically(const FileURL& url,
                                                                          const QByteArray& data) = 0;
+    /// The same for a content that is too long to lie in memory: `nextPiece` gives it piece by piece, an
+    /// empty one at its end. Where that fails, its error is the result, and nothing is replaced.
+    [[nodiscard]] virtual std::expected<void, FileError>
+    writePiecesAtomically(const FileURL& url, const NextPiece& nextPiece) = 0;
 
     [[nodiscard]] virtual FileURL homeDirectory() const = 0;
     /// The user's folder for application data; a folder of the program's own goes inside.

@@ -29,7 +29,11 @@ template <typename Data> class FolderChain
 {
 public:
     /// Takes over an open folder as the root.
-    explicit FolderChain(FileDescriptor root) { m_levels.push_back({.folder = std::move(root)}); }
+    explicit FolderChain(FileDescriptor root, AccessTimes accessTimes = AccessTimes::noted)
+        : m_accessTimes(accessTimes)
+    {
+        m_levels.push_back({.folder = std::move(root)});
+    }
 
     /// The innermost folder; stays owned here, valid until the next `enter` or `leave`.
     [[nodiscard]] int descriptor() const { return m_levels.back().folder.get(); }
@@ -80,6 +84,7 @@ private:
     [[nodiscard]] std::expected<FileDescriptor, int> reopen(size_t depth, int child) const;
     [[nodiscard]] std::expected<FileDescriptor, int> walkTo(size_t depth) const;
 
+    AccessTimes m_accessTimes;
     std::vector<Level> m_levels;
     QByteArray m_path;
     size_t m_maximumOpen = maximumOpenFolders();
@@ -88,7 +93,7 @@ private:
 
 template <typename Data> std::expected<void, int> FolderChain<Data>::enter(const QByteArray& name)
 {
-    FileDescriptor folder = openFolder(descriptor(), name.constData());
+    FileDescriptor folder = openFolder(descriptor(), name.constData(), m_accessTimes);
     if (!folder.isOpen())
         return std::unexpected(errno);
     enter(std::move(folder), name, {});
@@ -151,7 +156,7 @@ template <typename Data>
 std::expected<FileDescriptor, int> FolderChain<Data>::reopen(size_t depth, int child) const
 {
     if (child >= 0) {
-        FileDescriptor parent = openFolder(child, "..");
+        FileDescriptor parent = openFolder(child, "..", m_accessTimes);
         if (parent.isOpen() && m_levels[depth].isSame(parent.get()))
             return parent;
     }
@@ -167,7 +172,8 @@ template <typename Data> std::expected<FileDescriptor, int> FolderChain<Data>::w
     qsizetype start = 0;
     for (size_t level = 1; level <= depth; ++level) {
         const qsizetype end = m_levels[level].pathLength;
-        FileDescriptor next = openFolder(folder.get(), m_path.mid(start, end - start).constData());
+        FileDescriptor next =
+            openFolder(folder.get(), m_path.mid(start, end - start).constData(), m_accessTimes);
         if (!next.isOpen())
             return std::unexpected(errno);
         folder = std::move(next);

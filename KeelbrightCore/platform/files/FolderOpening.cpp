@@ -1,13 +1,17 @@
 #include "KeelbrightCore/platform/files/FolderOpening.h"
 
+#include "KeelbrightCore/platform/files/ReadingCalls.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 
 namespace keelbright {
 
-FileDescriptor openFolder(int parent, const char* name)
+FileDescriptor openFolder(int parent, const char* name, AccessTimes accessTimes)
 {
     constexpr int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
+    if (accessTimes == AccessTimes::kept)
+        return openKeepingAccessTime(parent, name, flags);
     return FileDescriptor(retrying([&] { return ::openat(parent, name, flags); }));
 }
 
@@ -54,6 +58,12 @@ QByteArrayView takeComponent(QByteArrayView& path)
     const QByteArrayView component = slash < 0 ? path : path.first(slash);
     path = slash < 0 ? QByteArrayView() : path.sliced(slash + 1);
     return component;
+}
+
+bool isAtOrBelow(QByteArrayView path, QByteArrayView folder)
+{
+    return folder.isEmpty() ||
+           (path.startsWith(folder) && (path.size() == folder.size() || path[folder.size()] == '/'));
 }
 
 } // namespace keelbright

@@ -10,9 +10,16 @@ namespace keelbright {
 
 /// Opening folders relative to open ones; no link is ever followed. Internal to the platform folder.
 
+/// Whether listing a folder notes the time in it, as the system does by itself.
+enum class AccessTimes {
+    noted,
+    kept, ///< where the system allows that: to the owner of a folder, and to root
+};
+
 /// A folder of an open one; not open, with `errno` set, where that fails (`ELOOP` or `ENOTDIR` for a
 /// link).
-[[nodiscard]] FileDescriptor openFolder(int parent, const char* name);
+[[nodiscard]] FileDescriptor openFolder(int parent, const char* name,
+                                        AccessTimes accessTimes = AccessTimes::noted);
 
 struct OpenedFolder
 {
@@ -30,5 +37,9 @@ struct OpenedFolder
 
 /// The part of `path` up to its next slash; `path` becomes what follows.
 [[nodiscard]] QByteArrayView takeComponent(QByteArrayView& path);
+
+/// Whether `path` is `folder` itself or lies below it; an empty one stands for the folder that both are
+/// relative to.
+[[nodiscard]] bool isAtOrBelow(QByteArrayView path, QByteArrayView folder);
 
 } // namespace keelbright

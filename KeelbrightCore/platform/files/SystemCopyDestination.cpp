@@ -24,13 +24,6 @@ qsizetype maximumPreparedCopies()
     return static_cast<qsizetype>(std::clamp<rlim_t>((limit.rlim_cur - restOfTheProgram) / 5, 1, maximum));
 }
 
-/// Whether `path` is `folder` itself or lies below it.
-bool isAtOrBelow(QByteArrayView path, QByteArrayView folder)
-{
-    return folder.isEmpty() ||
-           (path.startsWith(folder) && (path.size() == folder.size() || path[folder.size()] == '/'));
-}
-
 QByteArrayList componentsOf(QByteArrayView path)
 {
     QByteArrayList names;

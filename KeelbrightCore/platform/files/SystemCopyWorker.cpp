@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/files/SystemCopyWorker.h"
 
+#include "KeelbrightCore/platform/files/ItemStatus.h"
 #include "KeelbrightCore/platform/files/PreparedItems.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
 
@@ -29,23 +30,6 @@ bool isRemoved(int folder, int code)
 {
     struct stat status = {};
     return code == ENOENT || (code == EPERM && ::fstat(folder, &status) == 0 && status.st_nlink == 0);
-}
-
-/// Where a symbolic link leads; the `errno` value where that can't be read.
-std::expected<QByteArray, int> linkTarget(int folder, const QByteArray& name)
-{
-    QByteArray target(256, Qt::Uninitialized);
-    for (;;) {
-        const ssize_t length =
-            ::readlinkat(folder, name.constData(), target.data(), static_cast<size_t>(target.size()));
-        if (length < 0)
-            return std::unexpected(errno);
-        if (length < target.size()) {
-            target.truncate(length);
-            return target;
-        }
-        target.resize(target.size() * 2);
-    }
 }
 
 std::expected<std::unique_ptr<PreparedCopy>, FileError> prepareLink(const PlannedCopy& plan)

@@ -223,6 +223,12 @@ std::expected<void, FileError> SystemFileManager::writeAtomically(const FileURL&
     return atomicWrite(url, data);
 }
 
+std::expected<void, FileError> SystemFileManager::writePiecesAtomically(const FileURL& url,
+                                                                        const NextPiece& nextPiece)
+{
+    return atomicWrite(url, nextPiece);
+}
+
 FileURL SystemFileManager::homeDirectory() const
 {
     const QByteArray home = qgetenv("HOME");

@@ -36,6 +36,8 @@ public:
                                                                 qint64 maximumSize) const override;
     [[nodiscard]] std::expected<void, FileError> writeAtomically(const FileURL& url,
                                                                  const QByteArray& data) override;
+    [[nodiscard]] std::expected<void, FileError> writePiecesAtomically(const FileURL& url,
+                                                                       const NextPiece& nextPiece) override;
     [[nodiscard]] FileURL homeDirectory() const override;
     [[nodiscard]] FileURL applicationSupportDirectory() const override;
     [[nodiscard]] FileURL systemLocation(const QString& absolutePath) const override;

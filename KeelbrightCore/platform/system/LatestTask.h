@@ -27,6 +27,13 @@ public:
         return m_cancellation;
     }
 
+    /// Asks the task to end with what it has; its result still counts. Does nothing where there is none.
+    void cancel()
+    {
+        if (m_cancellation)
+            m_cancellation->cancel();
+    }
+
     /// Does nothing where there is none.
     void giveUp()
     {

@@ -53,6 +53,33 @@ TEST_F(DirectoryEnumeratorTest, deliversFoldersBeforeWhatIsInThem)
     EXPECT_THAT(walk(root), ElementsAre("a", "a/b", "a/b/file"));
 }
 
+TEST_F(DirectoryEnumeratorTest, givesTheNumberOfEachEntry)
+{
+    const FileURL file = mac.writeFile("tree/file", "x");
+    struct stat status = {};
+    ASSERT_EQ(::stat(file.nativePath().constData(), &status), 0);
+    const auto items = DirectoryEnumerator::open(root, {});
+    ASSERT_TRUE((*items)->next());
+    EXPECT_EQ((*items)->number(), status.st_ino);
+}
+
+TEST_F(DirectoryEnumeratorTest, keepsTheAccessTimesOfFoldersWhereItIsAsked)
+{
+    mac.writeFile("tree/a/b/file", "x");
+    const auto accessTime = [&](const FileURL& folder) {
+        struct stat status = {};
+        EXPECT_EQ(::stat(folder.nativePath().constData(), &status), 0);
+        return status.st_atim.tv_sec;
+    };
+    const QList<FileURL> folders{root, root.appendingNative("a"), root.appendingNative("a/b")};
+    const timespec times[] = {{1'000, 0}, {2'000, 0}};
+    for (const FileURL& folder : folders)
+        ASSERT_EQ(::utimensat(AT_FDCWD, folder.nativePath().constData(), times, 0), 0);
+    EXPECT_EQ(walk(root, Option::keepsAccessTimes).size(), 3);
+    for (const FileURL& folder : folders)
+        EXPECT_EQ(accessTime(folder), 1'000) << folder.path().toStdString();
+}
+
 TEST_F(DirectoryEnumeratorTest, deliversNothingOfAnEmptyFolder)
 {
     EXPECT_THAT(walk(root), IsEmpty());

@@ -169,6 +169,26 @@ TEST_F(SystemFileManagerTest, givesAFileASecondNameThatOutlivesAWriteToTheFirst)
     EXPECT_EQ(testing::TestMac::read(file), "new");
 }
 
+TEST_F(SystemFileManagerTest, writesPiecesAsOneFileOrNotAtAll)
+{
+    const FileURL file = mac.writeFile("folder/list", "old");
+    QByteArrayList pieces{"one", " and ", "two", ""};
+    const auto nextPiece = [&]() -> std::expected<QByteArray, FileError> { return pieces.takeFirst(); };
+    ASSERT_TRUE(files.writePiecesAtomically(file, nextPiece).has_value());
+    EXPECT_EQ(testing::TestMac::read(file), "one and two");
+    pieces = {"half"};
+    const auto failsLater = [&]() -> std::expected<QByteArray, FileError> {
+        if (pieces.isEmpty())
+            return failure(FileError::Operation::read, "pieces", EIO);
+        return pieces.takeFirst();
+    };
+    const auto written = files.writePiecesAtomically(file, failsLater);
+    ASSERT_FALSE(written.has_value());
+    EXPECT_EQ(written.error().name, QStringLiteral("pieces"));
+    EXPECT_EQ(testing::TestMac::read(file), "one and two");
+    EXPECT_EQ(files.contentsOfDirectory(folder, {})->size(), 1) << "and nothing is left behind";
+}
+
 TEST_F(SystemFileManagerTest, writesAtomicallyWithoutLeavingATrace)
 {
     const FileURL file = folder.appending(QStringLiteral("config.json"));

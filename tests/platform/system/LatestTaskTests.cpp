@@ -30,6 +30,17 @@ TEST(LatestTask, isGivenUpOnDemandAndTheNextOneIsNot)
     EXPECT_FALSE(latest.begin()->isCancelled());
 }
 
+TEST(LatestTask, canBeAskedToEndWithWhatItHas)
+{
+    LatestTask latest;
+    latest.cancel();
+    const auto task = latest.begin();
+    EXPECT_FALSE(task->isCancelled());
+    latest.cancel();
+    EXPECT_TRUE(task->isCancelled());
+    EXPECT_FALSE(task->isQuitting());
+}
+
 TEST(LatestTask, isGivenUpWhenItsOwnerGoes)
 {
     std::shared_ptr<const Cancellation> task;

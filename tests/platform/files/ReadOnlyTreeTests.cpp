@@ -1,0 +1,123 @@
+#include "KeelbrightCore/platform/files/ReadOnlyTree.h"
+
+#include "tests/support/TestMac.h"
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+namespace keelbright {
+namespace {
+
+class ReadOnlyTreeTests : public ::testing::Test
+{
+protected:
+    [[nodiscard]] std::unique_ptr<ReadOnlyTree> open(QByteArrayView below = {}) const
+    {
+        auto tree = ReadOnlyTree::open(mac.root(), below);
+        EXPECT_TRUE(tree.has_value());
+        return tree ? std::move(*tree) : nullptr;
+    }
+
+    void link(const char* target, const char* place) const
+    {
+        ASSERT_EQ(::symlink(target, mac.root().appendingNative(place).nativePath().constData()), 0);
+    }
+
+    testing::TestMac mac;
+};
+
+TEST_F(ReadOnlyTreeTests, findsItemsInAnyOrderOfFolders)
+{
+    mac.writeFile("tree/one/two/a", "1");
+    mac.writeFile("tree/one/b", "22");
+    mac.writeFile("tree/other/c", "333");
+    mac.writeFile("tree/d", "4444");
+    const auto tree = open("tree");
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(tree->status("one/two", "a")->size, 1);
+        EXPECT_EQ(tree->status("other", "c")->size, 3);
+        EXPECT_EQ(tree->status("one", "b")->size, 2);
+        EXPECT_EQ(tree->status({}, "d")->size, 4);
+        EXPECT_EQ(tree->status({}, "one")->type, EntryType::directory);
+    }
+}
+
+TEST_F(ReadOnlyTreeTests, saysWhatIsMissingAndFindsTheRestAllTheSame)
+{
+    mac.writeFile("one/a", "1");
+    const auto tree = open();
+    EXPECT_EQ(tree->status("one", "b").error(), ENOENT);
+    EXPECT_EQ(tree->status("one/two/three", "a").error(), ENOENT);
+    EXPECT_EQ(tree->status("one/a", "b").error(), ENOTDIR);
+    EXPECT_EQ(tree->status("one", "a")->size, 1);
+}
+
+TEST_F(ReadOnlyTreeTests, followsNoLinkBelowItsRoot)
+{
+    mac.writeFile("one/a", "1");
+    link("one", "link");
+    link("a", "one/file link");
+    const auto tree = open();
+    EXPECT_THAT(tree->status("link", "a").error(), ::testing::AnyOf(ELOOP, ENOTDIR));
+    EXPECT_EQ(tree->status("one", "file link")->type, EntryType::symbolicLink);
+    EXPECT_EQ(tree->linkTarget("one", "file link"), "a");
+    EXPECT_EQ(tree->openFile("one", "file link").error(), ELOOP);
+    EXPECT_FALSE(ReadOnlyTree::open(mac.root(), "link").has_value());
+    EXPECT_TRUE(ReadOnlyTree::open(mac.root().appendingNative("link")).has_value()) << "the base may be one";
+}
+
+TEST_F(ReadOnlyTreeTests, opensRegularFilesAndNothingElse)
+{
+    mac.writeFile("a", "text");
+    mac.makeFolder("folder");
+    ASSERT_EQ(::mkfifo(mac.root().appendingNative("pipe").nativePath().constData(), 0600), 0);
+    const auto tree = open();
+    EXPECT_EQ(tree->openFile({}, "a")->status().size, 4);
+    EXPECT_EQ(tree->openFile({}, "folder").error(), EISDIR);
+    EXPECT_EQ(tree->openFile({}, "pipe").error(), EOPNOTSUPP);
+    EXPECT_EQ(tree->openFile({}, "missing").error(), ENOENT);
+}
+
+TEST_F(ReadOnlyTreeTests, goesAsDeepAsFoldersDo)
+{
+    QByteArray path;
+    for (int level = 0; level < 60; ++level)
+        path += QByteArray(level == 0 ? "" : "/") + "level " + QByteArray::number(level);
+    mac.writeFile(path + "/a", "1");
+    const auto tree = open();
+    EXPECT_EQ(tree->status(path, "a")->size, 1);
+    EXPECT_EQ(tree->status("level 0", "level 1")->type, EntryType::directory);
+    EXPECT_EQ(tree->status(path, "a")->size, 1);
+}
+
+TEST_F(ReadOnlyTreeTests, knowsWhenItsPlaceIsGone)
+{
+    const FileURL folder = mac.makeFolder("drive");
+    mac.writeFile("drive/a", "1");
+    const auto tree = open("drive");
+    EXPECT_FALSE(tree->isGone(EIO));
+    EXPECT_TRUE(tree->isGone(ENODEV));
+    EXPECT_TRUE(tree->isGone(ENOTCONN));
+    ASSERT_EQ(::rename(folder.nativePath().constData(),
+                       mac.root().appendingNative("elsewhere").nativePath().constData()),
+              0);
+    EXPECT_TRUE(tree->isGone(EIO));
+    EXPECT_EQ(tree->status({}, "a")->size, 1) << "what is open stays open";
+}
+
+TEST_F(ReadOnlyTreeTests, knowsItsOwnFolderAndTheOneAround)
+{
+    mac.makeFolder("around/root/inside");
+    const auto tree = open("around/root");
+    const auto walk = DirectoryEnumerator::open(mac.root(), {});
+    ASSERT_TRUE(walk.has_value());
+    QByteArrayList own;
+    while ((*walk)->next()) {
+        if (tree->isOwnFolder(**walk))
+            own.append((*walk)->name().toByteArray());
+    }
+    EXPECT_THAT(own, ::testing::ElementsAre("around", "root"));
+}
+
+} // namespace
+} // namespace keelbright
