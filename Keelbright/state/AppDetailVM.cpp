@@ -3,11 +3,12 @@
 #include "Keelbright/state/Delivery.h"
 #include "KeelbrightCore/apps/AppLeftoversScanner.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/system/Cancellation.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 #include "KeelbrightCore/platform/text/ByteSum.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 
-#include <QtConcurrentRun>
+#include <memory>
 #include <tuple>
 #include <utility>
 
@@ -34,8 +35,6 @@ AppDetailVM::AppDetailVM(AppInfo app, ActivityStore& activityStore, AppLookup lo
 
 AppDetailVM::~AppDetailVM()
 {
-    // A search that waits for its turn is left out, and a request is ended.
-    m_leftoversSearch.cancel();
     m_itunesRequest.cancel();
 }
 
@@ -53,15 +52,19 @@ void AppDetailVM::setIsLoadingLeftovers(bool isLoading)
 void AppDetailVM::loadLeftovers()
 {
     setIsLoadingLeftovers(true);
-    m_leftoversSearch =
-        QtConcurrent::run(&TaskPools::userInitiated(), [bundleID = m_app.bundleID, name = m_app.name] {
-            return AppLeftoversScanner::scan(bundleID, name);
-        });
-    deliver(m_leftoversSearch, this, [this](const QList<AppLeftover>& found) {
-        m_leftovers = found;
-        Q_EMIT leftoversChanged();
-        setIsLoadingLeftovers(false);
-    });
+    // Of two searches under way, the later one shows its result.
+    const std::shared_ptr<const Cancellation> cancellation = m_leftoversSearch.begin();
+    const auto search = [bundleID = m_app.bundleID, name = m_app.name, cancellation] {
+        return AppLeftoversScanner::scan(bundleID, name, *cancellation);
+    };
+    deliver(TaskPools::runApart(TaskPools::Priority::userInitiated, search), this,
+            [this, cancellation](const QList<AppLeftover>& found) {
+                if (cancellation->isCancelled())
+                    return; // incomplete
+                m_leftovers = found;
+                Q_EMIT leftoversChanged();
+                setIsLoadingLeftovers(false);
+            });
 }
 
 void AppDetailVM::fetchDescription()

@@ -3,6 +3,7 @@
 #include "Keelbright/state/AppServices.h"
 #include "KeelbrightCore/apps/AppInfo.h"
 #include "KeelbrightCore/apps/AppLeftover.h"
+#include "KeelbrightCore/platform/system/LatestTask.h"
 
 #include <QFuture>
 #include <QList>
@@ -46,7 +47,8 @@ public:
 
     void setShowDeleteConfirm(bool show) { m_showDeleteConfirm = show; }
 
-    /// Looks in the background for what the application keeps outside its bundle.
+    /// Looks in the background for what the application keeps outside its bundle. A search that is under
+    /// way ends before its next place, and so does one whose model goes.
     void loadLeftovers();
     /// Asks the App Store; called only when the user wants it.
     void fetchDescription();
@@ -72,7 +74,7 @@ private:
     ActivityStore& m_activityStore;
     AppLookup m_lookup;
     Clock m_clock;
-    QFuture<QList<AppLeftover>> m_leftoversSearch;
+    LatestTask m_leftoversSearch;
     QFuture<std::optional<iTunesAppInfo>> m_itunesRequest;
     QList<AppLeftover> m_leftovers;
     bool m_isLoadingLeftovers = false;

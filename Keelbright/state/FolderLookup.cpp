@@ -4,8 +4,7 @@
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 
-#include <QThreadPool>
-#include <QtConcurrent>
+#include <utility>
 
 namespace keelbright {
 
@@ -45,7 +44,8 @@ void FolderLookup::askNext()
     m_isAsking = !questions.isEmpty();
     if (!m_isAsking)
         return;
-    deliver(QtConcurrent::run(&TaskPools::userInitiated(), ask, questions), this,
+    const auto lookUp = [questions] { return ask(questions); };
+    deliver(TaskPools::runApart(TaskPools::Priority::userInitiated, lookUp), this,
             [this, generation = m_generation](const Answers& answers) {
                 if (generation == m_generation) {
                     m_answers.insert(answers);

@@ -10,8 +10,8 @@
 namespace keelbright {
 
 /// Looks up in the background which items are folders, for a list that asks about the rows on screen.
-/// A place that does not answer, such as a drive on a lost network, blocks one thread, never the
-/// painting. Main thread.
+/// A place that does not answer, such as a drive on a lost network, holds this list's look-up and nothing
+/// else. Main thread.
 class FolderLookup : public QObject
 {
     Q_OBJECT

@@ -25,8 +25,9 @@ struct Place
 class Search
 {
 public:
-    Search(const QString& bundleID, const QString& appName)
-        : m_bundleID(bundleID.toUtf8())
+    Search(const QString& bundleID, const QString& appName, const Cancellation& cancellation)
+        : m_cancellation(cancellation)
+        , m_bundleID(bundleID.toUtf8())
         , m_appName(appName.toUtf8())
         , m_library(m_fileManager.homeDirectory().nativePath() + "/Library/")
     {}
@@ -108,6 +109,8 @@ private:
 
     void append(const FileURL& url, Kind kind)
     {
+        if (m_cancellation.isCancelled())
+            return;
         m_found.append({.url = url, .sizeBytes = itemSize(url), .kind = kind});
     }
 
@@ -119,6 +122,7 @@ private:
     }
 
     const FileManager& m_fileManager = FileManager::defaultManager();
+    const Cancellation& m_cancellation;
     const QByteArray m_bundleID;
     const QByteArray m_appName;
     const QByteArray m_library;
@@ -127,9 +131,10 @@ private:
 
 } // namespace
 
-QList<AppLeftover> AppLeftoversScanner::scan(const QString& bundleID, const QString& appName)
+QList<AppLeftover> AppLeftoversScanner::scan(const QString& bundleID, const QString& appName,
+                                             const Cancellation& cancellation)
 {
-    return Search(bundleID, appName).run();
+    return Search(bundleID, appName, cancellation).run();
 }
 
 } // namespace keelbright

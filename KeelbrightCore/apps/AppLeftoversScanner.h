@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KeelbrightCore/apps/AppLeftover.h"
+#include "KeelbrightCore/platform/system/Cancellation.h"
 
 namespace keelbright::AppLeftoversScanner {
 
@@ -10,7 +11,9 @@ namespace keelbright::AppLeftoversScanner {
 /// measures the folders that it found; any thread but the main one.
 ///
 /// Nothing outside those folders is found, even if a text holds a slash. An empty text finds whole
-/// folders in which all applications keep their files.
-[[nodiscard]] QList<AppLeftover> scan(const QString& bundleID, const QString& appName);
+/// folders in which all applications keep their files. Once cancelled, it ends before the next place that
+/// it would measure, with what it has found so far.
+[[nodiscard]] QList<AppLeftover> scan(const QString& bundleID, const QString& appName,
+                                      const Cancellation& cancellation = Cancellation());
 
 } // namespace keelbright::AppLeftoversScanner

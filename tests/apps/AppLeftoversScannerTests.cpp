@@ -264,6 +264,15 @@ TEST_F(AppLeftoversScannerTests, aPatternFolderThatIsNoFolderIsPassedOver)
     EXPECT_THAT(scan(), ElementsAre("~/Library/Caches/org.example.ink, 2, Cache"));
 }
 
+TEST_F(AppLeftoversScannerTests, aSearchThatIsGivenUpMeasuresNoFurtherPlace)
+{
+    add("Caches/org.example.ink/data", 5);
+    Cancellation cancellation;
+    EXPECT_EQ(AppLeftoversScanner::scan(u"org.example.ink"_s, u"Ink"_s, cancellation).size(), 1);
+    cancellation.quit();
+    EXPECT_EQ(AppLeftoversScanner::scan(u"org.example.ink"_s, u"Ink"_s, cancellation).size(), 0);
+}
+
 TEST_F(AppLeftoversScannerTests, nothingIsChanged)
 {
     const FileURL file = add("Caches/org.example.ink/data", 5);

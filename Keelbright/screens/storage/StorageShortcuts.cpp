@@ -4,8 +4,6 @@
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 
-#include <QThreadPool>
-#include <QtConcurrent>
 #include <utility>
 
 namespace keelbright {
@@ -47,7 +45,7 @@ void StorageShortcuts::lookUp()
         m_looksAgain = true;
         return;
     }
-    deliver(QtConcurrent::run(&TaskPools::userInitiated(), missingPlaces), this,
+    deliver(TaskPools::runApart(TaskPools::Priority::userInitiated, missingPlaces), this,
             [this](const QSet<Place>& missing) {
                 m_isLooking = false;
                 if (std::exchange(m_missing, missing) != missing)
