@@ -151,7 +151,8 @@ Q_SIGNALS:
 
 private:
     void loadPersistedState();
-    void migrateFromUserDefaults();
+    /// `destinationKey` holds the destination, and nothing afterwards, unless nothing could be saved.
+    void migrateFromUserDefaults(const QString& destinationKey);
     void printDiagnostics() const;
     /// Enables the folders of these names and no others; saves after each.
     void enableRecommendedFolders(const QStringList& names);

@@ -24,6 +24,22 @@ QString legacyDestinationKey()
     return u"kb.selectedDestination"_s;
 }
 
+/// The same destination after a migration that could not be saved: the next start begins it again.
+QString unsavedDestinationKey()
+{
+    return u"kb.unsavedDestination"_s;
+}
+
+/// Which of the two there is; empty where no migration is due.
+QString dueDestinationKey(const UserDefaults& defaults)
+{
+    for (const QString& key : {legacyDestinationKey(), unsavedDestinationKey()}) {
+        if (defaults.dataForKey(key))
+            return key;
+    }
+    return {};
+}
+
 template <typename Record>
 std::optional<Record> legacyRecord(const UserDefaults& defaults, const QString& key)
 {
@@ -75,10 +91,13 @@ QStringList enabledNames(const QList<RecommendedFolder>& folders)
 void AppState::loadPersistedState()
 {
     const AppConfiguration config = m_services.configStore.load();
-    if (!config.selectedDestination && m_services.userDefaults.dataForKey(legacyDestinationKey())) {
-        migrateFromUserDefaults();
+    const QString legacyKey = dueDestinationKey(m_services.userDefaults);
+    if (!config.selectedDestination && !legacyKey.isEmpty()) {
+        migrateFromUserDefaults(legacyKey);
         return;
     }
+    if (legacyKey == unsavedDestinationKey())
+        m_services.userDefaults.removeObjectForKey(legacyKey); // a later save has succeeded
     setLastReport(config.lastReport);
     setLastBackupTime(config.lastBackupTime);
     m_services.configStore.beginRewrite();
@@ -93,7 +112,7 @@ void AppState::loadPersistedState()
     printDiagnostics();
 }
 
-void AppState::migrateFromUserDefaults()
+void AppState::migrateFromUserDefaults(const QString& destinationKey)
 {
     printLine(u"Migrating from UserDefaults to BackupConfigStore..."_s);
     UserDefaults& defaults = m_services.userDefaults;
@@ -106,11 +125,17 @@ void AppState::migrateFromUserDefaults()
         enableRecommendedFolders(*names);
     if (const auto sources = legacySources(defaults))
         setCustomSources(*sources);
-    if (const auto destination = legacyRecord<BackupDestination>(defaults, legacyDestinationKey()))
+    const auto destination = legacyRecord<BackupDestination>(defaults, destinationKey);
+    if (destination)
         setSelectedDestination(destination);
-    // Also if it could not be read: there is no second attempt.
-    defaults.removeObjectForKey(legacyDestinationKey());
+    // What could not be read has no second attempt. What could not be saved is nowhere else.
+    if (destination && !m_services.configStore.isSaved())
+        defaults.renameKey(destinationKey, unsavedDestinationKey());
+    else
+        defaults.removeObjectForKey(destinationKey);
     persistState();
+    if (m_services.configStore.isSaved() && defaults.dataForKey(unsavedDestinationKey()))
+        defaults.removeObjectForKey(unsavedDestinationKey());
 }
 
 void AppState::enableRecommendedFolders(const QStringList& names)

@@ -27,6 +27,9 @@ public:
     [[nodiscard]] AppConfiguration load();
     void save(const AppConfiguration& configuration);
 
+    /// Whether the last save has succeeded; false before the first one.
+    [[nodiscard]] bool isSaved() const { return m_isSaved; }
+
     /// The saves up to `endRewrite` write in steps what has just been loaded, the destination last: until
     /// the last one has succeeded, a copy of the whole stays beside the file, and the next load uses it.
     void beginRewrite();
@@ -53,7 +56,7 @@ private:
     bool m_isCopyUnusable = false; ///< likewise the whole copy
     bool m_needsCopy = false;      ///< a rewrite has begun, and its copy is still to be made
     bool m_isRewriting = false;
-    bool m_isSaved = false;    ///< the last save has succeeded
+    bool m_isSaved = false;
     bool m_mayHaveCopy = true; ///< a whole copy may be there
 };
 

@@ -180,6 +180,47 @@ TEST_F(AppStateMigrationTest, aDamagedFileIsMigratedOver)
     EXPECT_EQ(state->selectedDestination(), drive());
 }
 
+TEST_F(AppStateMigrationTest, aStartThatCanSaveNothingLosesNothing)
+{
+    storedDefaults.setStringArray(foldersKey, {u"Music"_s});
+    setLegacySources({codeFolder()});
+    fileManager.refusedPrefix = u"config.json"_s;
+    for (int start = 0; start < 3; ++start) {
+        const auto state = makeState();
+        EXPECT_TRUE(output.startsWith(announcement));
+        EXPECT_EQ(state->selectedDestination(), drive());
+        EXPECT_FALSE(userDefaults.dataForKey(destinationKey).has_value()) << "the key is removed in any case";
+    }
+    fileManager.refusedPrefix.clear();
+    const auto state = makeState();
+    EXPECT_EQ(output, announcement);
+    EXPECT_EQ(state->selectedDestination(), drive());
+    EXPECT_EQ(savedConfiguration(), (AppConfiguration{
+                                        .selectedDestination = drive(),
+                                        .customSources = {codeFolder()},
+                                        .enabledRecommendedFolders = {u"Music"_s},
+                                        .lastReport = std::nullopt,
+                                        .lastBackupTime = std::nullopt,
+                                    }));
+    std::ignore = makeState();
+    EXPECT_TRUE(output.startsWith(u"--- Keel Bright Diagnostics ---\n"_s));
+}
+
+TEST_F(AppStateMigrationTest, aDestinationThatIsSavedLaterIsMigratedOnce)
+{
+    fileManager.refusedPrefix = u"config.json"_s;
+    auto state = makeState();
+    fileManager.refusedPrefix.clear();
+    const BackupDestination other{QUuid::createUuid(), mac.root().appending(u"Volumes/Other"_s)};
+    state->setSelectedDestination(other);
+    state = makeState();
+    EXPECT_TRUE(output.startsWith(u"--- Keel Bright Diagnostics ---\n"_s));
+    EXPECT_EQ(state->selectedDestination(), other);
+    // Not even where the file is lost afterwards.
+    ASSERT_TRUE(fileManager.removeOwnFile(configStore.configURL()));
+    EXPECT_FALSE(makeState()->selectedDestination().has_value());
+}
+
 TEST_F(AppStateMigrationTest, eachStepSavesAndTheLastSaveIsWhole)
 {
     storedDefaults.setStringArray(foldersKey, {u"Music"_s});

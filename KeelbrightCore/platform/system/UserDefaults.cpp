@@ -81,4 +81,13 @@ void UserDefaults::removeObjectForKey(const QString& key)
     m_settings->sync();
 }
 
+void UserDefaults::renameKey(const QString& key, const QString& newKey)
+{
+    if (key == newKey)
+        return;
+    m_settings->setValue(storedKey(newKey), m_settings->value(storedKey(key)));
+    m_settings->remove(storedKey(key));
+    m_settings->sync();
+}
+
 } // namespace keelbright

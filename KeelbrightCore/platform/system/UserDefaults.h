@@ -10,8 +10,7 @@ class QSettings;
 
 namespace keelbright {
 
-/// The per-user key and value storage of earlier versions, which nothing is written to any more. Main
-/// thread.
+/// The per-user key and value storage of earlier versions, to which nothing new is written. Main thread.
 class UserDefaults
 {
 public:
@@ -31,6 +30,8 @@ public:
     /// Nothing where the key is unset or holds no list of texts.
     [[nodiscard]] std::optional<QStringList> stringArrayForKey(const QString& key) const;
     void removeObjectForKey(const QString& key);
+    /// Gives what is kept under a key another one, in a single write: never is it under neither.
+    void renameKey(const QString& key, const QString& newKey);
 
 private:
     std::unique_ptr<QSettings> m_settings;

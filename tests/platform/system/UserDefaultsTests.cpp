@@ -39,6 +39,16 @@ const QByteArray json = R"({"id":"0B6E","url":"file:///Volumes/Backup%20;,=","no
 
 } // namespace
 
+TEST_F(UserDefaultsTests, aRenamedKeyHoldsTheSameDataUnderItsNewNameOnly)
+{
+    stored().setData(text("kb.selectedDestination"), json);
+    UserDefaults::standard().renameKey(text("kb.selectedDestination"), text("kb.unsavedDestination"));
+    UserDefaults::standard().renameKey(text("kb.unsavedDestination"), text("kb.unsavedDestination"));
+    const UserDefaults defaults = UserDefaults::standard();
+    EXPECT_EQ(defaults.dataForKey(text("kb.selectedDestination")), std::nullopt);
+    EXPECT_EQ(defaults.dataForKey(text("kb.unsavedDestination")), json);
+}
+
 TEST_F(UserDefaultsTests, anUnsetKeyHoldsNothing)
 {
     const UserDefaults defaults = UserDefaults::standard();
