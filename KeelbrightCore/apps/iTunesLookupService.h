@@ -14,7 +14,8 @@ struct SearchService
 {
     /// Scheme, host and port.
     QString origin = QStringLiteral("https://itunes.apple.com");
-    /// The request is given up when nothing has arrived for that long.
+    /// The request is given up when the answer has not begun after that long, whatever else has arrived, or
+    /// when nothing more of it has arrived for that long.
     std::chrono::milliseconds timeout = std::chrono::seconds(60);
 };
 
