@@ -20,7 +20,7 @@ from dataclasses import dataclass, field
 from pathlib import Path
 from urllib.parse import unquote_to_bytes
 
-from survival import Work, sealed
+from survival import Work, last_object, sealed
 
 DATE = re.compile(rb"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d")
 OLD_LINE = {"id": "11111111-2222-3333-4444-555555555555", "timestamp": "2026-01-02T03:04:05Z",
@@ -38,11 +38,10 @@ class CareOutcome:
 
     @staticmethod
     def of(output, code):
-        try:
-            left = json.loads(output.strip().splitlines()[-1])["left"]
-            return CareOutcome(code == 0, [os.fsdecode(unquote_to_bytes(path)) for path in left])
-        except (IndexError, ValueError, KeyError):
+        left = (last_object(output) or {}).get("left")
+        if left is None:
             return CareOutcome(False)
+        return CareOutcome(code == 0, [os.fsdecode(unquote_to_bytes(path)) for path in left])
 
 
 class CareWork(Work):

@@ -14,7 +14,7 @@ import os
 import shutil
 from dataclasses import dataclass, field
 
-from survival import Work
+from survival import Work, last_object
 
 # Some pages of a full home long, so that there can be room for the first steps and not for the last.
 SETTINGS = {
@@ -39,10 +39,8 @@ class StartOutcome:
 
     @staticmethod
     def of(output, code):
-        try:
-            return StartOutcome(code == 0, json.loads(output.strip().splitlines()[-1]))
-        except (IndexError, ValueError):
-            return StartOutcome(False)
+        loaded = last_object(output)
+        return StartOutcome(False) if loaded is None else StartOutcome(code == 0, loaded)
 
 
 class Start(Work):

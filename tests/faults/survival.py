@@ -53,6 +53,15 @@ def write_sparse(path, content):
         file.truncate(len(content))
 
 
+def last_object(output):
+    """The JSON object in the last line of what was printed; None if there is none."""
+    try:
+        found = json.loads(output.strip().splitlines()[-1])
+    except (IndexError, ValueError):
+        return None
+    return found if isinstance(found, dict) else None
+
+
 @dataclass
 class Outcome:
     """The outcome of a backup; `ended` if it ended by itself and with success."""
@@ -66,12 +75,11 @@ class Outcome:
 
     @staticmethod
     def of(output, code):
-        try:
-            record = json.loads(output.strip().splitlines()[-1])
-            return Outcome(code == 0, record["copied"], record["skipped"], record["errors"],
-                           record["lastError"], record.get("manifestPath", ""))
-        except (IndexError, ValueError, TypeError, KeyError):
+        record = last_object(output)
+        if record is None or "copied" not in record:
             return Outcome(False)
+        return Outcome(code == 0, record["copied"], record["skipped"], record["errors"], record["lastError"],
+                       record.get("manifestPath", ""))
 
 
 class Hang(Exception):

@@ -1,6 +1,6 @@
 #include "KeelbrightCore/records/AppConfiguration.h"
+#include "tests/records/SampleConfiguration.h"
 #include "tests/support/Printing.h"
-#include "tests/support/SampleReport.h"
 
 #include <QJsonDocument>
 #include <gtest/gtest.h>
@@ -10,19 +10,6 @@ namespace keelbright::testing {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-AppConfiguration sampleConfiguration()
-{
-    return {
-        .selectedDestination =
-            BackupDestination{QUuid::createUuid(), FileURL::fromPath(u"/Volumes/Anchor"_s)},
-        .customSources = {{QUuid::createUuid(), FileURL::fromPath(u"/Users/mira/Code"_s), true},
-                          {QUuid::createUuid(), FileURL::fromNativePath("/Users/mira/caf\xe9"), false}},
-        .enabledRecommendedFolders = {u"Desktop"_s, u"Photos Library"_s},
-        .lastReport = sampleReport(),
-        .lastBackupTime = sampleReport().completedAt,
-    };
-}
 
 JsonError errorOf(const QByteArray& text)
 {

@@ -1,4 +1,5 @@
 #include "tests/state/JunkCleanerVMFixture.h"
+#include "tests/state/OnlyEntry.h"
 
 namespace keelbright::testing {
 
@@ -42,18 +43,17 @@ TEST_F(JunkCleanTest, aCleanIsLogged)
     select({u"small"_s, u"one"_s, u"two"_s});
     mac.setNow(QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7), Qt::UTC));
     model.clean();
-    const QList<ActivityEntry> entries = activityStore.load();
-    ASSERT_EQ(entries.size(), 1);
-    EXPECT_FALSE(entries.first().id.isNull());
-    EXPECT_EQ(entries.first(), (ActivityEntry{
-                                   .id = entries.first().id,
-                                   .timestamp = QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7), Qt::UTC),
-                                   .kind = ActivityEntry::Kind::clean,
-                                   .title = u"Junk files moved to Trash"_s,
-                                   .detail = u"3 items across 3 categories"_s,
-                                   .bytesAffected = 27,
-                                   .itemCount = 3,
-                               }));
+    const ActivityEntry entry = onlyEntry(activityStore);
+    EXPECT_FALSE(entry.id.isNull());
+    EXPECT_EQ(entry, (ActivityEntry{
+                         .id = entry.id,
+                         .timestamp = QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7), Qt::UTC),
+                         .kind = ActivityEntry::Kind::clean,
+                         .title = u"Junk files moved to Trash"_s,
+                         .detail = u"3 items across 3 categories"_s,
+                         .bytesAffected = 27,
+                         .itemCount = 3,
+                     }));
 }
 
 TEST_F(JunkCleanTest, theLogHasTheSingularForOneItemButNotForOneCategory)
@@ -72,11 +72,10 @@ TEST_F(JunkCleanTest, theLogCountsTheBytesOfWhatFailedButNotItsItems)
     fileManager.refused = {u"large"_s};
     select({u"large"_s, u"small"_s});
     model.clean();
-    const QList<ActivityEntry> entries = activityStore.load();
-    ASSERT_EQ(entries.size(), 1);
-    EXPECT_EQ(entries.first().bytesAffected, 40);
-    EXPECT_EQ(entries.first().itemCount, 1);
-    EXPECT_EQ(entries.first().detail, u"1 item across 3 categories"_s);
+    const ActivityEntry entry = onlyEntry(activityStore);
+    EXPECT_EQ(entry.bytesAffected, 40);
+    EXPECT_EQ(entry.itemCount, 1);
+    EXPECT_EQ(entry.detail, u"1 item across 3 categories"_s);
 }
 
 TEST_F(JunkCleanTest, anItemThatCantBeMovedStaysListedAndSelectedAndTheOthersAreMoved)
@@ -177,10 +176,9 @@ TEST_F(JunkCleanTest, theSamePathUnderTwoCategoriesIsMovedOnceAndStaysListedOnce
     EXPECT_EQ(TestMac::read(trashed("com.apple.Safari/file")), QByteArray(10, 'x'));
     EXPECT_EQ(listed(), (QStringList{u"userCaches: zoo"_s, u"browserCache: com.apple.Safari"_s}));
     EXPECT_EQ(model.selectedItemIDs(), QSet<QUuid>{browserCache.id});
-    const QList<ActivityEntry> entries = activityStore.load();
-    ASSERT_EQ(entries.size(), 1);
-    EXPECT_EQ(entries.first().detail, u"1 item across 2 categories"_s);
-    EXPECT_EQ(entries.first().bytesAffected, 20);
+    const ActivityEntry entry = onlyEntry(activityStore);
+    EXPECT_EQ(entry.detail, u"1 item across 2 categories"_s);
+    EXPECT_EQ(entry.bytesAffected, 20);
 }
 
 TEST_F(JunkCleanTest, itemsOfTheHomesTrashFolderCanBeCleaned)

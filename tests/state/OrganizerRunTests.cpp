@@ -1,4 +1,5 @@
 #include "Keelbright/state/OrganizerVM.h"
+#include "tests/state/OnlyEntry.h"
 #include "tests/state/OrganizerVMFixture.h"
 
 #include <filesystem>
@@ -38,18 +39,17 @@ TEST_F(OrganizerRunTest, aRunMovesWhatIsTickedAndLogsIt)
     EXPECT_TRUE(exists(u"Images/a.png"_s));
     EXPECT_TRUE(exists(u"Images/b.png"_s));
     EXPECT_TRUE(exists(u"Audio/c.mp3"_s));
-    const QList<ActivityEntry> entries = activityStore.load();
-    ASSERT_EQ(entries.size(), 1);
-    EXPECT_FALSE(entries.first().id.isNull());
-    EXPECT_EQ(entries.first(), (ActivityEntry{
-                                   .id = entries.first().id,
-                                   .timestamp = QDateTime(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC),
-                                   .kind = ActivityEntry::Kind::organise,
-                                   .title = u"Files organised"_s,
-                                   .detail = u"3 files sorted into subfolders in Downloads"_s,
-                                   .bytesAffected = 130,
-                                   .itemCount = 3,
-                               }));
+    const ActivityEntry entry = onlyEntry(activityStore);
+    EXPECT_FALSE(entry.id.isNull());
+    EXPECT_EQ(entry, (ActivityEntry{
+                         .id = entry.id,
+                         .timestamp = QDateTime(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC),
+                         .kind = ActivityEntry::Kind::organise,
+                         .title = u"Files organised"_s,
+                         .detail = u"3 files sorted into subfolders in Downloads"_s,
+                         .bytesAffected = 130,
+                         .itemCount = 3,
+                     }));
 }
 
 TEST_F(OrganizerRunTest, aRunThatMovedEverythingLeavesNothingToDo)
@@ -161,11 +161,10 @@ TEST_F(OrganizerRunTest, filesThatFailedLeaveThePlanToo)
     removeFile(u"gone.png"_s);
     model.execute();
     EXPECT_THAT(model.proposals(), IsEmpty());
-    const QList<ActivityEntry> entries = activityStore.load();
-    ASSERT_EQ(entries.size(), 1);
-    EXPECT_EQ(entries.first().itemCount, 1);
-    EXPECT_EQ(entries.first().bytesAffected, 30) << "what failed is counted as well";
-    EXPECT_EQ(entries.first().detail, u"1 file sorted into subfolders in Downloads"_s);
+    const ActivityEntry entry = onlyEntry(activityStore);
+    EXPECT_EQ(entry.itemCount, 1);
+    EXPECT_EQ(entry.bytesAffected, 30) << "what failed is counted as well";
+    EXPECT_EQ(entry.detail, u"1 file sorted into subfolders in Downloads"_s);
 }
 
 TEST_F(OrganizerRunTest, aFileThatFailedComesBackWithTheNextScan)
