@@ -96,11 +96,17 @@ QString errorList(const QStringList& errors)
 
 using WriteFile = std::function<std::expected<void, FileError>(const FileURL&, const QByteArray&)>;
 
+QString nameOf(const BackupReport& report)
+{
+    return u"backup-report-"_s + stamp(report.startedAt);
+}
+
+/// `earlier` is the name that an earlier report of this name has been given.
 std::expected<WrittenReport, FileError> writeBoth(const BackupReport& report, const FileURL& reportsDir,
+                                                  const std::optional<QString>& earlier,
                                                   const WriteFile& writeFile)
 {
-    const QString name = u"backup-report-"_s + stamp(report.startedAt);
-    const std::optional<QString> earlier = moveAside(reportsDir, name);
+    const QString name = nameOf(report);
     WrittenReport written{reportsDir.appending(name + ".json"_L1), reportsDir.appending(name + ".md"_L1)};
     if (const auto done =
             writeFile(written.jsonURL, QJsonDocument(report.toJson()).toJson(QJsonDocument::Indented));
@@ -118,17 +124,22 @@ std::expected<WrittenReport, FileError> writeBoth(const BackupReport& report, co
 
 std::expected<WrittenReport, FileError> write(const BackupReport& report, const FileURL& reportsDir)
 {
-    return writeBoth(report, reportsDir, [](const FileURL& url, const QByteArray& data) {
+    const auto writeFile = [](const FileURL& url, const QByteArray& data) {
         return FileManager::defaultManager().writeAtomically(url, data);
-    });
+    };
+    return writeBoth(report, reportsDir, moveAside(reportsDir, nameOf(report)), writeFile);
 }
 
 std::expected<WrittenReport, FileError> write(const BackupReport& report, const FileURL& reportsDir,
                                               CopyDestination& folder)
 {
-    return writeBoth(report, reportsDir, [&folder](const FileURL& url, const QByteArray& data) {
+    const auto writeFile = [&folder](const FileURL& url, const QByteArray& data) {
         return folder.writeAtomically(url.nativeLastPathComponent(), data);
-    });
+    };
+    // Nothing is renamed where another folder has taken the path meanwhile, or a link.
+    const auto earlier =
+        folder.isInPlace() ? moveAside(reportsDir, nameOf(report)) : std::optional<QString>();
+    return writeBoth(report, reportsDir, earlier, writeFile);
 }
 
 QString generateMarkdown(const BackupReport& report)
