@@ -4,6 +4,7 @@
 #include "KeelbrightCore/backup/PreflightService.h"
 #include "KeelbrightCore/platform/system/Logging.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
+#include "KeelbrightCore/platform/system/WaitForMemory.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 
 #include <utility>
@@ -29,21 +30,25 @@ void AppState::watchEngine()
     connect(&m_engine, &BackupEngine::isRunningChanged, this, [this] {
         const bool hasEnded = m_wasRunning && !m_engine.isRunning();
         m_wasRunning = m_engine.isRunning();
-        if (hasEnded)
+        const auto completeLater = [this] {
             QMetaObject::invokeMethod(this, &AppState::handleEngineCompletion, Qt::QueuedConnection);
+        };
+        if (hasEnded)
+            waitingForMemory(completeLater); // else the report would be saved and logged nowhere
     });
 }
 
 void AppState::queueChange()
 {
     // Each copied file changes the engine three times.
-    if (std::exchange(m_isChangeQueued, true))
+    if (m_isChangeQueued)
         return;
     const auto announce = [this] {
         m_isChangeQueued = false;
         Q_EMIT changed();
     };
     QMetaObject::invokeMethod(this, announce, Qt::QueuedConnection);
+    m_isChangeQueued = true; // only now: where memory runs out, the next change is announced
 }
 
 void AppState::setSelectedScreen(std::optional<Screen> screen)

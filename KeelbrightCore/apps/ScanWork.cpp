@@ -1,11 +1,14 @@
 #include "KeelbrightCore/apps/ScanWork.h"
 
+#include "KeelbrightCore/platform/system/Logging.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
+#include "KeelbrightCore/platform/system/WaitForMemory.h"
 
 #include <QMutex>
 #include <QThread>
 #include <QThreadPool>
 #include <deque>
+#include <new>
 #include <utility>
 
 namespace keelbright::AppScanner {
@@ -36,14 +39,19 @@ public:
         }
         // While every thread is taken, scans wait behind whatever else the user waits for.
         constexpr int priority = -1;
-        TaskPools::userInitiated().start([this] { work(); }, priority);
+        waitingForMemory([this] { TaskPools::userInitiated().start([this] { work(); }, priority); });
     }
 
 private:
     void work()
     {
-        while (Step step = next())
-            step();
+        while (Step step = next()) {
+            try {
+                step();
+            } catch (const std::bad_alloc&) {
+                qCDebug(appsLog) << "not enough memory for a scan, which is not finished";
+            }
+        }
     }
 
     /// Empty, and the thread is counted as gone, where there is none.

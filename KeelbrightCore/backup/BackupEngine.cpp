@@ -2,9 +2,13 @@
 
 #include "KeelbrightCore/backup/BackupRunner.h"
 #include "KeelbrightCore/backup/BackupTask.h"
+#include "KeelbrightCore/platform/system/Logging.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
+#include "KeelbrightCore/platform/system/WaitForMemory.h"
 
 #include <QThreadPool>
+#include <algorithm>
+#include <new>
 
 namespace keelbright {
 
@@ -34,11 +38,12 @@ void BackupEngine::startBackup(const BackupJob& job)
     setProgress({});
     setLastReport(std::nullopt);
 
-    m_currentTask = BackupTask::create(*this);
-    TaskPools::userInitiated().start([job, task = m_currentTask] {
+    m_currentTask = waitingForMemory([this] { return BackupTask::create(*this); });
+    const auto run = [job, task = m_currentTask] {
         BackupRunner::run(job, *task);
         task->markEnded();
-    });
+    };
+    waitingForMemory([&run] { TaskPools::userInitiated().start(run); });
 }
 
 void BackupEngine::cancel()
@@ -51,69 +56,79 @@ void BackupEngine::cancel()
 void BackupEngine::incrementCopied(qint64 size, const QString& name)
 {
     m_progress.filesCopied += 1;
-    announceProgress();
+    announce(&BackupEngine::progressChanged);
     m_progress.bytesCopied += size;
-    announceProgress();
+    announce(&BackupEngine::progressChanged);
     m_progress.currentFile = name;
-    announceProgress();
+    announce(&BackupEngine::progressChanged);
 }
 
 void BackupEngine::setProgress(const BackupProgress& progress)
 {
     m_progress = progress;
-    announceProgress();
+    announce(&BackupEngine::progressChanged);
 }
 
 void BackupEngine::setTotalFilesEstimate(qint64 count)
 {
     m_progress.totalFilesEstimate = count;
-    announceProgress();
+    announce(&BackupEngine::progressChanged);
 }
 
 void BackupEngine::incrementSkipped()
 {
     m_progress.filesSkipped += 1;
-    announceProgress();
+    announce(&BackupEngine::progressChanged);
 }
 
 void BackupEngine::appendError(const QString& line)
 {
+    makeRoomForError();
     m_progress.errors.append(line);
-    announceProgress();
+    announce(&BackupEngine::progressChanged);
+}
+
+void BackupEngine::makeRoomForError()
+{
+    QStringList& errors = m_progress.errors;
+    errors.detach();
+    constexpr qsizetype first = 16;
+    if (errors.size() == errors.capacity())
+        errors.reserve(std::max(first, 2 * errors.size()));
 }
 
 void BackupEngine::setIsRunning(bool isRunning)
 {
     m_isRunning = isRunning;
-    Q_EMIT isRunningChanged();
-    Q_EMIT changed();
+    announce(&BackupEngine::isRunningChanged);
 }
 
 void BackupEngine::setIsCancelled(bool isCancelled)
 {
     m_isCancelled = isCancelled;
-    Q_EMIT isCancelledChanged();
-    Q_EMIT changed();
+    announce(&BackupEngine::isCancelledChanged);
 }
 
 void BackupEngine::setLastReport(const std::optional<BackupReport>& report)
 {
     m_lastReport = report;
-    Q_EMIT lastReportChanged();
-    Q_EMIT changed();
+    announce(&BackupEngine::lastReportChanged);
 }
 
 void BackupEngine::setLastError(const std::optional<QString>& error)
 {
     m_lastError = error;
-    Q_EMIT lastErrorChanged();
-    Q_EMIT changed();
+    announce(&BackupEngine::lastErrorChanged);
 }
 
-void BackupEngine::announceProgress()
+void BackupEngine::announce(void (BackupEngine::*what)())
 {
-    Q_EMIT progressChanged();
-    Q_EMIT changed();
+    try {
+        Q_EMIT(this->*what)();
+        Q_EMIT changed();
+    } catch (const std::bad_alloc&) {
+        qCDebug(backupLog) << "not enough memory for an observer";
+    }
 }
 
 bool BackupEngine::shutDown(int milliseconds)

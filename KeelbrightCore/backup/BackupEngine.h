@@ -14,6 +14,9 @@ class BackupTask;
 
 /// The object that the screens watch during a backup: owns the running task and publishes its
 /// progress. Main thread only. Destroying it ends a run before its next item.
+///
+/// Where memory runs out, a setter throws before it has changed anything. An observer that finds no memory
+/// keeps none of the others from the next announcement.
 class BackupEngine : public QObject
 {
     Q_OBJECT
@@ -46,6 +49,8 @@ public:
     void setTotalFilesEstimate(qint64 count);
     void incrementSkipped();
     void appendError(const QString& line);
+    /// So that the next `appendError` needs no memory.
+    void makeRoomForError();
     void setIsRunning(bool isRunning);
     void setLastReport(const std::optional<BackupReport>& report);
     void setLastError(const std::optional<QString>& error);
@@ -68,7 +73,7 @@ Q_SIGNALS:
 
 private:
     void setIsCancelled(bool isCancelled);
-    void announceProgress();
+    void announce(void (BackupEngine::*what)());
 
     BackupProgress m_progress;
     bool m_isRunning = false;

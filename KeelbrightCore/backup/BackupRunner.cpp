@@ -9,7 +9,9 @@
 #include "KeelbrightCore/backup/ManifestGenerator.h"
 #include "KeelbrightCore/backup/SourceCopy.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/OutOfMemory.h"
 #include "KeelbrightCore/platform/system/Logging.h"
+#include "KeelbrightCore/platform/system/WaitForMemory.h"
 
 #include <QJsonDocument>
 #include <algorithm>
@@ -42,17 +44,30 @@ std::expected<RunFolders, FileError> createFolders(const BackupJob& job, FileMan
                       std::move(*reports)};
 }
 
+/// Makes a change that nothing may keep from the engine, not even a lack of memory.
+template <typename Change> void hop(BackupTask& task, const Change& change)
+{
+    task.hop(waitingForMemory([&] { return BackupTask::Change(change); }));
+}
+
 void appendError(const QString& line, BackupTask& task)
 {
     qCDebug(backupLog).noquote() << "error:" << line;
-    task.hop([line](BackupEngine& engine) { engine.appendError(line); });
+    hop(task, [line](BackupEngine& engine) { engine.appendError(line); });
+}
+
+void appendError(const QString& what, const FileError& error, BackupTask& task)
+{
+    appendError(waitingForMemory([&] { return errorLine(what, error); }), task);
 }
 
 void reportEstimate(const BackupJob& job, BackupTask& task)
-{
+try {
     const auto scan = FileScanner::scan(job.sources, FileScanner::Sizes::leftOut, task.cancellation());
     qCDebug(backupLog) << "estimate:" << scan.fileCount << "files";
-    task.hop([count = scan.fileCount](BackupEngine& engine) { engine.setTotalFilesEstimate(count); });
+    hop(task, [count = scan.fileCount](BackupEngine& engine) { engine.setTotalFilesEstimate(count); });
+} catch (const std::bad_alloc&) {
+    qCDebug(backupLog) << "not enough memory for the estimate";
 }
 
 void copySources(const BackupJob& job, const RunFolders& folders, FileManager& fileManager, BackupTask& task)
@@ -69,21 +84,26 @@ void copySources(const BackupJob& job, const RunFolders& folders, FileManager& f
 /// Writes the manifest and returns its path for the report.
 QString writeManifest(const BackupJob& job, const RunFolders& folders, BackupTask& task)
 {
-    const QByteArray name = "recovery-manifest.json";
-    const QJsonDocument document(ManifestGenerator::generate(job).toJson());
-    // Not by its path, which another drive may have taken since the start.
-    const auto written = folders.mirror->writeAtomically(name, document.toJson(QJsonDocument::Indented));
+    const QByteArray name = QByteArrayLiteral("recovery-manifest.json");
+    const auto written = orOutOfMemory(FileError::Operation::written, name, [&] {
+        const QJsonDocument document(ManifestGenerator::generate(job).toJson());
+        // Not by its path, which another drive may have taken since the start.
+        return folders.mirror->writeAtomically(name, document.toJson(QJsonDocument::Indented));
+    });
     if (written)
-        return folders.latest.appendingNative(name).path();
-    appendError(errorLine(QStringLiteral("Manifest write failed"), written.error()), task);
+        return waitingForMemory([&] { return folders.latest.appendingNative(name).path(); });
+    appendError(QStringLiteral("Manifest write failed"), written.error(), task);
     return QStringLiteral("Failed");
 }
 
 /// What is reported as copied has to be on the drive, not only in the machine's memory.
 void flush(const BackupJob& job, CopyDestination& mirror, BackupTask& task)
 {
-    if (const auto flushed = mirror.flush(); !flushed)
-        appendError(skipLine(job.destination.displayName(), flushed.error()), task);
+    const auto flushed = orOutOfMemory(FileError::Operation::flushed, job.destination.url.nativePath(),
+                                       [&mirror] { return mirror.flush(); });
+    if (!flushed)
+        appendError(
+            waitingForMemory([&] { return skipLine(job.destination.displayName(), flushed.error()); }), task);
     else
         qCDebug(backupLog) << "drive flushed";
 }
@@ -129,17 +149,20 @@ void conclude(const BackupJob& job, const QDateTime& startedAt, const Clock& clo
     const QString manifestPath = writeManifest(job, folders, task);
     flush(job, *folders.mirror, task);
     BackupProgress progress;
-    task.hop([&progress](BackupEngine& engine) { progress = engine.progress(); });
+    hop(task, [&progress](BackupEngine& engine) { progress = engine.progress(); });
     if (task.cancellation().isQuitting())
         return;
     // A clock that was set back meanwhile must not make the run end before its start.
     const RunTimes times{startedAt, std::max(startedAt, clock())};
-    const BackupReport report = makeReport(job, times, progress, folders.latest, manifestPath);
-    if (const auto written = writeReport(report, folders); !written)
-        appendError(errorLine(QStringLiteral("Report write failed"), written.error()), task);
+    const BackupReport report =
+        waitingForMemory([&] { return makeReport(job, times, progress, folders.latest, manifestPath); });
+    const auto written = orOutOfMemory(FileError::Operation::written, folders.reports.nativePath(),
+                                       [&] { return writeReport(report, folders); });
+    if (!written)
+        appendError(QStringLiteral("Report write failed"), written.error(), task);
     qCDebug(backupLog) << "run ended:" << report.filesCopied << "copied," << report.filesSkipped << "skipped,"
                        << report.errors.size() << "errors";
-    task.hop([report](BackupEngine& engine) {
+    hop(task, [report](BackupEngine& engine) {
         engine.setLastReport(report);
         engine.setIsRunning(false);
     });
@@ -147,10 +170,11 @@ void conclude(const BackupJob& job, const QDateTime& startedAt, const Clock& clo
 
 void failToStart(const FileError& error, BackupTask& task)
 {
-    const QString text = errorLine(QStringLiteral("Could not create backup folders"), error);
+    const QString text =
+        waitingForMemory([&] { return errorLine(QStringLiteral("Could not create backup folders"), error); });
     qCDebug(backupLog).noquote() << "run could not start:" << text;
-    task.hop([text](BackupEngine& engine) { engine.setLastError(text); });
-    task.hop([](BackupEngine& engine) { engine.setIsRunning(false); });
+    hop(task, [text](BackupEngine& engine) { engine.setLastError(text); });
+    hop(task, [](BackupEngine& engine) { engine.setIsRunning(false); });
 }
 
 } // namespace
@@ -161,7 +185,8 @@ void run(const BackupJob& job, BackupTask& task, const Clock& clock)
     const QDateTime startedAt = clock();
     qCDebug(backupLog).noquote() << "run started:" << job.sources.size() << "sources to"
                                  << job.destination.path();
-    const auto folders = createFolders(job, fileManager);
+    const auto folders = orOutOfMemory(FileError::Operation::created, job.destination.url.nativePath(),
+                                       [&] { return createFolders(job, fileManager); });
     if (!folders) {
         failToStart(folders.error(), task);
         return;
@@ -179,14 +204,14 @@ void run(const BackupJob& job, BackupTask& task, const Clock& clock)
 
 void copySource(const BackupSource& source, const FileURL& latest, CopyDestination& destination,
                 FileManager& fileManager, BackupTask& task)
-{
+try {
     const QByteArray relativeRoot = "Personal Files/" + source.url.nativeLastPathComponent();
     const FileURL root = latest.appendingNative(relativeRoot);
     using Option = DirectoryEnumerator::Option;
     const auto items = fileManager.enumerator(source.url, Option::skipsHiddenFiles | Option::followsRootLink);
     const auto entered = destination.enterFolder(relativeRoot, items ? items->get() : nullptr);
     if (!entered) {
-        appendError(errorLine(QStringLiteral("Cannot create ") + root.path(), entered.error()), task);
+        appendError(QStringLiteral("Cannot create ") + root.path(), entered.error(), task);
         return;
     }
     if (!items) {
@@ -196,6 +221,12 @@ void copySource(const BackupSource& source, const FileURL& latest, CopyDestinati
     }
     qCDebug(backupLog).noquote() << "source entered:" << source.url.path();
     SourceCopy(**items, destination, root, relativeRoot, task).run();
+} catch (const std::bad_alloc&) {
+    // Before the first item: memory that runs out later is the error of an item.
+    task.wait();
+    waitingForMemory([&destination] { destination.leaveFolders(); });
+    appendError(waitingForMemory([&] { return QStringLiteral("Cannot enumerate: ") + source.url.path(); }),
+                task);
 }
 
 QString sanitize(const QString& name)

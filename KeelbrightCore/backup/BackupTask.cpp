@@ -5,6 +5,8 @@
 #include <QThread>
 #include <algorithm>
 #include <chrono>
+#include <new>
+#include <thread>
 #include <tuple>
 #include <utility>
 
@@ -16,6 +18,8 @@ using SteadyClock = std::chrono::steady_clock;
 
 /// How long the main thread makes changes before it goes back to its events: well under a frame.
 constexpr auto longestStay = std::chrono::milliseconds(2);
+/// Before the run asks again for a change that there was no memory for.
+constexpr auto pauseWithoutMemory = std::chrono::milliseconds(20);
 
 const QEvent::Type changeEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
 
@@ -44,16 +48,33 @@ void BackupTask::post(Change change, NextChange next)
     if (m_cancellation.isQuitting())
         return;
     m_change = std::move(change);
+    offer(next);
+}
+
+void BackupTask::offer(NextChange next)
+{
     m_next = next;
     m_runThread.noteProcessor();
     m_isPending = true;
-    if (m_isMainThreadAsleep.exchange(false))
+    if (m_isMainThreadAsleep.exchange(false)) {
         m_mainThreadWakeUp.release();
-    else
-        callMainThread();
+        return;
+    }
+    while (isPending() && !callMainThread())
+        std::this_thread::sleep_for(pauseWithoutMemory);
 }
 
 void BackupTask::wait()
+{
+    waitForMainThread();
+    while (!m_cancellation.isQuitting() && !m_isMade) {
+        std::this_thread::sleep_for(pauseWithoutMemory);
+        offer(NextChange::later);
+        waitForMainThread();
+    }
+}
+
+void BackupTask::waitForMainThread()
 {
     if (m_runThread.until([this] { return !isPending(); }, m_mainThread))
         return;
@@ -89,19 +110,23 @@ bool BackupTask::event(QEvent* event)
     if (event->type() != changeEvent)
         return QObject::event(event);
     const auto leaveAt = SteadyClock::now() + longestStay;
-    while (makeChange() && SteadyClock::now() < leaveAt && hasNextChange(leaveAt)) {
-    }
-    m_isMainThreadCalled = false;
-    // A run that posted while the flag was still set has sent no event.
-    if (isPending())
-        callMainThread();
+    do {
+        while (makeChange() && SteadyClock::now() < leaveAt && hasNextChange(leaveAt)) {
+        }
+        m_isMainThreadCalled = false;
+        // A run that posted while the flag was still set has sent no event.
+    } while (isPending() && !callMainThread());
     return true;
 }
 
-void BackupTask::callMainThread()
-{
+bool BackupTask::callMainThread()
+try {
     if (!m_isMainThreadCalled && !m_isMainThreadCalled.exchange(true))
         QCoreApplication::postEvent(this, new QEvent(changeEvent));
+    return true;
+} catch (const std::bad_alloc&) {
+    m_isMainThreadCalled = false;
+    return false;
 }
 
 bool BackupTask::makeChange()
@@ -110,11 +135,24 @@ bool BackupTask::makeChange()
         return false;
     m_mainThread.noteProcessor();
     const bool isFollowedSoon = m_next == NextChange::soon; // the run may post as soon as this one is made
-    // Moved out, so that what it carries is destroyed before the run goes on.
-    std::exchange(m_change, nullptr)(m_engine);
+    const bool isMade = tryChange();
+    m_isMade = isMade;
     m_isPending = false;
     wakeRun();
-    return isFollowedSoon;
+    return isFollowedSoon && isMade;
+}
+
+bool BackupTask::tryChange()
+{
+    // Moved out, so that what it carries is destroyed before the run goes on.
+    Change change = std::exchange(m_change, nullptr);
+    try {
+        change(m_engine);
+        return true;
+    } catch (const std::bad_alloc&) {
+        m_change = std::move(change);
+        return false;
+    }
 }
 
 /// Whether there is one before the main thread has to leave.

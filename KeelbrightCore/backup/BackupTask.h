@@ -24,6 +24,7 @@ class BackupEngine;
 class BackupTask : public QObject
 {
 public:
+    /// Where memory runs out it throws; it is made again later then, and so must not have changed anything.
     using Change = UniqueFunction<void(BackupEngine&)>;
 
     [[nodiscard]] static std::shared_ptr<BackupTask> create(BackupEngine& engine);
@@ -71,13 +72,18 @@ private:
     explicit BackupTask(BackupEngine& engine);
     static void destroy(BackupTask* task);
 
+    void offer(NextChange next);
+    void waitForMainThread();
     /// Whether the main thread is to wait for the next one.
     [[nodiscard]] bool makeChange();
+    /// Whether there was enough memory for it.
+    [[nodiscard]] bool tryChange();
     [[nodiscard]] bool hasNextChange(std::chrono::steady_clock::time_point leaveAt);
 
     [[nodiscard]] bool hasNews() const { return m_isPending || m_cancellation.isQuitting(); }
 
-    void callMainThread();
+    /// False where there is no memory for that.
+    [[nodiscard]] bool callMainThread();
     void sleepUntilNews(std::chrono::milliseconds longest);
     void wakeRun();
 
@@ -85,6 +91,7 @@ private:
     Cancellation m_cancellation;
     Change m_change;
     NextChange m_next = NextChange::later; ///< after `m_change`
+    bool m_isMade = true;                  ///< the change before; to be read only when none is pending
     std::atomic<bool> m_isPending = false;
     std::atomic<bool> m_isMainThreadCalled = false; ///< it is about to look for changes, or is looking
     std::atomic<bool> m_isMainThreadAsleep = false; ///< it waits for `m_mainThreadWakeUp`

@@ -1,9 +1,12 @@
 #include "KeelbrightCore/backup/CopyQueue.h"
 
+#include "KeelbrightCore/platform/files/OutOfMemory.h"
+
 #include <algorithm>
 #include <iterator>
 #include <limits>
-#include <ranges>
+#include <new>
+#include <vector>
 
 namespace keelbright {
 
@@ -19,18 +22,23 @@ constexpr auto longestWait = std::chrono::milliseconds(500);
 
 CopyQueue::Result CopyQueue::prepare(const Item& item, CopyWorker& worker, const Cancellation& cancellation)
 {
-    return item.plan ? worker.prepare(*item.plan, cancellation) : nullptr;
+    if (!item.plan)
+        return nullptr;
+    return orOutOfMemory(FileError::Operation::copied, item.plan->name,
+                         [&] { return worker.prepare(*item.plan, cancellation); });
 }
 
 CopyQueue::CopyQueue()
     : m_limit(unlimited)
 {}
 
-qsizetype CopyQueue::add(Item item)
+qsizetype CopyQueue::add(Item&& item)
 {
+    const auto entry = std::make_shared<Entry>();
     const Lock lock(m_mutex);
-    const State state = item.plan ? State::waiting : State::ready;
-    m_entries.push_back(std::make_shared<Entry>(Entry{std::move(item), state}));
+    m_entries.push_back(entry);
+    entry->state = item.plan ? State::waiting : State::ready;
+    entry->item = std::move(item);
     noteReady();
     wakeWorkers();
     return std::ssize(m_entries);
@@ -78,10 +86,16 @@ void CopyQueue::dispose(std::vector<Item> items)
     const Lock lock(m_mutex);
     if (m_workersAsleep + m_workersAwake == 0)
         return;
-    if (m_disposed.empty())
+    if (m_disposed.empty()) {
         m_disposed.swap(items);
-    else
+    } else {
+        try {
+            m_disposed.reserve(std::max(m_disposed.size() + items.size(), 2 * m_disposed.capacity()));
+        } catch (const std::bad_alloc&) {
+            return; // destroyed here
+        }
         std::ranges::move(items, std::back_inserter(m_disposed));
+    }
     wakeWorkers();
 }
 
@@ -98,15 +112,23 @@ void CopyQueue::setWorkers(int count)
     wakeWorkers();
 }
 
-void CopyQueue::startAgainSlowly(std::vector<Item> taken)
+void CopyQueue::startAgainSlowly(std::vector<Item>&& taken)
 {
-    std::deque<Result> dropped; // destroyed without the lock: to close a file may take its time
+    std::vector<std::shared_ptr<Entry>> returned;
+    while (returned.size() < taken.size())
+        returned.push_back(std::make_shared<Entry>());
+    std::vector<Result> dropped; // destroyed without the lock: to close a file may take its time
     Lock lock(m_mutex);
     m_limit = 1;
     waitForWorkers(lock, longestWait);
     destroyDisposed(lock);
-    for (Item& item : std::views::reverse(taken))
-        m_entries.push_front(std::make_shared<Entry>(Entry{std::move(item), State::ready}));
+    dropped.reserve(m_entries.size() + taken.size());
+    m_entries.insert(m_entries.begin(), returned.begin(), returned.end());
+    // From here on nothing needs memory.
+    for (size_t index = 0; index < taken.size(); ++index) {
+        returned[index]->item = std::move(taken[index]);
+        returned[index]->state = State::ready;
+    }
     for (const auto& entry : m_entries) {
         if (entry->state != State::ready || !entry->item.plan)
             continue;
@@ -131,16 +153,17 @@ void CopyQueue::notePublished()
 
 void CopyQueue::close()
 {
-    std::deque<std::shared_ptr<Entry>> dropped; // destroyed without the lock
     m_givenUp.quit();
     Lock lock(m_mutex);
     m_isClosed = true;
-    dropped.swap(m_entries);
+    m_dropped.swap(m_entries);
     m_readyCount = 0;
     m_nextClaim = 0;
     m_workToDo.notify_all();
     waitForWorkers(lock, longestWait);
     destroyDisposed(lock);
+    lock.unlock();
+    m_dropped.clear(); // without the lock: to close a file may take its time
 }
 
 void CopyQueue::work(CopyWorker& worker)

@@ -44,7 +44,7 @@ public:
     /// So many items have to wait before a worker is woken: to wake one takes longer than to copy a few.
     static constexpr qsizetype worthWaking = 32;
 
-    /// An item without a plan has nothing to be prepared.
+    /// An item without a plan has nothing to be prepared. A lack of memory is the error of the item.
     [[nodiscard]] static Result prepare(const Item& item, CopyWorker& worker,
                                         const Cancellation& cancellation);
 
@@ -52,15 +52,17 @@ public:
 
     // For the thread of the run.
 
-    /// Gives the number of items in the queue.
-    qsizetype add(Item item);
+    /// Takes the item and gives the number of items in the queue. Where memory runs out it throws, and the
+    /// item stays the caller's.
+    qsizetype add(Item&& item);
     [[nodiscard]] qsizetype size() const;
     /// Waits until the first `count` items are ready, until the run has to prepare an item itself because
     /// no worker is awake, or until the time has passed.
     [[nodiscard]] Progress waitForReady(qsizetype count, std::chrono::milliseconds longest);
     /// Prepares the first item that is not ready. To be called where `Progress` asks for it.
     void prepareOne(CopyWorker& worker, const Cancellation& cancellation);
-    /// Takes the first `count` items out, all of which have to be ready.
+    /// Takes the first `count` items out, all of which have to be ready. Where memory runs out it throws and
+    /// has taken nothing.
     [[nodiscard]] std::vector<Item> take(qsizetype count);
     /// Takes items that have been completed and are to be destroyed: to close what an old copy was replaced
     /// by frees the old copy's room, which may take longer than all else. The workers do it where there are
@@ -73,7 +75,8 @@ public:
     /// Puts `taken` back at the front and drops what has been prepared, so that its open files and its room
     /// on the drive are free; waits for the workers before, though never long for one that hangs. From now
     /// on only the first item may be prepared, and twice as many with each copy that `notePublished` reports.
-    void startAgainSlowly(std::vector<Item> taken);
+    /// Where memory runs out it throws; it has dropped nothing then, and `taken` stays the caller's.
+    void startAgainSlowly(std::vector<Item>&& taken);
     void notePublished();
     /// Lets the workers go and gives up what they have under way; never waits long for one that hangs.
     void close();
@@ -110,6 +113,7 @@ private:
     std::condition_variable m_workToDo;
     std::condition_variable m_workDone;
     std::deque<std::shared_ptr<Entry>> m_entries;
+    std::deque<std::shared_ptr<Entry>> m_dropped; ///< made beforehand, so that `close` needs no memory
     std::vector<Item> m_disposed;
     qsizetype m_readyCount = 0; ///< at the front, without a gap
     qsizetype m_nextClaim = 0;  ///< no item before it is waiting

@@ -2,7 +2,10 @@
 
 #include "KeelbrightCore/backup/BackupEngine.h"
 #include "KeelbrightCore/backup/ErrorLine.h"
+#include "KeelbrightCore/platform/files/OutOfMemory.h"
+#include "KeelbrightCore/platform/system/Logging.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
+#include "KeelbrightCore/platform/system/WaitForMemory.h"
 
 #include <QThread>
 #include <QThreadPool>
@@ -35,8 +38,22 @@ void flushBeforeReplacing(CopyQueue::Item& item)
 {
     if (!item.result || !*item.result)
         return;
-    if (const auto flushed = (*item.result)->flushBeforeReplacing(); !flushed)
+    const auto flushed = orOutOfMemory(FileError::Operation::flushed, item.plan->name,
+                                       [&item] { return (*item.result)->flushBeforeReplacing(); });
+    if (!flushed)
         item.result = std::unexpected(flushed.error());
+}
+
+std::vector<CopyQueue::Item> withRoomFor(qsizetype count)
+{
+    std::vector<CopyQueue::Item> items;
+    items.reserve(static_cast<size_t>(count));
+    return items;
+}
+
+BackupTask::Change copiedItem(const QString& name, qint64 size)
+{
+    return [size, name](BackupEngine& engine) { engine.incrementCopied(size, name); };
 }
 
 } // namespace
@@ -74,7 +91,7 @@ void PendingItems::addChange(BackupTask::Change change)
 
 void PendingItems::add(CopyQueue::Item item)
 {
-    const qsizetype size = m_queue->add(std::move(item));
+    const qsizetype size = waitingForMemory([&] { return m_queue->add(std::move(item)); });
     if (!m_hasWorkers && size >= CopyQueue::worthWaking)
         startWorkers();
     if (size >= std::min(2 * m_pace.setting().items, m_maximum) || isDue())
@@ -117,7 +134,7 @@ void PendingItems::completeBurst(qsizetype count)
 {
     if (count == 0)
         return;
-    Items items = m_queue->take(count);
+    Items items = waitingForMemory([&] { return m_queue->take(count); });
     flush(items);
     qint64 bytes = 0;
     for (auto item = items.begin(); item != items.end(); ++item) {
@@ -125,8 +142,9 @@ void PendingItems::completeBurst(qsizetype count)
         if (isCancelled())
             return;
         if (isForLackOfRoom(*item)) {
+            Items rest = waitingForMemory([&] { return withRoomFor(items.end() - item); });
             CopyQueue::Item lacking = std::move(*item);
-            Items rest(std::move_iterator(item + 1), std::move_iterator(items.end()));
+            std::move(item + 1, items.end(), std::back_inserter(rest));
             items.clear(); // what has been completed gives its room back, too
             completeAlone(std::move(lacking), std::move(rest));
             return;
@@ -156,44 +174,52 @@ void PendingItems::flush(Items& items)
 
 void PendingItems::complete(CopyQueue::Item& item, NextChange next)
 {
-    if (item.folder) {
+    if (item.folder)
         item.folder->complete(); // nothing is reported
-        return;
-    }
-    if (item.plan && !item.result) {
-        item.change = skippedItem(item.name, item.result.error());
-    } else if (item.plan) {
-        const qint64 size = (*item.result)->sourceSize();
-        if (const auto published = (*item.result)->publish(); published) {
-            item.change = [size, name = std::move(item.name)](BackupEngine& engine) {
-                engine.incrementCopied(size, name);
-            };
-            m_queue->notePublished();
-        } else {
-            item.change = skippedItem(item.name, published.error());
-        }
-    }
-    m_task.post(std::move(item.change), next);
+    else
+        m_task.post(item.plan ? publish(item) : std::move(item.change), next);
+}
+
+/// Gives a prepared copy its name, and gives the change that reports the item.
+BackupTask::Change PendingItems::publish(const CopyQueue::Item& item)
+{
+    const auto skipped = [&item](const FileError& error) {
+        return waitingForMemory([&] { return skippedItem(item.name, error); });
+    };
+    if (!item.result)
+        return skipped(item.result.error());
+    PreparedCopy& copy = **item.result;
+    // Made before: a copy that has its name is counted, even where memory has just run out.
+    auto copied = waitingForMemory([&] { return copiedItem(item.name, copy.sourceSize()); });
+    const auto published =
+        orOutOfMemory(FileError::Operation::copied, item.plan->name, [&copy] { return copy.publish(); });
+    if (!published)
+        return skipped(published.error());
+    m_queue->notePublished();
+    return copied;
 }
 
 /// Prepares an item once more when everything else that was prepared has given its room back: what is in the
 /// queue, and `rest`, which comes after the item.
 void PendingItems::completeAlone(CopyQueue::Item item, Items rest)
 {
-    m_queue->startAgainSlowly(std::move(rest));
+    waitingForMemory([&] { m_queue->startAgainSlowly(std::move(rest)); });
     item.result = CopyQueue::prepare(item, *m_worker, m_task.cancellation());
     flushBeforeReplacing(item);
     complete(item, NextChange::later);
 }
 
+/// Fewer where there is not enough memory for all.
 void PendingItems::startWorkers()
-{
+try {
     m_hasWorkers = true;
     m_queue->setWorkers(m_pace.setting().workers);
     for (int i = 0; i < possibleWorkers(); ++i) {
         const std::shared_ptr<CopyWorker> worker = m_destination.makeWorker();
         TaskPools::userInitiated().start([queue = m_queue, worker] { queue->work(*worker); });
     }
+} catch (const std::bad_alloc&) {
+    qCDebug(backupLog) << "not enough memory for all workers";
 }
 
 bool PendingItems::isDue() const
@@ -204,6 +230,7 @@ bool PendingItems::isDue() const
 BackupTask::Change PendingItems::skippedItem(const QString& name, const FileError& error)
 {
     return [line = skipLine(name, error)](BackupEngine& engine) {
+        engine.makeRoomForError(); // nothing has changed yet where that finds no memory
         engine.incrementSkipped();
         engine.appendError(line);
     };

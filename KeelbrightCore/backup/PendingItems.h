@@ -20,6 +20,9 @@ namespace keelbright {
 /// two bursts the main thread sleeps, and the next batch is being prepared. A few items, and all items
 /// where the drive allows only one prepared copy, are prepared and completed one at a time.
 ///
+/// Memory that runs out for an item is the error of that item, which is reported as soon as there is the
+/// little memory for its line.
+///
 /// All calls belong to the thread of the run, which must not post changes itself between `add` and the
 /// end of `completeAll`.
 class PendingItems
@@ -55,6 +58,7 @@ private:
     [[nodiscard]] CopyQueue::Progress waitForBurst(qsizetype wanted);
     void completeBurst(qsizetype count);
     void complete(CopyQueue::Item& item, NextChange next);
+    [[nodiscard]] BackupTask::Change publish(const CopyQueue::Item& item);
     void flush(Items& items);
     void completeAlone(CopyQueue::Item item, Items rest);
     void startWorkers();

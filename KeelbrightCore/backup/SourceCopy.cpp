@@ -3,6 +3,8 @@
 #include "KeelbrightCore/backup/BackupEngine.h"
 #include "KeelbrightCore/backup/ErrorLine.h"
 #include "KeelbrightCore/backup/FileScanner.h"
+#include "KeelbrightCore/platform/files/OutOfMemory.h"
+#include "KeelbrightCore/platform/system/WaitForMemory.h"
 
 namespace keelbright {
 
@@ -21,39 +23,66 @@ SourceCopy::SourceCopy(DirectoryEnumerator& items, CopyDestination& destination,
     m_items.setErrorHandler([this](const FileURL&, const FileError& error) { m_folderErrors.append(error); });
 }
 
+SourceCopy::~SourceCopy()
+{
+    m_destination.setFilledFolderHandler({});
+    m_items.setErrorHandler({});
+}
+
 void SourceCopy::run()
 {
-    while (m_items.next()) {
+    while (goToNext()) {
         reportUnreadableFolders();
         if (m_task.cancellation().isCancelled())
             break;
         if (m_destination.isOwnFolder(m_items))
             m_items.skipDescendants(); // reached by a link above it, or mounted here as well
         else if (FileScanner::shouldSkip(m_items))
-            m_pending.addChange([](BackupEngine& engine) { engine.incrementSkipped(); });
+            addChange([](BackupEngine& engine) { engine.incrementSkipped(); });
         else if (!m_items.isDirectoryFollowingLinks())
             copyCurrent();
     }
     reportUnreadableFolders();
-    m_destination.leaveFolders();
+    waitingForMemory([this] { m_destination.leaveFolders(); });
     m_pending.completeAll();
-    m_destination.setFilledFolderHandler({});
-    m_items.setErrorHandler({});
+}
+
+/// Goes on where it was interrupted when there is memory again: no item is passed over.
+bool SourceCopy::goToNext()
+{
+    return waitingForMemory([this] { return m_items.next(); });
+}
+
+template <typename Change> void SourceCopy::addChange(const Change& change)
+{
+    m_pending.addChange(waitingForMemory([&] { return BackupTask::Change(change); }));
+}
+
+void SourceCopy::addSkipped(const QString& name, const FileError& error)
+{
+    m_pending.addChange(waitingForMemory([&] { return PendingItems::skippedItem(name, error); }));
 }
 
 void SourceCopy::reportUnreadableFolders()
 {
     for (const FileError& error : std::exchange(m_folderErrors, {}))
-        m_pending.addChange(PendingItems::skippedItem(error.name, error));
+        addSkipped(error.name, error);
 }
 
 void SourceCopy::copyCurrent()
 {
-    const QString name = QString::fromUtf8(m_items.name());
-    if (const auto entered = enterFolder(); !entered) {
-        const FileURL folder = m_root.appendingNative(m_items.relativeFolder());
-        const QString line = errorLine(QStringLiteral("Dir error ") + folder.path(), entered.error());
-        m_pending.addChange([line](BackupEngine& engine) {
+    const QByteArrayView bytes = m_items.name();
+    const QString name = waitingForMemory([&] { return QString::fromUtf8(bytes); });
+    const QByteArrayView folder = m_items.relativeFolder();
+    const auto entered =
+        orOutOfMemory(FileError::Operation::created, folder.isEmpty() ? m_relativeRoot : folder,
+                      [this] { return enterFolder(); });
+    if (!entered) {
+        const auto line = [&] {
+            const QString path = m_root.appendingNative(folder).path();
+            return errorLine(QStringLiteral("Dir error ") + path, entered.error());
+        };
+        addChange([line = waitingForMemory(line)](BackupEngine& engine) {
             engine.appendError(line);
             engine.incrementSkipped();
         });
@@ -62,15 +91,19 @@ void SourceCopy::copyCurrent()
     if (auto plan = planCurrent())
         m_pending.addCopy(std::move(*plan), name);
     else
-        m_pending.addChange(PendingItems::skippedItem(name, plan.error()));
+        addSkipped(name, plan.error());
 }
 
 std::expected<PlannedCopy, FileError> SourceCopy::planCurrent()
 {
-    auto plan = m_destination.plan(m_items);
+    const auto tryToPlan = [this] {
+        return orOutOfMemory(FileError::Operation::copied, m_items.name(),
+                             [this] { return m_destination.plan(m_items); });
+    };
+    auto plan = tryToPlan();
     if (!plan && plan.error().isForLackOfRoom()) {
         m_pending.completeAll(); // the pending copies keep files open
-        plan = m_destination.plan(m_items);
+        plan = tryToPlan();
     }
     return plan;
 }
@@ -84,9 +117,10 @@ std::expected<void, FileError> SourceCopy::enterFolder()
     QByteArray path = m_relativeRoot;
     if (!folder.isEmpty())
         path.append('/').append(folder);
+    m_hasEntered = false; // nor where memory runs out on the way
+    m_enteredFolder = folder.toByteArray();
     auto entered = m_destination.enterFolder(path, &m_items);
     m_hasEntered = entered.has_value();
-    m_enteredFolder = folder.toByteArray();
     return entered;
 }
 

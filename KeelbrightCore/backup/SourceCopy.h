@@ -9,7 +9,8 @@
 namespace keelbright {
 
 /// The copy loop over one source: plans the copy of each item and hands it to the pending items, which
-/// prepare, publish and report them in order. Belongs to the thread of the run.
+/// prepare, publish and report them in order. Memory that runs out is the error of an item. Belongs to the
+/// thread of the run.
 class SourceCopy
 {
 public:
@@ -17,11 +18,17 @@ public:
     /// relative to the destination's anchor. All references outlive the copy.
     SourceCopy(DirectoryEnumerator& items, CopyDestination& destination, FileURL root,
                QByteArray relativeRoot, BackupTask& task);
+    ~SourceCopy();
+    SourceCopy(const SourceCopy&) = delete;
+    SourceCopy& operator=(const SourceCopy&) = delete;
 
     /// Returns when all items have been copied and reported, or the run has been cancelled.
     void run();
 
 private:
+    [[nodiscard]] bool goToNext();
+    template <typename Change> void addChange(const Change& change);
+    void addSkipped(const QString& name, const FileError& error);
     void copyCurrent();
     void reportUnreadableFolders();
     [[nodiscard]] std::expected<void, FileError> enterFolder();

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QThread>
 #include <gtest/gtest.h>
+#include <new>
 #include <sys/resource.h>
 #include <thread>
 #include <vector>
@@ -61,6 +62,33 @@ TEST_F(BackupTaskTest, changesItsEngineOnTheMainThreadBeforeTheRunGoesOn)
     });
     EXPECT_TRUE(isInOrder);
     EXPECT_EQ(engine.progress().filesSkipped, 1000);
+}
+
+TEST_F(BackupTaskTest, makesAChangeAgainThatFoundNoMemory)
+{
+    int attempts = 0;
+    run([&] {
+        task->hop([&attempts](BackupEngine& changed) {
+            if (++attempts < 3)
+                throw std::bad_alloc();
+            changed.incrementSkipped();
+        });
+    });
+    EXPECT_EQ(attempts, 3);
+    EXPECT_EQ(engine.progress().filesSkipped, 1);
+}
+
+TEST_F(BackupTaskTest, givesUpAChangeThatFindsNoMemoryWhenTheProgramQuits)
+{
+    int attempts = 0;
+    run([&] {
+        task->hop([&](BackupEngine&) {
+            if (++attempts == 3)
+                task->quit();
+            throw std::bad_alloc();
+        });
+    });
+    EXPECT_EQ(attempts, 3);
 }
 
 TEST_F(BackupTaskTest, letsTheRunWorkWhileAChangeIsPending)

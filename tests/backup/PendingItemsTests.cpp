@@ -10,6 +10,7 @@
 #include <QSemaphore>
 #include <QThread>
 #include <gmock/gmock.h>
+#include <new>
 #include <thread>
 
 namespace keelbright {
@@ -131,6 +132,55 @@ TEST_F(PendingItemsTest, publishesNothingBeforeThePreviousChangeHasBeenMade)
     runWhole(numbered(300));
     EXPECT_THAT(ahead, SizeIs(900));
     EXPECT_THAT(ahead, Each(0));
+}
+
+TEST_F(PendingItemsTest, preparesAnItemOnceMoreWhereMemoryRanOut)
+{
+    int attempts = 0;
+    prepare = [&](const QByteArray& item) -> Prepared {
+        if (item == "b" && ++attempts == 1)
+            throw std::bad_alloc();
+        return std::make_unique<RecordedCopy>(item, record, 1);
+    };
+    runWhole({"a", "b", "c"});
+    EXPECT_EQ(attempts, 2);
+    EXPECT_THAT(record.names("published"), ElementsAre("a", "b", "c"));
+    EXPECT_THAT(engine.progress().errors, IsEmpty());
+}
+
+TEST_F(PendingItemsTest, reportsAnItemThatFindsNoMemoryInItsPlace)
+{
+    prepare = [this](const QByteArray& item) -> Prepared {
+        if (item == "f0100")
+            throw std::bad_alloc();
+        return std::make_unique<RecordedCopy>(item, record, 1);
+    };
+    runWhole(numbered(200));
+    EXPECT_THAT(
+        engine.progress().errors,
+        ElementsAre(QStringLiteral("Skip f0100: “f0100” could not be copied: there is not enough memory.")));
+    EXPECT_EQ(engine.progress().filesCopied, 199);
+    EXPECT_EQ(engine.progress().filesSkipped, 1);
+}
+
+TEST_F(PendingItemsTest, reportsACopyWhoseNameFindsNoMemory)
+{
+    class Unpublishable : public RecordedCopy
+    {
+    public:
+        using RecordedCopy::RecordedCopy;
+
+        std::expected<void, FileError> publish() override { throw std::bad_alloc(); }
+    };
+
+    prepare = [this](const QByteArray& item) -> Prepared {
+        return std::make_unique<Unpublishable>(item, record, 1);
+    };
+    runWhole({"a"});
+    EXPECT_THAT(record.lines(), ElementsAre("flushed a", "dropped a"));
+    EXPECT_THAT(engine.progress().errors,
+                ElementsAre(QStringLiteral("Skip a: “a” could not be copied: there is not enough memory.")));
+    EXPECT_EQ(engine.progress().filesCopied, 0);
 }
 
 TEST_F(PendingItemsTest, preparesOneAtATimeWhereTheDriveAllowsNoMore)

@@ -16,10 +16,12 @@
 #include "KeelbrightCore/platform/system/FileSizeLimit.h"
 #include "KeelbrightCore/platform/system/OpenFileLimit.h"
 #include "KeelbrightCore/platform/system/ProgramVersion.h"
+#include "KeelbrightCore/platform/system/TaskPools.h"
 
 #include <QApplication>
 #include <cstdio>
 #include <cstdlib>
+#include <new>
 #include <tuple>
 
 namespace keelbright {
@@ -27,6 +29,22 @@ namespace keelbright {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+/// Leaves an event undone that memory runs out for, and goes on: a backup may be running.
+class ProgramApplication : public QApplication
+{
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::bad_alloc&) {
+            return false;
+        }
+    }
+};
 
 void followDesktop(const DesktopSettings& desktop)
 {
@@ -76,7 +94,8 @@ int runWindow(QApplication& application, SingleInstance& instance, AppLookup loo
     const int code = QApplication::exec();
     instance.stopListening();
     window.hide();
-    if (!app.shutDown()) {
+    // What is still at work, perhaps because it hangs, is not waited for, and uses what would go below.
+    if (!app.shutDown() || TaskPools::isAtWork()) {
         std::fflush(stdout);
         std::_Exit(code);
     }
@@ -89,7 +108,7 @@ int runApplication(int argc, char** argv, AppLookup lookup)
 {
     reportFileSizeLimitAsError();
     OpenFileLimit::raise();
-    QApplication application(argc, argv);
+    ProgramApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"Keelbright"_s);
     QCoreApplication::setApplicationVersion(programVersion());
     QGuiApplication::setApplicationDisplayName(u"Keel Bright"_s);

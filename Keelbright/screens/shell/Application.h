@@ -6,8 +6,8 @@ namespace keelbright {
 
 /// Runs the program with its window on the current default file manager, and returns the exit code. Where
 /// it runs on the same settings already, that window comes to the front instead.
-/// If a backup can't be stopped at quitting, as on a drive that hangs, it does not return but ends
-/// the process.
+/// If a backup can't be stopped at quitting, as on a drive that hangs, or anything else is still at work in
+/// the background, it does not return but ends the process.
 int runApplication(int argc, char** argv, AppLookup lookup = appStoreLookup);
 
 } // namespace keelbright

@@ -5,6 +5,7 @@
 #include "KeelbrightCore/platform/files/ItemStatus.h"
 #include "KeelbrightCore/platform/files/Package.h"
 #include "KeelbrightCore/platform/files/ReadingCalls.h"
+#include "KeelbrightCore/platform/system/WaitForMemory.h"
 
 #include <cstring>
 #include <fcntl.h>
@@ -104,7 +105,7 @@ private:
         const auto entry = m_chain.data().read(m_chain.descriptor());
         if (entry)
             return *entry;
-        report(currentFolder(), FileError::Operation::listed, entry.error());
+        waitingForMemory([&] { report(currentFolder(), FileError::Operation::listed, entry.error()); });
         return std::nullopt;
     }
 
@@ -115,8 +116,11 @@ private:
         const auto type = entry.type ? std::expected<EntryType, int>(*entry.type)
                                      : typeFromInode(m_chain.descriptor(), entry.name);
         if (!type) {
-            if (type.error() != ENOENT)
+            const auto reportEntry = [&] {
                 report(currentFolder().appendingNative(entry.name), FileError::Operation::read, type.error());
+            };
+            if (type.error() != ENOENT)
+                waitingForMemory(reportEntry);
             return false;
         }
         m_name = entry.name;
@@ -129,14 +133,14 @@ private:
 
     void enterCurrent()
     {
-        m_entersCurrent = false;
         const QByteArray name(m_name);
-        if (const auto entered = m_chain.enter(name); !entered) {
-            // What was removed since it was listed is no loss.
-            if (entered.error() != ENOENT)
-                report(currentFolder().appendingNative(name), FileError::Operation::opened, entered.error());
+        const auto entered = m_chain.enter(name);
+        // What was removed since it was listed is no loss.
+        if (!entered && entered.error() != ENOENT)
+            report(currentFolder().appendingNative(name), FileError::Operation::opened, entered.error());
+        m_entersCurrent = false; // only now: where memory runs out, the next call tries again
+        if (!entered)
             return;
-        }
         // The folder that was perhaps closed to make room for this one.
         if (const size_t firstOpen = m_chain.firstOpenDepth(); firstOpen > 1)
             m_chain.dataAt(firstOpen - 1).suspend();
@@ -144,9 +148,9 @@ private:
 
     void leave()
     {
-        const FileURL folder = currentFolder();
+        const FileURL parent = currentFolder().deletingLastPathComponent();
         if (const auto left = m_chain.leave(); !left)
-            report(folder.deletingLastPathComponent(), FileError::Operation::listed, left.error());
+            waitingForMemory([&] { report(parent, FileError::Operation::listed, left.error()); });
     }
 
     void report(const FileURL& folder, FileError::Operation operation, int code) const

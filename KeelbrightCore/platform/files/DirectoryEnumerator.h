@@ -44,7 +44,8 @@ public:
     /// Called for a folder below the root that can't be opened, or whose listing breaks off.
     void setErrorHandler(ErrorHandler handler);
 
-    /// Goes to the next entry; false when there is none.
+    /// Goes to the next entry; false when there is none. Where memory runs out it throws, and goes on from
+    /// there when it is called again.
     [[nodiscard]] bool next();
     /// Keeps the walk out of the folder just delivered; does nothing for any other entry.
     void skipDescendants();

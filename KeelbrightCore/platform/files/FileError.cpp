@@ -1,5 +1,7 @@
 #include "KeelbrightCore/platform/files/FileError.h"
 
+#include "KeelbrightCore/platform/system/WaitForMemory.h"
+
 #include <QCoreApplication>
 #include <algorithm>
 #include <cerrno>
@@ -135,7 +137,8 @@ QString FileError::localizedDescription() const
 
 bool FileError::isForLackOfRoom() const
 {
-    return reason == Reason::system && (code == ENOSPC || code == EDQUOT || code == EMFILE || code == ENFILE);
+    return reason == Reason::system &&
+           (code == ENOSPC || code == EDQUOT || code == EMFILE || code == ENFILE || code == ENOMEM);
 }
 
 FileError FileError::fromCode(Operation operation, QString name, int code)
@@ -152,6 +155,12 @@ std::unexpected<FileError> failure(FileError::Operation operation, QByteArrayVie
                                    FileError::Reason reason)
 {
     return std::unexpected(FileError{operation, QString::fromUtf8(name), reason});
+}
+
+std::unexpected<FileError> outOfMemory(FileError::Operation operation, QByteArrayView path)
+{
+    const QByteArrayView name = path.sliced(path.lastIndexOf('/') + 1);
+    return waitingForMemory([&] { return failure(operation, name, ENOMEM); });
 }
 
 } // namespace keelbright

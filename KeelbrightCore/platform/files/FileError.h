@@ -53,7 +53,7 @@ struct FileError
     /// A plain English sentence with the name in it.
     [[nodiscard]] QString localizedDescription() const;
 
-    /// Whether the reason was a full drive, an exhausted quota or too many open files.
+    /// Whether the reason was a full drive, an exhausted quota, too many open files or a lack of memory.
     [[nodiscard]] bool isForLackOfRoom() const;
 
     /// An error with the reason `system` and the given `errno` value.
@@ -76,5 +76,9 @@ template <typename Cause>
 {
     return failure(operation, item.nativeLastPathComponent(), cause);
 }
+
+/// The failed result ENOMEM; of a path, the last component is named. Waits for the little memory that it
+/// takes itself.
+[[nodiscard]] std::unexpected<FileError> outOfMemory(FileError::Operation operation, QByteArrayView path);
 
 } // namespace keelbright

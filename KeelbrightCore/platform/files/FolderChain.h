@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <algorithm>
 #include <expected>
+#include <new>
 #include <sys/stat.h>
 #include <vector>
 
@@ -25,6 +26,8 @@ namespace keelbright {
 /// reached again through ".." and must still be the same one (device and inode), else by name
 /// from the root; no link is ever followed on the way. Depth is bound neither by the number of
 /// open files nor by the longest path.
+///
+/// Where memory runs out, `enter` and `leave` throw and have changed nothing.
 template <typename Data> class FolderChain
 {
 public:
@@ -103,10 +106,17 @@ template <typename Data> std::expected<void, int> FolderChain<Data>::enter(const
 template <typename Data>
 void FolderChain<Data>::enter(FileDescriptor folder, const QByteArray& name, Data data)
 {
-    if (!m_path.isEmpty())
-        m_path.append('/');
-    m_path.append(name);
-    m_levels.push_back({.folder = std::move(folder), .pathLength = m_path.size(), .data = std::move(data)});
+    const qsizetype length = m_path.size();
+    try {
+        if (length > 0)
+            m_path.append('/');
+        m_path.append(name);
+        m_levels.push_back(
+            {.folder = std::move(folder), .pathLength = m_path.size(), .data = std::move(data)});
+    } catch (const std::bad_alloc&) {
+        m_path.truncate(length);
+        throw;
+    }
     if (m_levels.size() - m_firstOpen > m_maximumOpen)
         closeFarthest();
 }
@@ -127,6 +137,7 @@ template <typename Data> void FolderChain<Data>::closeFarthest()
 template <typename Data> std::expected<void, int> FolderChain<Data>::leave()
 {
     std::expected<void, int> result;
+    m_path.detach(); // to cut it below needs no memory then
     Level child = std::move(m_levels.back());
     m_levels.pop_back();
     while (!m_levels.back().folder.isOpen()) {
@@ -165,7 +176,7 @@ std::expected<FileDescriptor, int> FolderChain<Data>::reopen(size_t depth, int c
 }
 
 template <typename Data> std::expected<FileDescriptor, int> FolderChain<Data>::walkTo(size_t depth) const
-{
+try {
     FileDescriptor folder = FileDescriptor::duplicate(m_levels.front().folder.get());
     if (!folder.isOpen())
         return std::unexpected(errno);
@@ -182,6 +193,8 @@ template <typename Data> std::expected<FileDescriptor, int> FolderChain<Data>::w
     if (!m_levels[depth].isSame(folder.get()))
         return std::unexpected(ESTALE);
     return folder;
+} catch (const std::bad_alloc&) {
+    return std::unexpected(ENOMEM);
 }
 
 } // namespace keelbright

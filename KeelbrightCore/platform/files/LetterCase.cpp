@@ -58,11 +58,12 @@ void LetterCase::learn(int folder, const QByteArray& name)
     const QByteArray other = withCaseSwapped(name);
     if (m_hasLearned || other == name)
         return;
-    m_hasLearned = true;
-    m_folds = exists(folder, "../" + other);
+    bool folds = exists(folder, "../" + other);
     // Unless the folder really holds both spellings.
-    if (m_folds)
-        forEachEntry(folder, "..", [&](QByteArrayView entry) { m_folds = m_folds && entry != other; });
+    if (folds)
+        forEachEntry(folder, "..", [&](QByteArrayView entry) { folds = folds && entry != other; });
+    m_folds = folds;
+    m_hasLearned = true;
 }
 
 bool LetterCase::isClaimedByAnother(int folder, const QByteArray& path, QByteArrayView name)

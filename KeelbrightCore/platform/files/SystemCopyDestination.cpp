@@ -172,8 +172,8 @@ std::expected<void, FileError> SystemCopyDestination::enterOrCreate(const QByteA
             return failure(FileError::Operation::created, name, end.error());
         level.end = *end;
     }
+    m_letterCase.learn(opened->folder.get(), name);
     m_chain.enter(std::move(opened->folder), name, level);
-    m_letterCase.learn(m_chain.descriptor(), name);
     return {};
 }
 

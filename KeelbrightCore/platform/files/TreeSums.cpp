@@ -11,6 +11,7 @@
 #include <deque>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <system_error>
 #include <thread>
 #include <vector>
@@ -52,7 +53,7 @@ size_t maximumThreads()
 class Helpers
 {
 public:
-    /// Fewer where the system gives no further thread.
+    /// Fewer where the system gives no further thread, or there is no memory for one.
     template <typename Work> void start(size_t count, Work work)
     {
         m_wereStarted = true;
@@ -68,6 +69,8 @@ public:
             while (m_threads.size() < count)
                 m_threads.emplace_back(begin);
         } catch (const std::system_error&) {
+            return;
+        } catch (const std::bad_alloc&) {
             return;
         }
     }
@@ -143,13 +146,24 @@ private:
         return !m_cancellation.isCancelled() && (!m_folders.empty() || m_nextTree < m_trees.size());
     }
 
+    /// What memory runs out for adds nothing, like what can't be read.
     TreeSum sumOf(Part& part, Role role)
     {
         TreeSum sum;
+        try {
+            addUp(sum, part, role);
+        } catch (const std::bad_alloc&) {
+            return sum;
+        }
+        return sum;
+    }
+
+    void addUp(TreeSum& sum, Part& part, Role role)
+    {
         if (!part.walk) {
             auto opened = m_fm.enumerator(m_trees[part.tree], m_options);
             if (!opened)
-                return sum;
+                return;
             part.walk = std::move(*opened);
         }
         DirectoryEnumerator& walk = *part.walk;
@@ -163,7 +177,6 @@ private:
             if (isFolder && isShared)
                 passOn(part);
         }
-        return sum;
     }
 
     /// Whether the caller has helpers; starts them once there is enough for them to do. Called by the

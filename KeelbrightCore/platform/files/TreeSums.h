@@ -25,7 +25,7 @@ struct TreeSum
 using EntryBytes = std::function<std::optional<qint64>(DirectoryEnumerator& walk)>;
 
 /// Walks all trees and adds up what `bytesOf` gives; the sums come in the order of the trees. A tree
-/// that can't be opened has an empty sum, and what can't be read adds nothing.
+/// that can't be opened has an empty sum, and what can't be read, or finds no memory, adds nothing.
 ///
 /// A large tree is shared out folder by folder: the calling thread works too, beside threads of this
 /// call, which have its priority and have ended when it returns. Open files and memory are bounded by

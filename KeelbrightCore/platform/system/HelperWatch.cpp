@@ -3,6 +3,7 @@
 #include <array>
 #include <cerrno>
 #include <cstddef>
+#include <new>
 #include <poll.h>
 #include <system_error>
 #include <thread>
@@ -13,6 +14,9 @@ namespace keelbright {
 
 namespace {
 
+/// Where there is nothing to wait for but time, in microseconds.
+constexpr useconds_t pause = 20'000;
+
 /// What is polled for one helper.
 enum Watched : size_t { output, end, watchedCount };
 
@@ -20,7 +24,7 @@ enum Watched : size_t { output, end, watchedCount };
 /// pipe that new ones wake this thread with; the entries of the helpers follow in their order.
 std::vector<pollfd> waitForNews(int wakeUp, const std::vector<RunningHelper>& helpers)
 {
-    constexpr int pauseWithoutEndWatch = 20; // milliseconds
+    constexpr int pauseWithoutEndWatch = pause / 1000; // milliseconds
     int timeout = -1;
     std::vector<pollfd> watched = {pollfd{wakeUp, POLLIN, 0}};
     for (const RunningHelper& helper : helpers) {
@@ -34,14 +38,15 @@ std::vector<pollfd> waitForNews(int wakeUp, const std::vector<RunningHelper>& he
         // Only where memory runs out. What poll has not looked at counts as having no news.
         for (pollfd& each : watched)
             each.revents = 0;
-        ::usleep(pauseWithoutEndWatch * 1000);
+        ::usleep(pause);
     }
     return watched;
 }
 
-/// Whether the helper has ended and its result was delivered.
+/// Whether the helper has ended and its result was delivered. Where memory runs out it has not, and the
+/// next round tries again.
 bool serve(RunningHelper& helper, const pollfd* watched)
-{
+try {
     const bool mayHaveEnded = helper.endWatch() < 0 || watched[end].revents != 0;
     if (mayHaveEnded && helper.hasEnded()) {
         helper.deliver();
@@ -49,6 +54,9 @@ bool serve(RunningHelper& helper, const pollfd* watched)
     }
     if (helper.output() >= 0 && watched[output].revents != 0)
         helper.read();
+    return false;
+} catch (const std::bad_alloc&) {
+    ::usleep(pause);
     return false;
 }
 
@@ -111,19 +119,23 @@ void HelperWatch::run()
     }();
     std::vector<RunningHelper> helpers;
     for (;;) {
-        const std::vector<pollfd> watched = waitForNews(wakeUp, helpers);
-        serveAll(helpers, watched);
-        if (watched.front().revents != 0)
-            takeArrivals(wakeUp, helpers);
+        try {
+            const std::vector<pollfd> watched = waitForNews(wakeUp, helpers);
+            serveAll(helpers, watched);
+            if (watched.front().revents != 0)
+                takeArrivals(wakeUp, helpers);
+        } catch (const std::bad_alloc&) {
+            ::usleep(pause); // nothing has been lost, and the next round finds the same news
+        }
     }
 }
 
 void HelperWatch::takeArrivals(int wakeUp, std::vector<RunningHelper>& helpers)
 {
-    // First of all: what arrives from now on either is taken below or writes a byte of its own.
+    const std::lock_guard lock(m_mutex);
+    helpers.reserve(helpers.size() + m_arrivals.size());
     char byte = 0;
     [[maybe_unused]] const ssize_t got = retrying([&] { return ::read(wakeUp, &byte, 1); });
-    const std::lock_guard lock(m_mutex);
     for (RunningHelper& helper : m_arrivals)
         helpers.push_back(std::move(helper));
     m_arrivals.clear();

@@ -3,6 +3,8 @@
 #include "KeelbrightCore/platform/files/FileManager.h"
 
 #include <array>
+#include <cerrno>
+#include <new>
 #include <sys/utsname.h>
 #include <unistd.h>
 
@@ -47,6 +49,9 @@ std::optional<QString> assignedValue(const QString& path, const QByteArray& key)
 {
     FileManager& files = FileManager::defaultManager();
     const auto content = files.contents(files.systemLocation(path));
+    // A machine of another name would be backed up into another folder.
+    if (!content && content.error().reason == FileError::Reason::system && content.error().code == ENOMEM)
+        throw std::bad_alloc();
     if (!content)
         return std::nullopt;
     std::optional<QString> result;

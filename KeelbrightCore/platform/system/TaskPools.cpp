@@ -1,5 +1,7 @@
 #include "KeelbrightCore/platform/system/TaskPools.h"
 
+#include "KeelbrightCore/platform/system/Logging.h"
+
 #include <QRunnable>
 #include <QSemaphore>
 #include <QThread>
@@ -7,6 +9,7 @@
 #include <atomic>
 #include <limits>
 #include <memory>
+#include <new>
 
 #ifdef __APPLE__
 #include <pthread.h>
@@ -95,7 +98,11 @@ public:
     void run() override
     {
         m_setPriority(m_nice);
-        m_work();
+        try {
+            m_work();
+        } catch (const std::bad_alloc&) {
+            qCDebug(platformLog) << "not enough memory for a task in the background";
+        }
     }
 
 private:

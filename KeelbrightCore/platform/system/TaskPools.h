@@ -31,12 +31,13 @@ enum class Priority {
 [[nodiscard]] QThreadPool& utility();
 
 /// Starts work that no other work ever waits for: it gets a thread of its own, whatever is at work
-/// already. Call it from a thread of that priority or a higher one; the priority can't be raised.
+/// already. Where memory runs out for it, it breaks off, and the program goes on. Call it from a thread of
+/// that priority or a higher one; the priority can't be raised.
 void startApart(Priority priority, UniqueFunction<void()> work);
 
 /// Runs a walk through folders, or another work that may hang with a drive, on a thread of its own:
-/// one that hangs holds nobody else. The future finishes on that thread. It can't be cancelled; the
-/// work asks a `Cancellation` instead.
+/// one that hangs holds nobody else. The future finishes on that thread; cancelled, where memory ran out
+/// for the work. It can't be cancelled from outside; the work asks a `Cancellation` instead.
 template <typename Work>
 [[nodiscard]] QFuture<std::invoke_result_t<Work&>> runApart(Priority priority, Work work)
 {
