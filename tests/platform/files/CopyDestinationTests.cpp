@@ -1,15 +1,8 @@
-#include "KeelbrightCore/platform/files/CopyDestination.h"
+#include "tests/platform/files/CopyDestinationTest.h"
 
-#include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
-#include "KeelbrightCore/platform/system/Cancellation.h"
-#include "tests/support/TestMac.h"
-
-#include <QByteArrayList>
-#include <array>
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
 #include <sys/un.h>
 #include <sys/xattr.h>
 #include <unistd.h>
@@ -17,94 +10,7 @@
 namespace keelbright {
 namespace {
 
-/// An access list as the system keeps it: all rights to the owner, none to anybody else.
-QByteArray ownersOnlyAccessList()
-{
-    struct Entry
-    {
-        quint16 tag;
-        quint16 rights;
-        quint32 id;
-    };
-
-    constexpr quint32 version = 2;
-    constexpr quint32 noId = 0xffffffff;
-    constexpr std::array<Entry, 3> entries = {{{0x01, 07, noId}, {0x04, 0, noId}, {0x20, 0, noId}}};
-    QByteArray list(reinterpret_cast<const char*>(&version), sizeof version);
-    list.append(reinterpret_cast<const char*>(entries.data()), sizeof entries);
-    return list;
-}
-
-class CopyDestinationTest : public ::testing::Test
-{
-protected:
-    using Outcome = std::expected<qint64, FileError>;
-
-    std::unique_ptr<CopyDestination> openMirror()
-    {
-        auto opened = mac.fileManager().openCopyDestination(drive, "Latest");
-        if (!opened) {
-            ADD_FAILURE() << opened.error().localizedDescription().toStdString();
-            return nullptr;
-        }
-        return std::move(*opened);
-    }
-
-    std::expected<std::unique_ptr<PreparedCopy>, FileError> prepare(CopyDestination& mirror,
-                                                                    const DirectoryEnumerator& item)
-    {
-        const auto plan = mirror.plan(item);
-        if (!plan)
-            return std::unexpected(plan.error());
-        return mirror.makeWorker()->prepare(*plan, cancellation);
-    }
-
-    /// Copies the one item of that name that lies directly in the source.
-    Outcome copy(CopyDestination& mirror, const QByteArray& name, const QByteArray& folder = {})
-    {
-        auto items = DirectoryEnumerator::open(source, {});
-        while ((*items)->next()) {
-            if ((*items)->name() != name)
-                continue;
-            if (const auto entered = mirror.enterFolder(folder); !entered)
-                return std::unexpected(entered.error());
-            auto prepared = prepare(mirror, **items);
-            if (!prepared)
-                return std::unexpected(prepared.error());
-            if (const auto published = (*prepared)->publish(); !published)
-                return std::unexpected(published.error());
-            return (*prepared)->sourceSize();
-        }
-        ADD_FAILURE() << "no item of that name";
-        return 0;
-    }
-
-    [[nodiscard]] struct stat status(const FileURL& url) const
-    {
-        struct stat result = {};
-        EXPECT_EQ(::lstat(url.nativePath().constData(), &result), 0) << url.nativePath().constData();
-        return result;
-    }
-
-    [[nodiscard]] QByteArrayList namesIn(const FileURL& folder) const
-    {
-        QByteArrayList names;
-        auto items = DirectoryEnumerator::open(folder, {});
-        while ((*items)->next())
-            names.append((*items)->name().toByteArray());
-        return names;
-    }
-
-    [[nodiscard]] FileURL latest(const QByteArray& path) const
-    {
-        return drive.appendingNative("Latest/" + path);
-    }
-
-    testing::TestMac mac;
-    FileURL source = mac.makeFolder("source");
-    FileURL drive = mac.makeFolder("drive");
-    Cancellation cancellation;
-};
+using testing::CopyDestinationTest;
 
 TEST_F(CopyDestinationTest, copiesDataModeAndTimesToTheNanosecond)
 {
@@ -229,22 +135,6 @@ TEST_F(CopyDestinationTest, refusesFifosAndSocketsAtOnce)
     ::close(listener);
 }
 
-TEST_F(CopyDestinationTest, createsFoldersOnTheWayAndNeverGoesThroughALink)
-{
-    mac.writeFile("source/a", "x");
-    mac.makeFolder("elsewhere");
-    auto mirror = openMirror();
-    ASSERT_TRUE(copy(*mirror, "a", "one/two").has_value());
-    EXPECT_EQ(testing::TestMac::read(latest("one/two/a")), "x");
-    ASSERT_EQ(::symlink("../../elsewhere", latest("planted").nativePath().constData()), 0);
-    const auto copied = copy(*mirror, "a", "planted/below");
-    ASSERT_FALSE(copied.has_value());
-    EXPECT_EQ(
-        copied.error().localizedDescription(),
-        QStringLiteral("“planted” could not be created: a symbolic link stands in the place of a folder."));
-    EXPECT_THAT(namesIn(mac.root().appending(QStringLiteral("elsewhere"))), ::testing::IsEmpty());
-}
-
 TEST_F(CopyDestinationTest, replacesALinkThatStandsInThePlaceOfAFile)
 {
     mac.writeFile("source/a", "new");
@@ -255,52 +145,6 @@ TEST_F(CopyDestinationTest, replacesALinkThatStandsInThePlaceOfAFile)
     ASSERT_TRUE(copy(*mirror, "a").has_value());
     EXPECT_TRUE(S_ISREG(status(latest("a")).st_mode));
     EXPECT_EQ(testing::TestMac::read(precious), "untouched");
-}
-
-TEST_F(CopyDestinationTest, refusesAnAnchorBehindALink)
-{
-    mac.makeFolder("elsewhere");
-    ASSERT_EQ(::symlink("../elsewhere", drive.appendingNative("Latest").nativePath().constData()), 0);
-    const auto opened = mac.fileManager().openCopyDestination(drive, "Latest");
-    ASSERT_FALSE(opened.has_value());
-    EXPECT_EQ(opened.error().reason, FileError::Reason::symbolicLinkInTheWay);
-}
-
-TEST_F(CopyDestinationTest, keepsAFolderThatStandsInThePlaceOfAFile)
-{
-    mac.writeFile("source/a", "x");
-    mac.writeFile("drive/Latest/a/inside", "kept");
-    auto mirror = openMirror();
-    const auto copied = copy(*mirror, "a");
-    ASSERT_FALSE(copied.has_value());
-    EXPECT_EQ(copied.error().localizedDescription(),
-              QStringLiteral("“a” could not be replaced: a folder stands in its place."));
-    EXPECT_THAT(namesIn(latest("")), ::testing::UnorderedElementsAre("a", "inside"));
-}
-
-TEST_F(CopyDestinationTest, recreatesAFolderThatWasRemovedMeanwhile)
-{
-    mac.writeFile("source/a", "x");
-    mac.writeFile("source/b", "y");
-    auto mirror = openMirror();
-    ASSERT_TRUE(copy(*mirror, "a", "one").has_value());
-    ASSERT_EQ(::unlink(latest("one/a").nativePath().constData()), 0);
-    ASSERT_EQ(::rmdir(latest("one").nativePath().constData()), 0);
-    ASSERT_TRUE(copy(*mirror, "b", "one").has_value());
-    EXPECT_EQ(testing::TestMac::read(latest("one/b")), "y");
-}
-
-TEST_F(CopyDestinationTest, keepsAFolderThatStandsInThePlaceOfAFileInAFolderThatWasThere)
-{
-    mac.writeFile("source/a", "x");
-    mac.writeFile("drive/Latest/one/a/inside", "kept");
-    auto mirror = openMirror();
-    const auto copied = copy(*mirror, "a", "one");
-    ASSERT_FALSE(copied.has_value());
-    EXPECT_EQ(copied.error().localizedDescription(),
-              QStringLiteral("“a” could not be replaced: a folder stands in its place."));
-    EXPECT_THAT(namesIn(latest("one")), ::testing::UnorderedElementsAre("a", "inside"))
-        << "no temporary file stays";
 }
 
 TEST_F(CopyDestinationTest, namesNewFilesBesideOldOnes)
@@ -316,41 +160,6 @@ TEST_F(CopyDestinationTest, namesNewFilesBesideOldOnes)
     EXPECT_THAT(namesIn(latest("one")), ::testing::UnorderedElementsAre("new", "old"));
 }
 
-TEST_F(CopyDestinationTest, namesACopyInItsOwnFolderAfterAnotherWasEntered)
-{
-    mac.writeFile("source/a", "x");
-    auto mirror = openMirror();
-    auto items = DirectoryEnumerator::open(source, {});
-    ASSERT_TRUE((*items)->next());
-    std::vector<std::unique_ptr<PreparedCopy>> prepared;
-    for (const char* folder : {"one", "one/two", "three"}) {
-        ASSERT_TRUE(mirror->enterFolder(folder).has_value());
-        auto copy = prepare(*mirror, **items);
-        ASSERT_TRUE(copy.has_value());
-        prepared.push_back(std::move(*copy));
-    }
-    for (const auto& copy : prepared)
-        EXPECT_TRUE(copy->publish().has_value());
-    for (const char* path : {"one/a", "one/two/a", "three/a"})
-        EXPECT_EQ(testing::TestMac::read(latest(path)), "x") << path;
-}
-
-TEST_F(CopyDestinationTest, recreatesAFolderThatWasRemovedWhileItsCopyWaitedForItsName)
-{
-    mac.writeFile("source/a", "x");
-    auto mirror = openMirror();
-    auto items = DirectoryEnumerator::open(source, {});
-    ASSERT_TRUE((*items)->next());
-    ASSERT_TRUE(mirror->enterFolder("one/two").has_value());
-    const auto prepared = prepare(*mirror, **items);
-    ASSERT_TRUE(prepared.has_value());
-    ASSERT_TRUE(mirror->enterFolder("three").has_value());
-    ASSERT_EQ(::rmdir(latest("one/two").nativePath().constData()), 0);
-    ASSERT_EQ(::rmdir(latest("one").nativePath().constData()), 0);
-    ASSERT_TRUE((*prepared)->publish().has_value());
-    EXPECT_EQ(testing::TestMac::read(latest("one/two/a")), "x");
-}
-
 TEST_F(CopyDestinationTest, givesEveryModeWhateverTheUmask)
 {
     const mode_t before = ::umask(077);
@@ -362,36 +171,6 @@ TEST_F(CopyDestinationTest, givesEveryModeWhateverTheUmask)
         EXPECT_EQ(status(latest(name)).st_mode & 07777, mode) << name.constData();
     }
     ::umask(before);
-}
-
-TEST_F(CopyDestinationTest, givesEveryModeWhateverTheAccessListOfTheFolder)
-{
-    const FileURL folder = mac.makeFolder("drive/Latest/listed");
-    const QByteArray list = ownersOnlyAccessList();
-    ASSERT_EQ(::setxattr(folder.nativePath().constData(), "system.posix_acl_default", list.constData(),
-                         static_cast<size_t>(list.size()), 0),
-              0);
-    ASSERT_EQ(::chmod(mac.writeFile("source/a", "x").nativePath().constData(), 0644), 0);
-    auto mirror = openMirror();
-    ASSERT_TRUE(copy(*mirror, "a", "listed").has_value());
-    EXPECT_EQ(status(latest("listed/a")).st_mode & 07777, 0644U);
-}
-
-TEST_F(CopyDestinationTest, writesNothingOnceTheAnchorHasLeftItsPlace)
-{
-    mac.writeFile("source/a", "x");
-    auto mirror = openMirror();
-    ASSERT_EQ(
-        ::rename(latest("").nativePath().constData(), drive.appendingNative("Away").nativePath().constData()),
-        0);
-    mac.makeFolder("drive/Latest");
-    ::usleep(60'000); // the place is looked at now and then only
-    const auto copied = copy(*mirror, "a");
-    ASSERT_FALSE(copied.has_value());
-    EXPECT_EQ(copied.error().localizedDescription(),
-              QStringLiteral("“Latest” could not be copied: the destination is no longer in its place."));
-    EXPECT_THAT(namesIn(drive.appendingNative("Away")), ::testing::IsEmpty());
-    EXPECT_THAT(namesIn(latest("")), ::testing::IsEmpty());
 }
 
 TEST_F(CopyDestinationTest, keepsHolesHoles)

@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 
+#include "tests/support/DeepTree.h"
 #include "tests/support/TestMac.h"
 
 #include <QByteArrayList>
@@ -262,17 +263,7 @@ TEST_F(DirectoryEnumeratorTest, deliversNamesOfAnyBytesAndOf255Bytes)
 TEST_F(DirectoryEnumeratorTest, walks2000LevelsWithFewOpenFiles)
 {
     constexpr int levels = 2000;
-    int folder = ::open(root.nativePath().constData(), O_RDONLY | O_DIRECTORY);
-    for (int level = 0; level < levels; ++level) {
-        ASSERT_EQ(::mkdirat(folder, "level", 0755), 0);
-        // A neighbour that is listed after the way back up, by file systems of either order.
-        ASSERT_EQ(::mkdirat(folder, "beside", 0755), 0);
-        const int next = ::openat(folder, "level", O_RDONLY | O_DIRECTORY);
-        ASSERT_GE(next, 0);
-        ::close(folder);
-        folder = next;
-    }
-    ::close(folder);
+    testing::makeLevels(root, levels);
     rlimit limit = {};
     ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
     rlimit few = limit;

@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/files/TreeSums.h"
 
+#include "tests/support/DeepTree.h"
 #include "tests/support/TestMac.h"
 
 #include <QDir>
@@ -69,21 +70,6 @@ protected:
             for (int j = 0; j < files; ++j)
                 mac.writeFile("tree/folder" + QByteArray::number(i) + '/' + QByteArray::number(j), "x");
         }
-    }
-
-    /// Folders within each other, each with an empty one beside its child.
-    void makeLevels(int levels) const
-    {
-        int folder = ::open(root.nativePath().constData(), O_RDONLY | O_DIRECTORY);
-        for (int level = 0; level < levels; ++level) {
-            ASSERT_EQ(::mkdirat(folder, "level", 0755), 0);
-            ASSERT_EQ(::mkdirat(folder, "beside", 0755), 0);
-            const int next = ::openat(folder, "level", O_RDONLY | O_DIRECTORY);
-            ASSERT_GE(next, 0);
-            ::close(folder);
-            folder = next;
-        }
-        ::close(folder);
     }
 
     testing::TestMac mac;
@@ -243,7 +229,7 @@ TEST_F(TreeSumsTest, nothingStaysOpenAndNoThreadIsLeft)
 TEST_F(TreeSumsTest, aDeepTreeIsSummedUpWithFewOpenFiles)
 {
     constexpr int levels = 2'000;
-    makeLevels(levels);
+    testing::makeLevels(root, levels);
     mac.writeFile("tree/file", "x");
     rlimit limit = {};
     ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
