@@ -1,9 +1,34 @@
 #include "KeelbrightCore/platform/system/OpenFileLimit.h"
 
 #include <algorithm>
+#include <atomic>
+#include <pthread.h>
 #include <sys/resource.h>
+#include <tuple>
 
 namespace keelbright::OpenFileLimit {
+
+namespace {
+
+constexpr rlim_t neverRaised = 0;
+std::atomic<rlim_t> limitBefore = neverRaised;
+
+/// Turns the limit of this program into that of its children; whether they differ.
+bool becomesLimitOfChild(rlimit& limit)
+{
+    limit.rlim_cur = limitBefore;
+    return limit.rlim_cur != neverRaised;
+}
+
+/// Runs in a child between fork and its own program, where little more than a system call is allowed.
+void lowerInChild()
+{
+    rlimit limit = {};
+    if (::getrlimit(RLIMIT_NOFILE, &limit) == 0 && becomesLimitOfChild(limit))
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+} // namespace
 
 void raise()
 {
@@ -11,8 +36,20 @@ void raise()
     rlimit limit = {};
     if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur >= wanted)
         return;
+    limitBefore = limit.rlim_cur;
     limit.rlim_cur = std::min(wanted, limit.rlim_max);
     ::setrlimit(RLIMIT_NOFILE, &limit);
+    static const int registered = ::pthread_atfork(nullptr, nullptr, lowerInChild);
+    std::ignore = registered;
+}
+
+void lowerFor([[maybe_unused]] pid_t child)
+{
+#ifdef __linux__
+    rlimit limit = {};
+    if (::prlimit(child, RLIMIT_NOFILE, nullptr, &limit) == 0 && becomesLimitOfChild(limit))
+        ::prlimit(child, RLIMIT_NOFILE, &limit, nullptr);
+#endif
 }
 
 } // namespace keelbright::OpenFileLimit

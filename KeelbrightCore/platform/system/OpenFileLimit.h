@@ -1,13 +1,18 @@
 #pragma once
 
+#include <sys/types.h>
+
 namespace keelbright::OpenFileLimit {
 
 /// Lets the program keep more files open than the system's default of 256 or 1,024, for the many copies
 /// that a backup prepares at a time: up to 4,096, where the system allows it. Never lowers the limit. To
 /// be called once, as the program starts.
 ///
-/// Helper programs inherit the limit. It stays low enough for those that close or look at every
-/// descriptor that they could have.
+/// Processes that are forked later get the limit of before.
 void raise();
+
+/// Gives a child that was started without a fork the limit of before, where the system allows it: some
+/// programs close or look at every descriptor that they could have. It starts with the raised one.
+void lowerFor(pid_t child);
 
 } // namespace keelbright::OpenFileLimit

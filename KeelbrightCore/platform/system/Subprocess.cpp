@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/system/HelperWatch.h"
 #include "KeelbrightCore/platform/system/Logging.h"
+#include "KeelbrightCore/platform/system/OpenFileLimit.h"
 
 #include <csignal>
 #include <fcntl.h>
@@ -90,6 +91,7 @@ std::expected<void, FileError> Subprocess::start(const FileURL& executable,
     const auto process = LaunchPlan(output->writeEnd.get()).launch(executable.nativePath(), arguments);
     if (!process)
         return launchFailure(process.error());
+    OpenFileLimit::lowerFor(*process);
     qCDebug(platformLog) << "helper started:" << executable.path();
     watch.add({executable.path(), *process, std::move(output->readEnd), std::move(receive)});
     return {};

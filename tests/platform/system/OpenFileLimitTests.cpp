@@ -1,7 +1,12 @@
 #include "KeelbrightCore/platform/system/OpenFileLimit.h"
 
+#include "tests/support/HelperRun.h"
+#include "tests/support/Printing.h"
+
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace keelbright {
 namespace {
@@ -46,6 +51,33 @@ TEST_F(OpenFileLimitTest, isNeverLowered)
     setLimit(5'000);
     OpenFileLimit::raise();
     EXPECT_EQ(limit(), 5'000U);
+}
+
+TEST_F(OpenFileLimitTest, isTheOneOfBeforeInAChildThatIsForked)
+{
+    setLimit(256);
+    OpenFileLimit::raise();
+    ASSERT_GT(limit(), 256U);
+    const pid_t child = ::fork();
+    if (child == 0)
+        ::_exit(limit() == 256 ? 0 : 1);
+    int status = -1;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+}
+
+TEST_F(OpenFileLimitTest, isTheOneOfBeforeInAHelper)
+{
+    setLimit(256);
+    OpenFileLimit::raise();
+    ASSERT_GT(limit(), 256U);
+    // It gets its limit while it already runs.
+    const auto helper =
+        testing::runToItsEnd(FileURL::fromNativePath("/bin/sh"),
+                             {"-c", "tries=0; until [ \"$(ulimit -S -n)\" = 256 ] || [ $tries = 20000 ]; do "
+                                    "tries=$((tries + 1)); done; ulimit -S -n"});
+    ASSERT_TRUE(helper.has_value());
+    EXPECT_EQ(helper->standardOutput, "256\n");
 }
 
 } // namespace
