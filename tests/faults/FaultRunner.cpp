@@ -1,6 +1,6 @@
 // Does one piece of the program's work in a separate process, for the tests that kill it or fail its
 // system calls:
-//     fault-runner [--hold=run|--hold=records] <machine> <drive> <source>...
+//     fault-runner [--hold=run|--hold=workers|--hold=records] <machine> <drive> <source>...
 //     fault-runner [--hold=work] --work=clean <machine>
 //     fault-runner [--hold=work] --work=remove <machine> <bundle>
 //     fault-runner [--hold=work] --work=organize <machine> <folder>
@@ -10,15 +10,16 @@
 //
 // With --hold it stops right before the run, before the records or before the work: it prints
 // the id of the thread that does that part, and continues when it reads a line. A watcher of that
-// thread then gets the system calls of that part only.
+// thread then gets the system calls of that part only. With --hold=workers the run has three threads, of
+// which two can prepare copies, and it prints the ids of all.
 
 #include "KeelbrightCore/backup/BackupEngine.h"
 #include "KeelbrightCore/platform/system/FileSizeLimit.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 #include "tests/faults/CareWork.h"
+#include "tests/faults/FreeThreads.h"
 #include "tests/faults/Holding.h"
-#include "tests/faults/OneWorker.h"
 #include "tests/faults/StartWork.h"
 #include "tests/support/SandboxFileManager.h"
 
@@ -85,11 +86,13 @@ int backUp(const QStringList& folders, const QString& held)
             QCoreApplication::quit();
     });
     if (held == u"run")
-        testing::hold(testing::leaveOneWorker());
+        testing::hold(testing::leaveThreads(1));
+    if (held == u"workers")
+        testing::hold(testing::leaveThreads(3));
     engine.startBackup(jobFrom(folders));
     QCoreApplication::exec();
     if (held == u"records")
-        testing::hold(::gettid());
+        testing::hold({::gettid()});
     saveRecords(engine);
     return testing::printOutcome(outcome(engine));
 }
@@ -98,7 +101,7 @@ int doWork(const QString& work, const QStringList& folders, const QString& held)
 {
     const auto ready = [&held] {
         if (held == u"work")
-            testing::hold(::gettid());
+            testing::hold({::gettid()});
     };
     if (work == u"start")
         return testing::printOutcome(testing::startProgram(ready));

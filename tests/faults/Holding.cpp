@@ -8,11 +8,13 @@
 
 namespace keelbright::testing {
 
-void hold(pid_t thread)
+void hold(const QList<pid_t>& threads)
 {
     // For an unprivileged user only a parent may watch a process, unless the process allows others.
     ::prctl(PR_SET_PTRACER, PR_SET_PTRACER_ANY);
-    std::printf("%d\n", static_cast<int>(thread));
+    for (const pid_t thread : threads)
+        std::printf("%d ", static_cast<int>(thread));
+    std::printf("\n");
     std::fflush(stdout);
     while (std::getchar() != '\n' && std::feof(stdin) == 0) {
     }

@@ -94,6 +94,7 @@ class CareMode:
     """The base of the three kinds of work. Paths are relative to the machine."""
 
     hold = "work"
+    sample = None
     kind = ""  # of the log's line
 
     def __init__(self, name, drive_kind=None):

@@ -83,6 +83,7 @@ class Starting:
     """A kind of start: on a whole file, on a link to one, or after a start that was killed in its middle."""
 
     drive_kind = None
+    sample = None
     hold = "work"
 
     def __init__(self, name, is_link=False, is_half=False):

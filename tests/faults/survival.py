@@ -148,9 +148,9 @@ class Work:
         self.process = start([runner, *options, *arguments], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                              stderr=subprocess.DEVNULL)
 
-    def thread(self):
-        """Waits until the work holds, and gives the id of the thread that will continue it."""
-        return int(self._line())
+    def threads(self):
+        """Waits until the work holds, and gives the ids of the threads that will continue it."""
+        return [int(number) for number in self._line().split()]
 
     def resume(self):
         try:
@@ -196,28 +196,34 @@ class Backup(Work):
 
 
 class Watcher:
-    """strace on one thread of the work."""
+    """strace on the threads of the work; it counts the calls of each by themselves."""
 
-    def __init__(self, thread, calls, injection, log):
+    def __init__(self, threads, calls, injection, log):
         options = ["-e", f"inject={injection}"] if injection else []
-        self.log = log
+        targets = [option for thread in threads for option in ("-p", str(thread))]
+        self.logs = [Path(f"{log}.{thread}") for thread in threads]
         self.process = start(
-            ["strace", "-y", "-s", "300", "-o", log, "-e", f"trace={calls}", *options, "-p", str(thread)],
-            stdin=subprocess.DEVNULL, stderr=subprocess.PIPE)
+            ["strace", "-y", "-s", "300", "-o", log, "--output-separately", "-e", f"trace={calls}", *options,
+             *targets], stdin=subprocess.DEVNULL, stderr=subprocess.PIPE)
         said = b""
-        while b"attached" not in said:
+        while said.count(b"attached") < len(threads):
             piece = os.read(self.process.stderr.fileno(), 4096)
             if not piece:
                 raise PermissionError(said.decode(errors="replace").strip() or "strace ends at once")
             said += piece
 
     def finish(self):
+        """The lines of each thread."""
         try:
             self.process.communicate(timeout=HANG_SECONDS)
         except subprocess.TimeoutExpired as expired:
             self.process.kill()
             raise Hang("strace does not end") from expired
-        return Path(self.log).read_text(errors="replace").splitlines()
+        lines = []
+        for log in self.logs:
+            lines.append(log.read_text(errors="replace").splitlines())
+            log.unlink()
+        return lines
 
 
 def reason_missing():
@@ -227,7 +233,7 @@ def reason_missing():
     with subprocess.Popen(["sleep", "60"]) as sleeper:
         try:
             with tempfile.TemporaryDirectory() as folder:
-                watcher = Watcher(sleeper.pid, "read", None, f"{folder}/log")
+                watcher = Watcher([sleeper.pid], "read", None, f"{folder}/log")
                 sleeper.kill()
                 watcher.finish()
             return None

@@ -8,10 +8,11 @@ from survival import DEVICE, Backup, has_links, has_unnamed_files, sealed, seale
 
 OLD, NEW = 1, 2
 LINK = "link"
+FOLDERS = {"Documents": "", "folder": "folder/", "inner": "folder/inner/"}
 MANIFEST = "recovery-manifest.json"
 
 
-def sizes():
+def few_files():
     """Twenty files: small ones in three folders, a tiny, a large and a sparse one, and one of odd permissions."""
     files = {f"f{number:04}": 90 + 700 * number for number in range(10)}
     files |= {f"folder/f{number:04}": 2_000 for number in range(10, 14)}
@@ -19,16 +20,24 @@ def sizes():
     return files | {"large": 700_000, "sparse": 900_000, "odd mode": 500, "zero": 64}
 
 
+def many_files():
+    """150 files in three folders, some of them large or sparse."""
+    folders = ("", "folder/", "folder/inner/")
+    files = {f"{folders[number % 3]}f{number:04}": 200 + 90 * (number % 50) for number in range(148)}
+    return files | {"large": 700_000, "sparse": 900_000}
+
+
 def link_target(version):
     return Path(f"f{version:04}")
 
 
-def make_documents(machine, version):
-    for name, size in sizes().items():
+def make_documents(machine, files, version):
+    for name, size in files.items():
         path = machine.documents / name
         path.parent.mkdir(parents=True, exist_ok=True)
         write_sparse(path, sealed(path.name, version, size, b"\0" if name == "sparse" else None))
-    (machine.documents / "odd mode").chmod(0o1646)
+        if name == "odd mode":
+            path.chmod(0o1646)
     if has_links(machine.drive):
         link = machine.documents / LINK
         link.unlink(missing_ok=True)
@@ -39,6 +48,8 @@ class BackupMode:
     """A kind of run: the version on the drive before it, and the part of the run that is watched."""
 
     drive_kind = None  # the drive is a folder of the machine, unless the sweep sets another
+    sample = None  # of how many calls of a kind fail in turn; None for all
+    files = few_files()
 
     def __init__(self, name, hold, before, reports_before=0):
         self.name, self.hold, self.before = name, hold, before
@@ -48,7 +59,7 @@ class BackupMode:
         """Makes the drive and the records as they are before a run of this kind."""
         if self.before is None:
             return
-        make_documents(machine, self.before)
+        make_documents(machine, self.files, self.before)
         outcome = self.start(runner, machine).finish()
         if not self.is_whole(outcome):
             sys.exit(f"The run for the template failed: {outcome}")
@@ -60,7 +71,7 @@ class BackupMode:
     def furnish(self, machine, template):
         """Makes the machine as it is before a run."""
         if not any(machine.documents.iterdir()):
-            make_documents(machine, NEW)
+            make_documents(machine, self.files, NEW)
         machine.use_device(DEVICE)
         machine.clear_drive()
         shutil.rmtree(machine.support, ignore_errors=True)
@@ -77,20 +88,34 @@ class BackupMode:
 
     def check_failure(self, machine, outcome, hit):
         if self.hold == "records":
-            return check_records(machine, outcome)
+            return check_records(self, machine, outcome)
         return check_failure(self, machine, outcome, hit)
+
+    def rules(self, machine, outcome, hit):
+        return Rules(self, machine, outcome, hit)
 
     def check_kill(self, runner, machine):
         return check_kill(runner, self, machine)
 
 
+class WorkersMode(BackupMode):
+    """A run in which several threads prepare the copies, and in which a call of each of them may fail."""
+
+    sample = 12
+    files = many_files()
+
+    def rules(self, machine, outcome, hit):
+        return SeveralRules(self, machine, outcome, hit)
+
+
 class State:
     """The files on the drive after a run."""
 
-    def __init__(self, machine):
+    def __init__(self, machine, files):
         self.wrong = machine.whole_or_absent_records()
+        self.files = files
         self.versions = {}
-        for name in sizes():
+        for name in files:
             self.versions[name] = self._version(machine.mirror / name)
         if (machine.documents / LINK).is_symlink():
             link = machine.mirror / LINK
@@ -115,7 +140,7 @@ class State:
         return [name for name, version in self.versions.items() if version != NEW]
 
     def broken_temporary_files(self):
-        known = {Path(name).name for name in sizes()}
+        known = {Path(name).name for name in self.files}
         return [path.name for path in self.temporary if not is_whole(path, known)]
 
 
@@ -133,10 +158,12 @@ def is_whole(path, known):
 class Rules:
     """The rules that must hold after a failed call; collects the faults."""
 
-    def __init__(self, mode, machine, state, outcome):
-        self.mode, self.machine, self.state, self.outcome = mode, machine, state, outcome
-        self.faults = list(state.wrong)
+    def __init__(self, mode, machine, outcome, hit):
+        self.mode, self.machine, self.outcome, self.hit = mode, machine, outcome, hit
+        self.state = State(machine, mode.files)
+        self.faults = list(self.state.wrong)
         self.kind = self._kind()
+        self._temporary_files()
 
     def demand(self, holds, fault):
         if not holds:
@@ -172,14 +199,18 @@ class Rules:
             return "a folder reported"
         self.demand(line.startswith("Skip "), "a line of an unknown kind")
         name = line[len("Skip "):].split(": ", 1)[0]
-        if name in {Path(path).name for path in [*sizes(), LINK]}:
+        if name in self._names():
             self.demand([Path(path).name for path in missing] == [name], f"reported {name}, missing {missing}")
             self._counters(1)
             return "a file reported"
-        below = {"Documents": "", "folder": "folder/", "inner": "folder/inner/"}.get(name)
+        below = FOLDERS.get(name)
         self.demand(below is not None and all(path.startswith(below) for path in missing),
                     f"reported {name}, missing {missing}")
         return "a folder reported"
+
+    def _names(self):
+        """The names of all files, by which error lines call them."""
+        return {Path(path).name for path in self.state.versions}
 
     def _counters(self, skipped):
         total = len(self.state.versions)
@@ -195,18 +226,65 @@ class Rules:
         expected = self.mode.reports_before + 2
         self.demand(self.state.reports == expected, f"{self.state.reports} report files, not {expected}")
 
-    def temporary_files(self, hit):
-        whole_copies = 1 if hit.call.startswith("renameat") and self.kind == "a file reported" else 0
+    def _temporary_files(self):
+        failed = [self.hit, *self.hit.others]
+        swaps = sum(hit.call.startswith("renameat") for hit in failed)
+        whole_copies = swaps if self.kind == "a file reported" else 0
         self.demand(len(self.state.temporary) <= whole_copies, f"left: {self.state.temporary}")
         self.demand(not self.state.broken_temporary_files(), "a temporary file is not whole")
 
 
+class SeveralRules(Rules):
+    """The rules after several failed calls, one of each thread: every failure makes at most one line, and
+    every file that is missing has one."""
+
+    def _kind(self):
+        outcome, lines = self.outcome, self.outcome.errors
+        self.demand(outcome.ended, "the run did not end with success")
+        self.demand(len(lines) + bool(outcome.last_error) <= 1 + len(self.hit.others), "more lines than failed calls")
+        if outcome.last_error:
+            self.demand(not any(version == NEW for version in self.state.versions.values()),
+                        "a run that could not start has copied a file")
+            return "a run that could not start reported"
+        is_record = [line.startswith(("Manifest write failed: ", "Report write failed: ", "Skip Drive: "))
+                     for line in lines]
+        if not any(is_record):
+            self._records_are_there()
+        self._lines_of_files([line for line, record in zip(lines, is_record) if not record])
+        if not lines:
+            return "unharmed"
+        return "a record reported" if all(is_record) else "a file reported"
+
+    def _lines_of_files(self, lines):
+        """Every missing file has a line or lies in a folder that has one."""
+        missing = self.state.missing()
+        named, folders, without_folder = [], [], 0
+        for line in lines:
+            name = line.removeprefix("Skip ").split(": ", 1)[0]
+            if line.startswith("Cannot "):
+                folders.append("")
+            elif line.startswith("Dir error "):
+                without_folder += 1
+            elif name in FOLDERS:
+                folders.append(FOLDERS[name])
+            else:
+                self.demand(name in self._names(), f"a line of an unknown kind: {line}")
+                named.append(name)
+        self.demand(len(set(named)) == len(named), f"more than one line for a file: {named}")
+        absent = {Path(path).name for path in missing}
+        self.demand(set(named) <= absent, f"reported {named}, missing {missing}")
+        unexplained = [path for path in missing if Path(path).name not in named
+                       and not any(path.startswith(folder) for folder in folders)]
+        self.demand(len(unexplained) == without_folder, f"missing without a line: {unexplained}, lines: {lines}")
+        if not folders:
+            self._counters(len(missing))
+
+
 def check_failure(mode, machine, outcome, hit):
     faults = []
-    if "machine-info" in hit.line:
+    if any("machine-info" in failed.line for failed in [hit, *hit.others]):
         faults, mode = check_other_name(mode, machine)
-    rules = Rules(mode, machine, State(machine), outcome)
-    rules.temporary_files(hit)
+    rules = mode.rules(machine, outcome, hit)
     return rules.kind, faults + rules.faults
 
 
@@ -216,15 +294,15 @@ def check_other_name(mode, machine):
     names = [path.name for path in (machine.drive / "Keelbright").iterdir() if path.name != DEVICE]
     if not names:
         return [], mode
-    old = State(machine)
+    old = State(machine, mode.files)
     faults = [f"{name} of the earlier backup is version {version}" for name, version in old.versions.items()
               if version != mode.before]
     machine.use_device(names[0])
-    return faults, BackupMode(mode.name, mode.hold, None)
+    return faults, type(mode)(mode.name, mode.hold, None)
 
 
 def check_kill(runner, mode, machine):
-    state = State(machine)
+    state = State(machine, mode.files)
     faults = list(state.wrong)
     allowed = {NEW, mode.before}
     faults += [f"{name} is version {version}" for name, version in state.versions.items()
@@ -233,7 +311,7 @@ def check_kill(runner, mode, machine):
         faults += [f"{name} is not whole" for name in state.broken_temporary_files()]
     left = len(state.temporary)
     outcome = Backup(runner, machine).finish()
-    after = State(machine)
+    after = State(machine, mode.files)
     if not outcome.ended or outcome.errors or outcome.last_error:
         faults.append(f"the next run: {outcome}")
     faults += after.wrong + [f"missing after the next run: {name}" for name in after.missing()]
@@ -242,9 +320,9 @@ def check_kill(runner, mode, machine):
     return "whole" if left == 0 else "whole, a temporary name left", faults
 
 
-def check_records(machine, outcome):
+def check_records(mode, machine, outcome):
     """A record that could not be written is old or absent, and the run is still whole."""
-    state = State(machine)
+    state = State(machine, mode.files)
     faults = list(state.wrong)
     if not outcome.ended or outcome.errors or state.missing():
         faults.append(f"the run: {outcome}")

@@ -1,10 +1,10 @@
-#include "tests/faults/OneWorker.h"
+#include "tests/faults/FreeThreads.h"
 
 #include "KeelbrightCore/platform/system/TaskPools.h"
 
+#include <QMutex>
 #include <QSemaphore>
 #include <QThreadPool>
-#include <atomic>
 #include <unistd.h>
 
 namespace keelbright::testing {
@@ -16,29 +16,34 @@ struct Sleep
     QSemaphore arrived;
     QSemaphore awake;
     QSemaphore freed;
-    std::atomic<pid_t> freeThread = 0;
+    QMutex mutex; ///< of what follows
+    QList<pid_t> freeThreads;
 };
 
 } // namespace
 
-pid_t leaveOneWorker()
+QList<pid_t> leaveThreads(int count)
 {
     static auto* const sleep = new Sleep; // never destroyed, because the sleeping threads use it
     QThreadPool& pool = TaskPools::userInitiated();
-    const int count = pool.maxThreadCount();
+    const int all = pool.maxThreadCount();
     // Each task gets a thread of its own, because none ends before all of them have started.
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < all; ++i) {
         pool.start([] {
             sleep->arrived.release();
             sleep->awake.acquire();
-            sleep->freeThread = ::gettid();
+            {
+                const QMutexLocker locker(&sleep->mutex);
+                sleep->freeThreads.append(::gettid());
+            }
             sleep->freed.release();
         });
     }
-    sleep->arrived.acquire(count);
-    sleep->awake.release();
-    sleep->freed.acquire();
-    return sleep->freeThread;
+    sleep->arrived.acquire(all);
+    sleep->awake.release(count);
+    sleep->freed.acquire(count);
+    const QMutexLocker locker(&sleep->mutex);
+    return sleep->freeThreads;
 }
 
 } // namespace keelbright::testing
