@@ -61,9 +61,10 @@ void appendError(const QString& what, const FileError& error, BackupTask& task)
     appendError(waitingForMemory([&] { return errorLine(what, error); }), task);
 }
 
-void reportEstimate(const BackupJob& job, BackupTask& task)
+void reportEstimate(const BackupJob& job, const CopyDestination& mirror, BackupTask& task)
 try {
-    const auto scan = FileScanner::scan(job.sources, FileScanner::Sizes::leftOut, task.cancellation());
+    const auto isOwn = [&mirror](const DirectoryEnumerator& folder) { return mirror.isOwnFolder(folder); };
+    const auto scan = FileScanner::scan(job.sources, FileScanner::Sizes::leftOut, task.cancellation(), isOwn);
     qCDebug(backupLog) << "estimate:" << scan.fileCount << "files";
     hop(task, [count = scan.fileCount](BackupEngine& engine) { engine.setTotalFilesEstimate(count); });
 } catch (const std::bad_alloc&) {
@@ -191,7 +192,7 @@ void run(const BackupJob& job, BackupTask& task, const Clock& clock)
         failToStart(folders.error(), task);
         return;
     }
-    reportEstimate(job, task);
+    reportEstimate(job, *folders->mirror, task);
     copySources(job, *folders, fileManager, task);
     if (task.cancellation().isQuitting()) {
         qCDebug(backupLog) << "run given up: the program quits";

@@ -137,6 +137,7 @@ bool BackupTask::makeChange()
     const bool isFollowedSoon = m_next == NextChange::soon; // the run may post as soon as this one is made
     const bool isMade = tryChange();
     m_isMade = isMade;
+    m_wasCancelledAtLastChange = m_cancellation.isCancelled();
     m_isPending = false;
     wakeRun();
     return isFollowedSoon && isMade;

@@ -47,6 +47,10 @@ public:
     /// none was posted.
     void wait();
 
+    /// Whether the run had been cancelled when the last change had been made: nothing is to follow that
+    /// change then. To be called after `wait`.
+    [[nodiscard]] bool wasCancelledAtLastChange() const { return m_wasCancelledAtLastChange; }
+
     /// Whether a posted change has still to be made.
     [[nodiscard]] bool isPending() const { return m_isPending && !m_cancellation.isQuitting(); }
 
@@ -93,6 +97,7 @@ private:
     NextChange m_next = NextChange::later; ///< after `m_change`
     bool m_isMade = true;                  ///< the change before; to be read only when none is pending
     std::atomic<bool> m_isPending = false;
+    std::atomic<bool> m_wasCancelledAtLastChange = false;
     std::atomic<bool> m_isMainThreadCalled = false; ///< it is about to look for changes, or is looking
     std::atomic<bool> m_isMainThreadAsleep = false; ///< it waits for `m_mainThreadWakeUp`
     std::atomic<bool> m_isRunAsleep = false;

@@ -65,6 +65,14 @@ void CopyQueue::prepareOne(CopyWorker& worker, const Cancellation& cancellation)
         prepareNext(lock, worker, cancellation);
 }
 
+bool CopyQueue::isFirstUnderWay() const
+{
+    const Lock lock(m_mutex);
+    if (m_entries.empty() || m_entries.front()->state == State::waiting)
+        return false;
+    return m_entries.front()->item.plan.has_value();
+}
+
 std::vector<CopyQueue::Item> CopyQueue::take(qsizetype count)
 {
     std::vector<Item> items;
@@ -151,7 +159,7 @@ void CopyQueue::notePublished()
     wakeWorkers();
 }
 
-void CopyQueue::close()
+void CopyQueue::close(Folders folders)
 {
     m_givenUp.quit();
     Lock lock(m_mutex);
@@ -163,7 +171,19 @@ void CopyQueue::close()
     waitForWorkers(lock, longestWait);
     destroyDisposed(lock);
     lock.unlock();
-    m_dropped.clear(); // without the lock: to close a file may take its time
+    // Without the lock: to close a file may take its time.
+    for (const auto& entry : m_dropped) {
+        if (entry->state == State::ready)
+            drop(entry->item, folders);
+    }
+    m_dropped.clear();
+}
+
+void CopyQueue::drop(Item& item, Folders folders)
+{
+    item.result = nullptr;
+    if (item.folder && folders == Folders::giveUp)
+        item.folder->giveUp();
 }
 
 void CopyQueue::work(CopyWorker& worker)

@@ -61,6 +61,8 @@ public:
     [[nodiscard]] Progress waitForReady(qsizetype count, std::chrono::milliseconds longest);
     /// Prepares the first item that is not ready. To be called where `Progress` asks for it.
     void prepareOne(CopyWorker& worker, const Cancellation& cancellation);
+    /// Whether the first item is a copy whose preparation has begun.
+    [[nodiscard]] bool isFirstUnderWay() const;
     /// Takes the first `count` items out, all of which have to be ready. Where memory runs out it throws and
     /// has taken nothing.
     [[nodiscard]] std::vector<Item> take(qsizetype count);
@@ -78,8 +80,12 @@ public:
     /// Where memory runs out it throws; it has dropped nothing then, and `taken` stays the caller's.
     void startAgainSlowly(std::vector<Item>&& taken);
     void notePublished();
-    /// Lets the workers go and gives up what they have under way; never waits long for one that hangs.
-    void close();
+    /// Lets the workers go and gives up what they have under way; never waits long for one that hangs. Drops
+    /// what is left, and gives folders up if it is asked to.
+    enum class Folders { giveUp, leave };
+    void close(Folders folders = Folders::leave);
+    /// Drops a ready item.
+    static void drop(Item& item, Folders folders);
 
     // For a thread of its own.
 

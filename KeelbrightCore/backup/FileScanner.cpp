@@ -72,14 +72,17 @@ bool shouldSkip(DirectoryEnumerator& enumerator)
     return hasSkippedExtension(name);
 }
 
-ScanResult scan(const QList<BackupSource>& sources, Sizes sizes, const Cancellation& cancellation)
+ScanResult scan(const QList<BackupSource>& sources, Sizes sizes, const Cancellation& cancellation,
+                const LeftOut& isLeftOut)
 {
     QList<FileURL> folders;
     for (const BackupSource& source : sources) {
         if (source.isEnabled)
             folders.append(source.url);
     }
-    const auto bytesOf = [sizes](DirectoryEnumerator& enumerator) -> std::optional<qint64> {
+    const auto bytesOf = [&](DirectoryEnumerator& enumerator) -> std::optional<qint64> {
+        if (isLeftOut && enumerator.type() == EntryType::directory && isLeftOut(enumerator))
+            enumerator.skipDescendants();
         if (shouldSkip(enumerator) || enumerator.type() != EntryType::regularFile)
             return std::nullopt;
         return sizes == Sizes::read ? enumerator.fileSize() : 0;

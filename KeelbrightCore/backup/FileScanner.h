@@ -6,6 +6,7 @@
 
 #include <QList>
 
+#include <functional>
 #include <span>
 #include <string_view>
 
@@ -33,11 +34,16 @@ struct ScanResult
 /// Whether a scan reads sizes. Without them a large tree is counted in half the time.
 enum class Sizes { read, leftOut };
 
+/// Whether the enumerator's current folder is left out, with all below it, for another reason than the
+/// rule. Several threads call it at the same time, each with a walk of its own.
+using LeftOut = std::function<bool(const DirectoryEnumerator& folder)>;
+
 /// Counts the regular files that a backup of the enabled sources would copy; what can't be read
 /// adds nothing. Reads metadata only. `totalBytes` stays 0 where sizes are left out. Blocks; any thread.
 /// Ends early, with what it has counted so far, once it is cancelled.
 [[nodiscard]] ScanResult scan(const QList<BackupSource>& sources, Sizes sizes = Sizes::read,
-                              const Cancellation& cancellation = Cancellation());
+                              const Cancellation& cancellation = Cancellation(),
+                              const LeftOut& isLeftOut = {});
 
 } // namespace FileScanner
 } // namespace keelbright

@@ -71,7 +71,7 @@ PendingItems::PendingItems(BackupTask& task, CopyDestination& destination)
 
 PendingItems::~PendingItems()
 {
-    m_queue->close();
+    m_queue->close(foldersAtTheEnd());
 }
 
 void PendingItems::addCopy(PlannedCopy plan, const QString& name)
@@ -100,10 +100,30 @@ void PendingItems::add(CopyQueue::Item item)
 
 void PendingItems::completeAll()
 {
-    while (m_queue->size() > 0 && !isCancelled())
+    while (m_queue->size() > 0 && !isStopped())
         completeSome();
     m_task.wait();
     m_queue->finishDisposal();
+}
+
+/// Whether nothing more is to be completed.
+bool PendingItems::isStopped()
+{
+    // A file whose copy was under way when the user cancelled is still finished.
+    return isCancelled() && !(m_queue->isFirstUnderWay() && mayCompleteFirst());
+}
+
+/// Whether it is the turn of the first item, in spite of a cancel that came after the change of the one
+/// before.
+bool PendingItems::mayCompleteFirst()
+{
+    m_task.wait();
+    return !m_task.wasCancelledAtLastChange() && !m_task.cancellation().isQuitting();
+}
+
+CopyQueue::Folders PendingItems::foldersAtTheEnd() const
+{
+    return m_task.cancellation().isQuitting() ? CopyQueue::Folders::leave : CopyQueue::Folders::giveUp;
 }
 
 /// Completes a batch, or as much of it as is ready in time; where no worker is awake, a single item.
@@ -111,7 +131,7 @@ void PendingItems::completeSome()
 {
     const qsizetype wanted = std::min(m_pace.setting().items, m_queue->size());
     CopyQueue::Progress progress = waitForBurst(wanted);
-    if (isCancelled())
+    if (isStopped())
         return;
     if (progress.ready == 0 && progress.needsTheRun) {
         m_queue->prepareOne(*m_worker, m_task.cancellation());
@@ -124,8 +144,8 @@ CopyQueue::Progress PendingItems::waitForBurst(qsizetype wanted)
 {
     for (;;) {
         const CopyQueue::Progress progress = m_queue->waitForReady(wanted, pieceOfAWait);
-        const bool isEnough = progress.ready >= wanted || (progress.ready > 0 && isDue());
-        if (isEnough || progress.needsTheRun || isCancelled())
+        const bool isEnough = progress.ready >= wanted || (progress.ready > 0 && (isDue() || isCancelled()));
+        if (isEnough || progress.needsTheRun || isStopped())
             return progress;
     }
 }
@@ -139,8 +159,11 @@ void PendingItems::completeBurst(qsizetype count)
     qint64 bytes = 0;
     for (auto item = items.begin(); item != items.end(); ++item) {
         m_task.wait();
-        if (isCancelled())
+        if (item == items.begin() ? !mayCompleteFirst() : isCancelled()) {
+            for (; item != items.end(); ++item)
+                CopyQueue::drop(*item, foldersAtTheEnd());
             return;
+        }
         if (isForLackOfRoom(*item)) {
             Items rest = waitingForMemory([&] { return withRoomFor(items.end() - item); });
             CopyQueue::Item lacking = std::move(*item);
@@ -166,9 +189,8 @@ void PendingItems::completeBurst(qsizetype count)
 void PendingItems::flush(Items& items)
 {
     for (CopyQueue::Item& item : std::views::reverse(items)) {
-        if (isCancelled())
-            return;
-        flushBeforeReplacing(item);
+        if (!isCancelled() || &item == &items.front())
+            flushBeforeReplacing(item);
     }
 }
 

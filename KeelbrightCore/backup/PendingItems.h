@@ -14,7 +14,7 @@ namespace keelbright {
 /// The items of a source that have been planned or skipped but not yet completed. To complete an item
 /// means to publish its copy, if there is one, and to post the change that reports it to the engine.
 /// Items are completed in the order in which they are added, each after the change of the one before
-/// has been made, and none once the run is cancelled.
+/// has been made, and none once the run is cancelled, except the one whose copy was under way then.
 ///
 /// Their copies are prepared by several threads, and completed a batch at a time, in one burst: between
 /// two bursts the main thread sleeps, and the next batch is being prepared. A few items, and all items
@@ -30,7 +30,8 @@ class PendingItems
 public:
     /// Both outlive this object. A folder of `destination` has been entered.
     PendingItems(BackupTask& task, CopyDestination& destination);
-    /// Drops what has not been completed. Never waits long for a copy that hangs.
+    /// Drops what has not been completed; folders still get their permissions and times, and those go that
+    /// the run has created for dropped copies only. Never waits long for a copy that hangs.
     ~PendingItems();
     PendingItems(const PendingItems&) = delete;
     PendingItems& operator=(const PendingItems&) = delete;
@@ -65,6 +66,10 @@ private:
     [[nodiscard]] bool isDue() const;
 
     [[nodiscard]] bool isCancelled() const { return m_task.cancellation().isCancelled(); }
+
+    [[nodiscard]] bool isStopped();
+    [[nodiscard]] bool mayCompleteFirst();
+    [[nodiscard]] CopyQueue::Folders foldersAtTheEnd() const;
 
     BackupTask& m_task;
     CopyDestination& m_destination;

@@ -18,14 +18,6 @@ namespace {
 constexpr qint64 minimumMargin = 1'000'000'000;
 constexpr double marginFactor = 0.1;
 
-/// Whether `url` is `folder` itself or lies below it.
-bool isAtOrBelow(const FileURL& url, const FileURL& folder)
-{
-    const QByteArray& path = url.nativePath();
-    const QByteArray& start = folder.nativePath();
-    return path == start || path.startsWith(start.endsWith('/') ? start : start + '/');
-}
-
 /// One run of the checks.
 class Check
 {
@@ -35,6 +27,7 @@ public:
     Check(const BackupDestination& destination, const Cancellation& cancellation)
         : m_destination(destination.url)
         , m_resolvedDestination(m_fileManager.resolvingSymlinks(m_destination))
+        , m_placeOfDestination(m_fileManager.placeOnVolume(m_destination))
         , m_cancellation(cancellation)
     {}
 
@@ -116,13 +109,17 @@ private:
         return false;
     }
 
-    /// Looks where links and ".." lead.
+    /// Looks where links and ".." lead, and folders that are mounted a second time.
     bool isApart(const FileURL& source)
     {
         const FileURL resolved = m_fileManager.resolvingSymlinks(source);
-        if (isAtOrBelow(m_resolvedDestination, resolved))
+        const auto place = m_fileManager.placeOnVolume(source);
+        const bool hasPlaces = place && m_placeOfDestination;
+        if (isAtOrBelow(m_resolvedDestination, resolved) ||
+            (hasPlaces && isAtOrBelow(*m_placeOfDestination, *place)))
             reportDestinationInside(source.lastPathComponent());
-        else if (isAtOrBelow(resolved, m_resolvedDestination))
+        else if (isAtOrBelow(resolved, m_resolvedDestination) ||
+                 (hasPlaces && isAtOrBelow(*place, *m_placeOfDestination)))
             reportSourceInside(source.lastPathComponent());
         else
             return true;
@@ -160,6 +157,7 @@ private:
     const FileManager& m_fileManager = FileManager::defaultManager();
     const FileURL m_destination;
     const FileURL m_resolvedDestination;
+    const std::optional<PlaceOnVolume> m_placeOfDestination;
     const Cancellation& m_cancellation;
     PreflightResult m_result;
 };

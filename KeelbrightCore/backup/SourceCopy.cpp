@@ -74,9 +74,15 @@ void SourceCopy::copyCurrent()
     const QByteArrayView bytes = m_items.name();
     const QString name = waitingForMemory([&] { return QString::fromUtf8(bytes); });
     const QByteArrayView folder = m_items.relativeFolder();
-    const auto entered =
-        orOutOfMemory(FileError::Operation::created, folder.isEmpty() ? m_relativeRoot : folder,
-                      [this] { return enterFolder(); });
+    const auto enter = [&] {
+        return orOutOfMemory(FileError::Operation::created, folder.isEmpty() ? m_relativeRoot : folder,
+                             [this] { return enterFolder(); });
+    };
+    auto entered = enter();
+    if (!entered && entered.error().isForLackOfRoom()) {
+        m_pending.completeAll(); // the pending copies keep files open, and take room beside the old ones
+        entered = enter();
+    }
     if (!entered) {
         const auto line = [&] {
             const QString path = m_root.appendingNative(folder).path();

@@ -249,6 +249,7 @@ TEST_F(BackupRunnerTest, neverCopiesItsOwnCopiesHoweverTheyAreReached)
         run({link});
         EXPECT_THAT(progress().errors, IsEmpty());
         EXPECT_EQ(progress().filesCopied, 2);
+        EXPECT_EQ(progress().totalFilesEstimate, 2);
         EXPECT_THAT(everythingBelow(mirrored("Linked")),
                     ElementsAre("Drive", "Drive/other.txt", "letter.txt"));
     }

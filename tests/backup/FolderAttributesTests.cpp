@@ -99,6 +99,7 @@ TEST_F(FolderAttributesTest, fillsAFolderThatItsOwnerMayNotWriteTo)
             ASSERT_EQ(::chown(own.nativePath().constData(), UnprivilegedUser::nobody, 0), 0);
         }
         setMode(own, 0500);
+        setTime(own, 1'300'000'000);
     }
     setMode(mac.root(), 0755);
     setMode(drive, 0777);
@@ -111,6 +112,8 @@ TEST_F(FolderAttributesTest, fillsAFolderThatItsOwnerMayNotWriteTo)
         EXPECT_EQ(engine.progress().filesCopied, 2);
         EXPECT_EQ(mode(copy), 0500U);
         EXPECT_EQ(mode(copy.appendingNative("inner")), 0500U);
+        EXPECT_EQ(status(copy).st_mtim.tv_sec, 1'300'000'000);
+        EXPECT_EQ(status(copy.appendingNative("inner")).st_mtim.tv_sec, 1'300'000'000);
     }
     for (const FileURL& own : {folder.appendingNative("inner"), folder, copy.appendingNative("inner"), copy})
         setMode(own, 0700); // for the removal of the test's files
@@ -125,6 +128,73 @@ TEST_F(FolderAttributesTest, copiesExtendedAttributesOfFolders)
     char value[8] = {};
     EXPECT_EQ(::getxattr(copy.nativePath().constData(), "user.comment", value, sizeof value), 4);
     EXPECT_STREQ(value, "kept");
+}
+
+TEST_F(FolderAttributesTest, completesTheFoldersOfARunThatIsCancelled)
+{
+    for (int number = 0; number < 100; ++number)
+        mac.writeFile("Users/mira/Documents/private/" + QByteArray::number(number), "x");
+    setMode(folder, 0500);
+    setTime(folder, 1'300'000'000);
+    QObject::connect(&engine, &BackupEngine::progressChanged, [&] {
+        if (engine.progress().filesCopied == 10)
+            engine.cancel();
+    });
+    run({documents});
+    EXPECT_EQ(engine.progress().filesCopied, 10);
+    EXPECT_EQ(mode(copy), 0500U);
+    EXPECT_EQ(status(copy).st_mtim.tv_sec, 1'300'000'000);
+    setMode(folder, 0700); // for the removal of the test's files
+    setMode(copy, 0700);
+}
+
+TEST_F(FolderAttributesTest, makesNoFolderForFilesThatACancelledRunDoesNotCopy)
+{
+    for (int number = 0; number < 50; ++number)
+        mac.writeFile("Users/mira/Documents/" + QByteArray::number(number) + "/inner/file", "x");
+    const FileURL old =
+        mac.makeFolder("Volumes/Drive/Keelbright/miras Mac/Latest/Personal Files/Documents/old");
+    QObject::connect(&engine, &BackupEngine::progressChanged, [&] {
+        if (engine.progress().filesCopied == 3)
+            engine.cancel();
+    });
+    run({documents});
+    EXPECT_EQ(engine.progress().filesCopied, 3);
+    EXPECT_THAT(everythingBelow(mirrored("Documents")), SizeIs(3 * 3 + 1))
+        << "three files and what was there";
+    EXPECT_TRUE(mac.fileManager().fileExists(old).isDirectory);
+}
+
+TEST_F(FolderAttributesTest, opensAFolderOfTwoSourcesToNobodyWhomOneOfThemKeepsOut)
+{
+    mac.writeFile("one/Photos/first.jpg", "x");
+    mac.writeFile("one/Photos/inner/first.jpg", "x");
+    mac.writeFile("two/Photos/second.jpg", "x");
+    mac.writeFile("two/Photos/inner/second.jpg", "x");
+    const FileURL one = mac.root().appendingNative("one/Photos");
+    const FileURL two = mac.root().appendingNative("two/Photos");
+    setMode(one, 0700);
+    setMode(one.appendingNative("inner"), 0755);
+    setMode(two, 0775);
+    setMode(two.appendingNative("inner"), 0750);
+    for (int round = 0; round < 2; ++round) {
+        run({one, two, one});
+        EXPECT_THAT(engine.progress().errors, IsEmpty());
+        EXPECT_EQ(mode(mirrored("Photos")), 0700U);
+        EXPECT_EQ(mode(mirrored("Photos/inner")), 0750U);
+    }
+    run({two});
+    EXPECT_EQ(mode(mirrored("Photos")), 0775U) << "alone, a source has its own permissions";
+}
+
+TEST_F(FolderAttributesTest, givesASourceThatIsListedTwiceItsOwnPermissions)
+{
+    mac.writeFile("Users/mira/Documents/private/file", "x");
+    run({documents});
+    EXPECT_EQ(mode(copy), 0755U);
+    setMode(folder, 0775);
+    run({documents, documents});
+    EXPECT_EQ(mode(copy), 0775U);
 }
 
 TEST_F(FolderAttributesTest, leavesTheFoldersAboveTheSourcesAsTheyAre)

@@ -1,14 +1,6 @@
-#include "KeelbrightCore/backup/PendingItems.h"
-
-#include "KeelbrightCore/backup/BackupEngine.h"
-#include "tests/backup/FakeCopyDestination.h"
+#include "tests/backup/PendingItemsTest.h"
 #include "tests/support/Printing.h"
 
-#include <QCoreApplication>
-#include <QEvent>
-#include <QEventLoop>
-#include <QSemaphore>
-#include <QThread>
 #include <gmock/gmock.h>
 #include <new>
 #include <thread>
@@ -19,89 +11,10 @@ namespace {
 using testing::CopyRecord;
 using ::testing::Each;
 using ::testing::ElementsAre;
-using testing::FakeCopyDestination;
 using ::testing::IsEmpty;
+using testing::PendingItemsTest;
 using testing::RecordedCopy;
 using ::testing::SizeIs;
-
-using Prepared = std::expected<std::unique_ptr<PreparedCopy>, FileError>;
-
-class PendingItemsTest : public ::testing::Test
-{
-protected:
-    /// Does the part of the run on a thread of its own while the event loop turns.
-    void run(const std::function<void(PendingItems&)>& part, qsizetype maximum = 1'000)
-    {
-        FakeCopyDestination destination(maximum, [this](const QByteArray& item, const Cancellation&) {
-            noteThread(item);
-            return prepare(item);
-        });
-        QEventLoop loop;
-        std::thread thread([&] {
-            runThread = QThread::currentThread();
-            {
-                PendingItems pending(*task, destination);
-                part(pending);
-            }
-            QCoreApplication::postEvent(&loop, new QEvent(QEvent::Quit));
-        });
-        loop.exec();
-        thread.join();
-    }
-
-    /// Adds copies of these items and completes them.
-    void runWhole(const QByteArrayList& items, qsizetype maximum = 1'000)
-    {
-        run(
-            [&](PendingItems& pending) {
-                for (const QByteArray& item : items)
-                    pending.addCopy({nullptr, nullptr, item, EntryType::regularFile},
-                                    QString::fromUtf8(item));
-                pending.completeAll();
-            },
-            maximum);
-    }
-
-    /// Holds the first item, where the run prepares it, until another thread has begun to work.
-    void noteThread(const QByteArray& item)
-    {
-        const bool isRun = QThread::currentThread() == runThread;
-        if (!isRun && ++elsewhere == 1)
-            othersWork.release();
-        if (isRun && item == waitsForOthers)
-            othersWork.acquire();
-    }
-
-    [[nodiscard]] static QByteArrayList numbered(int count)
-    {
-        QByteArrayList items;
-        for (int number = 0; number < count; ++number)
-            items.append("f" + QByteArray::number(number).rightJustified(4, '0'));
-        return items;
-    }
-
-    [[nodiscard]] static std::unexpected<FileError> failed(const QByteArray& item, int code)
-    {
-        return failure(FileError::Operation::copied, item, code);
-    }
-
-    std::function<Prepared(const QByteArray&)> prepare = [this](const QByteArray& item) -> Prepared {
-        record.append("prepared " + item);
-        return std::make_unique<RecordedCopy>(item, record, 1);
-    };
-
-    int argc = 1;
-    char name[5] = "test";
-    char* argv[1] = {name};
-    QCoreApplication application{argc, argv};
-    BackupEngine engine;
-    std::shared_ptr<BackupTask> task = BackupTask::create(engine);
-    CopyRecord record;
-    std::atomic<QThread*> runThread = nullptr;
-    std::atomic<int> elsewhere = 0; ///< items that other threads have prepared
-    QByteArray waitsForOthers;
-    QSemaphore othersWork;
-};
 
 TEST_F(PendingItemsTest, publishesAndReportsInTheOrderInWhichItemsAreAdded)
 {

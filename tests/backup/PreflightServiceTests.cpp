@@ -1,72 +1,9 @@
-#include "KeelbrightCore/backup/PreflightService.h"
-#include "tests/support/Printing.h"
-#include "tests/support/TestMac.h"
+#include "tests/backup/PreflightServiceTest.h"
 #include "tests/support/UnprivilegedUser.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
 
 namespace keelbright::testing {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-std::filesystem::path standardPath(const FileURL& url)
-{
-    return {url.nativePath().toStdString()};
-}
-
-/// The test's machine with a destination drive whose free space the test sets.
-class DriveFileManager : public SandboxFileManager
-{
-public:
-    using SandboxFileManager::SandboxFileManager;
-
-    [[nodiscard]] std::expected<FileSystemCapacity, FileError>
-    fileSystemCapacity(const FileURL& url) const override
-    {
-        if (fails)
-            return std::unexpected(
-                FileError::fromCode(FileError::Operation::measured, url.lastPathComponent(), EIO));
-        return FileSystemCapacity{.totalBytes = 1'000'000'000'000, .freeBytes = freeBytes};
-    }
-
-    std::optional<qint64> freeBytes = 500'000'000'000;
-    bool fails = false;
-};
-
-class PreflightServiceTest : public ::testing::Test
-{
-protected:
-    BackupSource source(const QByteArray& path, bool isEnabled = true) const
-    {
-        return {QUuid::createUuid(), mac.root().appendingNative(path), isEnabled};
-    }
-
-    /// A source folder with one file of `bytes`, all of it a hole.
-    BackupSource sourceOfSize(const QByteArray& path, qint64 bytes) const
-    {
-        const FileURL file = mac.writeFile(path + "/film.mov", "");
-        std::filesystem::resize_file(standardPath(file), static_cast<std::uintmax_t>(bytes));
-        return source(path);
-    }
-
-    PreflightResult run(const QList<BackupSource>& sources) const
-    {
-        return PreflightService::run(sources, BackupDestination{QUuid::createUuid(), destination});
-    }
-
-    TestMac mac;
-    DriveFileManager drive{mac.root()};
-    FileManagerGuard guard{drive};
-    FileURL destination = mac.makeFolder("Volumes/Anchor");
-};
-
-const QString noValidSource = u"No valid source folders selected."_s;
-
-} // namespace
 
 TEST_F(PreflightServiceTest, withoutADestinationNothingElseIsLookedAt)
 {
@@ -340,43 +277,6 @@ TEST_F(PreflightServiceTest, nothingOnDiskChanges)
     std::ignore = run({source("Users/mira/Desktop")});
     EXPECT_TRUE(std::filesystem::is_empty(standardPath(destination)));
     EXPECT_EQ(std::filesystem::last_write_time(standardPath(destination)), before);
-}
-
-TEST_F(PreflightServiceTest, refusesADestinationInsideASourceThatIsALink)
-{
-    destination = mac.makeFolder("Volumes/Data/Documents/Backup");
-    mac.makeFolder("Users/mira");
-    std::filesystem::create_directory_symlink(
-        standardPath(mac.root().appendingNative("Volumes/Data/Documents")),
-        standardPath(mac.root().appendingNative("Users/mira/Documents")));
-    EXPECT_EQ(run({source("Users/mira/Documents")}).errors,
-              QStringList({u"Destination is inside source folder Documents, causing an infinite loop."_s,
-                           noValidSource}));
-}
-
-TEST_F(PreflightServiceTest, refusesADestinationInsideASourceThatIsReachedByTheFolderAround)
-{
-    mac.makeFolder("Users");
-    EXPECT_EQ(run({source("Users/../Volumes")}).errors,
-              QStringList({u"Destination is inside source folder Volumes, causing an infinite loop."_s,
-                           noValidSource}));
-}
-
-TEST_F(PreflightServiceTest, refusesALinkThatLeadsIntoTheDestination)
-{
-    mac.makeFolder("Volumes/Anchor/old");
-    std::filesystem::create_directory_symlink(standardPath(destination.appendingNative("old")),
-                                              standardPath(mac.root().appendingNative("Link")));
-    EXPECT_EQ(run({source("Link")}).errors,
-              QStringList({u"Source folder Link is already inside the destination."_s, noValidSource}));
-}
-
-TEST_F(PreflightServiceTest, comparesResolvedPathsByTheirComponents)
-{
-    mac.makeFolder("Volumes/Anch");
-    std::filesystem::create_directory_symlink(standardPath(mac.root().appendingNative("Volumes/Anch")),
-                                              standardPath(mac.root().appendingNative("Link")));
-    EXPECT_EQ(run({source("Link")}).errors, QStringList());
 }
 
 } // namespace keelbright::testing

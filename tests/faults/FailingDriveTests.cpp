@@ -135,6 +135,23 @@ TEST_F(FailingDriveTest, thatIsPulledEndsTheRunWithALineForEachMissingFile)
     EXPECT_EQ(engine.lastReport()->manifestPath, QStringLiteral("Failed"));
 }
 
+TEST_F(FailingDriveTest, thatTakesShortNamesOnlyKeepsNothingOfAFileWithALongOne)
+{
+    const FailingDrive failing(QStringLiteral("names"), 60, QStringLiteral("EIO"));
+    if (!failing.reasonMissing().empty())
+        GTEST_SKIP() << failing.reasonMissing();
+    drive = failing.root();
+    const QByteArray longName(100, 'n');
+    for (const int version : {1, 2}) {
+        makeFile("short", fileSize, version);
+        makeFile(longName, fileSize, version);
+        run({documents});
+        EXPECT_EQ(progress().errors, QStringList{skipLine(longName, "copied: the name is too long.")});
+        EXPECT_EQ(mirroredVersion("short"), version);
+        EXPECT_THAT(temporaryFiles(failing.folder()), IsEmpty());
+    }
+}
+
 TEST_F(FailingDriveTest, thatHangsLeavesTheWindowResponsiveAndTheRunCancellable)
 {
     const FailingDrive failing(QStringLiteral("none"), 0, QStringLiteral("EIO"));

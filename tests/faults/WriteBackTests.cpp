@@ -59,5 +59,25 @@ TEST_F(WriteBackTest, isReportedInALaterRunToo)
     EXPECT_TRUE(progress().errors.contains(lineOfTheFlush()));
 }
 
+TEST_F(WriteBackTest, ofNewCopiesIsALineOfEachAndLeavesTheOldOnes)
+{
+    makeFiles(40, 50'000, 1);
+    run({documents});
+    ASSERT_EQ(progress().errors, QStringList());
+    makeFiles(40, 50'000, 2);
+    loseWrites();
+    run({documents});
+    EXPECT_EQ(progress().filesCopied, 0);
+    EXPECT_EQ(progress().filesSkipped, 40);
+    const QByteArrayList names = walkingOrder();
+    EXPECT_EQ(progress().errors.value(0),
+              skipLine(names.first(), "written through to the drive: the drive reported an error."));
+    for (const QByteArray& name : names) {
+        EXPECT_EQ(progress().errors.filter(skipLine(name, "")).size(), 1) << name.toStdString();
+        EXPECT_EQ(mirroredVersion(name), 1);
+    }
+    EXPECT_THAT(temporaryFiles(drive), ::testing::IsEmpty());
+}
+
 } // namespace
 } // namespace keelbright

@@ -19,7 +19,8 @@ public:
     /// list, flush, close, or none for a drive that works; `after` counts bytes of read and write, requests
     /// of all others; `error` is a name like EIO. With size, blocks or cached-size the drive gives `after` as
     /// the size of every file instead, whatever can be read of it; blocks makes files seem to be holes,
-    /// cached-size lets the system keep what it has read.
+    /// cached-size lets the system keep what it has read. With names the drive takes none of more than
+    /// `after` bytes; with forms both ways to encode an accented letter are the same to it.
     FailingDrive(const QString& request, qint64 after, const QString& error);
     ~FailingDrive();
     FailingDrive(const FailingDrive&) = delete;

@@ -10,7 +10,8 @@ is unmounted. With block, each read that covers the byte AFTER of a file fails, 
 
 A REQUEST of size, blocks or cached-size makes no request fail: AFTER is then the size that the drive gives for
 every file, whatever can be read of it. With blocks the file seems to be one hole as well; with cached-size the
-system keeps what it has read.
+system keeps what it has read. With names, AFTER is the number of bytes that the drive allows in a name;
+with forms, the drive takes both ways to encode an accented letter for the same.
 """
 
 import errno
@@ -18,6 +19,7 @@ import os
 import signal
 import stat
 import sys
+import unicodedata
 
 try:
     import fuse
@@ -50,7 +52,9 @@ class Budget:
 
 
 def place_of(path):
-    return FOLDER + path
+    if REQUEST == "names" and len(os.fsencode(path).rsplit(b"/", 1)[-1]) > int(AFTER):
+        raise OSError(errno.ENAMETOOLONG, os.strerror(errno.ENAMETOOLONG))
+    return FOLDER + (unicodedata.normalize("NFC", path) if REQUEST == "forms" else path)
 
 
 def given_status(status):

@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/files/AtomicWrite.h"
 #include "KeelbrightCore/platform/files/FolderOpening.h"
+#include "KeelbrightCore/platform/files/MountPoints.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
 
 #include <fcntl.h>
@@ -38,6 +39,13 @@ bool CopyAnchor::isOrHolds(const struct stat& status) const
 {
     return (status.st_dev == m_device && status.st_ino == m_inode) ||
            (status.st_dev == m_deviceAround && status.st_ino == m_inodeAround);
+}
+
+bool CopyAnchor::holdsWhatIsMountedAt(const FileURL& mountPoint) const
+{
+    const auto around = placeOnVolume(m_place.deletingLastPathComponent());
+    const auto mounted = placeOnVolume(mountPoint);
+    return around && mounted && isAtOrBelow(*mounted, *around);
 }
 
 bool CopyAnchor::isInPlace()

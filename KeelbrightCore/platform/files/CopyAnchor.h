@@ -36,6 +36,9 @@ public:
     /// Whether this is the status of the folder or of the one around it.
     [[nodiscard]] bool isOrHolds(const struct stat& status) const;
 
+    /// Whether what is mounted at that location is the folder around or a part of it.
+    [[nodiscard]] bool holdsWhatIsMountedAt(const FileURL& mountPoint) const;
+
     /// Opens the folder at `path` below the anchor and creates what is missing, after a look at the
     /// anchor's place.
     [[nodiscard]] std::expected<FileDescriptor, FileError> recreateFolder(const QByteArray& path);

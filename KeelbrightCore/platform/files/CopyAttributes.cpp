@@ -11,6 +11,7 @@ namespace keelbright {
 namespace {
 
 constexpr mode_t allPermissions = 0777;
+constexpr mode_t rightsOfOthers = S_IRWXG | S_IRWXO;
 
 /// Whether the code means that the drive has no such attribute, not that it failed to store it.
 bool isUnsupported(int code)
@@ -51,10 +52,12 @@ mode_t CopyAttributes::giveOwner(int copy, const struct stat& source) const
     return mode & allPermissions; // never lend a foreign owner's rights to the user's own copy
 }
 
-std::expected<CopyAttributes::FolderEnd, int> CopyAttributes::beginFolder(int source, int copy) const
+std::expected<CopyAttributes::FolderEnd, int> CopyAttributes::beginFolder(int source, int copy,
+                                                                          bool isShared) const
 {
     struct stat status = {};
-    if (::fstat(source, &status) != 0)
+    struct stat before = {};
+    if (::fstat(source, &status) != 0 || ::fstat(copy, &before) != 0)
         return std::unexpected(errno);
     FolderEnd end{.times = {SystemCalls::accessTime(status), SystemCalls::modificationTime(status)}};
     // Without its access list a folder would be open to all that the list had let in altogether.
@@ -68,6 +71,8 @@ std::expected<CopyAttributes::FolderEnd, int> CopyAttributes::beginFolder(int so
     end.mode = giveOwner(copy, status);
     if (status.st_uid != m_user)
         end.mode |= S_IRWXU; // the next run has to come in
+    if (isShared)
+        end.mode &= before.st_mode | ~rightsOfOthers;
     SystemCalls::copyExtendedAttributes(source, copy);
     if (::fchmod(copy, end.mode | S_IRWXU) != 0 && !isUnsupported(errno))
         return std::unexpected(errno);

@@ -37,8 +37,10 @@ public:
 
     /// Gives the open copy of a folder the owner, the access lists and the permissions of its source. Until
     /// it is complete its owner may also write to it; nobody else ever may more than at the source, not for
-    /// a moment. Fails with an `errno` value.
-    [[nodiscard]] std::expected<FolderEnd, int> beginFolder(int source, int copy) const;
+    /// a moment. `isShared` says that the copy holds files of another source too: then nobody else may more
+    /// than at both. Fails with an `errno` value.
+    [[nodiscard]] std::expected<FolderEnd, int> beginFolder(int source, int copy,
+                                                            bool isShared = false) const;
     /// Gives the copy its last permissions and its times; nothing may be added to it afterwards.
     static void endFolder(int copy, const FolderEnd& end);
 

@@ -40,6 +40,7 @@ struct PlannedCopy
     std::shared_ptr<const TargetFolder> target;
     QByteArray name; ///< of the item and of its copy
     EntryType type = EntryType::other;
+    QByteArray twin = {}; ///< the name of an item planned before that some drives take for the same
 };
 
 /// Prepares planned copies. One thread at a time; several workers of one destination may work at the
@@ -64,6 +65,9 @@ public:
     /// Gives it the permissions and the times of its source; to be called when all copies that were planned
     /// for it and for the folders below it have been published. What a drive can't hold is no error.
     virtual void complete() = 0;
+    /// The same after a run that did not publish all of them; a folder that was created for copies that never
+    /// came is removed.
+    virtual void giveUp() = 0;
 };
 
 /// A folder tree that files are copied into.
@@ -93,8 +97,10 @@ public:
     /// Leaves all folders down to the anchor.
     virtual void leaveFolders() = 0;
 
-    /// Whether the entry is the folder around the anchor or the anchor itself, by whatever path the walk has
-    /// come to it: what a run writes is nothing to be copied.
+    /// Whether the entry is the folder around the anchor, the anchor itself, the copy of the source that is
+    /// being filled, or one of their folders that is mounted in its place, by whatever path the walk has come
+    /// to it: what a run writes is nothing to be copied. Several threads may ask before the first folder is
+    /// entered.
     [[nodiscard]] virtual bool isOwnFolder(const DirectoryEnumerator& item) const = 0;
 
     /// Plans the copy of the enumerator's current entry into the entered folder under the same name.

@@ -110,6 +110,8 @@ QString reasonText(const FileError& error)
         return translated("the destination is no longer in its place");
     case FileError::Reason::differsInCaseOnly:
         return translated("a file whose name differs in upper and lower case only is already there");
+    case FileError::Reason::nameTakenForAnother:
+        return translated("a file whose name the drive takes for the same is already there");
     case FileError::Reason::linksNotSupported:
         return translated("the drive can't hold symbolic links");
     case FileError::Reason::alreadyInTrash:

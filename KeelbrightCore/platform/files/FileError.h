@@ -36,6 +36,7 @@ struct FileError
         symbolicLinkInTheWay, ///< a folder of the destination turned out to be a link
         destinationGone,      ///< the destination was unmounted, replaced or mounted over
         differsInCaseOnly,    ///< another file of that name, spelled differently, is there
+        nameTakenForAnother,  ///< another file is there whose name the drive takes for this one
         linksNotSupported,    ///< the drive can't hold symbolic links
         alreadyInTrash,
         neededInItsPlace,  ///< one of the machine's own folders, or a folder that holds one

@@ -5,6 +5,7 @@
 #include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 #include "KeelbrightCore/platform/files/FileError.h"
 #include "KeelbrightCore/platform/files/FileURL.h"
+#include "KeelbrightCore/platform/files/PlaceOnVolume.h"
 
 #include <QList>
 #include <memory>
@@ -51,6 +52,9 @@ public:
     [[nodiscard]] virtual std::optional<qint64> fileSize(const FileURL& url) const = 0;
     /// The path with every symbolic link resolved; the path itself where that fails.
     [[nodiscard]] virtual FileURL resolvingSymlinks(const FileURL& url) const = 0;
+    /// Where the item lies on its own file system, whatever that is mounted as; nothing where the system
+    /// does not report it.
+    [[nodiscard]] virtual std::optional<PlaceOnVolume> placeOnVolume(const FileURL& url) const = 0;
     [[nodiscard]] virtual std::expected<FileSystemCapacity, FileError>
     fileSystemCapacity(const FileURL& url) const = 0;
 

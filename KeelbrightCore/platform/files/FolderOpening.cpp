@@ -52,6 +52,17 @@ std::expected<FileDescriptor, FileError> openOrCreatePath(int parent, QByteArray
     return folder;
 }
 
+bool removeIfEmpty(int folder, const QByteArray& name)
+{
+    const FileDescriptor parent = openFolder(folder, "..");
+    struct stat own = {};
+    struct stat named = {};
+    return parent.isOpen() && ::fstat(folder, &own) == 0 &&
+           ::fstatat(parent.get(), name.constData(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
+           own.st_dev == named.st_dev && own.st_ino == named.st_ino &&
+           ::unlinkat(parent.get(), name.constData(), AT_REMOVEDIR) == 0;
+}
+
 QByteArrayView takeComponent(QByteArrayView& path)
 {
     const qsizetype slash = path.indexOf('/');

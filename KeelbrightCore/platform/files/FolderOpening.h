@@ -35,6 +35,9 @@ struct OpenedFolder
 [[nodiscard]] std::expected<FileDescriptor, FileError> openOrCreatePath(int parent, QByteArrayView path,
                                                                         mode_t mode = 0777);
 
+/// Removes an open folder where it is empty and still has that name in the folder around it; whether it did.
+[[nodiscard]] bool removeIfEmpty(int folder, const QByteArray& name);
+
 /// The part of `path` up to its next slash; `path` becomes what follows.
 [[nodiscard]] QByteArrayView takeComponent(QByteArrayView& path);
 

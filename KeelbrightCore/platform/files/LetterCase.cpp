@@ -1,22 +1,12 @@
 #include "KeelbrightCore/platform/files/LetterCase.h"
 
-#include "KeelbrightCore/platform/files/DirectoryReader.h"
-#include "KeelbrightCore/platform/files/FileDescriptor.h"
+#include "KeelbrightCore/platform/files/EntryLookup.h"
 
 #include <QString>
-#include <fcntl.h>
-#include <functional>
-#include <sys/stat.h>
 
 namespace keelbright {
 
 namespace {
-
-bool exists(int folder, const QByteArray& name)
-{
-    struct stat status = {};
-    return ::fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
-}
 
 /// Upper case for lower case and the other way round, in ASCII only.
 QByteArray withCaseSwapped(QByteArray name)
@@ -38,19 +28,6 @@ QString withoutCase(QByteArrayView name)
     return folded;
 }
 
-void forEachEntry(int parent, const char* name, const std::function<void(QByteArrayView)>& visit)
-{
-    const FileDescriptor folder(
-        retrying([&] { return ::openat(parent, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
-    DirectoryReader reader;
-    while (folder.isOpen()) {
-        const auto entry = reader.read(folder.get()).value_or(std::nullopt);
-        if (!entry)
-            return;
-        visit(entry->name);
-    }
-}
-
 } // namespace
 
 void LetterCase::learn(int folder, const QByteArray& name)
@@ -58,7 +35,7 @@ void LetterCase::learn(int folder, const QByteArray& name)
     const QByteArray other = withCaseSwapped(name);
     if (m_hasLearned || other == name)
         return;
-    bool folds = exists(folder, "../" + other);
+    bool folds = hasEntry(folder, "../" + other);
     // Unless the folder really holds both spellings.
     if (folds)
         forEachEntry(folder, "..", [&](QByteArrayView entry) { folds = folds && entry != other; });
@@ -75,7 +52,7 @@ bool LetterCase::isClaimedByAnother(int folder, const QByteArray& path, QByteArr
     const size_t folded = qHash(withoutCase(spelling));
     const size_t claimant = m_claims.value(folded, spelled);
     m_claims.insert(folded, claimant);
-    return claimant != spelled && exists(folder, name.toByteArray()) && !isKeptApart(folder, path, name);
+    return claimant != spelled && hasEntry(folder, name.toByteArray()) && !isKeptApart(folder, path, name);
 }
 
 bool LetterCase::isKeptApart(int folder, const QByteArray& path, QByteArrayView name)

@@ -5,6 +5,10 @@
 #include <vector>
 #else
 #include "KeelbrightCore/platform/files/FileDescriptor.h"
+#include "KeelbrightCore/platform/files/ResolvedPath.h"
+#include "KeelbrightCore/platform/files/SystemCalls.h"
+
+#include <algorithm>
 #endif
 
 namespace keelbright {
@@ -25,9 +29,22 @@ QList<FileURL> mountPoints()
     return points;
 }
 
+std::optional<PlaceOnVolume> placeOnVolume(const FileURL&)
+{
+    return std::nullopt; // this system mounts no folder a second time
+}
+
 #else
 
 namespace {
+
+struct Mount
+{
+    quint64 id = 0;
+    QByteArray volume;
+    FileURL root; ///< what of the volume is mounted
+    FileURL point;
+};
 
 QByteArray mountTable()
 {
@@ -57,18 +74,47 @@ QByteArray unescaped(const QByteArray& text)
     return path;
 }
 
+QList<Mount> mounts()
+{
+    enum Field { id, parent, volume, root, point, count };
+
+    QList<Mount> found;
+    for (const QByteArray& line : mountTable().split('\n')) {
+        const QList<QByteArray> fields = line.split(' ');
+        if (fields.size() >= count)
+            found.append({fields[id].toULongLong(), fields[volume],
+                          FileURL::fromNativePath(unescaped(fields[root])),
+                          FileURL::fromNativePath(unescaped(fields[point]))});
+    }
+    return found;
+}
+
 } // namespace
 
 QList<FileURL> mountPoints()
 {
-    constexpr qsizetype fieldOfPath = 4;
     QList<FileURL> points;
-    for (const QByteArray& line : mountTable().split('\n')) {
-        const QList<QByteArray> fields = line.split(' ');
-        if (fields.size() > fieldOfPath)
-            points.append(FileURL::fromNativePath(unescaped(fields[fieldOfPath])));
-    }
+    for (const Mount& mount : mounts())
+        points.append(mount.point);
     return points;
+}
+
+std::optional<PlaceOnVolume> placeOnVolume(const FileURL& url)
+{
+    const FileURL resolved = resolvedPath(url);
+    const auto id = SystemCalls::mountId(resolved.nativePath().constData());
+    const QList<Mount> all = mounts();
+    const auto mount = std::ranges::find_if(all, [&id](const Mount& each) { return each.id == id; });
+    if (!id || mount == all.end())
+        return std::nullopt;
+    const QByteArray& path = resolved.nativePath();
+    const QByteArray& point = mount->point.nativePath();
+    if (path == point)
+        return PlaceOnVolume{mount->volume, mount->root};
+    const QByteArray start = point.endsWith('/') ? point : point + '/';
+    if (!path.startsWith(start))
+        return std::nullopt; // mounted over since
+    return PlaceOnVolume{mount->volume, mount->root.appendingNative(path.sliced(start.size()))};
 }
 
 #endif

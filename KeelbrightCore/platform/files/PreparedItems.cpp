@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/files/PreparedItems.h"
 
+#include "KeelbrightCore/platform/files/NameForms.h"
 #include "KeelbrightCore/platform/files/TemporaryName.h"
 
 #include <fcntl.h>
@@ -16,6 +17,14 @@ bool isFolder(int folder, const QByteArray& name)
     return ::fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISDIR(status.st_mode);
 }
 
+/// Fails where the name would replace its twin.
+std::expected<void, FileError> checkName(int folder, const QByteArray& name, const QByteArray& twin)
+{
+    if (!twin.isEmpty() && areTheSame(folder, twin, name))
+        return failure(FileError::Operation::copied, name, FileError::Reason::nameTakenForAnother);
+    return {};
+}
+
 } // namespace
 
 PreparedFile::PreparedFile(const PlannedCopy& plan, FileDescriptor newFolder, UnpublishedFile file,
@@ -26,6 +35,7 @@ PreparedFile::PreparedFile(const PlannedCopy& plan, FileDescriptor newFolder, Un
     , m_replaced(std::move(replaced))
     , m_name(plan.name)
     , m_sourceSize(sourceSize)
+    , m_twin(plan.twin)
     , m_isReplacing(isReplacing)
     // A file that is closed already was written before.
     , m_isWritten(!m_folder->flushesBeforeReplacing || m_file.descriptor() < 0)
@@ -50,6 +60,8 @@ std::expected<void, FileError> PreparedFile::publish()
 {
     if (auto inPlace = m_folder->anchor->checkPlace(); !inPlace)
         return inPlace;
+    if (auto checked = checkName(m_folder->folder.get(), m_name, m_twin); !checked)
+        return checked;
     const bool wasUnnamed = m_file.isUnnamed();
     auto named = giveName();
     if (!named && named.error().code == ENOENT && wasUnnamed) {
@@ -87,10 +99,11 @@ std::expected<void, FileError> PreparedFile::giveName()
     return failure(FileError::Operation::replaced, m_name, replaced.error());
 }
 
-PreparedLink::PreparedLink(std::shared_ptr<const TargetFolder> folder, QByteArray linkTarget, QByteArray name)
-    : m_folder(std::move(folder))
+PreparedLink::PreparedLink(const PlannedCopy& plan, QByteArray linkTarget)
+    : m_folder(plan.target)
     , m_linkTarget(std::move(linkTarget))
-    , m_name(std::move(name))
+    , m_name(plan.name)
+    , m_twin(plan.twin)
 {}
 
 std::expected<void, FileError> PreparedLink::publish()
@@ -98,6 +111,8 @@ std::expected<void, FileError> PreparedLink::publish()
     if (auto inPlace = m_folder->anchor->checkPlace(); !inPlace)
         return inPlace;
     const int folder = m_folder->folder.get();
+    if (auto checked = checkName(folder, m_name, m_twin); !checked)
+        return checked;
     if (::symlinkat(m_linkTarget.constData(), folder, m_name.constData()) == 0)
         return {};
     if (errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS)

@@ -32,6 +32,7 @@ private:
     FileDescriptor m_replaced;
     QByteArray m_name;
     qint64 m_sourceSize;
+    QByteArray m_twin;
     bool m_isReplacing;
     bool m_isWritten; ///< as far as a replacement needs it
 };
@@ -40,7 +41,7 @@ private:
 class PreparedLink : public PreparedCopy
 {
 public:
-    PreparedLink(std::shared_ptr<const TargetFolder> folder, QByteArray linkTarget, QByteArray name);
+    PreparedLink(const PlannedCopy& plan, QByteArray linkTarget);
 
     /// A link has no data of its own.
     [[nodiscard]] std::expected<void, FileError> flushBeforeReplacing() override { return {}; }
@@ -53,6 +54,7 @@ private:
     std::shared_ptr<const TargetFolder> m_folder;
     QByteArray m_linkTarget;
     QByteArray m_name;
+    QByteArray m_twin;
 };
 
 } // namespace keelbright

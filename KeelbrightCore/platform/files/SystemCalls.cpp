@@ -166,6 +166,22 @@ bool writesDataBeforeNames(int folder)
     return status.f_type == TMPFS_MAGIC || status.f_type == RAMFS_MAGIC;
 }
 
+std::optional<quint64> mountId(const char* path)
+{
+    struct statx status = {};
+    if (::statx(AT_FDCWD, path, AT_NO_AUTOMOUNT, STATX_MNT_ID, &status) != 0 ||
+        (status.stx_mask & STATX_MNT_ID) == 0)
+        return std::nullopt;
+    return status.stx_mnt_id;
+}
+
+bool isMountPoint(int folder, const char* name)
+{
+    struct statx status = {};
+    return ::statx(folder, name, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, 0, &status) == 0 &&
+           (status.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
+}
+
 timespec accessTime(const struct stat& status)
 {
     return status.st_atim;
@@ -256,6 +272,16 @@ std::expected<void, int> waitUntilWritten(int file)
 }
 
 bool writesDataBeforeNames(int)
+{
+    return false;
+}
+
+std::optional<quint64> mountId(const char*)
+{
+    return std::nullopt;
+}
+
+bool isMountPoint(int, const char*)
 {
     return false;
 }

@@ -52,6 +52,12 @@ void startWriting(int file);
 /// Whether the file system of an open folder needs no such wait before a file replaces another one.
 [[nodiscard]] bool writesDataBeforeNames(int folder);
 
+/// The number by which the system's table of mounts knows the one that holds the file; nothing where it
+/// does not say.
+[[nodiscard]] std::optional<quint64> mountId(const char* path);
+/// Whether something is mounted on the folder of that name; false where the system does not say.
+[[nodiscard]] bool isMountPoint(int folder, const char* name);
+
 /// Access, modification and change times from a status.
 [[nodiscard]] timespec accessTime(const struct stat& status);
 [[nodiscard]] timespec modificationTime(const struct stat& status);

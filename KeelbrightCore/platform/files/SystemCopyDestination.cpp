@@ -45,16 +45,25 @@ qsizetype foldersDownTo(const DirectoryEnumerator& items)
 class SystemFilledFolder : public FilledFolder
 {
 public:
-    SystemFilledFolder(FileDescriptor folder, const CopyAttributes::FolderEnd& end)
+    /// `nameIfItGoes` is empty for a folder that is never removed.
+    SystemFilledFolder(FileDescriptor folder, const CopyAttributes::FolderEnd& end, QByteArray nameIfItGoes)
         : m_folder(std::move(folder))
         , m_end(end)
+        , m_nameIfItGoes(std::move(nameIfItGoes))
     {}
 
     void complete() override { CopyAttributes::endFolder(m_folder.get(), m_end); }
 
+    void giveUp() override
+    {
+        if (m_nameIfItGoes.isEmpty() || !removeIfEmpty(m_folder.get(), m_nameIfItGoes))
+            complete();
+    }
+
 private:
     FileDescriptor m_folder;
     CopyAttributes::FolderEnd m_end;
+    QByteArray m_nameIfItGoes;
 };
 
 } // namespace
@@ -87,6 +96,12 @@ SystemCopyDestination::SystemCopyDestination(std::shared_ptr<CopyAnchor> anchor,
     , m_flushesBeforeReplacing(!SystemCalls::writesDataBeforeNames(m_anchor->descriptor()))
     , m_maximumPrepared(maximumPreparedCopies())
 {}
+
+SystemCopyDestination::FolderId SystemCopyDestination::FolderId::of(int folder)
+{
+    struct stat status = {};
+    return ::fstat(folder, &status) == 0 ? FolderId{status.st_dev, status.st_ino} : FolderId();
+}
 
 bool SystemCopyDestination::isInPlace()
 {
@@ -141,15 +156,21 @@ std::expected<void, FileError> SystemCopyDestination::goTo(QByteArrayView relati
             m_chain.leaveAll(); // the folders were moved meanwhile: start at the anchor again
     }
     const QByteArrayList names = componentsOf(relativeFolder.sliced(m_chain.relativePath().size()));
-    const qsizetype copies = items ? std::min(names.size(), foldersDownTo(*items)) : 0;
+    const qsizetype sourceFolders = items ? foldersDownTo(*items) : 0;
+    const qsizetype copies = std::min(names.size(), sourceFolders);
     std::optional<SourceFolders> sources;
     if (copies > 0)
         sources.emplace(*items, copies - 1);
     for (qsizetype index = 0; index < names.size(); ++index) {
         const bool isCopy = names.size() - index <= copies;
         SourceFolders* source = sources && isCopy ? &*sources : nullptr;
+        const bool isSource = source && names.size() - index == sourceFolders;
+        if (isSource)
+            noteSource(m_chain.relativePath() + '/' + names[index], source->descriptor());
         if (const auto entered = enterOrCreate(names[index], source); !entered)
             return entered;
+        if (isSource)
+            beginSource();
         if (source && index + 1 < names.size())
             source->goDown(names[index + 1]);
     }
@@ -161,30 +182,57 @@ std::expected<void, FileError> SystemCopyDestination::enterOrCreate(const QByteA
 {
     if (m_letterCase.isClaimedByAnother(m_chain.descriptor(), m_chain.relativePath(), name))
         return failure(FileError::Operation::created, name, FileError::Reason::differsInCaseOnly);
+    const QByteArray twin = m_chain.data().forms.twinOf(name);
+    if (!twin.isEmpty() && areTheSame(m_chain.descriptor(), twin, name))
+        return failure(FileError::Operation::created, name, FileError::Reason::nameTakenForAnother);
     auto opened = openOrCreateFolder(m_chain.descriptor(), name, sources ? S_IRWXU : 0777);
     if (!opened)
         return std::unexpected(opened.error());
-    Level level{.likelyName = opened->wasCreated ? NameIs::free : NameIs::taken};
+    Level level{.likelyName = opened->wasCreated ? NameIs::free : NameIs::taken,
+                .goesIfEmpty = opened->wasCreated};
     // Where the source can't be opened any more, a new folder stays closed.
     if (sources && sources->descriptor() >= 0) {
-        const auto end = m_attributes.beginFolder(sources->descriptor(), opened->folder.get());
+        const auto end = m_attributes.beginFolder(sources->descriptor(), opened->folder.get(),
+                                                  m_isShared && !opened->wasCreated);
         if (!end)
             return failure(FileError::Operation::created, name, end.error());
         level.end = *end;
     }
     m_letterCase.learn(opened->folder.get(), name);
-    m_chain.enter(std::move(opened->folder), name, level);
+    m_chain.enter(std::move(opened->folder), name, std::move(level));
     return {};
+}
+
+/// To be called before the copy of a source itself is entered, with the open source.
+void SystemCopyDestination::noteSource(const QByteArray& copy, int source)
+{
+    const FolderId id = FolderId::of(source);
+    Filling& filling = m_fillings[copy];
+    if (filling.firstSource == FolderId())
+        filling.firstSource = id;
+    filling.isShared = filling.isShared || filling.firstSource != id;
+    m_isShared = filling.isShared;
+}
+
+/// To be called when it has been entered.
+void SystemCopyDestination::beginSource()
+{
+    m_chain.data().goesIfEmpty = false; // it stays, even without content
+    m_copyOfSource = FolderId::of(m_chain.descriptor());
 }
 
 /// Goes back to the folder around; false where that could not be reached.
 bool SystemCopyDestination::leaveFolder()
 {
-    const auto& end = m_chain.data().end;
-    if (end && m_filledFolderHandler) {
+    const Level& level = m_chain.data();
+    if (level.end && m_filledFolderHandler) {
         FileDescriptor folder = FileDescriptor::duplicate(m_chain.descriptor());
+        QByteArray nameIfItGoes;
+        if (level.goesIfEmpty)
+            nameIfItGoes = m_chain.relativePath().sliced(m_chain.relativePath().lastIndexOf('/') + 1);
         if (folder.isOpen())
-            m_filledFolderHandler(std::make_unique<SystemFilledFolder>(std::move(folder), *end));
+            m_filledFolderHandler(
+                std::make_unique<SystemFilledFolder>(std::move(folder), *level.end, std::move(nameIfItGoes)));
     }
     return m_chain.leave().has_value();
 }
@@ -201,10 +249,13 @@ void SystemCopyDestination::leaveFolders()
 
 bool SystemCopyDestination::isOwnFolder(const DirectoryEnumerator& item) const
 {
+    const int folder = item.folderDescriptor();
+    const char* name = item.name().data();
     struct stat status = {};
-    return item.type() == EntryType::directory &&
-           ::fstatat(item.folderDescriptor(), item.name().data(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-           m_anchor->isOrHolds(status);
+    if (item.type() != EntryType::directory || ::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return false;
+    return m_anchor->isOrHolds(status) || m_copyOfSource == FolderId{status.st_dev, status.st_ino} ||
+           (SystemCalls::isMountPoint(folder, name) && m_anchor->holdsWhatIsMountedAt(item.url()));
 }
 
 std::expected<PlannedCopy, FileError> SystemCopyDestination::plan(const DirectoryEnumerator& item)
@@ -213,7 +264,8 @@ std::expected<PlannedCopy, FileError> SystemCopyDestination::plan(const Director
         return failure(FileError::Operation::copied, item.name(), FileError::Reason::differsInCaseOnly);
     if (const auto opened = openFolders(item); !opened)
         return failure(FileError::Operation::copied, item.name(), opened.error());
-    return PlannedCopy{m_sourceFolder, m_targetFolder, item.name().toByteArray(), item.type()};
+    return PlannedCopy{m_sourceFolder, m_targetFolder, item.name().toByteArray(), item.type(),
+                       m_chain.data().forms.twinOf(item.name())};
 }
 
 std::expected<void, int> SystemCopyDestination::openFolders(const DirectoryEnumerator& item)

@@ -5,9 +5,11 @@
 #include "KeelbrightCore/platform/files/CopyDestination.h"
 #include "KeelbrightCore/platform/files/FolderChain.h"
 #include "KeelbrightCore/platform/files/LetterCase.h"
+#include "KeelbrightCore/platform/files/NameForms.h"
 #include "KeelbrightCore/platform/files/SourceFolders.h"
 #include "KeelbrightCore/platform/files/TargetFolder.h"
 
+#include <map>
 #include <optional>
 
 namespace keelbright {
@@ -44,6 +46,8 @@ private:
     {
         NameIs likelyName = NameIs::free;                  ///< of the names in it
         std::optional<CopyAttributes::FolderEnd> end = {}; ///< for the copy of a folder
+        NameForms forms = {};                              ///< of the names in it
+        bool goesIfEmpty = false;                          ///< when the run does not come to its copies
     };
 
     [[nodiscard]] std::expected<void, FileError> goTo(QByteArrayView relativeFolder,
@@ -51,13 +55,33 @@ private:
     /// `sources` stand at the folder that this one is a copy of; null where it is none.
     [[nodiscard]] std::expected<void, FileError> enterOrCreate(const QByteArray& name,
                                                                const SourceFolders* sources);
+    void noteSource(const QByteArray& copy, int source);
+    void beginSource();
     [[nodiscard]] bool leaveFolder();
     /// The entered folder and the one that the planned items lie in, opened for copies that are published
     /// after others have been entered.
     [[nodiscard]] std::expected<void, int> openFolders(const DirectoryEnumerator& item);
     [[nodiscard]] bool hasUnnamedFiles();
 
+    struct FolderId
+    {
+        dev_t device = 0;
+        ino_t inode = 0; ///< 0 is no folder's
+        [[nodiscard]] static FolderId of(int folder);
+        friend bool operator==(const FolderId&, const FolderId&) = default;
+    };
+
+    /// Who fills the copy of a source in this run.
+    struct Filling
+    {
+        FolderId firstSource;
+        bool isShared = false; ///< by sources of the same name
+    };
+
     std::shared_ptr<CopyAnchor> m_anchor;
+    FolderId m_copyOfSource;                  ///< that is being filled
+    std::map<QByteArray, Filling> m_fillings; ///< by the path of the copy below the anchor
+    bool m_isShared = false;                  ///< the copy that is being filled
     FolderChain<Level> m_chain;
     FilledFolderHandler m_filledFolderHandler;
     CopyAttributes m_attributes;

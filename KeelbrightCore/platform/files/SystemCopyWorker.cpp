@@ -37,7 +37,7 @@ std::expected<std::unique_ptr<PreparedCopy>, FileError> prepareLink(const Planne
     auto target = linkTarget(plan.source->get(), plan.name);
     if (!target)
         return failure(FileError::Operation::read, plan.name, target.error());
-    return std::make_unique<PreparedLink>(plan.target, std::move(*target), plan.name);
+    return std::make_unique<PreparedLink>(plan, std::move(*target));
 }
 
 } // namespace
@@ -99,7 +99,7 @@ std::expected<void, int> SystemCopyWorker::finish(NewFile& file, int source, con
         return copied;
     if (plan.target->likelyName == NameIs::taken) {
         auto old = SystemCalls::holdFile(plan.target->folder.get(), plan.name.constData());
-        file.isReplacing = old || old.error() != ENOENT;
+        file.isReplacing = old || (old.error() != ENOENT && old.error() != ENAMETOOLONG);
         if (old)
             file.replaced = std::move(*old);
     }

@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/files/AtomicWrite.h"
 #include "KeelbrightCore/platform/files/FileDescriptor.h"
+#include "KeelbrightCore/platform/files/MountPoints.h"
 #include "KeelbrightCore/platform/files/ProtectedPlaces.h"
 #include "KeelbrightCore/platform/files/ResolvedPath.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
@@ -102,6 +103,11 @@ std::optional<qint64> SystemFileManager::fileSize(const FileURL& url) const
 FileURL SystemFileManager::resolvingSymlinks(const FileURL& url) const
 {
     return resolvedPath(url);
+}
+
+std::optional<PlaceOnVolume> SystemFileManager::placeOnVolume(const FileURL& url) const
+{
+    return keelbright::placeOnVolume(url);
 }
 
 std::expected<FileSystemCapacity, FileError> SystemFileManager::fileSystemCapacity(const FileURL& url) const

@@ -16,6 +16,7 @@ public:
     [[nodiscard]] bool isWritable(const FileURL& url) const override;
     [[nodiscard]] std::optional<qint64> fileSize(const FileURL& url) const override;
     [[nodiscard]] FileURL resolvingSymlinks(const FileURL& url) const override;
+    [[nodiscard]] std::optional<PlaceOnVolume> placeOnVolume(const FileURL& url) const override;
     [[nodiscard]] std::expected<FileSystemCapacity, FileError>
     fileSystemCapacity(const FileURL& url) const override;
     [[nodiscard]] std::expected<QList<DirectoryEntry>, FileError>

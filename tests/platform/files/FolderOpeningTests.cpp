@@ -92,6 +92,21 @@ TEST_F(FolderOpeningTest, neverGoesThroughALinkOnAPath)
     EXPECT_FALSE(isFolder("folder/inside"));
 }
 
+TEST_F(FolderOpeningTest, removesAnEmptyFolderUnderItsOwnNameOnly)
+{
+    const auto opened = openOrCreatePath(root.get(), "folder/empty");
+    ASSERT_TRUE(opened.has_value());
+    EXPECT_FALSE(removeIfEmpty(opened->get(), "other"));
+    const auto around = openOrCreatePath(root.get(), "folder");
+    ASSERT_TRUE(around.has_value());
+    EXPECT_FALSE(removeIfEmpty(around->get(), "folder")) << "it holds another one";
+    ASSERT_TRUE(openOrCreatePath(root.get(), "folder/other").has_value());
+    EXPECT_FALSE(removeIfEmpty(opened->get(), "other")) << "another folder has the name";
+    EXPECT_TRUE(isFolder("folder/other"));
+    EXPECT_TRUE(removeIfEmpty(opened->get(), "empty"));
+    EXPECT_FALSE(isFolder("folder/empty"));
+}
+
 TEST_F(FolderOpeningTest, takesAPathApart)
 {
     QByteArrayView path("one//two");

@@ -1,6 +1,7 @@
 #include "KeelbrightCore/platform/files/SystemFileManager.h"
 
 #include "tests/support/EnvironmentVariable.h"
+#include "tests/support/TemporaryVolume.h"
 #include "tests/support/TestMac.h"
 
 #include <cerrno>
@@ -272,6 +273,38 @@ TEST_F(SystemFileManagerTest, resolvesLinksOnTheWay)
               folder.appending(QStringLiteral("file")));
     const FileURL none = folder.appending(QStringLiteral("none"));
     EXPECT_EQ(files.resolvingSymlinks(none), none);
+}
+
+TEST_F(SystemFileManagerTest, findsTheOnePlaceOfAFolderThatIsMountedASecondTime)
+{
+    mac.makeFolder("folder/below");
+    mac.makeFolder("a folder beside"); // the system's table writes blanks in another way
+    const FileURL beside = mac.root().appending(QStringLiteral("a folder beside"));
+    const auto place = files.placeOnVolume(folder);
+    if (!place)
+        GTEST_SKIP() << "this system does not number its mounts";
+    const testing::TemporaryVolume mounted(beside, folder);
+    if (!mounted.isMounted())
+        GTEST_SKIP() << "mounting a folder a second time is not permitted here";
+    EXPECT_EQ(files.placeOnVolume(beside), place);
+    const auto below = files.placeOnVolume(beside.appending(QStringLiteral("below")));
+    ASSERT_TRUE(below.has_value());
+    EXPECT_TRUE(isAtOrBelow(*below, *place));
+    EXPECT_FALSE(isAtOrBelow(*place, *below));
+    EXPECT_EQ(below, files.placeOnVolume(folder.appending(QStringLiteral("below"))));
+    EXPECT_EQ(files.placeOnVolume(folder.appending(QStringLiteral("none"))), std::nullopt);
+}
+
+TEST_F(SystemFileManagerTest, keepsPlacesOnDifferentVolumesApart)
+{
+    const testing::TemporaryVolume volume(mac.makeFolder("volume"));
+    const auto place = files.placeOnVolume(mac.root());
+    if (!volume.isMounted() || !place)
+        GTEST_SKIP() << "mounting is not permitted here, or this system does not number its mounts";
+    const auto other = files.placeOnVolume(volume.location());
+    ASSERT_TRUE(other.has_value());
+    EXPECT_EQ(other->path.nativePath(), "/");
+    EXPECT_FALSE(isAtOrBelow(*other, *place));
 }
 
 TEST(SystemFileManagerPlaces, followTheEnvironment)
