@@ -1,10 +1,10 @@
 #include "Keelbright/screens/ActivityLogView.h"
 
 #include "Keelbright/screens/review/ActivityLogModel.h"
-#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/screens/shared/ListCard.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/L10n.h"
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/Headers.h"

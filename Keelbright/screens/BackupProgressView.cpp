@@ -2,7 +2,6 @@
 
 #include "Keelbright/screens/backup/BackupFinishedPanel.h"
 #include "Keelbright/screens/backup/BackupRunningPanel.h"
-#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/Banner.h"
@@ -19,6 +18,11 @@ namespace {
 
 constexpr int panelWidth = 560;
 
+QString cancelledText()
+{
+    return BackupProgressView::tr("This backup was cancelled before everything was copied.");
+}
+
 } // namespace
 
 BackupProgressView::BackupProgressView(AppState& state, Workspace& workspace, QWidget* parent)
@@ -26,8 +30,7 @@ BackupProgressView::BackupProgressView(AppState& state, Workspace& workspace, QW
     , m_state(state)
     , m_workspace(workspace)
     , m_error(new Banner(Role::red, u"xmark.octagon.fill"_s, {}, this))
-    , m_cancelled(new Banner(Role::orange, u"exclamationmark.triangle.fill"_s,
-                             tr("This backup was cancelled before everything was copied."), this))
+    , m_cancelled(new Banner(Role::orange, u"exclamationmark.triangle.fill"_s, cancelledText(), this))
 {
     setMaximumContentWidth(panelWidth);
     content()->addWidget(m_error);
@@ -36,6 +39,15 @@ BackupProgressView::BackupProgressView(AppState& state, Workspace& workspace, QW
     content()->addStretch(5);
     watchState();
     redraw();
+}
+
+QString BackupProgressView::outcome(const BackupEngine& engine)
+{
+    if (engine.lastError())
+        return *engine.lastError();
+    if (engine.isCancelled())
+        return cancelledText();
+    return engine.lastReport() ? BackupFinishedPanel::headline(*engine.lastReport()) : QString();
 }
 
 void BackupProgressView::watchState()
@@ -53,7 +65,6 @@ void BackupProgressView::watchState()
 
 void BackupProgressView::redraw()
 {
-    const QWidget* panelBefore = m_panel;
     const auto& report = m_state.lastReport();
     if (m_state.engine().isRunning())
         showRunning();
@@ -62,7 +73,7 @@ void BackupProgressView::redraw()
     else
         showEmpty();
     redrawError();
-    redrawCancelled(m_panel != panelBefore);
+    m_cancelled->setVisible(m_state.engine().isCancelled());
 }
 
 void BackupProgressView::redrawProgress()
@@ -81,15 +92,6 @@ void BackupProgressView::redrawError()
     m_error->setVisible(isShown);
 }
 
-void BackupProgressView::redrawCancelled(bool isPanelNew)
-{
-    const bool isCancelled = m_state.engine().isCancelled();
-    // Said again after the headline of the result, which alone would sound like a success.
-    if (isCancelled && isPanelNew && m_cancelled->isVisible())
-        announce(*m_cancelled, m_cancelled->accessibleName());
-    m_cancelled->setVisible(isCancelled);
-}
-
 /// Empty without a selected destination. Another one may be selected while the backup is running.
 QString BackupProgressView::destinationName() const
 {
@@ -106,8 +108,7 @@ void BackupProgressView::showRunning()
         connect(panel, &BackupRunningPanel::cancelPressed, &m_state.engine(), &BackupEngine::cancel);
         replacePanel(panel, Shown::running);
         m_running = panel;
-        if (isVisible())
-            announce(*panel, tr("Backup running"));
+        panel->setAccessibleName(tr("Backup running"));
     }
     m_running->setDestinationName(destinationName());
     m_running->setCancelling(m_state.engine().isCancelled());
@@ -127,8 +128,7 @@ void BackupProgressView::showFinished(const BackupReport& report)
             [this] { m_state.setSelectedScreen(Screen::dashboard); });
     replacePanel(panel, Shown::finished);
     m_shownReport = report.id;
-    if (isVisible())
-        announce(*panel, BackupFinishedPanel::headline(report));
+    panel->setAccessibleName(BackupFinishedPanel::headline(report));
 }
 
 void BackupProgressView::showEmpty()

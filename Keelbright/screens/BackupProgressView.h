@@ -9,6 +9,7 @@
 namespace keelbright {
 
 class AppState;
+class BackupEngine;
 class BackupRunningPanel;
 class Banner;
 class Workspace;
@@ -23,6 +24,9 @@ public:
     /// The arguments must outlive the screen.
     BackupProgressView(AppState& state, Workspace& workspace, QWidget* parent = nullptr);
 
+    /// How the engine's last run ended, in one sentence; empty before the first end of a run.
+    [[nodiscard]] static QString outcome(const BackupEngine& engine);
+
 private:
     enum class Shown { nothing, running, finished, empty };
 
@@ -30,7 +34,6 @@ private:
     void redraw();
     void redrawProgress();
     void redrawError();
-    void redrawCancelled(bool isPanelNew);
     [[nodiscard]] QString destinationName() const;
     void showRunning();
     void showFinished(const BackupReport& report);

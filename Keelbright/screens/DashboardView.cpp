@@ -3,7 +3,6 @@
 #include "Keelbright/screens/dashboard/InsightGrid.h"
 #include "Keelbright/screens/dashboard/ProtectedFoldersCard.h"
 #include "Keelbright/screens/dashboard/SlideReveal.h"
-#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/screens/shared/HealthCard.h"
 #include "Keelbright/screens/shared/PageSection.h"
 #include "Keelbright/state/AppState.h"
@@ -167,11 +166,7 @@ void DashboardView::redrawProgress()
     const bool isRunning = m_state.engine().isRunning();
     if (isRunning)
         m_progress->setProgress(m_state.engine().progress());
-    if (isRunning == m_progressReveal->isRevealed())
-        return;
     m_progressReveal->setRevealed(isRunning);
-    if (isVisible())
-        announce(*this, isRunning ? tr("Backing Up…") : tr("Backup ended"));
 }
 
 void DashboardView::startOrCancelBackup()

@@ -8,6 +8,7 @@
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/widgets/AlertPresenter.h"
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/BottomBar.h"
 #include "Keelbright/widgets/Button.h"
 
@@ -153,8 +154,22 @@ void JunkCleanerView::ask()
     };
     m_alerts.present(this, request, [this] {
         m_vm.setShowCleanConfirm(false);
-        m_vm.clean();
+        clean();
     });
+}
+
+void JunkCleanerView::clean()
+{
+    const qsizetype selected = m_vm.selectedItemIDs().size();
+    m_vm.clean();
+    // What could not be moved stays selected.
+    const qsizetype moved = selected - m_vm.selectedItemIDs().size();
+    const QString count = QString::number(moved);
+    if (moved < selected)
+        say(*this, tr("%1 of %2 items moved to Trash").arg(count, QString::number(selected)));
+    else
+        say(*this,
+            moved == 1 ? tr("%1 item moved to Trash").arg(count) : tr("%1 items moved to Trash").arg(count));
 }
 
 } // namespace keelbright

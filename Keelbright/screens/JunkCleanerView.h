@@ -38,6 +38,8 @@ private:
     void rescan();
     void toggleEverything();
     void ask();
+    /// Moves the selected items to the Trash.
+    void clean();
     [[nodiscard]] QString selectedSize() const;
 
     AlertPresenter& m_alerts;

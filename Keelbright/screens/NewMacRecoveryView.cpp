@@ -1,8 +1,8 @@
 #include "Keelbright/screens/NewMacRecoveryView.h"
 
 #include "Keelbright/screens/recovery/ManifestSummary.h"
-#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/screens/shared/PageSection.h"
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/Card.h"
 #include "Keelbright/widgets/DisplayText.h"

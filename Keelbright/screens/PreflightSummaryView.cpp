@@ -1,9 +1,9 @@
 #include "Keelbright/screens/PreflightSummaryView.h"
 
-#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/Delivery.h"
 #include "Keelbright/state/L10n.h"
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/Banner.h"
 #include "Keelbright/widgets/BottomBar.h"
 #include "Keelbright/widgets/Button.h"

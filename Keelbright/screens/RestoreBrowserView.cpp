@@ -1,12 +1,12 @@
 #include "Keelbright/screens/RestoreBrowserView.h"
 
 #include "Keelbright/screens/recovery/SnapshotRows.h"
-#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/screens/shared/ListCard.h"
 #include "Keelbright/screens/shared/PageSection.h"
 #include "Keelbright/screens/shared/RescanShortcuts.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/Workspace.h"
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/Card.h"
 #include "Keelbright/widgets/EmptyStateView.h"

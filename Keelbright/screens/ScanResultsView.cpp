@@ -1,10 +1,10 @@
 #include "Keelbright/screens/ScanResultsView.h"
 
 #include "Keelbright/screens/review/ScanReportPanel.h"
-#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/screens/shared/RescanShortcuts.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/Workspace.h"
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/Headers.h"

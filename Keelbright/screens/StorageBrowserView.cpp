@@ -1,6 +1,5 @@
 #include "Keelbright/screens/StorageBrowserView.h"
 
-#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/screens/shared/RescanShortcuts.h"
 #include "Keelbright/screens/shared/ScreenContext.h"
 #include "Keelbright/screens/storage/LevelPanel.h"
@@ -8,6 +7,7 @@
 #include "Keelbright/screens/storage/StorageHeader.h"
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/AlertPresenter.h"
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/DisplayText.h"
 #include "Keelbright/widgets/EmptyStateView.h"
@@ -140,7 +140,7 @@ void StorageBrowserView::perform(const FolderSizeNode& node, RowActionId action)
 {
     switch (action) {
     case RowActionId::addToBackup:
-        m_model.addToBackup(node);
+        addToBackup(node);
         break;
     case RowActionId::organise:
         m_model.organiseCurrentFolder(node.url);
@@ -154,6 +154,14 @@ void StorageBrowserView::perform(const FolderSizeNode& node, RowActionId action)
     default:
         break;
     }
+}
+
+void StorageBrowserView::addToBackup(const FolderSizeNode& node)
+{
+    // The screen itself looks the same afterwards.
+    const QString said = m_model.addToBackup(node) ? tr("%1 was added to the backup sources")
+                                                   : tr("%1 is among the backup sources already");
+    say(*this, said.arg(displayText(node.name)));
 }
 
 void StorageBrowserView::askToTrash(const FolderSizeNode& node)

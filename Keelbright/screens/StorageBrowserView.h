@@ -34,6 +34,7 @@ private:
     void showPage(QWidget* page);
     void refresh();
     void perform(const FolderSizeNode& node, RowActionId action);
+    void addToBackup(const FolderSizeNode& node);
     void askToTrash(const FolderSizeNode& node);
 
     AlertPresenter& m_alerts;

@@ -1,11 +1,11 @@
 #include "Keelbright/widgets/Banner.h"
 
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/DisplayText.h"
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 #include "Keelbright/widgets/theme/Theme.h"
 
-#include <QAccessible>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -75,10 +75,8 @@ void Banner::paintEvent(QPaintEvent*)
 void Banner::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    if (event->spontaneous())
-        return;
-    QAccessibleEvent alert(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+    if (!event->spontaneous())
+        say(*this, accessibleName());
 }
 
 } // namespace keelbright

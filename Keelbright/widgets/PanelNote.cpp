@@ -1,10 +1,11 @@
 #include "Keelbright/widgets/PanelNote.h"
 
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/Progress.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 
-#include <QAccessible>
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 namespace keelbright {
@@ -46,8 +47,8 @@ PanelNote::PanelNote(QWidget* picture, const QString& title, const QString& deta
 void PanelNote::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    QAccessibleEvent alert(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+    if (!event->spontaneous())
+        say(*this, accessibleName());
 }
 
 BusyState::BusyState(const QString& title, const QString& detail, int diameter, QWidget* parent)

@@ -1,8 +1,8 @@
 #include "Keelbright/screens/apps/AppListPanel.h"
 
 #include "Keelbright/screens/apps/UsageLook.h"
-#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/state/AppState.h"
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/MenuButton.h"
 #include "Keelbright/widgets/PanelNote.h"

@@ -1,8 +1,8 @@
 #include "Keelbright/screens/apps/AppStoreSection.h"
 
 #include "Keelbright/screens/apps/BusyLine.h"
-#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/state/AppDetailVM.h"
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/Card.h"
 #include "Keelbright/widgets/DisplayText.h"

@@ -1,9 +1,9 @@
 #include "Keelbright/screens/apps/LeftoversSection.h"
 
 #include "Keelbright/screens/apps/BusyLine.h"
-#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/state/AppDetailVM.h"
 #include "Keelbright/state/Workspace.h"
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/Card.h"
 #include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/NumberLabel.h"

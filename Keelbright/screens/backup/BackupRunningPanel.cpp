@@ -1,7 +1,6 @@
 #include "Keelbright/screens/backup/BackupRunningPanel.h"
 
 #include "Keelbright/screens/backup/NumberStrip.h"
-#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/ElidedLabel.h"
@@ -59,6 +58,7 @@ QLayout* BackupRunningPanel::cancelRow()
     auto* row = new QGridLayout;
     // A spacing would be on the right side alone, where the text appears.
     row->setHorizontalSpacing(0);
+    m_cancelling->setAccessibleName(m_cancelling->text());
     m_cancelling->setContentsMargins(gapBesideButton, 0, 0, 0);
     row->addWidget(m_cancel, 0, 1);
     row->addWidget(m_cancelling, 0, 2, Qt::AlignLeft | Qt::AlignVCenter);
@@ -93,8 +93,6 @@ void BackupRunningPanel::setCancelling(bool isCancelling)
         return;
     m_cancel->setEnabled(!isCancelling);
     m_cancelling->setVisible(isCancelling);
-    if (isCancelling && isVisible())
-        announce(*m_cancelling, m_cancelling->text());
 }
 
 } // namespace keelbright

@@ -1,7 +1,7 @@
 #include "Keelbright/screens/junk/JunkCategoryPanel.h"
 
 #include "Keelbright/screens/junk/JunkCategoryModel.h"
-#include "Keelbright/screens/shared/Announcement.h"
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/PanelNote.h"
 #include "Keelbright/widgets/rows/RowListView.h"
 

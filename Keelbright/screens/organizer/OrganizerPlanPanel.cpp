@@ -2,8 +2,8 @@
 
 #include "Keelbright/screens/organizer/ProposalModel.h"
 #include "Keelbright/screens/organizer/QuickTargetRow.h"
-#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/screens/shared/SelectionSummary.h"
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/BottomBar.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/Headers.h"

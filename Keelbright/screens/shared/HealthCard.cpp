@@ -1,7 +1,7 @@
 #include "Keelbright/screens/shared/HealthCard.h"
 
-#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/screens/shared/Placeholder.h"
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/Progress.h"

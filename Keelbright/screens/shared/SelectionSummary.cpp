@@ -1,6 +1,6 @@
 #include "Keelbright/screens/shared/SelectionSummary.h"
 
-#include "Keelbright/screens/shared/Announcement.h"
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/ElidedLabel.h"
 
 #include <QVBoxLayout>

@@ -4,6 +4,7 @@
 #include "Keelbright/screens/shell/MainView.h"
 #include "Keelbright/screens/shell/SettingsWindow.h"
 #include "Keelbright/screens/shell/SidebarView.h"
+#include "Keelbright/screens/shell/StateAnnouncer.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "KeelbrightCore/platform/system/Logging.h"
@@ -29,6 +30,7 @@ MainWindow::MainWindow(const ScreenContext& context, QWidget* parent)
         if (m_context.state.engine().isRunning())
             m_mayClose = false;
     });
+    new StateAnnouncer(context.state, *this);
     showOnboardingOrMain();
 }
 

@@ -1,8 +1,8 @@
 #include "Keelbright/screens/storage/LargestFilesPanel.h"
 
-#include "Keelbright/screens/shared/Announcement.h"
 #include "Keelbright/screens/shared/ListCard.h"
 #include "Keelbright/screens/storage/StorageFileTypes.h"
+#include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/ElidedLabel.h"
 #include "Keelbright/widgets/PanelNote.h"

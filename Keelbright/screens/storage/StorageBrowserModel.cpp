@@ -204,9 +204,11 @@ void StorageBrowserModel::organiseCurrentFolder(const FileURL& folder)
     NotificationCenter::defaultCenter().post(organizeFolderNotification, kept);
 }
 
-void StorageBrowserModel::addToBackup(const FolderSizeNode& node)
+bool StorageBrowserModel::addToBackup(const FolderSizeNode& node)
 {
+    const qsizetype before = m_state.customSources().size();
     m_state.addCustomSource(node.url);
+    return m_state.customSources().size() > before;
 }
 
 void StorageBrowserModel::pickFolder()

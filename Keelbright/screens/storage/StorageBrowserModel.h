@@ -85,7 +85,8 @@ public:
     void loadLargestFiles();
     /// Shows the organizer screen with this folder. The caller's screen may be destroyed by that.
     void organiseCurrentFolder(const FileURL& folder);
-    void addToBackup(const FolderSizeNode& node);
+    /// False where it is one of them already.
+    bool addToBackup(const FolderSizeNode& node);
     /// Asks the user for the folder of a new walk.
     void pickFolder();
 

@@ -1,5 +1,7 @@
 #include "tests/screens/junk/JunkCleanerTestCase.h"
+#include "tests/support/SpokenTexts.h"
 
+#include <QDir>
 #include <QScrollBar>
 #include <QTest>
 
@@ -42,6 +44,29 @@ TEST_F(JunkCleaningTests, movingToTheTrashIsTheOneProminentActionAndOrange)
     Button* clean = button(*view, u"Move to Trash"_s);
     EXPECT_EQ(clean->kind(), Button::Kind::primary);
     EXPECT_TRUE(holdsColor(pictureOf(*clean), Theme::instance().color(Role::orangeFill)));
+}
+
+TEST_F(JunkCleaningTests, aScreenReaderSaysHowManyItemsWereMoved)
+{
+    addSomeJunk();
+    open();
+    tick(0);
+    press(u"Move to Trash"_s);
+    const SpokenTexts spoken;
+    alerts.confirm();
+    EXPECT_EQ(spoken.all(), QStringList{u"1 item moved to Trash"_s});
+}
+
+TEST_F(JunkCleaningTests, aScreenReaderSaysThatNotAllCouldBeMoved)
+{
+    addSomeJunk();
+    open();
+    press(u"Select All"_s);
+    press(u"Move to Trash"_s);
+    QDir(mac.home().appending(u"Library/Caches/com.example.music"_s).path()).removeRecursively();
+    const SpokenTexts spoken;
+    alerts.confirm();
+    EXPECT_EQ(spoken.all(), QStringList{u"1 of 2 items moved to Trash"_s});
 }
 
 TEST_F(JunkCleaningTests, aDismissedQuestionLeavesAllAsItIs)

@@ -3,6 +3,7 @@
 #include "Keelbright/state/NotificationCenter.h"
 #include "tests/screens/shared/ListDriver.h"
 #include "tests/screens/storage/StorageBrowserViewFixture.h"
+#include "tests/support/SpokenTexts.h"
 
 #include <QMenu>
 #include <QTest>
@@ -25,6 +26,18 @@ TEST_F(StorageBrowserActionTests, theActionsOfARowDoWhatTheySay)
     EXPECT_EQ(state->customSources().first().url, documents().appending(u"Work"_s));
     EXPECT_FALSE(ListDriver(*list(view)).press(1, RowActionId::addToBackup));
     EXPECT_FALSE(ListDriver(*list(view)).press(1, RowActionId::organise));
+}
+
+TEST_F(StorageBrowserActionTests, aScreenReaderSaysThatAFolderIsAmongTheSources)
+{
+    StorageBrowserView view(context());
+    browse(view, documents());
+    const SpokenTexts spoken;
+    EXPECT_TRUE(ListDriver(*list(view)).press(0, RowActionId::addToBackup));
+    EXPECT_EQ(spoken.last(), u"Work was added to the backup sources"_s);
+    EXPECT_TRUE(ListDriver(*list(view)).press(0, RowActionId::addToBackup));
+    EXPECT_EQ(spoken.last(), u"Work is among the backup sources already"_s);
+    EXPECT_EQ(state->customSources().size(), 1);
 }
 
 TEST_F(StorageBrowserActionTests, theMenuOfARowHoldsItsActions)
