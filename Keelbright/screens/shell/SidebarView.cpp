@@ -55,8 +55,12 @@ SidebarView::SidebarView(AppState& state, QWidget* parent)
     m_list->viewport()->setAutoFillBackground(false);
     // Not the current row, because a screen reader selects a row without making it current.
     connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        if (m_isSelectingShownScreen)
+            return;
         const QModelIndexList selected = m_list->selectionModel()->selectedIndexes();
-        if (!m_isSelectingShownScreen && !selected.isEmpty())
+        if (selected.isEmpty())
+            selectShownScreen(); // a click beside the rows, or one with Control on the marked row
+        else
             m_state.setSelectedScreen(m_model->screenAt(selected.first()));
     });
     connect(&state, &AppState::selectedScreenChanged, this, &SidebarView::selectShownScreen);

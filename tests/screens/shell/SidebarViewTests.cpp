@@ -95,6 +95,31 @@ TEST_F(SidebarViewTest, aClickSelectsARowButNotAHeader)
     EXPECT_EQ(selectedTitle(), u"Junk Cleaner"_s);
 }
 
+TEST_F(SidebarViewTest, aClickBelowTheLastRowLeavesTheMark)
+{
+    show();
+    state->setSelectedScreen(Screen::junkCleaner);
+    const QRect last = sidebar.list()->visualRect(sidebar.list()->model()->index(16, 0));
+    const QPoint below = last.center() + QPoint(0, 2 * last.height());
+    ASSERT_TRUE(sidebar.list()->viewport()->rect().contains(below));
+    QTest::mouseClick(sidebar.list()->viewport(), Qt::LeftButton, Qt::NoModifier, below);
+    EXPECT_EQ(selectedTitle(), u"Junk Cleaner"_s);
+    EXPECT_EQ(state->selectedScreen(), Screen::junkCleaner);
+}
+
+TEST_F(SidebarViewTest, theMarkedRowCannotBeDeselected)
+{
+    show();
+    const QRect dashboard = sidebar.list()->visualRect(sidebar.list()->model()->index(1, 0));
+    QTest::mouseClick(sidebar.list()->viewport(), Qt::LeftButton, Qt::ControlModifier, dashboard.center());
+    EXPECT_EQ(selectedTitle(), u"Dashboard"_s);
+    QTest::keyClick(sidebar.list(), Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_EQ(selectedTitle(), u"Dashboard"_s);
+    sidebar.list()->clearSelection();
+    EXPECT_EQ(selectedTitle(), u"Dashboard"_s);
+    EXPECT_EQ(state->selectedScreen(), Screen::dashboard);
+}
+
 TEST_F(SidebarViewTest, followsTheStateWithoutWritingToIt)
 {
     state->setSelectedScreen(Screen::activityLog);
