@@ -27,16 +27,24 @@ if(KEELBRIGHT_SANITIZE)
 endif()
 
 # One test program a folder of the tree, one source a unit.
-#   keelbright_tests(NAME SOURCES file... LINKS target... [ALONE test...])
+#   keelbright_tests(NAME SOURCES file... LINKS target... [ALONE test...] [SCALES scale...])
 # Of the tests that ALONE names, each runs with no other beside it: they measure how long something
 # takes, keep the whole machine busy, or look at what all its programs share.
+# With SCALES, all tests run at each of these scales of the screen.
 function(keelbright_tests name)
-  cmake_parse_arguments(SUITE "" "" "SOURCES;LINKS;ALONE" ${ARGN})
+  cmake_parse_arguments(SUITE "" "" "SOURCES;LINKS;ALONE;SCALES" ${ARGN})
   add_executable(${name} ${SUITE_SOURCES})
   target_link_libraries(${name} PRIVATE ${SUITE_LINKS} GTest::gmock_main KeelbrightCompile
     $<IF:$<BOOL:${KEELBRIGHT_HAS_THREAD_SANITIZER}>,KeelbrightThreadOrder,KeelbrightSlowMachine>)
   target_precompile_headers(${name} REUSE_FROM KeelbrightTestHeaders)
   set(discovery TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60)
+  foreach(scale IN LISTS SUITE_SCALES)
+    gtest_discover_tests(${name} TEST_PREFIX "${name}.${scale}." DISCOVERY_TIMEOUT 60
+      PROPERTIES TIMEOUT 180 ENVIRONMENT "QT_SCALE_FACTOR=${scale}")
+  endforeach()
+  if(SUITE_SCALES)
+    return()
+  endif()
   if(SUITE_ALONE)
     list(JOIN SUITE_ALONE ":" alone)
     gtest_discover_tests(${name} ${discovery} TEST_FILTER "${alone}" PROPERTIES TIMEOUT 180 RUN_SERIAL ON)

@@ -2,6 +2,7 @@
 
 #include "Keelbright/screens/shell/SidebarModel.h"
 #include "Keelbright/widgets/FocusRing.h"
+#include "Keelbright/widgets/theme/PixelGrid.h"
 #include "Keelbright/widgets/theme/Symbol.h"
 #include "Keelbright/widgets/theme/Theme.h"
 
@@ -44,7 +45,7 @@ void SidebarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
         return;
     }
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
-    const QRect row = option.rect.adjusted(inset, 0, -inset, 0);
+    const QRectF row = wholePixels(*painter, option.rect.adjusted(inset, 0, -inset, 0));
     painter->setPen(Qt::NoPen);
     if (isSelected || option.state.testFlag(QStyle::State_MouseOver)) {
         painter->setBrush(theme.color(isSelected ? Role::accentFill : Role::hover));

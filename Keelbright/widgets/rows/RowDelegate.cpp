@@ -3,6 +3,7 @@
 #include "Keelbright/widgets/FocusRing.h"
 #include "Keelbright/widgets/rows/RowListView.h"
 #include "Keelbright/widgets/rows/RowPainting.h"
+#include "Keelbright/widgets/theme/PixelGrid.h"
 #include "Keelbright/widgets/theme/Theme.h"
 
 #include <QPainter>
@@ -65,7 +66,7 @@ void RowDelegate::paintHeader(QPainter& painter, const QRect& rect, const QStrin
     const QRect textRect = rect.adjusted(RowMetrics::tablePadding, 9, -RowMetrics::tablePadding, 0);
     painter.drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                      painter.fontMetrics().elidedText(title, Qt::ElideRight, textRect.width()));
-    painter.fillRect(rect.left(), rect.bottom(), rect.width(), 1, theme.color(Role::line));
+    painter.fillRect(lineAtBottom(painter, rect), theme.color(Role::line));
 }
 
 void RowDelegate::paintGround(QPainter& painter, const QStyleOptionViewItem& option,
@@ -75,8 +76,9 @@ void RowDelegate::paintGround(QPainter& painter, const QStyleOptionViewItem& opt
     const bool isPanel = m_view->look() == RowListView::Look::panel;
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     const bool isHovered = option.state.testFlag(QStyle::State_MouseOver);
-    const QRect field =
-        isPanel ? option.rect.adjusted(RowMetrics::panelInset, 1, -RowMetrics::panelInset, -1) : option.rect;
+    const QRectF field = wholePixels(
+        painter,
+        isPanel ? option.rect.adjusted(RowMetrics::panelInset, 1, -RowMetrics::panelInset, -1) : option.rect);
     const double radius = isPanel ? RowMetrics::panelRadius : 0;
     painter.setPen(Qt::NoPen);
     if (isSelected || isHovered) {
@@ -84,8 +86,7 @@ void RowDelegate::paintGround(QPainter& painter, const QStyleOptionViewItem& opt
         painter.drawRoundedRect(field, radius, radius);
     }
     if (!isPanel && index.row() + 1 < index.model()->rowCount())
-        painter.fillRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1,
-                         theme.color(Role::line));
+        painter.fillRect(lineAtBottom(painter, option.rect), theme.color(Role::line));
     if (m_view->showsFocusAt(index))
         FocusRing::paint(painter, isPanel ? field : field.adjusted(1, 1, -1, -2), std::max(radius, 5.0));
 }
