@@ -88,6 +88,8 @@ void DashboardView::addAlerts()
 void DashboardView::addProgress()
 {
     m_progress = new ProgressPanel({});
+    connect(m_progress, &ProgressPanel::clicked, this,
+            [this] { m_state.setSelectedScreen(Screen::backupProgress); });
     m_progressReveal = new SlideReveal(m_progress, this);
     content()->addWidget(m_progressReveal);
 }

@@ -49,31 +49,41 @@ SourceRowCard::SourceRowCard(const BackupSource& source, std::function<void()> o
 }
 
 ProgressPanel::ProgressPanel(const BackupProgress& progress, QWidget* parent)
-    : Card(parent)
+    : CardButton(Frame::card, parent)
     , m_currentFile(new ElidedLabel({}, FontRole::secondary, Role::secondaryText, Qt::ElideRight, this))
     , m_bar(new BarProgress(tr("Backup progress"), Role::accent, this))
     , m_percent(new NumberLabel({}, FontRole::bodyStrong, Role::primaryText, this))
 {
-    content()->setSpacing(0);
-    content()->addWidget(new Label(tr("Backing Up…"), FontRole::headline, Role::primaryText, this));
-    content()->addSpacing(2);
-    content()->addWidget(m_currentFile);
-    content()->addSpacing(12);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    setAccessibleName(tr("Backing Up…"));
+    setAccessibleDescription(tr("Show Backup Progress"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(Metrics::cardPadding, Metrics::cardPadding, Metrics::cardPadding,
+                               Metrics::cardPadding);
+    column->setSpacing(0);
+    auto* head = new QHBoxLayout;
+    head->addWidget(new Label(tr("Backing Up…"), FontRole::headline, Role::primaryText, this));
+    head->addStretch();
+    head->addWidget(new SymbolLabel(u"chevron.right"_s, 16, Role::secondaryText, this));
+    column->addLayout(head);
+    column->addSpacing(2);
+    column->addWidget(m_currentFile);
+    column->addSpacing(12);
     auto* bar = new QHBoxLayout;
     bar->setSpacing(12);
     bar->addWidget(m_bar, 1);
     bar->addWidget(m_percent);
     m_percent->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_percent->setMinimumWidth(40);
-    content()->addLayout(bar);
-    content()->addSpacing(12);
+    column->addLayout(bar);
+    column->addSpacing(12);
     auto* numbers = new QHBoxLayout;
     numbers->setSpacing(6);
     m_copied = addNumber(u"checkmark.circle"_s, numbers);
     m_skipped = addNumber(u"minus.circle"_s, numbers);
     m_size = addNumber(u"internaldrive"_s, numbers);
     numbers->addStretch();
-    content()->addLayout(numbers);
+    column->addLayout(numbers);
     setProgress(progress);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Keelbright/widgets/Banner.h"
-#include "Keelbright/widgets/Card.h"
+#include "Keelbright/widgets/CardButton.h"
 #include "Keelbright/widgets/rows/RowWidget.h"
 #include "KeelbrightCore/backup/BackupProgress.h"
 #include "KeelbrightCore/backup/BackupSource.h"
@@ -36,8 +36,9 @@ public:
                            Role tile = Role::accent, QWidget* parent = nullptr);
 };
 
-/// The short form of a running backup: current file, a bar with its percentage and three numbers.
-class ProgressPanel : public Card
+/// The short form of a running backup: current file, a bar with its percentage and three numbers. It is one
+/// button; its owner connects to `clicked`.
+class ProgressPanel : public CardButton
 {
     Q_OBJECT
 

@@ -29,6 +29,7 @@ MainWindow::MainWindow(const ScreenContext& context, QWidget* parent)
     connect(&context.state.engine(), &BackupEngine::isRunningChanged, this, [this] {
         if (m_context.state.engine().isRunning())
             m_mayClose = false;
+        updateProgressAction();
     });
     new StateAnnouncer(context.state, *this);
     showOnboardingOrMain();
@@ -48,6 +49,8 @@ void MainWindow::makeMenus()
     QMenu* view = menuBar()->addMenu(tr("&View"));
     m_sidebarAction = view->addAction(tr("Hide Sidebar"), this, &MainWindow::toggleSidebar);
     m_sidebarAction->setShortcut(QKeySequence(Qt::Key_F9));
+    m_progressAction = view->addAction(tr("Show Backup Progress"), this,
+                                       [this] { m_context.state.setSelectedScreen(Screen::backupProgress); });
 
     QMenu* window = menuBar()->addMenu(tr("&Window"));
     QAction* minimize = window->addAction(tr("&Minimize"), this, &QWidget::showMinimized);
@@ -75,6 +78,7 @@ void MainWindow::showOnboardingOrMain()
     if (m_main)
         m_main->focusSidebar();
     updateSidebarAction();
+    updateProgressAction();
 }
 
 void MainWindow::showSettings()
@@ -116,6 +120,11 @@ void MainWindow::updateSidebarAction()
     const bool isHidden = m_main != nullptr && m_main->sidebar()->isHidden();
     m_sidebarAction->setEnabled(!m_main.isNull());
     m_sidebarAction->setText(isHidden ? tr("Show Sidebar") : tr("Hide Sidebar"));
+}
+
+void MainWindow::updateProgressAction()
+{
+    m_progressAction->setEnabled(m_main && m_context.state.engine().isRunning());
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -48,11 +48,13 @@ private:
     void askToStop();
     void toggleSidebar();
     void updateSidebarAction();
+    void updateProgressAction();
 
     ScreenContext m_context;
     QPointer<MainView> m_main;
     QPointer<SettingsWindow> m_settings;
     QAction* m_sidebarAction = nullptr;
+    QAction* m_progressAction = nullptr;
     bool m_mayClose = false;
 };
 

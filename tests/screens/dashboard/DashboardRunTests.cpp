@@ -8,6 +8,7 @@
 #include "tests/support/WorkTimer.h"
 
 #include <QSignalSpy>
+#include <QTest>
 #include <QtTest/qtestspontaneevent.h>
 
 namespace keelbright::testing {
@@ -55,6 +56,27 @@ TEST_F(DashboardViewTests, aRunningBackupShowsItsPanelAndTheCancelButton)
     turnFrame();
     EXPECT_EQ(textsOf<ProgressPanel>(view), QStringList());
     EXPECT_TRUE(button(view, u"Backup Now"_s)->isEnabled());
+}
+
+TEST_F(DashboardViewTests, thePanelLeadsToTheProgressOfTheBackup)
+{
+    AppState& app = makeState();
+    DashboardView view(app);
+    show(view);
+    app.engine().setIsRunning(true);
+    turnFrame();
+    auto* panel = view.findChild<ProgressPanel*>();
+    EXPECT_EQ(panel->accessibleName(), u"Backing Up…"_s);
+    EXPECT_EQ(panel->accessibleDescription(), u"Show Backup Progress"_s);
+    EXPECT_EQ(accessibleRole(panel), QAccessible::Button);
+    QTest::mouseClick(panel, Qt::LeftButton);
+    EXPECT_EQ(app.selectedScreen(), Screen::backupProgress);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
+        app.setSelectedScreen(Screen::dashboard);
+        panel->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(panel, key);
+        EXPECT_EQ(app.selectedScreen(), Screen::backupProgress);
+    }
 }
 
 TEST_F(DashboardViewTests, thePanelSlidesInAndOutUnlessMotionIsReduced)

@@ -93,6 +93,20 @@ TEST_F(MainWindowTest, f9HidesAndShowsTheSidebar)
     EXPECT_EQ(toggle->text(), u"Hide Sidebar"_s);
 }
 
+TEST_F(MainWindowTest, theViewMenuLeadsToARunningBackup)
+{
+    QAction* show = action(u"Show Backup Progress"_s);
+    ASSERT_NE(show, nullptr);
+    state->engine().setIsRunning(true);
+    EXPECT_FALSE(show->isEnabled()) << "the onboarding is not passed";
+    state->setIsOnboardingCompleted(true);
+    EXPECT_TRUE(show->isEnabled());
+    show->trigger();
+    EXPECT_EQ(state->selectedScreen(), Screen::backupProgress);
+    state->engine().setIsRunning(false);
+    EXPECT_FALSE(show->isEnabled());
+}
+
 TEST_F(MainWindowTest, theSidebarStartsAtItsIdealWidth)
 {
     window.resize(1180, 760);
