@@ -112,6 +112,11 @@ void DashboardView::watchState()
     connect(&m_state.engine(), &BackupEngine::isRunningChanged, &m_frames, &FrameThrottle::request);
     connect(&m_state.engine(), &BackupEngine::isCancelledChanged, &m_frames, &FrameThrottle::request);
     connect(&m_frames, &FrameThrottle::frame, this, &DashboardView::redraw);
+    // The score counts the age of the last backup.
+    connect(&m_state, &AppState::lastBackupTimeChanged, this, [this] {
+        if (isVisible())
+            m_state.refreshHealthScore();
+    });
     connect(&m_state.engine(), &BackupEngine::progressChanged, &m_progressFrames, &FrameThrottle::request);
     connect(&m_progressFrames, &FrameThrottle::frame, this, &DashboardView::redrawProgress);
 }
@@ -153,7 +158,8 @@ void DashboardView::redrawAlerts()
     QList<QUuid> ids;
     for (const RiskAlert& alert : m_state.alerts())
         ids.append(alert.id);
-    if (ids != m_shownAlerts) {
+    const bool isNew = ids != m_shownAlerts;
+    if (isNew) {
         while (const std::unique_ptr<QLayoutItem> item{m_alerts->content()->takeAt(0)})
             delete item->widget();
         for (const RiskAlert& alert : m_state.alerts())
@@ -161,6 +167,8 @@ void DashboardView::redrawAlerts()
         m_shownAlerts = ids;
     }
     m_alerts->setVisible(!ids.isEmpty());
+    if (isNew && !ids.isEmpty())
+        reveal(m_alerts);
 }
 
 void DashboardView::redrawProgress()
@@ -168,7 +176,10 @@ void DashboardView::redrawProgress()
     const bool isRunning = m_state.engine().isRunning();
     if (isRunning)
         m_progress->setProgress(m_state.engine().progress());
+    const bool isNew = isRunning && !m_progressReveal->isRevealed();
     m_progressReveal->setRevealed(isRunning);
+    if (isNew)
+        reveal(m_progressReveal);
 }
 
 void DashboardView::startOrCancelBackup()

@@ -135,6 +135,7 @@ void NewMacRecoveryView::showManifest()
     redraw();
     const std::optional<QString>& error = m_vm.loadError();
     announce(*this, error ? displayText(*error) : tr("Summary from your previous Mac"));
+    reveal(error ? m_errorLine : m_summary);
 }
 
 void NewMacRecoveryView::redraw()

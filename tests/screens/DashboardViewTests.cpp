@@ -11,6 +11,8 @@
 #include "tests/screens/dashboard/DashboardFixture.h"
 #include "tests/support/WorkTimer.h"
 
+#include <QScrollBar>
+
 namespace keelbright::testing {
 
 using namespace Qt::StringLiterals;
@@ -124,6 +126,26 @@ TEST_F(DashboardViewTests, backupNowWithoutADestinationRaisesAnAlert)
     EXPECT_EQ(textsOf<PageSection>(view),
               (QStringList{u"Attention"_s, u"No Destination Selected"_s,
                            u"Go to Settings and choose a backup destination first."_s}));
+}
+
+TEST_F(DashboardViewTests, anAlertIsScrolledIntoView)
+{
+    AppState& app = makeState();
+    DashboardView view(app);
+    show(view);
+    view.resize(620, 400);
+    turnFrame();
+    ASSERT_GT(view.verticalScrollBar()->maximum(), 0);
+    button(view, u"Backup Now"_s)->click();
+    turnUntil([&] {
+        const auto* alert = view.findChild<RiskAlertCard*>();
+        return alert != nullptr && !alert->visibleRegion().isEmpty() &&
+               alert->visibleRegion().boundingRect() == alert->rect();
+    });
+    view.verticalScrollBar()->setValue(0);
+    app.setSelectedDestination(driveDestination());
+    turnFrame();
+    EXPECT_EQ(view.verticalScrollBar()->value(), 0) << "the alert is the same";
 }
 
 TEST_F(DashboardViewTests, backupNowOpensThePreflightScreen)

@@ -120,6 +120,19 @@ TEST_F(NewMacRecoveryViewTests, showsWhatTheManifestSays)
     EXPECT_TRUE(accessibleNames(view).contains(u"Device: Mira's Mac"_s));
 }
 
+TEST_F(NewMacRecoveryViewTests, scrollsToTheSummary)
+{
+    NewMacRecoveryView view(files);
+    show(view);
+    view.resize(620, 400);
+    turnFrame();
+    load(view, write(manifest()));
+    turnUntil([&] {
+        const auto* summary = view.findChild<ManifestSummary*>();
+        return summary->height() > 0 && !summary->visibleRegion().isEmpty();
+    });
+}
+
 TEST_F(NewMacRecoveryViewTests, marksTheDotfilesThatArePresent)
 {
     const ManifestSummary summary(manifest());

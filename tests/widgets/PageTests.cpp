@@ -48,6 +48,86 @@ TEST(Page, scrollsByKeyboardToBothEnds)
     EXPECT_EQ(page.focusPolicy(), Qt::NoFocus);
 }
 
+namespace {
+
+/// A page of 600 points with a section of 1,000, and a part below it that is hidden at first.
+class PageReveal : public ::testing::Test
+{
+protected:
+    PageReveal()
+    {
+        auto* section = new QWidget;
+        section->setFixedHeight(1'000);
+        page.content()->addWidget(section);
+        page.content()->addWidget(part);
+        part->hide();
+        page.resize(700, 600);
+        page.show();
+    }
+
+    [[nodiscard]] bool isWholeInView() const
+    {
+        const QRect rect(part->mapTo(page.viewport(), QPoint()), part->size());
+        return rect.height() > 0 && page.viewport()->rect().contains(rect);
+    }
+
+    Page page;
+    QWidget* part = new QWidget;
+};
+
+} // namespace
+
+TEST_F(PageReveal, scrollsToAPartThatComesUpBelow)
+{
+    part->setFixedHeight(80);
+    part->show();
+    page.reveal(part);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return isWholeInView(); }));
+}
+
+TEST_F(PageReveal, followsAPartThatGrows)
+{
+    part->setFixedHeight(10);
+    part->show();
+    page.reveal(part);
+    for (const int height : {60, 120, 180}) {
+        part->setFixedHeight(height);
+        EXPECT_TRUE(QTest::qWaitFor([this, height] { return part->height() == height && isWholeInView(); }));
+    }
+}
+
+TEST_F(PageReveal, showsTheBeginningOfAPartThatIsHigherThanThePage)
+{
+    part->setFixedHeight(2'000);
+    part->show();
+    page.reveal(part);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return part->mapTo(page.viewport(), QPoint()).y() == 16; }));
+}
+
+TEST_F(PageReveal, leavesThePageWhereThePartIsInView)
+{
+    part->setFixedHeight(80);
+    part->show();
+    EXPECT_TRUE(QTest::qWaitFor([this] {
+        page.verticalScrollBar()->setValue(page.verticalScrollBar()->maximum());
+        return isWholeInView();
+    }));
+    const int before = page.verticalScrollBar()->value();
+    page.reveal(part);
+    EXPECT_EQ(page.verticalScrollBar()->value(), before);
+}
+
+TEST_F(PageReveal, doesNothingOnAHiddenPage)
+{
+    part->setFixedHeight(80);
+    part->show();
+    page.hide();
+    page.reveal(part);
+    page.show();
+    page.grab();
+    EXPECT_EQ(page.verticalScrollBar()->value(), 0);
+}
+
 TEST(PageHeader, keepsItsActionsWholeAndWrapsItsTexts)
 {
     PageHeader header(u"Choose What to Protect"_s,

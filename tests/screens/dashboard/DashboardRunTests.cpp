@@ -7,6 +7,7 @@
 #include "tests/support/AnimationClock.h"
 #include "tests/support/WorkTimer.h"
 
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QtTest/qtestspontaneevent.h>
@@ -56,6 +57,40 @@ TEST_F(DashboardViewTests, aRunningBackupShowsItsPanelAndTheCancelButton)
     turnFrame();
     EXPECT_EQ(textsOf<ProgressPanel>(view), QStringList());
     EXPECT_TRUE(button(view, u"Backup Now"_s)->isEnabled());
+}
+
+TEST_F(DashboardViewTests, thePanelIsScrolledIntoViewWhenARunStarts)
+{
+    AppState& app = makeState();
+    DashboardView view(app);
+    show(view);
+    view.resize(620, 400);
+    turnFrame();
+    app.engine().setIsRunning(true);
+    turnUntil([&] {
+        const auto* panel = view.findChild<ProgressPanel*>();
+        return panel->isVisible() && panel->visibleRegion().boundingRect() == panel->rect();
+    });
+    view.verticalScrollBar()->setValue(0);
+    app.engine().incrementCopied(1, u"a"_s);
+    turnFrame();
+    EXPECT_EQ(view.verticalScrollBar()->value(), 0) << "it was shown before";
+}
+
+TEST_F(DashboardViewTests, theScoreCountsABackupThatHasJustEnded)
+{
+    mac.writeFile("Users/mira/Documents/a.txt", "a");
+    AppState& app = makeState();
+    app.setSelectedDestination(driveDestination());
+    DashboardView view(app);
+    show(view);
+    turnUntil([&] { return app.healthScore().has_value(); });
+    EXPECT_EQ(app.healthScore()->backupPoints, 0);
+    ASSERT_TRUE(app.confirmBackup());
+    turnUntil([&] { return app.healthScore()->backupPoints == 40; });
+    turnFrame();
+    EXPECT_TRUE(textsIn(view).contains(u"Backup  40/40"_s));
+    EXPECT_EQ(card(view, u"Last Backup"_s)->insight().value, u"Today"_s);
 }
 
 TEST_F(DashboardViewTests, thePanelLeadsToTheProgressOfTheBackup)
