@@ -4,6 +4,7 @@
 #include "Keelbright/screens/shell/SidebarModel.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/Label.h"
+#include "Keelbright/widgets/rows/AccessibleRows.h"
 #include "Keelbright/widgets/theme/Theme.h"
 
 #include <QListView>
@@ -45,6 +46,7 @@ SidebarView::SidebarView(AppState& state, QWidget* parent)
     layout->addWidget(title);
     layout->addWidget(m_list, 1);
 
+    useAccessibleRows(*m_list);
     m_list->setAccessibleName(tr("Screens"));
     m_list->setModel(m_model);
     m_list->setItemDelegate(new SidebarDelegate(m_list));

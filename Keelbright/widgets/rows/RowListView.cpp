@@ -1,11 +1,13 @@
 #include "Keelbright/widgets/rows/RowListView.h"
 
 #include "Keelbright/widgets/DisplayText.h"
+#include "Keelbright/widgets/rows/AccessibleRows.h"
 #include "Keelbright/widgets/rows/RowButtons.h"
 #include "Keelbright/widgets/rows/RowDelegate.h"
 #include "Keelbright/widgets/theme/Symbol.h"
 #include "Keelbright/widgets/theme/Theme.h"
 
+#include <QAccessible>
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QMenu>
@@ -33,6 +35,7 @@ RowListView::RowListView(Look look, const QString& name, QWidget* parent)
     , m_buttons(new RowButtons(this))
     , m_pressed(std::make_unique<Target>())
 {
+    useAccessibleRows(*this);
     setAccessibleName(name);
     setItemDelegate(m_delegate);
     setFrameShape(QFrame::NoFrame);
@@ -82,6 +85,7 @@ void RowListView::setRowModel(RowModel* model)
             Q_EMIT currentRowChanged(selected.first().row());
     });
     connect(model, &QAbstractItemModel::dataChanged, this, &RowListView::updateButtons);
+    connect(model, &QAbstractItemModel::dataChanged, this, &RowListView::reportMark);
     updateButtons();
 }
 
@@ -159,6 +163,20 @@ void RowListView::currentChanged(const QModelIndex& current, const QModelIndex& 
 {
     QListView::currentChanged(current, previous);
     updateButtons();
+    m_currentMark = current.data(Qt::CheckStateRole);
+}
+
+void RowListView::reportMark()
+{
+    const QVariant mark = currentIndex().data(Qt::CheckStateRole);
+    if (mark == m_currentMark)
+        return;
+    m_currentMark = mark;
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    event.setChild(currentRow());
+    QAccessible::updateAccessibility(&event);
 }
 
 void RowListView::mousePressEvent(QMouseEvent* event)

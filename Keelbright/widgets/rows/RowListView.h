@@ -86,6 +86,8 @@ private:
     [[nodiscard]] QList<RowAction> allActionsAt(int row) const;
     void showMenu(int row, const QPoint& globalPosition);
     void updateButtons();
+    /// Reports to a screen reader when the mark of the current row has changed.
+    void reportMark();
 
     Look m_look;
     QPointer<RowModel> m_model;
@@ -93,6 +95,7 @@ private:
     QPointer<RowButtons> m_buttons;
     std::unique_ptr<Target> m_pressed;
     FocusRing m_focusRing;
+    QVariant m_currentMark;
     bool m_isSelectingByCode = false; ///< in `setCurrentRow`
 };
 

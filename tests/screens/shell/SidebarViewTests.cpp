@@ -166,6 +166,30 @@ TEST_F(SidebarViewTest, isAListOfNamedRowsToAScreenReader)
     EXPECT_TRUE(list->child(1)->state().selected);
 }
 
+TEST_F(SidebarViewTest, sectionTitlesAreHeadingsToAScreenReader)
+{
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(sidebar.list());
+    for (int row = 0; row < list->childCount(); ++row) {
+        QAccessibleInterface* child = list->child(row);
+        if (child->role() == QAccessible::ListItem)
+            continue;
+        EXPECT_TRUE(child->actionInterface()->actionNames().isEmpty());
+        EXPECT_FALSE(child->state().checkable);
+        // The last section has no title.
+        EXPECT_EQ(child->role(), row == 15 ? QAccessible::Separator : QAccessible::Heading);
+        EXPECT_EQ(child->text(QAccessible::Name).isEmpty(), row == 15);
+    }
+    EXPECT_EQ(list->child(0)->text(QAccessible::Name), u"Protect"_s);
+}
+
+TEST_F(SidebarViewTest, aScreenReaderOpensAScreenByItsRow)
+{
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(sidebar.list());
+    list->child(5)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(state->selectedScreen(), Screen::junkCleaner);
+    EXPECT_EQ(selectedTitle(), u"Junk Cleaner"_s);
+}
+
 TEST_F(SidebarViewTest, staysWithinItsWidths)
 {
     EXPECT_EQ(sidebar.minimumWidth(), 220);
