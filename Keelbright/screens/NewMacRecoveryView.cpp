@@ -121,8 +121,9 @@ void NewMacRecoveryView::addManifestSection()
     auto* error = new QHBoxLayout(m_errorLine);
     error->setContentsMargins(0, 0, 0, 0);
     error->setSpacing(7);
-    error->addWidget(new SymbolLabel(u"exclamationmark.circle"_s, 16, Role::red, m_errorLine), 0,
-                     Qt::AlignTop);
+    auto* symbol = new SymbolLabel(u"exclamationmark.circle"_s, 16, Role::red, m_errorLine);
+    symbol->setAccessibleName(tr("Error"));
+    error->addWidget(symbol, 0, Qt::AlignTop);
     m_errorText = makeWrappingLabel({}, FontRole::body, Role::redText, m_errorLine);
     error->addWidget(m_errorText, 1);
     card->content()->addWidget(m_errorLine);

@@ -25,6 +25,9 @@ Banner::Banner(Role hue, const QString& symbolKey, const QString& title, QWidget
     layout->setContentsMargins(Metrics::cardPadding, 14, Metrics::cardPadding, 14);
     layout->setSpacing(12);
     auto* symbol = new SymbolLabel(symbolKey, 20, hue, this);
+    symbol->setAccessibleName(hue == Role::red      ? tr("Error")
+                              : hue == Role::orange ? tr("Warning")
+                                                    : tr("Note"));
     layout->addWidget(symbol);
     layout->setAlignment(symbol, Qt::AlignTop);
     m_content->setSpacing(4);

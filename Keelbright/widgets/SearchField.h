@@ -4,8 +4,11 @@
 
 namespace keelbright {
 
-/// A search field with a lens and a button that clears it. Control and F give it the focus from
-/// anywhere in the window, Escape clears it.
+class Button;
+class SymbolLabel;
+
+/// A search field with a lens and, while it holds a text, a button that clears it. Control and F give it
+/// the focus from anywhere in the window, Escape clears it, and Tab reaches the button.
 class SearchField : public QLineEdit
 {
     Q_OBJECT
@@ -16,6 +19,13 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void placeParts();
+
+    SymbolLabel* m_lens;
+    Button* m_clear;
 };
 
 } // namespace keelbright

@@ -150,6 +150,21 @@ TEST_F(BackupReportViewTests, aPathCanBeCopiedAndAClickOnItOpensIt)
     EXPECT_EQ(QApplication::clipboard()->text(), u"/Volumes/Anchor"_s);
 }
 
+TEST_F(BackupReportViewTests, aPathIsSelectedAndCopiedByKeyboard)
+{
+    BackupReportView view(makeState(sampleReport()), workspace);
+    show(view);
+    auto* path = pathRow(view, 1)->findChild<PathText*>();
+    pathRow(view, 1)->setFocus();
+    QTest::keyClick(pathRow(view, 1), Qt::Key_Tab);
+    ASSERT_EQ(QApplication::focusWidget(), path);
+    EXPECT_EQ(path->selectedText(), u"/Volumes/Anchor"_s);
+    QTest::keyClick(path, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), u"/Volumes/Anchor"_s);
+    QTest::keyClick(path, Qt::Key_Return);
+    EXPECT_EQ(workspace.opened.size(), 1);
+}
+
 TEST_F(BackupReportViewTests, aLongPathIsCutInTheMiddleAndWholeInItsToolTip)
 {
     BackupReport report = sampleReport();

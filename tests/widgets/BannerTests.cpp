@@ -1,6 +1,7 @@
 #include "Keelbright/widgets/Banner.h"
 
 #include "Keelbright/widgets/EmptyStateView.h"
+#include "Keelbright/widgets/SymbolLabel.h"
 #include "tests/support/Accessible.h"
 #include "tests/support/Printing.h"
 
@@ -30,6 +31,17 @@ TEST(Banner, showsItsTitleAndItsLines)
     EXPECT_EQ(textsIn(banner), QStringList({u"Warnings"_s, u"One"_s, u"Two"_s}));
     EXPECT_EQ(testing::accessibleName(&banner), u"Warnings"_s);
     EXPECT_EQ(banner.accessibleDescription(), u"One\nTwo"_s);
+}
+
+TEST(Banner, itsSymbolIsNamedByWhatItMeans)
+{
+    const auto nameOfSymbol = [](Role hue) {
+        const Banner banner(hue, u"xmark.octagon.fill"_s, u"Title"_s);
+        return banner.findChild<SymbolLabel*>()->accessibleName();
+    };
+    EXPECT_EQ(nameOfSymbol(Role::red), u"Error"_s);
+    EXPECT_EQ(nameOfSymbol(Role::orange), u"Warning"_s);
+    EXPECT_EQ(nameOfSymbol(Role::accent), u"Note"_s);
 }
 
 TEST(Banner, replacesItsLines)

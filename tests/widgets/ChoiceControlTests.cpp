@@ -1,13 +1,16 @@
 // The controls that choose one of several: segments, menus and the search field.
 
+#include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/MenuButton.h"
 #include "Keelbright/widgets/SearchField.h"
 #include "Keelbright/widgets/SegmentedControl.h"
+#include "Keelbright/widgets/SymbolLabel.h"
 #include "tests/support/Accessible.h"
 #include "tests/support/Printing.h"
 #include "tests/support/ThemeGuard.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QMenu>
 #include <QRadioButton>
 #include <QSignalSpy>
@@ -140,6 +143,41 @@ TEST(MenuButtonTest, showsItsChoiceAsTheCaption)
     EXPECT_EQ(accessibleName(&button), u"Filter"_s);
     EXPECT_EQ(button.accessibleDescription(), u"Junk & more"_s);
     EXPECT_TRUE(button.choiceMenu()->actions().at(1)->isSeparator());
+}
+
+TEST(SearchFieldTest, itsLensAndItsCrossHaveNames)
+{
+    SearchField field(u"Search apps"_s);
+    field.show();
+    EXPECT_EQ(field.findChild<SymbolLabel*>()->accessibleName(), u"Search"_s);
+    auto* cross = field.findChild<Button*>();
+    EXPECT_EQ(cross->accessibleName(), u"Clear search"_s);
+    EXPECT_FALSE(cross->isVisible());
+    field.setText(u"Sketch"_s);
+    EXPECT_TRUE(cross->isVisible());
+    EXPECT_TRUE(field.rect().contains(cross->geometry()));
+}
+
+TEST(SearchFieldTest, tabReachesItsCrossWhichClearsIt)
+{
+    QWidget window;
+    auto* layout = new QVBoxLayout(&window);
+    auto* field = new SearchField(u"Search apps"_s);
+    auto* next = new QLineEdit;
+    layout->addWidget(field);
+    layout->addWidget(next);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    field->setFocus();
+    QTest::keyClicks(field, u"Sketch"_s);
+    QTest::keyClick(field, Qt::Key_Tab);
+    ASSERT_EQ(QApplication::focusWidget(), field->findChild<Button*>());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(field->text(), QString());
+    EXPECT_EQ(QApplication::focusWidget(), field);
+    QTest::keyClick(field, Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), next);
 }
 
 TEST(SearchFieldTest, isReachedByControlAndFAndClearedByEscape)

@@ -20,8 +20,6 @@ PathText::PathText(const QString& name, const QString& path, QWidget* parent)
     setTextMargins(0, 0, 0, 0);
     setFont(Theme::instance().font(FontRole::body));
     setAccessibleName(name);
-    // Tab stops at the row and not at its text; a click into the text focuses it for copying.
-    setFocusPolicy(Qt::ClickFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     applyColors();
     connect(&Theme::instance(), &Theme::changed, this, &PathText::applyColors);

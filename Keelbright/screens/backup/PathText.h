@@ -5,8 +5,8 @@
 
 namespace keelbright {
 
-/// A path on one line, cut in the middle if it does not fit. The whole path can be selected and
-/// copied. A click that selects nothing emits `clicked`.
+/// A path on one line, cut in the middle if it does not fit. The whole path can be selected and copied;
+/// Tab selects it. A click that selects nothing emits `clicked`.
 class PathText : public QLineEdit
 {
     Q_OBJECT

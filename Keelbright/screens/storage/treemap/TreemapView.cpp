@@ -62,6 +62,20 @@ void TreemapView::setNodes(const QList<FolderSizeNode>& nodes, qint64 totalBytes
     // An empty map has nothing to focus.
     const bool hasCells = std::ranges::any_of(m_nodes, [](const auto& node) { return node.totalBytes > 0; });
     setFocusPolicy(hasCells ? Qt::StrongFocus : Qt::NoFocus);
+    setAccessibleDescription(summary());
+}
+
+QString TreemapView::summary() const
+{
+    constexpr qsizetype named = 3;
+    // They come largest first.
+    QStringList largest;
+    for (const FolderSizeNode& node : m_nodes.first(std::min(named, m_nodes.size()))) {
+        if (node.totalBytes > 0)
+            largest.append(tr("%1, %2").arg(displayText(node.name), node.formattedSize()));
+    }
+    return largest.isEmpty() ? tr("Nothing here takes up space.")
+                             : tr("The largest: %1.").arg(largest.join(QStringLiteral("; ")));
 }
 
 void TreemapView::forgetCells()

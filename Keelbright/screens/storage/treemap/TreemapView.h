@@ -76,6 +76,8 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    /// One sentence with the largest three nodes, for a screen reader.
+    [[nodiscard]] QString summary() const;
     void forgetCells();
     void drawIfChanged();
     void setHovered(int cell);

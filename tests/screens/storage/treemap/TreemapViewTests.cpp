@@ -123,6 +123,15 @@ TEST_F(TreemapViewTests, theMenuHoldsWhatCanBeDoneWithTheCell)
     menu->close();
 }
 
+TEST_F(TreemapViewTests, aScreenReaderReadsTheLargestThree)
+{
+    EXPECT_EQ(view.accessibleDescription(), u"The largest: 0, 4 MB; 1, 3 MB; 2, 2 MB."_s);
+    setSizes({5'000'000, 0});
+    EXPECT_EQ(view.accessibleDescription(), u"The largest: 0, 5 MB."_s);
+    setSizes({});
+    EXPECT_EQ(view.accessibleDescription(), u"Nothing here takes up space."_s);
+}
+
 TEST_F(TreemapViewTests, anEmptyFolderHasNoCellsAndIsNoStop)
 {
     setSizes({});
