@@ -25,6 +25,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// So narrow that the eye finds the value of a label.
+constexpr int formWidth = 680;
+
 /// Names the row of the number, so that a screen reader reads title and number together.
 void setNumber(NumberLabel* number, const QString& title, const QString& text)
 {
@@ -43,6 +46,7 @@ PreflightSummaryView::PreflightSummaryView(AppState& state, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_page, 1);
+    m_page->setMaximumContentWidth(formWidth);
     auto* header = new PageHeader(L10n::Preflight::title(), {}, m_page);
     header->setSymbol(u"checkmark.shield.fill"_s, Role::accent);
     m_page->content()->addWidget(header);
@@ -111,7 +115,7 @@ void PreflightSummaryView::addActions()
     m_confirm = new Button(Button::Kind::primary, L10n::Preflight::confirmBackup(), {}, m_actions);
     connect(cancel, &QPushButton::clicked, this, [this] { m_state.setSelectedScreen(Screen::dashboard); });
     connect(m_confirm, &QPushButton::clicked, &m_state, &AppState::confirmBackup);
-    m_actions->content()->setContentsMargins(Metrics::pageMarginX, 0, Metrics::pageMarginX, 0);
+    m_actions->alignWithPage(formWidth);
     m_actions->content()->addStretch();
     m_actions->content()->addWidget(cancel);
     m_actions->content()->addWidget(m_confirm);

@@ -6,6 +6,7 @@
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "Keelbright/widgets/BackupCards.h"
 #include "Keelbright/widgets/Button.h"
+#include "Keelbright/widgets/Card.h"
 #include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/SymbolLabel.h"

@@ -4,6 +4,7 @@
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/BackupCards.h"
 #include "Keelbright/widgets/Button.h"
+#include "Keelbright/widgets/Card.h"
 #include "Keelbright/widgets/ElidedLabel.h"
 #include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/Page.h"
@@ -24,6 +25,22 @@ constexpr int formWidth = 680;
 constexpr int windowMargin = 20;
 constexpr int aboutRowHeight = 37;
 
+/// A column on the left of the page, below its title.
+QVBoxLayout& addForm(Page& page)
+{
+    auto* form = new QWidget;
+    form->setMaximumWidth(formWidth);
+    auto* sections = new QVBoxLayout(form);
+    sections->setContentsMargins(0, 0, 0, 0);
+    sections->setSpacing(24);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(0);
+    row->addWidget(form, 100000);
+    row->addStretch(1);
+    page.content()->addLayout(row);
+    return *sections;
+}
+
 QVBoxLayout* addSection(QVBoxLayout& content, const QString& title)
 {
     auto* section = new QVBoxLayout;
@@ -36,7 +53,6 @@ QVBoxLayout* addSection(QVBoxLayout& content, const QString& title)
 void addFooter(QVBoxLayout& section, const QString& text)
 {
     Label* footer = makeWrappingLabel(text, FontRole::secondary, Role::secondaryText);
-    footer->setContentsMargins(2, 0, 2, 0);
     section.addWidget(footer);
 }
 
@@ -46,7 +62,7 @@ QWidget* makeAboutRow(const QString& label, const QString& value)
     row->setFixedHeight(aboutRowHeight);
     row->setAccessibleName(SettingsView::tr("%1: %2").arg(label, value));
     auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(14, 0, 14, 0);
+    layout->setContentsMargins(Metrics::cardPadding, 0, Metrics::cardPadding, 0);
     layout->setSpacing(12);
     layout->addWidget(new Label(label, FontRole::body, Role::primaryText));
     layout->addStretch();
@@ -58,7 +74,7 @@ QWidget* makeButtonRow(Button* button)
 {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(14, 9, 14, 9);
+    layout->setContentsMargins(Metrics::cardPadding, 9, Metrics::cardPadding, 9);
     layout->addWidget(button);
     layout->addStretch();
     return row;
@@ -74,17 +90,15 @@ SettingsView::SettingsView(AppState& state, Place place, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     auto* page = new Page(this);
     layout->addWidget(page);
-    page->setMaximumContentWidth(formWidth);
-    QVBoxLayout& content = *page->content();
-    content.setSpacing(24);
     if (place == Place::screen)
-        content.addWidget(new PageHeader(screenTitle(Screen::settings), {}));
+        page->content()->addWidget(new PageHeader(screenTitle(Screen::settings), {}));
     else
-        content.setContentsMargins(windowMargin, windowMargin, windowMargin, windowMargin);
-    addDestinationSection(content);
-    addFoldersSection(content);
-    addAboutSection(content);
-    content.addStretch(1);
+        page->content()->setContentsMargins(windowMargin, windowMargin, windowMargin, windowMargin);
+    QVBoxLayout& form = addForm(*page);
+    addDestinationSection(form);
+    addFoldersSection(form);
+    addAboutSection(form);
+    page->content()->addStretch(1);
 
     connect(&state, &AppState::selectedDestinationChanged, this, &SettingsView::showDestination);
     connect(&state, &AppState::recommendedFoldersChanged, this, &SettingsView::showFolders);

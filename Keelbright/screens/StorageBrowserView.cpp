@@ -64,14 +64,8 @@ StorageBrowserView::StorageBrowserView(const ScreenContext& context, QWidget* pa
 
 void StorageBrowserView::layOut()
 {
-    auto* ground = new QHBoxLayout(this);
-    ground->setContentsMargins(0, 0, 0, 0);
-    auto* column = new QWidget(this);
-    column->setMaximumWidth(Metrics::pageMaxWidth + 2 * Metrics::pageMarginX);
-    ground->addStretch(1);
-    ground->addWidget(column, 100000);
-    ground->addStretch(1);
-    auto* layout = new QVBoxLayout(column);
+    // As wide as the window: a picture of space takes all that there is.
+    auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(Metrics::pageMarginX, Metrics::pageMarginY, Metrics::pageMarginX,
                                Metrics::pageMarginY - Metrics::cardShadow);
     layout->setSpacing(12);

@@ -4,6 +4,7 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
+#include <algorithm>
 
 namespace keelbright {
 
@@ -22,6 +23,20 @@ BottomBar::BottomBar(QWidget* parent)
     m_content->setContentsMargins(barMargin, 0, barMargin, 0);
     m_content->setSpacing(8);
     connect(&Theme::instance(), &Theme::changed, this, qOverload<>(&QWidget::update));
+}
+
+void BottomBar::alignWithPage(int maximumContentWidth)
+{
+    m_pageWidth = maximumContentWidth;
+    resizeEvent(nullptr);
+}
+
+void BottomBar::resizeEvent(QResizeEvent*)
+{
+    if (m_pageWidth == 0)
+        return;
+    const int side = std::max(Metrics::pageMarginX, (width() - m_pageWidth) / 2);
+    m_content->setContentsMargins(side, 0, side, 0);
 }
 
 void BottomBar::paintEvent(QPaintEvent*)

@@ -150,7 +150,7 @@ QColor Button::textColor() const
         return theme.color(onFillRole(fillRole(m_hue)));
     if (m_kind == Kind::link)
         return theme.color(Role::accentText);
-    return theme.color(m_isCompact ? Role::secondaryText : Role::primaryText);
+    return theme.color(m_isCompact ? Role::accentText : Role::primaryText);
 }
 
 void Button::paintGround(QPainter& painter) const

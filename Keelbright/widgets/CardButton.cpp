@@ -9,6 +9,13 @@
 
 namespace keelbright {
 
+namespace {
+
+/// As that of a row in a panel's list.
+constexpr int highlightInset = 6;
+
+} // namespace
+
 CardButton::CardButton(Frame frame, QWidget* parent)
     : QAbstractButton(parent)
     , m_frame(frame)
@@ -33,6 +40,11 @@ QSize CardButton::minimumSizeHint() const
     return layout() != nullptr ? layout()->totalMinimumSize() : QSize();
 }
 
+QRect CardButton::highlight() const
+{
+    return rect().adjusted(highlightInset, 1, -highlightInset, -1);
+}
+
 void CardButton::paintEvent(QPaintEvent*)
 {
     const Theme& theme = Theme::instance();
@@ -47,12 +59,11 @@ void CardButton::paintEvent(QPaintEvent*)
     } else if (isHovered || isDown()) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(shade);
-        painter.drawRoundedRect(rect().adjusted(4, 3, -4, -3), Metrics::tileRadius, Metrics::tileRadius);
+        painter.drawRoundedRect(highlight(), Metrics::tileRadius, Metrics::tileRadius);
     }
     if (!hasFocus() || !m_focusRing.isVisible())
         return;
-    const QRectF ring = isCard ? QRectF(rect()).adjusted(0, 0, 0, -Metrics::cardShadow)
-                               : QRectF(rect()).adjusted(4, 3, -4, -3);
+    const QRectF ring = isCard ? QRectF(rect()).adjusted(0, 0, 0, -Metrics::cardShadow) : QRectF(highlight());
     FocusRing::paint(painter, ring, isCard ? Metrics::cardRadius : Metrics::tileRadius);
 }
 

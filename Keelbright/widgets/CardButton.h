@@ -25,6 +25,9 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
+    /// Of a `Frame::none`, the field that shows pointer, focus and choice.
+    [[nodiscard]] QRect highlight() const;
+
     void paintEvent(QPaintEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

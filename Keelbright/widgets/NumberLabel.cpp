@@ -1,5 +1,6 @@
 #include "Keelbright/widgets/NumberLabel.h"
 
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <cmath>
@@ -8,6 +9,8 @@
 namespace keelbright {
 
 namespace {
+
+constexpr int titleSize = 18; ///< in pixels
 
 double digitWidth(const QFontMetricsF& metrics)
 {
@@ -23,6 +26,11 @@ double layOut(const QFont& font, const QString& text,
               const std::function<void(double, const QString&)>& place)
 {
     const QFontMetricsF metrics(font);
+    // In a title the cells would look like gaps.
+    if (QFontInfo(font).pixelSize() >= titleSize) {
+        place(0, text);
+        return metrics.horizontalAdvance(text);
+    }
     const double cell = digitWidth(metrics);
     double x = 0;
     for (qsizetype i = 0; i < text.size();) {

@@ -26,6 +26,10 @@ Page::Page(QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // Above the margin of the page, so that nothing moves when the bar is needed; it draws nothing until
+    // then.
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setViewportMargins(0, 0, -verticalScrollBar()->sizeHint().width(), 0);
     // The arrow keys scroll wherever the focus is, so the page itself needs no Tab stop.
     setFocusPolicy(Qt::NoFocus);
     m_content->setContentsMargins(Metrics::pageMarginX, Metrics::pageMarginY, Metrics::pageMarginX,

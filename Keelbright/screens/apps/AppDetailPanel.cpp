@@ -58,6 +58,8 @@ QWidget* AppDetailPanel::makeHeader()
     constexpr int iconSide = 56;
     const AppInfo& app = m_model.app();
     auto* header = new QWidget(this);
+    // It stays at the top where there is little below it.
+    header->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     auto* row = new QHBoxLayout(header);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(14);
@@ -103,6 +105,7 @@ QWidget* AppDetailPanel::makeActions()
     auto* remove = new Button(Button::Kind::destructive, AppListModel::removeActionName(), u"trash"_s, bar);
     connect(reveal, &QPushButton::clicked, this, &AppDetailPanel::revealBundle);
     connect(remove, &QPushButton::clicked, this, &AppDetailPanel::askForRemoval);
+    bar->alignWithPage(Metrics::pageMaxWidth);
     bar->content()->addStretch();
     bar->content()->addWidget(reveal);
     bar->content()->addWidget(remove);

@@ -24,7 +24,7 @@ PathRow::PathRow(const QString& label, const QString& path, const QString& icon,
     setAccessibleName(tr("%1, %2").arg(label, displayText(path)));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(14, 9, 14, 9);
+    row->setContentsMargins(Metrics::cardPadding, 9, Metrics::cardPadding, 9);
     row->setSpacing(11);
     row->addWidget(new Tile(icon, color, Metrics::tile, this));
     auto* texts = new QVBoxLayout;

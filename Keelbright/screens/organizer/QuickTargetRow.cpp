@@ -48,7 +48,7 @@ void QuickTargetRow::paintEvent(QPaintEvent* event)
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         painter.setBrush(Theme::instance().tint(Role::accent, panelTint, Role::window));
-        painter.drawRoundedRect(rect().adjusted(8, 1, -8, -1), Metrics::tileRadius, Metrics::tileRadius);
+        painter.drawRoundedRect(highlight(), Metrics::tileRadius, Metrics::tileRadius);
     }
     CardButton::paintEvent(event);
 }

@@ -94,8 +94,12 @@ void RowDelegate::paintGround(QPainter& painter, const QStyleOptionViewItem& opt
 void RowDelegate::paintActions(QPainter& painter, const ListRow& row, const RowLayout& layout,
                                int index) const
 {
+    constexpr double restingOpacity = 0.45;
     for (qsizetype i = 0; i < layout.actions.size(); ++i) {
         const bool isHovered = index == m_hoveredRow && i == m_hoveredAction;
+        // Symbols step back in all rows but the one under the pointer; the current row has real buttons.
+        const bool isResting = index != m_hoveredRow && !row.actions.at(i).symbol.isEmpty();
+        painter.setOpacity(isResting ? restingOpacity : 1);
         RowPainting::paintAction(painter, row.actions.at(i), layout.actions.at(i), isHovered);
     }
 }

@@ -106,7 +106,8 @@ void paintCapsule(QPainter& painter, const QRect& rect, Role hue, const QString&
     const Theme& theme = Theme::instance();
     const QRectF ground = QRectF(rect).adjusted(0, 0.5, 0, -0.5);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(theme.tint(hue, tagTint, surface.base));
+    // On a tint of a similar hue another tint would not be seen.
+    painter.setBrush(surface.isTinted ? theme.color(surface.base) : theme.tint(hue, tagTint, surface.base));
     painter.drawRoundedRect(ground, ground.height() / 2, ground.height() / 2);
     paintText(painter, rect.adjusted(6, 0, -4, 0), FontRole::captionStrong,
               hue == Role::secondaryText ? Role::mutedText : textRole(hue), text);
@@ -176,7 +177,7 @@ void paintAction(QPainter& painter, const RowAction& action, const QRect& rect, 
     }
     if (hasText) {
         painter.setFont(theme.font(FontRole::secondary));
-        painter.setPen(theme.color(Role::secondaryText));
+        painter.setPen(theme.color(Role::accentText));
         painter.drawText(rect, Qt::AlignCenter | Qt::TextSingleLine, action.name);
         return;
     }

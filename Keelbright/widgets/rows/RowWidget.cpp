@@ -109,7 +109,7 @@ Tag::Tag(const QString& text, Role hue, QWidget* parent)
     , m_hue(hue)
 {
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(6, 1, 6, 2);
+    layout->setContentsMargins(8, 1, 8, 2);
     layout->addWidget(new Label(text, FontRole::captionStrong,
                                 hue == Role::secondaryText ? Role::mutedText : textRole(hue), this));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -122,7 +122,7 @@ void Tag::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Theme::instance().tint(m_hue, tagTint));
-    painter.drawRoundedRect(rect(), 5, 5);
+    painter.drawRoundedRect(rect(), height() / 2.0, height() / 2.0);
 }
 
 } // namespace keelbright

@@ -138,6 +138,16 @@ void ApplicationStyle::drawControl(ControlElement element, const QStyleOption* o
             return;
         }
     }
+    if (element == CE_MenuItem) {
+        if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+            item != nullptr && item->checkType == QStyleOptionMenuItem::Exclusive) {
+            // The current one of several choices has a check mark, not a bullet.
+            QStyleOptionMenuItem checked(*item);
+            checked.checkType = QStyleOptionMenuItem::NonExclusive;
+            QProxyStyle::drawControl(element, &checked, painter, widget);
+            return;
+        }
+    }
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 
@@ -166,6 +176,12 @@ void ApplicationStyle::drawPrimitive(PrimitiveElement element, const QStyleOptio
     }
     if (element == PE_FrameLineEdit)
         return; // drawn with the background
+    if (element == PE_PanelMenu || element == PE_FrameMenu) {
+        painter->setPen(Theme::instance().color(Role::controlLine));
+        painter->setBrush(element == PE_PanelMenu ? Theme::instance().color(Role::card) : Qt::transparent);
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        return;
+    }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
