@@ -24,6 +24,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+constexpr int lowHeight = 640;
+
 QWidget* makePrompt(StorageBrowserModel& model, QWidget* parent)
 {
     auto* prompt = new EmptyStateView(
@@ -66,12 +68,28 @@ void StorageBrowserView::layOut()
 {
     // As wide as the window: a picture of space takes all that there is.
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(Metrics::pageMarginX, Metrics::pageMarginY, Metrics::pageMarginX,
-                               Metrics::pageMarginY - Metrics::cardShadow);
-    layout->setSpacing(12);
     layout->addWidget(m_header);
     layout->addWidget(m_shortcuts);
     layout->addWidget(m_pages, 1);
+    fitHeight();
+}
+
+void StorageBrowserView::fitHeight()
+{
+    // In a low window the entries get the room that is left around the head.
+    const bool isLow = height() < lowHeight;
+    const int margin = isLow ? Metrics::cardSpacing : Metrics::pageMarginY;
+    const int spacing = isLow ? 8 : 12;
+    layout()->setContentsMargins(Metrics::pageMarginX, margin, Metrics::pageMarginX,
+                                 margin - Metrics::cardShadow);
+    layout()->setSpacing(spacing);
+    m_level->setSpacing(spacing);
+}
+
+void StorageBrowserView::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    fitHeight();
 }
 
 void StorageBrowserView::addKeys()

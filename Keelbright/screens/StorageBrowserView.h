@@ -27,8 +27,12 @@ public:
 
     [[nodiscard]] StorageBrowserModel& model() { return m_model; }
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void layOut();
+    void fitHeight();
     void addKeys();
     void redraw();
     void showPage(QWidget* page);

@@ -10,8 +10,24 @@ FlowLayout::FlowLayout(int horizontalSpacing, int verticalSpacing, QWidget* pare
     , m_verticalSpacing(verticalSpacing)
 {}
 
+int FlowLayout::horizontalSpacing(int width) const
+{
+    int items = 0;
+    int gaps = -1;
+    for (const QLayoutItem* item : this->items()) {
+        if (item->isEmpty())
+            continue;
+        items += item->sizeHint().width();
+        ++gaps;
+    }
+    const int closest = m_horizontalSpacing / 2;
+    const bool fits = items + gaps * m_horizontalSpacing <= width;
+    return !fits && items + gaps * closest <= width ? closest : m_horizontalSpacing;
+}
+
 template <typename Place> int FlowLayout::flow(const QRect& rect, Place place) const
 {
+    const int spacing = horizontalSpacing(rect.width());
     int x = 0;
     int y = 0;
     int lineHeight = 0;
@@ -25,7 +41,7 @@ template <typename Place> int FlowLayout::flow(const QRect& rect, Place place) c
             lineHeight = 0;
         }
         place(item, QRect(rect.topLeft() + QPoint(x, y), size));
-        x += size.width() + m_horizontalSpacing;
+        x += size.width() + spacing;
         lineHeight = std::max(lineHeight, size.height());
     }
     return y + lineHeight;

@@ -4,7 +4,8 @@
 
 namespace keelbright {
 
-/// Items side by side, in as many lines as the width needs. Hidden items take no room.
+/// Items side by side, in as many lines as the width needs; closer together where that saves all lines but
+/// one. Hidden items take no room.
 class FlowLayout : public ItemLayout
 {
     Q_OBJECT
@@ -20,6 +21,7 @@ public:
 private:
     /// Calls `place` with each item and its rectangle; returns the height.
     template <typename Place> int flow(const QRect& rect, Place place) const;
+    [[nodiscard]] int horizontalSpacing(int width) const;
 
     int m_horizontalSpacing;
     int m_verticalSpacing;

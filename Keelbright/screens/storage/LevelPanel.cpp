@@ -110,8 +110,12 @@ void LevelPanel::redraw()
     const bool isShown = level.nodes.isSharedWith(m_shownNodes) && m_shownURL == level.url;
     if (!isShown || m_shownOrder != m_model.sortOrder())
         redrawRows();
-    if (!isShown)
+    if (!isShown) {
         m_map->setNodes(level.nodes, level.totalBytes);
+        // A map without cells has nothing to scroll to.
+        m_mapPage->setVerticalScrollBarPolicy(level.totalBytes > 0 ? Qt::ScrollBarAsNeeded
+                                                                   : Qt::ScrollBarAlwaysOff);
+    }
     m_shownURL = level.url;
     m_shownNodes = level.nodes;
     m_shownOrder = m_model.sortOrder();

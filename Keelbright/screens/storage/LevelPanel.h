@@ -3,6 +3,7 @@
 #include "Keelbright/screens/storage/StorageBrowserModel.h"
 #include "Keelbright/widgets/rows/ListRow.h"
 
+#include <QLayout>
 #include <QWidget>
 
 class QScrollArea;
@@ -28,6 +29,9 @@ public:
 
     /// Shows the last level of the model, which must have one.
     void redraw();
+    /// Between its parts.
+    void setSpacing(int spacing) { layout()->setSpacing(spacing); }
+
     /// To the level before, if there is one and none is being measured.
     void goBack();
 

@@ -40,10 +40,17 @@ TEST_F(FlowLayoutTests, putsAllOnOneLineWhereTheyFitExactly)
     EXPECT_EQ(layout->sizeHint(), QSize(320, 20));
 }
 
+TEST_F(FlowLayoutTests, movesCloserWhereThatSavesTheSecondLine)
+{
+    EXPECT_EQ(placesAt(319), (QList<QPoint>{{0, 0}, {105, 0}, {210, 0}}));
+    EXPECT_EQ(placesAt(310), (QList<QPoint>{{0, 0}, {105, 0}, {210, 0}}));
+    EXPECT_EQ(layout->heightForWidth(310), 20);
+}
+
 TEST_F(FlowLayoutTests, goesOnBelowWhereOnePixelIsMissing)
 {
-    EXPECT_EQ(placesAt(319), (QList<QPoint>{{0, 0}, {110, 0}, {0, 24}}));
-    EXPECT_EQ(layout->heightForWidth(319), 44);
+    EXPECT_EQ(placesAt(309), (QList<QPoint>{{0, 0}, {110, 0}, {0, 24}}));
+    EXPECT_EQ(layout->heightForWidth(309), 44);
     EXPECT_EQ(layout->heightForWidth(100), 68);
     EXPECT_EQ(layout->minimumSize(), QSize(100, 20));
 }
