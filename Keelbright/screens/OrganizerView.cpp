@@ -2,6 +2,7 @@
 
 #include "Keelbright/screens/organizer/OrganizerPlanPanel.h"
 #include "Keelbright/screens/organizer/ProposalPanel.h"
+#include "Keelbright/screens/shared/FolderDrop.h"
 #include "Keelbright/screens/shared/RescanShortcuts.h"
 #include "Keelbright/screens/shared/ScreenContext.h"
 #include "Keelbright/state/AppState.h"
@@ -34,6 +35,7 @@ OrganizerView::OrganizerView(const ScreenContext& context, QWidget* parent)
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(m_panels);
     addRescanShortcuts(*this, [this] { rescan(); });
+    acceptFolders(*this, [this](const QList<FileURL>& folders) { scan(folders.first()); });
     watchModel();
     redraw();
 }
@@ -59,8 +61,13 @@ void OrganizerView::receive(const QString& name, const QVariant& object)
 {
     if (name != organizeFolderNotification || object.metaType() != QMetaType::fromType<FileURL>())
         return;
+    scan(object.value<FileURL>());
+}
+
+void OrganizerView::scan(const FileURL& folder)
+{
     m_vm.setActiveTarget(std::nullopt);
-    m_vm.scan(object.value<FileURL>());
+    m_vm.scan(folder);
 }
 
 void OrganizerView::redraw()

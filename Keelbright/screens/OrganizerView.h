@@ -28,6 +28,8 @@ public:
 private:
     void watchModel();
     void receive(const QString& name, const QVariant& object);
+    /// Of a folder that is none of the quick targets.
+    void scan(const FileURL& folder);
     void redraw();
     void rescan();
     void ask();

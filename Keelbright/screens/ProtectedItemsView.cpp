@@ -1,6 +1,7 @@
 #include "Keelbright/screens/ProtectedItemsView.h"
 
 #include "Keelbright/screens/protect/RecommendedFolderRow.h"
+#include "Keelbright/screens/shared/FolderDrop.h"
 #include "Keelbright/screens/shared/PageSection.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/AlertPresenter.h"
@@ -86,6 +87,10 @@ ProtectedItemsView::ProtectedItemsView(AppState& state, AlertPresenter& alerts, 
     connect(&m_state, &AppState::recommendedFoldersChanged, &m_frames, &FrameThrottle::request);
     connect(&m_state, &AppState::customSourcesChanged, &m_frames, &FrameThrottle::request);
     connect(&m_frames, &FrameThrottle::frame, this, &ProtectedItemsView::redraw);
+    acceptFolders(*this, [this](const QList<FileURL>& folders) {
+        for (const FileURL& folder : folders)
+            m_state.addCustomSource(folder);
+    });
 }
 
 void ProtectedItemsView::addHeader()

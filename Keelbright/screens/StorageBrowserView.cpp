@@ -1,5 +1,6 @@
 #include "Keelbright/screens/StorageBrowserView.h"
 
+#include "Keelbright/screens/shared/FolderDrop.h"
 #include "Keelbright/screens/shared/RescanShortcuts.h"
 #include "Keelbright/screens/shared/ScreenContext.h"
 #include "Keelbright/screens/storage/LevelPanel.h"
@@ -58,6 +59,7 @@ StorageBrowserView::StorageBrowserView(const ScreenContext& context, QWidget* pa
         m_pages->addWidget(page);
     layOut();
     addKeys();
+    acceptFolders(*this, [this](const QList<FileURL>& folders) { m_model.navigate(folders.first()); });
     connect(m_level, &LevelPanel::actionPressed, this, &StorageBrowserView::perform);
     connect(&m_model, &StorageBrowserModel::changed, &m_frames, &FrameThrottle::request);
     connect(&m_frames, &FrameThrottle::frame, this, &StorageBrowserView::redraw);
@@ -156,6 +158,9 @@ void StorageBrowserView::perform(const FolderSizeNode& node, RowActionId action)
         break;
     case RowActionId::organise:
         m_model.organiseCurrentFolder(node.url);
+        break;
+    case RowActionId::open:
+        m_workspace.open(node.url);
         break;
     case RowActionId::reveal:
         m_workspace.reveal(node.url);

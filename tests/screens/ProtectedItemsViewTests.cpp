@@ -5,6 +5,7 @@
 #include "Keelbright/widgets/ElidedLabel.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 #include "Keelbright/widgets/ToggleSwitch.h"
+#include "tests/screens/shared/DroppedItems.h"
 #include "tests/screens/shared/ScreenTestCase.h"
 #include "tests/support/AnimationClock.h"
 
@@ -270,6 +271,22 @@ TEST_F(ProtectedItemsViewTests, everyControlHasANameAndIsReachedByTab)
     ProtectedItemsView view(app, alerts);
     show(view);
     expectEveryControlIsNamedAndReachedByTab(view);
+}
+
+TEST_F(ProtectedItemsViewTests, foldersThatAreDroppedAreProtected)
+{
+    AppState& app = makeState();
+    ProtectedItemsView view(app, alerts);
+    show(view);
+    const FileURL photos = mac.makeFolder("Volumes/Photos");
+    const FileURL odd = mac.makeFolder("Volumes/a\xff");
+    const FileURL file = mac.writeFile("Volumes/letter.txt", "a");
+    EXPECT_TRUE(drop(view, {photos, file, odd}));
+    ASSERT_EQ(app.customSources().size(), 2);
+    EXPECT_EQ(app.customSources().first().url, photos);
+    EXPECT_EQ(app.customSources().last().url, odd);
+    EXPECT_FALSE(drop(view, {file}));
+    EXPECT_EQ(app.customSources().size(), 2);
 }
 
 TEST_F(ProtectedItemsViewTests, theMenuOfACustomFolderRemovesIt)

@@ -99,6 +99,9 @@ void LargestFilesPanel::fillFilesPage()
     m_list->setRowModel(m_model);
     column->addWidget(makeListCard(m_list, m_files), 1);
     connect(m_refresh, &QPushButton::clicked, this, &LargestFilesPanel::refreshPressed);
+    connect(m_list, &QListView::activated, this, [this](const QModelIndex& index) {
+        Q_EMIT actionPressed(m_model->nodeAt(index.row()), RowActionId::open);
+    });
     connect(m_list, &RowListView::actionPressed, this,
             [this](int row, RowActionId action) { Q_EMIT actionPressed(m_model->nodeAt(row), action); });
 }

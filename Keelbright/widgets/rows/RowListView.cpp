@@ -255,6 +255,7 @@ void RowListView::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Enter:
         selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
         Q_EMIT opened(row);
+        Q_EMIT activated(currentIndex());
         return;
     case Qt::Key_Delete:
     case Qt::Key_Backspace:

@@ -54,7 +54,7 @@ Q_SIGNALS:
     /// Click on the mark, or Space.
     void markPressed(int row);
     void actionPressed(int row, keelbright::RowActionId action);
-    /// Click on the row, or Enter.
+    /// Click on the row, or Enter. A double click or Enter also emits `activated`.
     void opened(int row);
 
 protected:

@@ -1,4 +1,5 @@
 #include "tests/screens/organizer/OrganizerTestCase.h"
+#include "tests/screens/shared/DroppedItems.h"
 #include "tests/support/HeldFileManager.h"
 
 #include <QApplication>
@@ -197,6 +198,17 @@ TEST_F(OrganizerFolderTests, aNewVisitStartsOver)
     open();
     EXPECT_TRUE(shows(u"Pick a folder above"_s));
     EXPECT_FALSE(hasChevron(u"Downloads"_s));
+}
+
+TEST_F(OrganizerFolderTests, aFolderThatIsDroppedIsScanned)
+{
+    writeSomeFiles();
+    open();
+    EXPECT_TRUE(drop(*view, {downloads()}));
+    waitForPlan();
+    EXPECT_EQ(model().targetFolder(), downloads());
+    EXPECT_EQ(model().activeTarget(), std::nullopt);
+    EXPECT_EQ(categories().count(), 2);
 }
 
 TEST_F(OrganizerFolderTests, theScreenMayCloseInTheMiddleOfAScan)

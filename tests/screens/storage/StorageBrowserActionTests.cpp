@@ -1,6 +1,7 @@
 #include "Keelbright/screens/storage/LargestFilesPanel.h"
 #include "Keelbright/screens/storage/treemap/TreemapView.h"
 #include "Keelbright/state/NotificationCenter.h"
+#include "tests/screens/shared/DroppedItems.h"
 #include "tests/screens/shared/ListDriver.h"
 #include "tests/screens/storage/StorageBrowserViewFixture.h"
 #include "tests/support/SpokenTexts.h"
@@ -38,6 +39,34 @@ TEST_F(StorageBrowserActionTests, aScreenReaderSaysThatAFolderIsAmongTheSources)
     EXPECT_TRUE(ListDriver(*list(view)).press(0, RowActionId::addToBackup));
     EXPECT_EQ(spoken.last(), u"Work is among the backup sources already"_s);
     EXPECT_EQ(state->customSources().size(), 1);
+}
+
+TEST_F(StorageBrowserActionTests, aFolderThatIsDroppedIsBrowsed)
+{
+    StorageBrowserView view(context());
+    show(view);
+    EXPECT_TRUE(drop(view, {pictures()}));
+    waitForLevel(view.model());
+    EXPECT_EQ(view.model().currentURL(), pictures());
+}
+
+TEST_F(StorageBrowserActionTests, enterAndADoubleClickOpenALargestFile)
+{
+    StorageBrowserView view(context());
+    browse(view, documents());
+    choose(view, ViewMode::largest);
+    RowListView* largest = view.findChild<LargestFilesPanel*>()->list();
+    largest->setFocus();
+    largest->setCurrentRow(0);
+    QTest::keyClick(largest, Qt::Key_Return);
+    ASSERT_EQ(workspace.opened.size(), 1);
+    const QPoint place = largest->visualRect(largest->model()->index(1, 0)).center();
+    QTest::mouseClick(largest->viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(workspace.opened.size(), 1) << "one click chooses";
+    QTest::mouseDClick(largest->viewport(), Qt::LeftButton, {}, place);
+    ASSERT_EQ(workspace.opened.size(), 2);
+    EXPECT_NE(workspace.opened.first(), workspace.opened.last());
+    EXPECT_TRUE(workspace.revealed.isEmpty());
 }
 
 TEST_F(StorageBrowserActionTests, theMenuOfARowHoldsItsActions)
