@@ -5,6 +5,7 @@
 #include "Keelbright/screens/shell/SettingsWindow.h"
 #include "Keelbright/screens/shell/SidebarView.h"
 #include "Keelbright/screens/shell/StateAnnouncer.h"
+#include "Keelbright/screens/shell/WindowMenus.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "KeelbrightCore/platform/system/Logging.h"
@@ -38,6 +39,8 @@ MainWindow::MainWindow(const ScreenContext& context, QWidget* parent)
 void MainWindow::makeMenus()
 {
     QMenu* file = menuBar()->addMenu(tr("&File"));
+    addBackupAction(*file, m_context.state);
+    file->addSeparator();
     QAction* settings = file->addAction(tr("&Settings…"), this, &MainWindow::showSettings);
     settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
     settings->setMenuRole(QAction::PreferencesRole);
@@ -52,11 +55,14 @@ void MainWindow::makeMenus()
     m_progressAction = view->addAction(tr("Show Backup Progress"), this,
                                        [this] { m_context.state.setSelectedScreen(Screen::backupProgress); });
 
+    addScreenActions(*view, m_context.state);
+
     QMenu* window = menuBar()->addMenu(tr("&Window"));
     QAction* minimize = window->addAction(tr("&Minimize"), this, &QWidget::showMinimized);
     minimize->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
     QAction* close = window->addAction(tr("&Close"), this, &QWidget::close);
     close->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_W));
+    addHelpMenu(*menuBar(), *this);
 }
 
 void MainWindow::showOnboardingOrMain()

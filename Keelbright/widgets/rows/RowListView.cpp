@@ -293,6 +293,9 @@ void RowListView::showMenu(int row, const QPoint& globalPosition)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const QPersistentModelIndex index = m_model->index(row);
     for (const RowAction& action : actions) {
+        // What takes something away stands apart, so that a slip does not reach it.
+        if (action.isDelete && !menu->isEmpty())
+            menu->addSeparator();
         const QIcon icon = action.symbol.isEmpty()
                                ? QIcon()
                                : Symbol::icon(action.symbol, Theme::instance().color(Role::mutedText));

@@ -85,9 +85,17 @@ public:
     [[nodiscard]] static QStringList textsIn(const QMenu& menu)
     {
         QStringList texts;
-        for (const QAction* action : menu.actions())
+        for (const QAction* action : entriesOf(menu))
             texts.append(action->text());
         return texts;
+    }
+
+    /// All but the lines between them.
+    [[nodiscard]] static QList<QAction*> entriesOf(const QMenu& menu)
+    {
+        QList<QAction*> entries = menu.actions();
+        entries.removeIf([](const QAction* action) { return action->isSeparator(); });
+        return entries;
     }
 
     void clickAction(int index, qsizetype action = 0) const
@@ -113,7 +121,7 @@ public:
         if (entry == shown.menuActions.size())
             return false;
         const QPointer<QMenu> menu = openMenu(index);
-        menu->actions().at(shown.actions.size() + entry)->trigger();
+        entriesOf(*menu).at(shown.actions.size() + entry)->trigger();
         delete menu;
         return true;
     }

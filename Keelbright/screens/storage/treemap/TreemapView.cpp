@@ -339,6 +339,8 @@ void TreemapView::showMenu(int cell, const QPoint& globalPosition)
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const RowAction& action : storageNodeActions(node)) {
+        if (action.isDelete && !menu->isEmpty())
+            menu->addSeparator();
         const QColor color = Theme::instance().color(action.hue);
         QAction* entry = menu->addAction(Symbol::icon(action.symbol, color), action.name);
         connect(entry, &QAction::triggered, this,
