@@ -1,5 +1,6 @@
 #include "Keelbright/widgets/Page.h"
 
+#include "Keelbright/widgets/theme/ApplicationStyle.h"
 #include "Keelbright/widgets/theme/Roles.h"
 
 #include <QCoreApplication>
@@ -26,10 +27,7 @@ Page::Page(QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    // Above the margin of the page, so that nothing moves when the bar is needed; it draws nothing until
-    // then.
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    setViewportMargins(0, 0, -verticalScrollBar()->sizeHint().width(), 0);
+    ApplicationStyle::floatScrollBar(*this);
     // The arrow keys scroll wherever the focus is, so the page itself needs no Tab stop.
     setFocusPolicy(Qt::NoFocus);
     m_content->setContentsMargins(Metrics::pageMarginX, Metrics::pageMarginY, Metrics::pageMarginX,

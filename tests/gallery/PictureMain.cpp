@@ -1,5 +1,6 @@
 // keelbright-screens FOLDER [BEGINNING...]: draws every screen in every state, in both schemes and at
-// the window's usual and smallest size, into pictures named SCREEN-STATE-SCHEME[-small][-2x].png. With
+// the window's usual and smallest size, some at a large one, too, into pictures named
+// SCREEN-STATE-SCHEME[-small|-wide][-2x].png. With
 // BEGINNINGs it draws only the states whose names begin with one of them. With QT_SCALE_FACTOR=2 it
 // draws only the states that the list marks for double scale.
 
@@ -20,6 +21,8 @@ namespace {
 using namespace keelbright;
 using namespace keelbright::testing;
 using namespace Qt::StringLiterals;
+
+constexpr QSize wideSize{1600, 1000};
 
 QString nameOf(const ScreenState& state)
 {
@@ -43,12 +46,17 @@ int draw(const ScreenState& state, const QDir& folder)
     int failures = 0;
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
         Theme::instance().setScheme(scheme);
-        for (const QSize& size : {MainWindow::startingSize, MainWindow::minimumWindowSize}) {
+        QList<QSize> sizes{MainWindow::startingSize, MainWindow::minimumWindowSize};
+        if (state.alsoAtDoubleScale && !isDouble)
+            sizes.append(wideSize);
+        for (const QSize& size : std::as_const(sizes)) {
             stage.window().resize(size);
             Stage::turnFrames();
             QString name = nameOf(state) + (scheme == ColorScheme::light ? "-light"_L1 : "-dark"_L1);
             if (size == MainWindow::minimumWindowSize)
                 name += "-small"_L1;
+            if (size == wideSize)
+                name += "-wide"_L1;
             if (isDouble)
                 name += "-2x"_L1;
             const QString path = folder.filePath(name + ".png"_L1);

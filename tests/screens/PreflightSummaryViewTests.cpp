@@ -1,5 +1,6 @@
 #include "Keelbright/screens/PreflightSummaryView.h"
 
+#include "Keelbright/widgets/Card.h"
 #include "Keelbright/widgets/NumberLabel.h"
 #include "Keelbright/widgets/Progress.h"
 #include "tests/screens/shared/ScreenTestCase.h"
@@ -286,6 +287,23 @@ TEST_F(PreflightSummaryViewTests, aResultThatComesAfterTheScreenWasLeftIsDropped
     waitForBackgroundWork();
     turnFrame();
     EXPECT_FALSE(app.engine().isRunning());
+}
+
+TEST_F(PreflightSummaryViewTests, labelsAndValuesStayTogetherInAWideWindowAndTheButtonBelowThem)
+{
+    PreflightSummaryView view(makeReadyState());
+    showResult(view);
+    const auto* card = qobject_cast<Card*>(view.findChild<NumberLabel*>()->parentWidget()->parentWidget());
+    ASSERT_NE(card, nullptr);
+    for (const int width : {620, 940, 1360}) {
+        view.resize(width, 700);
+        turnFrame();
+        const Button* confirm = button(view, u"Confirm & Start"_s);
+        EXPECT_LE(card->width(), 680);
+        EXPECT_EQ(confirm->mapTo(&view, confirm->rect().topRight()).x(),
+                  card->mapTo(&view, card->rect().topRight()).x())
+            << width;
+    }
 }
 
 TEST_F(PreflightSummaryViewTests, everyControlHasANameAndIsReachedByTab)

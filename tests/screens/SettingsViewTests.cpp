@@ -1,6 +1,8 @@
 #include "Keelbright/screens/SettingsView.h"
 
+#include "Keelbright/widgets/Card.h"
 #include "Keelbright/widgets/ElidedLabel.h"
+#include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 #include "tests/screens/shared/ScreenFixture.h"
 
@@ -54,6 +56,20 @@ TEST_F(SettingsViewTest, hasATitleAsAScreenOnly)
     EXPECT_EQ(countOf(u"Settings"_s), 0);
     const SettingsView screen(*state, SettingsView::Place::screen);
     EXPECT_EQ(textsIn(screen).count(u"Settings"_s), 1);
+}
+
+TEST_F(SettingsViewTest, itsTitleStandsWhereThoseOfAllScreensDo)
+{
+    SettingsView screen(*state, SettingsView::Place::screen);
+    for (const int width : {620, 940, 1100}) {
+        screen.resize(width, 700);
+        screen.grab();
+        const QPoint title = screen.findChild<PageHeader*>()->mapTo(&screen, QPoint());
+        EXPECT_EQ(title, QPoint(Metrics::pageMarginX, Metrics::pageMarginY)) << width;
+        const auto* rows = screen.findChild<RowList*>();
+        EXPECT_EQ(rows->mapTo(&screen, QPoint()).x(), Metrics::pageMarginX) << width;
+        EXPECT_LE(rows->width(), 680);
+    }
 }
 
 TEST_F(SettingsViewTest, saysThatNoDestinationIsSelected)

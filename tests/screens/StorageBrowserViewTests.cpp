@@ -4,6 +4,7 @@
 #include "Keelbright/screens/storage/BreadcrumbBar.h"
 #include "Keelbright/screens/storage/BreakdownBar.h"
 #include "Keelbright/screens/storage/LargestFilesPanel.h"
+#include "Keelbright/screens/storage/ShortcutBar.h"
 #include "Keelbright/screens/storage/treemap/TreemapView.h"
 #include "Keelbright/widgets/MenuButton.h"
 #include "Keelbright/widgets/SegmentedControl.h"
@@ -12,6 +13,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTest>
 
 namespace keelbright::testing {
@@ -336,6 +338,43 @@ TEST_F(StorageBrowserViewTests, nothingIsCutInANarrowWindow)
     }
     choose(view, ViewMode::list);
     EXPECT_GE(list(view)->height(), 49);
+}
+
+TEST_F(StorageBrowserViewTests, theMapTakesTheWholeWidthOfAWideWindow)
+{
+    StorageBrowserView view(context());
+    browse(view, documents());
+    view.resize(1360, 900);
+    choose(view, ViewMode::treemap);
+    EXPECT_EQ(view.findChild<TreemapView*>()->width(), 1360 - 2 * Metrics::pageMarginX);
+    choose(view, ViewMode::list);
+    EXPECT_GE(list(view)->width(), 1360 - 2 * Metrics::pageMarginX - 2);
+}
+
+TEST_F(StorageBrowserViewTests, theSmallestWindowShowsAtLeastSixEntries)
+{
+    for (int i = 0; i < 12; ++i)
+        write(u"entry %1.pdf"_s.arg(i).toUtf8(), 1'000 + i);
+    for (const QString& shortcut : {u"Desktop"_s, u"Downloads"_s})
+        mac.makeFolder("Users/mira/" + shortcut.toUtf8());
+    StorageBrowserView view(context());
+    browse(view, documents());
+    view.resize(620, 592);
+    turnFrame();
+    EXPECT_GE(list(view)->viewport()->height(), 6 * RowMetrics::tableRow);
+    const auto* shortcuts = view.findChild<ShortcutBar*>();
+    EXPECT_EQ(shortcuts->height(), Metrics::buttonHeight) << "one line";
+}
+
+TEST_F(StorageBrowserViewTests, anEmptyMapHasNothingToScrollTo)
+{
+    mac.makeFolder("Users/mira/Empty");
+    StorageBrowserView view(context());
+    browse(view, mac.home().appending(u"Empty"_s));
+    view.resize(620, 592);
+    choose(view, ViewMode::treemap);
+    for (const auto* bar : view.findChildren<QScrollBar*>())
+        EXPECT_FALSE(bar->isVisible());
 }
 
 TEST_F(StorageBrowserViewTests, theWholeLegendIsSeenInANarrowWindow)

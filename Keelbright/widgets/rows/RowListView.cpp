@@ -4,6 +4,7 @@
 #include "Keelbright/widgets/rows/AccessibleRows.h"
 #include "Keelbright/widgets/rows/RowButtons.h"
 #include "Keelbright/widgets/rows/RowDelegate.h"
+#include "Keelbright/widgets/theme/ApplicationStyle.h"
 #include "Keelbright/widgets/theme/Symbol.h"
 #include "Keelbright/widgets/theme/Theme.h"
 
@@ -41,7 +42,7 @@ RowListView::RowListView(Look look, const QString& name, QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerPixel);
-    floatScrollBar();
+    ApplicationStyle::floatScrollBar(*this);
     verticalScrollBar()->setSingleStep(RowMetrics::tableRow / 2);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);
@@ -52,20 +53,6 @@ RowListView::RowListView(Look look, const QString& name, QWidget* parent)
     connect(m_buttons, &RowButtons::pressed, this, [this](RowActionId action) {
         if (currentRow() >= 0)
             Q_EMIT actionPressed(currentRow(), action);
-    });
-}
-
-/// The bar lies above the padding at the end of the rows, so that nothing moves when it is needed.
-void RowListView::floatScrollBar()
-{
-    QScrollBar* bar = verticalScrollBar();
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    setViewportMargins(0, 0, -bar->sizeHint().width(), 0);
-    // Without a range it draws nothing, and the rows below it take the clicks.
-    QWidget* container = bar->parentWidget();
-    container->setAttribute(Qt::WA_TransparentForMouseEvents);
-    connect(bar, &QScrollBar::rangeChanged, container, [container](int minimum, int maximum) {
-        container->setAttribute(Qt::WA_TransparentForMouseEvents, minimum == maximum);
     });
 }
 

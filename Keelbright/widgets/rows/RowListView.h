@@ -85,7 +85,6 @@ private:
     /// Those of the buttons, then those of the menu alone.
     [[nodiscard]] QList<RowAction> allActionsAt(int row) const;
     void showMenu(int row, const QPoint& globalPosition);
-    void floatScrollBar();
     void updateButtons();
     /// Reports to a screen reader when the mark of the current row has changed.
     void reportMark();

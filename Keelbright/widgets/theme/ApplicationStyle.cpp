@@ -3,6 +3,7 @@
 #include "Keelbright/widgets/theme/Symbol.h"
 #include "Keelbright/widgets/theme/Theme.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QPainter>
 #include <QStyleOption>
@@ -34,6 +35,16 @@ void drawScrollBar(const QStyleOptionSlider& option, QPainter& painter, QRect ha
     painter.setBrush(color);
     painter.drawRoundedRect(bar, radius, radius);
     painter.restore();
+}
+
+constexpr char floatingMark[] = "keelbrightFloatingScrollBar";
+
+/// Whether the area of this scroll bar has asked for it.
+bool isFloating(const QWidget* bar)
+{
+    const QWidget* container = bar != nullptr ? bar->parentWidget() : nullptr;
+    const QWidget* area = container != nullptr ? container->parentWidget() : nullptr;
+    return area != nullptr && area->property(floatingMark).toBool();
 }
 
 void drawMenuBarItem(const QStyleOptionMenuItem& option, QPainter& painter)
@@ -115,6 +126,11 @@ QString symbolFor(QStyle::StandardPixmap picture)
 }
 
 } // namespace
+
+void ApplicationStyle::floatScrollBar(QAbstractScrollArea& area)
+{
+    area.setProperty(floatingMark, true);
+}
 
 ApplicationStyle::ApplicationStyle()
     : QProxyStyle(u"Fusion"_s)
@@ -239,6 +255,8 @@ int ApplicationStyle::pixelMetric(PixelMetric metric, const QStyleOption* option
     switch (metric) {
     case PM_ScrollBarExtent:
         return scrollBarWidth;
+    case PM_ScrollView_ScrollBarOverlap:
+        return isFloating(widget) ? scrollBarWidth : 0;
     case PM_MenuBarPanelWidth:
     case PM_MenuBarVMargin:
         return 0;

@@ -3,6 +3,8 @@
 #include <QIcon>
 #include <QProxyStyle>
 
+class QAbstractScrollArea;
+
 namespace keelbright {
 
 /// Draws the toolkit's own widgets (menus, scroll bars, text fields, the folder chooser) so that they
@@ -13,6 +15,10 @@ class ApplicationStyle : public QProxyStyle
 
 public:
     ApplicationStyle();
+
+    /// Has the scroll bar of the area lie above its content, so that nothing moves when it is needed; the
+    /// content leaves 12 points free at its right edge. Before the area is laid out.
+    static void floatScrollBar(QAbstractScrollArea& area);
 
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;

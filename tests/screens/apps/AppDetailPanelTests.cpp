@@ -1,4 +1,5 @@
 #include "Keelbright/screens/apps/AppIconLabel.h"
+#include "Keelbright/widgets/Card.h"
 #include "tests/screens/apps/AppDetailTestCase.h"
 #include "tests/screens/shared/ListDriver.h"
 #include "tests/support/HeldFileManager.h"
@@ -227,6 +228,19 @@ TEST_F(AppDetailPanelTests, theNumbersStandBelowEachOtherWhereThePanelIsNarrow)
         for (qsizetype j = i + 1; j < rects.size(); ++j)
             EXPECT_FALSE(rects.at(i).intersects(rects.at(j))) << i << " and " << j;
     }
+}
+
+TEST_F(AppDetailPanelTests, theHeaderStaysAtTheTopAndTheBarBelowTheCards)
+{
+    const auto panel = makeSettledPanel(sketchbook());
+    panel->resize(700, 1'600);
+    turnFrame();
+    const auto* icon = panel->findChild<AppIconLabel*>();
+    EXPECT_LT(icon->mapTo(panel.get(), QPoint()).y(), 2 * Metrics::pageMarginY);
+    const auto* card = panel->findChild<Card*>();
+    const Button* remove = button(*panel, u"Remove…"_s);
+    EXPECT_EQ(remove->mapTo(panel.get(), remove->rect().topRight()).x(),
+              card->mapTo(panel.get(), card->rect().topRight()).x());
 }
 
 TEST_F(AppDetailPanelTests, aLongNameIsCutAndPushesNothingOut)

@@ -3,6 +3,7 @@
 #include "Keelbright/widgets/theme/Theme.h"
 #include "tests/support/ThemeGuard.h"
 
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QStyleOptionSlider>
 #include <QTest>
@@ -36,6 +37,26 @@ TEST_F(ScrollBarStyleTest, theHandleCanBeDraggedThroughTheWholeRange)
     QTest::mouseMove(&bar, QPoint(6, 395));
     QTest::mouseRelease(&bar, Qt::LeftButton, Qt::NoModifier, QPoint(6, 395));
     EXPECT_EQ(bar.value(), 1000);
+}
+
+TEST_F(ScrollBarStyleTest, aFloatingBarTakesNoRoom)
+{
+    const auto widthOfViewport = [this](bool isFloating, int height) {
+        QScrollArea area;
+        if (isFloating)
+            ApplicationStyle::floatScrollBar(area);
+        area.setFrameShape(QFrame::NoFrame);
+        area.verticalScrollBar()->setStyle(&style);
+        auto* content = new QWidget;
+        content->setFixedSize(100, height);
+        area.setWidget(content);
+        area.resize(300, 200);
+        area.grab();
+        return area.viewport()->width();
+    };
+    EXPECT_EQ(widthOfViewport(true, 100), 300);
+    EXPECT_EQ(widthOfViewport(true, 1'000), 300);
+    EXPECT_EQ(widthOfViewport(false, 1'000), 288);
 }
 
 TEST_F(ScrollBarStyleTest, theHandleStaysLargeEnoughToGrabOverAHugeRange)
