@@ -17,6 +17,7 @@ public:
     ~ThemeGuard()
     {
         Theme::instance().setScheme(ColorScheme::light);
+        Theme::instance().setContrastHigh(false);
         Theme::instance().setMotionReduced(false);
     }
 

@@ -50,10 +50,13 @@ void followDesktop(const DesktopSettings& desktop)
 {
     Theme& theme = Theme::instance();
     const auto applyScheme = [&desktop, &theme] { theme.setScheme(desktop.colorScheme()); };
+    const auto applyContrast = [&desktop, &theme] { theme.setContrastHigh(desktop.isContrastHigh()); };
     const auto applyMotion = [&desktop, &theme] { theme.setMotionReduced(desktop.isMotionReduced()); };
     QObject::connect(&desktop, &DesktopSettings::colorSchemeChanged, &theme, applyScheme);
+    QObject::connect(&desktop, &DesktopSettings::isContrastHighChanged, &theme, applyContrast);
     QObject::connect(&desktop, &DesktopSettings::isMotionReducedChanged, &theme, applyMotion);
     applyScheme();
+    applyContrast();
     applyMotion();
 }
 

@@ -21,6 +21,7 @@ constexpr auto portalInterface = "org.freedesktop.portal.Settings"_L1;
 constexpr auto appearance = "org.freedesktop.appearance"_L1;
 constexpr auto gnomeInterface = "org.gnome.desktop.interface"_L1;
 constexpr auto colorSchemeKey = "color-scheme"_L1;
+constexpr auto contrastKey = "contrast"_L1;
 constexpr auto reducedMotionKey = "reduced-motion"_L1;
 constexpr auto animationsKey = "enable-animations"_L1;
 
@@ -111,6 +112,7 @@ void DesktopSettings::watchPortal(const QDBusConnection& bus)
     connection.connect(portalService, portalPath, portalInterface, u"SettingChanged"_s, this,
                        SLOT(applySetting(QString, QString, QDBusVariant)));
     askPortal(bus, appearance, colorSchemeKey);
+    askPortal(bus, appearance, contrastKey);
     askPortal(bus, appearance, reducedMotionKey);
     askPortal(bus, gnomeInterface, animationsKey);
 }
@@ -134,6 +136,8 @@ void DesktopSettings::applySetting(const QString& nameSpace, const QString& key,
     const QVariant plain = unwrapped(value.variant());
     if (nameSpace == appearance && key == colorSchemeKey) {
         setPortalScheme(preferredScheme(plain.toUInt()));
+    } else if (nameSpace == appearance && key == contrastKey) {
+        setContrastHigh(plain.toUInt() == 1);
     } else if (nameSpace == appearance && key == reducedMotionKey) {
         setMotionReduced(plain.toUInt() == 1);
     } else if (nameSpace == gnomeInterface && key == animationsKey) {
@@ -147,6 +151,14 @@ void DesktopSettings::setPortalScheme(std::optional<ColorScheme> scheme)
     m_portalScheme = scheme;
     if (colorScheme() != before)
         Q_EMIT colorSchemeChanged();
+}
+
+void DesktopSettings::setContrastHigh(bool isHigh)
+{
+    if (isHigh == m_isContrastHigh)
+        return;
+    m_isContrastHigh = isHigh;
+    Q_EMIT isContrastHighChanged();
 }
 
 void DesktopSettings::setMotionReduced(bool isReduced)

@@ -9,7 +9,7 @@
 
 namespace keelbright {
 
-/// The desktop's settings for the look: light or dark, and whether motion is reduced. Follows changes
+/// The desktop's settings for the look: light or dark, high contrast, reduced motion. Follows changes
 /// while the program runs. Asks the desktop's settings portal without waiting for it; without an
 /// answer the lightness of the platform's palette decides. Main thread.
 ///
@@ -26,12 +26,15 @@ public:
 
     [[nodiscard]] ColorScheme colorScheme() const;
 
+    [[nodiscard]] bool isContrastHigh() const { return m_isContrastHigh; }
+
     [[nodiscard]] bool isMotionReduced() const { return m_isMotionReduced; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
     void colorSchemeChanged();
+    void isContrastHighChanged();
     void isMotionReducedChanged();
 
 private Q_SLOTS:
@@ -43,10 +46,12 @@ private:
     void watchPortal(const QDBusConnection& bus);
     void askPortal(const QDBusConnection& bus, const QString& nameSpace, const QString& key);
     void setPortalScheme(std::optional<ColorScheme> scheme);
+    void setContrastHigh(bool isHigh);
     void setMotionReduced(bool isReduced);
 
     ColorScheme m_paletteScheme = ColorScheme::light;
     std::optional<ColorScheme> m_portalScheme;
+    bool m_isContrastHigh = false;
     bool m_isMotionReduced = false;
     bool m_isReadingDue = false;
 };

@@ -101,6 +101,20 @@ void Theme::setScheme(ColorScheme scheme)
         return;
     m_scheme = scheme;
     qCDebug(widgetsLog) << "colour scheme:" << (scheme == ColorScheme::dark ? "dark" : "light");
+    applyColors();
+}
+
+void Theme::setContrastHigh(bool isHigh)
+{
+    if (isHigh == m_isContrastHigh)
+        return;
+    m_isContrastHigh = isHigh;
+    qCDebug(widgetsLog) << "high contrast:" << isHigh;
+    applyColors();
+}
+
+void Theme::applyColors()
+{
     QApplication::setPalette(palette());
     QToolTip::setPalette(palette());
     Q_EMIT changed();
@@ -108,7 +122,7 @@ void Theme::setScheme(ColorScheme scheme)
 
 QColor Theme::color(Role role) const
 {
-    return tokenColor(role, m_scheme);
+    return m_isContrastHigh ? strongTokenColor(role, m_scheme) : tokenColor(role, m_scheme);
 }
 
 QColor Theme::tint(Role hue, double amount, Role base) const

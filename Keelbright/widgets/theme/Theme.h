@@ -28,6 +28,11 @@ public:
 
     void setScheme(ColorScheme scheme);
 
+    /// Faint texts and lines are strong while this is set.
+    [[nodiscard]] bool isContrastHigh() const { return m_isContrastHigh; }
+
+    void setContrastHigh(bool isHigh);
+
     /// No animation runs while this is set.
     [[nodiscard]] bool isMotionReduced() const { return m_isMotionReduced; }
 
@@ -44,13 +49,16 @@ public:
     [[nodiscard]] QPalette palette() const;
 
 Q_SIGNALS:
-    /// The colour scheme has changed.
+    /// The colour scheme or the contrast has changed.
     void changed();
 
 private:
     explicit Theme(QObject* parent);
 
+    void applyColors();
+
     ColorScheme m_scheme = ColorScheme::light;
+    bool m_isContrastHigh = false;
     bool m_isMotionReduced = false;
     QString m_family;
     double m_pointsPerPixel = 0.75;

@@ -130,4 +130,27 @@ Role onFillRole(Role fill)
     return fill == Role::orangeFill ? Role::onOrangeFill : Role::onFill;
 }
 
+QColor strongTokenColor(Role role, ColorScheme scheme)
+{
+    const auto inkOfOpacity = [scheme](float opacity) {
+        QColor ink = tokenColor(Role::primaryText, scheme);
+        ink.setAlphaF(opacity);
+        return ink;
+    };
+    switch (role) {
+    case Role::secondaryText:
+    case Role::mutedText:
+    case Role::emptyMark:
+        return tokenColor(Role::primaryText, scheme);
+    case Role::line:
+        return inkOfOpacity(0.45F);
+    case Role::controlLine:
+        return inkOfOpacity(0.75F);
+    case Role::track:
+        return inkOfOpacity(0.3F);
+    default:
+        return tokenColor(role, scheme);
+    }
+}
+
 } // namespace keelbright

@@ -80,7 +80,7 @@ TEST_F(DesktopSettingsTest, followsThePortalWhileItRuns)
     startPortal();
     const DesktopSettings settings(bus.client());
     // An answer that arrives later would undo what is announced now.
-    ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == 3; }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == 4; }, patience));
     EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
     QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
     const auto announceScheme = [this](uint scheme) {
@@ -107,6 +107,20 @@ TEST_F(DesktopSettingsTest, withoutAPreferenceThePaletteDecides)
     EXPECT_EQ(settings.colorScheme(), ColorScheme::light); // this platform's palette
 }
 
+TEST_F(DesktopSettingsTest, takesHighContrastFromThePortalWhileItRuns)
+{
+    startPortal();
+    const DesktopSettings settings(bus.client());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == 4; }, patience));
+    EXPECT_FALSE(settings.isContrastHigh());
+    QSignalSpy changes(&settings, &DesktopSettings::isContrastHighChanged);
+    for (const uint contrast : {1U, 0U}) {
+        Q_EMIT portal.SettingChanged(u"org.freedesktop.appearance"_s, u"contrast"_s, QDBusVariant(contrast));
+        ASSERT_TRUE(changes.wait(patience));
+        EXPECT_EQ(settings.isContrastHigh(), contrast == 1);
+    }
+}
+
 TEST_F(DesktopSettingsTest, reducesMotionIfTheDesktopSwitchedAnimationsOff)
 {
     portal.hasAnimations = false;
@@ -126,7 +140,7 @@ TEST_F(DesktopSettingsTest, otherSettingsAreIgnored)
     startPortal();
     const DesktopSettings settings(bus.client());
     const QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == 3; }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == 4; }, patience));
     Q_EMIT portal.SettingChanged(u"org.example.other"_s, u"color-scheme"_s, QDBusVariant(1U));
     bus.carryEverythingOver();
     EXPECT_EQ(changes.count(), 0);

@@ -32,6 +32,27 @@ TEST(Theme, announcesAChangeOfTheSchemeOnceAndNothingElse)
     EXPECT_EQ(Theme::instance().scheme(), ColorScheme::dark);
 }
 
+TEST(Theme, highContrastMakesFaintTextsAndLinesStrong)
+{
+    const ThemeGuard guard;
+    Theme& theme = Theme::instance();
+    const QSignalSpy spy(&theme, &Theme::changed);
+    for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
+        theme.setScheme(scheme);
+        theme.setContrastHigh(false);
+        const QColor faintLine = theme.color(Role::line);
+        const QColor accent = theme.color(Role::accent);
+        const qsizetype before = spy.count();
+        theme.setContrastHigh(true);
+        EXPECT_EQ(spy.count(), before + 1);
+        for (const Role text : {Role::secondaryText, Role::mutedText, Role::emptyMark})
+            EXPECT_EQ(theme.color(text), theme.color(Role::primaryText));
+        EXPECT_GT(theme.color(Role::line).alpha(), 4 * faintLine.alpha());
+        EXPECT_GT(theme.color(Role::controlLine).alpha(), theme.color(Role::line).alpha());
+        EXPECT_EQ(theme.color(Role::accent), accent);
+    }
+}
+
 TEST(Theme, holdsTheColoursOfTheTokens)
 {
     const ThemeGuard guard;
