@@ -29,6 +29,7 @@ public:
 
     /// Shows the last level of the model, which must have one.
     void redraw();
+
     /// Between its parts.
     void setSpacing(int spacing) { layout()->setSpacing(spacing); }
 
