@@ -2,7 +2,7 @@
 
 Runs as a separate process, because a screen reader listens while the driver acts. It prints a line for
 each event that Orca speaks of: "notice" for a notification that appears, "focus" for what takes the focus,
-each with the name and the role that the program gives when asked. Events arrive in their order."""
+"ticked" for what is ticked, each with the name and the role that the program gives when asked. Events arrive in their order."""
 
 import json
 import queue
@@ -14,7 +14,8 @@ import time
 import pyatspi
 from gi.repository import GLib
 
-EVENTS = ("object:state-changed:showing", "object:state-changed:focused")
+KINDS = {"object:state-changed:showing": "notice", "object:state-changed:focused": "focus",
+         "object:state-changed:checked": "ticked"}
 PATIENCE = 20.0  # seconds
 
 
@@ -66,9 +67,8 @@ def report(event):
     if event.detail1 != 1:
         return
     try:
-        role, name = event.source.getRole(), event.source.name
-        kind = "focus" if event.type == EVENTS[1] else "notice" if role == pyatspi.ROLE_NOTIFICATION else None
-        if kind:
+        kind, name = KINDS[str(event.type)], event.source.name
+        if kind != "notice" or event.source.getRole() == pyatspi.ROLE_NOTIFICATION:
             print(json.dumps([kind, name, event.source.getRoleName()]), flush=True)
     except (LookupError, GLib.Error):
         pass  # it disappeared meanwhile
@@ -79,7 +79,7 @@ def listen():
         pyatspi.Registry.stop()
         return False
 
-    pyatspi.Registry.registerEventListener(report, *EVENTS)
+    pyatspi.Registry.registerEventListener(report, *KINDS)
     GLib.io_add_watch(sys.stdin, GLib.PRIORITY_DEFAULT, GLib.IO_HUP, end)
     print("ready", flush=True)
     pyatspi.Registry.start()

@@ -1,49 +1,38 @@
 #pragma once
 
 #include <QAccessible>
+#include <QApplication>
+#include <QEvent>
 #include <QStringList>
+#include <QWidget>
 
 namespace keelbright::testing {
 
-/// What the window has a screen reader say while it lives: the name of each object of the role
-/// "notification" at the moment when it appears. One at a time.
-class SpokenTexts
+/// What the program has a screen reader say while this lives: the name of each object of the role
+/// "notification" at the moment when it appears. That this reaches the accessibility bus is tested in the
+/// real window, as a program without a display reports nothing.
+class SpokenTexts : public QObject
 {
 public:
-    SpokenTexts()
-        : m_before(QAccessible::installUpdateHandler(&SpokenTexts::hear))
+    SpokenTexts() { qApp->installEventFilter(this); }
+
+    [[nodiscard]] const QStringList& all() const { return m_texts; }
+
+    [[nodiscard]] QString last() const { return m_texts.isEmpty() ? QString() : m_texts.last(); }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
     {
-        heard().clear();
+        const bool isShown = event->type() == QEvent::Show && watched->isWidgetType();
+        const QAccessibleInterface* shown =
+            isShown ? QAccessible::queryAccessibleInterface(watched) : nullptr;
+        if (shown != nullptr && shown->role() == QAccessible::Notification)
+            m_texts.append(shown->text(QAccessible::Name));
+        return false;
     }
-
-    ~SpokenTexts() { QAccessible::installUpdateHandler(m_before); }
-
-    SpokenTexts(const SpokenTexts&) = delete;
-    SpokenTexts& operator=(const SpokenTexts&) = delete;
-
-    [[nodiscard]] const QStringList& all() const { return heard(); }
-
-    [[nodiscard]] QString last() const { return heard().isEmpty() ? QString() : heard().last(); }
-
-    void clear() { heard().clear(); }
 
 private:
-    static QStringList& heard()
-    {
-        static QStringList texts;
-        return texts;
-    }
-
-    static void hear(QAccessibleEvent* event)
-    {
-        if (event->type() != QAccessible::ObjectShow)
-            return;
-        const QAccessibleInterface* shown = event->accessibleInterface();
-        if (shown != nullptr && shown->role() == QAccessible::Notification)
-            heard().append(shown->text(QAccessible::Name));
-    }
-
-    QAccessible::UpdateHandler m_before;
+    QStringList m_texts;
 };
 
 } // namespace keelbright::testing

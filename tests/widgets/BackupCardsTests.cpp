@@ -130,7 +130,8 @@ TEST(ProgressPanel, eachNumberHasItsSymbol)
     QStringList symbols;
     for (const auto* symbol : panel.findChildren<SymbolLabel*>())
         symbols.append(symbol->key());
-    EXPECT_EQ(symbols, QStringList({u"checkmark.circle"_s, u"minus.circle"_s, u"internaldrive"_s}));
+    EXPECT_EQ(symbols, QStringList({u"chevron.right"_s, u"checkmark.circle"_s, u"minus.circle"_s,
+                                    u"internaldrive"_s}));
 }
 
 TEST(ProgressPanel, aLongFileNameStaysOnOneLine)

@@ -82,10 +82,19 @@ TEST(ElidedLabel, showsALineBreakInANameAsASign)
 
 TEST(TabularDigits, giveEveryDigitTheSameWidth)
 {
-    const QFont font = Theme::instance().font(FontRole::number);
+    const QFont font = Theme::instance().font(FontRole::body);
     EXPECT_DOUBLE_EQ(TabularDigits::width(font, u"1111"_s), TabularDigits::width(font, u"8888"_s));
     EXPECT_DOUBLE_EQ(TabularDigits::width(font, u"71.1 GB"_s), TabularDigits::width(font, u"80.4 GB"_s));
     EXPECT_EQ(TabularDigits::width(font, QString()), 0);
+}
+
+TEST(TabularDigits, areProportionalInATitle)
+{
+    for (const FontRole role : {FontRole::number, FontRole::largeNumber}) {
+        const QFont font = Theme::instance().font(role);
+        EXPECT_DOUBLE_EQ(TabularDigits::width(font, u"71.1 GB"_s),
+                         QFontMetricsF(font).horizontalAdvance(u"71.1 GB"_s));
+    }
 }
 
 TEST(NumberLabel, keepsItsWidthWhileItCounts)
