@@ -8,7 +8,6 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QVBoxLayout>
-#include <QWheelEvent>
 
 namespace keelbright {
 
@@ -47,6 +46,8 @@ Page::Page(QWidget* parent)
     ground->installEventFilter(this);
     m_revealing.setSingleShot(true);
     m_revealing.setInterval(revealMilliseconds);
+    // Who scrolls wants to see something else.
+    connect(verticalScrollBar(), &QScrollBar::actionTriggered, &m_revealing, &QTimer::stop);
 }
 
 void Page::setMaximumContentWidth(int width)
@@ -102,15 +103,8 @@ bool Page::eventFilter(QObject* watched, QEvent* event)
     return isHandled;
 }
 
-void Page::wheelEvent(QWheelEvent* event)
-{
-    m_revealing.stop();
-    QScrollArea::wheelEvent(event);
-}
-
 void Page::keyPressEvent(QKeyEvent* event)
 {
-    m_revealing.stop();
     switch (event->key()) {
     case Qt::Key_Home:
         verticalScrollBar()->triggerAction(QAbstractSlider::SliderToMinimum);

@@ -142,7 +142,7 @@ TEST_F(DashboardViewTests, anAlertIsScrolledIntoView)
         return alert != nullptr && !alert->visibleRegion().isEmpty() &&
                alert->visibleRegion().boundingRect() == alert->rect();
     });
-    view.verticalScrollBar()->setValue(0);
+    view.verticalScrollBar()->triggerAction(QAbstractSlider::SliderToMinimum);
     app.setSelectedDestination(driveDestination());
     turnFrame();
     EXPECT_EQ(view.verticalScrollBar()->value(), 0) << "the alert is the same";

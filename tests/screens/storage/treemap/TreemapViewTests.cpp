@@ -115,7 +115,8 @@ TEST_F(TreemapViewTests, theMenuHoldsWhatCanBeDoneWithTheCell)
     for (const QAction* action : menu->actions())
         entries.append(action->text());
     EXPECT_EQ(entries, (QStringList{u"Add to Backup Sources"_s, u"Organise this folder"_s,
-                                    u"Reveal in Finder"_s, u"Move to Trash"_s}));
+                                    u"Reveal in Finder"_s, QString(), u"Move to Trash"_s}));
+    EXPECT_TRUE(menu->actions().at(3)->isSeparator());
     menu->actions().at(2)->trigger();
     EXPECT_EQ(namesIn(actions), QStringList{u"2"_s});
     EXPECT_EQ(actions.first().at(1).value<RowActionId>(), RowActionId::reveal);
