@@ -98,7 +98,9 @@ void CopyQueue::dispose(std::vector<Item> items)
         m_disposed.swap(items);
     } else {
         try {
-            m_disposed.reserve(std::max(m_disposed.size() + items.size(), 2 * m_disposed.capacity()));
+            const size_t needed = m_disposed.size() + items.size();
+            if (needed > m_disposed.capacity())
+                m_disposed.reserve(std::max(needed, 2 * m_disposed.capacity()));
         } catch (const std::bad_alloc&) {
             return; // destroyed here
         }

@@ -29,6 +29,36 @@ private:
     CopyRecord& m_record;
 };
 
+/// Cancels on the thread on which it was made, as the window does it.
+class Canceller : public QObject
+{
+public:
+    explicit Canceller(BackupTask& task)
+        : m_task(task)
+    {}
+
+    /// For any other thread.
+    void cancelAndWait()
+    {
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+        m_isCancelled.acquire();
+    }
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() != QEvent::User)
+            return QObject::event(event);
+        m_task.cancel();
+        m_isCancelled.release();
+        return true;
+    }
+
+private:
+    BackupTask& m_task;
+    QSemaphore m_isCancelled;
+};
+
 /// What becomes of pending items when the user cancels, or the program quits.
 class CancelledItemsTest : public testing::PendingItemsTest
 {
@@ -40,18 +70,12 @@ protected:
     }
 
     /// For the threads of the run: waits until so many items have been reported, and then until the main
-    /// thread has cancelled, as the window does it.
+    /// thread has cancelled.
     void cancelAfter(qint64 count)
     {
         while (copied < count)
             QThread::msleep(1);
-        QSemaphore isCancelled;
-        const auto cancel = [&] {
-            task->cancel();
-            isCancelled.release();
-        };
-        QMetaObject::invokeMethod(&application, cancel, Qt::QueuedConnection);
-        isCancelled.acquire();
+        canceller.cancelAndWait();
     }
 
     void cancelWhileIsPrepared(const QByteArray& underWay, qint64 count)
@@ -76,6 +100,7 @@ protected:
     }
 
     std::atomic<qint64> copied = 0;
+    Canceller canceller{*task};
 };
 
 TEST_F(CancelledItemsTest, finishTheCopyThatTheRunHasUnderWay)

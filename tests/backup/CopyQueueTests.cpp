@@ -3,8 +3,10 @@
 #include "tests/backup/FakeCopyDestination.h"
 
 #include <QSemaphore>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <thread>
+#include <unistd.h>
 
 namespace keelbright {
 namespace {
@@ -197,6 +199,40 @@ TEST_F(CopyQueueTest, givesUpWhatIsUnderWayWhenItIsClosed)
     queue.close();
     EXPECT_THAT(record.lines(), ElementsAre("dropped f0"));
     EXPECT_EQ(queue.size(), 0);
+}
+
+/// In bytes; 0 where the system does not report it.
+qint64 addressSpace()
+{
+    std::ifstream statistics("/proc/self/statm");
+    qint64 pages = 0;
+    statistics >> pages;
+    return pages * ::sysconf(_SC_PAGESIZE);
+}
+
+TEST_F(CopyQueueTest, takesNoMoreMemoryForDisposedItemsThanTheyNeed)
+{
+    if (addressSpace() == 0)
+        GTEST_SKIP() << "this system does not report the memory of a program";
+    QSemaphore begun;
+    QSemaphore end;
+    FakeCopyWorker hanging([&](const QByteArray& item, const Cancellation&) -> Prepared {
+        begun.release();
+        end.acquire();
+        return std::make_unique<RecordedCopy>(item, record, 1);
+    });
+    const std::jthread thread = workOn(hanging);
+    addCopies(many);
+    begun.acquire();
+    const qint64 before = addressSpace();
+    for (int times = 0; times < 30; ++times) {
+        std::vector<CopyQueue::Item> items;
+        items.emplace_back();
+        queue.dispose(std::move(items));
+    }
+    EXPECT_LT(addressSpace() - before, 100'000'000);
+    end.release(many);
+    queue.close();
 }
 
 TEST_F(CopyQueueTest, doesNotWaitForAWorkerThatHangs)
