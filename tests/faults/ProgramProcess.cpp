@@ -32,9 +32,9 @@ QProcessEnvironment environmentOf(const TestMac& mac)
 
 } // namespace
 
-ProgramProcess::ProgramProcess(const TestMac& mac, const QStringList& launcher)
+ProgramProcess::ProgramProcess(const TestMac& mac, const QStringList& launcher, const QStringList& arguments)
 {
-    QStringList command = launcher + QStringList{QStringLiteral(KEELBRIGHT_PROGRAM)};
+    QStringList command = launcher + QStringList{QStringLiteral(KEELBRIGHT_PROGRAM)} + arguments;
     m_process.setProcessEnvironment(environmentOf(mac));
     m_process.setProcessChannelMode(QProcess::MergedChannels);
     m_process.start(command.takeFirst(), command);

@@ -11,8 +11,9 @@ namespace keelbright::testing {
 class ProgramProcess
 {
 public:
-    /// Starts it, by the command of `launcher` if there is one.
-    explicit ProgramProcess(const TestMac& mac, const QStringList& launcher = {});
+    /// Starts it with these arguments, by the command of `launcher` if there is one.
+    explicit ProgramProcess(const TestMac& mac, const QStringList& launcher = {},
+                            const QStringList& arguments = {});
     ~ProgramProcess();
     ProgramProcess(const ProgramProcess&) = delete;
     ProgramProcess& operator=(const ProgramProcess&) = delete;

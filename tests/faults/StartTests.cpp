@@ -1,5 +1,7 @@
 // Starts of the program itself that overlap, are cut short or find the home in a poor state.
 
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/system/ProgramVersion.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 #include "tests/faults/CareFaultTest.h"
 #include "tests/faults/ProgramProcess.h"
@@ -24,6 +26,12 @@ using testing::TestMac;
 
 constexpr auto cameToFront = "keelbright.screens: window brought to the front";
 constexpr auto noAnswer = "Keel Bright is already running, but it does not answer.\n";
+
+/// The launcher of a program that is given no display at all.
+QStringList withoutDisplay()
+{
+    return {u"env"_s, u"-u"_s, u"QT_QPA_PLATFORM"_s, u"-u"_s, u"DISPLAY"_s, u"-u"_s, u"WAYLAND_DISPLAY"_s};
+}
 
 class StartTest : public ::testing::Test
 {
@@ -75,6 +83,59 @@ TEST_F(StartTest, aSecondStartBringsTheFirstToTheFrontAndEnds)
     EXPECT_TRUE(first.waitForLine(cameToFront));
     EXPECT_TRUE(first.isRunning());
     EXPECT_EQ(loaded(), settings);
+}
+
+TEST_F(StartTest, anActionOfTheDesktopsMenuReachesTheFirst)
+{
+    save();
+    ProgramProcess first(mac);
+    ASSERT_TRUE(first.waitUntilLoaded());
+    ProgramProcess second(mac, {}, {u"--storage-browser"_s});
+    EXPECT_EQ(second.waitForEnd(), 0);
+    EXPECT_EQ(second.output(), QByteArray());
+    EXPECT_TRUE(first.waitForLine(cameToFront));
+    EXPECT_TRUE(first.waitForLine("keelbright.screens: asked for: storage-browser"));
+}
+
+TEST_F(StartTest, anActionOfTheDesktopsMenuIsKnownToAFreshStart)
+{
+    save();
+    ProgramProcess program(mac, {}, {u"--back-up-now"_s});
+    EXPECT_TRUE(program.waitForLine("keelbright.screens: asked for: back-up-now"));
+    program.sendSignal(SIGTERM);
+    EXPECT_EQ(program.waitForEnd(), 0);
+    EXPECT_EQ(loaded(), settings);
+}
+
+TEST_F(StartTest, whatOnlyPrintsNeedsNoDisplayAndTouchesNothing)
+{
+    ProgramProcess version(mac, withoutDisplay(), {u"--version"_s});
+    EXPECT_EQ(version.waitForEnd(), 0);
+    EXPECT_EQ(version.output(), QByteArray("Keel Bright " + programVersion().toUtf8() + '\n'));
+    ProgramProcess help(mac, withoutDisplay(), {u"--help"_s});
+    EXPECT_EQ(help.waitForEnd(), 0);
+    EXPECT_TRUE(help.output().startsWith("Usage: keelbright [OPTION]\n"));
+    EXPECT_FALSE(FileManager::defaultManager().fileExists(support().appendingNative("Keelbright")).exists);
+}
+
+TEST_F(StartTest, anUnknownArgumentIsRefusedInOneLine)
+{
+    ProgramProcess program(mac, withoutDisplay(), {u"--force"_s});
+    EXPECT_EQ(program.waitForEnd(), 2);
+    EXPECT_EQ(program.output(),
+              QByteArray("keelbright: unknown argument \"--force\"; keelbright --help lists the options\n"));
+}
+
+TEST_F(StartTest, withoutADisplayItEndsWithOneLine)
+{
+    const QByteArray reason = "keelbright: there is no display to show the window on\n";
+    const QStringList unreachable = {u"env"_s, u"QT_QPA_PLATFORM=xcb"_s, u"DISPLAY=:64999"_s};
+    const QStringList unknown = {u"env"_s, u"QT_QPA_PLATFORM=none"_s};
+    for (const QStringList& launcher : {withoutDisplay(), unreachable, unknown}) {
+        ProgramProcess program(mac, launcher);
+        EXPECT_EQ(program.waitForEnd(), 1) << launcher.last().toStdString();
+        EXPECT_EQ(program.output(), reason) << launcher.last().toStdString();
+    }
 }
 
 TEST_F(StartTest, startsAtOnceAreOneProgramAndLoseNothing)

@@ -1,8 +1,11 @@
 #include "Keelbright/screens/shell/Application.h"
 
+#include "Keelbright/screens/shell/CommandLine.h"
+#include "Keelbright/screens/shell/DesktopRequests.h"
 #include "Keelbright/screens/shell/DesktopWorkspace.h"
 #include "Keelbright/screens/shell/DialogFileChooser.h"
 #include "Keelbright/screens/shell/DialogFolderChooser.h"
+#include "Keelbright/screens/shell/DisplayConnection.h"
 #include "Keelbright/screens/shell/MainWindow.h"
 #include "Keelbright/screens/shell/SingleInstance.h"
 #include "Keelbright/state/KeelbrightApp.h"
@@ -60,6 +63,8 @@ void followDesktop(const DesktopSettings& desktop)
     applyMotion();
 }
 
+constexpr int codeForUnknownArguments = 2;
+
 /// The folder of the settings, made where it is missing.
 FileURL settingsFolder()
 {
@@ -77,7 +82,8 @@ void followEndOfSession(const QApplication& application, const EndRequests& endR
     QObject::connect(&endRequests, &EndRequests::received, &application, [] { QCoreApplication::exit(0); });
 }
 
-int runWindow(QApplication& application, SingleInstance& instance, AppLookup lookup)
+int runWindow(QApplication& application, SingleInstance& instance, const std::optional<WindowAction>& action,
+              AppLookup lookup)
 {
     const EndRequests endRequests;
     const DesktopSettings desktop;
@@ -91,9 +97,12 @@ int runWindow(QApplication& application, SingleInstance& instance, AppLookup loo
     KeelbrightApp app(chooser, std::move(lookup));
     MainWindow window({app.state(), alerts, workspace, files});
     QObject::connect(&window, &MainWindow::closed, &application, &QCoreApplication::quit);
-    QObject::connect(&instance, &SingleInstance::activationRequested, &window, &MainWindow::bringToFront);
+    DesktopRequests requests(app.state(), window);
+    QObject::connect(&instance, &SingleInstance::activationRequested, &requests, &DesktopRequests::activate);
     followEndOfSession(application, endRequests, window);
     window.show();
+    if (action)
+        requests.activate(action);
     const int code = QApplication::exec();
     instance.stopListening();
     window.hide();
@@ -105,23 +114,23 @@ int runWindow(QApplication& application, SingleInstance& instance, AppLookup loo
     return code;
 }
 
-} // namespace
-
-int runApplication(int argc, char** argv, AppLookup lookup)
+void introduceProgram()
 {
-    reportFileSizeLimitAsError();
-    OpenFileLimit::raise();
-    ProgramApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"Keelbright"_s);
     QCoreApplication::setApplicationVersion(programVersion());
     QGuiApplication::setApplicationDisplayName(u"Keel Bright"_s);
     QGuiApplication::setDesktopFileName(u"keelbright"_s);
     QGuiApplication::setWindowIcon(
         Symbol::icon(u"shippingbox.fill"_s, Theme::instance().color(Role::accent)));
+}
+
+int openWindow(QApplication& application, const std::optional<WindowAction>& action, AppLookup lookup)
+{
+    introduceProgram();
     SingleInstance instance(settingsFolder());
-    switch (instance.start()) {
+    switch (instance.start(action)) {
     case SingleInstance::Start::first:
-        return runWindow(application, instance, std::move(lookup));
+        return runWindow(application, instance, action, std::move(lookup));
     case SingleInstance::Start::handedOver:
         return 0;
     case SingleInstance::Start::unanswered:
@@ -129,6 +138,35 @@ int runApplication(int argc, char** argv, AppLookup lookup)
         return 0;
     }
     Q_UNREACHABLE();
+}
+
+} // namespace
+
+int runApplication(int argc, char** argv, AppLookup lookup)
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    const std::expected<StartRequest, QString> request = readCommandLine(arguments);
+    if (!request) {
+        printErrorLine(request.error());
+        return codeForUnknownArguments;
+    }
+    switch (request->kind) {
+    case StartRequest::Kind::version:
+        printLine(versionText());
+        return 0;
+    case StartRequest::Kind::help:
+        printLine(helpText());
+        return 0;
+    case StartRequest::Kind::window:
+        break;
+    }
+    reportFileSizeLimitAsError();
+    OpenFileLimit::raise();
+    const std::unique_ptr<QApplication> application =
+        connectToDisplay([&] { return std::make_unique<ProgramApplication>(argc, argv); });
+    return openWindow(*application, request->action, std::move(lookup));
 }
 
 } // namespace keelbright

@@ -14,8 +14,31 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QByteArrayView request = "show\n";
+// A request is one line: this text, and the name of an action behind a blank if there is one.
+constexpr QByteArrayView show = "show";
 constexpr QByteArrayView answer = "shown\n";
+constexpr qint64 longestRequest = 80; // bytes
+
+QByteArray requestFor(const std::optional<WindowAction>& action)
+{
+    return show.toByteArray() + (action ? ' ' + nameOf(*action).toLatin1() : QByteArray()) + '\n';
+}
+
+struct Request
+{
+    std::optional<WindowAction> action;
+};
+
+/// Absent for any other text. An action that this version does not know still asks for the window.
+std::optional<Request> requestIn(const QByteArray& line)
+{
+    const QByteArray text = line.chopped(1);
+    if (text == show)
+        return Request{};
+    if (!text.startsWith(show.toByteArray() + ' '))
+        return std::nullopt;
+    return Request{windowActionNamed(QString::fromLatin1(text.sliced(show.size() + 1)))};
+}
 
 /// The same for every path that leads to the folder.
 QString socketNameOf(const FileURL& folder)
@@ -43,7 +66,8 @@ SingleInstance::SingleInstance(const FileURL& folder, QObject* parent)
     connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::answerNext);
 }
 
-SingleInstance::Start SingleInstance::start(std::chrono::milliseconds patience)
+SingleInstance::Start SingleInstance::start(std::optional<WindowAction> action,
+                                            std::chrono::milliseconds patience)
 {
     constexpr unsigned long pause = 20; // milliseconds
     const QDeadlineTimer deadline(patience);
@@ -51,7 +75,7 @@ SingleInstance::Start SingleInstance::start(std::chrono::milliseconds patience)
         const FolderLock::Outcome lock = m_lock.tryToTake();
         if (lock != FolderLock::Outcome::heldElsewhere && listen(lock))
             return Start::first;
-        if (askFirst(deadline))
+        if (askFirst(requestFor(action), deadline))
             return Start::handedOver;
         QThread::msleep(pause); // the first has no socket yet, or not any more
     } while (!deadline.hasExpired());
@@ -81,27 +105,33 @@ void SingleInstance::answerNext()
         peer->abort();
         return;
     }
-    const auto read = [this, peer] {
-        if (peer->bytesAvailable() < request.size())
-            return;
-        if (peer->readAll() == request) {
-            Q_EMIT activationRequested();
-            peer->write(answer.data(), answer.size());
-        }
-        peer->disconnectFromServer();
-    };
+    const auto read = [this, peer] { readRequest(*peer); };
     connect(peer, &QLocalSocket::readyRead, this, read);
     read();
 }
 
-bool SingleInstance::askFirst(const QDeadlineTimer& deadline) const
+void SingleInstance::readRequest(QLocalSocket& peer)
+{
+    if (!peer.canReadLine()) {
+        if (peer.bytesAvailable() > longestRequest)
+            peer.abort();
+        return;
+    }
+    if (const std::optional<Request> request = requestIn(peer.readLine())) {
+        Q_EMIT activationRequested(request->action);
+        peer.write(answer.data(), answer.size());
+    }
+    peer.disconnectFromServer();
+}
+
+bool SingleInstance::askFirst(const QByteArray& request, const QDeadlineTimer& deadline) const
 {
     QLocalSocket first;
     first.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
     first.connectToServer(m_socketName);
     if (!first.waitForConnected(remaining(deadline)) || !isPeerOfThisUser(first.socketDescriptor()))
         return false;
-    first.write(request.data(), request.size());
+    first.write(request);
     while (first.bytesAvailable() < answer.size()) {
         if (!first.waitForReadyRead(remaining(deadline)))
             return false;

@@ -1,22 +1,22 @@
 #pragma once
 
+#include "Keelbright/screens/shell/WindowAction.h"
 #include "KeelbrightCore/platform/files/FileURL.h"
 #include "KeelbrightCore/platform/system/FolderLock.h"
 
 #include <QLocalServer>
 #include <QObject>
 #include <chrono>
+#include <optional>
 
 class QDeadlineTimer;
+class QLocalSocket;
 
 namespace keelbright {
 
 /// Lets one program at a time work on a folder of settings. The first one holds a lock on the folder and
-/// listens on a local socket; another start asks it to come to the front, and ends. Both belong to the
+/// listens on a local socket; another start passes on what it was asked for, and ends. Both belong to the
 /// process, so that nothing stays of one that crashed. Main thread only.
-///
-/// Other ways to ask a running program for its window, such as the session bus, belong beside the socket:
-/// whatever hears the request emits `activationRequested`.
 class SingleInstance : public QObject
 {
     Q_OBJECT
@@ -30,9 +30,11 @@ public:
 
     explicit SingleInstance(const FileURL& folder, QObject* parent = nullptr);
 
-    /// Becomes the first, or asks the first to come to the front. Blocks for at most `patience`: one that
-    /// is just starting answers as soon as its window is there, and one that is about to end makes room.
-    [[nodiscard]] Start start(std::chrono::milliseconds patience = std::chrono::seconds(5));
+    /// Becomes the first, or asks the first to come to the front and for the action, if any. Blocks for at
+    /// most `patience`: one that is just starting answers as soon as its window is there, and one that is
+    /// about to end makes room.
+    [[nodiscard]] Start start(std::optional<WindowAction> action = std::nullopt,
+                              std::chrono::milliseconds patience = std::chrono::seconds(5));
 
     /// Leaves further requests to whoever comes next; for a first that is about to end.
     void stopListening();
@@ -41,13 +43,14 @@ public:
     [[nodiscard]] const QString& socketName() const { return m_socketName; }
 
 Q_SIGNALS:
-    /// Another start wants the window of this program in front.
-    void activationRequested();
+    /// Another start wants the window of this program in front, and this of it.
+    void activationRequested(std::optional<keelbright::WindowAction> action);
 
 private:
     [[nodiscard]] bool listen(FolderLock::Outcome lock);
     void answerNext();
-    [[nodiscard]] bool askFirst(const QDeadlineTimer& deadline) const;
+    void readRequest(QLocalSocket& peer);
+    [[nodiscard]] bool askFirst(const QByteArray& request, const QDeadlineTimer& deadline) const;
 
     FolderLock m_lock;
     QString m_socketName;

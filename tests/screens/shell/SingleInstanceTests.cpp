@@ -26,11 +26,11 @@ class SingleInstanceTest : public ::testing::Test
 {
 protected:
     /// Another start of the program, beside the event loop of this one.
-    [[nodiscard]] QFuture<Start> startAnother(std::chrono::milliseconds patience = longPatience) const
+    [[nodiscard]] QFuture<Start> startAnother(std::optional<WindowAction> action = std::nullopt) const
     {
-        return QtConcurrent::run([folder = folder, patience] {
+        return QtConcurrent::run([folder = folder, action] {
             SingleInstance another(folder);
-            return another.start(patience);
+            return another.start(action, longPatience);
         });
     }
 
@@ -41,13 +41,26 @@ protected:
         return start.result();
     }
 
+    /// The answer that the first gives to this text on its socket.
+    [[nodiscard]] static QByteArray answerTo(const SingleInstance& first, const QByteArray& text)
+    {
+        QLocalSocket peer;
+        peer.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
+        peer.connectToServer(first.socketName());
+        EXPECT_TRUE(peer.waitForConnected());
+        const QSignalSpy left(&peer, &QLocalSocket::disconnected);
+        peer.write(text);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return left.count() == 1; }, 60'000));
+        return peer.readAll();
+    }
+
     testing::TestMac mac;
     FileURL folder = mac.makeFolder("settings");
 };
 
 } // namespace
 
-TEST_F(SingleInstanceTest, theFirstIsFirstAndHearsOfEachOther)
+TEST_F(SingleInstanceTest, theFirstIsFirstAndGetsEachRequest)
 {
     SingleInstance first(folder);
     const QSignalSpy requests(&first, &SingleInstance::activationRequested);
@@ -81,7 +94,7 @@ TEST_F(SingleInstanceTest, aFirstThatDoesNotAnswerIsReported)
     EXPECT_EQ(first.start(), Start::first);
     // Its event loop stands still meanwhile.
     SingleInstance another(folder);
-    EXPECT_EQ(another.start(300ms), Start::unanswered);
+    EXPECT_EQ(another.start(std::nullopt, 300ms), Start::unanswered);
 }
 
 TEST_F(SingleInstanceTest, aFirstThatIsJustStartingAnswersOnceItsEventLoopRuns)
@@ -127,7 +140,7 @@ TEST_F(SingleInstanceTest, withoutAFolderTheSocketKeepsItOne)
     EXPECT_EQ(resultOf(startAnother()), Start::handedOver);
 }
 
-TEST_F(SingleInstanceTest, anotherUsersRequestIsNotHeard)
+TEST_F(SingleInstanceTest, anotherUsersRequestIsRefused)
 {
     if (::getuid() != 0)
         GTEST_SKIP() << "only root can ask as another user";
@@ -155,15 +168,36 @@ TEST_F(SingleInstanceTest, otherTextIsNoRequest)
     SingleInstance first(folder);
     const QSignalSpy requests(&first, &SingleInstance::activationRequested);
     EXPECT_EQ(first.start(), Start::first);
-    QLocalSocket peer;
-    peer.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
-    peer.connectToServer(first.socketName());
-    ASSERT_TRUE(peer.waitForConnected());
-    peer.write("hide and more\n");
-    const QSignalSpy left(&peer, &QLocalSocket::disconnected);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return left.count() == 1; }, 60'000));
-    EXPECT_EQ(peer.readAll(), QByteArray());
+    for (const QByteArray& text :
+         {QByteArray("hide and more\n"), QByteArray("shows\n"), QByteArray("\n"), QByteArray(100'000, 'x')})
+        EXPECT_EQ(answerTo(first, text), QByteArray());
     EXPECT_EQ(requests.count(), 0);
+}
+
+TEST_F(SingleInstanceTest, anActionReachesTheFirst)
+{
+    SingleInstance first(folder);
+    const QSignalSpy requests(&first, &SingleInstance::activationRequested);
+    EXPECT_EQ(first.start(WindowAction::backUpNow), Start::first);
+    EXPECT_EQ(requests.count(), 0);
+    EXPECT_EQ(resultOf(startAnother(WindowAction::storageBrowser)), Start::handedOver);
+    EXPECT_EQ(resultOf(startAnother()), Start::handedOver);
+    ASSERT_EQ(requests.count(), 2);
+    const auto actionOf = [&](int request) {
+        return requests.at(request).first().value<std::optional<WindowAction>>();
+    };
+    EXPECT_EQ(actionOf(0), WindowAction::storageBrowser);
+    EXPECT_EQ(actionOf(1), std::nullopt);
+}
+
+TEST_F(SingleInstanceTest, anActionOfAnotherVersionStillAsksForTheWindow)
+{
+    SingleInstance first(folder);
+    const QSignalSpy requests(&first, &SingleInstance::activationRequested);
+    EXPECT_EQ(first.start(), Start::first);
+    EXPECT_EQ(answerTo(first, "show restore-browser\n"), QByteArray("shown\n"));
+    ASSERT_EQ(requests.count(), 1);
+    EXPECT_EQ(requests.first().first().value<std::optional<WindowAction>>(), std::nullopt);
 }
 
 } // namespace keelbright
