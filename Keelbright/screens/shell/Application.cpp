@@ -7,11 +7,11 @@
 #include "Keelbright/screens/shell/DialogFolderChooser.h"
 #include "Keelbright/screens/shell/DisplayConnection.h"
 #include "Keelbright/screens/shell/MainWindow.h"
+#include "Keelbright/screens/shell/ProgramIcon.h"
 #include "Keelbright/screens/shell/SingleInstance.h"
 #include "Keelbright/state/KeelbrightApp.h"
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "Keelbright/widgets/theme/DesktopSettings.h"
-#include "Keelbright/widgets/theme/Symbol.h"
 #include "Keelbright/widgets/theme/Theme.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/system/Console.h"
@@ -120,8 +120,7 @@ void introduceProgram()
     QCoreApplication::setApplicationVersion(programVersion());
     QGuiApplication::setApplicationDisplayName(u"Keel Bright"_s);
     QGuiApplication::setDesktopFileName(u"keelbright"_s);
-    QGuiApplication::setWindowIcon(
-        Symbol::icon(u"shippingbox.fill"_s, Theme::instance().color(Role::accent)));
+    QGuiApplication::setWindowIcon(programIcon());
 }
 
 int openWindow(QApplication& application, const std::optional<WindowAction>& action, AppLookup lookup)
