@@ -35,8 +35,12 @@ finish() {
     printf '== %s in %s\n' "${1^}" "$(duration "$SECONDS")"
 }
 
+# What a script has to undo at its end, however it comes; a script that has something redefines this.
+clean_up() { :; }
+
 report_where_it_stopped() {
     local status=$?
+    clean_up
     report_duration
     if [ "$status" -ne 0 ]; then
         printf 'Stopped while %s%s.\n' "$stage" "${stage_log:+ (the whole output is in $stage_log)}" >&2
@@ -62,8 +66,35 @@ missing_packages() {
     done
 }
 
+# What another system than Debian has to have, where nothing can be installed from here.
+print_needs() {
+    printf '%s\n' "This system has no apt-get, so nothing is installed from here. What has to be there:" \
+        "  g++ 12 or clang 19, CMake 3.25, Ninja, Qt 6.4 with Svg and DBus, ICU 72, and the font Material Design" \
+        "  Icons (where it is not found: cmake -DKEELBRIGHT_SYMBOL_FONT=.../materialdesignicons-webfont.ttf);" \
+        "  for the tests also GoogleTest and Google Benchmark."
+}
+
+# Whether commands can be run as root; sets as_root to what has to stand before them.
+as_root=()
+may_be_root() {
+    if [ "$(id -u)" -eq 0 ]; then return 0; fi
+    command -v sudo >/dev/null || return 1
+    as_root=(sudo)
+    if sudo -n true 2>/dev/null; then return 0; fi
+    [ -t 0 ] && sudo -v # asks for the password
+}
+
+# fetch_package_lists LOG: fails where one of them could not be fetched.
+fetch_package_lists() {
+    "${as_root[@]}" apt-get update -o Acquire::Retries=3 -o APT::Update::Error-Mode=any >"$1" 2>&1
+}
+
 # install_packages SECTION...: installs what is missing; touches nothing where nothing is.
 install_packages() {
+    if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
+        print_needs
+        return 0
+    fi
     begin "looking for missing packages"
     local missing
     missing=$(missing_packages "$@" | tr '\n' ' ')
@@ -71,23 +102,36 @@ install_packages() {
 
     mkdir -p "$logs"
     begin "installing packages: ${missing% }" "$logs/packages.log"
-    local as_root=()
-    if [ "$(id -u)" -ne 0 ]; then
-        if ! command -v sudo >/dev/null; then
-            # Alone on its line, ready to be copied.
-            printf 'This needs root. Run this as root, then start again:\n  %s\n' \
-                "apt-get update && apt-get install --no-install-recommends -y ${missing% }" >&2
-            stage_log=""
-            return 1
-        fi
-        as_root=(sudo)
+    if ! may_be_root; then
+        # Alone on its line, ready to be copied.
+        printf 'This needs root. Run this as root, then start again:\n  %s\n' \
+            "apt-get update && apt-get install --no-install-recommends -y ${missing% }" >&2
+        stage_log=""
+        return 1
     fi
-    # A third-party list that can't be read must not stop packages that Debian itself has.
-    "${as_root[@]}" apt-get update -o Acquire::Retries=3 >"$logs/packages.log" 2>&1 || true
+    # A third-party list that can't be fetched must not stop packages that Debian itself has.
+    local has_lists=true
+    fetch_package_lists "$logs/package-lists.log" || has_lists=false
     # shellcheck disable=SC2086
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install --no-install-recommends -y \
-        -o Acquire::Retries=3 -o DPkg::Lock::Timeout=300 $missing >>"$logs/packages.log" 2>&1 </dev/null ||
-        { tail -n 5 "$logs/packages.log" >&2; return 1; }
+        -o Acquire::Retries=3 -o DPkg::Lock::Timeout=300 $missing >"$stage_log" 2>&1 </dev/null || {
+        tail -n 5 "$stage_log" >&2
+        if ! $has_lists; then
+            printf 'The lists of packages could not be fetched. Is there a network?\n' >&2
+            grep -m 2 '^[EW]: ' "$logs/package-lists.log" >&2 || true
+        fi
+        return 1
+    }
+}
+
+# preset_to_run: the preset for the program alone, unless the build folder, which both share, has tests.
+preset_to_run() {
+    if grep -qs '^KEELBRIGHT_TESTS:BOOL=ON' build/release/CMakeCache.txt &&
+        [ -z "$(missing_packages test-build)" ]; then
+        printf 'release\n'
+    else
+        printf 'run\n'
+    fi
 }
 
 # On a terminal Ninja's counter stays on one line; in a log every 25th step is enough.
@@ -123,7 +167,7 @@ configure() {
 build() {
     local preset=$1
     shift
-    begin "building ${*:-everything} in build/$preset" "$logs/$preset-build.log"
+    begin "building ${*:-everything}" "$logs/$preset-build.log"
     cmake --build --preset "$preset" -j "$(nproc)" ${1:+--target "$@"} 2>&1 | tee "$stage_log" | show_progress
 }
 
