@@ -106,9 +106,9 @@ class CheckFloorsTests(unittest.TestCase):
         self.assert_found_out("KeelbrightCore/backup/Wrong.cpp", "#if defined(Q_OS_LINUX)\n",
                               "only KeelbrightCore/platform may ask for the system")
 
-    def test_dbus_stays_with_the_desktop_settings(self):
+    def test_dbus_stays_with_what_talks_to_the_desktop(self):
         self.assert_found_out("Keelbright/screens/shell/Wrong.cpp", "#include <QDBusMessage>\n",
-                              "only the desktop's settings and KeelbrightCore/platform may include <QDBusMessage>")
+                              "only what talks to the desktop and KeelbrightCore/platform may include <QDBusMessage>")
 
     def test_the_logic_includes_no_header_of_a_window(self):
         self.assert_found_out("Keelbright/state/Wrong.cpp", "#include <QColor>\n",

@@ -29,7 +29,7 @@ class Machine:
         kept = {name: value for name, value in os.environ.items() if not name.startswith("XDG_")}
         return kept | {"HOME": str(self.home), "KEELBRIGHT_TEST_ROOT": str(self.root),
                        "XDG_RUNTIME_DIR": str(self.runtime), "LC_ALL": "C.UTF-8", "TZ": "Europe/Berlin",
-                       "SHELL": "/bin/zsh"} | self.variables
+                       "SHELL": "/bin/zsh", "DBUS_SYSTEM_BUS_ADDRESS": "unix:path=/nowhere"} | self.variables
 
     def config(self):
         return read_json(self.support / "config.json")

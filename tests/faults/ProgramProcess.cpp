@@ -24,6 +24,7 @@ QProcessEnvironment environmentOf(const TestMac& mac)
     environment.insert(u"HOME"_s, mac.home().path());
     environment.insert(u"XDG_RUNTIME_DIR"_s, mac.root().path());
     environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=/nowhere"_s);
+    environment.insert(u"DBUS_SYSTEM_BUS_ADDRESS"_s, u"unix:path=/nowhere"_s);
     environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
     environment.insert(u"QT_FORCE_STDERR_LOGGING"_s, u"1"_s);
     environment.insert(u"QT_LOGGING_RULES"_s, u"keelbright.screens=true"_s);

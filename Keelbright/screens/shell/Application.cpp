@@ -1,7 +1,7 @@
 #include "Keelbright/screens/shell/Application.h"
 
 #include "Keelbright/screens/shell/CommandLine.h"
-#include "Keelbright/screens/shell/DesktopRequests.h"
+#include "Keelbright/screens/shell/DesktopPresence.h"
 #include "Keelbright/screens/shell/DesktopWorkspace.h"
 #include "Keelbright/screens/shell/DialogFileChooser.h"
 #include "Keelbright/screens/shell/DialogFolderChooser.h"
@@ -97,14 +97,14 @@ int runWindow(QApplication& application, SingleInstance& instance, const std::op
     KeelbrightApp app(chooser, std::move(lookup));
     MainWindow window({app.state(), alerts, workspace, files});
     QObject::connect(&window, &MainWindow::closed, &application, &QCoreApplication::quit);
-    DesktopRequests requests(app.state(), window);
-    QObject::connect(&instance, &SingleInstance::activationRequested, &requests, &DesktopRequests::activate);
+    std::optional<DesktopPresence> presence(std::in_place, app.state(), window, instance);
     followEndOfSession(application, endRequests, window);
     window.show();
     if (action)
-        requests.activate(action);
+        presence->requests().activate(action);
     const int code = QApplication::exec();
     instance.stopListening();
+    presence.reset(); // nothing is asked of a window that is gone
     window.hide();
     // What is still at work, perhaps because it hangs, is not waited for, and uses what would go below.
     if (!app.shutDown() || TaskPools::isAtWork()) {

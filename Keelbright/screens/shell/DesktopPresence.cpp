@@ -1,0 +1,25 @@
+#include "Keelbright/screens/shell/DesktopPresence.h"
+
+#include "Keelbright/screens/shell/SingleInstance.h"
+#include "Keelbright/state/AppState.h"
+#include "Keelbright/widgets/SessionBus.h"
+
+#include <QApplication>
+
+namespace keelbright {
+
+DesktopPresence::DesktopPresence(AppState& state, MainWindow& window, const SingleInstance& instance)
+    : m_requests(state, window)
+    , m_service(sessionBus())
+    , m_awakeBackup(state.engine(), m_sleepBlocker)
+    , m_backupEndNotice(state, m_notifier,
+                        {[] { return QApplication::activeWindow() != nullptr; },
+                         [this] { m_requests.activate(std::nullopt); }})
+{
+    QObject::connect(&instance, &SingleInstance::activationRequested, &m_requests,
+                     &DesktopRequests::activate);
+    QObject::connect(&m_service, &ApplicationService::activationRequested, &m_requests,
+                     &DesktopRequests::activate);
+}
+
+} // namespace keelbright

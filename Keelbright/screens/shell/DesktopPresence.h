@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Keelbright/screens/shell/ApplicationService.h"
+#include "Keelbright/screens/shell/DesktopNotifier.h"
+#include "Keelbright/screens/shell/DesktopRequests.h"
+#include "Keelbright/screens/shell/DesktopSleepBlocker.h"
+#include "Keelbright/state/AwakeBackup.h"
+#include "Keelbright/state/BackupEndNotice.h"
+
+namespace keelbright {
+
+class SingleInstance;
+
+/// The running program as one of the desktop's own: it can be asked for its window from outside, keeps the
+/// machine awake during a backup and notifies of its end. Main thread.
+class DesktopPresence
+{
+public:
+    /// All outlive it.
+    DesktopPresence(AppState& state, MainWindow& window, const SingleInstance& instance);
+
+    [[nodiscard]] DesktopRequests& requests() { return m_requests; }
+
+private:
+    DesktopRequests m_requests;
+    ApplicationService m_service;
+    DesktopSleepBlocker m_sleepBlocker;
+    AwakeBackup m_awakeBackup;
+    DesktopNotifier m_notifier;
+    BackupEndNotice m_backupEndNotice;
+};
+
+} // namespace keelbright
