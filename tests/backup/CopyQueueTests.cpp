@@ -47,6 +47,13 @@ protected:
 
     [[nodiscard]] CopyQueue::Item takeFirst() { return std::move(queue.take(1).front()); }
 
+    /// Until its workers have started, the queue asks for the run and does not wait.
+    void waitUntilReady(qsizetype count)
+    {
+        while (queue.waitForReady(count, longEnough).ready < count)
+            std::this_thread::sleep_for(milliseconds(1)); // they need the queue's lock to start
+    }
+
     /// Lets a thread work with that worker while the test lasts.
     [[nodiscard]] std::jthread workOn(FakeCopyWorker& own)
     {
@@ -99,11 +106,7 @@ TEST_F(CopyQueueTest, letsItsWorkersPrepareManyItems)
     const std::jthread second = workOn(two);
     queue.setWorkers(2);
     addCopies(10 * many);
-    qsizetype ready = 0;
-    while (ready < 10 * many) { // until the workers have started, it asks for the run
-        const auto progress = queue.waitForReady(10 * many, longEnough);
-        ready = progress.ready;
-    }
+    waitUntilReady(10 * many);
     for (int number = 0; number < 10 * many; ++number)
         EXPECT_TRUE(takeFirst().result.value() != nullptr);
     queue.close();
@@ -114,14 +117,12 @@ TEST_F(CopyQueueTest, preparesNoMoreThanSomeMegabytesAhead)
     FakeCopyWorker own = worker(10'000'000);
     addCopies(2 * many);
     const std::jthread thread = workOn(own);
-    while (queue.waitForReady(4, longEnough).ready < 4) {
-    }
+    waitUntilReady(4);
     EXPECT_TRUE(queue.waitForReady(5, longEnough).needsTheRun) << "the worker stops";
     EXPECT_THAT(record.names("prepared"), ElementsAre("f0", "f1", "f2", "f3"));
     for (int number = 0; number < 4; ++number)
         EXPECT_TRUE(takeFirst().result.value() != nullptr);
-    while (queue.waitForReady(4, longEnough).ready < 4) {
-    }
+    waitUntilReady(4);
     queue.close();
 }
 
@@ -141,8 +142,7 @@ TEST_F(CopyQueueTest, dropsWhatIsPreparedWhenItStartsAgainSlowly)
     EXPECT_TRUE(takeFirst().result.value() != nullptr);
     for (int published = 0; published < 10; ++published)
         queue.notePublished();
-    while (queue.waitForReady(many, longEnough).ready < many) {
-    }
+    waitUntilReady(many);
     queue.close();
 }
 
@@ -174,8 +174,7 @@ TEST_F(CopyQueueTest, letsAWorkerDestroyWhatIsDisposedOf)
     FakeCopyWorker own = worker();
     addCopies(many);
     const std::jthread thread = workOn(own);
-    while (queue.waitForReady(many, longEnough).ready < many) {
-    }
+    waitUntilReady(many);
     queue.dispose(queue.take(2));
     addCopies(many);
     while (queue.waitForReady(2 * many - 2, longEnough).ready < 2 * many - 2) {
