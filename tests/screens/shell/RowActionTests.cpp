@@ -40,7 +40,9 @@ void triggerInMenu(const QWidget& owner, qsizetype entry)
 {
     const auto* menu = owner.findChild<QMenu*>();
     ASSERT_NE(menu, nullptr);
-    menu->actions().at(entry)->trigger();
+    QList<QAction*> entries = menu->actions();
+    entries.removeIf([](const QAction* action) { return action->isSeparator(); });
+    entries.at(entry)->trigger();
 }
 
 void pressButtonOfTheCurrentRow(RowListView& list, int row, qsizetype action)
