@@ -129,14 +129,18 @@ def deep(bench):
     tree, files = bench.place.deep(), bench.sizes.deep
     first = back_up(bench, tree, bench.place.fresh("drive"), files)
     second = back_up(bench, tree, bench.place.at("drive"), files)
+    check_peak = bench.measure("check", tree, bench.place.at("drive"))["peak"]
     bench.place.drop("drive")
     work = f"backup of {files:,} files"
     small_peak = back_up(bench, bench.place.shallow(), bench.place.fresh("drive"), files // 100)["peak"]
+    small_check_peak = bench.measure("check", bench.place.shallow(), bench.place.at("drive"))["peak"]
     bench.place.drop("drive", "shallow")
     yield from stalls(work, bench, [first, second])
     for run, name in ((first, "first"), (second, "second")):
         yield Comparison(f"{work}, {name} run, memory", bench.place.name, [run["peak"] / 1000], [small_peak / 1000],
                          f"its own at {files // 100:,}", 1.1, "MB")
+    yield Comparison(f"check of {files:,} copies, memory", bench.place.name, [check_peak / 1000],
+                     [small_check_peak / 1000], f"its own at {files // 100:,}", 1.1, "MB")
     peaks = [first["peak"] / 1000, second["peak"] / 1000]
     yield Comparison(f"{work}, peak memory", bench.place.name, [max(peaks)], [PEAK_MEGABYTES],
                      f"{PEAK_MEGABYTES} MB", 1.0, "MB")

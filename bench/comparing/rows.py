@@ -37,7 +37,7 @@ ROWS = (
     Row("deep", "estimate and size of 1,000,000 files in a deep tree beside du", walks.deep),
     Row("largest", "the 50 largest of 1,000,000 files: time and memory", walks.largest),
     Row("stalls", "the main thread while every screen scans a large machine", window.stalls, ("tmpfs",)),
-    Row("million", "the main thread and the memory in backups of 1,000,000 files", backups.deep, ("tmpfs",)),
+    Row("million", "the main thread and the memory in backups and a check of 1,000,000 files", backups.deep, ("tmpfs",)),
 )
 
 
