@@ -150,8 +150,28 @@ void AppState::startBackup()
                              RiskAlert::Severity::medium)});
         return;
     }
+    if (m_isCheckingCopies) {
+        refuseBackup();
+        return;
+    }
     setAlerts({});
     setSelectedScreen(Screen::preflight);
+}
+
+void AppState::refuseBackup()
+{
+    setAlerts({RiskAlert(tr("Copies Are Being Checked"),
+                         tr("A backup can start when the check has ended or is cancelled."),
+                         RiskAlert::Severity::medium)});
+}
+
+void AppState::setIsCheckingCopies(bool isChecking)
+{
+    if (m_isCheckingCopies == isChecking)
+        return;
+    m_isCheckingCopies = isChecking;
+    Q_EMIT isCheckingCopiesChanged();
+    Q_EMIT changed();
 }
 
 QFuture<PreflightResult> AppState::runPreflight(const std::shared_ptr<const Cancellation>& cancellation) const
@@ -166,6 +186,11 @@ bool AppState::confirmBackup()
 {
     if (!m_selectedDestination)
         return false;
+    if (m_isCheckingCopies) {
+        refuseBackup();
+        setSelectedScreen(Screen::dashboard); // which shows it
+        return false;
+    }
     qCDebug(stateLog) << "backup confirmed";
     m_jobDestination = m_selectedDestination;
     m_engine.startBackup({QUuid::createUuid(), allEnabledSources(), *m_selectedDestination, now()});

@@ -93,14 +93,22 @@ public:
     /// At most the first three of `allEnabledSources`.
     [[nodiscard]] QList<BackupSource> previewSources() const;
 
-    /// The first step of a backup: raises an alert, or moves to the preflight screen.
+    /// The first step of a backup: raises an alert, also while copies are being checked, or moves to the
+    /// preflight screen.
     void startBackup();
     /// Runs the checks of a backup with the present choices, in the background, until they are given up.
     [[nodiscard]] QFuture<PreflightResult>
     runPreflight(const std::shared_ptr<const Cancellation>& cancellation) const;
     /// Called when the user confirms on the preflight screen: builds the job from the present choices,
-    /// starts it and moves to the progress screen. False, and nothing done, without a destination.
+    /// starts it and moves to the progress screen. False, and nothing done, without a destination. False
+    /// also while copies are being checked: then the dashboard says so.
     bool confirmBackup();
+
+    /// Whether a check of the copies is under way. No backup starts then, and no check during a backup: what
+    /// one of them writes the other one would find changed.
+    [[nodiscard]] bool isCheckingCopies() const { return m_isCheckingCopies; }
+
+    void setIsCheckingCopies(bool isChecking);
 
     /// Where the backup goes that was confirmed last in this launch.
     [[nodiscard]] const std::optional<BackupDestination>& jobDestination() const { return m_jobDestination; }
@@ -142,6 +150,7 @@ Q_SIGNALS:
     void healthScoreChanged();
     void scannedAppsChanged();
     void isAppScanningChanged();
+    void isCheckingCopiesChanged();
     void lastReportChanged();
     void lastBackupTimeChanged();
     void alertsChanged();
@@ -150,6 +159,7 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void refuseBackup();
     void loadPersistedState();
     /// `destinationKey` holds the destination, and nothing afterwards, unless nothing could be saved.
     void migrateFromUserDefaults(const QString& destinationKey);
@@ -175,6 +185,7 @@ private:
     std::optional<HealthScore> m_healthScore;
     QList<AppInfo> m_scannedApps;
     bool m_isAppScanning = false;
+    bool m_isCheckingCopies = false;
     std::optional<BackupReport> m_lastReport;
     std::optional<QDateTime> m_lastBackupTime;
     QList<RiskAlert> m_alerts;

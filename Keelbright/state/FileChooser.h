@@ -5,15 +5,17 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <optional>
 
 namespace keelbright {
 
 /// What a chooser is asked for when the user opens a file.
 struct FileOpenRequest
 {
-    QString message;        ///< what the user is to choose, shown as the title
-    QString prompt;         ///< the text of the accepting button
-    QStringList extensions; ///< without dots; only such files can be chosen
+    QString message;                              ///< what the user is to choose, shown as the title
+    QString prompt;                               ///< the text of the accepting button
+    QStringList extensions;                       ///< without dots; only such files can be chosen
+    std::optional<FileURL> folder = std::nullopt; ///< shown first; the home where there is none
 };
 
 /// What a chooser is asked for when the user chooses where a file is saved.
@@ -23,6 +25,7 @@ struct FileSaveRequest
     QString prompt;    ///< the text of the accepting button
     QString name;      ///< what the file is called unless the user writes otherwise
     QString extension; ///< without a dot; given to a name that is written without one
+    std::optional<FileURL> folder = std::nullopt; ///< proposed; the home where there is none
 };
 
 /// Asks the user for one file. Handed to the screens, so that they know no dialog.

@@ -46,14 +46,14 @@ int draw(const ScreenState& state, const QDir& folder)
     int failures = 0;
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
         Theme::instance().setScheme(scheme);
-        QList<QSize> sizes{MainWindow::startingSize, MainWindow::minimumWindowSize};
+        QList<QSize> sizes = stage.sizes();
         if (state.alsoAtDoubleScale && !isDouble)
             sizes.append(wideSize);
         for (const QSize& size : std::as_const(sizes)) {
             stage.window().resize(size);
             Stage::turnFrames();
             QString name = nameOf(state) + (scheme == ColorScheme::light ? "-light"_L1 : "-dark"_L1);
-            if (size == MainWindow::minimumWindowSize)
+            if (size == stage.sizes().at(1))
                 name += "-small"_L1;
             if (size == wideSize)
                 name += "-wide"_L1;

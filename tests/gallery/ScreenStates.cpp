@@ -4,7 +4,8 @@ namespace keelbright::testing {
 
 QList<ScreenState> screenStates()
 {
-    return protectStates() + cleanStates() + storageStates() + organiseStates() + reviewStates();
+    return protectStates() + cleanStates() + storageStates() + organiseStates() + reviewStates() +
+           checkStates();
 }
 
 } // namespace keelbright::testing

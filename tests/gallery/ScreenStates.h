@@ -34,5 +34,7 @@ inline constexpr char longName[] =
 [[nodiscard]] QList<ScreenState> storageStates();
 [[nodiscard]] QList<ScreenState> organiseStates();
 [[nodiscard]] QList<ScreenState> reviewStates();
+/// Those of the window that checks copies.
+[[nodiscard]] QList<ScreenState> checkStates();
 
 } // namespace keelbright::testing

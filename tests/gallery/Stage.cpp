@@ -1,5 +1,6 @@
 #include "tests/gallery/Stage.h"
 
+#include "Keelbright/screens/check/CheckCopiesWindow.h"
 #include "Keelbright/screens/shell/DetailView.h"
 #include "Keelbright/widgets/MenuButton.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
@@ -68,6 +69,7 @@ void Stage::startWithOnboarding()
 {
     AppServices services{configStore, activityStore, userDefaults, folderChooser, mac.clock()};
     services.lookup = [](const QString& name) { return QtFuture::makeReadyFuture(answerOfTheStore(name)); };
+    services.startCopyCheck = copyCheck.starter();
     (void)standardOutputOf([&] { m_state = std::make_unique<AppState>(services); });
     m_window = std::make_unique<MainWindow>(ScreenContext{*m_state, alerts, workspace, fileChooser});
     m_window->resize(MainWindow::startingSize);
@@ -91,8 +93,32 @@ void Stage::goTo(Screen screen)
     turnFrames();
 }
 
+QWidget& Stage::window()
+{
+    auto* check = m_window->findChild<CheckCopiesWindow*>();
+    return check != nullptr ? static_cast<QWidget&>(*check) : *m_window;
+}
+
+QList<QSize> Stage::sizes()
+{
+    if (&window() == m_window.get())
+        return {MainWindow::startingSize, MainWindow::minimumWindowSize};
+    return {CheckCopiesWindow::startingSize, CheckCopiesWindow::minimumWindowSize};
+}
+
+void Stage::openCheck()
+{
+    if (!m_window)
+        start();
+    m_window->showCheck();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+    turnFrames();
+}
+
 QWidget& Stage::screen()
 {
+    if (&window() != m_window.get())
+        return window();
     const auto* detail = m_window->findChild<DetailView*>();
     return detail != nullptr ? *detail->currentView() : *m_window->centralWidget();
 }

@@ -6,6 +6,7 @@
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 #include "tests/support/FakeAlertPresenter.h"
+#include "tests/support/FakeCopyCheck.h"
 #include "tests/support/FakeFileChooser.h"
 #include "tests/support/FakeFolderChooser.h"
 #include "tests/support/FakeWorkspace.h"
@@ -65,9 +66,16 @@ public:
 
     [[nodiscard]] AppState& state() { return *m_state; }
 
-    [[nodiscard]] MainWindow& window() { return *m_window; }
+    /// The main window, or the one that checks copies while that is open.
+    [[nodiscard]] QWidget& window();
+    /// The usual and the smallest size of that window.
+    [[nodiscard]] QList<QSize> sizes();
 
-    /// The view beside the sidebar, or the onboarding while that is shown.
+    /// Opens the window that checks copies, after `start` if the program has not been started.
+    void openCheck();
+
+    /// The view beside the sidebar, the onboarding while that is shown, or the whole window that checks
+    /// copies.
     [[nodiscard]] QWidget& screen();
 
     /// Presses the button of this accessible name on the screen.
@@ -103,6 +111,7 @@ public:
     FakeAlertPresenter alerts;
     FakeWorkspace workspace;
     FakeFileChooser fileChooser;
+    FakeCopyCheck copyCheck; ///< no check reads a drive here
     ThemeGuard theme{ColorScheme::light, true};
 
 private:

@@ -1,6 +1,6 @@
 #include "Keelbright/screens/backup/BackupFinishedPanel.h"
 
-#include "Keelbright/screens/backup/NumberStrip.h"
+#include "Keelbright/screens/shared/NumberStrip.h"
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/ElidedLabel.h"

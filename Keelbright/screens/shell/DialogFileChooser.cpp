@@ -42,6 +42,8 @@ OpenFileDialog::OpenFileDialog(const FileOpenRequest& request, QWidget* parent)
 {
     setOption(ReadOnly);
     setFileMode(ExistingFile);
+    if (request.folder)
+        setDirectory(request.folder->path());
     if (!m_extensions.isEmpty())
         setNameFilter(nameFilter(m_extensions));
 }
@@ -78,6 +80,8 @@ SaveFileDialog::SaveFileDialog(const FileSaveRequest& request, QWidget* parent)
     : ChooserDialog(request.title, request.prompt, AcceptSave, parent)
 {
     setFileMode(AnyFile);
+    if (request.folder)
+        setDirectory(request.folder->path());
     if (!request.extension.isEmpty()) {
         setDefaultSuffix(request.extension);
         setNameFilter(nameFilter({request.extension}));

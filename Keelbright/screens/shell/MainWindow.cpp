@@ -1,6 +1,7 @@
 #include "Keelbright/screens/shell/MainWindow.h"
 
 #include "Keelbright/screens/OnboardingView.h"
+#include "Keelbright/screens/check/CheckCopiesWindow.h"
 #include "Keelbright/screens/shell/MainView.h"
 #include "Keelbright/screens/shell/SettingsWindow.h"
 #include "Keelbright/screens/shell/SidebarView.h"
@@ -16,6 +17,17 @@
 #include <QScreen>
 
 namespace keelbright {
+
+namespace {
+
+void bringForward(QWidget& window)
+{
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+} // namespace
 
 MainWindow::MainWindow(const ScreenContext& context, QWidget* parent)
     : QMainWindow(parent)
@@ -40,6 +52,8 @@ void MainWindow::makeMenus()
 {
     QMenu* file = menuBar()->addMenu(tr("&File"));
     addBackupAction(*file, m_context.state);
+    QAction* check = file->addAction(tr("Check &Copies…"), this, &MainWindow::showCheck);
+    check->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
     file->addSeparator();
     QAction* settings = file->addAction(tr("&Settings…"), this, &MainWindow::showSettings);
     settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
@@ -93,18 +107,23 @@ void MainWindow::showSettings()
         m_settings = new SettingsWindow(m_context.state, this);
         m_settings->setAttribute(Qt::WA_DeleteOnClose);
     }
-    m_settings->show();
-    m_settings->raise();
-    m_settings->activateWindow();
+    bringForward(*m_settings);
+}
+
+void MainWindow::showCheck()
+{
+    if (!m_check) {
+        m_check = new CheckCopiesWindow(m_context, this);
+        m_check->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    bringForward(*m_check);
 }
 
 void MainWindow::bringToFront()
 {
     qCDebug(screensLog) << "window brought to the front";
     setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
+    bringForward(*this);
 }
 
 void MainWindow::closeWithoutAsking()

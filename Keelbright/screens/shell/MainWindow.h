@@ -9,6 +9,7 @@ class QAction;
 
 namespace keelbright {
 
+class CheckCopiesWindow;
 class MainView;
 class SettingsWindow;
 
@@ -26,6 +27,9 @@ public:
 
     /// Opens the settings window, or brings it to the front.
     void showSettings();
+
+    /// Opens the window that checks the copies, or brings it to the front.
+    void showCheck();
 
     /// Shows the window above others, also if it was minimized.
     void bringToFront();
@@ -53,6 +57,7 @@ private:
     ScreenContext m_context;
     QPointer<MainView> m_main;
     QPointer<SettingsWindow> m_settings;
+    QPointer<CheckCopiesWindow> m_check;
     QAction* m_sidebarAction = nullptr;
     QAction* m_progressAction = nullptr;
     bool m_mayClose = false;

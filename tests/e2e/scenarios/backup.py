@@ -20,6 +20,31 @@ class Backup(Scenario):
         self.assertEqual(expected.differences(self.machine.personal_files()), [])
         self.assertFalse((self.machine.personal_files() / "Documents/Empty folder").exists())
 
+    def test_checks_the_copies_and_finds_the_damaged_one(self):
+        window = self.start()
+        window.pass_onboarding(self.machine.drive)
+        window.back_up()
+        copies = sorted(file for file in self.machine.personal_files().rglob("*")
+                        if file.is_symlink() or file.is_file())
+        damaged = next(file for file in copies if not file.is_symlink() and file.stat().st_size > 0)
+        times = damaged.stat()
+        with open(damaged, "r+b") as copy:
+            first = copy.read(1)
+            copy.seek(0)
+            copy.write(bytes([first[0] ^ 1]))
+        os.utime(damaged, ns=(times.st_atime_ns, times.st_mtime_ns))
+        window.keys(WINDOW, "Control_L", "Shift_L", "c")
+        check = window.window("Check Copies")
+        check.button("Start Check").press()
+        check.label(f"1 of {len(copies)} copies on {self.machine.drive.name} is damaged or can't be read.")
+        window.row(str(damaged.relative_to(self.machine.personal_files())))
+        with open(damaged, "r+b") as copy:
+            copy.write(first)
+        os.utime(damaged, ns=(times.st_atime_ns, times.st_mtime_ns))
+        check.button("Check Again…").press()
+        check.button("Start Check").press()
+        check.label(f"All {len(copies)} copies on {self.machine.drive.name} are readable and equal to their originals.")
+
     def test_shows_the_estimate_before_it_starts(self):
         expected = self.machine.expected_backup(FOLDERS)
         window = self.start()

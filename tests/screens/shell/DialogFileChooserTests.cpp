@@ -34,15 +34,16 @@ protected:
 
     ~DialogFileChooserTest() override { delete dialog; }
 
-    void open()
+    void open(const std::optional<FileURL>& folder = std::nullopt)
     {
-        chooser.chooseFile({u"Select the file."_s, u"Load"_s, {u"json"_s}}, noteChoice());
+        chooser.chooseFile({u"Select the file."_s, u"Load"_s, {u"json"_s}, folder}, noteChoice());
         findDialog(QDialogButtonBox::Open);
     }
 
-    void save()
+    void save(const std::optional<FileURL>& folder = std::nullopt)
     {
-        chooser.chooseSaveLocation({u"Save the file"_s, u"Keep"_s, u"List.csv"_s, u"csv"_s}, noteChoice());
+        chooser.chooseSaveLocation({u"Save the file"_s, u"Keep"_s, u"List.csv"_s, u"csv"_s, folder},
+                                   noteChoice());
         findDialog(QDialogButtonBox::Save);
     }
 
@@ -198,6 +199,20 @@ TEST_F(DialogFileChooserTest, offersTheNameAndGivesItsPlace)
     EXPECT_EQ(field->text(), u"List.csv"_s);
     acceptButton->click();
     EXPECT_EQ(chosenPaths(), QStringList{inHome(u"List.csv"_s)});
+}
+
+TEST_F(DialogFileChooserTest, startsInTheFolderThatIsProposed)
+{
+    for (const char* name : {"Users/mira/Letters/one.json", "Users/mira/Letters/one.csv",
+                             "Users/mira/Letters/two.json", "Users/mira/Letters/two.csv"})
+        mac.writeFile(name, "{}");
+    const FileURL letters = mac.home().appending(u"Letters"_s);
+    open(letters);
+    EXPECT_EQ(dialog->directory().path(), letters.path());
+    delete dialog;
+    save(letters);
+    acceptButton->click();
+    EXPECT_EQ(chosenPaths(), QStringList{letters.appending(u"List.csv"_s).path()});
 }
 
 TEST_F(DialogFileChooserTest, givesTheExtensionToANameWithoutOne)

@@ -36,7 +36,7 @@ protected:
     {
         QStringList faults;
         for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
-            for (const QSize& size : {MainWindow::startingSize, MainWindow::minimumWindowSize}) {
+            for (const QSize& size : stage.sizes()) {
                 Theme::instance().setScheme(scheme);
                 window().resize(size);
                 Stage::turnFrames();
@@ -48,7 +48,7 @@ protected:
         return faults.join(u'\n').toStdString();
     }
 
-    [[nodiscard]] MainWindow& window() { return stage.window(); }
+    [[nodiscard]] QWidget& window() { return stage.window(); }
 
     /// Presses Tab and gives the widget that has the focus then.
     QWidget* pressTab()

@@ -2,6 +2,7 @@
 
 #include "Keelbright/screens/OnboardingView.h"
 #include "Keelbright/screens/SettingsView.h"
+#include "Keelbright/screens/check/CheckCopiesWindow.h"
 #include "Keelbright/screens/shell/DetailView.h"
 #include "Keelbright/screens/shell/MainView.h"
 #include "Keelbright/screens/shell/SettingsWindow.h"
@@ -136,6 +137,25 @@ TEST_F(MainWindowTest, settingsOpenOnceInAWindowOfTheirOwn)
     EXPECT_EQ(window.findChild<SettingsWindow*>(), nullptr);
 }
 
+TEST_F(MainWindowTest, theCheckOfCopiesOpensOnceInAWindowOfItsOwn)
+{
+    QAction* open = action(u"Check Copies…"_s);
+    ASSERT_NE(open, nullptr);
+    EXPECT_EQ(open->shortcut(), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
+    EXPECT_EQ(window.findChild<CheckCopiesWindow*>(), nullptr);
+    open->trigger();
+    const QPointer<CheckCopiesWindow> check = window.findChild<CheckCopiesWindow*>();
+    ASSERT_FALSE(check.isNull());
+    EXPECT_EQ(check->size(), QSize(860, 720));
+    EXPECT_EQ(check->minimumSize(), QSize(760, 620));
+    EXPECT_EQ(check->windowTitle(), u"Check Copies"_s);
+    open->trigger();
+    EXPECT_EQ(window.findChild<CheckCopiesWindow*>(), check);
+    QTest::keyClick(check, Qt::Key_Escape);
+    settle();
+    EXPECT_TRUE(check.isNull());
+}
+
 TEST_F(MainWindowTest, settingsWindowAndScreenShowTheSameState)
 {
     state->setIsOnboardingCompleted(true);
@@ -227,7 +247,8 @@ TEST_F(MainWindowTest, everyMenuEntryHasAShortcut)
     for (const QAction* menu : window.menuBar()->actions())
         texts.append(QString(menu->text()).remove(u'&'));
     EXPECT_EQ(texts, QStringList({u"File"_s, u"View"_s, u"Window"_s, u"Help"_s}));
-    for (const QString& text : {u"Settings…"_s, u"Quit"_s, u"Hide Sidebar"_s, u"Minimize"_s, u"Close"_s})
+    for (const QString& text :
+         {u"Check Copies…"_s, u"Settings…"_s, u"Quit"_s, u"Hide Sidebar"_s, u"Minimize"_s, u"Close"_s})
         EXPECT_FALSE(action(text)->shortcut().isEmpty()) << text.toStdString();
 }
 

@@ -271,6 +271,7 @@ const QList<RowActionCase>& rowActionCases()
         {"scan-results", "report", "Findings", "Back Up", expectDashboard},
         {"restore-browser", "snapshots", "Row", "Open in Finder", expectOpened},
         {"restore-browser", "snapshots", "Snapshots", "Open", expectOpened},
+        {"check", "faults", "Findings", "Show in the file manager", expectRevealed},
         {"settings", "chosen", "Row", "Change", expectDestinationAsked, dismissChooser},
         {"settings", "chosen", "Row", "Remove", expectRemovedFromBackup},
     };

@@ -1,4 +1,4 @@
-#include "Keelbright/screens/backup/NumberStrip.h"
+#include "Keelbright/screens/shared/NumberStrip.h"
 
 #include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/NumberLabel.h"

@@ -1,0 +1,176 @@
+#include "Keelbright/state/CheckTexts.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <algorithm>
+
+namespace keelbright::CheckTexts {
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("CheckTexts", text);
+}
+
+/// A sentence about some files, in the singular or in the plural with their number.
+QString counted(qint64 count, const char* one, const char* many)
+{
+    return count == 1 ? tr(one) : tr(many).arg(number(count));
+}
+
+QString damaged(const CheckReport& report, const QString& drive)
+{
+    const QString all = number(report.checked);
+    if (report.checked == 1)
+        return tr("The only copy on %1 is damaged or can't be read.").arg(drive);
+    if (report.faults() == 1)
+        return tr("1 of %1 copies on %2 is damaged or can't be read.").arg(all, drive);
+    return tr("%1 of %2 copies on %3 are damaged or can't be read.").arg(number(report.faults()), all, drive);
+}
+
+QString sound(const CheckReport& report, const QString& drive)
+{
+    const qint64 count = report.checked;
+    const QString all = number(count);
+    if (count == 0)
+        return report.isAgainstList ? tr("The list has no copies on %1.").arg(drive)
+                                    : tr("There are no copies on %1 yet.").arg(drive);
+    const bool areAllSame = report.count(CopyVerdict::same) == count;
+    if (areAllSame && report.isAgainstList)
+        return count == 1
+                   ? tr("The only copy on %1 is readable and equal to its checksum.").arg(drive)
+                   : tr("All %1 copies on %2 are readable and equal to their checksums.").arg(all, drive);
+    if (areAllSame)
+        return count == 1
+                   ? tr("The only copy on %1 is readable and equal to its original.").arg(drive)
+                   : tr("All %1 copies on %2 are readable and equal to their originals.").arg(all, drive);
+    if (count == 1)
+        return tr("The only copy on %1 is readable.").arg(drive);
+    return tr("All %1 copies on %2 are readable, and none is damaged.").arg(all, drive);
+}
+
+/// For a check that did not come to its end.
+QString broken(const CheckReport& report, const QString& drive)
+{
+    const QString checked = number(report.checked);
+    const QString all = number(std::max(report.copies, report.checked));
+    const QString start = report.end == CheckReport::End::driveGone
+                              ? tr("%1 was removed after %2 of %3 copies had been checked.")
+                              : tr("The check of %1 was cancelled after %2 of %3 copies.");
+    const QString found = report.faults() == 0
+                              ? tr("No fault was found until then.")
+                              : counted(report.faults(), "1 of them is damaged or can't be read.",
+                                        "%1 of them are damaged or can't be read.");
+    return tr("%1 %2").arg(start.arg(drive, checked, all), found);
+}
+
+} // namespace
+
+QString number(qint64 count)
+{
+    return QLocale().toString(count);
+}
+
+QString driveName(const FileURL& deviceFolder)
+{
+    FileURL place = deviceFolder;
+    if (place.nativeLastPathComponent() != "Keelbright")
+        place = place.deletingLastPathComponent();
+    if (place.nativeLastPathComponent() == "Keelbright")
+        place = place.deletingLastPathComponent();
+    return place.lastPathComponent();
+}
+
+QString headline(const CheckReport& report)
+{
+    if (report.end == CheckReport::End::failed)
+        return report.error ? tr("The copies can't be checked: %1").arg(report.error->localizedDescription())
+                            : tr("The copies can't be checked.");
+    const QString drive = driveName(report.deviceFolder);
+    if (report.end != CheckReport::End::complete)
+        return broken(report, drive);
+    return report.faults() > 0 ? damaged(report, drive) : sound(report, drive);
+}
+
+QStringList details(const CheckReport& report)
+{
+    if (report.end == CheckReport::End::failed)
+        return {};
+    QStringList lines;
+    const auto add = [&](qint64 count, const char* one, const char* many) {
+        if (count > 0)
+            lines.append(counted(count, one, many));
+    };
+    if (report.faults() > 0 && !report.isAgainstList)
+        lines.append(
+            tr("The next backup replaces damaged copies by new ones wherever there is an original."));
+    if (report.isAgainstList) {
+        add(report.count(CopyVerdict::changedSince),
+            "1 copy was written after the list, so it was only read.",
+            "%1 copies were written after the list, so they were only read.");
+        add(report.count(CopyVerdict::onlyOnDrive), "1 copy is not in the list, so it was not read.",
+            "%1 copies are not in the list, so they were not read.");
+        add(report.unknownLines, "1 line of the list can't be understood.",
+            "%1 lines of the list can't be understood.");
+    } else {
+        add(report.count(CopyVerdict::changedSince), "1 original has changed since it was copied.",
+            "%1 originals have changed since they were copied.");
+        add(report.count(CopyVerdict::onlyOnDrive), "1 copy has no original any more.",
+            "%1 copies have no original any more.");
+        add(report.count(CopyVerdict::originalUnreadable),
+            "1 original could not be read, so its copy was not compared.",
+            "%1 originals could not be read, so their copies were not compared.");
+        add(report.count(CopyVerdict::notBackedUp), "1 file is not backed up yet.",
+            "%1 files are not backed up yet.");
+    }
+    if (!report.isFromDrive && report.checked > 0)
+        lines.append(tr("This drive can't be read past a computer's memory, so copies may have been read "
+                        "from there."));
+    return lines;
+}
+
+QString place(const CheckFinding& finding, const CheckReport& report)
+{
+    const QByteArray& path = finding.item.nativePath();
+    const QByteArray folder = report.personalFiles.nativePath() + '/';
+    return path.startsWith(folder) ? QString::fromUtf8(path.sliced(folder.size())) : finding.item.path();
+}
+
+QString reason(const CheckFinding& finding)
+{
+    switch (finding.reason) {
+    case CheckFinding::Reason::system:
+        break;
+    case CheckFinding::Reason::differsFromSource:
+        return tr("It differs from its original, which has not changed since the backup.");
+    case CheckFinding::Reason::differsFromList:
+        return tr("It differs from its checksum, and was not written since.");
+    case CheckFinding::Reason::readInTwoWays:
+        return tr("It gave different data when it was read twice.");
+    }
+    return finding.error ? finding.error->localizedDescription() : QString();
+}
+
+QString listOf(const CheckReport& report)
+{
+    QString text;
+    for (const CheckFinding& finding : report.findings)
+        text += finding.item.path() + u'\t' + reason(finding) + u'\n';
+    return text;
+}
+
+QString remaining(qint64 seconds)
+{
+    constexpr qint64 minute = 60;
+    constexpr qint64 hour = 60 * minute;
+    if (seconds < minute)
+        return tr("Under a minute");
+    if (seconds < hour - minute / 2) {
+        const qint64 minutes = (seconds + minute / 2) / minute;
+        return counted(minutes, "1 minute", "%1 minutes");
+    }
+    return counted((seconds + hour / 2) / hour, "1 hour", "%1 hours");
+}
+
+} // namespace keelbright::CheckTexts
