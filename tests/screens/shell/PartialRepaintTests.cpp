@@ -52,7 +52,7 @@ protected:
         stage.settle();
     }
 
-    [[nodiscard]] MainWindow& window() { return stage.window(); }
+    [[nodiscard]] QWidget& window() { return stage.window(); }
 
     /// What is on the screen, painted in any number of steps.
     [[nodiscard]] QImage screenshot()
