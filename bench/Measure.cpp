@@ -84,7 +84,7 @@ int main(int argc, char** argv)
 {
     using namespace keelbright;
     if (argc == 3 && QByteArrayView(argv[1]) == "start")
-        return bench::measureStart(QByteArray(argv[2]).toLongLong(), argc, argv);
+        return bench::measureStart(QByteArray(argv[2]).toLongLong(), argv);
     OpenFileLimit::raise();
     const QApplication application(argc, argv);
     const testing::TestMac mac;

@@ -18,6 +18,6 @@ namespace keelbright::bench {
 
 /// Runs the whole program until its first window is painted, and prints the seconds that have passed
 /// since `since`, in nanoseconds of the monotonic clock.
-[[nodiscard]] int measureStart(qint64 since, int argc, char** argv);
+[[nodiscard]] int measureStart(qint64 since, char** argv);
 
 } // namespace keelbright::bench

@@ -26,7 +26,7 @@ class Onboarding(Scenario):
     def test_can_be_passed_without_a_destination(self):
         window = self.start()
         window.pass_onboarding()
-        self.assertEqual(window.find("list", "Screens").all("list item")[1].name, "Dashboard")
+        self.assertEqual(window.find("list", "Screens").all("list item")[0].name, "Dashboard")
         self.leave()
         self.assertNotIn("selectedDestination", self.machine.config())
 
