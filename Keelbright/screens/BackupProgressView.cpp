@@ -43,11 +43,12 @@ BackupProgressView::BackupProgressView(AppState& state, Workspace& workspace, QW
 
 QString BackupProgressView::outcome(const BackupEngine& engine)
 {
-    if (engine.lastError())
-        return *engine.lastError();
+    if (const auto& error = engine.lastError())
+        return *error;
     if (engine.isCancelled())
         return cancelledText();
-    return engine.lastReport() ? BackupFinishedPanel::headline(*engine.lastReport()) : QString();
+    const auto& report = engine.lastReport();
+    return report ? BackupFinishedPanel::headline(*report) : QString();
 }
 
 void BackupProgressView::watchState()

@@ -13,6 +13,18 @@
 
 namespace keelbright {
 
+namespace {
+
+/// What the symbol says by its color.
+QString meaning(Role hue)
+{
+    if (hue == Role::red)
+        return Banner::tr("Error");
+    return hue == Role::orange ? Banner::tr("Warning") : Banner::tr("Note");
+}
+
+} // namespace
+
 Banner::Banner(Role hue, const QString& symbolKey, const QString& title, QWidget* parent)
     : QWidget(parent)
     , m_hue(hue)
@@ -25,9 +37,7 @@ Banner::Banner(Role hue, const QString& symbolKey, const QString& title, QWidget
     layout->setContentsMargins(Metrics::cardPadding, 14, Metrics::cardPadding, 14);
     layout->setSpacing(12);
     auto* symbol = new SymbolLabel(symbolKey, 20, hue, this);
-    symbol->setAccessibleName(hue == Role::red      ? tr("Error")
-                              : hue == Role::orange ? tr("Warning")
-                                                    : tr("Note"));
+    symbol->setAccessibleName(meaning(hue));
     layout->addWidget(symbol);
     layout->setAlignment(symbol, Qt::AlignTop);
     m_content->setSpacing(4);

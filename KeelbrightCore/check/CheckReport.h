@@ -4,6 +4,7 @@
 #include "KeelbrightCore/platform/files/FileURL.h"
 
 #include <QList>
+#include <array>
 #include <memory>
 #include <optional>
 
@@ -60,10 +61,11 @@ struct CheckReport
     QList<CheckFinding> findings;
     /// Of all files that could be read and are no fault; null where they could not be kept.
     std::shared_ptr<ChecksumSpool> checksums;
+    std::array<qint64, 7> counts = {}; ///< of the items with each verdict
 
-    [[nodiscard]] qint64 count(CopyVerdict verdict) const { return m_counts[static_cast<size_t>(verdict)]; }
+    [[nodiscard]] qint64 count(CopyVerdict verdict) const { return counts[static_cast<size_t>(verdict)]; }
 
-    void add(CopyVerdict verdict, qint64 number = 1) { m_counts[static_cast<size_t>(verdict)] += number; }
+    void add(CopyVerdict verdict, qint64 number = 1) { counts[static_cast<size_t>(verdict)] += number; }
 
     /// Keeps the finding and counts it.
     void add(const CheckFinding& finding);
@@ -73,9 +75,6 @@ struct CheckReport
     {
         return count(CopyVerdict::differs) + count(CopyVerdict::unreadable);
     }
-
-private:
-    qint64 m_counts[7] = {};
 };
 
 } // namespace keelbright

@@ -53,7 +53,7 @@ DesktopSleepBlocker::DesktopSleepBlocker(Bus systemBus, Bus sessionBus)
 
 DesktopSleepBlocker::~DesktopSleepBlocker()
 {
-    allow();
+    DesktopSleepBlocker::allow();
 }
 
 void DesktopSleepBlocker::block(const QString& reason)

@@ -10,6 +10,18 @@
 
 namespace keelbright {
 
+namespace {
+
+/// What the system answers where a file is expected and something else is there.
+int errorForType(EntryType type)
+{
+    if (type == EntryType::directory)
+        return EISDIR;
+    return type == EntryType::symbolicLink ? ELOOP : EOPNOTSUPP;
+}
+
+} // namespace
+
 static_assert(PieceBuffer::size % directAlignment == 0);
 
 PieceBuffer::PieceBuffer()
@@ -27,9 +39,7 @@ std::expected<ReadOnlyFile, int> ReadOnlyFile::open(int folder, const char* name
     if (!listed)
         return std::unexpected(listed.error());
     if (listed->type != EntryType::regularFile)
-        return std::unexpected(listed->type == EntryType::directory      ? EISDIR
-                               : listed->type == EntryType::symbolicLink ? ELOOP
-                                                                         : EOPNOTSUPP);
+        return std::unexpected(errorForType(listed->type));
     FileDescriptor file = openKeepingAccessTime(folder, name, flags);
     // A network drive that lost its handle finds the file again by its name.
     if (!file.isOpen() && errno == ESTALE)

@@ -132,13 +132,16 @@ void HelperWatch::run()
 
 void HelperWatch::takeArrivals(int wakeUp, std::vector<RunningHelper>& helpers)
 {
-    const std::lock_guard lock(m_mutex);
-    helpers.reserve(helpers.size() + m_arrivals.size());
+    {
+        const std::lock_guard lock(m_mutex);
+        helpers.reserve(helpers.size() + m_arrivals.size());
+        for (RunningHelper& helper : m_arrivals)
+            helpers.push_back(std::move(helper));
+        m_arrivals.clear();
+    }
+    // Last, so that they are found once more where memory runs out above.
     char byte = 0;
     [[maybe_unused]] const ssize_t got = retrying([&] { return ::read(wakeUp, &byte, 1); });
-    for (RunningHelper& helper : m_arrivals)
-        helpers.push_back(std::move(helper));
-    m_arrivals.clear();
 }
 
 } // namespace keelbright
