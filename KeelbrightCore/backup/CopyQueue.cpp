@@ -135,8 +135,9 @@ void CopyQueue::startAgainSlowly(std::vector<Item>&& taken)
     dropped.reserve(m_entries.size() + taken.size());
     m_entries.insert(m_entries.begin(), returned.begin(), returned.end());
     // From here on nothing needs memory.
-    for (size_t index = 0; index < taken.size(); ++index) {
-        returned[index]->item = std::move(taken[index]);
+    std::vector<Item> items = std::move(taken);
+    for (size_t index = 0; index < items.size(); ++index) {
+        returned[index]->item = std::move(items[index]);
         returned[index]->state = State::ready;
     }
     for (const auto& entry : m_entries) {

@@ -26,7 +26,13 @@ struct MessageHold
 {
     QMutex mutex;
     QList<HeldMessage> messages;
-    QtMessageHandler before = nullptr;
+    QtMessageHandler before = nullptr; ///< not known before the other one is in its place
+
+    void print(QtMsgType type, const QMessageLogContext& context, const QString& text) const
+    {
+        if (before != nullptr)
+            before(type, context, text);
+    }
 };
 
 MessageHold& messageHold()
@@ -49,7 +55,7 @@ void holdMessage(QtMsgType type, const QMessageLogContext& context, const QStrin
         endWithoutDisplay();
     MessageHold& hold = messageHold();
     if (type == QtDebugMsg) {
-        hold.before(type, context, text); // somebody asked for it and looks for the cause
+        hold.print(type, context, text); // somebody asked for it and looks for the cause
         return;
     }
     const QMutexLocker locker(&hold.mutex);
@@ -62,7 +68,7 @@ void printHeldMessages()
     const QMutexLocker locker(&hold.mutex);
     for (const HeldMessage& message : std::exchange(hold.messages, {})) {
         const QMessageLogContext context(nullptr, 0, nullptr, message.category.constData());
-        hold.before(message.type, context, message.text);
+        hold.print(message.type, context, message.text);
     }
 }
 
