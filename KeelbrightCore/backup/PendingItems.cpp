@@ -36,7 +36,7 @@ bool isForLackOfRoom(const CopyQueue::Item& item)
 
 void flushBeforeReplacing(CopyQueue::Item& item)
 {
-    if (!item.result || !*item.result)
+    if (!item.plan || !item.result || !*item.result)
         return;
     const auto flushed = orOutOfMemory(FileError::Operation::flushed, item.plan->name,
                                        [&item] { return (*item.result)->flushBeforeReplacing(); });
@@ -198,12 +198,14 @@ void PendingItems::complete(CopyQueue::Item& item, NextChange next)
 {
     if (item.folder)
         item.folder->complete(); // nothing is reported
+    else if (item.plan)
+        m_task.post(publish(*item.plan, item), next);
     else
-        m_task.post(item.plan ? publish(item) : std::move(item.change), next);
+        m_task.post(std::move(item.change), next);
 }
 
 /// Gives a prepared copy its name, and gives the change that reports the item.
-BackupTask::Change PendingItems::publish(const CopyQueue::Item& item)
+BackupTask::Change PendingItems::publish(const PlannedCopy& plan, const CopyQueue::Item& item)
 {
     const auto skipped = [&item](const FileError& error) {
         return waitingForMemory([&] { return skippedItem(item.name, error); });
@@ -214,7 +216,7 @@ BackupTask::Change PendingItems::publish(const CopyQueue::Item& item)
     // Made before: a copy that has its name is counted, even where memory has just run out.
     auto copied = waitingForMemory([&] { return copiedItem(item.name, copy.sourceSize()); });
     const auto published =
-        orOutOfMemory(FileError::Operation::copied, item.plan->name, [&copy] { return copy.publish(); });
+        orOutOfMemory(FileError::Operation::copied, plan.name, [&copy] { return copy.publish(); });
     if (!published)
         return skipped(published.error());
     m_queue->notePublished();

@@ -59,7 +59,7 @@ private:
     [[nodiscard]] CopyQueue::Progress waitForBurst(qsizetype wanted);
     void completeBurst(qsizetype count);
     void complete(CopyQueue::Item& item, NextChange next);
-    [[nodiscard]] BackupTask::Change publish(const CopyQueue::Item& item);
+    [[nodiscard]] BackupTask::Change publish(const PlannedCopy& plan, const CopyQueue::Item& item);
     void flush(Items& items);
     void completeAlone(CopyQueue::Item item, Items rest);
     void startWorkers();

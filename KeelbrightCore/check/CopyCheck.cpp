@@ -61,7 +61,7 @@ std::optional<FileURL> deviceFolderBeside(const FileURL& checksumList)
     if (!name.endsWith(extension) || name.size() == extension.size())
         return std::nullopt;
     name.chop(extension.size());
-    const FileURL folder = checksumList.deletingLastPathComponent().appendingNative(name);
+    FileURL folder = checksumList.deletingLastPathComponent().appendingNative(name);
     if (!FileManager::defaultManager().fileExists(folder).isDirectory)
         return std::nullopt;
     return folder;

@@ -65,7 +65,10 @@ bool OriginalsCheck::openCopies()
         return true;
     if (!destination || !copies || !again) {
         m_report.end = CheckReport::End::failed;
-        m_report.error = !destination ? destination.error() : !copies ? copies.error() : again.error();
+        if (!destination)
+            m_report.error = destination.error();
+        else
+            m_report.error = copies ? again.error() : copies.error();
         return false;
     }
     m_copies = std::move(*copies);
