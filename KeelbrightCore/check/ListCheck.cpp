@@ -23,10 +23,10 @@ FileError unreadable(const CheckedItem& item, int code)
 
 } // namespace
 
-ListCheck::ListCheck(FileURL list, const FileURL& deviceFolder, CheckProgress& progress,
+ListCheck::ListCheck(FileURL list, FileURL deviceFolder, CheckProgress& progress,
                      const Cancellation& cancellation)
     : m_list(std::move(list))
-    , m_deviceFolder(deviceFolder)
+    , m_deviceFolder(std::move(deviceFolder))
     , m_progress(progress)
     , m_cancellation(cancellation)
 {

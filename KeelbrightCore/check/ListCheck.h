@@ -14,8 +14,7 @@ class ListCheck
 {
 public:
     /// `deviceFolder` is that of the machine whose copies are checked. The last two outlive this.
-    ListCheck(FileURL list, const FileURL& deviceFolder, CheckProgress& progress,
-              const Cancellation& cancellation);
+    ListCheck(FileURL list, FileURL deviceFolder, CheckProgress& progress, const Cancellation& cancellation);
 
     [[nodiscard]] CheckReport run();
 
