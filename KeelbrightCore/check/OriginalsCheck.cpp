@@ -183,13 +183,19 @@ void OriginalsCheck::reportUnreadableFolder(const FileURL& folder, const FileErr
 
 void OriginalsCheck::record(const CheckFinding& finding)
 {
-    if (finding.verdict != CopyVerdict::differs && finding.verdict != CopyVerdict::unreadable &&
-        finding.verdict != CopyVerdict::originalUnreadable) {
+    const bool isFault =
+        finding.verdict == CopyVerdict::differs || finding.verdict == CopyVerdict::unreadable;
+    // Pulled out while the copy was looked at once more: that is no fault of the copy.
+    if (isFault && m_again->isGone(finding.error ? finding.error->code : 0)) {
+        m_report.end = CheckReport::End::driveGone;
+        return;
+    }
+    if (!isFault && finding.verdict != CopyVerdict::originalUnreadable) {
         m_report.add(finding.verdict);
         return;
     }
     m_report.add(finding);
-    if (finding.verdict != CopyVerdict::originalUnreadable)
+    if (isFault)
         m_progress.addFault();
 }
 

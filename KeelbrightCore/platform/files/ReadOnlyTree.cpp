@@ -111,8 +111,9 @@ bool ReadOnlyTree::isOwnFolder(const DirectoryEnumerator& item) const
 
 bool ReadOnlyTree::isGone(int code)
 {
-    return code == ENODEV || code == ENXIO || code == ENOTCONN || !m_folders->anchor().isInPlace() ||
-           isDriveTakenAway(m_folders->anchor().descriptor());
+    // A drive in user space ends what is under way with ECONNABORTED, and answers ENOTCONN afterwards.
+    const bool isLost = code == ENODEV || code == ENXIO || code == ENOTCONN || code == ECONNABORTED;
+    return isLost || !m_folders->anchor().isInPlace() || isDriveTakenAway(m_folders->anchor().descriptor());
 }
 
 bool ReadOnlyTree::liesOnLocalDrive() const
