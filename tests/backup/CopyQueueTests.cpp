@@ -54,6 +54,16 @@ protected:
             std::this_thread::sleep_for(milliseconds(1)); // they need the queue's lock to start
     }
 
+    /// Says with `begun` that it prepares an item, and hangs in it until `end` is released.
+    [[nodiscard]] FakeCopyWorker workerThatHangs()
+    {
+        return FakeCopyWorker([this](const QByteArray& item, const Cancellation&) -> Prepared {
+            begun.release();
+            end.acquire();
+            return std::make_unique<RecordedCopy>(item, record, 1);
+        });
+    }
+
     /// Lets a thread work with that worker while the test lasts.
     [[nodiscard]] std::jthread workOn(FakeCopyWorker& own)
     {
@@ -61,6 +71,8 @@ protected:
     }
 
     CopyRecord record;
+    QSemaphore begun;
+    QSemaphore end;
     CopyQueue queue;
     Cancellation cancellation;
 };
@@ -185,7 +197,6 @@ TEST_F(CopyQueueTest, letsAWorkerDestroyWhatIsDisposedOf)
 
 TEST_F(CopyQueueTest, givesUpWhatIsUnderWayWhenItIsClosed)
 {
-    QSemaphore begun;
     FakeCopyWorker patient([&](const QByteArray& item, const Cancellation& given) -> Prepared {
         begun.release();
         while (!given.isQuitting())
@@ -213,13 +224,7 @@ TEST_F(CopyQueueTest, takesNoMoreMemoryForDisposedItemsThanTheyNeed)
 {
     if (addressSpace() == 0)
         GTEST_SKIP() << "this system does not report the memory of a program";
-    QSemaphore begun;
-    QSemaphore end;
-    FakeCopyWorker hanging([&](const QByteArray& item, const Cancellation&) -> Prepared {
-        begun.release();
-        end.acquire();
-        return std::make_unique<RecordedCopy>(item, record, 1);
-    });
+    FakeCopyWorker hanging = workerThatHangs();
     const std::jthread thread = workOn(hanging);
     addCopies(many);
     begun.acquire();
@@ -236,13 +241,7 @@ TEST_F(CopyQueueTest, takesNoMoreMemoryForDisposedItemsThanTheyNeed)
 
 TEST_F(CopyQueueTest, doesNotWaitForAWorkerThatHangs)
 {
-    QSemaphore begun;
-    QSemaphore end;
-    FakeCopyWorker hanging([&](const QByteArray& item, const Cancellation&) -> Prepared {
-        begun.release();
-        end.acquire();
-        return std::make_unique<RecordedCopy>(item, record, 1);
-    });
+    FakeCopyWorker hanging = workerThatHangs();
     {
         const std::jthread thread = workOn(hanging);
         addCopies(many);
