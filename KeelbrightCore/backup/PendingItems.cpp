@@ -164,6 +164,7 @@ void PendingItems::completeBurst(qsizetype count)
                 CopyQueue::drop(*item, foldersAtTheEnd());
             return;
         }
+        publish(*item);
         if (isForLackOfRoom(*item)) {
             Items rest = waitingForMemory([&] { return withRoomFor(items.end() - item); });
             CopyQueue::Item lacking = std::move(*item);
@@ -194,33 +195,31 @@ void PendingItems::flush(Items& items)
     }
 }
 
+/// Gives a prepared copy its name. What keeps it from that becomes the result of the item.
+void PendingItems::publish(CopyQueue::Item& item)
+{
+    if (!item.plan || !item.result)
+        return;
+    PreparedCopy& copy = **item.result;
+    // Made before: a copy that has its name is counted, even where memory has just run out.
+    item.change = waitingForMemory([&] { return copiedItem(item.name, copy.sourceSize()); });
+    const auto published =
+        orOutOfMemory(FileError::Operation::copied, item.plan->name, [&copy] { return copy.publish(); });
+    if (published)
+        m_queue->notePublished();
+    else
+        item.result = std::unexpected(published.error());
+}
+
+/// Reports what has become of the item.
 void PendingItems::complete(CopyQueue::Item& item, NextChange next)
 {
     if (item.folder)
         item.folder->complete(); // nothing is reported
-    else if (item.plan)
-        m_task.post(publish(*item.plan, item), next);
-    else
+    else if (item.result)
         m_task.post(std::move(item.change), next);
-}
-
-/// Gives a prepared copy its name, and gives the change that reports the item.
-BackupTask::Change PendingItems::publish(const PlannedCopy& plan, const CopyQueue::Item& item)
-{
-    const auto skipped = [&item](const FileError& error) {
-        return waitingForMemory([&] { return skippedItem(item.name, error); });
-    };
-    if (!item.result)
-        return skipped(item.result.error());
-    PreparedCopy& copy = **item.result;
-    // Made before: a copy that has its name is counted, even where memory has just run out.
-    auto copied = waitingForMemory([&] { return copiedItem(item.name, copy.sourceSize()); });
-    const auto published =
-        orOutOfMemory(FileError::Operation::copied, plan.name, [&copy] { return copy.publish(); });
-    if (!published)
-        return skipped(published.error());
-    m_queue->notePublished();
-    return copied;
+    else
+        m_task.post(waitingForMemory([&] { return skippedItem(item.name, item.result.error()); }), next);
 }
 
 /// Prepares an item once more when everything else that was prepared has given its room back: what is in the
@@ -230,6 +229,7 @@ void PendingItems::completeAlone(CopyQueue::Item item, Items rest)
     waitingForMemory([&] { m_queue->startAgainSlowly(std::move(rest)); });
     item.result = CopyQueue::prepare(item, *m_worker, m_task.cancellation());
     flushBeforeReplacing(item);
+    publish(item);
     complete(item, NextChange::later);
 }
 

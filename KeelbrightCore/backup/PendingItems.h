@@ -58,8 +58,8 @@ private:
     void completeSome();
     [[nodiscard]] CopyQueue::Progress waitForBurst(qsizetype wanted);
     void completeBurst(qsizetype count);
+    void publish(CopyQueue::Item& item);
     void complete(CopyQueue::Item& item, NextChange next);
-    [[nodiscard]] BackupTask::Change publish(const PlannedCopy& plan, const CopyQueue::Item& item);
     void flush(Items& items);
     void completeAlone(CopyQueue::Item item, Items rest);
     void startWorkers();

@@ -90,7 +90,8 @@ TEST_F(PendingItemsTest, reportsACopyWhoseNameFindsNoMemory)
         return std::make_unique<Unpublishable>(item, record, 1);
     };
     runWhole({"a"});
-    EXPECT_THAT(record.lines(), ElementsAre("flushed a", "dropped a"));
+    // Once more, alone, as there may be memory then.
+    EXPECT_THAT(record.lines(), ElementsAre("flushed a", "dropped a", "flushed a", "dropped a"));
     EXPECT_THAT(engine.progress().errors,
                 ElementsAre(QStringLiteral("Skip a: “a” could not be copied: there is not enough memory.")));
     EXPECT_EQ(engine.progress().filesCopied, 0);
@@ -272,6 +273,43 @@ TEST_F(PendingItemsTest, preparesACopyOnceMoreWhenTheOthersHaveGivenTheirRoomBac
     runWhole(numbered(300));
     EXPECT_THAT(engine.progress().errors, IsEmpty());
     EXPECT_EQ(record.names("published"), numbered(300));
+}
+
+/// A copy whose folder has no room for one more name, the first time that it is asked.
+class CopyWithoutRoomForItsName : public RecordedCopy
+{
+public:
+    CopyWithoutRoomForItsName(const QByteArray& name, CopyRecord& record, std::atomic<int>& refusals)
+        : RecordedCopy(name, record, 1)
+        , m_name(name)
+        , m_refusals(refusals)
+    {}
+
+    std::expected<void, FileError> publish() override
+    {
+        if (m_refusals-- > 0)
+            return failure(FileError::Operation::copied, m_name, ENOSPC);
+        return RecordedCopy::publish();
+    }
+
+private:
+    QByteArray m_name;
+    std::atomic<int>& m_refusals;
+};
+
+TEST_F(PendingItemsTest, preparesACopyOnceMoreWhereItsNameFoundNoRoom)
+{
+    std::atomic<int> refusals = 1;
+    prepare = [&](const QByteArray& item) -> Prepared {
+        record.append("prepared " + item);
+        if (item == "f0100")
+            return std::make_unique<CopyWithoutRoomForItsName>(item, record, refusals);
+        return std::make_unique<RecordedCopy>(item, record, 1);
+    };
+    runWhole(numbered(300));
+    EXPECT_THAT(engine.progress().errors, IsEmpty());
+    EXPECT_EQ(record.names("published"), numbered(300));
+    EXPECT_EQ(record.names("prepared").count("f0100"), 2);
 }
 
 TEST_F(PendingItemsTest, reportsACopyThatHasNoRoomEvenAlone)
