@@ -97,15 +97,11 @@ void DashboardView::addProgress()
 void DashboardView::watchState()
 {
     const auto changes = {
-        &AppState::recommendedFoldersChanged,
-        &AppState::customSourcesChanged,
-        &AppState::selectedDestinationChanged,
-        &AppState::healthScoreChanged,
-        &AppState::scannedAppsChanged,
-        &AppState::isAppScanningChanged,
-        &AppState::lastReportChanged,
-        &AppState::lastBackupTimeChanged,
-        &AppState::alertsChanged,
+        &AppState::recommendedFoldersChanged,  &AppState::customSourcesChanged,
+        &AppState::selectedDestinationChanged, &AppState::isDestinationAwayChanged,
+        &AppState::healthScoreChanged,         &AppState::scannedAppsChanged,
+        &AppState::isAppScanningChanged,       &AppState::lastReportChanged,
+        &AppState::lastBackupTimeChanged,      &AppState::alertsChanged,
     };
     for (const auto change : changes)
         connect(&m_state, change, &m_frames, &FrameThrottle::request);

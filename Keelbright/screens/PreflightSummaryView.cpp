@@ -58,6 +58,11 @@ PreflightSummaryView::PreflightSummaryView(AppState& state, QWidget* parent)
     // Also while the checks run and there is no button yet.
     const auto* leave = new QShortcut(Qt::Key_Escape, this);
     connect(leave, &QShortcut::activated, this, [this] { m_state.setSelectedScreen(Screen::dashboard); });
+    // The drive may come or go while the result is being read.
+    connect(&state, &AppState::isDestinationAwayChanged, this, [this] {
+        if (isVisible())
+            startCheck();
+    });
     redraw();
 }
 

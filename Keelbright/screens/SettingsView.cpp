@@ -101,6 +101,7 @@ SettingsView::SettingsView(AppState& state, Place place, QWidget* parent)
     page->content()->addStretch(1);
 
     connect(&state, &AppState::selectedDestinationChanged, this, &SettingsView::showDestination);
+    connect(&state, &AppState::isDestinationAwayChanged, this, &SettingsView::showDestination);
     connect(&state, &AppState::recommendedFoldersChanged, this, &SettingsView::showFolders);
     connect(&state, &AppState::customSourcesChanged, this, &SettingsView::showFolders);
     showDestination();
@@ -161,6 +162,8 @@ void SettingsView::showDestination()
                                             tr("No destination selected"));
     if (!destination)
         row->setTitleColor(Role::secondaryText);
+    if (destination && m_state.isDestinationAway())
+        row->addBesideTitle(new Tag(tr("Not connected"), Role::orange, row));
     row->addTrailing(m_change);
     m_destination->addRow(row);
     m_change->show();

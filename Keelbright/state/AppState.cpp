@@ -100,6 +100,14 @@ void AppState::setSelectedDestination(const std::optional<BackupDestination>& de
     Q_EMIT changed();
 }
 
+void AppState::setIsDestinationAway(bool isAway)
+{
+    qCDebug(stateLog) << "drive of the destination:" << (isAway ? "away" : "there, as far as is known");
+    m_isDestinationAway = isAway;
+    Q_EMIT isDestinationAwayChanged();
+    Q_EMIT changed();
+}
+
 void AppState::setLastReport(const std::optional<BackupReport>& report)
 {
     m_lastReport = report;
@@ -176,15 +184,15 @@ void AppState::setIsCheckingCopies(bool isChecking)
 
 QFuture<PreflightResult> AppState::runPreflight(const std::shared_ptr<const Cancellation>& cancellation) const
 {
-    const auto check = [sources = allEnabledSources(), destination = m_selectedDestination, cancellation] {
-        return PreflightService::run(sources, destination, *cancellation);
-    };
+    const auto drive = m_isDestinationAway ? PreflightService::Drive::away : PreflightService::Drive::unknown;
+    const auto check = [sources = allEnabledSources(), destination = m_selectedDestination, cancellation,
+                        drive] { return PreflightService::run(sources, destination, *cancellation, drive); };
     return TaskPools::runApart(TaskPools::Priority::userInitiated, check);
 }
 
 bool AppState::confirmBackup()
 {
-    if (!m_selectedDestination)
+    if (!m_selectedDestination || m_isDestinationAway)
         return false;
     if (m_isCheckingCopies) {
         refuseBackup();
@@ -193,7 +201,8 @@ bool AppState::confirmBackup()
     }
     qCDebug(stateLog) << "backup confirmed";
     m_jobDestination = m_selectedDestination;
-    m_engine.startBackup({QUuid::createUuid(), allEnabledSources(), *m_selectedDestination, now()});
+    m_engine.startBackup(
+        {QUuid::createUuid(), allEnabledSources(), *m_selectedDestination, now(), m_destinationDriveSeenAt});
     setSelectedScreen(Screen::backupProgress);
     return true;
 }

@@ -64,6 +64,17 @@ public:
 
     void setSelectedDestination(const std::optional<BackupDestination>& destination);
 
+    /// Whether the drive of the selected destination is known not to be there. No backup starts then.
+    [[nodiscard]] bool isDestinationAway() const { return m_isDestinationAway; }
+
+    void setIsDestinationAway(bool isAway);
+
+    /// Where the drive of the selected destination was last seen mounted; "/" where it has not been seen. A
+    /// backup starts only while it is there.
+    [[nodiscard]] const FileURL& destinationDriveSeenAt() const { return m_destinationDriveSeenAt; }
+
+    void setDestinationDriveSeenAt(const FileURL& mountPoint) { m_destinationDriveSeenAt = mountPoint; }
+
     /// Absent before the first `refreshHealthScore` has ended; kept while a new one is computed.
     [[nodiscard]] const std::optional<HealthScore>& healthScore() const { return m_healthScore; }
 
@@ -100,8 +111,8 @@ public:
     [[nodiscard]] QFuture<PreflightResult>
     runPreflight(const std::shared_ptr<const Cancellation>& cancellation) const;
     /// Called when the user confirms on the preflight screen: builds the job from the present choices,
-    /// starts it and moves to the progress screen. False, and nothing done, without a destination. False
-    /// also while copies are being checked: then the dashboard says so.
+    /// starts it and moves to the progress screen. False, and nothing done, without a destination or without
+    /// its drive. False also while copies are being checked: then the dashboard says so.
     bool confirmBackup();
 
     /// Whether a check of the copies is under way. No backup starts then, and no check during a backup: what
@@ -147,6 +158,7 @@ Q_SIGNALS:
     void recommendedFoldersChanged();
     void customSourcesChanged();
     void selectedDestinationChanged();
+    void isDestinationAwayChanged();
     void healthScoreChanged();
     void scannedAppsChanged();
     void isAppScanningChanged();
@@ -181,6 +193,8 @@ private:
     QList<RecommendedFolder> m_recommendedFolders;
     QList<BackupSource> m_customSources;
     std::optional<BackupDestination> m_selectedDestination;
+    bool m_isDestinationAway = false;
+    FileURL m_destinationDriveSeenAt;
     std::optional<BackupDestination> m_jobDestination;
     std::optional<HealthScore> m_healthScore;
     QList<AppInfo> m_scannedApps;

@@ -16,6 +16,9 @@ struct BackupJob
     QList<BackupSource> sources;
     BackupDestination destination;
     QDateTime startedAt; ///< UTC; when the user confirmed
+    /// Where the destination's drive was last seen mounted; "/" where that is unknown. The run does not start
+    /// while the drive is away.
+    FileURL driveSeenAt = {};
 
     /// The path of every source in order, of the disabled ones too.
     [[nodiscard]] QStringList sourcePaths() const;

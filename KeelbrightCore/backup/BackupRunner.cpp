@@ -9,6 +9,7 @@
 #include "KeelbrightCore/backup/ManifestGenerator.h"
 #include "KeelbrightCore/backup/SourceCopy.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/FolderPlace.h"
 #include "KeelbrightCore/platform/files/OutOfMemory.h"
 #include "KeelbrightCore/platform/system/Logging.h"
 #include "KeelbrightCore/platform/system/WaitForMemory.h"
@@ -29,8 +30,20 @@ struct RunFolders
     std::unique_ptr<CopyDestination> reportsFolder; ///< anchored at `reports`
 };
 
+/// A drive that is away can leave an empty folder in its place, and copies there would fill the drive below.
+/// It may have gone since the checks.
+std::expected<void, FileError> checkDrive(const BackupJob& job)
+{
+    const FolderPlace place = placeOf(job.destination.url);
+    if (place.isFolder && lacksItsDrive(place, job.driveSeenAt))
+        return failure(FileError::Operation::opened, job.destination.url, FileError::Reason::destinationGone);
+    return {};
+}
+
 std::expected<RunFolders, FileError> createFolders(const BackupJob& job, FileManager& fileManager)
 {
+    if (const auto drive = checkDrive(job); !drive)
+        return std::unexpected(drive.error());
     const QByteArray device = DeviceFolder::ofThisMachine();
     auto mirror = fileManager.openCopyDestination(job.destination.url, device + "/Latest");
     if (!mirror)

@@ -24,11 +24,12 @@ class Check
     Q_DECLARE_TR_FUNCTIONS(PreflightService)
 
 public:
-    Check(const BackupDestination& destination, const Cancellation& cancellation)
+    Check(const BackupDestination& destination, const Cancellation& cancellation, Drive drive)
         : m_destination(destination.url)
         , m_resolvedDestination(m_fileManager.resolvingSymlinks(m_destination))
         , m_placeOfDestination(m_fileManager.placeOnVolume(m_destination))
         , m_cancellation(cancellation)
+        , m_drive(drive)
     {}
 
     PreflightResult run(const QList<BackupSource>& sources)
@@ -65,7 +66,7 @@ private:
     void checkDestinationFolder()
     {
         const FileExistence existence = m_fileManager.fileExists(m_destination);
-        if (!existence.exists || !existence.isDirectory)
+        if (m_drive == Drive::away || !existence.exists || !existence.isDirectory)
             m_result.errors.append(tr("Destination folder does not exist or is not a directory."));
         else if (!m_fileManager.isWritable(m_destination))
             m_result.errors.append(tr("Destination folder is not writable."));
@@ -159,17 +160,18 @@ private:
     const FileURL m_resolvedDestination;
     const std::optional<PlaceOnVolume> m_placeOfDestination;
     const Cancellation& m_cancellation;
+    const Drive m_drive;
     PreflightResult m_result;
 };
 
 } // namespace
 
 PreflightResult run(const QList<BackupSource>& sources, const std::optional<BackupDestination>& destination,
-                    const Cancellation& cancellation)
+                    const Cancellation& cancellation, Drive drive)
 {
     if (!destination)
         return Check::withoutDestination();
-    return Check(*destination, cancellation).run(sources);
+    return Check(*destination, cancellation, drive).run(sources);
 }
 
 } // namespace keelbright::PreflightService

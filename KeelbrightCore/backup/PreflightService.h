@@ -26,11 +26,18 @@ struct PreflightResult
 
 namespace PreflightService {
 
+/// What is known of the destination's drive beforehand.
+enum class Drive {
+    unknown, ///< the folder tells
+    away,    ///< what exists under the folder's path is its empty mount point, and no destination
+};
+
 /// Runs the checks. Changes nothing on disk, never fails; blocks while it scans, so off the main
 /// thread. Ends at the next entry, with an incomplete result, once it is given up (`quit`).
 [[nodiscard]] PreflightResult run(const QList<BackupSource>& sources,
                                   const std::optional<BackupDestination>& destination,
-                                  const Cancellation& cancellation = Cancellation());
+                                  const Cancellation& cancellation = Cancellation(),
+                                  Drive drive = Drive::unknown);
 
 } // namespace PreflightService
 } // namespace keelbright

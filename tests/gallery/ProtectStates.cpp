@@ -81,6 +81,13 @@ void playDashboardProtected(Stage& stage)
     stage.settle();
 }
 
+void playDashboardDriveAway(Stage& stage)
+{
+    playDashboardProtected(stage);
+    stage.state().setIsDestinationAway(true);
+    Stage::turnFrames();
+}
+
 void playDashboardAlert(Stage& stage)
 {
     stage.mira.populate();
@@ -217,6 +224,7 @@ QList<ScreenState> protectStates()
         {"dashboard", "loading", playDashboardLoading},
         {"dashboard", "first-start", playDashboardFirst},
         {"dashboard", "protected", playDashboardProtected, true},
+        {"dashboard", "drive-away", playDashboardDriveAway},
         {"dashboard", "alert", playDashboardAlert},
         {"dashboard", "running", playDashboardRunning},
         {"protected-items", "recommended", playProtectedItems},

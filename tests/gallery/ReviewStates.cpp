@@ -194,6 +194,13 @@ void playSettingsChosen(Stage& stage)
     stage.goTo(Screen::settings);
 }
 
+void playSettingsDriveAway(Stage& stage)
+{
+    playSettingsChosen(stage);
+    stage.state().setIsDestinationAway(true);
+    Stage::turnFrames();
+}
+
 } // namespace
 
 QList<ScreenState> reviewStates()
@@ -217,6 +224,7 @@ QList<ScreenState> reviewStates()
         {"recovery", "error", playRecoveryError},
         {"settings", "fresh", playSettings},
         {"settings", "chosen", playSettingsChosen},
+        {"settings", "drive-away", playSettingsDriveAway},
     };
 }
 

@@ -190,6 +190,19 @@ TEST_F(DashboardViewTests, showsFoldersAndDestinationWithTheirActions)
     EXPECT_EQ(app.selectedScreen(), Screen::protectedItems);
 }
 
+TEST_F(DashboardViewTests, saysBesideTheDestinationsNameThatItsDriveIsAway)
+{
+    AppState& app = makeState();
+    app.setSelectedDestination(driveDestination());
+    DashboardView view(app);
+    show(view);
+    EXPECT_FALSE(textsIn(view).contains(u"Not connected"_s));
+    app.setIsDestinationAway(true);
+    turnUntil([&] { return textsIn(view).contains(u"Not connected"_s); });
+    app.setIsDestinationAway(false);
+    turnUntil([&] { return !textsIn(view).contains(u"Not connected"_s); });
+}
+
 TEST_F(DashboardViewTests, followsAChangeOfTheDestination)
 {
     AppState& app = makeState();

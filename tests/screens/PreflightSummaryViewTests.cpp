@@ -231,6 +231,21 @@ TEST_F(PreflightSummaryViewTests, comingBackRunsTheChecksAgain)
     EXPECT_TRUE(textsIn(view).contains(u"3"_s));
 }
 
+TEST_F(PreflightSummaryViewTests, aDriveThatGoesWhileTheResultIsReadDisablesTheStart)
+{
+    AppState& app = makeReadyState();
+    PreflightSummaryView view(app);
+    showResult(view);
+    ASSERT_TRUE(button(view, u"Confirm & Start"_s)->isEnabled());
+    app.setIsDestinationAway(true);
+    const QString error = u"Destination folder does not exist or is not a directory."_s;
+    turnUntil([&] { return textsIn(view).contains(error); });
+    EXPECT_FALSE(button(view, u"Confirm & Start"_s)->isEnabled());
+    app.setIsDestinationAway(false);
+    turnUntil([&] { return textsIn(view).contains(u"Backup Estimate"_s) && !textsIn(view).contains(error); });
+    EXPECT_TRUE(button(view, u"Confirm & Start"_s)->isEnabled());
+}
+
 TEST_F(PreflightSummaryViewTests, leavingTheScreenEndsItsCheck)
 {
     files.isSlow = true;

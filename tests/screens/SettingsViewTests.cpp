@@ -90,6 +90,19 @@ TEST_F(SettingsViewTest, showsTheDestinationByNameAndPath)
     EXPECT_TRUE(symbolsIn(view).contains(u"externaldrive.fill"_s));
 }
 
+TEST_F(SettingsViewTest, saysBesideTheNameThatTheDriveIsAway)
+{
+    chooseDrive();
+    settle();
+    EXPECT_EQ(countOf(u"Not connected"_s), 0);
+    state->setIsDestinationAway(true);
+    settle();
+    EXPECT_EQ(countOf(u"Not connected"_s), 1);
+    state->setIsDestinationAway(false);
+    settle();
+    EXPECT_EQ(countOf(u"Not connected"_s), 0);
+}
+
 TEST_F(SettingsViewTest, changeAsksForADestination)
 {
     chooser.willChoose({drive()});

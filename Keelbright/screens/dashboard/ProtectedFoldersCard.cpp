@@ -59,6 +59,8 @@ void ProtectedFoldersCard::addDestinationRow()
 {
     m_destinationRow = new RowWidget(new Tile(u"externaldrive.fill"_s, Role::secondaryText), {}, {},
                                      RowWidget::Detail::text, this);
+    m_notConnected = new Tag(tr("Not connected"), Role::orange, m_destinationRow);
+    m_destinationRow->addBesideTitle(m_notConnected);
     auto* change = new Button(Button::Kind::bordered, tr("Change"), {}, m_destinationRow);
     change->setCompact(true);
     change->setAccessibleDescription(tr("Choose another backup destination"));
@@ -115,6 +117,7 @@ void ProtectedFoldersCard::redrawDestination()
         return;
     m_destinationRow->setTitle(destination->displayName());
     m_destinationRow->setToolTip(toolTipText(destination->path()));
+    m_notConnected->setVisible(m_state.isDestinationAway());
 }
 
 void ProtectedFoldersCard::redrawReport()

@@ -7,6 +7,7 @@ namespace keelbright {
 
 class AppState;
 class RowWidget;
+class Tag;
 class Tile;
 
 /// The Dashboard's card with the protected folders, the destination and the result of the last
@@ -34,6 +35,7 @@ private:
     QList<FileURL> m_shownSources;
     qsizetype m_moreSources = 0;
     RowWidget* m_destinationRow = nullptr;
+    Tag* m_notConnected = nullptr;
     RowWidget* m_reportRow = nullptr;
     Tile* m_reportTile = nullptr;
 };

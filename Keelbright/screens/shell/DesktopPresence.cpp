@@ -15,6 +15,7 @@ DesktopPresence::DesktopPresence(AppState& state, MainWindow& window, const Sing
     , m_backupEndNotice(state, m_notifier,
                         {[] { return QApplication::activeWindow() != nullptr; },
                          [this] { m_requests.activate(std::nullopt); }})
+    , m_destinationDrive(state)
 {
     QObject::connect(&instance, &SingleInstance::activationRequested, &m_requests,
                      &DesktopRequests::activate);

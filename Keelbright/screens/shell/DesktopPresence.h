@@ -6,13 +6,14 @@
 #include "Keelbright/screens/shell/DesktopSleepBlocker.h"
 #include "Keelbright/state/AwakeBackup.h"
 #include "Keelbright/state/BackupEndNotice.h"
+#include "Keelbright/state/DestinationDrive.h"
 
 namespace keelbright {
 
 class SingleInstance;
 
 /// The running program as one of the desktop's own: it can be asked for its window from outside, keeps the
-/// machine awake during a backup and notifies of its end. Main thread.
+/// machine awake during a backup, notifies of its end, and notices drives that come and go. Main thread.
 class DesktopPresence
 {
 public:
@@ -28,6 +29,7 @@ private:
     AwakeBackup m_awakeBackup;
     DesktopNotifier m_notifier;
     BackupEndNotice m_backupEndNotice;
+    DestinationDrive m_destinationDrive;
 };
 
 } // namespace keelbright

@@ -5,6 +5,8 @@
 #include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/DisplayText.h"
 
+#include <utility>
+
 namespace keelbright {
 
 namespace {
@@ -32,6 +34,7 @@ StateAnnouncer::StateAnnouncer(const AppState& state, QWidget& window)
     connect(&engine, &BackupEngine::progressChanged, &m_progressFrames, &FrameThrottle::request);
     connect(&m_progressFrames, &FrameThrottle::frame, this, &StateAnnouncer::announceQuarter);
     connect(&state, &AppState::alertsChanged, this, &StateAnnouncer::announceAlerts);
+    connect(&state, &AppState::isDestinationAwayChanged, this, &StateAnnouncer::announceDrive);
 }
 
 void StateAnnouncer::announceRun()
@@ -69,6 +72,21 @@ void StateAnnouncer::announceAlerts()
             say(m_window, displayText(tr("%1. %2").arg(alert.title, alert.message)));
     }
     m_knownAlerts = idsOf(m_state.alerts());
+}
+
+void StateAnnouncer::announceDrive()
+{
+    const auto& destination = m_state.selectedDestination();
+    const std::optional<FileURL> before = std::exchange(m_awayDestination, std::nullopt);
+    if (!destination)
+        return;
+    const QString name = displayText(destination->displayName());
+    if (m_state.isDestinationAway()) {
+        m_awayDestination = destination->url;
+        say(m_window, tr("%1 is not connected").arg(name));
+    } else if (before == destination->url) { // and not another one, which may be away as well
+        say(m_window, tr("%1 is connected again").arg(name));
+    }
 }
 
 } // namespace keelbright

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "Keelbright/widgets/FrameThrottle.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
 
 #include <QObject>
 #include <QSet>
 #include <QUuid>
+#include <optional>
 
 class QWidget;
 
@@ -12,8 +14,8 @@ namespace keelbright {
 
 class AppState;
 
-/// Has a screen reader say how a backup goes and which alerts are raised, whatever screen is shown: the
-/// start, each quarter, the cancel and the end of a run.
+/// Has a screen reader say how a backup goes, which alerts are raised, and that the destination's drive goes
+/// or comes back, whatever screen is shown. Of a run: the start, each quarter, the cancel and the end.
 class StateAnnouncer : public QObject
 {
     Q_OBJECT
@@ -27,6 +29,7 @@ private:
     void announceCancel();
     void announceQuarter();
     void announceAlerts();
+    void announceDrive();
 
     const AppState& m_state;
     QWidget& m_window;
@@ -34,6 +37,7 @@ private:
     QSet<QUuid> m_knownAlerts;
     bool m_wasRunning = false;
     int m_quarter = 0; ///< of the present run, the last that was reached
+    std::optional<FileURL> m_awayDestination;
 };
 
 } // namespace keelbright

@@ -13,6 +13,19 @@
 
 namespace keelbright {
 
+QByteArray unescapedMountPoint(const QByteArray& text)
+{
+    constexpr qsizetype digits = 3;
+    QByteArray path;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        bool isOctal = false;
+        const int code = text[i] == '\\' ? text.mid(i + 1, digits).toInt(&isOctal, 8) : 0;
+        path.append(isOctal ? static_cast<char>(code) : text[i]);
+        i += isOctal ? digits : 0;
+    }
+    return path;
+}
+
 #ifdef __APPLE__
 
 QList<FileURL> mountPoints()
@@ -60,20 +73,6 @@ QByteArray mountTable()
     return table;
 }
 
-/// The table writes blanks, line breaks and backslashes as a backslash and three octal digits.
-QByteArray unescaped(const QByteArray& text)
-{
-    constexpr qsizetype digits = 3;
-    QByteArray path;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        bool isOctal = false;
-        const int code = text[i] == '\\' ? text.mid(i + 1, digits).toInt(&isOctal, 8) : 0;
-        path.append(isOctal ? static_cast<char>(code) : text[i]);
-        i += isOctal ? digits : 0;
-    }
-    return path;
-}
-
 QList<Mount> mounts()
 {
     enum Field { id, parent, volume, root, point, count };
@@ -83,8 +82,8 @@ QList<Mount> mounts()
         const QList<QByteArray> fields = line.split(' ');
         if (fields.size() >= count)
             found.append({fields[id].toULongLong(), fields[volume],
-                          FileURL::fromNativePath(unescaped(fields[root])),
-                          FileURL::fromNativePath(unescaped(fields[point]))});
+                          FileURL::fromNativePath(unescapedMountPoint(fields[root])),
+                          FileURL::fromNativePath(unescapedMountPoint(fields[point]))});
     }
     return found;
 }

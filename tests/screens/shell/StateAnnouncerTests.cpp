@@ -129,6 +129,26 @@ TEST_F(StateAnnouncerTests, anAlertIsAnnouncedWhenItIsRaised)
     EXPECT_EQ(spoken.all().size(), 1);
 }
 
+TEST_F(StateAnnouncerTests, aDriveThatGoesAndComesBackIsAnnounced)
+{
+    chooseDrive();
+    const SpokenTexts spoken;
+    state->setIsDestinationAway(true);
+    state->setIsDestinationAway(false);
+    EXPECT_EQ(spoken.all(), (QStringList{u"Anchor is not connected"_s, u"Anchor is connected again"_s}));
+}
+
+TEST_F(StateAnnouncerTests, anotherDestinationIsNotAnnouncedAsConnected)
+{
+    chooseDrive();
+    state->setIsDestinationAway(true);
+    const SpokenTexts spoken;
+    state->setSelectedDestination(
+        BackupDestination{QUuid::createUuid(), mac.root().appending(u"Volumes/Other"_s)});
+    state->setIsDestinationAway(false);
+    EXPECT_EQ(spoken.all(), QStringList());
+}
+
 TEST_F(StateAnnouncerTests, aBackupOnItsOwnScreenIsAnnouncedOnce)
 {
     mac.writeFile("Volumes/Anchor/Keelbright", "a file in the way");
