@@ -94,11 +94,25 @@ FileURL freePlace(const FileURL& planned, const FileManager& fm)
     return place;
 }
 
-std::expected<void, FileError> move(const FileProposal& file, FileManager& fm)
+/// Makes the folder of a category, and notes it where it is new.
+std::expected<void, FileError> makeFolder(const FileURL& folder, FileManager& fm, OrganizedFiles& done)
 {
-    if (auto created = fm.createDirectory(file.destination.deletingLastPathComponent()); !created)
+    const bool isNew = !fm.fileExists(folder).exists;
+    auto created = fm.createDirectory(folder);
+    if (created && isNew)
+        done.newFolders.append(folder);
+    return created;
+}
+
+std::expected<void, FileError> move(const FileProposal& file, FileManager& fm, OrganizedFiles& done)
+{
+    if (auto created = makeFolder(file.destination.deletingLastPathComponent(), fm, done); !created)
         return created;
-    return fm.moveItem(file.source, freePlace(file.destination, fm));
+    const FileURL place = freePlace(file.destination, fm);
+    auto moved = fm.moveItem(file.source, place);
+    if (moved)
+        done.moves.append({file.source, place, !fm.fileSize(place).has_value()});
+    return moved;
 }
 
 } // namespace
@@ -126,15 +140,18 @@ QList<OrganizeProposal> propose(const FileURL& folder)
     return proposalsOf(groups);
 }
 
-ExecutionResult execute(const QList<OrganizeProposal>& proposals, const QSet<QUuid>& selected)
+ExecutionResult execute(const QList<OrganizeProposal>& proposals, const QSet<QUuid>& selected,
+                        OrganizedFiles* done)
 {
     FileManager& fm = FileManager::defaultManager();
     ExecutionResult result;
+    OrganizedFiles nowhere;
+    OrganizedFiles& noted = done != nullptr ? *done : nowhere;
     for (const OrganizeProposal& proposal : proposals) {
         for (const FileProposal& file : proposal.files) {
             if (!selected.contains(file.id))
                 continue;
-            if (const auto moved = move(file, fm); moved)
+            if (const auto moved = move(file, fm, noted); moved)
                 ++result.moved;
             else
                 result.errors.append(file.name() + QStringLiteral(": ") +

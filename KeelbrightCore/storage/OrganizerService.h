@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KeelbrightCore/storage/OrganizeProposal.h"
+#include "KeelbrightCore/storage/UndoableMoves.h"
 
 #include <QList>
 #include <QSet>
@@ -27,8 +28,9 @@ struct ExecutionResult
 
 /// Moves the files whose ids are in `selected`, in the order of the plan. A name that is taken gets
 /// a number, from 2 upwards. A failure is noted and leaves its file where it is; the others are
-/// moved all the same. Blocks; any thread.
-[[nodiscard]] ExecutionResult execute(const QList<OrganizeProposal>& proposals, const QSet<QUuid>& selected);
+/// moved all the same. Adds to `done`, where it is given, what an undo needs. Blocks; any thread.
+[[nodiscard]] ExecutionResult execute(const QList<OrganizeProposal>& proposals, const QSet<QUuid>& selected,
+                                      OrganizedFiles* done = nullptr);
 
 } // namespace OrganizerService
 } // namespace keelbright

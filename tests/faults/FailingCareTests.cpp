@@ -28,9 +28,9 @@ TEST_F(FailingCareTest, anItemStaysIfItsRecordDoesNotReachTheDrive)
     if (!failing.reasonMissing().empty())
         GTEST_SKIP() << failing.reasonMissing();
     write(failing.folder().appendingNative("file"), "content");
-    const auto place = FileManager::defaultManager().trashItem(failing.root().appendingNative("file"));
-    ASSERT_FALSE(place);
-    EXPECT_EQ(place.error(), FileError::fromCode(FileError::Operation::trashed, u"file"_s, EDQUOT));
+    const auto trashed = FileManager::defaultManager().trashItem(failing.root().appendingNative("file"));
+    ASSERT_FALSE(trashed);
+    EXPECT_EQ(trashed.error(), FileError::fromCode(FileError::Operation::trashed, u"file"_s, EDQUOT));
     EXPECT_EQ(TestMac::read(failing.folder().appendingNative("file")), "content");
     EXPECT_THAT(everythingBelow(trashOf(failing.folder())), UnorderedElementsAre("files", "info"));
 }
@@ -76,13 +76,13 @@ TEST_F(FailingCareTest, theOriginOfATrashedItemSurvivesAPowerCut)
     write(image.root().appendingNative("folder/file"), "content");
     write(image.root().appendingNative("other"), "content");
     ASSERT_TRUE(FileManager::defaultManager().openCopyDestination(image.root(), {}).value()->flush());
-    const auto place = FileManager::defaultManager().trashItem(image.root().appendingNative("folder/file"));
-    ASSERT_TRUE(place);
+    const auto trashed = FileManager::defaultManager().trashItem(image.root().appendingNative("folder/file"));
+    ASSERT_TRUE(trashed);
     // A flush of any other file also writes the move to the drive.
     ASSERT_TRUE(FileManager::defaultManager().writeAtomically(image.root().appendingNative("other"), "new"));
     image.pull();
     image.putBack();
-    EXPECT_EQ(TestMac::read(*place), "content");
+    EXPECT_EQ(TestMac::read(trashed->place), "content");
     EXPECT_TRUE(TestMac::read(trashOf(image.root()).appendingNative("info/file.trashinfo"))
                     .startsWith("[Trash Info]\nPath=folder/file\nDeletionDate="));
 }

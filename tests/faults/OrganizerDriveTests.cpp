@@ -90,9 +90,9 @@ protected:
     static void expectTrashWorks(const FileURL& top)
     {
         write(top.appendingNative("sub/thrown away"), "content");
-        const auto place = FileManager::defaultManager().trashItem(top.appendingNative("sub/thrown away"));
-        ASSERT_TRUE(place) << place.error().localizedDescription().toStdString();
-        EXPECT_EQ(TestMac::read(*place), "content");
+        const auto trashed = FileManager::defaultManager().trashItem(top.appendingNative("sub/thrown away"));
+        ASSERT_TRUE(trashed) << trashed.error().localizedDescription().toStdString();
+        EXPECT_EQ(TestMac::read(trashed->place), "content");
         EXPECT_TRUE(TestMac::read(trashOf(top).appendingNative("info/thrown away.trashinfo"))
                         .contains("Path=sub/thrown%20away\n"));
     }

@@ -57,6 +57,12 @@ std::expected<FileSystemCapacity, FileError> HeldFileManager::fileSystemCapacity
     return SandboxFileManager::fileSystemCapacity(url);
 }
 
+std::expected<void, FileError> HeldFileManager::restoreItem(const TrashedItem& item)
+{
+    look(item.origin);
+    return SandboxFileManager::restoreItem(item);
+}
+
 void HeldFileManager::look(const FileURL& place) const
 {
     {

@@ -9,7 +9,7 @@
 namespace keelbright::testing {
 
 /// The test's machine, which can hold background work at a look into a folder and counts such looks.
-/// A look is a listing or a question for the capacity.
+/// A look is a listing, a question for the capacity, or the return of an item from the Trash to the place.
 class HeldFileManager : public SandboxFileManager
 {
 public:
@@ -32,6 +32,7 @@ public:
     contentsOfDirectory(const FileURL& url, DirectoryEnumerator::Options options) const override;
     [[nodiscard]] std::expected<FileSystemCapacity, FileError>
     fileSystemCapacity(const FileURL& url) const override;
+    [[nodiscard]] std::expected<void, FileError> restoreItem(const TrashedItem& item) override;
 
 private:
     void look(const FileURL& place) const;

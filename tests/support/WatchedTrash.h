@@ -13,7 +13,7 @@ class WatchedTrash : public HeldFileManager
 public:
     using HeldFileManager::HeldFileManager;
 
-    std::expected<FileURL, FileError> trashItem(const FileURL& url) override
+    std::expected<TrashedItem, FileError> trashItem(const FileURL& url) override
     {
         asked.append(url.lastPathComponent());
         if (refused.contains(url.lastPathComponent()))

@@ -39,6 +39,8 @@ QString verb(FileError::Operation operation)
         return translated("removed");
     case FileError::Operation::trashed:
         return translated("moved to the Trash");
+    case FileError::Operation::restored:
+        return translated("put back");
     case FileError::Operation::measured:
         return translated("measured");
     case FileError::Operation::flushed:
@@ -116,6 +118,8 @@ QString reasonText(const FileError& error)
         return translated("the drive can't hold symbolic links");
     case FileError::Reason::alreadyInTrash:
         return translated("it is already in the Trash");
+    case FileError::Reason::notInTrash:
+        return translated("it no longer lies in the Trash");
     case FileError::Reason::neededInItsPlace:
         return translated("the computer needs it where it is");
     case FileError::Reason::driveMounted:

@@ -22,6 +22,7 @@ struct FileError
         listed,
         removed,
         trashed,
+        restored,
         measured,
         flushed,
         launched,
@@ -39,6 +40,7 @@ struct FileError
         nameTakenForAnother,  ///< another file is there whose name the drive takes for this one
         linksNotSupported,    ///< the drive can't hold symbolic links
         alreadyInTrash,
+        notInTrash,        ///< the item or its record has gone since, or the record is that of another item
         neededInItsPlace,  ///< one of the machine's own folders, or a folder that holds one
         driveMounted,      ///< the item is, or holds, a place where a drive is mounted
         trashOpenToOthers, ///< the only Trash for the item belongs to somebody else, or others may change it

@@ -6,6 +6,7 @@
 #include "KeelbrightCore/platform/files/FileError.h"
 #include "KeelbrightCore/platform/files/FileURL.h"
 #include "KeelbrightCore/platform/files/PlaceOnVolume.h"
+#include "KeelbrightCore/platform/files/TrashedItem.h"
 
 #include <QList>
 #include <memory>
@@ -83,10 +84,16 @@ public:
     /// Removes a file that the program has made for itself; one that does not exist is fine. What is the
     /// user's goes to the Trash.
     [[nodiscard]] virtual std::expected<void, FileError> removeOwnFile(const FileURL& file) = 0;
-    /// Moves to the Trash of the item's volume; gives its new place. What already lies in the
+    /// Removes a folder that is empty, and fails for any other.
+    [[nodiscard]] virtual std::expected<void, FileError> removeEmptyFolder(const FileURL& folder) = 0;
+    /// Moves to the Trash of the item's volume, and says what `restoreItem` needs. What already lies in the
     /// Trash is refused, and so are the home, the standard folders of the home and of its Library,
     /// everything above them, and places where drives are mounted.
-    [[nodiscard]] virtual std::expected<FileURL, FileError> trashItem(const FileURL& url) = 0;
+    [[nodiscard]] virtual std::expected<TrashedItem, FileError> trashItem(const FileURL& url) = 0;
+    /// Moves an item from the Trash back to its old place, and removes its record; a folder that has gone
+    /// since is made again. Fails rather than replaces, and where the item no longer lies there with its
+    /// record.
+    [[nodiscard]] virtual std::expected<void, FileError> restoreItem(const TrashedItem& item) = 0;
 
     /// Far above any file that the program writes, so that nothing read by mistake uses up the memory.
     static constexpr qint64 maximumContents = qint64{1'000'000'000};

@@ -179,10 +179,30 @@ std::expected<void, FileError> SystemFileManager::moveItem(const FileURL& source
     return {};
 }
 
-std::expected<FileURL, FileError> SystemFileManager::trashItem(const FileURL& url)
+std::expected<TrashedItem, FileError> SystemFileManager::trashItem(const FileURL& url)
 {
     return Trash::moveToTrash(url, applicationSupportDirectory().appending(QStringLiteral("Trash")),
                               ProtectedPlaces::of(*this));
+}
+
+std::expected<void, FileError> SystemFileManager::restoreItem(const TrashedItem& item)
+{
+    const FileURL folder = item.origin.deletingLastPathComponent();
+    if (!fileExists(folder).exists) {
+        // No folder is made for an item that is gone.
+        if (auto there = Trash::checkIsThere(item); !there)
+            return there;
+        if (auto made = createDirectory(folder); !made)
+            return made;
+    }
+    return Trash::putBack(item);
+}
+
+std::expected<void, FileError> SystemFileManager::removeEmptyFolder(const FileURL& folder)
+{
+    if (::rmdir(folder.nativePath().constData()) != 0)
+        return failure(FileError::Operation::removed, folder, errno);
+    return {};
 }
 
 std::expected<void, FileError> SystemFileManager::linkItem(const FileURL& item, const FileURL& secondName)

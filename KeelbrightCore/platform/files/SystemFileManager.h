@@ -28,7 +28,9 @@ public:
     openCopyDestination(const FileURL& base, QByteArrayView relativeFolder) override;
     [[nodiscard]] std::expected<void, FileError> moveItem(const FileURL& source,
                                                           const FileURL& target) override;
-    [[nodiscard]] std::expected<FileURL, FileError> trashItem(const FileURL& url) override;
+    [[nodiscard]] std::expected<void, FileError> removeEmptyFolder(const FileURL& folder) override;
+    [[nodiscard]] std::expected<TrashedItem, FileError> trashItem(const FileURL& url) override;
+    [[nodiscard]] std::expected<void, FileError> restoreItem(const TrashedItem& item) override;
     [[nodiscard]] std::expected<void, FileError> linkItem(const FileURL& item,
                                                           const FileURL& secondName) override;
     [[nodiscard]] std::expected<void, FileError> removeOwnFile(const FileURL& file) override;

@@ -2,30 +2,35 @@
 
 #include "KeelbrightCore/platform/files/ProtectedPlaces.h"
 #include "KeelbrightCore/platform/files/ResolvedPath.h"
+#include "KeelbrightCore/platform/files/SystemCalls.h"
 
 #ifdef __APPLE__
 #include <QFile>
 #include <cerrno>
 #include <unistd.h>
 #else
-#include "KeelbrightCore/platform/files/SystemCalls.h"
 #include "KeelbrightCore/platform/files/TrashFolder.h"
 #include "KeelbrightCore/platform/files/TrashRecord.h"
 #include "KeelbrightCore/platform/files/TrashRecordFile.h"
+#endif
 
 #include <fcntl.h>
-#endif
 
 namespace keelbright {
 
 namespace {
 
-using Outcome = std::expected<FileURL, FileError>;
+using Outcome = std::expected<TrashedItem, FileError>;
 
 /// `cause` is an `errno` value or a reason of this program's own.
 std::unexpected<FileError> notTrashed(const FileURL& item, auto cause)
 {
     return failure(FileError::Operation::trashed, item, cause);
+}
+
+std::unexpected<FileError> notPutBack(const TrashedItem& item, auto cause)
+{
+    return failure(FileError::Operation::restored, item.origin, cause);
 }
 
 bool isBelow(const FileURL& location, const FileURL& folder)
@@ -34,6 +39,13 @@ bool isBelow(const FileURL& location, const FileURL& folder)
 }
 
 #ifdef __APPLE__
+
+/// By what a file is known again after it was moved.
+QByteArray fileNumber(const struct stat& status)
+{
+    return QByteArray::number(static_cast<qint64>(status.st_dev)) + ':' +
+           QByteArray::number(static_cast<quint64>(status.st_ino));
+}
 
 /// The system's own Trash.
 Outcome move(const FileURL& item, const FileURL& homeTrash, const QList<FileURL>& protectedPlaces)
@@ -51,7 +63,27 @@ Outcome move(const FileURL& item, const FileURL& homeTrash, const QList<FileURL>
     QString place;
     if (!QFile::moveToTrash(item.path(), &place))
         return notTrashed(item, EPERM);
-    return FileURL::fromPath(place);
+    const FileURL trashed = FileURL::fromPath(place);
+    // By its new place, as it may have got to another volume.
+    const bool isFound = ::lstat(trashed.nativePath().constData(), &status) == 0;
+    return TrashedItem{location, trashed, isFound ? fileNumber(status) : QByteArray()};
+}
+
+bool isThere(const TrashedItem& item)
+{
+    struct stat status = {};
+    return ::lstat(item.place.nativePath().constData(), &status) == 0 && fileNumber(status) == item.record;
+}
+
+std::expected<void, FileError> moveBack(const TrashedItem& item)
+{
+    if (!isThere(item))
+        return notPutBack(item, FileError::Reason::notInTrash);
+    const auto moved = SystemCalls::renameWithoutReplacing(AT_FDCWD, item.place.nativePath().constData(),
+                                                           AT_FDCWD, item.origin.nativePath().constData());
+    if (!moved)
+        return notPutBack(item, moved.error());
+    return {};
 }
 
 #else
@@ -110,8 +142,8 @@ std::expected<void, FileError> checkMayGo(const HeldItem& item, const QList<File
     return {};
 }
 
-std::expected<FileURL, int> moveWithRecord(const TrashFolder& trash, const HeldItem& item,
-                                           const QByteArray& recordedPath)
+std::expected<TrashedItem, int> moveWithRecord(const TrashFolder& trash, const HeldItem& item,
+                                               const QByteArray& recordedPath)
 {
     const QByteArray content = TrashRecord::content(recordedPath, QDateTime::currentDateTime());
     const qsizetype maximumLength = trash.maximumNameLength();
@@ -125,7 +157,7 @@ std::expected<FileURL, int> moveWithRecord(const TrashFolder& trash, const HeldI
             done = SystemCalls::renameWithoutReplacing(item.folder.get(), item.name.constData(),
                                                        trash.filesDescriptor(), name.constData());
             if (done)
-                return trash.files().appendingNative(name);
+                return TrashedItem{item.location, trash.files().appendingNative(name), content};
             ::unlinkat(trash.infoDescriptor(), recordName.constData(), 0);
         }
         if (done.error() != EEXIST)
@@ -145,11 +177,11 @@ Outcome moveHeld(const HeldItem& held, const FileURL& homeTrash, const FileURL& 
     if (!trash)
         return std::visit([&](auto cause) { return Outcome(notTrashed(held.location, cause)); },
                           trash.error());
-    const auto place = moveWithRecord(
+    const auto moved = moveWithRecord(
         *trash, held, isAtHome ? held.location.nativePath() : relativePath(held.location, top));
-    if (!place)
-        return notTrashed(held.location, place.error());
-    return *place;
+    if (!moved)
+        return notTrashed(held.location, moved.error());
+    return *moved;
 }
 
 Outcome move(const FileURL& item, const FileURL& homeTrash, const QList<FileURL>& protectedPlaces)
@@ -167,18 +199,80 @@ Outcome move(const FileURL& item, const FileURL& homeTrash, const QList<FileURL>
     return moveHeld(*held, homeTrash, *top);
 }
 
+/// The two folders of the Trash that an item lies in.
+struct TrashFolders
+{
+    explicit TrashFolders(const TrashedItem& item)
+        : files(open(item.place.deletingLastPathComponent()))
+        , info(open(
+              item.place.deletingLastPathComponent().deletingLastPathComponent().appendingNative("info")))
+        , name(item.place.nativeLastPathComponent())
+        , recordName(name + TrashRecord::suffix.toByteArray())
+    {}
+
+    static FileDescriptor open(const FileURL& folder)
+    {
+        constexpr int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+        return FileDescriptor(retrying([&] { return ::open(folder.nativePath().constData(), flags); }));
+    }
+
+    FileDescriptor files;
+    FileDescriptor info;
+    QByteArray name;
+    QByteArray recordName;
+};
+
+bool isThere(const TrashedItem& item, const TrashFolders& trash)
+{
+    struct stat status = {};
+    return trash.files.isOpen() && trash.info.isOpen() &&
+           ::fstatat(trash.files.get(), trash.name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+           isTrashRecord(trash.info.get(), trash.recordName, item.record);
+}
+
+bool isThere(const TrashedItem& item)
+{
+    return isThere(item, TrashFolders(item));
+}
+
+std::expected<void, FileError> moveBack(const TrashedItem& item)
+{
+    const TrashFolders trash(item);
+    if (!isThere(item, trash))
+        return notPutBack(item, FileError::Reason::notInTrash);
+    const auto moved = SystemCalls::renameWithoutReplacing(trash.files.get(), trash.name.constData(),
+                                                           AT_FDCWD, item.origin.nativePath().constData());
+    if (!moved)
+        return notPutBack(item, moved.error());
+    // Other programs pass over a record without its item.
+    ::unlinkat(trash.info.get(), trash.recordName.constData(), 0);
+    return {};
+}
+
 #endif
 
 } // namespace
 
-std::expected<FileURL, FileError> Trash::moveToTrash(const FileURL& item, const FileURL& homeTrash,
-                                                     const QList<FileURL>& protectedPlaces)
+std::expected<TrashedItem, FileError> Trash::moveToTrash(const FileURL& item, const FileURL& homeTrash,
+                                                         const QList<FileURL>& protectedPlaces)
 {
     if (item == FileURL())
         return notTrashed(item, FileError::Reason::neededInItsPlace);
     if (!isFileName(item.nativeLastPathComponent())) // "." or ".."
         return notTrashed(item, EBUSY);
     return move(item, homeTrash, protectedPlaces);
+}
+
+std::expected<void, FileError> Trash::checkIsThere(const TrashedItem& item)
+{
+    if (!isThere(item))
+        return notPutBack(item, FileError::Reason::notInTrash);
+    return {};
+}
+
+std::expected<void, FileError> Trash::putBack(const TrashedItem& item)
+{
+    return moveBack(item);
 }
 
 } // namespace keelbright

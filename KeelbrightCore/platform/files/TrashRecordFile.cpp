@@ -57,4 +57,20 @@ std::expected<void, int> writeTrashRecord(int folder, const QByteArray& name, co
     return writeInPlace(folder, name, content);
 }
 
+bool isTrashRecord(int folder, const QByteArray& name, const QByteArray& content)
+{
+    constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    const FileDescriptor record(retrying([&] { return ::openat(folder, name.constData(), flags); }));
+    QByteArray found(content.size() + 1, '\0'); // a longer record differs as well
+    qsizetype size = 0;
+    while (record.isOpen() && size < found.size()) {
+        const auto room = static_cast<size_t>(found.size() - size);
+        const ssize_t got = retrying([&] { return ::read(record.get(), found.data() + size, room); });
+        if (got <= 0)
+            break;
+        size += got;
+    }
+    return record.isOpen() && QByteArrayView(found).first(size) == content;
+}
+
 } // namespace keelbright

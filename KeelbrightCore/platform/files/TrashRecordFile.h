@@ -12,4 +12,7 @@ namespace keelbright {
 [[nodiscard]] std::expected<void, int> writeTrashRecord(int folder, const QByteArray& name,
                                                         const QByteArray& content);
 
+/// Whether the record of that name has exactly this content.
+[[nodiscard]] bool isTrashRecord(int folder, const QByteArray& name, const QByteArray& content);
+
 } // namespace keelbright

@@ -15,7 +15,7 @@ class ProtectedPlacesTests : public TrashTestCase
 protected:
     std::expected<FileURL, FileError> trashItem(const FileURL& item) const
     {
-        return m_mac.fileManager().trashItem(item);
+        return placeOf(m_mac.fileManager().trashItem(item));
     }
 
     FileURL atHome(const QByteArray& path) const { return m_mac.makeFolder("Users/mira/" + path); }

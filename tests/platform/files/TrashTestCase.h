@@ -34,7 +34,14 @@ class TrashTestCase : public ::testing::Test
 protected:
     std::expected<FileURL, FileError> moveToTrash(const FileURL& item) const
     {
-        return Trash::moveToTrash(item, m_trash, {m_mac.home()});
+        return placeOf(Trash::moveToTrash(item, m_trash, {m_mac.home()}));
+    }
+
+    static std::expected<FileURL, FileError> placeOf(const std::expected<TrashedItem, FileError>& outcome)
+    {
+        if (!outcome)
+            return std::unexpected(outcome.error());
+        return outcome->place;
     }
 
     FileURL trashed(const FileURL& item) const
