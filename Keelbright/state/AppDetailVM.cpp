@@ -9,7 +9,6 @@
 #include "KeelbrightCore/records/ActivityStore.h"
 
 #include <memory>
-#include <tuple>
 #include <utility>
 
 namespace keelbright {
@@ -17,9 +16,18 @@ namespace keelbright {
 namespace {
 
 /// What can't be moved stays where it is, without a message.
-void moveToTrash(const FileURL& url)
+void moveToTrash(const FileURL& url, TrashedItems& moved)
 {
-    std::ignore = FileManager::defaultManager().trashItem(url);
+    if (const auto trashed = FileManager::defaultManager().trashItem(url))
+        moved.items.append(*trashed);
+}
+
+TrashedItems moveApplicationToTrash(const FileURL& bundle)
+{
+    TrashedItems moved;
+    moveToTrash(bundle, moved);
+    moved.isRemoval = true;
+    return moved;
 }
 
 } // namespace
@@ -82,21 +90,23 @@ void AppDetailVM::fetchDescription()
 
 void AppDetailVM::removeApp()
 {
-    moveToTrash(m_app.url);
+    TrashedItems moved = moveApplicationToTrash(m_app.url);
     const qint64 bytes = totalLeftoverBytes();
     const qsizetype count = m_leftovers.size();
     for (const AppLeftover& leftover : m_leftovers)
-        moveToTrash(leftover.url);
+        moveToTrash(leftover.url, moved);
     const QString detail = count == 1 ? tr("App + %1 leftover file moved to Trash")
                                       : tr("App + %1 leftover files moved to Trash");
     logRemoval(detail.arg(QString::number(count)), bytes, count + 1);
+    Q_EMIT trashed(moved);
     Q_EMIT removed(m_app);
 }
 
 void AppDetailVM::removeAppOnly()
 {
-    moveToTrash(m_app.url);
+    const TrashedItems moved = moveApplicationToTrash(m_app.url);
     logRemoval(tr("App bundle moved to Trash"), 0, 1);
+    Q_EMIT trashed(moved);
     Q_EMIT removed(m_app);
 }
 

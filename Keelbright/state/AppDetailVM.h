@@ -4,6 +4,7 @@
 #include "KeelbrightCore/apps/AppInfo.h"
 #include "KeelbrightCore/apps/AppLeftover.h"
 #include "KeelbrightCore/platform/system/LatestTask.h"
+#include "KeelbrightCore/storage/UndoableMoves.h"
 
 #include <QFuture>
 #include <QList>
@@ -63,6 +64,8 @@ Q_SIGNALS:
     void leftoversChanged();
     void isLoadingLeftoversChanged();
     void itunesChanged();
+    /// A removal has moved items, and this is what an undo needs. Comes before `removed`.
+    void trashed(const keelbright::UndoableMoves& moves);
     /// The application has been removed, as far as that was possible.
     void removed(const keelbright::AppInfo& app);
 

@@ -19,6 +19,7 @@ AppState::AppState(AppServices services, QObject* parent)
     , m_recommendedFolders(defaultRecommendedFolders())
 {
     watchEngine();
+    watchUndo();
     loadPersistedState();
 }
 
@@ -35,6 +36,14 @@ void AppState::watchEngine()
         };
         if (hasEnded)
             waitingForMemory(completeLater); // else the report would be saved and logged nowhere
+    });
+}
+
+void AppState::watchUndo()
+{
+    connect(&m_undo, &UndoStore::ended, this, [this](const UndoResult& result) {
+        if (result.isOfRemoval())
+            scanApps(); // the removal has taken it off the list
     });
 }
 

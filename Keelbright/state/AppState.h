@@ -2,6 +2,7 @@
 
 #include "Keelbright/state/AppServices.h"
 #include "Keelbright/state/Screen.h"
+#include "Keelbright/state/UndoStore.h"
 #include "KeelbrightCore/apps/AppInfo.h"
 #include "KeelbrightCore/backup/BackupEngine.h"
 #include "KeelbrightCore/backup/RecommendedFolder.h"
@@ -45,6 +46,9 @@ public:
     [[nodiscard]] BackupEngine& engine() { return m_engine; }
 
     [[nodiscard]] const BackupEngine& engine() const { return m_engine; }
+
+    /// The undo of the user's last moves, whatever screen they were made on.
+    [[nodiscard]] UndoStore& undo() { return m_undo; }
 
     // Each set of the following three saves the configuration.
     [[nodiscard]] const QList<RecommendedFolder>& recommendedFolders() const { return m_recommendedFolders; }
@@ -179,6 +183,7 @@ private:
     /// Enables the folders of these names and no others; saves after each.
     void enableRecommendedFolders(const QStringList& names);
     void watchEngine();
+    void watchUndo();
     void queueChange();
     void setHealthScore(const HealthScore& score);
     void setLastReport(const std::optional<BackupReport>& report);
@@ -188,6 +193,7 @@ private:
     std::optional<Screen> m_selectedScreen = Screen::dashboard;
     bool m_isOnboardingCompleted = false;
     BackupEngine m_engine;
+    UndoStore m_undo;
     bool m_wasRunning = false;
     bool m_isChangeQueued = false;
     QList<RecommendedFolder> m_recommendedFolders;

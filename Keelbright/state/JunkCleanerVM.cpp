@@ -9,14 +9,23 @@ namespace keelbright {
 
 namespace {
 
-/// Returns the ids of the items that could be moved.
-QSet<QUuid> moveToTrash(const QList<JunkItem>& items)
+/// The items that could be moved.
+struct Moved
+{
+    QSet<QUuid> ids;
+    TrashedItems trashed;
+};
+
+Moved moveToTrash(const QList<JunkItem>& items)
 {
     FileManager& fileManager = FileManager::defaultManager();
-    QSet<QUuid> moved;
+    Moved moved;
     for (const JunkItem& item : items) {
-        if (fileManager.trashItem(item.url))
-            moved.insert(item.id);
+        const auto trashed = fileManager.trashItem(item.url);
+        if (!trashed)
+            continue;
+        moved.ids.insert(item.id);
+        moved.trashed.items.append(*trashed);
     }
     return moved;
 }
@@ -101,9 +110,11 @@ void JunkCleanerVM::setSelected(const QUuid& itemID, bool isSelected)
 void JunkCleanerVM::clean()
 {
     const qint64 bytes = totalSelectedBytes();
-    const QSet<QUuid> removed = moveToTrash(m_selection.selectedItems());
-    if (!removed.isEmpty())
+    const auto [removed, trashedItems] = moveToTrash(m_selection.selectedItems());
+    if (!removed.isEmpty()) {
         logClean(bytes, removed.size());
+        Q_EMIT trashed(trashedItems);
+    }
     setSelectedItemIDs(selectedItemIDs() - removed);
     setCategories(m_selection.groupsWithout(removed));
     if (selectedCategoryID() && m_selection.shown() == nullptr)

@@ -3,6 +3,7 @@
 #include "Keelbright/state/GroupSelection.h"
 #include "KeelbrightCore/health/JunkCategory.h"
 #include "KeelbrightCore/platform/system/Clock.h"
+#include "KeelbrightCore/storage/UndoableMoves.h"
 
 #include <QObject>
 
@@ -68,6 +69,8 @@ public:
     void clean();
 
 Q_SIGNALS:
+    /// A clean has moved items, and this is what an undo needs.
+    void trashed(const keelbright::UndoableMoves& moves);
     void showCleanConfirmChanged();
     /// Any property was set.
     void changed();

@@ -135,9 +135,13 @@ QString OrganizerVM::selectedSizeFormatted() const
 void OrganizerVM::execute()
 {
     const qint64 bytes = m_selection.selectedBytes();
-    const OrganizerService::ExecutionResult result = OrganizerService::execute(proposals(), selectedFiles());
-    if (result.moved > 0)
+    OrganizedFiles done;
+    const OrganizerService::ExecutionResult result =
+        OrganizerService::execute(proposals(), selectedFiles(), &done);
+    if (result.moved > 0) {
         logRun(result.moved, bytes);
+        Q_EMIT organised(done);
+    }
     QList<OrganizeProposal> remaining = m_selection.groupsWithout(selectedFiles());
     for (OrganizeProposal& proposal : remaining)
         proposal.id = QUuid::createUuid();

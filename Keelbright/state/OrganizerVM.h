@@ -3,6 +3,7 @@
 #include "Keelbright/state/GroupSelection.h"
 #include "KeelbrightCore/platform/system/Clock.h"
 #include "KeelbrightCore/storage/OrganizeProposal.h"
+#include "KeelbrightCore/storage/UndoableMoves.h"
 
 #include <QObject>
 
@@ -83,6 +84,8 @@ public:
     void execute();
 
 Q_SIGNALS:
+    /// A run has moved files, and this is what an undo needs.
+    void organised(const keelbright::UndoableMoves& moves);
     void showConfirmChanged();
     /// Any property was set.
     void changed();

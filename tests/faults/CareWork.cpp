@@ -3,6 +3,7 @@
 #include "Keelbright/state/AppDetailVM.h"
 #include "Keelbright/state/JunkCleanerVM.h"
 #include "Keelbright/state/OrganizerVM.h"
+#include "Keelbright/state/UndoStore.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "tests/support/FakeFolderChooser.h"
 
@@ -35,6 +36,29 @@ QJsonObject outcomeWith(const QJsonArray& left)
     return {{QStringLiteral("left"), left}};
 }
 
+AppInfo editor(const FileURL& bundle)
+{
+    AppFacts facts;
+    facts.name = QStringLiteral("Editor");
+    facts.bundleID = QStringLiteral("com.example.editor");
+    facts.url = bundle;
+    return AppInfo(std::move(facts));
+}
+
+/// Undoes what the store remembers, and turns the event loop until that has ended.
+QJsonObject undoAll(UndoStore& store)
+{
+    QJsonArray left;
+    QObject::connect(&store, &UndoStore::ended, &store, [&left](const UndoResult& result) {
+        for (const UndoFailure& failure : result.failures)
+            left.append(encoded(failure.origin));
+        QCoreApplication::quit();
+    });
+    store.undo();
+    QCoreApplication::exec();
+    return outcomeWith(left);
+}
+
 } // namespace
 
 QJsonObject clean(const std::function<void()>& ready)
@@ -55,16 +79,35 @@ QJsonObject clean(const std::function<void()>& ready)
 
 QJsonObject removeApplication(const FileURL& bundle, const std::function<void()>& ready)
 {
-    AppFacts facts;
-    facts.name = QStringLiteral("Editor");
-    facts.bundleID = QStringLiteral("com.example.editor");
-    facts.url = bundle;
-    AppDetailVM model(AppInfo(std::move(facts)), ActivityStore::shared(), {});
+    AppDetailVM model(editor(bundle), ActivityStore::shared(), {});
     model.loadLeftovers();
     waitWhile(model, &AppDetailVM::isLoadingLeftovers, &AppDetailVM::isLoadingLeftoversChanged);
     ready();
     model.removeApp();
     return outcomeWith({});
+}
+
+QJsonObject undoRemoval(const FileURL& bundle, const std::function<void()>& ready)
+{
+    AppDetailVM model(editor(bundle), ActivityStore::shared(), {});
+    UndoStore store;
+    QObject::connect(&model, &AppDetailVM::trashed, &store, &UndoStore::remember);
+    model.removeAppOnly();
+    ready();
+    return undoAll(store);
+}
+
+QJsonObject undoOrganizing(const FileURL& folder, const std::function<void()>& ready)
+{
+    FakeFolderChooser chooser;
+    OrganizerVM model(ActivityStore::shared(), chooser);
+    UndoStore store;
+    QObject::connect(&model, &OrganizerVM::organised, &store, &UndoStore::remember);
+    model.scan(folder);
+    waitWhile(model, &OrganizerVM::isScanning, &OrganizerVM::changed);
+    model.execute();
+    ready();
+    return undoAll(store);
 }
 
 QJsonObject organize(const FileURL& folder, const std::function<void()>& ready)

@@ -18,4 +18,8 @@ namespace keelbright::testing {
 /// Sorts the loose files of a folder.
 [[nodiscard]] QJsonObject organize(const FileURL& folder, const std::function<void()>& ready);
 
+// The same two, and then their undo, before which `ready` is called. "left" has what did not go back.
+[[nodiscard]] QJsonObject undoRemoval(const FileURL& bundle, const std::function<void()>& ready);
+[[nodiscard]] QJsonObject undoOrganizing(const FileURL& folder, const std::function<void()>& ready);
+
 } // namespace keelbright::testing

@@ -4,6 +4,8 @@
 //     fault-runner [--hold=work] --work=clean <machine>
 //     fault-runner [--hold=work] --work=remove <machine> <bundle>
 //     fault-runner [--hold=work] --work=organize <machine> <folder>
+//     fault-runner [--hold=work] --work=undo-remove <machine> <bundle>
+//     fault-runner [--hold=work] --work=undo-organize <machine> <folder>
 //     fault-runner [--hold=work] --work=start <machine>
 // `machine` is the folder of a made-up machine. A backup saves config.json and activity.json at its
 // end, as the program does. Prints the outcome as one line of JSON.
@@ -110,6 +112,10 @@ int doWork(const QString& work, const QStringList& folders, const QString& held)
         return testing::printOutcome(testing::clean(ready));
     if (work == u"remove")
         return testing::printOutcome(testing::removeApplication(place, ready));
+    if (work == u"undo-remove")
+        return testing::printOutcome(testing::undoRemoval(place, ready));
+    if (work == u"undo-organize")
+        return testing::printOutcome(testing::undoOrganizing(place, ready));
     return testing::printOutcome(testing::organize(place, ready));
 }
 

@@ -232,6 +232,27 @@ TEST_F(AppDetailVMTest, aRefusedMoveIsPassedOverInSilenceAndLoggedAllTheSame)
     EXPECT_EQ(removed.size(), 1);
 }
 
+TEST_F(AppDetailVMTest, aRemovalSaysWhatItHasMoved)
+{
+    addThreeLeftovers();
+    const auto model = makeModel();
+    load(*model);
+    TrashedItems moved;
+    int spoken = 0;
+    QObject::connect(model.get(), &AppDetailVM::trashed, model.get(), [&](const UndoableMoves& done) {
+        moved = std::get<TrashedItems>(done);
+        ++spoken;
+    });
+    fileManager.refused = {model->leftovers().first().url.lastPathComponent()};
+    model->removeApp();
+    EXPECT_EQ(spoken, 1);
+    EXPECT_TRUE(moved.isRemoval);
+    ASSERT_EQ(moved.items.size(), 3);
+    EXPECT_EQ(moved.items.at(0).origin, model->app().url);
+    EXPECT_EQ(moved.items.at(1).origin, model->leftovers().at(1).url);
+    EXPECT_EQ(moved.items.at(2).origin, model->leftovers().at(2).url);
+}
+
 TEST_F(AppDetailVMTest, removingTheAppOnlyLeavesItsFiles)
 {
     addThreeLeftovers();

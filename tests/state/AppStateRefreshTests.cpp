@@ -305,4 +305,35 @@ TEST_F(AppStateRefreshTest, closedWithBothResultsOnTheirWayItReceivesNeither)
     EXPECT_EQ(apps.count(), 0);
 }
 
+TEST_F(AppStateRefreshTest, theUndoOfARemovalListsTheApplicationsAgain)
+{
+    addApplications();
+    const auto state = makeState();
+    state->scanApps();
+    waitForApps(*state);
+    const AppInfo removed = state->scannedApps().first();
+    TrashedItems trashed;
+    trashed.items.append(held.trashItem(removed.url).value());
+    trashed.isRemoval = true;
+    state->removeScannedApp(removed.id);
+    const qsizetype without = state->scannedApps().size();
+    state->undo().remember(trashed);
+    state->undo().undo();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return state->scannedApps().size() > without; }, 60'000));
+    EXPECT_EQ(state->scannedApps().size(), without + 1);
+}
+
+TEST_F(AppStateRefreshTest, theUndoOfAnythingElseListsNothing)
+{
+    const auto state = makeState();
+    TrashedItems trashed;
+    trashed.items.append(held.trashItem(mac.writeFile("Users/mira/a", "a")).value());
+    state->undo().remember(trashed);
+    const QSignalSpy scans(state.get(), &AppState::isAppScanningChanged);
+    const QSignalSpy ends(&state->undo(), &UndoStore::ended);
+    state->undo().undo();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ends.count() > 0; }, 60'000));
+    EXPECT_EQ(scans.count(), 0);
+}
+
 } // namespace keelbright::testing

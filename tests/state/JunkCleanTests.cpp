@@ -23,6 +23,27 @@ TEST_F(JunkCleanTest, cleaningMovesWhatIsSelectedToTheTrashAndNothingElse)
     EXPECT_TRUE(model.selectedItemIDs().isEmpty());
 }
 
+TEST_F(JunkCleanTest, aCleanSaysWhatItHasMoved)
+{
+    addJunk();
+    scan();
+    fileManager.refused = {u"large"_s};
+    select({u"large"_s, u"small"_s, u"one"_s});
+    QList<UndoableMoves> moves;
+    QObject::connect(&model, &JunkCleanerVM::trashed, &model,
+                     [&moves](const UndoableMoves& done) { moves.append(done); });
+    model.clean();
+    ASSERT_EQ(moves.size(), 1);
+    const auto done = std::get<TrashedItems>(moves.first());
+    ASSERT_EQ(done.items.size(), 2);
+    EXPECT_EQ(done.items.first().origin, mac.home().appending(u"Library/Caches/small"_s));
+    EXPECT_EQ(done.items.first().place, trashed("small"));
+    EXPECT_EQ(done.items.last().origin, mac.home().appending(u"Library/Logs/one"_s));
+    EXPECT_FALSE(done.isRemoval);
+    model.clean();
+    EXPECT_EQ(moves.size(), 1) << "nothing was moved";
+}
+
 TEST_F(JunkCleanTest, remainingItemsKeepTheirIdsSizesAndNames)
 {
     addJunk();

@@ -52,6 +52,25 @@ TEST_F(OrganizerRunTest, aRunMovesWhatIsTickedAndLogsIt)
                      }));
 }
 
+TEST_F(OrganizerRunTest, aRunSaysWhatItHasMoved)
+{
+    write("a.png", 10);
+    write("gone.png", 20);
+    scanDownloads();
+    removeFile(u"gone.png"_s);
+    QList<UndoableMoves> moves;
+    QObject::connect(&model, &OrganizerVM::organised, &model,
+                     [&moves](const UndoableMoves& done) { moves.append(done); });
+    model.execute();
+    ASSERT_EQ(moves.size(), 1);
+    EXPECT_EQ(std::get<OrganizedFiles>(moves.first()),
+              (OrganizedFiles{.moves = {{downloads().appending(u"a.png"_s),
+                                         downloads().appending(u"Images/a.png"_s), false}},
+                              .newFolders = {downloads().appending(u"Images"_s)}}));
+    model.execute();
+    EXPECT_EQ(moves.size(), 1) << "nothing was moved";
+}
+
 TEST_F(OrganizerRunTest, aRunThatMovedEverythingLeavesNothingToDo)
 {
     write("a.png", 10);
