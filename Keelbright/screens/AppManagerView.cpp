@@ -48,6 +48,10 @@ AppManagerView::AppManagerView(const ScreenContext& context, QWidget* parent)
         m_panel->askForRemoval();
     });
     addRescanShortcuts(*this, [this] { scanApps(); });
+    connect(&context.state.undo(), &UndoStore::ended, this, [this](const UndoResult& result) {
+        if (result.isOfRemoval())
+            scanApps();
+    });
 }
 
 void AppManagerView::scanApps()

@@ -45,6 +45,7 @@ JunkCleanerView::JunkCleanerView(const ScreenContext& context, QWidget* parent)
     clean->setContext(Qt::WidgetWithChildrenShortcut);
     connect(clean, &QShortcut::activated, m_clean, &QPushButton::click);
     watchModel();
+    followUndo(context.state.undo());
     redraw();
 }
 
@@ -78,6 +79,15 @@ void JunkCleanerView::watchModel()
     connect(&m_vm, &JunkCleanerVM::showCleanConfirmChanged, this, [this] {
         if (m_vm.showCleanConfirm())
             ask();
+    });
+}
+
+void JunkCleanerView::followUndo(UndoStore& undo)
+{
+    connect(&m_vm, &JunkCleanerVM::trashed, &undo, &UndoStore::remember);
+    connect(&undo, &UndoStore::ended, this, [this](const UndoResult& result) {
+        if (result.isFromTrash())
+            rescan();
     });
 }
 

@@ -14,6 +14,7 @@ class Button;
 class JunkCategoryPanel;
 class JunkItemPanel;
 class SelectionSummary;
+class UndoStore;
 struct ScreenContext;
 
 /// The screen for looking through junk and moving it to the Trash: the kinds of junk at the left, the
@@ -33,6 +34,7 @@ protected:
 private:
     [[nodiscard]] BottomBar* makeBottomBar();
     void watchModel();
+    void followUndo(UndoStore& undo);
     void redraw();
     void redrawBottomBar();
     void rescan();

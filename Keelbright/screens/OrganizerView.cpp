@@ -37,6 +37,7 @@ OrganizerView::OrganizerView(const ScreenContext& context, QWidget* parent)
     addRescanShortcuts(*this, [this] { rescan(); });
     acceptFolders(*this, [this](const QList<FileURL>& folders) { scan(folders.first()); });
     watchModel();
+    followUndo(context.state.undo());
     redraw();
 }
 
@@ -55,6 +56,12 @@ void OrganizerView::watchModel()
             ask();
     });
     connect(&NotificationCenter::defaultCenter(), &NotificationCenter::posted, this, &OrganizerView::receive);
+}
+
+void OrganizerView::followUndo(UndoStore& undo)
+{
+    connect(&m_vm, &OrganizerVM::organised, &undo, &UndoStore::remember);
+    connect(&undo, &UndoStore::ended, this, &OrganizerView::rescan);
 }
 
 void OrganizerView::receive(const QString& name, const QVariant& object)

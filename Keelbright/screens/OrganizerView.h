@@ -11,6 +11,7 @@ namespace keelbright {
 class AlertPresenter;
 class OrganizerPlanPanel;
 class ProposalPanel;
+class UndoStore;
 struct ScreenContext;
 
 /// The screen that sorts the loose files of a folder into subfolders: the folder and its categories
@@ -27,6 +28,7 @@ public:
 
 private:
     void watchModel();
+    void followUndo(UndoStore& undo);
     void receive(const QString& name, const QVariant& object);
     /// Of a folder that is none of the quick targets.
     void scan(const FileURL& folder);

@@ -6,6 +6,7 @@
 #include "Keelbright/screens/storage/LevelPanel.h"
 #include "Keelbright/screens/storage/ShortcutBar.h"
 #include "Keelbright/screens/storage/StorageHeader.h"
+#include "Keelbright/state/AppState.h"
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "Keelbright/widgets/Announcement.h"
@@ -61,6 +62,7 @@ StorageBrowserView::StorageBrowserView(const ScreenContext& context, QWidget* pa
     addKeys();
     acceptFolders(*this, [this](const QList<FileURL>& folders) { m_model.navigate(folders.first()); });
     connect(m_level, &LevelPanel::actionPressed, this, &StorageBrowserView::perform);
+    connect(&context.state.undo(), &UndoStore::ended, this, &StorageBrowserView::refresh);
     connect(&m_model, &StorageBrowserModel::changed, &m_frames, &FrameThrottle::request);
     connect(&m_frames, &FrameThrottle::frame, this, &StorageBrowserView::redraw);
     redraw();

@@ -36,5 +36,7 @@ inline constexpr char longName[] =
 [[nodiscard]] QList<ScreenState> reviewStates();
 /// Those of the window that checks copies.
 [[nodiscard]] QList<ScreenState> checkStates();
+/// Those of the window that shows an undo.
+[[nodiscard]] QList<ScreenState> undoStates();
 
 } // namespace keelbright::testing

@@ -2,6 +2,7 @@
 
 #include "Keelbright/screens/check/CheckCopiesWindow.h"
 #include "Keelbright/screens/shell/DetailView.h"
+#include "Keelbright/screens/undo/UndoWindow.h"
 #include "Keelbright/widgets/MenuButton.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 #include "tests/support/Frames.h"
@@ -9,6 +10,7 @@
 #include "tests/support/StandardOutput.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -95,15 +97,31 @@ void Stage::goTo(Screen screen)
 
 QWidget& Stage::window()
 {
-    auto* check = m_window->findChild<CheckCopiesWindow*>();
-    return check != nullptr ? static_cast<QWidget&>(*check) : *m_window;
+    if (auto* check = m_window->findChild<CheckCopiesWindow*>())
+        return *check;
+    if (auto* undo = m_window->findChild<UndoWindow*>())
+        return *undo;
+    return *m_window;
 }
 
 QList<QSize> Stage::sizes()
 {
-    if (&window() == m_window.get())
-        return {MainWindow::startingSize, MainWindow::minimumWindowSize};
-    return {CheckCopiesWindow::startingSize, CheckCopiesWindow::minimumWindowSize};
+    if (qobject_cast<CheckCopiesWindow*>(&window()) != nullptr)
+        return {CheckCopiesWindow::startingSize, CheckCopiesWindow::minimumWindowSize};
+    if (qobject_cast<UndoWindow*>(&window()) != nullptr)
+        return {UndoWindow::startingSize, UndoWindow::minimumWindowSize};
+    return {MainWindow::startingSize, MainWindow::minimumWindowSize};
+}
+
+void Stage::undo()
+{
+    for (QAction* action : m_window->findChildren<QAction*>()) {
+        if (action->shortcut() == QKeySequence(Qt::CTRL | Qt::Key_Z))
+            action->trigger();
+    }
+    waitUntil([this] { return &window() != m_window.get(); });
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+    turnFrames();
 }
 
 void Stage::openCheck()

@@ -66,7 +66,7 @@ public:
 
     [[nodiscard]] AppState& state() { return *m_state; }
 
-    /// The main window, or the one that checks copies while that is open.
+    /// The main window, or while that is open, the one that checks copies or shows an undo.
     [[nodiscard]] QWidget& window();
     /// The usual and the smallest size of that window.
     [[nodiscard]] QList<QSize> sizes();
@@ -74,8 +74,11 @@ public:
     /// Opens the window that checks copies, after `start` if the program has not been started.
     void openCheck();
 
+    /// Undoes the last moves with the entry of the menu, and waits for the window that shows it.
+    void undo();
+
     /// The view beside the sidebar, the onboarding while that is shown, or the whole window that checks
-    /// copies.
+    /// copies or shows an undo.
     [[nodiscard]] QWidget& screen();
 
     /// Presses the button of this accessible name on the screen.

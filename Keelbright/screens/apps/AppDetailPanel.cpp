@@ -42,6 +42,7 @@ AppDetailPanel::AppDetailPanel(AppInfo app, const ScreenContext& context, AppIco
     page->content()->addStretch();
     content()->addWidget(page, 1);
     content()->addWidget(makeActions());
+    connect(&m_model, &AppDetailVM::trashed, &context.state.undo(), &UndoStore::remember);
     connect(&m_model, &AppDetailVM::removed, this, &AppDetailPanel::removed);
     // An open question shows the files found since.
     connect(&m_model, &AppDetailVM::leftoversChanged, this, [this] {

@@ -6,6 +6,7 @@
 #include "Keelbright/screens/shell/SettingsWindow.h"
 #include "Keelbright/screens/shell/SidebarView.h"
 #include "Keelbright/screens/shell/StateAnnouncer.h"
+#include "Keelbright/screens/shell/UndoCommand.h"
 #include "Keelbright/screens/shell/WindowMenus.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/AlertPresenter.h"
@@ -62,6 +63,9 @@ void MainWindow::makeMenus()
     QAction* quit = file->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     quit->setMenuRole(QAction::QuitRole);
+
+    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+    new UndoCommand(m_context.state.undo(), *edit, *this);
 
     QMenu* view = menuBar()->addMenu(tr("&View"));
     m_sidebarAction = view->addAction(tr("Hide Sidebar"), this, &MainWindow::toggleSidebar);

@@ -167,7 +167,8 @@ void StorageBrowserModel::replaceLastLevel()
 void StorageBrowserModel::trash(const FolderSizeNode& node)
 {
     // The new measurement shows whether it is still there.
-    (void)FileManager::defaultManager().trashItem(node.url);
+    if (const auto trashed = FileManager::defaultManager().trashItem(node.url))
+        m_state.undo().remember(TrashedItems{{*trashed}});
     setPendingDelete(std::nullopt);
     m_shortcuts.lookUp();
     replaceLastLevel();

@@ -33,6 +33,23 @@ class Organizer(Scenario):
         self.assertEqual((entry["kind"], entry["title"], entry["detail"]),
                          ("Organise", "Files organised", "5 files sorted into subfolders in Downloads"))
 
+    def test_puts_everything_back_with_undo(self):
+        downloads = self.machine.home / "Downloads"
+        before = sorted(downloads.iterdir())
+        window = self.start()
+        window.pass_onboarding()
+        window.go_to("Smart Organizer")
+        window.button("Downloads").press()
+        window.label("5 files selected")
+        window.button("Organise Now").press()
+        window.answer("Move 5 files into subfolders?", "Organise")
+        window.label("Already organised!")
+        window.keys(WINDOW, "Control_L", "z")
+        window.label("5 files selected")
+        self.assertEqual(sorted(downloads.iterdir()), before)
+        [entry] = self.machine.activity()
+        self.assertEqual(entry["title"], "Files organised")
+
     def test_leaves_files_that_are_not_ticked(self):
         downloads = self.machine.home / "Downloads"
         window = self.start()
