@@ -250,6 +250,11 @@ class RunningTests(unittest.TestCase):
             process.kill()
         self.wait_until(lambda: not any(is_there(program) for program in programs))
 
+    def test_a_busy_program_ends_where_who_started_it_was_gone_before_it_began(self):
+        with subprocess.Popen(["true"]) as gone:
+            pass
+        subprocess.run(running.busy_while_there(gone.pid), check=False, stderr=subprocess.DEVNULL, timeout=60)
+
     def test_wakeups_of_a_process_are_counted(self):
         with subprocess.Popen(["sh", "-c", "while :; do sleep 0.01; done"]) as process:
             before = window.switches(process.pid)

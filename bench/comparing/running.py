@@ -59,13 +59,19 @@ class Measure:
         return found
 
 
+def busy_while_there(process):
+    """The command of a program that is busy until this process is gone. It is told which one: its own parent
+    may be gone before it could ask who that is."""
+    return ["sh", "-c", 'while kill -0 "$1"; do :; done', "busy", str(process)]
+
+
 @contextlib.contextmanager
 def busy_programs(count):
     """Other programs that would take all of the processors, as long as this lasts. They end by themselves
     where this process is killed and can't end them."""
     with contextlib.ExitStack() as started:
         for _ in range(count):
-            program = started.enter_context(subprocess.Popen(["sh", "-c", "while kill -0 $PPID; do :; done"],
+            program = started.enter_context(subprocess.Popen(busy_while_there(os.getpid()),
                                                              stderr=subprocess.DEVNULL))
             started.callback(program.kill)
         yield
