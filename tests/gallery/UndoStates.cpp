@@ -1,4 +1,5 @@
 #include "Keelbright/state/UndoStore.h"
+#include "Keelbright/widgets/Progress.h"
 #include "tests/gallery/ScreenStates.h"
 #include "tests/gallery/Stage.h"
 
@@ -35,7 +36,10 @@ void playRunning(Stage& stage)
     stage.files.holdNextLookAt(trashed.items.first().origin);
     stage.state().undo().remember(trashed);
     stage.undo();
-    stage.waitUntil([&] { return stage.texts().contains(u"2 of 3"_s); });
+    EXPECT_TRUE(stage.files.waitUntilHeld());
+    const auto* bar = stage.screen().findChild<BarProgress*>();
+    stage.waitUntil([bar] { return bar->fraction() > 0.6; });
+    Stage::turnFrames();
 }
 
 void playCancelled(Stage& stage)

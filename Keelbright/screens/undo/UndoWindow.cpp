@@ -56,6 +56,8 @@ void UndoWindow::showResult(const UndoResult& result)
 {
     m_look.stop();
     m_running = nullptr;
+    setWindowTitle(
+        UndoTexts::action(result.isFromTrash() ? UndoStore::Kind::trash : UndoStore::Kind::organise));
     auto* panel = new UndoResultPanel(result);
     connect(panel, &UndoResultPanel::closePressed, this, &QDialog::accept);
     connect(panel, &UndoResultPanel::copyPressed, this,

@@ -19,8 +19,8 @@ class UndoWindow : public QDialog
     Q_OBJECT
 
 public:
-    static constexpr QSize minimumWindowSize{480, 320};
-    static constexpr QSize startingSize{640, 440};
+    static constexpr QSize minimumWindowSize{520, 400};
+    static constexpr QSize startingSize{640, 460};
 
     /// Shows the undo under way in the store, which outlives the window.
     explicit UndoWindow(UndoStore& store, QWidget* parent = nullptr);

@@ -182,6 +182,7 @@ TEST_F(UndoCommandTests, whatCantGoBackIsShown)
     ASSERT_NE(undoWindow(), nullptr);
     EXPECT_TRUE(undoWindow()->isVisible());
     EXPECT_TRUE(undoWindow()->isModal());
+    EXPECT_EQ(undoWindow()->windowTitle(), u"Undo Move to Trash"_s);
     EXPECT_TRUE(textsIn(*undoWindow()).contains(u"1 item could not be put back."_s));
     EXPECT_TRUE(textsIn(*undoWindow()).contains(u"1 item is back where it was."_s));
     QTest::keyClick(undoWindow(), Qt::Key_Escape);
