@@ -12,6 +12,7 @@
 #include "Keelbright/widgets/MenuButton.h"
 #include "Keelbright/widgets/rows/RowListView.h"
 #include "KeelbrightCore/platform/text/ByteSum.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 #include <QCoreApplication>
 #include <QShowEvent>
@@ -63,9 +64,10 @@ QString ActivityLogView::summaryLine(const QList<ActivityEntry>& entries)
     if (entries.isEmpty())
         return tr("No actions recorded");
     const qint64 total = sumOfBytes(entries, &ActivityEntry::bytesAffected);
-    const QString line =
-        entries.size() == 1 ? tr("%1 action · %2 freed total") : tr("%1 actions · %2 freed total");
-    return line.arg(QString::number(entries.size()), L10n::Formatters::bytes(total));
+    const QString line = entries.size() == 1
+                             ? tr("1 action · %1 freed total")
+                             : tr("%n actions · %1 freed total", nullptr, pluralNumber(entries.size()));
+    return line.arg(L10n::Formatters::bytes(total));
 }
 
 void ActivityLogView::addToolbar()

@@ -3,6 +3,7 @@
 #include "Keelbright/screens/backup/BackupFinishedPanel.h"
 #include "Keelbright/screens/backup/BackupRunningPanel.h"
 #include "Keelbright/state/AppState.h"
+#include "Keelbright/state/StoredTexts.h"
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/Banner.h"
 #include "Keelbright/widgets/DisplayText.h"
@@ -44,7 +45,7 @@ BackupProgressView::BackupProgressView(AppState& state, Workspace& workspace, QW
 QString BackupProgressView::outcome(const BackupEngine& engine)
 {
     if (const auto& error = engine.lastError())
-        return *error;
+        return StoredTexts::shownError(*error);
     if (engine.isCancelled())
         return cancelledText();
     const auto& report = engine.lastReport();
@@ -89,7 +90,7 @@ void BackupProgressView::redrawError()
     const auto& error = m_state.engine().lastError();
     const bool isShown = error && !m_state.engine().isRunning();
     if (isShown)
-        m_error->setTitle(displayText(*error));
+        m_error->setTitle(displayText(StoredTexts::shownError(*error)));
     m_error->setVisible(isShown);
 }
 

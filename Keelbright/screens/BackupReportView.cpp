@@ -5,6 +5,7 @@
 #include "Keelbright/screens/shared/PageSection.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/L10n.h"
+#include "Keelbright/state/StoredTexts.h"
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/Banner.h"
 #include "Keelbright/widgets/Button.h"
@@ -15,6 +16,7 @@
 #include "Keelbright/widgets/StatusCard.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 #include "KeelbrightCore/platform/text/DateFormatter.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -71,10 +73,12 @@ QWidget* makeErrors(const BackupReport& report)
     const QString count = QString::number(report.errors.size());
     auto* banner = new Banner(Role::orange, u"exclamationmark.triangle.fill"_s,
                               BackupReportView::tr("Skipped Files (%1)").arg(count));
-    QStringList lines = report.errors.mid(0, shownErrors);
+    QStringList lines;
+    for (const QString& line : report.errors.mid(0, shownErrors))
+        lines.append(StoredTexts::shownError(line));
     if (report.errors.size() > shownErrors)
-        lines.append(BackupReportView::tr("… and %1 more. See full JSON report on disk.")
-                         .arg(QString::number(report.errors.size() - shownErrors)));
+        lines.append(BackupReportView::tr("… and %n more. See full JSON report on disk.", nullptr,
+                                          pluralNumber(report.errors.size() - shownErrors)));
     banner->setLines(lines);
     return banner;
 }
@@ -160,8 +164,8 @@ QWidget* BackupReportView::makeLocations(const BackupReport& report)
     addRow(tr("Backup Root"), report.destinationPath, u"externaldrive.fill"_s, Role::secondaryText,
            report.destinationPath);
     const QString manifestFolder = FileURL::fromPath(report.manifestPath).deletingLastPathComponent().path();
-    addRow(tr("Recovery Manifest"), report.manifestPath, u"doc.badge.checkmark"_s, Role::teal,
-           manifestFolder);
+    const QString manifest = report.manifestPath == u"Failed"_s ? tr("Failed") : report.manifestPath;
+    addRow(tr("Recovery Manifest"), manifest, u"doc.badge.checkmark"_s, Role::teal, manifestFolder);
     section->content()->addWidget(rows);
     return section;
 }

@@ -11,6 +11,7 @@
 #include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/BottomBar.h"
 #include "Keelbright/widgets/Button.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 #include <QHBoxLayout>
 #include <QShortcut>
@@ -120,12 +121,11 @@ void JunkCleanerView::redraw()
 void JunkCleanerView::redrawBottomBar()
 {
     const qsizetype selected = m_vm.selectedItemIDs().size();
-    const QString count = QString::number(selected);
     if (selected == 0)
         m_selection->setSelection(tr("Nothing selected"), {});
     else
-        m_selection->setSelection(selected == 1 ? tr("%1 item selected").arg(count)
-                                                : tr("%1 items selected").arg(count),
+        m_selection->setSelection(selected == 1 ? tr("1 item selected")
+                                                : tr("%n items selected", nullptr, pluralNumber(selected)),
                                   selectedSize());
     m_toggleAll->setCaption(selected == 0 ? tr("Select All") : tr("Deselect All"));
     // The items of the last scan are hidden, and the next result replaces them.
@@ -150,10 +150,9 @@ QString JunkCleanerView::selectedSize() const
 void JunkCleanerView::ask()
 {
     const qsizetype selected = m_vm.selectedItemIDs().size();
-    const QString count = QString::number(selected);
     const AlertRequest request{
-        .title = selected == 1 ? tr("Move %1 item to Trash?").arg(count)
-                               : tr("Move %1 items to Trash?").arg(count),
+        .title = selected == 1 ? tr("Move 1 item to Trash?")
+                               : tr("Move %n items to Trash?", nullptr, pluralNumber(selected)),
         .message = tr("Selected junk (%1) will be moved to Trash. Nothing is permanently deleted — you can "
                       "restore from Trash if needed.")
                        .arg(selectedSize()),
@@ -174,12 +173,12 @@ void JunkCleanerView::clean()
     m_vm.clean();
     // What could not be moved stays selected.
     const qsizetype moved = selected - m_vm.selectedItemIDs().size();
-    const QString count = QString::number(moved);
     if (moved < selected)
-        say(*this, tr("%1 of %2 items moved to Trash").arg(count, QString::number(selected)));
-    else
         say(*this,
-            moved == 1 ? tr("%1 item moved to Trash").arg(count) : tr("%1 items moved to Trash").arg(count));
+            tr("%1 of %n items moved to Trash", nullptr, pluralNumber(selected)).arg(QString::number(moved)));
+    else
+        say(*this, moved == 1 ? tr("1 item moved to Trash")
+                              : tr("%n items moved to Trash", nullptr, pluralNumber(moved)));
 }
 
 } // namespace keelbright

@@ -29,18 +29,20 @@ struct Step
 };
 
 constexpr std::array steps{
-    Step{"doc.fill"_L1, Role::accent, QT_TRANSLATE_NOOP("NewMacRecoveryView", "Restore personal files"),
-         QT_TRANSLATE_NOOP("NewMacRecoveryView",
+    Step{"doc.fill"_L1, Role::accent,
+         QT_TRANSLATE_NOOP("keelbright::NewMacRecoveryView", "Restore personal files"),
+         QT_TRANSLATE_NOOP("keelbright::NewMacRecoveryView",
                            "Open your backup drive and copy Personal Files back to your new Mac manually, "
                            "or use the Restore Browser.")},
     Step{"terminal.fill"_L1, Role::purple,
-         QT_TRANSLATE_NOOP("NewMacRecoveryView", "Rebuild your app environment"),
-         QT_TRANSLATE_NOOP("NewMacRecoveryView",
+         QT_TRANSLATE_NOOP("keelbright::NewMacRecoveryView", "Rebuild your app environment"),
+         QT_TRANSLATE_NOOP("keelbright::NewMacRecoveryView",
                            "Use the recovery manifest to see which apps were installed. Reinstall via Mac "
                            "App Store, Homebrew, or direct download. Keel Bright does not restore app "
                            "binaries.")},
-    Step{"checklist"_L1, Role::teal, QT_TRANSLATE_NOOP("NewMacRecoveryView", "Review your setup checklist"),
-         QT_TRANSLATE_NOOP("NewMacRecoveryView",
+    Step{"checklist"_L1, Role::teal,
+         QT_TRANSLATE_NOOP("keelbright::NewMacRecoveryView", "Review your setup checklist"),
+         QT_TRANSLATE_NOOP("keelbright::NewMacRecoveryView",
                            "The manifest includes dotfile presence and shell info. Re-apply .zshrc, "
                            ".gitconfig, and SSH keys from your backup.")},
 };

@@ -9,6 +9,7 @@
 #include "Keelbright/state/NotificationCenter.h"
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "Keelbright/widgets/DisplayText.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 #include <QVBoxLayout>
 
@@ -100,11 +101,10 @@ void OrganizerView::rescan()
 void OrganizerView::ask()
 {
     const qsizetype selected = m_vm.selectedFiles().size();
-    const QString count = QString::number(selected);
     const auto& folder = m_vm.targetFolder();
     const AlertRequest request{
-        .title = selected == 1 ? tr("Move %1 file into subfolders?").arg(count)
-                               : tr("Move %1 files into subfolders?").arg(count),
+        .title = selected == 1 ? tr("Move 1 file into subfolders?")
+                               : tr("Move %n files into subfolders?", nullptr, pluralNumber(selected)),
         .message = tr("Files will be moved into named subfolders inside \"%1\". This can be undone in Finder "
                       "(⌘Z).")
                        .arg(folder ? displayText(folder->lastPathComponent()) : tr("the folder")),

@@ -32,21 +32,22 @@ struct NotBackedUp
 };
 
 constexpr std::array notBackedUp{
-    NotBackedUp{QT_TRANSLATE_NOOP("ProtectedItemsView", "Application binaries"),
-                QT_TRANSLATE_NOOP("ProtectedItemsView",
+    NotBackedUp{QT_TRANSLATE_NOOP("keelbright::ProtectedItemsView", "Application binaries"),
+                QT_TRANSLATE_NOOP("keelbright::ProtectedItemsView",
                                   "The actual .app bundles in /Applications are not copied. Use Mac App "
                                   "Store or Homebrew to reinstall.")},
-    NotBackedUp{
-        QT_TRANSLATE_NOOP("ProtectedItemsView", "macOS system files"),
-        QT_TRANSLATE_NOOP("ProtectedItemsView", "No system libraries, frameworks, or OS-level data.")},
-    NotBackedUp{QT_TRANSLATE_NOOP("ProtectedItemsView", "node_modules, .git, build folders"),
-                QT_TRANSLATE_NOOP("ProtectedItemsView", "Auto-generated and reproducible — excluded to keep "
-                                                        "backups fast and lean.")},
-    NotBackedUp{
-        QT_TRANSLATE_NOOP("ProtectedItemsView", ".dmg, .pkg, .iso, .tmp files"),
-        QT_TRANSLATE_NOOP("ProtectedItemsView", "Installers and temp files are skipped automatically.")},
-    NotBackedUp{QT_TRANSLATE_NOOP("ProtectedItemsView", "Hidden and inaccessible files"),
-                QT_TRANSLATE_NOOP("ProtectedItemsView",
+    NotBackedUp{QT_TRANSLATE_NOOP("keelbright::ProtectedItemsView", "macOS system files"),
+                QT_TRANSLATE_NOOP("keelbright::ProtectedItemsView",
+                                  "No system libraries, frameworks, or OS-level data.")},
+    NotBackedUp{QT_TRANSLATE_NOOP("keelbright::ProtectedItemsView", "node_modules, .git, build folders"),
+                QT_TRANSLATE_NOOP("keelbright::ProtectedItemsView",
+                                  "Auto-generated and reproducible — excluded to keep "
+                                  "backups fast and lean.")},
+    NotBackedUp{QT_TRANSLATE_NOOP("keelbright::ProtectedItemsView", ".dmg, .pkg, .iso, .tmp files"),
+                QT_TRANSLATE_NOOP("keelbright::ProtectedItemsView",
+                                  "Installers and temp files are skipped automatically.")},
+    NotBackedUp{QT_TRANSLATE_NOOP("keelbright::ProtectedItemsView", "Hidden and inaccessible files"),
+                QT_TRANSLATE_NOOP("keelbright::ProtectedItemsView",
                                   "Files without read permission or behind SIP are skipped safely.")},
 };
 

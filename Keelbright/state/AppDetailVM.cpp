@@ -1,6 +1,7 @@
 #include "Keelbright/state/AppDetailVM.h"
 
 #include "Keelbright/state/Delivery.h"
+#include "Keelbright/state/StoredTexts.h"
 #include "KeelbrightCore/apps/AppLeftoversScanner.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/system/Cancellation.h"
@@ -95,9 +96,8 @@ void AppDetailVM::removeApp()
     const qsizetype count = m_leftovers.size();
     for (const AppLeftover& leftover : m_leftovers)
         moveToTrash(leftover.url, moved);
-    const QString detail = count == 1 ? tr("App + %1 leftover file moved to Trash")
-                                      : tr("App + %1 leftover files moved to Trash");
-    logRemoval(detail.arg(QString::number(count)), bytes, count + 1);
+    const char* detail = count == 1 ? StoredTexts::appAndFileTrashed : StoredTexts::appAndFilesTrashed;
+    logRemoval(StoredTexts::stored(detail, {QString::number(count)}), bytes, count + 1);
     Q_EMIT trashed(moved);
     Q_EMIT removed(m_app);
 }
@@ -105,7 +105,7 @@ void AppDetailVM::removeApp()
 void AppDetailVM::removeAppOnly()
 {
     const TrashedItems moved = moveApplicationToTrash(m_app.url);
-    logRemoval(tr("App bundle moved to Trash"), 0, 1);
+    logRemoval(StoredTexts::stored(StoredTexts::appTrashed), 0, 1);
     Q_EMIT trashed(moved);
     Q_EMIT removed(m_app);
 }
@@ -116,7 +116,7 @@ void AppDetailVM::logRemoval(const QString& detail, qint64 bytes, qint64 items) 
         .id = QUuid::createUuid(),
         .timestamp = m_clock(),
         .kind = ActivityEntry::Kind::appRemove,
-        .title = tr("%1 removed").arg(m_app.name),
+        .title = StoredTexts::stored(StoredTexts::appRemoved, {m_app.name}),
         .detail = detail,
         .bytesAffected = bytes,
         .itemCount = items,

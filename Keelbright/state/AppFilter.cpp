@@ -31,13 +31,13 @@ QString rawValue(SortOption option)
 {
     switch (option) {
     case SortOption::usagePriority:
-        return u"Cleanup Priority"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("SortOption", "Cleanup Priority"));
     case SortOption::lastUsed:
-        return u"Last Used"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("SortOption", "Last Used"));
     case SortOption::name:
-        return u"Name"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("SortOption", "Name"));
     case SortOption::useCount:
-        return u"Times Used"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("SortOption", "Times Used"));
     }
     return {};
 }

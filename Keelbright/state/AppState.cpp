@@ -1,10 +1,12 @@
 #include "Keelbright/state/AppState.h"
 
 #include "Keelbright/state/DefaultFolders.h"
+#include "Keelbright/state/StoredTexts.h"
 #include "KeelbrightCore/backup/PreflightService.h"
 #include "KeelbrightCore/platform/system/Logging.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 #include "KeelbrightCore/platform/system/WaitForMemory.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 
 #include <utility>
@@ -227,11 +229,10 @@ void AppState::handleEngineCompletion()
     setLastReport(report);
     setLastBackupTime(report.completedAt);
     const bool hasErrors = !report.errors.isEmpty();
-    const QString withWarnings = tr("Backup completed with warnings");
     if (hasErrors)
-        setAlerts({RiskAlert(withWarnings,
-                             tr("%1 file(s) were skipped. View the report for details.")
-                                 .arg(QString::number(report.errors.size())),
+        setAlerts({RiskAlert(tr("Backup completed with warnings"),
+                             tr("%n file(s) were skipped. View the report for details.", nullptr,
+                                pluralNumber(report.errors.size())),
                              RiskAlert::Severity::medium)});
     else
         setAlerts({});
@@ -240,8 +241,10 @@ void AppState::handleEngineCompletion()
         .id = QUuid::createUuid(),
         .timestamp = now(),
         .kind = ActivityEntry::Kind::backup,
-        .title = hasErrors ? withWarnings : tr("Backup completed"),
-        .detail = tr("%1 files · %2").arg(QString::number(report.filesCopied), report.copiedSizeFormatted()),
+        .title =
+            StoredTexts::stored(hasErrors ? StoredTexts::backupWithWarnings : StoredTexts::backupCompleted),
+        .detail = StoredTexts::stored(StoredTexts::filesBackedUp,
+                                      {QString::number(report.filesCopied), report.copiedSizeFormatted()}),
         .bytesAffected = report.bytesCopied,
         .itemCount = report.filesCopied,
     });

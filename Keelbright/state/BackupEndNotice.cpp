@@ -2,6 +2,8 @@
 
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/Notifier.h"
+#include "Keelbright/state/StoredTexts.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 #include <QPointer>
 #include <utility>
@@ -38,12 +40,12 @@ void BackupEndNotice::showEnd()
     if (report) {
         const QString title =
             report->errors.isEmpty() ? tr("Backup completed") : tr("Backup completed with warnings");
-        const QString text =
-            tr("%1 files · %2").arg(QString::number(report->filesCopied), report->copiedSizeFormatted());
+        const QString text = tr("%n files · %1", nullptr, pluralNumber(report->filesCopied))
+                                 .arg(report->copiedSizeFormatted());
         m_notifier.show({title, text}, [showScreen] { showScreen(Screen::backupReport); });
     } else if (error) {
         // The progress screen has the reason.
-        m_notifier.show({tr("Backup could not start"), *error},
+        m_notifier.show({tr("Backup could not start"), StoredTexts::shownError(*error)},
                         [showScreen] { showScreen(Screen::backupProgress); });
     }
 }

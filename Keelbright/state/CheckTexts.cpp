@@ -1,5 +1,7 @@
 #include "Keelbright/state/CheckTexts.h"
 
+#include "KeelbrightCore/platform/text/PluralNumber.h"
+
 #include <QCoreApplication>
 #include <QLocale>
 #include <algorithm>
@@ -8,61 +10,69 @@ namespace keelbright::CheckTexts {
 
 namespace {
 
-QString tr(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("CheckTexts", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(CheckTexts)
+};
 
 /// A sentence about some files, in the singular or in the plural with their number.
 QString counted(qint64 count, const char* one, const char* many)
 {
-    return count == 1 ? tr(one) : tr(many).arg(number(count));
+    return count == 1 ? Texts::tr(one) : Texts::tr(many, nullptr, pluralNumber(count));
 }
 
 QString damaged(const CheckReport& report, const QString& drive)
 {
-    const QString all = number(report.checked);
     if (report.checked == 1)
-        return tr("The only copy on %1 is damaged or can't be read.").arg(drive);
+        return Texts::tr("The only copy on %1 is damaged or can't be read.").arg(drive);
     if (report.faults() == 1)
-        return tr("1 of %1 copies on %2 is damaged or can't be read.").arg(all, drive);
-    return tr("%1 of %2 copies on %3 are damaged or can't be read.").arg(number(report.faults()), all, drive);
+        return Texts::tr("1 of %Ln copies on %1 is damaged or can't be read.", nullptr,
+                         pluralNumber(report.checked))
+            .arg(drive);
+    return Texts::tr("%Ln of %1 copies on %2 are damaged or can't be read.", nullptr,
+                     pluralNumber(report.faults()))
+        .arg(number(report.checked), drive);
 }
 
 QString sound(const CheckReport& report, const QString& drive)
 {
     const qint64 count = report.checked;
-    const QString all = number(count);
+    const int all = pluralNumber(count);
     if (count == 0)
-        return report.isAgainstList ? tr("The list has no copies on %1.").arg(drive)
-                                    : tr("There are no copies on %1 yet.").arg(drive);
+        return report.isAgainstList ? Texts::tr("The list has no copies on %1.").arg(drive)
+                                    : Texts::tr("There are no copies on %1 yet.").arg(drive);
     const bool areAllSame = report.count(CopyVerdict::same) == count;
     if (areAllSame && report.isAgainstList)
-        return count == 1
-                   ? tr("The only copy on %1 is readable and equal to its checksum.").arg(drive)
-                   : tr("All %1 copies on %2 are readable and equal to their checksums.").arg(all, drive);
+        return count == 1 ? Texts::tr("The only copy on %1 is readable and equal to its checksum.").arg(drive)
+                          : Texts::tr("All %Ln copies on %1 are readable and equal to their checksums.",
+                                      nullptr, all)
+                                .arg(drive);
     if (areAllSame)
-        return count == 1
-                   ? tr("The only copy on %1 is readable and equal to its original.").arg(drive)
-                   : tr("All %1 copies on %2 are readable and equal to their originals.").arg(all, drive);
+        return count == 1 ? Texts::tr("The only copy on %1 is readable and equal to its original.").arg(drive)
+                          : Texts::tr("All %Ln copies on %1 are readable and equal to their originals.",
+                                      nullptr, all)
+                                .arg(drive);
     if (count == 1)
-        return tr("The only copy on %1 is readable.").arg(drive);
-    return tr("All %1 copies on %2 are readable, and none is damaged.").arg(all, drive);
+        return Texts::tr("The only copy on %1 is readable.").arg(drive);
+    return Texts::tr("All %Ln copies on %1 are readable, and none is damaged.", nullptr, all).arg(drive);
 }
 
 /// For a check that did not come to its end.
 QString broken(const CheckReport& report, const QString& drive)
 {
     const QString checked = number(report.checked);
-    const QString all = number(std::max(report.copies, report.checked));
-    const QString start = report.end == CheckReport::End::driveGone
-                              ? tr("%1 was removed after %2 of %3 copies had been checked.")
-                              : tr("The check of %1 was cancelled after %2 of %3 copies.");
-    const QString found = report.faults() == 0
-                              ? tr("No fault was found until then.")
-                              : counted(report.faults(), "1 of them is damaged or can't be read.",
-                                        "%1 of them are damaged or can't be read.");
-    return tr("%1 %2").arg(start.arg(drive, checked, all), found);
+    const int all = pluralNumber(std::max(report.copies, report.checked));
+    const QString start =
+        report.end == CheckReport::End::driveGone
+            ? Texts::tr("%1 was removed after %2 of %Ln copies had been checked.", nullptr, all)
+            : Texts::tr("The check of %1 was cancelled after %2 of %Ln copies.", nullptr, all);
+    const QString found =
+        report.faults() == 0
+            ? Texts::tr("No fault was found until then.")
+            : counted(report.faults(),
+                      QT_TRANSLATE_NOOP("CheckTexts", "1 of them is damaged or can't be read."),
+                      QT_TRANSLATE_N_NOOP("CheckTexts", "%Ln of them are damaged or can't be read."));
+    return Texts::tr("%1 %2").arg(start.arg(drive, checked), found);
 }
 
 } // namespace
@@ -85,8 +95,9 @@ QString driveName(const FileURL& deviceFolder)
 QString headline(const CheckReport& report)
 {
     if (report.end == CheckReport::End::failed)
-        return report.error ? tr("The copies can't be checked: %1").arg(report.error->localizedDescription())
-                            : tr("The copies can't be checked.");
+        return report.error
+                   ? Texts::tr("The copies can't be checked: %1").arg(report.error->localizedDescription())
+                   : Texts::tr("The copies can't be checked.");
     const QString drive = driveName(report.deviceFolder);
     if (report.end != CheckReport::End::complete)
         return broken(report, drive);
@@ -104,29 +115,36 @@ QStringList details(const CheckReport& report)
     };
     if (report.faults() > 0 && !report.isAgainstList)
         lines.append(
-            tr("The next backup replaces damaged copies by new ones wherever there is an original."));
+            Texts::tr("The next backup replaces damaged copies by new ones wherever there is an original."));
     if (report.isAgainstList) {
         add(report.count(CopyVerdict::changedSince),
-            "1 copy was written after the list, so it was only read.",
-            "%1 copies were written after the list, so they were only read.");
-        add(report.count(CopyVerdict::onlyOnDrive), "1 copy is not in the list, so it was not read.",
-            "%1 copies are not in the list, so they were not read.");
-        add(report.unknownLines, "1 line of the list can't be understood.",
-            "%1 lines of the list can't be understood.");
+            QT_TRANSLATE_NOOP("CheckTexts", "1 copy was written after the list, so it was only read."),
+            QT_TRANSLATE_N_NOOP("CheckTexts",
+                                "%Ln copies were written after the list, so they were only read."));
+        add(report.count(CopyVerdict::onlyOnDrive),
+            QT_TRANSLATE_NOOP("CheckTexts", "1 copy is not in the list, so it was not read."),
+            QT_TRANSLATE_N_NOOP("CheckTexts", "%Ln copies are not in the list, so they were not read."));
+        add(report.unknownLines, QT_TRANSLATE_NOOP("CheckTexts", "1 line of the list can't be understood."),
+            QT_TRANSLATE_N_NOOP("CheckTexts", "%Ln lines of the list can't be understood."));
     } else {
-        add(report.count(CopyVerdict::changedSince), "1 original has changed since it was copied.",
-            "%1 originals have changed since they were copied.");
-        add(report.count(CopyVerdict::onlyOnDrive), "1 copy has no original any more.",
-            "%1 copies have no original any more.");
+        add(report.count(CopyVerdict::changedSince),
+            QT_TRANSLATE_NOOP("CheckTexts", "1 original has changed since it was copied."),
+            QT_TRANSLATE_N_NOOP("CheckTexts", "%Ln originals have changed since they were copied."));
+        add(report.count(CopyVerdict::onlyOnDrive),
+            QT_TRANSLATE_NOOP("CheckTexts", "1 copy has no original any more."),
+            QT_TRANSLATE_N_NOOP("CheckTexts", "%Ln copies have no original any more."));
         add(report.count(CopyVerdict::originalUnreadable),
-            "1 original could not be read, so its copy was not compared.",
-            "%1 originals could not be read, so their copies were not compared.");
-        add(report.count(CopyVerdict::notBackedUp), "1 file is not backed up yet.",
-            "%1 files are not backed up yet.");
+            QT_TRANSLATE_NOOP("CheckTexts", "1 original could not be read, so its copy was not compared."),
+            QT_TRANSLATE_N_NOOP("CheckTexts",
+                                "%Ln originals could not be read, so their copies were not compared."));
+        add(report.count(CopyVerdict::notBackedUp),
+            QT_TRANSLATE_NOOP("CheckTexts", "1 file is not backed up yet."),
+            QT_TRANSLATE_N_NOOP("CheckTexts", "%Ln files are not backed up yet."));
     }
     if (!report.isFromDrive && report.checked > 0)
-        lines.append(tr("This drive can't be read past a computer's memory, so copies may have been read "
-                        "from there."));
+        lines.append(
+            Texts::tr("This drive can't be read past a computer's memory, so copies may have been read "
+                      "from there."));
     return lines;
 }
 
@@ -143,11 +161,11 @@ QString reason(const CheckFinding& finding)
     case CheckFinding::Reason::system:
         break;
     case CheckFinding::Reason::differsFromSource:
-        return tr("It differs from its original, which has not changed since the backup.");
+        return Texts::tr("It differs from its original, which has not changed since the backup.");
     case CheckFinding::Reason::differsFromList:
-        return tr("It differs from its checksum, and was not written since.");
+        return Texts::tr("It differs from its checksum, and was not written since.");
     case CheckFinding::Reason::readInTwoWays:
-        return tr("It gave different data when it was read twice.");
+        return Texts::tr("It gave different data when it was read twice.");
     }
     return finding.error ? finding.error->localizedDescription() : QString();
 }
@@ -165,12 +183,14 @@ QString remaining(qint64 seconds)
     constexpr qint64 minute = 60;
     constexpr qint64 hour = 60 * minute;
     if (seconds < minute)
-        return tr("Under a minute");
+        return Texts::tr("Under a minute");
     if (seconds < hour - minute / 2) {
         const qint64 minutes = (seconds + minute / 2) / minute;
-        return counted(minutes, "1 minute", "%1 minutes");
+        return counted(minutes, QT_TRANSLATE_NOOP("CheckTexts", "1 minute"),
+                       QT_TRANSLATE_N_NOOP("CheckTexts", "%Ln minutes"));
     }
-    return counted((seconds + hour / 2) / hour, "1 hour", "%1 hours");
+    return counted((seconds + hour / 2) / hour, QT_TRANSLATE_NOOP("CheckTexts", "1 hour"),
+                   QT_TRANSLATE_N_NOOP("CheckTexts", "%Ln hours"));
 }
 
 } // namespace keelbright::CheckTexts

@@ -1,6 +1,7 @@
 #include "Keelbright/state/JunkCleanerVM.h"
 
 #include "Keelbright/state/Delivery.h"
+#include "Keelbright/state/StoredTexts.h"
 #include "KeelbrightCore/health/JunkScanner.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/records/ActivityStore.h"
@@ -124,14 +125,14 @@ void JunkCleanerVM::clean()
 /// The bytes include what could not be moved, and the categories those of which nothing was selected.
 void JunkCleanerVM::logClean(qint64 selectedBytes, qsizetype removedCount) const
 {
-    const QString detail =
-        removedCount == 1 ? tr("%1 item across %2 categories") : tr("%1 items across %2 categories");
+    const char* detail = removedCount == 1 ? StoredTexts::itemTrashed : StoredTexts::itemsTrashed;
     m_activityStore.append({
         .id = QUuid::createUuid(),
         .timestamp = m_clock(),
         .kind = ActivityEntry::Kind::clean,
-        .title = tr("Junk files moved to Trash"),
-        .detail = detail.arg(QString::number(removedCount), QString::number(categories().size())),
+        .title = StoredTexts::stored(StoredTexts::junkTrashed),
+        .detail = StoredTexts::stored(detail,
+                                      {QString::number(removedCount), QString::number(categories().size())}),
         .bytesAffected = selectedBytes,
         .itemCount = removedCount,
     });

@@ -3,6 +3,7 @@
 #include "Keelbright/state/Delivery.h"
 #include "Keelbright/state/FolderChooser.h"
 #include "Keelbright/state/L10n.h"
+#include "Keelbright/state/StoredTexts.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 #include "KeelbrightCore/records/ActivityStore.h"
@@ -153,17 +154,18 @@ void OrganizerVM::execute()
 
 void OrganizerVM::logRun(qint64 moved, qint64 bytes) const
 {
-    const QString count = QString::number(moved);
-    QString detail = moved == 1 ? tr("%1 file sorted into subfolders").arg(count)
-                                : tr("%1 files sorted into subfolders").arg(count);
-    if (m_targetFolder)
-        detail = tr("%1 in %2").arg(detail, m_targetFolder->lastPathComponent());
+    const char* detail = moved == 1 ? StoredTexts::fileSorted : StoredTexts::filesSorted;
+    QStringList values{QString::number(moved)};
+    if (m_targetFolder) {
+        detail = moved == 1 ? StoredTexts::fileSortedIn : StoredTexts::filesSortedIn;
+        values.append(m_targetFolder->lastPathComponent());
+    }
     m_activityStore.append({
         .id = QUuid::createUuid(),
         .timestamp = m_clock(),
         .kind = ActivityEntry::Kind::organise,
-        .title = tr("Files organised"),
-        .detail = detail,
+        .title = StoredTexts::stored(StoredTexts::filesOrganised),
+        .detail = StoredTexts::stored(detail, values),
         .bytesAffected = bytes,
         .itemCount = moved,
     });

@@ -1,6 +1,7 @@
 #include "KeelbrightCore/apps/AppInfo.h"
 
 #include "KeelbrightCore/platform/text/DateFormatter.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -66,7 +67,7 @@ public:
             return {UsageCategory::forgotten, hardlyOpenedDescription()};
         if (!m_daysSinceUsed) {
             return {UsageCategory::unknown,
-                    tr("Opened %1 times — usage timing unknown.").arg(decimal(m_useCount))};
+                    tr("Opened %n times — usage timing unknown.", nullptr, pluralNumber(m_useCount))};
         }
         if (*m_daysSinceUsed <= 13)
             return {UsageCategory::dailyDriver, dailyDescription(*m_daysSinceUsed)};
@@ -75,7 +76,9 @@ public:
 
     static QString daysAgo(qint64 count)
     {
-        return (count == 1 ? tr("%1 day ago") : tr("%1 days ago")).arg(decimal(count));
+        // Not "%n": a date in the future gives a negative number.
+        return (count == 1 ? tr("%1 day ago") : tr("%1 days ago", nullptr, pluralNumber(count)))
+            .arg(decimal(count));
     }
 
 private:
@@ -85,32 +88,39 @@ private:
         const double monthsInstalled = std::max(static_cast<double>(m_daysSinceAdded) / 30.0, 1.0);
         const double perMonth = static_cast<double>(m_useCount) / monthsInstalled;
         const QString uses = decimal(m_useCount);
-        const QString monthsSinceUsed = decimal(daysSinceUsed / daysPerMonth);
+        const qint64 months = daysSinceUsed / daysPerMonth;
+        const QString monthsSinceUsed = decimal(months);
         if (daysSinceUsed >= 61 && perMonth >= 4.0) {
             return {UsageCategory::seasonal,
-                    tr("Used heavily before (%1 times, ~%2/mo). Dormant for %3 months.")
+                    tr("Used heavily before (%1 times, ~%2/mo). Dormant for %3 months.", nullptr,
+                       pluralNumber(months))
                         .arg(uses, rounded(perMonth), monthsSinceUsed)};
         }
         if (daysSinceUsed >= 91 && perMonth >= 1.5) {
-            return {UsageCategory::seasonal,
-                    tr("Used regularly (%1 times total). Dormant for %2 months.").arg(uses, monthsSinceUsed)};
+            return {UsageCategory::seasonal, tr("Used regularly (%1 times total). Dormant for %2 months.",
+                                                nullptr, pluralNumber(months))
+                                                 .arg(uses, monthsSinceUsed)};
         }
         if (daysSinceUsed >= 91) {
             // The unrounded number decides on the plural: 1.6 months read "2 month".
             const QString text = monthsInstalled < 2.0
                                      ? tr("Opened %1 times in %2 month. Last used %3 months ago.")
-                                     : tr("Opened %1 times in %2 months. Last used %3 months ago.");
+                                     : tr("Opened %1 times in %2 months. Last used %3 months ago.", nullptr,
+                                          pluralNumber(months));
             return {UsageCategory::forgotten, text.arg(uses, rounded(monthsInstalled), monthsSinceUsed)};
         }
-        const QString text = daysSinceUsed >= 31 ? tr("Opened %1 times total. Last used %2 days ago.")
-                                                 : tr("Opened %1 times. Last used %2 days ago.");
+        const QString text =
+            daysSinceUsed >= 31
+                ? tr("Opened %1 times total. Last used %2 days ago.", nullptr, pluralNumber(daysSinceUsed))
+                : tr("Opened %1 times. Last used %2 days ago.", nullptr, pluralNumber(daysSinceUsed));
         return {UsageCategory::occasional, text.arg(uses, decimal(daysSinceUsed))};
     }
 
     [[nodiscard]] QString newDescription() const
     {
         const QString text = m_daysSinceAdded == 1 ? tr("Installed %1 day ago — too early to judge.")
-                                                   : tr("Installed %1 days ago — too early to judge.");
+                                                   : tr("Installed %1 days ago — too early to judge.",
+                                                        nullptr, pluralNumber(m_daysSinceAdded));
         return text.arg(decimal(m_daysSinceAdded));
     }
 
@@ -123,7 +133,7 @@ private:
 
     [[nodiscard]] QString dailyDescription(qint64 daysSinceUsed) const
     {
-        return tr("Used %1 times — last opened %2.")
+        return tr("Used %1 times — last opened %2.", nullptr, pluralNumber(m_useCount))
             .arg(decimal(m_useCount), daysSinceUsed == 0 ? tr("today") : daysAgo(daysSinceUsed));
     }
 
@@ -146,17 +156,17 @@ QString rawValue(UsageCategory category)
 {
     switch (category) {
     case UsageCategory::dailyDriver:
-        return u"Active"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("UsageCategory", "Active"));
     case UsageCategory::seasonal:
-        return u"Was Important"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("UsageCategory", "Was Important"));
     case UsageCategory::occasional:
-        return u"Occasional"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("UsageCategory", "Occasional"));
     case UsageCategory::forgotten:
-        return u"Rarely Used"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("UsageCategory", "Rarely Used"));
     case UsageCategory::new_:
-        return u"New"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("UsageCategory", "New"));
     case UsageCategory::unknown:
-        return u"Unknown"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("UsageCategory", "Unknown"));
     }
     Q_UNREACHABLE();
 }
@@ -190,28 +200,27 @@ AppInfo::AppInfo(AppFacts facts, const QDateTime& now)
 
 QString AppInfo::lastUsedFormatted(const QDateTime& now) const
 {
-    const auto tr = [](const char* text) { return QCoreApplication::translate("AppInfo", text); };
     if (!lastUsedDate)
-        return tr("Never");
+        return Analysis::tr("Never");
     const qint64 count = days(*lastUsedDate, now);
     if (count == 0)
-        return tr("Today");
+        return Analysis::tr("Today");
     if (count == 1)
-        return tr("Yesterday");
+        return Analysis::tr("Yesterday");
     if (count <= 29)
         return Analysis::daysAgo(count);
     if (count < daysPerYear) {
-        const QString text = count >= 2 * daysPerMonth ? tr("%1 months ago") : tr("%1 month ago");
-        return text.arg(decimal(count / daysPerMonth));
+        const int months = pluralNumber(count / daysPerMonth);
+        return months > 1 ? Analysis::tr("%n months ago", nullptr, months) : Analysis::tr("1 month ago");
     }
-    const QString text = count >= 2 * daysPerYear ? tr("%1 years ago") : tr("%1 year ago");
-    return text.arg(decimal(count / daysPerYear));
+    const int years = pluralNumber(count / daysPerYear);
+    return years > 1 ? Analysis::tr("%n years ago", nullptr, years) : Analysis::tr("1 year ago");
 }
 
 QString AppInfo::installedFormatted() const
 {
     if (!dateAdded)
-        return QCoreApplication::translate("AppInfo", "Unknown");
+        return Analysis::tr("Unknown");
     return DateFormatter::string(*dateAdded, DateFormatter::Style::medium, DateFormatter::Style::none);
 }
 

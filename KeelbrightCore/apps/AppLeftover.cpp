@@ -17,19 +17,19 @@ QString AppLeftover::rawValue(Kind kind)
 {
     switch (kind) {
     case Kind::preferences:
-        return u"Preferences"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("AppLeftover", "Preferences"));
     case Kind::cache:
-        return u"Cache"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("AppLeftover", "Cache"));
     case Kind::support:
-        return u"App Support"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("AppLeftover", "App Support"));
     case Kind::container:
-        return u"Container"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("AppLeftover", "Container"));
     case Kind::savedState:
-        return u"Saved State"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("AppLeftover", "Saved State"));
     case Kind::launchAgent:
-        return u"Launch Agent"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("AppLeftover", "Launch Agent"));
     case Kind::other:
-        return u"Other"_s;
+        return QStringLiteral(QT_TRANSLATE_NOOP("AppLeftover", "Other"));
     }
     Q_UNREACHABLE();
 }

@@ -3,6 +3,7 @@
 #include "KeelbrightCore/health/ElapsedDays.h"
 #include "KeelbrightCore/platform/text/ByteCountFormatter.h"
 #include "KeelbrightCore/platform/text/ByteSum.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -18,10 +19,10 @@ namespace {
 
 constexpr qsizetype maximumOfAKind = 5;
 
-QString tr(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("FullScanService", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(FullScanService)
+};
 
 QString decimal(qint64 number)
 {
@@ -43,8 +44,8 @@ ScanFinding junkFinding(const JunkCategory& category)
     return {
         .category = ScanFinding::Category::junk,
         .title = category.title,
-        .detail = tr("%1 items taking up %2")
-                      .arg(decimal(category.items.size()), ByteCountFormatter::string(bytes)),
+        .detail = Texts::tr("%n items taking up %1", nullptr, pluralNumber(category.items.size()))
+                      .arg(ByteCountFormatter::string(bytes)),
         .sizeBytes = bytes,
         .action = ScanFinding::NavigateTo{u"Junk Cleaner"_s},
         .severity = junkSeverity(bytes),
@@ -82,19 +83,23 @@ ScanFinding backupFinding(const std::optional<QDateTime>& lastBackupTime, const 
         };
     };
     if (!lastBackupTime) {
-        return finding(tr("No backup on record"), tr("Your files have never been backed up."),
+        return finding(Texts::tr("No backup on record"), Texts::tr("Your files have never been backed up."),
                        Severity::high);
     }
     const qint64 days = wholeElapsedDays(*lastBackupTime, now);
     if (days == 0)
-        return finding(tr("Backup is current"), tr("Last backed up today."), Severity::low);
+        return finding(Texts::tr("Backup is current"), Texts::tr("Last backed up today."), Severity::low);
     if (days <= 3) {
-        const QString text = days == 1 ? tr("Last backed up %1 day ago.") : tr("Last backed up %1 days ago.");
-        return finding(tr("Backup is recent"), text.arg(decimal(days)), Severity::low);
+        // Not "%n": a clock that was set back gives a negative number.
+        const QString text = days == 1
+                                 ? Texts::tr("Last backed up %1 day ago.")
+                                 : Texts::tr("Last backed up %1 days ago.", nullptr, pluralNumber(days));
+        return finding(Texts::tr("Backup is recent"), text.arg(decimal(days)), Severity::low);
     }
-    return finding(tr("Backup overdue"),
-                   tr("Last backed up %1 days ago. Consider backing up soon.").arg(decimal(days)),
-                   days <= 14 ? Severity::medium : Severity::high);
+    return finding(
+        Texts::tr("Backup overdue"),
+        Texts::tr("Last backed up %n days ago. Consider backing up soon.", nullptr, pluralNumber(days)),
+        days <= 14 ? Severity::medium : Severity::high);
 }
 
 std::optional<ScanFinding> storageFinding(const HealthScore& score)
@@ -105,8 +110,8 @@ std::optional<ScanFinding> storageFinding(const HealthScore& score)
         return std::nullopt;
     return ScanFinding{
         .category = ScanFinding::Category::storage,
-        .title = tr("Disk is %1% full").arg(decimal(static_cast<qint64>(fraction * 100))),
-        .detail = tr("%1 used of %2").arg(score.diskUsedFormatted(), score.diskTotalFormatted()),
+        .title = Texts::tr("Disk is %1% full").arg(decimal(static_cast<qint64>(fraction * 100))),
+        .detail = Texts::tr("%1 used of %2").arg(score.diskUsedFormatted(), score.diskTotalFormatted()),
         .sizeBytes = score.diskUsedBytes,
         .action = ScanFinding::NavigateTo{u"Storage Browser"_s},
         .severity = fraction > 0.85 ? Severity::high : Severity::medium,

@@ -8,6 +8,15 @@ namespace keelbright {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(HealthScore)
+};
+
+} // namespace
+
 double HealthScore::diskUsedFraction() const
 {
     return diskTotalBytes > 0 ? static_cast<double>(diskUsedBytes) / static_cast<double>(diskTotalBytes) : 0;
@@ -58,18 +67,17 @@ QString HealthScore::rawValue(Grade grade)
 
 QString HealthScore::headline(Grade grade)
 {
-    const auto tr = [](const char* text) { return QCoreApplication::translate("HealthScore", text); };
     switch (grade) {
     case Grade::a:
-        return tr("Your Mac is in great shape.");
+        return Texts::tr("Your Mac is in great shape.");
     case Grade::b:
-        return tr("Your Mac is in good shape.");
+        return Texts::tr("Your Mac is in good shape.");
     case Grade::c:
-        return tr("Your Mac could use some attention.");
+        return Texts::tr("Your Mac could use some attention.");
     case Grade::d:
-        return tr("Your Mac needs a cleanup.");
+        return Texts::tr("Your Mac needs a cleanup.");
     case Grade::f:
-        return tr("Your Mac needs immediate attention.");
+        return Texts::tr("Your Mac needs immediate attention.");
     }
     Q_UNREACHABLE();
 }

@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/health/ElapsedDays.h"
 #include "KeelbrightCore/platform/text/ByteCountFormatter.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -53,8 +54,8 @@ public:
         if (days == 1)
             return tr("Backed up yesterday.");
         if (days <= 6)
-            return tr("Last backup %1 days ago.").arg(QString::number(days));
-        return tr("No backup in %1 days — consider backing up soon.").arg(QString::number(days));
+            return tr("Last backup %1 days ago.", nullptr, pluralNumber(days)).arg(QString::number(days));
+        return tr("No backup in %n days — consider backing up soon.", nullptr, pluralNumber(days));
     }
 
     static QString ofJunk(qint64 bytes)

@@ -13,10 +13,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString tr(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("JunkScanner", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(JunkScanner)
+};
 
 /// Each folder with anything below it as one item, in their order.
 QList<JunkItem> itemsOf(const QList<FileURL>& folders, const FileManager& fm)
@@ -59,13 +59,13 @@ QList<JunkItem> itemsOfFolders(const FileURL& home, const QStringList& relativeP
 
 JunkCategory scanUserCaches(const FileURL& home, const FileManager& fm)
 {
-    return {JunkCategoryID::userCaches, tr("User Caches"), u"arrow.clockwise.circle.fill"_s,
+    return {JunkCategoryID::userCaches, Texts::tr("User Caches"), u"arrow.clockwise.circle.fill"_s,
             topLevelItems(home.appending(u"Library/Caches"_s), fm)};
 }
 
 JunkCategory scanUserLogs(const FileURL& home, const FileManager& fm)
 {
-    return {JunkCategoryID::userLogs, tr("Log Files"), u"doc.text.fill"_s,
+    return {JunkCategoryID::userLogs, Texts::tr("Log Files"), u"doc.text.fill"_s,
             topLevelItems(home.appending(u"Library/Logs"_s), fm)};
 }
 
@@ -79,13 +79,13 @@ JunkCategory scanXcode(const FileURL& home, const FileManager& fm)
         u"Library/Developer/Xcode/visionOS DeviceSupport"_s,
         u"Library/Developer/CoreSimulator/Caches"_s,
     };
-    return {JunkCategoryID::xcode, tr("Xcode & Simulators"), u"hammer.fill"_s,
+    return {JunkCategoryID::xcode, Texts::tr("Xcode & Simulators"), u"hammer.fill"_s,
             itemsOfFolders(home, folders, fm)};
 }
 
 JunkCategory scaniOSBackups(const FileURL& home, const FileManager& fm)
 {
-    return {JunkCategoryID::iosBackups, tr("iOS Device Backups"), u"iphone.fill"_s,
+    return {JunkCategoryID::iosBackups, Texts::tr("iOS Device Backups"), u"iphone.fill"_s,
             topLevelItems(home.appending(u"Library/Application Support/MobileSync/Backup"_s), fm)};
 }
 
@@ -101,13 +101,13 @@ JunkCategory scanBrowserCaches(const FileURL& home, const FileManager& fm)
         u"Library/Caches/com.microsoft.edgemac"_s,
         u"Library/Application Support/BraveSoftware/Brave-Browser/Default/Cache"_s,
     };
-    return {JunkCategoryID::browserCache, tr("Browser Caches"), u"globe"_s,
+    return {JunkCategoryID::browserCache, Texts::tr("Browser Caches"), u"globe"_s,
             itemsOfFolders(home, folders, fm)};
 }
 
 JunkCategory scanTrash(const FileManager& fm)
 {
-    return {JunkCategoryID::trash, tr("Trash"), u"trash.fill"_s,
+    return {JunkCategoryID::trash, Texts::tr("Trash"), u"trash.fill"_s,
             topLevelItems(fm.homeDirectory().appending(u".Trash"_s), fm)};
 }
 

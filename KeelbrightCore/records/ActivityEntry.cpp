@@ -15,10 +15,10 @@ constexpr double minute = 60;
 constexpr double hour = 60 * minute;
 constexpr double day = 24 * hour;
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("ActivityEntry", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ActivityEntry)
+};
 
 QString number(double value)
 {
@@ -32,7 +32,7 @@ Decoded<ActivityEntry::Kind> kindFromJson(const JsonDecoder& json)
         return std::unexpected(text.error());
     const auto kind = ActivityEntry::kindFromRawValue(*text);
     if (!kind)
-        return std::unexpected(json.error(u"kind"_s, u"is not a known kind"_s));
+        return std::unexpected(json.error(u"kind"_s, Texts::tr("is not a known kind")));
     return *kind;
 }
 
@@ -113,16 +113,16 @@ QString ActivityEntry::relativeTime(const QDateTime& now) const
 {
     const double elapsed = static_cast<double>(timestamp.msecsTo(now)) / 1000.0;
     if (elapsed < minute)
-        return translated(QT_TRANSLATE_NOOP("ActivityEntry", "Just now"));
+        return Texts::tr("Just now");
     if (elapsed < hour)
-        return translated(QT_TRANSLATE_NOOP("ActivityEntry", "%1m ago")).arg(number(elapsed / minute));
+        return Texts::tr("%1m ago").arg(number(elapsed / minute));
     if (elapsed < day)
-        return translated(QT_TRANSLATE_NOOP("ActivityEntry", "%1h ago")).arg(number(elapsed / hour));
+        return Texts::tr("%1h ago").arg(number(elapsed / hour));
     // Full days back, not days of the calendar.
     if (elapsed < 2 * day)
-        return translated(QT_TRANSLATE_NOOP("ActivityEntry", "Yesterday"));
+        return Texts::tr("Yesterday");
     if (elapsed < 7 * day)
-        return translated(QT_TRANSLATE_NOOP("ActivityEntry", "%1 days ago")).arg(number(elapsed / day));
+        return Texts::tr("%n days ago", nullptr, static_cast<int>(elapsed / day));
     return DateFormatter::string(timestamp, DateFormatter::Style::medium, DateFormatter::Style::none);
 }
 

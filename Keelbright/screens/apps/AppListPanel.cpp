@@ -9,6 +9,7 @@
 #include "Keelbright/widgets/SearchField.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 #include "Keelbright/widgets/rows/RowListView.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -187,7 +188,8 @@ QString AppListPanel::caption() const
     const qsizetype all = m_state.scannedApps().size();
     if (all == 0)
         return {};
-    return tr("%1 of %2 apps").arg(QString::number(m_model.filteredApps().size()), QString::number(all));
+    return tr("%1 of %n apps", nullptr, pluralNumber(all))
+        .arg(QString::number(m_model.filteredApps().size()));
 }
 
 void AppListPanel::redraw()

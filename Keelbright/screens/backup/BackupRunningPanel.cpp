@@ -9,7 +9,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Cell : qsizetype { copiedCell, skippedCell, sizeCell };
+constexpr qsizetype copiedCell = 0;
+constexpr qsizetype skippedCell = 1;
+constexpr qsizetype sizeCell = 2;
 
 } // namespace
 

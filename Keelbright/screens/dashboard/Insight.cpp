@@ -1,6 +1,7 @@
 #include "Keelbright/screens/dashboard/Insight.h"
 
 #include "KeelbrightCore/health/ElapsedDays.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -16,10 +17,10 @@ constexpr double fairlyFull = 0.70;
 constexpr double freshDays = 3;
 constexpr double staleDays = 7;
 
-QString tr(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("Insights", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(Insights)
+};
 
 QString unknownValue()
 {
@@ -37,10 +38,10 @@ QString ageText(const QDateTime& time, const QDateTime& now)
 {
     const qint64 days = wholeElapsedDays(time, now);
     if (days == 0)
-        return tr("Today");
+        return Texts::tr("Today");
     if (days == 1)
-        return tr("Yesterday");
-    return tr("%1 days ago").arg(QString::number(days));
+        return Texts::tr("Yesterday");
+    return Texts::tr("%1 days ago", nullptr, pluralNumber(days)).arg(QString::number(days));
 }
 
 Role ageColor(const QDateTime& time, const QDateTime& now)
@@ -55,20 +56,20 @@ QString usageText(const QList<AppInfo>& apps)
 {
     const auto forgotten = std::ranges::count(apps, UsageCategory::forgotten, &AppInfo::usageCategory);
     if (forgotten == 0)
-        return tr("No cleanup recommended");
-    const QString text = forgotten == 1 ? tr("%1 rarely used app found") : tr("%1 rarely used apps found");
-    return text.arg(QString::number(forgotten));
+        return Texts::tr("No cleanup recommended");
+    return forgotten == 1 ? Texts::tr("1 rarely used app found")
+                          : Texts::tr("%n rarely used apps found", nullptr, pluralNumber(forgotten));
 }
 
 } // namespace
 
 Insight Insights::storage(const std::optional<HealthScore>& score)
 {
-    Insight insight{tr("Storage"),           unknownValue(), tr("Scanning…"),
+    Insight insight{Texts::tr("Storage"),    unknownValue(), Texts::tr("Scanning…"),
                     u"internaldrive.fill"_s, Role::accent,   Screen::storageBrowser};
     if (score) {
-        insight.value = tr("%1 used").arg(score->diskUsedFormatted());
-        insight.subtitle = tr("of %1 total").arg(score->diskTotalFormatted());
+        insight.value = Texts::tr("%1 used").arg(score->diskUsedFormatted());
+        insight.subtitle = Texts::tr("of %1 total").arg(score->diskTotalFormatted());
         insight.color = fillColor(score->diskUsedFraction());
     }
     return insight;
@@ -76,9 +77,9 @@ Insight Insights::storage(const std::optional<HealthScore>& score)
 
 Insight Insights::lastBackup(const std::optional<QDateTime>& time, bool hasReport, const QDateTime& now)
 {
-    return {tr("Last Backup"),
-            time ? ageText(*time, now) : tr("Never"),
-            hasReport ? tr("Tap to view report") : tr("No backup yet"),
+    return {Texts::tr("Last Backup"),
+            time ? ageText(*time, now) : Texts::tr("Never"),
+            hasReport ? Texts::tr("Tap to view report") : Texts::tr("No backup yet"),
             u"arrow.clockwise.circle.fill"_s,
             time ? ageColor(*time, now) : Role::red,
             Screen::backupReport};
@@ -86,9 +87,9 @@ Insight Insights::lastBackup(const std::optional<QDateTime>& time, bool hasRepor
 
 Insight Insights::junk(const std::optional<HealthScore>& score)
 {
-    return {tr("Junk"),
+    return {Texts::tr("Junk"),
             score ? score->junkFormatted() : unknownValue(),
-            tr("cached files found"),
+            Texts::tr("cached files found"),
             u"trash.fill"_s,
             Role::orange,
             Screen::junkCleaner};
@@ -96,15 +97,15 @@ Insight Insights::junk(const std::optional<HealthScore>& score)
 
 Insight Insights::apps(const QList<AppInfo>& apps, bool isScanning)
 {
-    Insight insight{tr("Apps"),   unknownValue(),    tr("Tap to analyse"), u"app.badge.checkmark"_s,
-                    Role::purple, Screen::appManager};
+    Insight insight{Texts::tr("Apps"),        unknownValue(), Texts::tr("Tap to analyse"),
+                    u"app.badge.checkmark"_s, Role::purple,   Screen::appManager};
     if (!apps.isEmpty()) {
-        insight.value = tr("%1 apps").arg(QString::number(apps.size()));
+        insight.value = Texts::tr("%n apps", nullptr, pluralNumber(apps.size()));
         insight.subtitle = usageText(apps);
     }
     if (isScanning) {
-        insight.value = tr("Scanning…");
-        insight.subtitle = tr("Analysing usage…");
+        insight.value = Texts::tr("Scanning…");
+        insight.subtitle = Texts::tr("Analysing usage…");
     }
     return insight;
 }

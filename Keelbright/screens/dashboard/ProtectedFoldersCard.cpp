@@ -7,6 +7,7 @@
 #include "Keelbright/widgets/Headers.h"
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/SymbolLabel.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -26,7 +27,7 @@ QWidget* makeMoreRow(qsizetype count)
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(rowPadding, 10, rowPadding, 10);
     layout->addSpacing(Metrics::tile + 11);
-    layout->addWidget(new Label(ProtectedFoldersCard::tr("+ %1 more folders").arg(QString::number(count)),
+    layout->addWidget(new Label(ProtectedFoldersCard::tr("+ %n more folders", nullptr, pluralNumber(count)),
                                 FontRole::secondary, Role::secondaryText, row));
     layout->addStretch();
     return row;
@@ -132,7 +133,7 @@ void ProtectedFoldersCard::redrawReport()
     m_reportRow->setTitle(isClean ? tr("Last backup completed successfully")
                                   : tr("Last backup had warnings"));
     m_reportRow->setDetail(
-        tr("%1 files · %2").arg(QString::number(report->filesCopied), report->copiedSizeFormatted()));
+        tr("%n files · %1", nullptr, pluralNumber(report->filesCopied)).arg(report->copiedSizeFormatted()));
 }
 
 } // namespace keelbright

@@ -1,5 +1,7 @@
 #include "Keelbright/screens/junk/JunkCategoryModel.h"
 
+#include "KeelbrightCore/platform/text/PluralNumber.h"
+
 namespace keelbright {
 
 Role junkCategoryColor(const QString& id)
@@ -26,12 +28,12 @@ JunkCategoryModel::JunkCategoryModel(const JunkCleanerVM& vm, QObject* parent)
 
 ListRow JunkCategoryModel::makeRow(const JunkCategory& category) const
 {
-    const QString count = QString::number(category.items.size());
+    const qsizetype count = category.items.size();
     ListRow row;
     row.symbol = category.icon;
     row.symbolColor = junkCategoryColor(category.id);
     row.title = category.title;
-    row.detail = category.items.size() == 1 ? tr("%1 item").arg(count) : tr("%1 items").arg(count);
+    row.detail = count == 1 ? tr("1 item") : tr("%n items", nullptr, pluralNumber(count));
     row.value = category.formattedSize();
     return row;
 }

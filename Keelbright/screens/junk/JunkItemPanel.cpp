@@ -4,6 +4,7 @@
 #include "Keelbright/screens/junk/JunkItemModel.h"
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/Button.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 namespace keelbright {
 
@@ -47,8 +48,8 @@ void JunkItemPanel::redraw()
 void JunkItemPanel::redrawHeader(const JunkCategory& category)
 {
     header()->setTitle(category.title);
-    header()->setSubtitle(
-        tr("%1 items · %2 total").arg(QString::number(category.items.size()), category.formattedSize()));
+    header()->setSubtitle(tr("%n items · %1 total", nullptr, pluralNumber(category.items.size()))
+                              .arg(category.formattedSize()));
     header()->setSymbol(category.icon, junkCategoryColor(category.id));
     const bool isAllSelected = m_vm.selectionState(category) == SelectionState::all;
     toggle()->setCaption(isAllSelected ? tr("Deselect All") : tr("Select All"));

@@ -10,6 +10,7 @@
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/PanelNote.h"
 #include "Keelbright/widgets/rows/RowListView.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -151,12 +152,11 @@ void OrganizerPlanPanel::redrawPlan()
 void OrganizerPlanPanel::redrawBottomBar()
 {
     const qsizetype selected = m_vm.selectedFiles().size();
-    const QString count = QString::number(selected);
     if (selected == 0)
         m_selection->setSelection(tr("Nothing selected"), {});
     else
-        m_selection->setSelection(selected == 1 ? tr("%1 file selected").arg(count)
-                                                : tr("%1 files selected").arg(count),
+        m_selection->setSelection(selected == 1 ? tr("1 file selected")
+                                                : tr("%n files selected", nullptr, pluralNumber(selected)),
                                   m_vm.selectedSizeFormatted());
     const bool isAllSelected = m_vm.selectedCategories().size() == m_vm.proposals().size();
     m_toggleAll->setCaption(isAllSelected ? tr("Deselect All") : tr("Select All"));

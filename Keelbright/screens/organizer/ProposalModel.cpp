@@ -1,5 +1,9 @@
 #include "Keelbright/screens/organizer/ProposalModel.h"
 
+#include "KeelbrightCore/platform/text/PluralNumber.h"
+
+#include <QCoreApplication>
+
 namespace keelbright {
 
 ProposalModel::ProposalModel(const OrganizerVM& vm, QObject* parent)
@@ -9,11 +13,11 @@ ProposalModel::ProposalModel(const OrganizerVM& vm, QObject* parent)
 
 ListRow ProposalModel::makeRow(const OrganizeProposal& proposal) const
 {
-    const QString count = QString::number(proposal.files.size());
+    const qsizetype count = proposal.files.size();
     ListRow row;
     row.symbol = icon(proposal.category);
-    row.title = folderName(proposal.category);
-    row.detail = proposal.files.size() == 1 ? tr("%1 file").arg(count) : tr("%1 files").arg(count);
+    row.title = shownName(proposal.category);
+    row.detail = count == 1 ? tr("1 file") : tr("%n files", nullptr, pluralNumber(count));
     row.value = proposal.formattedSize();
     return row;
 }
@@ -21,6 +25,11 @@ ListRow ProposalModel::makeRow(const OrganizeProposal& proposal) const
 Qt::CheckState ProposalModel::markOf(const OrganizeProposal& proposal) const
 {
     return m_vm.selectedCategories().contains(proposal.id) ? Qt::Checked : Qt::Unchecked;
+}
+
+QString shownName(FileCategory category)
+{
+    return QCoreApplication::translate("FileCategory", rawValue(category).toUtf8().constData());
 }
 
 } // namespace keelbright

@@ -5,6 +5,9 @@
 
 namespace keelbright {
 
+/// What a category is called on screen; its folder has the same name in every language.
+[[nodiscard]] QString shownName(FileCategory category);
+
 /// The categories of a plan as rows that can be ticked as a whole.
 class ProposalModel : public GroupListModel<OrganizeProposal>
 {

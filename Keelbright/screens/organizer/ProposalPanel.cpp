@@ -2,8 +2,10 @@
 
 #include "Keelbright/screens/organizer/DestinationTag.h"
 #include "Keelbright/screens/organizer/FileProposalModel.h"
+#include "Keelbright/screens/organizer/ProposalModel.h"
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/Button.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 namespace keelbright {
 
@@ -51,15 +53,14 @@ void ProposalPanel::redraw()
 
 void ProposalPanel::redrawHeader(const OrganizeProposal& proposal)
 {
-    const QString name = folderName(proposal.category);
-    header()->setTitle(name);
+    header()->setTitle(shownName(proposal.category));
     header()->setSubtitle(
-        tr("%1 files · %2").arg(QString::number(proposal.files.size()), proposal.formattedSize()));
+        tr("%n files · %1", nullptr, pluralNumber(proposal.files.size())).arg(proposal.formattedSize()));
     header()->setSymbol(icon(proposal.category), Role::accent);
     const std::optional<FileURL>& folder = m_vm.targetFolder();
     m_destination->setVisible(folder.has_value());
     if (folder)
-        m_destination->setText(folder->lastPathComponent() + u'/' + name);
+        m_destination->setText(folder->lastPathComponent() + u'/' + folderName(proposal.category));
     const bool isSelected = m_vm.selectedCategories().contains(proposal.id);
     toggle()->setCaption(isSelected ? tr("Deselect") : tr("Select"));
 }

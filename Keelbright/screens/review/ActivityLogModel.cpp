@@ -1,5 +1,6 @@
 #include "Keelbright/screens/review/ActivityLogModel.h"
 
+#include "Keelbright/state/StoredTexts.h"
 #include "KeelbrightCore/platform/text/DateFormatter.h"
 
 #include <QHash>
@@ -96,9 +97,9 @@ ListRow ActivityLogModel::rowAt(int row) const
     shown.picture = ListRow::Picture::disc;
     shown.symbol = ActivityEntry::icon(entry.kind);
     shown.symbolColor = color;
-    shown.title = entry.title;
+    shown.title = StoredTexts::shownTitle(entry.title);
     shown.aside = entry.relativeTime(m_now);
-    shown.detail = entry.detail;
+    shown.detail = StoredTexts::shownDetail(entry.detail);
     shown.capsule = entry.formattedBytes();
     shown.capsuleColor = color;
     return shown;
@@ -107,7 +108,7 @@ ListRow ActivityLogModel::rowAt(int row) const
 QString ActivityLogModel::titleAt(int row) const
 {
     const Row place = m_rows.at(row);
-    return m_days.at(place.day).entries.at(place.entry).title;
+    return StoredTexts::shownTitle(m_days.at(place.day).entries.at(place.entry).title);
 }
 
 QString ActivityLogModel::headerAt(int row) const

@@ -7,6 +7,7 @@
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/Progress.h"
 #include "Keelbright/widgets/rows/RowListView.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -46,14 +47,14 @@ QString ScanReportPanel::headline(const FullScanReport& report)
         std::ranges::count(report.findings, ScanFinding::Severity::high, &ScanFinding::severity);
     if (count == 0)
         return tr("Everything looks good");
-    return (count == 1 ? tr("%1 issue need attention") : tr("%1 issues need attention"))
-        .arg(QString::number(count));
+    return count == 1 ? tr("1 issue need attention")
+                      : tr("%n issues need attention", nullptr, pluralNumber(count));
 }
 
 QString ScanReportPanel::countLine(const FullScanReport& report)
 {
-    return tr("%1 findings · %2 reclaimable")
-        .arg(QString::number(report.findings.size()), report.formattedReclaimable());
+    return tr("%n findings · %1 reclaimable", nullptr, pluralNumber(report.findings.size()))
+        .arg(report.formattedReclaimable());
 }
 
 QString ScanReportPanel::reclaimLine(const FullScanReport& report)

@@ -30,9 +30,9 @@ struct Part
 };
 
 constexpr std::array parts{
-    Part{QT_TRANSLATE_NOOP("HealthCard", "Backup"), &HealthScore::backupPoints, 40, Role::accent},
-    Part{QT_TRANSLATE_NOOP("HealthCard", "Storage"), &HealthScore::diskPoints, 30, Role::purple},
-    Part{QT_TRANSLATE_NOOP("HealthCard", "Junk"), &HealthScore::junkPoints, 30, Role::orange},
+    Part{QT_TRANSLATE_NOOP("keelbright::HealthCard", "Backup"), &HealthScore::backupPoints, 40, Role::accent},
+    Part{QT_TRANSLATE_NOOP("keelbright::HealthCard", "Storage"), &HealthScore::diskPoints, 30, Role::purple},
+    Part{QT_TRANSLATE_NOOP("keelbright::HealthCard", "Junk"), &HealthScore::junkPoints, 30, Role::orange},
 };
 
 /// The widgets of the card, which are arranged in the same way with and without a score.

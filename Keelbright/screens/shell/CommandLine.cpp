@@ -3,8 +3,6 @@
 #include "Keelbright/widgets/DisplayText.h"
 #include "KeelbrightCore/platform/system/ProgramVersion.h"
 
-#include <QCoreApplication>
-
 namespace keelbright {
 
 namespace {
@@ -13,11 +11,6 @@ using namespace Qt::StringLiterals;
 
 /// A desktop that opens the windows of its last session again adds this option and an id.
 constexpr auto sessionOption = "-session"_L1;
-
-QString text(const char* english)
-{
-    return QCoreApplication::translate("CommandLine", english);
-}
 
 /// Absent for an unknown argument.
 std::optional<StartRequest> requestOf(const QString& argument)
@@ -47,10 +40,10 @@ std::expected<StartRequest, QString> readCommandLine(const QStringList& argument
         const std::optional<StartRequest> asked = requestOf(arguments.at(i));
         if (!asked)
             return std::unexpected(
-                text("keelbright: unknown argument \"%1\"; keelbright --help lists the options")
-                    .arg(displayText(arguments.at(i))));
+                u"keelbright: unknown argument \"%1\"; keelbright --help lists the options"_s.arg(
+                    displayText(arguments.at(i))));
         if (hasOption)
-            return std::unexpected(text("keelbright: only one option at a time"));
+            return std::unexpected(u"keelbright: only one option at a time"_s);
         request = *asked;
         hasOption = true;
     }
@@ -64,15 +57,15 @@ QString versionText()
 
 QString helpText()
 {
-    return text("Usage: keelbright [OPTION]\n"
-                "Keeps a plain, readable copy of your folders on a drive, and takes care of the machine.\n"
-                "\n"
-                "Opens the window; where the program runs already, its window comes to the front.\n"
-                "\n"
-                "  --back-up-now      go to the check before a backup, which asks before it copies\n"
-                "  --storage-browser  show what takes the space\n"
-                "  --help             print this and end\n"
-                "  --version          print the version and end");
+    return u"Usage: keelbright [OPTION]\n"
+           "Keeps a plain, readable copy of your folders on a drive, and takes care of the machine.\n"
+           "\n"
+           "Opens the window; where the program runs already, its window comes to the front.\n"
+           "\n"
+           "  --back-up-now      go to the check before a backup, which asks before it copies\n"
+           "  --storage-browser  show what takes the space\n"
+           "  --help             print this and end\n"
+           "  --version          print the version and end"_s;
 }
 
 } // namespace keelbright

@@ -13,6 +13,8 @@ namespace keelbright {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// A line of Qt's, which is printed only where a display was found.
 struct HeldMessage
 {
@@ -44,8 +46,7 @@ MessageHold& messageHold()
 /// The only fatal message at this time says that no platform could be started.
 [[noreturn]] void endWithoutDisplay()
 {
-    printErrorLine(QCoreApplication::translate("DisplayConnection",
-                                               "keelbright: there is no display to show the window on"));
+    printErrorLine(u"keelbright: there is no display to show the window on"_s);
     std::_Exit(1);
 }
 

@@ -59,10 +59,10 @@ QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent
 
 QWidget* makeWelcomeView(QWidget* parent)
 {
-    const auto tr = [](const char* text) { return QCoreApplication::translate("WelcomeView", text); };
-    return new EmptyStateView(tr("Welcome to Keel Bright"),
-                              tr("Select an item from the sidebar to get started."), u"shippingbox.fill"_s,
-                              parent);
+    return new EmptyStateView(
+        QCoreApplication::translate("WelcomeView", "Welcome to Keel Bright"),
+        QCoreApplication::translate("WelcomeView", "Select an item from the sidebar to get started."),
+        u"shippingbox.fill"_s, parent);
 }
 
 } // namespace keelbright

@@ -17,20 +17,21 @@ namespace {
 
 constexpr int numberedScreens = 9;
 
-QString tr(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("WindowMenus", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(WindowMenus)
+};
 
 void showAbout(QWidget& window)
 {
-    auto* about = new QMessageBox(QMessageBox::NoIcon, tr("About Keel Bright"),
-                                  tr("Keel Bright %1").arg(programVersion()), QMessageBox::Ok, &window);
+    auto* about =
+        new QMessageBox(QMessageBox::NoIcon, Texts::tr("About Keel Bright"),
+                        Texts::tr("Keel Bright %1").arg(programVersion()), QMessageBox::Ok, &window);
     about->setTextFormat(Qt::PlainText);
-    about->setInformativeText(
-        tr("Free software under the GNU General Public License, version 3 or later.\n\n"
-           "Built in: the font Material Design Icons (SIL Open Font License 1.1, its pictures CC BY 4.0). "
-           "Used: Qt (GNU Lesser General Public License, version 3) and ICU (Unicode License)."));
+    about->setInformativeText(Texts::tr(
+        "Free software under the GNU General Public License, version 3 or later.\n\n"
+        "Built in: the font Material Design Icons (SIL Open Font License 1.1, its pictures CC BY 4.0). "
+        "Used: Qt (GNU Lesser General Public License, version 3) and ICU (Unicode License)."));
     about->setAttribute(Qt::WA_DeleteOnClose);
     about->open();
 }
@@ -39,7 +40,7 @@ void showAbout(QWidget& window)
 
 void addBackupAction(QMenu& menu, AppState& state)
 {
-    QAction* backup = menu.addAction(tr("&Backup Now"), &state, [&state] {
+    QAction* backup = menu.addAction(Texts::tr("&Backup Now"), &state, [&state] {
         state.setSelectedScreen(Screen::dashboard);
         state.startBackup();
     });
@@ -71,8 +72,9 @@ void addScreenActions(QMenu& menu, AppState& state)
 
 void addHelpMenu(QMenuBar& bar, QWidget& window)
 {
-    QMenu* help = bar.addMenu(tr("&Help"));
-    QAction* about = help->addAction(tr("&About Keel Bright"), &window, [&window] { showAbout(window); });
+    QMenu* help = bar.addMenu(Texts::tr("&Help"));
+    QAction* about =
+        help->addAction(Texts::tr("&About Keel Bright"), &window, [&window] { showAbout(window); });
     about->setMenuRole(QAction::AboutRole);
 }
 

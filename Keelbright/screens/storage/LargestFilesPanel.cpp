@@ -7,6 +7,7 @@
 #include "Keelbright/widgets/ElidedLabel.h"
 #include "Keelbright/widgets/PanelNote.h"
 #include "Keelbright/widgets/rows/RowListView.h"
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
 #include <QHBoxLayout>
 #include <QStackedLayout>
@@ -108,7 +109,8 @@ void LargestFilesPanel::fillFilesPage()
 
 void LargestFilesPanel::redraw(const QList<LargeFileItem>& files, bool isLoading, const QString& folderName)
 {
-    m_caption->setFullText(tr("Top %1 largest files in %2").arg(QString::number(files.size()), folderName));
+    m_caption->setFullText(
+        tr("Top %n largest files in %1", nullptr, pluralNumber(files.size())).arg(folderName));
     if (files != m_shown) {
         m_shown = files;
         m_model->setFiles(files);

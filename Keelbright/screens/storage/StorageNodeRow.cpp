@@ -15,6 +15,11 @@ constexpr double largeShare = 0.4;
 constexpr double mediumShare = 0.15;
 constexpr qsizetype maximumActions = 4;
 
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(StorageNodeRow)
+};
+
 QString folderIcon(const QString& name)
 {
     static const QHash<QString, QString> icons{
@@ -33,17 +38,19 @@ QString folderIcon(const QString& name)
 
 QList<RowAction> storageNodeActions(const FolderSizeNode& node)
 {
-    const auto tr = [](const char* text) { return QCoreApplication::translate("StorageNodeRow", text); };
     QList<RowAction> actions;
     if (node.isDirectory) {
         actions = {
-            {RowActionId::addToBackup, u"plus.circle"_s, tr("Add to Backup Sources")},
-            {RowActionId::organise, u"folder.badge.gearshape"_s, tr("Organise this folder")},
+            {RowActionId::addToBackup, u"plus.circle"_s, Texts::tr("Add to Backup Sources")},
+            {RowActionId::organise, u"folder.badge.gearshape"_s, Texts::tr("Organise this folder")},
         };
     }
     actions.append({
-        {RowActionId::reveal, u"arrow.up.forward.square"_s, tr("Reveal in Finder")},
-        {.id = RowActionId::trash, .symbol = u"trash"_s, .name = tr("Move to Trash"), .isDelete = true},
+        {RowActionId::reveal, u"arrow.up.forward.square"_s, Texts::tr("Reveal in Finder")},
+        {.id = RowActionId::trash,
+         .symbol = u"trash"_s,
+         .name = Texts::tr("Move to Trash"),
+         .isDelete = true},
     });
     return actions;
 }

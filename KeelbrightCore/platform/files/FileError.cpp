@@ -11,44 +11,44 @@ namespace keelbright {
 
 namespace {
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("FileError", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(FileError)
+};
 
 QString verb(FileError::Operation operation)
 {
     switch (operation) {
     case FileError::Operation::read:
-        return translated("read");
+        return Texts::tr("read");
     case FileError::Operation::written:
-        return translated("written");
+        return Texts::tr("written");
     case FileError::Operation::created:
-        return translated("created");
+        return Texts::tr("created");
     case FileError::Operation::copied:
-        return translated("copied");
+        return Texts::tr("copied");
     case FileError::Operation::replaced:
-        return translated("replaced");
+        return Texts::tr("replaced");
     case FileError::Operation::moved:
-        return translated("moved");
+        return Texts::tr("moved");
     case FileError::Operation::opened:
-        return translated("opened");
+        return Texts::tr("opened");
     case FileError::Operation::listed:
-        return translated("listed completely");
+        return Texts::tr("listed completely");
     case FileError::Operation::removed:
-        return translated("removed");
+        return Texts::tr("removed");
     case FileError::Operation::trashed:
-        return translated("moved to the Trash");
+        return Texts::tr("moved to the Trash");
     case FileError::Operation::restored:
-        return translated("put back");
+        return Texts::tr("put back");
     case FileError::Operation::measured:
-        return translated("measured");
+        return Texts::tr("measured");
     case FileError::Operation::flushed:
-        return translated("written through to the drive");
+        return Texts::tr("written through to the drive");
     case FileError::Operation::launched:
-        return translated("launched");
+        return Texts::tr("launched");
     }
-    return translated("used");
+    return Texts::tr("used");
 }
 
 struct CodedReason
@@ -58,40 +58,40 @@ struct CodedReason
 };
 
 constexpr CodedReason knownReasons[] = {
-    {EACCES, "you don't have permission"},
-    {EPERM, "you don't have permission"},
-    {ENOENT, "it does not exist"},
-    {ENOSPC, "there is not enough space on the drive"},
-    {EDQUOT, "your share of the drive is used up"},
-    {EROFS, "the drive is read-only"},
-    {EIO, "the drive reported an error"},
-    {EEXIST, "something of that name is already there"},
-    {ENOTEMPTY, "something of that name is already there"},
-    {ENOTDIR, "a file stands in the place of a folder"},
-    {EISDIR, "a folder stands in its place"},
-    {ENAMETOOLONG, "the name is too long"},
-    {EFBIG, "the file is too large for the drive"},
-    {EINVAL, "the drive does not accept it"},
-    {EILSEQ, "the drive does not accept it"},
-    {ELOOP, "its symbolic links lead in a circle"},
-    {EMFILE, "too many files are open"},
-    {ENFILE, "too many files are open"},
-    {ENODEV, "the drive is gone"},
-    {ENXIO, "the drive is gone"},
-    {ENOTCONN, "the drive is gone"},
-    {EXDEV, "it lies on another drive"},
-    {EBUSY, "it is in use"},
-    {ETXTBSY, "it is in use"},
-    {ESTALE, "the network drive no longer knows it"},
-    {ENOMEM, "there is not enough memory"},
-    {ETIMEDOUT, "the drive did not answer in time"},
+    {EACCES, QT_TRANSLATE_NOOP("FileError", "you don't have permission")},
+    {EPERM, QT_TRANSLATE_NOOP("FileError", "you don't have permission")},
+    {ENOENT, QT_TRANSLATE_NOOP("FileError", "it does not exist")},
+    {ENOSPC, QT_TRANSLATE_NOOP("FileError", "there is not enough space on the drive")},
+    {EDQUOT, QT_TRANSLATE_NOOP("FileError", "your share of the drive is used up")},
+    {EROFS, QT_TRANSLATE_NOOP("FileError", "the drive is read-only")},
+    {EIO, QT_TRANSLATE_NOOP("FileError", "the drive reported an error")},
+    {EEXIST, QT_TRANSLATE_NOOP("FileError", "something of that name is already there")},
+    {ENOTEMPTY, QT_TRANSLATE_NOOP("FileError", "something of that name is already there")},
+    {ENOTDIR, QT_TRANSLATE_NOOP("FileError", "a file stands in the place of a folder")},
+    {EISDIR, QT_TRANSLATE_NOOP("FileError", "a folder stands in its place")},
+    {ENAMETOOLONG, QT_TRANSLATE_NOOP("FileError", "the name is too long")},
+    {EFBIG, QT_TRANSLATE_NOOP("FileError", "the file is too large for the drive")},
+    {EINVAL, QT_TRANSLATE_NOOP("FileError", "the drive does not accept it")},
+    {EILSEQ, QT_TRANSLATE_NOOP("FileError", "the drive does not accept it")},
+    {ELOOP, QT_TRANSLATE_NOOP("FileError", "its symbolic links lead in a circle")},
+    {EMFILE, QT_TRANSLATE_NOOP("FileError", "too many files are open")},
+    {ENFILE, QT_TRANSLATE_NOOP("FileError", "too many files are open")},
+    {ENODEV, QT_TRANSLATE_NOOP("FileError", "the drive is gone")},
+    {ENXIO, QT_TRANSLATE_NOOP("FileError", "the drive is gone")},
+    {ENOTCONN, QT_TRANSLATE_NOOP("FileError", "the drive is gone")},
+    {EXDEV, QT_TRANSLATE_NOOP("FileError", "it lies on another drive")},
+    {EBUSY, QT_TRANSLATE_NOOP("FileError", "it is in use")},
+    {ETXTBSY, QT_TRANSLATE_NOOP("FileError", "it is in use")},
+    {ESTALE, QT_TRANSLATE_NOOP("FileError", "the network drive no longer knows it")},
+    {ENOMEM, QT_TRANSLATE_NOOP("FileError", "there is not enough memory")},
+    {ETIMEDOUT, QT_TRANSLATE_NOOP("FileError", "the drive did not answer in time")},
 };
 
 QString systemReason(int code)
 {
     const auto known = std::ranges::find(knownReasons, code, &CodedReason::code);
     if (known != std::end(knownReasons))
-        return translated(known->reason);
+        return Texts::tr(known->reason);
     return QString::fromLocal8Bit(std::strerror(code));
 }
 
@@ -101,44 +101,44 @@ QString reasonText(const FileError& error)
     case FileError::Reason::system:
         return systemReason(error.code);
     case FileError::Reason::notARegularFile:
-        return translated("it is neither a file nor a link");
+        return Texts::tr("it is neither a file nor a link");
     case FileError::Reason::changedDuringCopy:
-        return translated("it changed while it was being copied");
+        return Texts::tr("it changed while it was being copied");
     case FileError::Reason::endsEarly:
-        return translated("it ends before its size says");
+        return Texts::tr("it ends before its size says");
     case FileError::Reason::symbolicLinkInTheWay:
-        return translated("a symbolic link stands in the place of a folder");
+        return Texts::tr("a symbolic link stands in the place of a folder");
     case FileError::Reason::destinationGone:
-        return translated("the destination is no longer in its place");
+        return Texts::tr("the destination is no longer in its place");
     case FileError::Reason::differsInCaseOnly:
-        return translated("a file whose name differs in upper and lower case only is already there");
+        return Texts::tr("a file whose name differs in upper and lower case only is already there");
     case FileError::Reason::nameTakenForAnother:
-        return translated("a file whose name the drive takes for the same is already there");
+        return Texts::tr("a file whose name the drive takes for the same is already there");
     case FileError::Reason::linksNotSupported:
-        return translated("the drive can't hold symbolic links");
+        return Texts::tr("the drive can't hold symbolic links");
     case FileError::Reason::alreadyInTrash:
-        return translated("it is already in the Trash");
+        return Texts::tr("it is already in the Trash");
     case FileError::Reason::notInTrash:
-        return translated("it no longer lies in the Trash");
+        return Texts::tr("it no longer lies in the Trash");
     case FileError::Reason::neededInItsPlace:
-        return translated("the computer needs it where it is");
+        return Texts::tr("the computer needs it where it is");
     case FileError::Reason::driveMounted:
-        return translated("a drive is mounted there");
+        return Texts::tr("a drive is mounted there");
     case FileError::Reason::trashOpenToOthers:
-        return translated("the Trash of its drive is not safe from other users");
+        return Texts::tr("the Trash of its drive is not safe from other users");
     case FileError::Reason::tooLarge:
-        return translated("it is too large");
+        return Texts::tr("it is too large");
     case FileError::Reason::stopped:
-        return translated("the program is quitting");
+        return Texts::tr("the program is quitting");
     }
-    return translated("the reason is unknown");
+    return Texts::tr("the reason is unknown");
 }
 
 } // namespace
 
 QString FileError::localizedDescription() const
 {
-    return translated("“%1” could not be %2: %3.").arg(name, verb(operation), reasonText(*this));
+    return Texts::tr("“%1” could not be %2: %3.").arg(name, verb(operation), reasonText(*this));
 }
 
 bool FileError::isForLackOfRoom() const

@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/text/DateFormatter.h"
 
+#include <QCoreApplication>
 #include <QJsonDocument>
 #include <QJsonParseError>
 
@@ -10,6 +11,11 @@ namespace keelbright {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(JsonError)
+};
 
 std::optional<qint64> wholeNumber(const QJsonValue& value)
 {
@@ -45,9 +51,9 @@ Decoded<QJsonDocument> parse(const QByteArray& text)
     QJsonParseError failure;
     QJsonDocument document = QJsonDocument::fromJson(text, &failure);
     if (failure.error != QJsonParseError::NoError)
-        return std::unexpected(JsonError{
-            {},
-            u"is not valid at byte %1: %2"_s.arg(QString::number(failure.offset), failure.errorString())});
+        return std::unexpected(JsonError{{},
+                                         Texts::tr("is not valid at byte %1: %2")
+                                             .arg(QString::number(failure.offset), failure.errorString())});
     return document;
 }
 
@@ -58,7 +64,7 @@ Decoded<QList<JsonDecoder>> objectsOf(const QJsonArray& array, const QString& pa
     for (const auto element : array) {
         QString elementPath = u"%1[%2]"_s.arg(path, QString::number(objects.size()));
         if (!element.isObject())
-            return std::unexpected(JsonError{std::move(elementPath), u"is not an object"_s});
+            return std::unexpected(JsonError{std::move(elementPath), Texts::tr("is not an object")});
         objects.append(JsonDecoder(element.toObject(), std::move(elementPath)));
     }
     return objects;
@@ -69,8 +75,8 @@ Decoded<QList<JsonDecoder>> objectsOf(const QJsonArray& array, const QString& pa
 QString JsonError::localizedDescription() const
 {
     if (key.isEmpty())
-        return u"The JSON text %1."_s.arg(reason);
-    return u"The value \"%1\" %2."_s.arg(key, reason);
+        return Texts::tr("The JSON text %1.").arg(reason);
+    return Texts::tr("The value \"%1\" %2.").arg(key, reason);
 }
 
 JsonDecoder::JsonDecoder(QJsonObject object, QString path)
@@ -85,14 +91,14 @@ QString JsonDecoder::pathOf(const QString& key) const
 
 JsonError JsonDecoder::error(const QString& key, const QString& reason) const
 {
-    return {pathOf(key), m_object.contains(key) ? reason : u"is missing"_s};
+    return {pathOf(key), m_object.contains(key) ? reason : Texts::tr("is missing")};
 }
 
 Decoded<QString> JsonDecoder::string(const QString& key) const
 {
     const QJsonValue value = m_object.value(key);
     if (!value.isString())
-        return std::unexpected(error(key, u"is not a text"_s));
+        return std::unexpected(error(key, Texts::tr("is not a text")));
     return value.toString();
 }
 
@@ -100,7 +106,7 @@ Decoded<bool> JsonDecoder::boolean(const QString& key) const
 {
     const QJsonValue value = m_object.value(key);
     if (!value.isBool())
-        return std::unexpected(error(key, u"is not true or false"_s));
+        return std::unexpected(error(key, Texts::tr("is not true or false")));
     return value.toBool();
 }
 
@@ -108,7 +114,7 @@ Decoded<qint64> JsonDecoder::integer(const QString& key) const
 {
     const std::optional<qint64> number = wholeNumber(m_object.value(key));
     if (!number)
-        return std::unexpected(error(key, u"is not a whole number of 64 bits"_s));
+        return std::unexpected(error(key, Texts::tr("is not a whole number of 64 bits")));
     return *number;
 }
 
@@ -116,7 +122,7 @@ Decoded<double> JsonDecoder::number(const QString& key) const
 {
     const QJsonValue value = m_object.value(key);
     if (!value.isDouble())
-        return std::unexpected(error(key, u"is not a number"_s));
+        return std::unexpected(error(key, Texts::tr("is not a number")));
     return value.toDouble();
 }
 
@@ -127,7 +133,7 @@ Decoded<QUuid> JsonDecoder::uuid(const QString& key) const
         return std::unexpected(text.error());
     const std::optional<QUuid> id = uuidFromText(*text);
     if (!id)
-        return std::unexpected(error(key, u"is not a UUID"_s));
+        return std::unexpected(error(key, Texts::tr("is not a UUID")));
     return *id;
 }
 
@@ -138,7 +144,7 @@ Decoded<FileURL> JsonDecoder::url(const QString& key) const
         return std::unexpected(text.error());
     std::optional<FileURL> location = FileURL::fromAbsoluteString(*text);
     if (!location)
-        return std::unexpected(error(key, u"is not a file URL"_s));
+        return std::unexpected(error(key, Texts::tr("is not a file URL")));
     return *std::move(location);
 }
 
@@ -149,7 +155,7 @@ Decoded<QDateTime> JsonDecoder::date(const QString& key) const
         return std::unexpected(text.error());
     std::optional<QDateTime> date = DateFormatter::fromIso8601(*text);
     if (!date)
-        return std::unexpected(error(key, u"is not an ISO 8601 date"_s));
+        return std::unexpected(error(key, Texts::tr("is not an ISO 8601 date")));
     return *std::move(date);
 }
 
@@ -157,14 +163,14 @@ Decoded<QStringList> JsonDecoder::strings(const QString& key) const
 {
     const QJsonValue value = m_object.value(key);
     if (!value.isArray())
-        return std::unexpected(error(key, u"is not a list"_s));
+        return std::unexpected(error(key, Texts::tr("is not a list")));
     const QJsonArray array = value.toArray();
     QStringList texts;
     texts.reserve(array.size());
     for (const auto element : array) {
         if (!element.isString())
-            return std::unexpected(
-                JsonError{u"%1[%2]"_s.arg(pathOf(key), QString::number(texts.size())), u"is not a text"_s});
+            return std::unexpected(JsonError{u"%1[%2]"_s.arg(pathOf(key), QString::number(texts.size())),
+                                             Texts::tr("is not a text")});
         texts.append(element.toString());
     }
     return texts;
@@ -174,7 +180,7 @@ Decoded<JsonDecoder> JsonDecoder::object(const QString& key) const
 {
     const QJsonValue value = m_object.value(key);
     if (!value.isObject())
-        return std::unexpected(error(key, u"is not an object"_s));
+        return std::unexpected(error(key, Texts::tr("is not an object")));
     return JsonDecoder(value.toObject(), pathOf(key));
 }
 
@@ -182,7 +188,7 @@ Decoded<QList<JsonDecoder>> JsonDecoder::objects(const QString& key) const
 {
     const QJsonValue value = m_object.value(key);
     if (!value.isArray())
-        return std::unexpected(error(key, u"is not a list"_s));
+        return std::unexpected(error(key, Texts::tr("is not a list")));
     return objectsOf(value.toArray(), pathOf(key));
 }
 
@@ -203,7 +209,7 @@ Decoded<JsonDecoder> decodeJsonObject(const QByteArray& text)
     if (!document)
         return std::unexpected(document.error());
     if (!document->isObject())
-        return std::unexpected(JsonError{{}, u"is not an object"_s});
+        return std::unexpected(JsonError{{}, Texts::tr("is not an object")});
     return JsonDecoder(document->object());
 }
 
@@ -213,7 +219,7 @@ Decoded<QList<JsonDecoder>> decodeJsonArray(const QByteArray& text)
     if (!document)
         return std::unexpected(document.error());
     if (!document->isArray())
-        return std::unexpected(JsonError{{}, u"is not a list"_s});
+        return std::unexpected(JsonError{{}, Texts::tr("is not a list")});
     return objectsOf(document->array(), {});
 }
 

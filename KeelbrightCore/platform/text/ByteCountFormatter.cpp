@@ -56,8 +56,10 @@ QString magnitudeText(quint64 count)
         return QCoreApplication::translate("ByteCountFormatter", "Zero KB");
     if (count == 1)
         return QCoreApplication::translate("ByteCountFormatter", "%1 byte").arg(QLocale().toString(1));
-    if (count < 1'000)
-        return QCoreApplication::translate("ByteCountFormatter", "%1 bytes").arg(QLocale().toString(count));
+    if (count < 1'000) {
+        const int number = static_cast<int>(count);
+        return QCoreApplication::translate("ByteCountFormatter", "%Ln bytes", nullptr, number);
+    }
     for (const Unit& unit : units) {
         const quint64 steps = roundedSteps(count, unit);
         if (steps < 1'000 * powerOfTen(unit.decimals))
