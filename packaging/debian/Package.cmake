@@ -38,5 +38,5 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # which every look-up over HTTPS fails.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, ca-certificates")
 # Icons of applications in .icns, desktops without an X server, and the font of the window's design.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-image-formats-plugins, qt6-wayland, fonts-inter")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-image-formats-plugins, qt6-wayland, qt6-translations-l10n, fonts-inter")
 include(CPack)

@@ -28,7 +28,7 @@ class Machine:
         """The environment of a program there: its own home, language and zone, nothing of the real user."""
         kept = {name: value for name, value in os.environ.items() if not name.startswith("XDG_")}
         return kept | {"HOME": str(self.home), "KEELBRIGHT_TEST_ROOT": str(self.root),
-                       "XDG_RUNTIME_DIR": str(self.runtime), "LC_ALL": "C.UTF-8", "TZ": "Europe/Berlin",
+                       "XDG_RUNTIME_DIR": str(self.runtime), "LC_ALL": "C.UTF-8", "LANGUAGE": "", "TZ": "Europe/Berlin",
                        "SHELL": "/bin/zsh", "DBUS_SYSTEM_BUS_ADDRESS": "unix:path=/nowhere"} | self.variables
 
     def config(self):

@@ -1,20 +1,23 @@
-// keelbright-screens FOLDER [BEGINNING...]: draws every screen in every state, in both schemes and at
-// the window's usual and smallest size, some at a large one, too, into pictures named
-// SCREEN-STATE-SCHEME[-small|-wide][-2x].png. With
-// BEGINNINGs it draws only the states whose names begin with one of them. With QT_SCALE_FACTOR=2 it
-// draws only the states that the list marks for double scale.
+// keelbright-screens [--language LANGUAGE] FOLDER [BEGINNING...]: draws every screen in every state, in
+// both schemes and at the window's usual and smallest size, some at a large one, too, into pictures named
+// SCREEN-STATE-SCHEME[-small|-wide][-2x].png. With BEGINNINGs it draws only the states whose names begin
+// with one of them, with a LANGUAGE ("de") the window in that. With QT_SCALE_FACTOR=2 it draws only the
+// states that the list marks for double scale.
 
+#include "Keelbright/screens/shell/Translations.h"
 #include "Keelbright/widgets/theme/Theme.h"
 #include "tests/gallery/ScreenStates.h"
 #include "tests/gallery/Stage.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QLocale>
 #include <QSettings>
 #include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 
 namespace {
 
@@ -37,10 +40,35 @@ bool isWanted(const ScreenState& state, const QStringList& beginnings)
            });
 }
 
+/// What the command line asks for.
+struct Order
+{
+    QString language = u"en"_s;
+    QString folder;
+    QStringList beginnings;
+};
+
+/// Absent where no folder is named.
+std::optional<Order> orderIn(QStringList arguments)
+{
+    Order order;
+    if (arguments.size() >= 2 && arguments.first() == "--language"_L1) {
+        order.language = arguments.at(1);
+        arguments = arguments.sliced(2);
+    }
+    if (arguments.isEmpty())
+        return std::nullopt;
+    order.folder = arguments.takeFirst();
+    order.beginnings = arguments;
+    return order;
+}
+
 /// Gives the number of pictures that could not be written.
-int draw(const ScreenState& state, const QDir& folder)
+int draw(const ScreenState& state, const QDir& folder, const QString& language)
 {
     Stage stage;
+    if (language != "en"_L1)
+        stage.mac.setLocale(QLocale(language));
     state.play(stage);
     const bool isDouble = stage.window().devicePixelRatio() > 1;
     int failures = 0;
@@ -79,20 +107,25 @@ int main(int argc, char** argv)
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, configuration.path());
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments().mid(1);
-    if (arguments.isEmpty() || !QDir().mkpath(arguments.first())) {
-        std::fputs("usage: keelbright-screens FOLDER [BEGINNING...]\n", stderr);
+    const std::optional<Order> order = orderIn(QCoreApplication::arguments().mid(1));
+    if (!order || !QDir().mkpath(order->folder)) {
+        std::fputs("usage: keelbright-screens [--language LANGUAGE] FOLDER [BEGINNING...]\n", stderr);
+        return 2;
+    }
+    const Translations translations(QStringList{order->language});
+    if (translations.language() != order->language) {
+        std::fprintf(stderr, "there are no texts in %s\n", qPrintable(order->language));
         return 2;
     }
     Theme::instance().install();
     const bool isDouble = qApp->devicePixelRatio() > 1;
     int failures = 0;
     for (const ScreenState& state : screenStates()) {
-        if (!isWanted(state, arguments.mid(1)) || (isDouble && !state.alsoAtDoubleScale))
+        if (!isWanted(state, order->beginnings) || (isDouble && !state.alsoAtDoubleScale))
             continue;
         std::printf("%s%s\n", qUtf8Printable(nameOf(state)), isDouble ? " at double scale" : "");
         std::fflush(stdout);
-        failures += draw(state, QDir(arguments.first()));
+        failures += draw(state, QDir(order->folder), order->language);
     }
     const bool wentWrong = ::testing::UnitTest::GetInstance()->ad_hoc_test_result().Failed();
     return failures > 0 || wentWrong ? 1 : 0;

@@ -9,6 +9,7 @@
 #include "Keelbright/screens/shell/MainWindow.h"
 #include "Keelbright/screens/shell/ProgramIcon.h"
 #include "Keelbright/screens/shell/SingleInstance.h"
+#include "Keelbright/screens/shell/Translations.h"
 #include "Keelbright/state/KeelbrightApp.h"
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "Keelbright/widgets/theme/DesktopSettings.h"
@@ -22,6 +23,7 @@
 #include "KeelbrightCore/platform/system/TaskPools.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
@@ -126,6 +128,7 @@ void introduceProgram()
 int openWindow(QApplication& application, const std::optional<WindowAction>& action, AppLookup lookup)
 {
     introduceProgram();
+    const Translations translations(QLocale::system().uiLanguages());
     SingleInstance instance(settingsFolder());
     switch (instance.start(action)) {
     case SingleInstance::Start::first:

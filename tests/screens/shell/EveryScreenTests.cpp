@@ -1,6 +1,7 @@
 #include "Keelbright/widgets/theme/Theme.h"
 #include "tests/gallery/ScreenStates.h"
 #include "tests/gallery/Stage.h"
+#include "tests/screens/shell/ScreenLooks.h"
 #include "tests/support/WindowChecks.h"
 
 #include <QAbstractButton>
@@ -10,13 +11,6 @@
 #include <algorithm>
 
 namespace keelbright::testing {
-
-using namespace Qt::StringLiterals;
-
-void PrintTo(const ScreenState& state, std::ostream* stream)
-{
-    *stream << state.screen << "-" << state.name;
-}
 
 namespace {
 
@@ -29,23 +23,6 @@ protected:
         Theme::instance().install();
         QApplication::setCursorFlashTime(0);
         GetParam().play(stage);
-    }
-
-    /// The faults that the check finds in both schemes and at both sizes.
-    [[nodiscard]] std::string faultsInEveryLook(QStringList (*check)(QWidget&))
-    {
-        QStringList faults;
-        for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
-            for (const QSize& size : stage.sizes()) {
-                Theme::instance().setScheme(scheme);
-                window().resize(size);
-                Stage::turnFrames();
-                const QString look = scheme == ColorScheme::light ? u"light"_s : u"dark"_s;
-                for (const QString& fault : check(window()))
-                    faults.append(u"%1, %2 wide: %3"_s.arg(look, QString::number(size.width()), fault));
-            }
-        }
-        return faults.join(u'\n').toStdString();
     }
 
     [[nodiscard]] QWidget& window() { return stage.window(); }
@@ -77,12 +54,6 @@ bool isReachedByArrows(const QWidget& control, const QSet<QWidget*>& reached)
                return other->parentWidget() == control.parentWidget() &&
                       qobject_cast<const QAbstractButton*>(other) != nullptr;
            });
-}
-
-std::string testName(const ::testing::TestParamInfo<ScreenState>& info)
-{
-    const QString name = QString::fromLatin1(info.param.screen) + u'_' + QString::fromLatin1(info.param.name);
-    return QString(name).replace(u'-', u'_').toStdString();
 }
 
 } // namespace
@@ -129,19 +100,19 @@ TEST_P(EveryScreenTests, theFocusCanBeSeen)
 
 TEST_P(EveryScreenTests, everyTextCanBeRead)
 {
-    EXPECT_EQ(faultsInEveryLook(faintTexts), "");
+    EXPECT_EQ(faultsInEveryLook(stage, faintTexts), "");
 }
 
 TEST_P(EveryScreenTests, noTextLiesOnAnother)
 {
-    EXPECT_EQ(faultsInEveryLook(coveredTexts), "");
+    EXPECT_EQ(faultsInEveryLook(stage, coveredTexts), "");
 }
 
 TEST_P(EveryScreenTests, noTextIsCutOffAtASide)
 {
-    EXPECT_EQ(faultsInEveryLook(cutTexts), "");
+    EXPECT_EQ(faultsInEveryLook(stage, cutTexts), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(States, EveryScreenTests, ::testing::ValuesIn(screenStates()), testName);
+INSTANTIATE_TEST_SUITE_P(States, EveryScreenTests, ::testing::ValuesIn(screenStates()), testNameOfState);
 
 } // namespace keelbright::testing
