@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
-#include <QLocale>
 
 namespace keelbright {
 
@@ -13,8 +12,8 @@ using namespace Qt::StringLiterals;
 /// The texts in the sources are English, and the locale of machines is "C".
 bool isEnglish(const QString& language)
 {
-    const QLocale::Language spoken = QLocale(language).language();
-    return spoken == QLocale::English || spoken == QLocale::C;
+    const QString code = language.section(u'-', 0, 0);
+    return code == "en"_L1 || code == "C"_L1;
 }
 
 } // namespace

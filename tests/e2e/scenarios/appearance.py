@@ -19,3 +19,18 @@ class Appearance(Scenario):
         wait_until(lambda: self.background() > 230, "the window never turns light")
         desktop.set_scheme("dark")
         wait_until(lambda: self.background() < 60, "the window never turns dark again")
+
+
+class Language(Scenario):
+    def test_is_the_users(self):
+        self.machine.variables["LANGUAGE"] = "de_AT:en"
+        window = self.start()
+        window.button("Weiter").press()
+        window.label("Wählen Sie ein Backup-Ziel")
+        window.button("Zurück")
+
+    def test_is_english_where_the_user_prefers_it(self):
+        self.machine.variables["LANGUAGE"] = "en_GB:de"
+        window = self.start()
+        window.button("Continue").press()
+        window.label("Choose a Backup Destination")
