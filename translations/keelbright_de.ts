@@ -734,6 +734,14 @@
         <source>“%1” could not be %2: %3.</source>
         <translation>„%1“ konnte nicht %2 werden: %3.</translation>
     </message>
+    <message>
+        <source>put back</source>
+        <translation>zurückgelegt</translation>
+    </message>
+    <message>
+        <source>it no longer lies in the Trash</source>
+        <translation>es liegt nicht mehr im Papierkorb</translation>
+    </message>
 </context>
 <context>
     <name>FullScanService</name>
@@ -1543,6 +1551,66 @@
     <message>
         <source>App bundle moved to Trash</source>
         <translation>App in den Papierkorb gelegt</translation>
+    </message>
+</context>
+<context>
+    <name>UndoTexts</name>
+    <message>
+        <source>Nothing was put back.</source>
+        <translation>Nichts wurde zurückgelegt.</translation>
+    </message>
+    <message>
+        <source>1 item is back where it was.</source>
+        <translation>1 Objekt ist wieder an seinem Ort.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items are back where they were.</source>
+        <translation>
+            <numerusform>%Ln Objekt ist wieder an seinem Ort.</numerusform>
+            <numerusform>%Ln Objekte sind wieder an ihrem Ort.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 item could not be put back.</source>
+        <translation>1 Objekt konnte nicht zurückgelegt werden.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items could not be put back.</source>
+        <translation>
+            <numerusform>%Ln Objekt konnte nicht zurückgelegt werden.</numerusform>
+            <numerusform>%Ln Objekte konnten nicht zurückgelegt werden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Undo Organise</source>
+        <translation>Ordnen rückgängig machen</translation>
+    </message>
+    <message>
+        <source>Undo Move to Trash</source>
+        <translation>Papierkorb rückgängig machen</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>The undo was cancelled.</source>
+        <translation>Das Rückgängigmachen wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>1 item was not tried; undo once more to go on.</source>
+        <translation>1 Objekt blieb unversucht; noch einmal rückgängig machen setzt fort.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items were not tried; undo once more to go on.</source>
+        <translation>
+            <numerusform>%Ln Objekt blieb unversucht; noch einmal rückgängig machen setzt fort.</numerusform>
+            <numerusform>%Ln Objekte blieben unversucht; noch einmal rückgängig machen setzt fort.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2664,6 +2732,10 @@ Eingebaut: die Schrift Material Design Icons (SIL Open Font License 1.1, ihre Bi
         <source>Keep going</source>
         <translation>Weiter sichern</translation>
     </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
 </context>
 <context>
     <name>keelbright::ManifestSummary</name>
@@ -3091,6 +3163,10 @@ Eingebaut: die Schrift Material Design Icons (SIL Open Font License 1.1, ihre Bi
             <numerusform>%n Dateien · %1</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Not connected</source>
+        <translation>Nicht verbunden</translation>
+    </message>
 </context>
 <context>
     <name>keelbright::ProtectedItemsView</name>
@@ -3500,6 +3576,10 @@ Cloud-Backup: Sie können einen Ordner wählen, den iCloud Drive, Dropbox, OneDr
         <source>Recommended</source>
         <translation>Empfohlen</translation>
     </message>
+    <message>
+        <source>Not connected</source>
+        <translation>Nicht verbunden</translation>
+    </message>
 </context>
 <context>
     <name>keelbright::ShareBar</name>
@@ -3593,6 +3673,14 @@ Cloud-Backup: Sie können einen Ordner wählen, den iCloud Drive, Dropbox, OneDr
     <message>
         <source>%1. %2</source>
         <translation>%1. %2</translation>
+    </message>
+    <message>
+        <source>%1 is not connected</source>
+        <translation>%1 ist nicht verbunden</translation>
+    </message>
+    <message>
+        <source>%1 is connected again</source>
+        <translation>%1 ist wieder verbunden</translation>
     </message>
 </context>
 <context>
@@ -3701,6 +3789,40 @@ Cloud-Backup: Sie können einen Ordner wählen, den iCloud Drive, Dropbox, OneDr
     <message>
         <source>%1 — %2</source>
         <translation>%1 – %2</translation>
+    </message>
+</context>
+<context>
+    <name>keelbright::UndoResultPanel</name>
+    <message>
+        <source>Not put back</source>
+        <translation>Nicht zurückgelegt</translation>
+    </message>
+    <message>
+        <source>Copy the list</source>
+        <translation>Liste kopieren</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>keelbright::UndoRunningPanel</name>
+    <message>
+        <source>Undo progress</source>
+        <translation>Fortschritt des Rückgängigmachens</translation>
+    </message>
+    <message>
+        <source>Cancelling...</source>
+        <translation>Wird abgebrochen...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Putting everything back…</source>
+        <translation>Alles wird zurückgelegt …</translation>
     </message>
 </context>
 </TS>

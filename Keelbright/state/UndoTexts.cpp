@@ -1,5 +1,7 @@
 #include "Keelbright/state/UndoTexts.h"
 
+#include "KeelbrightCore/platform/text/PluralNumber.h"
+
 #include <QCoreApplication>
 #include <QLocale>
 
@@ -7,10 +9,10 @@ namespace keelbright::UndoTexts {
 
 namespace {
 
-QString tr(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("UndoTexts", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(UndoTexts)
+};
 
 QString number(qint64 count)
 {
@@ -20,15 +22,15 @@ QString number(qint64 count)
 QString putBack(qint64 count)
 {
     if (count == 0)
-        return tr("Nothing was put back.");
-    return count == 1 ? tr("1 item is back where it was.")
-                      : tr("%1 items are back where they were.").arg(number(count));
+        return Texts::tr("Nothing was put back.");
+    return count == 1 ? Texts::tr("1 item is back where it was.")
+                      : Texts::tr("%Ln items are back where they were.", nullptr, pluralNumber(count));
 }
 
 QString notPutBack(qint64 count)
 {
-    return count == 1 ? tr("1 item could not be put back.")
-                      : tr("%1 items could not be put back.").arg(number(count));
+    return count == 1 ? Texts::tr("1 item could not be put back.")
+                      : Texts::tr("%Ln items could not be put back.", nullptr, pluralNumber(count));
 }
 
 } // namespace
@@ -36,19 +38,19 @@ QString notPutBack(qint64 count)
 QString action(std::optional<UndoStore::Kind> kind)
 {
     if (!kind)
-        return tr("Undo");
-    return kind == UndoStore::Kind::organise ? tr("Undo Organise") : tr("Undo Move to Trash");
+        return Texts::tr("Undo");
+    return kind == UndoStore::Kind::organise ? Texts::tr("Undo Organise") : Texts::tr("Undo Move to Trash");
 }
 
 QString progress(qint64 tried, qint64 total)
 {
-    return tr("%1 of %2").arg(number(tried), number(total));
+    return Texts::tr("%1 of %2").arg(number(tried), number(total));
 }
 
 QString headline(const UndoResult& result)
 {
     if (countOf(result.remaining) > 0)
-        return tr("The undo was cancelled.");
+        return Texts::tr("The undo was cancelled.");
     return result.failures.isEmpty() ? putBack(result.restored) : notPutBack(result.failures.size());
 }
 
@@ -61,9 +63,9 @@ QStringList details(const UndoResult& result)
     if (remaining > 0 && !result.failures.isEmpty())
         lines.append(notPutBack(result.failures.size()));
     if (remaining > 0)
-        lines.append(remaining == 1
-                         ? tr("1 item was not tried; undo once more to go on.")
-                         : tr("%1 items were not tried; undo once more to go on.").arg(number(remaining)));
+        lines.append(remaining == 1 ? Texts::tr("1 item was not tried; undo once more to go on.")
+                                    : Texts::tr("%Ln items were not tried; undo once more to go on.", nullptr,
+                                                pluralNumber(remaining)));
     return lines;
 }
 
