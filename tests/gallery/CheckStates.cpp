@@ -107,6 +107,7 @@ void playFaults(Stage& stage)
     addDamaged(report, u"IMG_4117.jpg"_s);
     addDamaged(report, u"Garden diary 1961.odt"_s);
     addUnreadable(report, u"Summer in the archipelago.mov"_s);
+    report.add(CopyVerdict::same, -12);
     report.add(CopyVerdict::changedSince, 12);
     end(stage, report);
 }
@@ -162,9 +163,10 @@ void playList(Stage& stage)
     stage.press(u"Use a List of Checksums…"_s);
     CheckReport report = checkOf(stage, 41'230);
     report.isAgainstList = true;
-    report.add(CopyVerdict::same, -5);
+    report.checked = 41'229;
+    report.add(CopyVerdict::same, -6);
     report.add(CopyVerdict::changedSince, 5);
-    report.add(CopyVerdict::onlyOnDrive, 1);
+    report.add(CopyVerdict::onlyOnDrive, 1); // on the drive, but not in the list
     report.unknownLines = 2;
     end(stage, report);
 }
