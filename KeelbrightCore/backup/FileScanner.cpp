@@ -72,6 +72,17 @@ bool shouldSkip(DirectoryEnumerator& enumerator)
     return hasSkippedExtension(name);
 }
 
+Handling handlingOf(DirectoryEnumerator& enumerator, const LeftOut& isLeftOut)
+{
+    if (isLeftOut && enumerator.type() == EntryType::directory && isLeftOut(enumerator)) {
+        enumerator.skipDescendants();
+        return Handling::leftOut;
+    }
+    if (shouldSkip(enumerator))
+        return Handling::skipped;
+    return enumerator.isDirectoryFollowingLinks() ? Handling::folder : Handling::copied;
+}
+
 ScanResult scan(const QList<BackupSource>& sources, Sizes sizes, const Cancellation& cancellation,
                 const LeftOut& isLeftOut)
 {
@@ -81,9 +92,8 @@ ScanResult scan(const QList<BackupSource>& sources, Sizes sizes, const Cancellat
             folders.append(source.url);
     }
     const auto bytesOf = [&](DirectoryEnumerator& enumerator) -> std::optional<qint64> {
-        if (isLeftOut && enumerator.type() == EntryType::directory && isLeftOut(enumerator))
-            enumerator.skipDescendants();
-        if (shouldSkip(enumerator) || enumerator.type() != EntryType::regularFile)
+        const bool isCopied = handlingOf(enumerator, isLeftOut) == Handling::copied;
+        if (!isCopied || enumerator.type() != EntryType::regularFile)
             return std::nullopt;
         return sizes == Sizes::read ? enumerator.fileSize() : 0;
     };

@@ -31,12 +31,25 @@ struct ScanResult
 /// name, the enumerator skips its descendants.
 [[nodiscard]] bool shouldSkip(DirectoryEnumerator& enumerator);
 
-/// Whether a scan reads sizes. Without them a large tree is counted in half the time.
-enum class Sizes { read, leftOut };
-
 /// Whether the enumerator's current folder is left out, with all below it, for another reason than the
 /// rule. Several threads call it at the same time, each with a walk of its own.
 using LeftOut = std::function<bool(const DirectoryEnumerator& folder)>;
+
+/// What becomes of an entry below a source in a backup.
+enum class Handling {
+    leftOut, ///< without a count, and all below it: what the backup itself writes
+    skipped, ///< by the rule, and counted
+    folder,  ///< or a link to one: made only where something is copied into it
+    copied,
+};
+
+/// The rule for one entry after the other, for who copies, counts or compares: `isLeftOut` is asked about
+/// folders, then `shouldSkip`. Keeps the enumerator out of what is left out. Where memory runs out it throws,
+/// and may be called again for the same entry.
+[[nodiscard]] Handling handlingOf(DirectoryEnumerator& enumerator, const LeftOut& isLeftOut);
+
+/// Whether a scan reads sizes. Without them a large tree is counted in half the time.
+enum class Sizes { read, leftOut };
 
 /// Counts the regular files that a backup of the enabled sources would copy; what can't be read
 /// adds nothing. Reads metadata only. `totalBytes` stays 0 where sizes are left out. Blocks; any thread.

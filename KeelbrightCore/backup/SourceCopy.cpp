@@ -31,15 +31,18 @@ SourceCopy::~SourceCopy()
 
 void SourceCopy::run()
 {
+    // Reached by a link above it, or mounted here as well.
+    const FileScanner::LeftOut isOwnFolder = [this](const DirectoryEnumerator& item) {
+        return m_destination.isOwnFolder(item);
+    };
     while (goToNext()) {
         reportUnreadableFolders();
         if (m_task.cancellation().isCancelled())
             break;
-        if (m_destination.isOwnFolder(m_items))
-            m_items.skipDescendants(); // reached by a link above it, or mounted here as well
-        else if (FileScanner::shouldSkip(m_items))
+        const auto handling = waitingForMemory([&] { return FileScanner::handlingOf(m_items, isOwnFolder); });
+        if (handling == FileScanner::Handling::skipped)
             addChange([](BackupEngine& engine) { engine.incrementSkipped(); });
-        else if (!m_items.isDirectoryFollowingLinks())
+        else if (handling == FileScanner::Handling::copied)
             copyCurrent();
     }
     reportUnreadableFolders();

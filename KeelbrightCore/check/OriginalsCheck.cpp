@@ -228,12 +228,14 @@ void OriginalsCheck::lookForNew(const BackupSource& source)
     });
     const QByteArray name = source.url.nativeLastPathComponent();
     const QByteArray root = name == "/" ? personalFiles : personalFiles + '/' + name;
+    FileScanner::LeftOut isLeftOut;
+    if (m_again)
+        isLeftOut = [this, copy = m_again->folderId(root)](const DirectoryEnumerator& folder) {
+            return m_again->isOwnFolder(folder, copy);
+        };
     while (!stops() && (*items)->next()) {
-        if (m_again && m_again->isOwnFolder(**items))
-            (*items)->skipDescendants();
-        else if (FileScanner::shouldSkip(**items) || (*items)->isDirectoryFollowingLinks())
-            continue;
-        else if ((*items)->type() != EntryType::other && !hasCopy(**items, root))
+        const bool isCopied = FileScanner::handlingOf(**items, isLeftOut) == FileScanner::Handling::copied;
+        if (isCopied && (*items)->type() != EntryType::other && !hasCopy(**items, root))
             m_report.add(CopyVerdict::notBackedUp);
     }
 }

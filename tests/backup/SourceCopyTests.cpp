@@ -5,6 +5,7 @@
 #include "tests/support/TestMac.h"
 
 #include <gmock/gmock.h>
+#include <new>
 
 namespace keelbright {
 namespace {
@@ -47,11 +48,32 @@ private:
     qsizetype m_planned = 0;
 };
 
-class SourceCopyTest : public testing::PendingItemsTest, public ::testing::WithParamInterface<int>
+/// A drive that finds no memory, a few times, when it is asked whether a folder is one of its own.
+class ForgetfulDrive : public testing::FakeCopyDestination
+{
+public:
+    using FakeCopyDestination::FakeCopyDestination;
+
+    bool isOwnFolder(const DirectoryEnumerator& item) const override
+    {
+        if (item.name() != "b" && item.name() != "own")
+            return false;
+        if (++asked % 3 != 0)
+            throw std::bad_alloc();
+        return item.name() == "own";
+    }
+
+    mutable int asked = 0;
+};
+
+class SourceCopyMemoryTest : public testing::PendingItemsTest
 {
 protected:
     testing::TestMac mac;
 };
+
+class SourceCopyTest : public SourceCopyMemoryTest, public ::testing::WithParamInterface<int>
+{};
 
 TEST_P(SourceCopyTest, makesAFolderOnceMoreWhenThePendingCopiesHaveGivenTheirRoomBack)
 {
@@ -68,6 +90,26 @@ TEST_P(SourceCopyTest, makesAFolderOnceMoreWhenThePendingCopiesHaveGivenTheirRoo
     onRunThread([&] { SourceCopy(**items, drive, root, "Personal Files/Documents", *task).run(); });
     EXPECT_GT(drive.refused, 0);
     EXPECT_THAT(engine.progress().errors, IsEmpty());
+    EXPECT_THAT(record.names("published"), UnorderedElementsAreArray(files));
+}
+
+TEST_F(SourceCopyMemoryTest, aLackOfMemoryAtAFolderIsWaitedForAndLosesNoItem)
+{
+    QByteArrayList files;
+    for (const QByteArray folder : {"a", "b", "c"}) {
+        for (const QByteArray file : {"1", "2", "3"}) {
+            files.append(folder + file);
+            mac.writeFile("Documents/" + folder + '/' + files.last(), "x");
+        }
+    }
+    mac.writeFile("Documents/own/copy", "x");
+    const FileURL root = mac.root().appendingNative("Documents");
+    const auto items = DirectoryEnumerator::open(root, {});
+    ForgetfulDrive drive(1'000, preparing());
+    onRunThread([&] { SourceCopy(**items, drive, root, "Personal Files/Documents", *task).run(); });
+    EXPECT_EQ(drive.asked, 6) << "three times for each of the two folders";
+    EXPECT_THAT(engine.progress().errors, IsEmpty());
+    EXPECT_EQ(engine.progress().filesSkipped, 0);
     EXPECT_THAT(record.names("published"), UnorderedElementsAreArray(files));
 }
 

@@ -1,7 +1,10 @@
 // What a check says of copies that nothing has happened to, and of originals that went on living.
 
 #include "tests/check/CheckTestCase.h"
+#include "tests/support/TemporaryVolume.h"
 #include "tests/support/TmpfsMount.h"
+
+#include <filesystem>
 
 namespace keelbright {
 namespace {
@@ -186,6 +189,35 @@ TEST_F(OriginalsCheckTests, aSourceThatHoldsTheDestinationIsNotCheckedAgainstIts
     run.drive = run.mac.makeFolder("Users/mira/Documents/Drive");
     backUp();
     EXPECT_EQ(counts(check()), (Counts{{"same", 1}}));
+}
+
+TEST_F(OriginalsCheckTests, whatABackupLeavesOutIsNotToBeBackedUpEither)
+{
+    write("plain", "1");
+    write("folder/inside", "2");
+    write("Tool.app/Contents/inside", "3");
+    for (const char* name : {"node_modules/a", "build/a/b", ".hidden/a", ".dot", "image.DMG", "a.tmp"})
+        write(QByteArray("left out/") + name, "left out");
+    ASSERT_EQ(::symlink("inside", original("folder/link").nativePath().constData()), 0);
+    ASSERT_EQ(::symlink("folder", original("to a folder").nativePath().constData()), 0);
+    run.drive = run.mac.makeFolder("Users/mira/Documents/Drive");
+    backUp();
+    EXPECT_EQ(counts(check()), (Counts{{"same", 4}}));
+    std::filesystem::remove_all(run.mirrored("Documents").nativePath().toStdString());
+    EXPECT_EQ(counts(check()), (Counts{{"not backed up", run.engine.progress().filesCopied}}));
+}
+
+TEST_F(OriginalsCheckTests, aMountedPartOfTheCopiesIsNotToBeBackedUp)
+{
+    write("folder/letter", "1");
+    backUp();
+    const testing::TemporaryVolume volume(run.mac.makeFolder("Users/mira/Documents/folder/mounted"),
+                                          run.mirrored("Documents/folder"));
+    if (!volume.isMounted())
+        GTEST_SKIP() << "mounting a folder a second time is not permitted here";
+    EXPECT_EQ(counts(check()), (Counts{{"same", 1}}));
+    backUp();
+    EXPECT_EQ(run.engine.progress().filesCopied, 1);
 }
 
 TEST_F(OriginalsCheckTests, aSourceThatCantBeOpenedIsNamed)

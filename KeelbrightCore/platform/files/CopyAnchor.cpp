@@ -1,6 +1,7 @@
 #include "KeelbrightCore/platform/files/CopyAnchor.h"
 
 #include "KeelbrightCore/platform/files/AtomicWrite.h"
+#include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 #include "KeelbrightCore/platform/files/FolderOpening.h"
 #include "KeelbrightCore/platform/files/MountPoints.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
@@ -22,23 +23,27 @@ std::expected<std::shared_ptr<CopyAnchor>, FileError> CopyAnchor::of(FileURL pla
     struct stat around = {};
     if (::fstat(folder.get(), &own) != 0 || ::fstatat(folder.get(), "..", &around, 0) != 0)
         return failure(FileError::Operation::opened, place, errno);
-    return std::shared_ptr<CopyAnchor>(new CopyAnchor(std::move(place), std::move(folder), own, around));
+    return std::shared_ptr<CopyAnchor>(
+        new CopyAnchor(std::move(place), std::move(folder), FolderId::of(own), FolderId::of(around)));
 }
 
-CopyAnchor::CopyAnchor(FileURL place, FileDescriptor folder, const struct stat& own,
-                       const struct stat& around)
+CopyAnchor::CopyAnchor(FileURL place, FileDescriptor folder, const FolderId& own, const FolderId& around)
     : m_place(std::move(place))
     , m_folder(std::move(folder))
-    , m_device(own.st_dev)
-    , m_inode(own.st_ino)
-    , m_deviceAround(around.st_dev)
-    , m_inodeAround(around.st_ino)
+    , m_id(own)
+    , m_idAround(around)
 {}
 
-bool CopyAnchor::isOrHolds(const struct stat& status) const
+bool CopyAnchor::isOwnFolder(const DirectoryEnumerator& item, const FolderId& copyOfSource) const
 {
-    return (status.st_dev == m_device && status.st_ino == m_inode) ||
-           (status.st_dev == m_deviceAround && status.st_ino == m_inodeAround);
+    const int folder = item.folderDescriptor();
+    const char* name = item.name().data();
+    struct stat status = {};
+    if (item.type() != EntryType::directory || ::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return false;
+    const FolderId id = FolderId::of(status);
+    return id == m_id || id == m_idAround || id == copyOfSource ||
+           (SystemCalls::isMountPoint(folder, name) && holdsWhatIsMountedAt(item.url()));
 }
 
 bool CopyAnchor::holdsWhatIsMountedAt(const FileURL& mountPoint) const
@@ -52,8 +57,7 @@ bool CopyAnchor::isInPlace()
 {
     const Time now = std::chrono::steady_clock::now();
     struct stat status = {};
-    if (::stat(m_place.nativePath().constData(), &status) != 0 || status.st_dev != m_device ||
-        status.st_ino != m_inode) {
+    if (::stat(m_place.nativePath().constData(), &status) != 0 || FolderId::of(status) != m_id) {
         m_lastSeenInPlace = never;
         return false;
     }

@@ -3,13 +3,15 @@
 #include "KeelbrightCore/platform/files/FileDescriptor.h"
 #include "KeelbrightCore/platform/files/FileError.h"
 #include "KeelbrightCore/platform/files/FileURL.h"
+#include "KeelbrightCore/platform/files/FolderId.h"
 
 #include <atomic>
 #include <chrono>
 #include <memory>
-#include <sys/stat.h>
 
 namespace keelbright {
+
+class DirectoryEnumerator;
 
 /// The folder that a copy destination was opened at. Knows whether its path still leads to it: a
 /// drive that was unmounted, mounted over or replaced gets nothing more. Internal to the platform
@@ -33,11 +35,10 @@ public:
     /// The same, but asks in any case.
     [[nodiscard]] std::expected<void, FileError> checkPlaceNow();
 
-    /// Whether this is the status of the folder or of the one around it.
-    [[nodiscard]] bool isOrHolds(const struct stat& status) const;
-
-    /// Whether what is mounted at that location is the folder around or a part of it.
-    [[nodiscard]] bool holdsWhatIsMountedAt(const FileURL& mountPoint) const;
+    /// Whether the entry is the folder around this one, this one itself, `copyOfSource`, or one of their
+    /// folders that is mounted in its place: the folders that a backup to here leaves out. Asks the file
+    /// system.
+    [[nodiscard]] bool isOwnFolder(const DirectoryEnumerator& item, const FolderId& copyOfSource) const;
 
     /// Opens the folder at `path` below the anchor and creates what is missing, after a look at the
     /// anchor's place.
@@ -50,14 +51,15 @@ public:
     [[nodiscard]] std::expected<void, FileError> flush() const;
 
 private:
-    CopyAnchor(FileURL place, FileDescriptor folder, const struct stat& own, const struct stat& around);
+    CopyAnchor(FileURL place, FileDescriptor folder, const FolderId& own, const FolderId& around);
+
+    /// Whether what is mounted at that location is the folder around or a part of it.
+    [[nodiscard]] bool holdsWhatIsMountedAt(const FileURL& mountPoint) const;
 
     FileURL m_place;
     FileDescriptor m_folder;
-    dev_t m_device;
-    ino_t m_inode;
-    dev_t m_deviceAround;
-    ino_t m_inodeAround;
+    FolderId m_id;
+    FolderId m_idAround;
     using Time = std::chrono::steady_clock::time_point;
     static constexpr Time never = Time::min();
     std::atomic<Time> m_lastSeenInPlace = never;

@@ -101,12 +101,15 @@ std::expected<ReadOnlyFile, int> ReadOnlyTree::openFile(QByteArrayView folder, c
     return ReadOnlyFile::open(*opened, name.constData());
 }
 
-bool ReadOnlyTree::isOwnFolder(const DirectoryEnumerator& item) const
+FolderId ReadOnlyTree::folderId(QByteArrayView folder)
 {
-    struct stat status = {};
-    return item.type() == EntryType::directory &&
-           ::fstatat(item.folderDescriptor(), item.name().data(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-           m_folders->anchor().isOrHolds(status);
+    const auto opened = m_folders->goTo(folder);
+    return opened ? FolderId::of(*opened) : FolderId();
+}
+
+bool ReadOnlyTree::isOwnFolder(const DirectoryEnumerator& item, const FolderId& copyOfSource) const
+{
+    return m_folders->anchor().isOwnFolder(item, copyOfSource);
 }
 
 bool ReadOnlyTree::isGone(int code)

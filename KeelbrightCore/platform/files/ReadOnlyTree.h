@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/files/FileError.h"
 #include "KeelbrightCore/platform/files/FileURL.h"
+#include "KeelbrightCore/platform/files/FolderId.h"
 #include "KeelbrightCore/platform/files/ReadOnlyFile.h"
 
 #include <memory>
@@ -28,8 +29,12 @@ public:
     [[nodiscard]] std::expected<QByteArray, int> linkTarget(QByteArrayView folder, const QByteArray& name);
     [[nodiscard]] std::expected<ReadOnlyFile, int> openFile(QByteArrayView folder, const QByteArray& name);
 
-    /// Whether the entry is the root or the folder around it, by whatever path the walk has come to it.
-    [[nodiscard]] bool isOwnFolder(const DirectoryEnumerator& item) const;
+    /// The folder at that path; no folder where there is none.
+    [[nodiscard]] FolderId folderId(QByteArrayView folder);
+
+    /// Whether a backup whose copies go to the root leaves the entry out as a folder of its own, while it
+    /// fills the folder `copyOfSource`: by the rule of `CopyDestination`.
+    [[nodiscard]] bool isOwnFolder(const DirectoryEnumerator& item, const FolderId& copyOfSource) const;
 
     /// Whether a read that failed with `code` did so because the whole drive is gone: pulled out, unmounted
     /// or replaced. Asks the system.

@@ -97,12 +97,6 @@ SystemCopyDestination::SystemCopyDestination(std::shared_ptr<CopyAnchor> anchor,
     , m_maximumPrepared(maximumPreparedCopies())
 {}
 
-SystemCopyDestination::FolderId SystemCopyDestination::FolderId::of(int folder)
-{
-    struct stat status = {};
-    return ::fstat(folder, &status) == 0 ? FolderId{status.st_dev, status.st_ino} : FolderId();
-}
-
 bool SystemCopyDestination::isInPlace()
 {
     return m_anchor->isInPlace();
@@ -249,13 +243,7 @@ void SystemCopyDestination::leaveFolders()
 
 bool SystemCopyDestination::isOwnFolder(const DirectoryEnumerator& item) const
 {
-    const int folder = item.folderDescriptor();
-    const char* name = item.name().data();
-    struct stat status = {};
-    if (item.type() != EntryType::directory || ::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
-        return false;
-    return m_anchor->isOrHolds(status) || m_copyOfSource == FolderId{status.st_dev, status.st_ino} ||
-           (SystemCalls::isMountPoint(folder, name) && m_anchor->holdsWhatIsMountedAt(item.url()));
+    return m_anchor->isOwnFolder(item, m_copyOfSource);
 }
 
 std::expected<PlannedCopy, FileError> SystemCopyDestination::plan(const DirectoryEnumerator& item)

@@ -63,14 +63,6 @@ private:
     [[nodiscard]] std::expected<void, int> openFolders(const DirectoryEnumerator& item);
     [[nodiscard]] bool hasUnnamedFiles();
 
-    struct FolderId
-    {
-        dev_t device = 0;
-        ino_t inode = 0; ///< 0 is no folder's
-        [[nodiscard]] static FolderId of(int folder);
-        friend bool operator==(const FolderId&, const FolderId&) = default;
-    };
-
     /// Who fills the copy of a source in this run.
     struct Filling
     {

@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/files/ReadOnlyTree.h"
 
+#include "tests/support/TemporaryVolume.h"
 #include "tests/support/TestMac.h"
 
 #include <gmock/gmock.h>
@@ -105,18 +106,42 @@ TEST_F(ReadOnlyTreeTests, knowsWhenItsPlaceIsGone)
     EXPECT_EQ(tree->status({}, "a")->size, 1) << "what is open stays open";
 }
 
-TEST_F(ReadOnlyTreeTests, knowsItsOwnFolderAndTheOneAround)
+TEST_F(ReadOnlyTreeTests, knowsItsOwnFolderTheOneAroundAndTheCopyOfASource)
 {
-    mac.makeFolder("around/root/inside");
+    mac.makeFolder("around/root/copies/of source/inside");
+    mac.makeFolder("around/beside");
     const auto tree = open("around/root");
-    const auto walk = DirectoryEnumerator::open(mac.root(), {});
-    ASSERT_TRUE(walk.has_value());
+    const FolderId copy = tree->folderId("copies/of source");
+    EXPECT_NE(copy, FolderId());
+    EXPECT_EQ(tree->folderId("copies/missing"), FolderId());
+    const auto ownFolders = [&](const FolderId& copyOfSource) {
+        const auto walk = DirectoryEnumerator::open(mac.root(), {});
+        QByteArrayList own;
+        while ((*walk)->next()) {
+            if (tree->isOwnFolder(**walk, copyOfSource))
+                own.append((*walk)->name().toByteArray());
+        }
+        return own;
+    };
+    EXPECT_THAT(ownFolders({}), ::testing::ElementsAre("around", "root"));
+    EXPECT_THAT(ownFolders(copy), ::testing::ElementsAre("around", "root", "of source"));
+}
+
+TEST_F(ReadOnlyTreeTests, knowsAPartOfItsOwnFolderThatIsMountedElsewhere)
+{
+    const FileURL part = mac.makeFolder("around/root/part");
+    const testing::TemporaryVolume mounted(mac.makeFolder("elsewhere/mounted"), part);
+    const testing::TemporaryVolume another(mac.makeFolder("elsewhere/another"), mac.makeFolder("beside"));
+    if (!mounted.isMounted() || !another.isMounted())
+        GTEST_SKIP() << "mounting a folder a second time is not permitted here";
+    const auto tree = open("around/root");
+    const auto walk = DirectoryEnumerator::open(mac.root().appendingNative("elsewhere"), {});
     QByteArrayList own;
     while ((*walk)->next()) {
-        if (tree->isOwnFolder(**walk))
+        if (tree->isOwnFolder(**walk, {}))
             own.append((*walk)->name().toByteArray());
     }
-    EXPECT_THAT(own, ::testing::ElementsAre("around", "root"));
+    EXPECT_THAT(own, ::testing::ElementsAre("mounted"));
 }
 
 } // namespace

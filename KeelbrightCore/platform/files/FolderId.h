@@ -1,0 +1,26 @@
+#pragma once
+
+#include <sys/stat.h>
+#include <sys/types.h>
+
+namespace keelbright {
+
+/// By what a system tells folders apart, whatever path leads to them.
+struct FolderId
+{
+    dev_t device = 0;
+    ino_t inode = 0; ///< 0 is no folder's
+
+    [[nodiscard]] static FolderId of(const struct stat& status) { return {status.st_dev, status.st_ino}; }
+
+    /// Of an open folder; no folder's where that can't be read.
+    [[nodiscard]] static FolderId of(int folder)
+    {
+        struct stat status = {};
+        return ::fstat(folder, &status) == 0 ? of(status) : FolderId();
+    }
+
+    friend bool operator==(const FolderId&, const FolderId&) = default;
+};
+
+} // namespace keelbright
