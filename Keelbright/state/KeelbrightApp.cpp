@@ -26,9 +26,10 @@ KeelbrightApp::KeelbrightApp(FolderChooser& folderChooser, AppLookup lookup)
 
 bool KeelbrightApp::shutDown()
 {
+    const bool hasEnded = m_state.engine().shutDown(shutDownTimeout);
     // A backup that has ended in this very moment is still saved and logged.
     QCoreApplication::sendPostedEvents(&m_state, QEvent::MetaCall);
-    return m_state.engine().shutDown(shutDownTimeout);
+    return hasEnded;
 }
 
 } // namespace keelbright

@@ -25,7 +25,10 @@ BackupEngine::BackupEngine(QObject* parent)
 
 BackupEngine::~BackupEngine()
 {
-    std::ignore = shutDown(endOfRunMilliseconds);
+    if (m_currentTask) {
+        m_currentTask->quit();
+        std::ignore = m_currentTask->waitForEnd(endOfRunMilliseconds);
+    }
 }
 
 void BackupEngine::startBackup(const BackupJob& job)
@@ -136,7 +139,10 @@ bool BackupEngine::shutDown(int milliseconds)
     if (!m_currentTask)
         return true;
     m_currentTask->quit();
-    return m_currentTask->waitForEnd(milliseconds);
+    if (!m_currentTask->waitForEnd(milliseconds))
+        return false;
+    m_currentTask->makeLastChange();
+    return true;
 }
 
 } // namespace keelbright

@@ -56,8 +56,9 @@ public:
     void setLastError(const std::optional<QString>& error);
 
     /// Stops the run because the program quits: no further item is copied and nothing unfinished stays
-    /// on the drive. False if the run has not ended within `milliseconds`, for example because the drive
-    /// hangs; the program must then exit without waiting for its threads.
+    /// on the drive. A run that has written its report already still ends as finished. False if the run has
+    /// not ended within `milliseconds`, for example because the drive hangs; the program must then exit
+    /// without waiting for its threads.
     [[nodiscard]] bool shutDown(int milliseconds);
 
 Q_SIGNALS:

@@ -176,10 +176,12 @@ void conclude(const BackupJob& job, const QDateTime& startedAt, const Clock& clo
         appendError(QStringLiteral("Report write failed"), written.error(), task);
     qCDebug(backupLog) << "run ended:" << report.filesCopied << "copied," << report.filesSkipped << "skipped,"
                        << report.errors.size() << "errors";
-    hop(task, [report](BackupEngine& engine) {
+    const auto end = [report](BackupEngine& engine) {
         engine.setLastReport(report);
         engine.setIsRunning(false);
-    });
+    };
+    // The report lies on the drive: the program knows it, too, though it quits.
+    task.hopLast(waitingForMemory([&] { return BackupTask::Change(end); }));
 }
 
 void failToStart(const FileError& error, BackupTask& task)

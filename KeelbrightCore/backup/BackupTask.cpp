@@ -1,5 +1,7 @@
 #include "KeelbrightCore/backup/BackupTask.h"
 
+#include "KeelbrightCore/platform/system/WaitForMemory.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 #include <QThread>
@@ -89,6 +91,26 @@ void BackupTask::hop(Change change)
 {
     post(std::move(change));
     wait();
+}
+
+void BackupTask::hopLast(Change change)
+{
+    m_lastChange = std::move(change);
+    hop(waitingForMemory([this] { return Change([this](BackupEngine&) { makeLastChange(); }); }));
+}
+
+void BackupTask::makeLastChange()
+{
+    // Moved out, because an observer of the change may let the program quit.
+    Change change = std::exchange(m_lastChange, nullptr);
+    if (!change)
+        return;
+    try {
+        change(m_engine);
+    } catch (const std::bad_alloc&) {
+        m_lastChange = std::move(change);
+        throw;
+    }
 }
 
 void BackupTask::quit()

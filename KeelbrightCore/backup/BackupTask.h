@@ -19,8 +19,8 @@ class BackupEngine;
 ///
 /// Ownership: the engine and the run each hold it, and either may go first. An engine that goes calls
 /// `quit` before; no change touches it afterwards.
-/// Threads: `create`, `cancel`, `quit` and `waitForEnd` belong to the main thread, `cancellation` to any,
-/// all others to the one thread of the run.
+/// Threads: `create`, `cancel`, `quit`, `waitForEnd` and `makeLastChange` belong to the main thread,
+/// `cancellation` to any, all others to the one thread of the run.
 class BackupTask : public QObject
 {
 public:
@@ -56,6 +56,9 @@ public:
 
     /// `post` and `wait`.
     void hop(Change change);
+    /// The same for the change that ends the run. It is not dropped where the program quits: `makeLastChange`
+    /// makes it then.
+    void hopLast(Change change);
 
     /// The last call of the run.
     void markEnded() { m_ended.release(); }
@@ -68,6 +71,8 @@ public:
     void quit();
     /// Whether the run ends within `milliseconds`.
     [[nodiscard]] bool waitForEnd(int milliseconds);
+    /// Makes the change that ends the run, unless it is made or there is none. Only after the run has ended.
+    void makeLastChange();
 
 protected:
     bool event(QEvent* event) override;
@@ -94,6 +99,7 @@ private:
     BackupEngine& m_engine;
     Cancellation m_cancellation;
     Change m_change;
+    Change m_lastChange;                   ///< of the main thread once it is posted or the run has ended
     NextChange m_next = NextChange::later; ///< after `m_change`
     bool m_isMade = true;                  ///< the change before; to be read only when none is pending
     std::atomic<bool> m_isPending = false;

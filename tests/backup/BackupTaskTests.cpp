@@ -194,6 +194,70 @@ TEST_F(BackupTaskTest, releasesAWaitingRunAndDropsItsChangeWhenTheProgramQuits)
     EXPECT_EQ(engine.progress().filesSkipped, 0);
 }
 
+TEST_F(BackupTaskTest, makesTheLastChangeOnce)
+{
+    run([this] { task->hopLast([](BackupEngine& changed) { changed.incrementSkipped(); }); });
+    EXPECT_EQ(engine.progress().filesSkipped, 1);
+    task->makeLastChange();
+    EXPECT_EQ(engine.progress().filesSkipped, 1);
+}
+
+TEST_F(BackupTaskTest, makesTheLastChangeAgainThatFoundNoMemory)
+{
+    int attempts = 0;
+    run([&] {
+        task->hopLast([&attempts](BackupEngine& changed) {
+            if (++attempts < 3)
+                throw std::bad_alloc();
+            changed.incrementSkipped();
+        });
+    });
+    EXPECT_EQ(attempts, 3);
+    EXPECT_EQ(engine.progress().filesSkipped, 1);
+}
+
+TEST_F(BackupTaskTest, keepsTheLastChangeOfARunThatEndsWhileTheProgramQuits)
+{
+    task->quit();
+    run([this] {
+        task->hopLast([](BackupEngine& changed) { changed.incrementSkipped(); });
+        task->markEnded();
+    });
+    EXPECT_EQ(engine.progress().filesSkipped, 0);
+    ASSERT_TRUE(task->waitForEnd(0));
+    task->makeLastChange();
+    task->makeLastChange();
+    EXPECT_EQ(engine.progress().filesSkipped, 1);
+}
+
+TEST_F(BackupTaskTest, keepsTheLastChangeThatIsPendingWhenTheProgramQuits)
+{
+    std::thread thread([&] {
+        task->hopLast([](BackupEngine& changed) { changed.incrementSkipped(); });
+        task->markEnded();
+    });
+    while (!task->isPending())
+        std::this_thread::yield();
+    task->quit();
+    thread.join();
+    task->makeLastChange();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(engine.progress().filesSkipped, 1);
+}
+
+TEST_F(BackupTaskTest, canQuitFromWithinTheLastChange)
+{
+    int made = 0;
+    run([&] {
+        task->hopLast([&](BackupEngine&) {
+            ++made;
+            task->quit();
+            task->makeLastChange();
+        });
+    });
+    EXPECT_EQ(made, 1);
+}
+
 TEST_F(BackupTaskTest, canQuitFromWithinAChange)
 {
     run([this] {
