@@ -1,54 +1,66 @@
 #pragma once
 
-#include "KeelbrightCore/apps/HttpAnswer.h"
-
-#include <QObject>
-#include <QSslSocket>
-#include <QTimer>
+#include <QByteArray>
 #include <QUrl>
+#include <atomic>
 #include <chrono>
 #include <memory>
+#include <mutex>
 #include <optional>
 
 namespace keelbright {
 
-/// One GET request over HTTP or HTTPS that follows redirections, never from HTTPS to HTTP, and keeps no more
-/// of an answer than `HttpAnswer` does. Written here because Qt's own reads the head of an answer without a
-/// limit. Belongs to a thread with an event loop, on which it works; destroying it ends the request.
-class HttpGet : public QObject
+/// One GET request over HTTP or HTTPS, by libcurl. The certificate of a server has to be valid and for its
+/// host. Redirections are followed; who is asked over HTTPS leads to nothing but HTTPS. The proxy is the one
+/// that the system is set to.
+class HttpGet
 {
-    Q_OBJECT
-
 public:
-    /// How long to wait for the end of the head, of whatever answers come before it, and then for each
-    /// further part of the body.
-    HttpGet(std::chrono::milliseconds timeout, qint64 maximumBodyBytes);
-    ~HttpGet() override;
-    Q_DISABLE_COPY_MOVE(HttpGet)
+    struct Limits
+    {
+        /// For all together: the server's name, the connection, every redirection, the answer to its last
+        /// byte.
+        std::chrono::milliseconds deadline;
+        /// Decompressed, where the server compresses.
+        qint64 maximumBodyBytes;
+    };
 
-    /// Once.
-    void start(const QUrl& url);
+    /// Status lines and fields of all answers together, those of redirections among them.
+    static constexpr qint64 maximumHeadBytes = qint64{256} * 1024;
 
-Q_SIGNALS:
-    /// Once: the whole body, whatever the status; nothing where there is no whole answer.
-    void finished(const std::optional<QByteArray>& body);
+    /// `authorities` is the path of a file with the only certificate authorities to trust, in the PEM format;
+    /// without one the system's are trusted.
+    HttpGet(QUrl url, const Limits& limits, QByteArray authorities = {});
+    ~HttpGet();
+    HttpGet(const HttpGet&) = delete;
+    HttpGet& operator=(const HttpGet&) = delete;
+
+    /// The whole body, whatever the status; nothing where there is no whole answer within the limits. Once;
+    /// blocks, on a thread that may.
+    [[nodiscard]] std::optional<QByteArray> perform();
+
+    /// Lets `perform` end with nothing, at once also where nothing arrives. Any thread.
+    void cancel();
 
 private:
-    void request(const QUrl& url);
-    void send();
-    void read();
-    void end();
-    void lookAtAnswer();
-    [[nodiscard]] std::optional<QUrl> redirection() const;
-    void closeSocket();
-    void finish(const std::optional<QByteArray>& body);
+    class Answer;
+    class Transfer;
 
-    const qint64 m_maximumBodyBytes;
-    QTimer m_patience;
-    QUrl m_url;
-    std::unique_ptr<QSslSocket> m_socket;
-    HttpAnswer m_answer;
-    int m_redirections = 0;
+    /// Null once it is cancelled. Belongs to this.
+    [[nodiscard]] void* begin();
+    [[nodiscard]] bool waitForEnd(void* transfers) const;
+
+    struct Free
+    {
+        void operator()(void* transfers) const;
+    };
+
+    const QUrl m_url;
+    const Limits m_limits;
+    const QByteArray m_authorities;
+    std::atomic<bool> m_isCancelled = false;
+    std::mutex m_mutex;                      ///< for the pointer below
+    std::unique_ptr<void, Free> m_transfers; ///< libcurl's, which wakes up who waits; null before `perform`
 };
 
 } // namespace keelbright

@@ -6,8 +6,8 @@
 #include <QCoreApplication>
 #include <QFutureWatcher>
 #include <QPromise>
-#include <QThread>
 #include <QUrl>
+#include <memory>
 
 namespace keelbright {
 
@@ -31,30 +31,29 @@ QUrl searchUrl(const QString& origin, const QString& appName)
 class Request : public QObject
 {
 public:
-    Request(const QUrl& url, QString appName, std::chrono::milliseconds timeout)
+    Request(const QUrl& url, const QString& appName, const iTunesLookupService::SearchService& service)
         : QObject(QCoreApplication::instance())
-        , m_appName(std::move(appName))
-        , m_get(new HttpGet(timeout, iTunesLookupService::maximumBodyBytes))
+        , m_get(std::make_shared<HttpGet>(
+              url, HttpGet::Limits{service.timeout, iTunesLookupService::maximumBodyBytes},
+              service.authorities))
     {
         m_promise.start();
         m_watcher.setFuture(m_promise.future());
-        connect(&m_reading, &QFutureWatcherBase::finished, this, [this] { finish(m_reading.result()); });
+        connect(&m_answer, &QFutureWatcherBase::finished, this, [this] {
+            // None where memory ran out for it.
+            finish(m_answer.future().resultCount() > 0 ? m_answer.result() : std::nullopt);
+        });
         connect(&m_watcher, &QFutureWatcherBase::canceled, this, [this] { finish(std::nullopt); });
-        connect(m_get, &HttpGet::finished, this, &Request::read);
-        connect(&m_thread, &QThread::finished, m_get, &QObject::deleteLater);
-        connect(&m_thread, &QThread::started, m_get, [get = m_get, url] { get->start(url); });
-        // The network's objects can only go while the application lives.
         connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, [this] { delete this; });
-        // Encryption takes longer than a frame.
-        m_get->moveToThread(&m_thread);
-        m_thread.start();
+        // Encryption takes longer than a frame, and so do megabytes of JSON.
+        const auto ask = [get = m_get, appName]() -> Found {
+            const std::optional<QByteArray> body = get->perform();
+            return body ? iTunesAppInfo::fromSearchResults(*body, appName) : std::nullopt;
+        };
+        m_answer.setFuture(TaskPools::runApart(TaskPools::Priority::userInitiated, ask));
     }
 
-    ~Request() override
-    {
-        m_thread.quit();
-        m_thread.wait();
-    }
+    ~Request() override { m_get->cancel(); }
 
     Request(const Request&) = delete;
     Request& operator=(const Request&) = delete;
@@ -62,31 +61,17 @@ public:
     [[nodiscard]] QFuture<Found> future() const { return m_promise.future(); }
 
 private:
-    void read(const std::optional<QByteArray>& body)
-    {
-        if (!body) {
-            finish(std::nullopt);
-            return;
-        }
-        // Megabytes of JSON take longer than a frame, too.
-        const auto read = [body, name = m_appName] { return iTunesAppInfo::fromSearchResults(*body, name); };
-        m_reading.setFuture(TaskPools::runApart(TaskPools::Priority::userInitiated, read));
-    }
-
     void finish(const Found& found)
     {
-        for (QObject* source : {static_cast<QObject*>(&m_watcher), static_cast<QObject*>(&m_reading),
-                                static_cast<QObject*>(m_get)})
-            source->disconnect(this);
+        m_watcher.disconnect(this);
+        m_answer.disconnect(this);
         m_promise.addResult(found);
         m_promise.finish();
         deleteLater();
     }
 
-    const QString m_appName;
-    QThread m_thread;
-    HttpGet* const m_get; ///< on that thread, and goes with it
-    QFutureWatcher<Found> m_reading;
+    const std::shared_ptr<HttpGet> m_get; ///< the thread that waits for the answer has it, too
+    QFutureWatcher<Found> m_answer;
     QPromise<Found> m_promise;
     QFutureWatcher<Found> m_watcher;
 };
@@ -98,7 +83,7 @@ QFuture<Found> iTunesLookupService::lookup(const QString& appName, const SearchS
     const QUrl url = searchUrl(service.origin, appName);
     if (!url.isValid())
         return QtFuture::makeReadyFuture(Found());
-    return (new Request(url, appName, service.timeout))->future();
+    return (new Request(url, appName, service))->future();
 }
 
 } // namespace keelbright

@@ -264,19 +264,15 @@ TEST_F(iTunesLookupServiceTests, aServerThatFallsSilentInTheMiddleIsGivenUp)
     EXPECT_EQ(lookup(u"Ink"_s, 300ms), std::nullopt);
 }
 
-TEST_F(iTunesLookupServiceTests, aSlowAnswerIsWaitedForAsLongAsSomethingArrives)
+TEST_F(iTunesLookupServiceTests, aSlowAnswerIsGivenUpAtTheDeadlineThoughMoreArrives)
 {
     LoopbackAnswer answer = LoopbackAnswer::http("");
     answer.pieces = {"HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(inkBody.size()) + "\r\n\r\n"};
-    const qsizetype part = inkBody.size() / 8 + 1;
-    for (qsizetype place = 0; place < inkBody.size(); place += part)
-        answer.pieces.append(inkBody.sliced(place, qMin(part, inkBody.size() - place)));
-    answer.pause = 250ms;
+    for (const char byte : inkBody)
+        answer.pieces.append(QByteArray(1, byte));
+    answer.pause = 50ms;
     m_server.setAnswer(answer);
-    QElapsedTimer timer;
-    timer.start();
-    EXPECT_TRUE(lookup(u"Ink"_s, 2s).has_value());
-    EXPECT_GT(timer.elapsed(), 2'000);
+    EXPECT_EQ(lookup(u"Ink"_s, 500ms), std::nullopt);
 }
 
 TEST_F(iTunesLookupServiceTests, theMainThreadIsNotHeldWhileTheServerThinks)

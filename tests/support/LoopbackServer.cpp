@@ -1,9 +1,10 @@
 #include "tests/support/LoopbackServer.h"
 
+#include <QSslServer>
 #include <QTcpSocket>
 #include <QTimer>
 #include <gtest/gtest.h>
-#include <memory>
+#include <utility>
 
 namespace keelbright::testing {
 
@@ -23,6 +24,13 @@ void send(QTcpSocket* socket, const LoopbackAnswer& answer)
     });
 }
 
+std::unique_ptr<QTcpServer> encryptedServer(const QSslConfiguration& encryption)
+{
+    auto server = std::make_unique<QSslServer>();
+    server->setSslConfiguration(encryption);
+    return server;
+}
+
 } // namespace
 
 LoopbackAnswer LoopbackAnswer::http(const QByteArray& body, const QByteArray& status,
@@ -34,18 +42,28 @@ LoopbackAnswer LoopbackAnswer::http(const QByteArray& body, const QByteArray& st
 }
 
 LoopbackServer::LoopbackServer()
+    : LoopbackServer(std::make_unique<QTcpServer>(), QStringLiteral("http"))
+{}
+
+LoopbackServer::LoopbackServer(const QSslConfiguration& encryption)
+    : LoopbackServer(encryptedServer(encryption), QStringLiteral("https"))
+{}
+
+LoopbackServer::LoopbackServer(std::unique_ptr<QTcpServer> server, const QString& scheme)
+    : m_server(std::move(server))
+    , m_scheme(scheme)
 {
-    if (!m_server.listen(QHostAddress::LocalHost))
-        ADD_FAILURE() << m_server.errorString().toStdString();
-    QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this] {
-        while (QTcpSocket* const socket = m_server.nextPendingConnection())
+    if (!m_server->listen(QHostAddress::LocalHost))
+        ADD_FAILURE() << m_server->errorString().toStdString();
+    QObject::connect(m_server.get(), &QTcpServer::pendingConnectionAvailable, m_server.get(), [this] {
+        while (QTcpSocket* const socket = m_server->nextPendingConnection())
             serve(socket);
     });
 }
 
 QString LoopbackServer::origin() const
 {
-    return QStringLiteral("http://127.0.0.1:%1").arg(m_server.serverPort());
+    return QStringLiteral("%1://127.0.0.1:%2").arg(m_scheme, QString::number(port()));
 }
 
 QList<QByteArray> LoopbackServer::requestLines() const
@@ -59,11 +77,11 @@ QList<QByteArray> LoopbackServer::requestLines() const
 void LoopbackServer::serve(QTcpSocket* socket)
 {
     const auto head = std::make_shared<QByteArray>();
-    QObject::connect(socket, &QTcpSocket::disconnected, &m_server, [this, socket] {
+    QObject::connect(socket, &QTcpSocket::disconnected, m_server.get(), [this, socket] {
         ++m_endedConnections;
         socket->deleteLater();
     });
-    QObject::connect(socket, &QTcpSocket::readyRead, &m_server, [this, socket, head] {
+    QObject::connect(socket, &QTcpSocket::readyRead, m_server.get(), [this, socket, head] {
         head->append(socket->readAll());
         if (!head->endsWith("\r\n\r\n"))
             return;

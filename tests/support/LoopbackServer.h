@@ -2,9 +2,11 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QSslConfiguration>
 #include <QString>
 #include <QTcpServer>
 #include <chrono>
+#include <memory>
 
 namespace keelbright::testing {
 
@@ -22,15 +24,20 @@ struct LoopbackAnswer
                                              const QByteArray& headers = {});
 };
 
-/// A real HTTP server on 127.0.0.1, in the thread's own event loop. It reads what is sent up to the
-/// empty line, keeps it, and answers from a list.
+/// A real HTTP or HTTPS server on 127.0.0.1, in the thread's own event loop. It reads what is sent up to
+/// the empty line, keeps it, and answers from a list.
 class LoopbackServer
 {
 public:
+    /// Over HTTP.
     LoopbackServer();
+    /// Over HTTPS, with the certificate and the key of this.
+    explicit LoopbackServer(const QSslConfiguration& encryption);
 
-    /// "http://127.0.0.1:<port>"
+    /// "http://127.0.0.1:<port>", or "https://" and so on.
     [[nodiscard]] QString origin() const;
+
+    [[nodiscard]] quint16 port() const { return m_server->serverPort(); }
 
     /// For the next requests, one each; the last one also for all that follow.
     void setAnswers(const QList<LoopbackAnswer>& answers) { m_answers = answers; }
@@ -38,7 +45,7 @@ public:
     void setAnswer(const LoopbackAnswer& answer) { setAnswers({answer}); }
 
     /// From now on nobody listens at the port.
-    void close() { m_server.close(); }
+    void close() { m_server->close(); }
 
     /// The heads of all requests, in order.
     [[nodiscard]] const QList<QByteArray>& requests() const { return m_requests; }
@@ -50,10 +57,12 @@ public:
     [[nodiscard]] QList<QByteArray> requestLines() const;
 
 private:
+    LoopbackServer(std::unique_ptr<QTcpServer> server, const QString& scheme);
     void serve(QTcpSocket* socket);
     void answer(QTcpSocket* socket);
 
-    QTcpServer m_server;
+    std::unique_ptr<QTcpServer> m_server;
+    QString m_scheme;
     QList<LoopbackAnswer> m_answers;
     QList<QByteArray> m_requests;
     int m_endedConnections = 0;
