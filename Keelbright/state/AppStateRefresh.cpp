@@ -24,11 +24,11 @@ void AppState::scanApps()
 {
     if (m_isAppScanning)
         return;
-    setIsAppScanning(true);
     deliver(AppScanner::scan(m_services.clock), this, [this](const QList<AppInfo>& apps) {
         setScannedApps(apps);
         setIsAppScanning(false);
     });
+    setIsAppScanning(true); // only now: where memory runs out, no scan is under way
 }
 
 void AppState::setHealthScore(const HealthScore& score)

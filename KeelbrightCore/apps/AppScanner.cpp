@@ -4,7 +4,9 @@
 #include "KeelbrightCore/apps/SpotlightMetadata.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/formats/PropertyList.h"
+#include "KeelbrightCore/platform/system/Logging.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
+#include "KeelbrightCore/platform/system/WaitForMemory.h"
 
 #include <QMutex>
 #include <QPromise>
@@ -12,6 +14,7 @@
 #include <algorithm>
 #include <atomic>
 #include <memory>
+#include <new>
 #include <optional>
 #include <utility>
 
@@ -34,27 +37,43 @@ QList<FileURL> roots(const FileManager& fileManager)
             FileURL::fromNativePath(fileManager.homeDirectory().nativePath() + "/Applications")};
 }
 
-/// The bundles of all roots; of several that links lead to, the first one found.
-QList<FileURL> installedBundles()
+/// Does a part of a scan; where memory runs out for it, the scan goes on without it.
+template <typename Part> void asFarAsMemoryAllows(Part part)
+{
+    try {
+        part();
+    } catch (const std::bad_alloc&) {
+        qCDebug(appsLog) << "not enough memory for a part of a scan";
+    }
+}
+
+/// Adds the bundles of a root; of several that links lead to, the first one found.
+void addBundles(const FileURL& root, QSet<FileURL>& seen, QList<FileURL>& bundles)
 {
     const FileManager& fileManager = FileManager::defaultManager();
-    QList<FileURL> bundles;
-    QSet<FileURL> seen;
-    for (const FileURL& root : roots(fileManager)) {
-        const auto entries =
-            fileManager.contentsOfDirectory(root, DirectoryEnumerator::Option::skipsHiddenFiles);
-        if (!entries)
+    const auto entries = fileManager.contentsOfDirectory(root, DirectoryEnumerator::Option::skipsHiddenFiles);
+    if (!entries)
+        return;
+    for (const DirectoryEntry& entry : *entries) {
+        if (pathExtensionOf(entry.url.nativeLastPathComponent()) != "app")
             continue;
-        for (const DirectoryEntry& entry : *entries) {
-            if (pathExtensionOf(entry.url.nativeLastPathComponent()) != "app")
-                continue;
-            const FileURL resolved = fileManager.resolvingSymlinks(entry.url);
-            if (!seen.contains(resolved)) {
-                seen.insert(resolved);
-                bundles.append(entry.url);
-            }
+        const FileURL resolved = fileManager.resolvingSymlinks(entry.url);
+        if (!seen.contains(resolved)) {
+            seen.insert(resolved);
+            bundles.append(entry.url);
         }
     }
+}
+
+/// The bundles of all roots.
+QList<FileURL> installedBundles()
+{
+    QList<FileURL> bundles;
+    QSet<FileURL> seen;
+    asFarAsMemoryAllows([&] {
+        for (const FileURL& root : roots(FileManager::defaultManager()))
+            asFarAsMemoryAllows([&] { addBundles(root, seen, bundles); });
+    });
     return bundles;
 }
 
@@ -125,7 +144,7 @@ private:
         if (lanes == 0)
             finish();
         for (qsizetype i = 0; i < lanes; ++i)
-            startStep([scan = shared_from_this()] { scan->takeNext(); });
+            waitingForMemory([this] { startStep([scan = shared_from_this()] { scan->takeNext(); }); });
     }
 
     void takeNext()
@@ -134,21 +153,26 @@ private:
             const qsizetype next = m_nextBundle++;
             if (next >= m_bundles.size() || m_promise.isCanceled())
                 break;
-            if (const std::optional<AppFacts> facts = factsOf(m_bundles.at(next))) {
-                complete(*facts);
+            bool isAsked = false;
+            asFarAsMemoryAllows([&] { isAsked = ask(m_bundles.at(next)); });
+            if (isAsked)
                 return;
-            }
         }
         if (--m_lanes == 0)
             finish();
     }
 
-    void complete(const AppFacts& facts)
+    /// Whether the tool is asked about a bundle, and the lane goes on when it has answered.
+    [[nodiscard]] bool ask(const FileURL& bundle)
     {
-        spotlightMetadata(facts.url, [scan = shared_from_this(), facts](const SpotlightMeta& metadata) {
-            scan->add(facts, metadata);
+        const std::optional<AppFacts> facts = factsOf(bundle);
+        if (!facts)
+            return false;
+        spotlightMetadata(bundle, [scan = shared_from_this(), known = *facts](const SpotlightMeta& metadata) {
+            asFarAsMemoryAllows([&] { scan->add(known, metadata); });
             scan->takeNext();
         });
+        return true;
     }
 
     void add(AppFacts facts, const SpotlightMeta& metadata)
@@ -164,7 +188,7 @@ private:
     void finish()
     {
         std::ranges::stable_sort(m_apps, comesBefore);
-        m_promise.addResult(std::move(m_apps));
+        waitingForMemory([this] { m_promise.addResult(m_apps); });
         m_promise.finish();
     }
 

@@ -1,6 +1,5 @@
 #include "KeelbrightCore/apps/ScanWork.h"
 
-#include "KeelbrightCore/platform/system/Logging.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 #include "KeelbrightCore/platform/system/WaitForMemory.h"
 
@@ -8,7 +7,6 @@
 #include <QThread>
 #include <QThreadPool>
 #include <deque>
-#include <new>
 #include <utility>
 
 namespace keelbright::AppScanner {
@@ -45,13 +43,8 @@ public:
 private:
     void work()
     {
-        while (Step step = next()) {
-            try {
-                step();
-            } catch (const std::bad_alloc&) {
-                qCDebug(appsLog) << "not enough memory for a scan, which is not finished";
-            }
-        }
+        while (Step step = next())
+            step();
     }
 
     /// Empty, and the thread is counted as gone, where there is none.

@@ -2,13 +2,17 @@
 
 #include "KeelbrightCore/apps/ScanWork.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/OutOfMemory.h"
+#include "KeelbrightCore/platform/system/Logging.h"
 #include "KeelbrightCore/platform/system/Subprocess.h"
+#include "KeelbrightCore/platform/system/WaitForMemory.h"
 #include "KeelbrightCore/platform/text/DateFormatter.h"
 
 #include <QStringDecoder>
 #include <QStringTokenizer>
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <utility>
 
 namespace keelbright {
@@ -54,24 +58,41 @@ std::expected<void, FileError> askTool(const FileURL& bundle, Subprocess::Receiv
                              std::move(receive));
 }
 
+/// Nothing is known, too, where memory runs out for it.
+AppScanner::SpotlightMeta metadataOf(const Subprocess::Result& result)
+{
+    try {
+        if (result.isOutputWhole)
+            return AppScanner::metadataFromOutput(result.standardOutput);
+    } catch (const std::bad_alloc&) {
+        qCDebug(appsLog) << "not enough memory for the metadata of an application";
+    }
+    return {};
+}
+
 } // namespace
 
 void AppScanner::spotlightMetadata(const FileURL& bundle, MetadataReceiver receive)
 {
     const auto answer = std::make_shared<MetadataReceiver>(std::move(receive));
     whenHelperMayStart([bundle, answer] {
-        const auto started = askTool(bundle, [answer](const Subprocess::Result& result) {
-            startStep([answer, result] {
-                helperHasEnded();
-                (*answer)(result.isOutputWhole ? metadataFromOutput(result.standardOutput) : SpotlightMeta());
+        const auto started =
+            orOutOfMemory(FileError::Operation::launched, bundle.nativePath(), [&bundle, &answer] {
+                return askTool(bundle, [answer](const Subprocess::Result& result) {
+                    startStep([answer, result] {
+                        helperHasEnded();
+                        (*answer)(metadataOf(result));
+                    });
+                });
             });
-        });
         if (started)
             return;
         // A step of its own, so that a machine without the tool does not go deeper with each application.
-        startStep([answer] {
-            helperHasEnded();
-            (*answer)({});
+        waitingForMemory([&answer] {
+            startStep([answer] {
+                helperHasEnded();
+                (*answer)({});
+            });
         });
     });
 }

@@ -28,7 +28,8 @@ using MetadataReceiver = UniqueFunction<void(SpotlightMeta)>;
 
 /// Asks the metadata tool, at most 32 of which run at once for all scans together, and returns at
 /// once. `receive` is called once, as a step of a scan, when the tool has ended; never, where it never
-/// ends. Where there is no such tool, or it prints no text or more than a helper may, nothing is known.
+/// ends. Where there is no such tool, it prints no text or more than a helper may, or memory runs out for
+/// its answer, nothing is known. Throws where memory runs out before it is asked.
 void spotlightMetadata(const FileURL& bundle, MetadataReceiver receive);
 
 /// Reads everything that the metadata tool printed.

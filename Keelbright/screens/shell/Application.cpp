@@ -7,6 +7,7 @@
 #include "Keelbright/screens/shell/DialogFolderChooser.h"
 #include "Keelbright/screens/shell/DisplayConnection.h"
 #include "Keelbright/screens/shell/MainWindow.h"
+#include "Keelbright/screens/shell/ProgramApplication.h"
 #include "Keelbright/screens/shell/ProgramIcon.h"
 #include "Keelbright/screens/shell/SingleInstance.h"
 #include "Keelbright/screens/shell/Translations.h"
@@ -22,11 +23,9 @@
 #include "KeelbrightCore/platform/system/ProgramVersion.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 
-#include <QApplication>
 #include <QLocale>
 #include <cstdio>
 #include <cstdlib>
-#include <new>
 #include <tuple>
 
 namespace keelbright {
@@ -34,22 +33,6 @@ namespace keelbright {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-/// Leaves an event undone that memory runs out for, and goes on: a backup may be running.
-class ProgramApplication : public QApplication
-{
-public:
-    using QApplication::QApplication;
-
-    bool notify(QObject* receiver, QEvent* event) override
-    {
-        try {
-            return QApplication::notify(receiver, event);
-        } catch (const std::bad_alloc&) {
-            return false;
-        }
-    }
-};
 
 void followDesktop(const DesktopSettings& desktop)
 {

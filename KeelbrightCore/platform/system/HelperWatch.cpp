@@ -99,7 +99,7 @@ std::expected<void, int> HelperWatch::start()
     return {};
 }
 
-void HelperWatch::add(RunningHelper helper)
+void HelperWatch::add(RunningHelper&& helper)
 {
     const std::lock_guard lock(m_mutex);
     m_arrivals.push_back(std::move(helper));

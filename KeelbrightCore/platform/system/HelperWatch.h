@@ -18,8 +18,9 @@ public:
 
     /// Starts the thread unless it is running; fails with an `errno` value. Any thread.
     [[nodiscard]] std::expected<void, int> start();
-    /// Reads the helper's output and delivers its result. Only after `start`; any thread.
-    void add(RunningHelper helper);
+    /// Reads the helper's output and delivers its result. Only after `start`; any thread. Where memory runs
+    /// out it throws, and leaves the helper to its caller.
+    void add(RunningHelper&& helper);
 
 private:
     HelperWatch() = default;

@@ -109,7 +109,7 @@ void RunningHelper::deliver()
     // What it left behind and still writes gets an error now instead of waiting for ever.
     m_output.reset();
     m_endWatch.reset();
-    m_receive(std::move(m_result));
+    m_receive(m_result); // not moved: where memory runs out, it is delivered once more
 }
 
 } // namespace keelbright

@@ -3,6 +3,7 @@
 #include "KeelbrightCore/platform/system/HelperWatch.h"
 #include "KeelbrightCore/platform/system/Logging.h"
 #include "KeelbrightCore/platform/system/OpenFileLimit.h"
+#include "KeelbrightCore/platform/system/WaitForMemory.h"
 
 #include <csignal>
 #include <fcntl.h>
@@ -88,12 +89,15 @@ std::expected<void, FileError> Subprocess::start(const FileURL& executable,
     std::expected<Pipe, int> output = Pipe::make();
     if (!output)
         return launchFailure(output.error());
+    QString name = executable.path();
     const auto process = LaunchPlan(output->writeEnd.get()).launch(executable.nativePath(), arguments);
     if (!process)
         return launchFailure(process.error());
     OpenFileLimit::lowerFor(*process);
+    RunningHelper helper(std::move(name), *process, std::move(output->readEnd), std::move(receive));
     qCDebug(platformLog) << "helper started:" << executable.path();
-    watch.add({executable.path(), *process, std::move(output->readEnd), std::move(receive)});
+    // It runs, and nobody else would wait for its end.
+    waitingForMemory([&] { watch.add(std::move(helper)); });
     return {};
 }
 
