@@ -62,6 +62,7 @@ void BackupProgressView::watchState()
     connect(&m_state, &AppState::selectedDestinationChanged, &m_frames, &FrameThrottle::request);
     connect(&m_frames, &FrameThrottle::frame, this, &BackupProgressView::redraw);
     connect(&engine, &BackupEngine::progressChanged, &m_progressFrames, &FrameThrottle::request);
+    connect(&m_state.timeLeft(), &BackupTimeLeft::changed, &m_progressFrames, &FrameThrottle::request);
     connect(&m_progressFrames, &FrameThrottle::frame, this, &BackupProgressView::redrawProgress);
 }
 
@@ -80,8 +81,10 @@ void BackupProgressView::redraw()
 
 void BackupProgressView::redrawProgress()
 {
-    if (m_running != nullptr)
-        m_running->setProgress(m_state.engine().progress());
+    if (m_running == nullptr)
+        return;
+    m_running->setProgress(m_state.engine().progress());
+    m_running->setTimeLeft(m_state.timeLeft().text());
 }
 
 void BackupProgressView::redrawError()

@@ -119,7 +119,7 @@ void PreflightSummaryView::addActions()
     auto* cancel = new Button(Button::Kind::bordered, L10n::Preflight::cancel(), {}, m_actions);
     m_confirm = new Button(Button::Kind::primary, L10n::Preflight::confirmBackup(), {}, m_actions);
     connect(cancel, &QPushButton::clicked, this, [this] { m_state.setSelectedScreen(Screen::dashboard); });
-    connect(m_confirm, &QPushButton::clicked, &m_state, &AppState::confirmBackup);
+    connect(m_confirm, &QPushButton::clicked, this, &PreflightSummaryView::confirm);
     m_actions->alignWithPage(formWidth);
     m_actions->content()->addStretch();
     m_actions->content()->addWidget(cancel);
@@ -152,6 +152,11 @@ void PreflightSummaryView::startCheck()
         if (!cancellation->isCancelled())
             setResult(result);
     });
+}
+
+void PreflightSummaryView::confirm()
+{
+    m_state.confirmBackup(m_result ? m_result->estimatedBytes : 0);
 }
 
 void PreflightSummaryView::setResult(const PreflightResult& result)

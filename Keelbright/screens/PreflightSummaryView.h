@@ -37,6 +37,7 @@ private:
     void addActions();
     [[nodiscard]] NumberLabel* addEstimateRow(const QString& title);
     void startCheck();
+    void confirm();
     void setResult(const PreflightResult& result);
     void redraw();
     void redrawEstimate(const PreflightResult& result);

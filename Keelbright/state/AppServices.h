@@ -37,6 +37,7 @@ struct AppServices
     Clock clock = systemClock;
     AppLookup lookup = appStoreLookup;
     CopyCheckStart startCopyCheck = CopyCheck::start;
+    SteadyClock steadyClock = steadyTime;
 };
 
 } // namespace keelbright

@@ -18,6 +18,7 @@ using namespace Qt::StringLiterals;
 AppState::AppState(AppServices services, QObject* parent)
     : QObject(parent)
     , m_services(std::move(services))
+    , m_timeLeft(m_engine, m_services.steadyClock)
     , m_recommendedFolders(defaultRecommendedFolders())
 {
     watchEngine();
@@ -119,6 +120,13 @@ void AppState::setIsDestinationAway(bool isAway)
     Q_EMIT changed();
 }
 
+std::optional<FileURL> AppState::backupsFolder() const
+{
+    if (!m_selectedDestination)
+        return std::nullopt;
+    return m_selectedDestination->url.appending(u"Keelbright"_s);
+}
+
 void AppState::setLastReport(const std::optional<BackupReport>& report)
 {
     m_lastReport = report;
@@ -201,7 +209,7 @@ QFuture<PreflightResult> AppState::runPreflight(const std::shared_ptr<const Canc
     return TaskPools::runApart(TaskPools::Priority::userInitiated, check);
 }
 
-bool AppState::confirmBackup()
+bool AppState::confirmBackup(qint64 expectedBytes)
 {
     if (!m_selectedDestination || m_isDestinationAway)
         return false;
@@ -212,6 +220,7 @@ bool AppState::confirmBackup()
     }
     qCDebug(stateLog) << "backup confirmed";
     m_jobDestination = m_selectedDestination;
+    m_timeLeft.expect(expectedBytes);
     m_engine.startBackup(
         {QUuid::createUuid(), allEnabledSources(), *m_selectedDestination, now(), m_destinationDriveSeenAt});
     setSelectedScreen(Screen::backupProgress);

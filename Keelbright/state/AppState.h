@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Keelbright/state/AppServices.h"
+#include "Keelbright/state/BackupTimeLeft.h"
 #include "Keelbright/state/Screen.h"
 #include "Keelbright/state/UndoStore.h"
 #include "KeelbrightCore/apps/AppInfo.h"
@@ -66,6 +67,10 @@ public:
         return m_selectedDestination;
     }
 
+    /// The folder on the destination in which the backups of all devices lie; absent without a destination.
+    /// Nothing has to be there.
+    [[nodiscard]] std::optional<FileURL> backupsFolder() const;
+
     void setSelectedDestination(const std::optional<BackupDestination>& destination);
 
     /// Whether the drive of the selected destination is known not to be there. No backup starts then.
@@ -116,8 +121,14 @@ public:
     runPreflight(const std::shared_ptr<const Cancellation>& cancellation) const;
     /// Called when the user confirms on the preflight screen: builds the job from the present choices,
     /// starts it and moves to the progress screen. False, and nothing done, without a destination or without
-    /// its drive. False also while copies are being checked: then the dashboard says so.
-    bool confirmBackup();
+    /// its drive. False also while copies are being checked: then the dashboard says so. `expectedBytes` is what
+    /// the checks have estimated; with 0 the run shows no remaining time.
+    bool confirmBackup(qint64 expectedBytes = 0);
+
+    /// Of the running backup.
+    [[nodiscard]] BackupTimeLeft& timeLeft() { return m_timeLeft; }
+
+    [[nodiscard]] const BackupTimeLeft& timeLeft() const { return m_timeLeft; }
 
     /// Whether a check of the copies is under way. No backup starts then, and no check during a backup: what
     /// one of them writes the other one would find changed.
@@ -193,6 +204,7 @@ private:
     std::optional<Screen> m_selectedScreen = Screen::dashboard;
     bool m_isOnboardingCompleted = false;
     BackupEngine m_engine;
+    BackupTimeLeft m_timeLeft;
     UndoStore m_undo;
     bool m_wasRunning = false;
     bool m_isChangeQueued = false;

@@ -178,19 +178,4 @@ QString listOf(const CheckReport& report)
     return text;
 }
 
-QString remaining(qint64 seconds)
-{
-    constexpr qint64 minute = 60;
-    constexpr qint64 hour = 60 * minute;
-    if (seconds < minute)
-        return Texts::tr("Under a minute");
-    if (seconds < hour - minute / 2) {
-        const qint64 minutes = (seconds + minute / 2) / minute;
-        return counted(minutes, QT_TRANSLATE_NOOP("CheckTexts", "1 minute"),
-                       QT_TRANSLATE_N_NOOP("CheckTexts", "%Ln minutes"));
-    }
-    return counted((seconds + hour / 2) / hour, QT_TRANSLATE_NOOP("CheckTexts", "1 hour"),
-                   QT_TRANSLATE_N_NOOP("CheckTexts", "%Ln hours"));
-}
-
 } // namespace keelbright::CheckTexts

@@ -26,8 +26,5 @@ namespace CheckTexts {
 /// All findings for the clipboard: a line each, its place and its reason.
 [[nodiscard]] QString listOf(const CheckReport& report);
 
-/// How long something still takes, roughly.
-[[nodiscard]] QString remaining(qint64 seconds);
-
 } // namespace CheckTexts
 } // namespace keelbright

@@ -82,14 +82,13 @@ void CopyCheckVM::checkList()
 {
     if (!refusal().isEmpty())
         return;
-    FileOpenRequest request{.message = tr("Choose the list of checksums to compare the copies with."),
-                            .prompt = tr("Check"),
-                            .extensions = {u"sha256"_s}};
+    const FileOpenRequest request{.message = tr("Choose the list of checksums to compare the copies with."),
+                                  .prompt = tr("Check"),
+                                  .extensions = {u"sha256"_s},
+                                  .folder = m_state.backupsFolder()};
     std::optional<FileURL> destination;
-    if (const auto& selected = m_state.selectedDestination()) {
+    if (const auto& selected = m_state.selectedDestination())
         destination = selected->url;
-        request.folder = selected->url.appending(u"Keelbright"_s);
-    }
     // The window may have been closed while the chooser was open, and a backup may have begun.
     m_files.chooseFile(request, [model = QPointer(this), destination](const FileURL& list) {
         if (model && model->refusal().isEmpty())
@@ -105,9 +104,9 @@ void CopyCheckVM::start(const CheckJob& job)
     m_savingNote.clear();
     m_values = {};
     m_pace = {};
+    m_remaining = {};
     m_progress = std::make_shared<CheckProgress>();
     m_state.setIsCheckingCopies(true);
-    m_clock.start();
     m_look.start();
     setPhase(Phase::running);
     deliver(m_state.services().startCopyCheck(job, m_progress, m_task.begin()), this,
@@ -147,9 +146,18 @@ void CopyCheckVM::setPhase(Phase phase)
 void CopyCheckVM::readProgress()
 {
     m_values = m_progress->values();
-    if (m_values.phase == CheckProgressValues::Phase::reading)
-        m_pace.add(m_clock.elapsed(), m_values.readBytes);
+    if (m_values.phase == CheckProgressValues::Phase::reading) {
+        const std::chrono::milliseconds now = m_state.services().steadyClock();
+        m_pace.add(now.count(), m_values.readBytes);
+        m_remaining.add(now, m_values.readBytes, m_values.bytes);
+    }
     Q_EMIT progressChanged();
+}
+
+QString CopyCheckVM::timeLeft() const
+{
+    const bool isReading = m_phase == Phase::running && m_values.phase == CheckProgressValues::Phase::reading;
+    return isReading ? m_remaining.text() : QString();
 }
 
 bool CopyCheckVM::canSaveChecksums() const

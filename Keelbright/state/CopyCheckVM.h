@@ -1,11 +1,11 @@
 #pragma once
 
+#include "Keelbright/state/RemainingTime.h"
 #include "KeelbrightCore/check/CheckPace.h"
 #include "KeelbrightCore/check/CheckProgress.h"
 #include "KeelbrightCore/check/CheckReport.h"
 #include "KeelbrightCore/platform/system/LatestTask.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 #include <memory>
@@ -43,6 +43,9 @@ public:
     [[nodiscard]] const CheckProgressValues& progress() const { return m_values; }
 
     [[nodiscard]] const CheckPace& pace() const { return m_pace; }
+
+    /// "About 4 minutes left", or empty while that is not known and once the check is cancelled.
+    [[nodiscard]] QString timeLeft() const;
 
     /// Of the last check; absent before the first has ended, and while another one runs.
     [[nodiscard]] const std::optional<CheckReport>& report() const { return m_report; }
@@ -87,7 +90,7 @@ private:
     std::shared_ptr<CheckProgress> m_progress;
     CheckProgressValues m_values;
     CheckPace m_pace;
-    QElapsedTimer m_clock;
+    RemainingTime m_remaining;
     QTimer m_look;
     std::optional<CheckReport> m_report;
     QString m_savingNote;

@@ -1,7 +1,5 @@
 #include "KeelbrightCore/check/CheckPace.h"
 
-#include <algorithm>
-
 namespace keelbright {
 
 namespace {
@@ -28,14 +26,6 @@ std::optional<qint64> CheckPace::speed() const
         return std::nullopt;
     const double bytes = static_cast<double>(m_moments.back().readBytes - m_moments.front().readBytes);
     return static_cast<qint64>(bytes * static_cast<double>(second) / static_cast<double>(time));
-}
-
-std::optional<qint64> CheckPace::remainingSeconds(qint64 bytes) const
-{
-    const auto pace = speed();
-    if (!pace || *pace <= 0)
-        return std::nullopt;
-    return std::max<qint64>(bytes - m_moments.back().readBytes, 0) / *pace;
 }
 
 } // namespace keelbright

@@ -7,17 +7,15 @@
 
 namespace keelbright {
 
-/// How fast a check goes and how long it still takes, from what it has read in the last seconds. One thread.
+/// How fast a check goes, from what it has read in the last seconds. One thread.
 class CheckPace
 {
 public:
-    /// What has been read of how much, at a moment of a clock that only goes on.
+    /// What has been read so far, at a moment of a clock that only goes on.
     void add(qint64 milliseconds, qint64 readBytes);
 
     /// Bytes a second over the last ten seconds; nothing before a second has been seen.
     [[nodiscard]] std::optional<qint64> speed() const;
-    /// Seconds that the rest of `bytes` takes at that speed; nothing where that is not known.
-    [[nodiscard]] std::optional<qint64> remainingSeconds(qint64 bytes) const;
 
 private:
     struct Moment

@@ -11,7 +11,6 @@ TEST(CheckPaceTests, knowsNothingBeforeASecondHasPassed)
     pace.add(0, 0);
     pace.add(999, 1'000'000);
     EXPECT_EQ(pace.speed(), std::nullopt);
-    EXPECT_EQ(pace.remainingSeconds(2'000'000), std::nullopt);
 }
 
 TEST(CheckPaceTests, isTheMeanOfTheLastTenSeconds)
@@ -25,23 +24,12 @@ TEST(CheckPaceTests, isTheMeanOfTheLastTenSeconds)
     EXPECT_EQ(pace.speed(), 3'000'000);
 }
 
-TEST(CheckPaceTests, saysHowLongTheRestTakes)
-{
-    CheckPace pace;
-    pace.add(0, 0);
-    pace.add(10'000, 50'000'000);
-    EXPECT_EQ(pace.remainingSeconds(350'000'000), 60);
-    EXPECT_EQ(pace.remainingSeconds(50'000'000), 0);
-    EXPECT_EQ(pace.remainingSeconds(10'000'000), 0) << "files may have grown meanwhile";
-}
-
-TEST(CheckPaceTests, knowsNoEndWhereNothingMoves)
+TEST(CheckPaceTests, isZeroWhereNothingMoves)
 {
     CheckPace pace;
     pace.add(0, 5'000);
     pace.add(10'000, 5'000);
     EXPECT_EQ(pace.speed(), 0);
-    EXPECT_EQ(pace.remainingSeconds(10'000), std::nullopt);
 }
 
 } // namespace keelbright

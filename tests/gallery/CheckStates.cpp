@@ -76,6 +76,24 @@ void playRunning(Stage& stage)
     Stage::turnFrames();
 }
 
+void playTimeLeft(Stage& stage)
+{
+    startCheck(stage);
+    CheckProgress& progress = stage.copyCheck.progress();
+    progress.setTotal(41'230, 512'000'000'000);
+    progress.setPhase(CheckProgress::Phase::reading);
+    progress.beginFile("IMG_4117.jpg");
+    for (const QString& checked : {u"2,400"_s, u"4,800"_s, u"7,200"_s, u"9,600"_s}) {
+        stage.steadyNow += std::chrono::minutes(5);
+        progress.addBytes(30'000'000'000);
+        for (int i = 0; i < 2'400; ++i)
+            progress.endFile();
+        stage.waitUntil([&] { return stage.texts().contains(checked + u" of 41,230"_s); });
+    }
+    stage.waitUntil([&] { return stage.texts().contains(u"About 1 hour left"_s); });
+    Stage::turnFrames();
+}
+
 void playCancelling(Stage& stage)
 {
     playRunning(stage);
@@ -196,6 +214,7 @@ QList<ScreenState> checkStates()
         {"check", "no-drive", playNoDrive},
         {"check", "during-backup", playDuringBackup},
         {"check", "running", playRunning, true},
+        {"check", "time-left", playTimeLeft},
         {"check", "cancelling", playCancelling},
         {"check", "sound", playSound, true},
         {"check", "changed", playChanged},

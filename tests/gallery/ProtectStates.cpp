@@ -167,6 +167,25 @@ void playProgressRunning(Stage& stage)
     Stage::turnFrames();
 }
 
+void playProgressTimeLeft(Stage& stage)
+{
+    populateAndChooseDrive(stage);
+    stage.goTo(Screen::backupProgress);
+    stage.state().timeLeft().expect(13'900'000'000);
+    BackupProgress progress = wellOnItsWay();
+    run(stage, progress);
+    const qint64 copied = progress.bytesCopied;
+    constexpr int minutes = 6;
+    for (int minute = 1; minute <= minutes; ++minute) {
+        progress.bytesCopied = copied * minute / minutes;
+        stage.state().engine().setProgress(progress);
+        stage.steadyNow += std::chrono::minutes(1);
+        stage.state().timeLeft().measure();
+    }
+    stage.waitUntil([&stage] { return stage.texts().contains(u"About 4 minutes left"_s); });
+    Stage::turnFrames();
+}
+
 void playProgressCancelling(Stage& stage)
 {
     playProgressRunning(stage);
@@ -235,6 +254,7 @@ QList<ScreenState> protectStates()
         {"preflight", "errors", playPreflightErrors},
         {"progress", "empty", playProgressEmpty},
         {"progress", "running", playProgressRunning, true},
+        {"progress", "time-left", playProgressTimeLeft, true},
         {"progress", "cancelling", playProgressCancelling},
         {"progress", "long-name", playProgressLongName},
         {"progress", "finished", playProgressFinished},

@@ -74,6 +74,7 @@ void Stage::startWithOnboarding()
     AppServices services{configStore, activityStore, userDefaults, folderChooser, mac.clock()};
     services.lookup = [](const QString& name) { return QtFuture::makeReadyFuture(answerOfTheStore(name)); };
     services.startCopyCheck = copyCheck.starter();
+    services.steadyClock = [this] { return steadyNow; };
     (void)standardOutputOf([&] { m_state = std::make_unique<AppState>(services); });
     m_window = std::make_unique<MainWindow>(ScreenContext{*m_state, alerts, workspace, fileChooser});
     m_window->resize(MainWindow::startingSize);

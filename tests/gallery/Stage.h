@@ -104,6 +104,7 @@ public:
     void backUp();
 
     StageMac mac;
+    std::chrono::milliseconds steadyNow{0}; ///< what remaining times are measured with
     StageFileManager files{mac.root()};
     FileManagerGuard guard{files};
     MadeUpMac mira{mac.root(), mac.clock()()};

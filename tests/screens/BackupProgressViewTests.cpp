@@ -34,6 +34,19 @@ protected:
         app.setSelectedDestination(driveDestination());
     }
 
+    /// Copies 4 MB a second of the test's clock.
+    void copySteadily(AppState& app, int seconds)
+    {
+        BackupProgress progress = halfway();
+        progress.bytesCopied = 0;
+        for (int second = 0; second < seconds; ++second) {
+            app.engine().setProgress(progress);
+            app.timeLeft().measure();
+            steadyNow += std::chrono::seconds(1);
+            progress.bytesCopied += 4'000'000;
+        }
+    }
+
     static BackupProgress halfway()
     {
         BackupProgress progress;
@@ -118,6 +131,36 @@ TEST_F(BackupProgressViewTests, showsTheRunningBackup)
     for (const QString& icon : {u"doc.fill"_s, u"minus.circle"_s, u"internaldrive"_s})
         EXPECT_TRUE(shownSymbols(view).contains(icon)) << icon.toStdString();
     EXPECT_TRUE(names.contains(u"Backup running"_s));
+}
+
+TEST_F(BackupProgressViewTests, saysHowLongItStillTakesBelowTheFile)
+{
+    AppState& app = makeState();
+    BackupProgressView view(app, workspace);
+    show(view);
+    app.timeLeft().expect(1'000'000'000);
+    app.engine().setIsRunning(true);
+    turnFrame();
+    const int buttonBefore = button(view, u"Cancel Backup"_s)->mapTo(&view, QPoint()).y();
+    copySteadily(app, 30);
+    turnFrame();
+    EXPECT_EQ(textsIn(view).mid(1, 2), (QStringList{u"IMG_2041.heic"_s, u"About 4 minutes left"_s}));
+    EXPECT_TRUE(accessibleNames(view).contains(u"About 4 minutes left"_s));
+    EXPECT_EQ(button(view, u"Cancel Backup"_s)->mapTo(&view, QPoint()).y(), buttonBefore)
+        << "nothing moves when it appears";
+    app.engine().cancel();
+    turnFrame();
+    EXPECT_FALSE(textsIn(view).contains(u"About 4 minutes left"_s));
+}
+
+TEST_F(BackupProgressViewTests, aScreenThatIsReachedAgainShowsTheRemainingTimeAtOnce)
+{
+    AppState& app = makeState();
+    app.timeLeft().expect(1'000'000'000);
+    app.engine().setIsRunning(true);
+    copySteadily(app, 30);
+    const BackupProgressView view(app, workspace);
+    EXPECT_TRUE(textsIn(view).contains(u"About 4 minutes left"_s));
 }
 
 TEST_F(BackupProgressViewTests, beforeTheFirstFileItIsScanning)

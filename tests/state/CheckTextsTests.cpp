@@ -134,15 +134,4 @@ TEST_F(CheckTextsTests, namesTheDriveOfADevice)
     EXPECT_EQ(nameOf(u"/Volumes/Backup Drive/Mira"_s), u"Backup Drive"_s);
 }
 
-TEST_F(CheckTextsTests, roundsTheTimeThatIsLeft)
-{
-    EXPECT_EQ(CheckTexts::remaining(0), u"Under a minute"_s);
-    EXPECT_EQ(CheckTexts::remaining(59), u"Under a minute"_s);
-    EXPECT_EQ(CheckTexts::remaining(60), u"1 minute"_s);
-    EXPECT_EQ(CheckTexts::remaining(150), u"3 minutes"_s);
-    EXPECT_EQ(CheckTexts::remaining(3'569), u"59 minutes"_s);
-    EXPECT_EQ(CheckTexts::remaining(3'570), u"1 hour"_s);
-    EXPECT_EQ(CheckTexts::remaining(9'000), u"3 hours"_s);
-}
-
 } // namespace keelbright::testing

@@ -25,6 +25,7 @@ protected:
     {
         AppServices given = services();
         given.startCopyCheck = checks.starter();
+        given.steadyClock = [this] { return now; };
         (void)standardOutputOf([&] { state = std::make_unique<AppState>(given); });
         model = std::make_unique<CopyCheckVM>(*state, files);
     }
@@ -44,6 +45,7 @@ protected:
         EXPECT_TRUE(QTest::qWaitFor([this] { return model->phase() == Phase::finished; }, 60'000));
     }
 
+    std::chrono::milliseconds now{0};
     FakeCopyCheck checks;
     FakeFileChooser files;
     std::unique_ptr<AppState> state;
@@ -101,6 +103,25 @@ TEST_F(CopyCheckVMTests, showsTheProgressWhileACheckRuns)
     checks.progress().addBytes(500);
     EXPECT_TRUE(QTest::qWaitFor([this] { return model->progress().readBytes == 500; }, 60'000));
     EXPECT_EQ(model->progress().fraction(), 0.5);
+    endCheck(sampleCheck(10));
+}
+
+TEST_F(CopyCheckVMTests, saysHowLongItStillTakes)
+{
+    startCheck();
+    CheckProgress& progress = checks.progress();
+    progress.setTotal(10, 1'000'000'000);
+    progress.setPhase(CheckProgress::Phase::reading);
+    QSignalSpy looks(model.get(), &CopyCheckVM::progressChanged);
+    for (int second = 0; second < 20; ++second) {
+        looks.clear();
+        ASSERT_TRUE(looks.wait(60'000));
+        now += std::chrono::seconds(1);
+        progress.addBytes(4'000'000);
+    }
+    EXPECT_EQ(model->timeLeft(), u"About 4 minutes left"_s);
+    model->cancel();
+    EXPECT_EQ(model->timeLeft(), QString());
     endCheck(sampleCheck(10));
 }
 

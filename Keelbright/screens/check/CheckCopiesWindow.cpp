@@ -82,8 +82,10 @@ void CheckCopiesWindow::redraw()
 
 void CheckCopiesWindow::redrawProgress()
 {
-    if (m_running != nullptr)
-        m_running->setProgress(m_vm.progress(), m_vm.pace());
+    if (m_running == nullptr)
+        return;
+    m_running->setProgress(m_vm.progress(), m_vm.pace());
+    m_running->setTimeLeft(m_vm.timeLeft());
 }
 
 void CheckCopiesWindow::showStart()

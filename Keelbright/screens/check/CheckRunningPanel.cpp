@@ -12,7 +12,7 @@ namespace {
 
 using Phase = CheckProgressValues::Phase;
 
-enum Cell : qsizetype { checkedCell, faultsCell, speedCell, timeCell };
+enum Cell : qsizetype { checkedCell, faultsCell, speedCell };
 
 /// For a value that is not known yet.
 QString unknown()
@@ -41,7 +41,6 @@ CheckRunningPanel::CheckRunningPanel(QWidget* parent)
     numbers().addCell(tr("Checked"), u"doc.fill"_s);
     numbers().addCell(tr("Faults"), u"exclamationmark.triangle.fill"_s);
     numbers().addCell(tr("Speed"), u"internaldrive"_s);
-    numbers().addCell(tr("Time Left"), u"timer"_s);
     setTitle(tr("Checking the copies"));
     setProgress({}, {});
 }
@@ -59,8 +58,6 @@ void CheckRunningPanel::setProgress(const CheckProgressValues& progress, const C
     const bool isReading = progress.phase == Phase::reading;
     const auto speed = isReading ? pace.speed() : std::nullopt;
     numbers().setValue(speedCell, speed ? tr("%1/s").arg(L10n::Formatters::bytes(*speed)) : unknown());
-    const auto seconds = isReading ? pace.remainingSeconds(progress.bytes) : std::nullopt;
-    numbers().setValue(timeCell, seconds ? CheckTexts::remaining(*seconds) : unknown());
 }
 
 } // namespace keelbright

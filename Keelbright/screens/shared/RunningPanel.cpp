@@ -23,12 +23,18 @@ RunningPanel::RunningPanel(const QString& ringName, const QString& cancel, QWidg
     , m_ring(new RingProgress(ringName, ringDiameter, ringThickness, Role::accent, this))
     , m_title(new ElidedLabel({}, FontRole::headline, Role::primaryText, Qt::ElideRight, this))
     , m_detail(new ElidedLabel({}, FontRole::body, Role::secondaryText, Qt::ElideRight, this))
+    , m_timeLeft(new Label({}, FontRole::body, Role::secondaryText, this))
     , m_numbers(new NumberStrip(this))
     , m_cancel(new Button(Button::Kind::bordered, cancel, {}, this))
     , m_cancelling(new Label(tr("Cancelling..."), FontRole::body, Role::secondaryText, this))
 {
     m_title->setAlignment(Qt::AlignCenter);
     m_detail->setAlignment(Qt::AlignCenter);
+    m_timeLeft->setAlignment(Qt::AlignCenter);
+    QSizePolicy policy = m_timeLeft->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_timeLeft->setSizePolicy(policy);
+    m_timeLeft->hide();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
@@ -36,6 +42,7 @@ RunningPanel::RunningPanel(const QString& ringName, const QString& cancel, QWidg
     layout->addSpacing(20);
     layout->addWidget(m_title);
     layout->addWidget(m_detail);
+    layout->addWidget(m_timeLeft);
     layout->addSpacing(20);
     layout->addWidget(m_numbers);
     layout->addSpacing(20);
@@ -75,6 +82,15 @@ void RunningPanel::setTitle(const QString& title)
 void RunningPanel::setDetail(const QString& detail)
 {
     m_detail->setFullText(detail);
+}
+
+void RunningPanel::setTimeLeft(const QString& text)
+{
+    if (text == m_timeLeft->text())
+        return;
+    m_timeLeft->setText(text);
+    m_timeLeft->setAccessibleName(text);
+    m_timeLeft->setVisible(!text.isEmpty());
 }
 
 void RunningPanel::setCancelling(bool isCancelling)

@@ -10,7 +10,8 @@ class Label;
 class NumberStrip;
 class RingProgress;
 
-/// A long piece of work under way: a ring, two lines, some numbers and a button that cancels it.
+/// A long piece of work under way: a ring, two lines and a third one while the remaining time is known, some
+/// numbers and a button that cancels it.
 class RunningPanel : public QWidget
 {
     Q_OBJECT
@@ -21,6 +22,8 @@ public:
 
     /// From 0 to 1; shown in whole percent, rounded down.
     void setFraction(double fraction);
+    /// Such as "About 4 minutes left"; empty while that is not known. Nothing else moves when it appears.
+    void setTimeLeft(const QString& text);
     /// While a cancelled work has not ended yet: disables the button and says so beside it.
     void setCancelling(bool isCancelling);
 
@@ -40,6 +43,7 @@ private:
     RingProgress* m_ring;
     ElidedLabel* m_title;
     ElidedLabel* m_detail;
+    Label* m_timeLeft;
     NumberStrip* m_numbers;
     Button* m_cancel;
     Label* m_cancelling;

@@ -16,6 +16,7 @@ DesktopPresence::DesktopPresence(AppState& state, MainWindow& window, const Sing
                         {[] { return QApplication::activeWindow() != nullptr; },
                          [this] { m_requests.activate(std::nullopt); }})
     , m_destinationDrive(state)
+    , m_backupInTaskBar(state, m_taskBar)
 {
     QObject::connect(&instance, &SingleInstance::activationRequested, &m_requests,
                      &DesktopRequests::activate);

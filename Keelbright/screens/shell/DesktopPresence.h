@@ -4,8 +4,10 @@
 #include "Keelbright/screens/shell/DesktopNotifier.h"
 #include "Keelbright/screens/shell/DesktopRequests.h"
 #include "Keelbright/screens/shell/DesktopSleepBlocker.h"
+#include "Keelbright/screens/shell/DesktopTaskBar.h"
 #include "Keelbright/state/AwakeBackup.h"
 #include "Keelbright/state/BackupEndNotice.h"
+#include "Keelbright/state/BackupInTaskBar.h"
 #include "Keelbright/state/DestinationDrive.h"
 
 namespace keelbright {
@@ -13,7 +15,8 @@ namespace keelbright {
 class SingleInstance;
 
 /// The running program as one of the desktop's own: it can be asked for its window from outside, keeps the
-/// machine awake during a backup, notifies of its end, and notices drives that come and go. Main thread.
+/// machine awake during a backup, shows its progress in the task bar, notifies of its end, and notices drives that
+/// come and go. Main thread.
 class DesktopPresence
 {
 public:
@@ -30,6 +33,8 @@ private:
     DesktopNotifier m_notifier;
     BackupEndNotice m_backupEndNotice;
     DestinationDrive m_destinationDrive;
+    DesktopTaskBar m_taskBar;
+    BackupInTaskBar m_backupInTaskBar;
 };
 
 } // namespace keelbright

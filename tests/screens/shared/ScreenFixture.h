@@ -43,13 +43,14 @@ protected:
     [[nodiscard]] AppServices services()
     {
         // The App Store itself is never asked.
-        return {configStore,
-                activityStore,
-                userDefaults,
-                chooser,
-                mac.clock(),
-                [](const QString&) {
-                    return QtFuture::makeReadyFuture(std::optional<iTunesAppInfo>()); }};
+        return {.configStore = configStore,
+                .activityStore = activityStore,
+                .userDefaults = userDefaults,
+                .folderChooser = chooser,
+                .clock = mac.clock(),
+                .lookup =
+                    [](const QString&) { return QtFuture::makeReadyFuture(std::optional<iTunesAppInfo>()); },
+                .steadyClock = [this] { return steadyNow; }};
     }
 
     [[nodiscard]] ScreenContext context() { return {*state, alerts, workspace, files}; }
@@ -87,6 +88,7 @@ protected:
     }
 
     TestMac mac;
+    std::chrono::milliseconds steadyNow{0};
     BackupConfigStore configStore{mac.fileManager().applicationSupportDirectory()};
     ActivityStore activityStore{mac.fileManager().applicationSupportDirectory()};
     UserDefaults userDefaults{std::make_unique<QSettings>(
