@@ -33,6 +33,12 @@ void playOrganizer(Stage& stage)
     stage.settle();
 }
 
+void playOrganizerHighContrast(Stage& stage)
+{
+    playOrganizer(stage);
+    Stage::raiseContrast();
+}
+
 void playOrganizerTidy(Stage& stage)
 {
     stage.mac.makeFolder("Users/mira/Desktop");
@@ -49,6 +55,7 @@ QList<ScreenState> organiseStates()
         {"organizer", "empty", playOrganizerEmpty},
         {"organizer", "busy", playOrganizerBusy},
         {"organizer", "found", playOrganizer, true},
+        {"organizer", "high-contrast", playOrganizerHighContrast},
         {"organizer", "tidy", playOrganizerTidy},
     };
 }

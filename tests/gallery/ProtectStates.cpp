@@ -105,6 +105,12 @@ void playDashboardRunning(Stage& stage)
     Stage::turnFrames();
 }
 
+void playDashboardHighContrast(Stage& stage)
+{
+    playDashboardProtected(stage);
+    Stage::raiseContrast();
+}
+
 void playProtectedItems(Stage& stage)
 {
     stage.mira.populate();
@@ -246,6 +252,7 @@ QList<ScreenState> protectStates()
         {"dashboard", "drive-away", playDashboardDriveAway},
         {"dashboard", "alert", playDashboardAlert},
         {"dashboard", "running", playDashboardRunning},
+        {"dashboard", "high-contrast", playDashboardHighContrast},
         {"protected-items", "recommended", playProtectedItems},
         {"protected-items", "custom", playProtectedItemsCustom},
         {"preflight", "busy", playPreflightBusy},

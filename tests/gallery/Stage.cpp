@@ -231,6 +231,12 @@ void Stage::turnFrames()
     testing::turnFrames();
 }
 
+void Stage::raiseContrast()
+{
+    Theme::instance().setContrastHigh(true);
+    turnFrames();
+}
+
 void Stage::chooseDrive()
 {
     m_state->setSelectedDestination(BackupDestination{QUuid::createUuid(), mira.backupDrive()});

@@ -98,6 +98,9 @@ public:
     /// Lets a redraw happen.
     static void turnFrames();
 
+    /// As on a desktop that is set to high contrast.
+    static void raiseContrast();
+
     /// Chooses the backup drive as the destination.
     void chooseDrive();
     /// Runs a backup of the chosen folders to the chosen destination.

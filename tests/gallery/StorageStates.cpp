@@ -77,6 +77,12 @@ void playListWithRow(Stage& stage)
     stage.choose(u"Documents"_s);
 }
 
+void playListHighContrast(Stage& stage)
+{
+    playListWithRow(stage);
+    Stage::raiseContrast();
+}
+
 void playMap(Stage& stage)
 {
     playList(stage);
@@ -143,6 +149,7 @@ QList<ScreenState> storageStates()
         {"storage", "busy", playBusy},
         {"storage", "list", playList, true},
         {"storage", "list-row", playListWithRow},
+        {"storage", "high-contrast", playListHighContrast},
         {"storage", "treemap", playMap, true},
         {"storage", "largest", playLargest},
         {"storage", "empty-folder", playEmptyFolder},

@@ -11,6 +11,7 @@
 #include "Keelbright/screens/shell/ProgramIcon.h"
 #include "Keelbright/screens/shell/SingleInstance.h"
 #include "Keelbright/screens/shell/Translations.h"
+#include "Keelbright/screens/shell/WindowPlaceFile.h"
 #include "Keelbright/state/KeelbrightApp.h"
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "Keelbright/widgets/theme/DesktopSettings.h"
@@ -67,6 +68,21 @@ void followEndOfSession(const QApplication& application, const EndRequests& endR
     QObject::connect(&endRequests, &EndRequests::received, &application, [] { QCoreApplication::exit(0); });
 }
 
+/// Puts the window where it stood at the last end of the program, and keeps where it stands when it closes or
+/// the system ends the program.
+void followPlace(MainWindow& window, const WindowPlaceFile& file)
+{
+    if (const std::optional<WindowPlace> place = file.load())
+        place->applyTo(window);
+    // While it can still be seen: a window that is gone stands nowhere.
+    const auto keep = [&window, &file] { file.save(WindowPlace::of(window)); };
+    QObject::connect(&window, &MainWindow::closed, &window, keep);
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &window, [&window, keep] {
+        if (window.isVisible())
+            keep();
+    });
+}
+
 int runWindow(QApplication& application, SingleInstance& instance, const std::optional<WindowAction>& action,
               AppLookup lookup)
 {
@@ -81,6 +97,8 @@ int runWindow(QApplication& application, SingleInstance& instance, const std::op
     DialogAlertPresenter alerts;
     KeelbrightApp app(chooser, std::move(lookup));
     MainWindow window({app.state(), alerts, workspace, files});
+    const WindowPlaceFile placeFile(settingsFolder());
+    followPlace(window, placeFile);
     QObject::connect(&window, &MainWindow::closed, &application, &QCoreApplication::quit);
     std::optional<DesktopPresence> presence(std::in_place, app.state(), window, instance);
     followEndOfSession(application, endRequests, window);

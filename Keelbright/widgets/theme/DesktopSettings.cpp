@@ -20,8 +20,10 @@ constexpr auto portalPath = "/org/freedesktop/portal/desktop"_L1;
 constexpr auto portalInterface = "org.freedesktop.portal.Settings"_L1;
 constexpr auto appearance = "org.freedesktop.appearance"_L1;
 constexpr auto gnomeInterface = "org.gnome.desktop.interface"_L1;
+constexpr auto gnomeAccess = "org.gnome.desktop.a11y.interface"_L1;
 constexpr auto colorSchemeKey = "color-scheme"_L1;
 constexpr auto contrastKey = "contrast"_L1;
+constexpr auto gnomeContrastKey = "high-contrast"_L1;
 constexpr auto reducedMotionKey = "reduced-motion"_L1;
 constexpr auto animationsKey = "enable-animations"_L1;
 
@@ -113,6 +115,7 @@ void DesktopSettings::watchPortal(const QDBusConnection& bus)
                        SLOT(applySetting(QString, QString, QDBusVariant)));
     askPortal(bus, appearance, colorSchemeKey);
     askPortal(bus, appearance, contrastKey);
+    askPortal(bus, gnomeAccess, gnomeContrastKey); // older portals know no other one
     askPortal(bus, appearance, reducedMotionKey);
     askPortal(bus, gnomeInterface, animationsKey);
 }
@@ -137,7 +140,9 @@ void DesktopSettings::applySetting(const QString& nameSpace, const QString& key,
     if (nameSpace == appearance && key == colorSchemeKey) {
         setPortalScheme(preferredScheme(plain.toUInt()));
     } else if (nameSpace == appearance && key == contrastKey) {
-        setContrastHigh(plain.toUInt() == 1);
+        setContrastHigh(m_isPortalContrastHigh, plain.toUInt() == 1);
+    } else if (nameSpace == gnomeAccess && key == gnomeContrastKey) {
+        setContrastHigh(m_isGnomeContrastHigh, plain.toBool());
     } else if (nameSpace == appearance && key == reducedMotionKey) {
         setMotionReduced(plain.toUInt() == 1);
     } else if (nameSpace == gnomeInterface && key == animationsKey) {
@@ -153,12 +158,12 @@ void DesktopSettings::setPortalScheme(std::optional<ColorScheme> scheme)
         Q_EMIT colorSchemeChanged();
 }
 
-void DesktopSettings::setContrastHigh(bool isHigh)
+void DesktopSettings::setContrastHigh(bool& setting, bool isHigh)
 {
-    if (isHigh == m_isContrastHigh)
-        return;
-    m_isContrastHigh = isHigh;
-    Q_EMIT isContrastHighChanged();
+    const bool before = isContrastHigh();
+    setting = isHigh;
+    if (isContrastHigh() != before)
+        Q_EMIT isContrastHighChanged();
 }
 
 void DesktopSettings::setMotionReduced(bool isReduced)

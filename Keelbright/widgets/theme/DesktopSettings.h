@@ -26,7 +26,8 @@ public:
 
     [[nodiscard]] ColorScheme colorScheme() const;
 
-    [[nodiscard]] bool isContrastHigh() const { return m_isContrastHigh; }
+    /// Where either of the settings that desktops have for it asks for it.
+    [[nodiscard]] bool isContrastHigh() const { return m_isPortalContrastHigh || m_isGnomeContrastHigh; }
 
     [[nodiscard]] bool isMotionReduced() const { return m_isMotionReduced; }
 
@@ -46,12 +47,13 @@ private:
     void watchPortal(const QDBusConnection& bus);
     void askPortal(const QDBusConnection& bus, const QString& nameSpace, const QString& key);
     void setPortalScheme(std::optional<ColorScheme> scheme);
-    void setContrastHigh(bool isHigh);
+    void setContrastHigh(bool& setting, bool isHigh);
     void setMotionReduced(bool isReduced);
 
     ColorScheme m_paletteScheme = ColorScheme::light;
     std::optional<ColorScheme> m_portalScheme;
-    bool m_isContrastHigh = false;
+    bool m_isPortalContrastHigh = false;
+    bool m_isGnomeContrastHigh = false;
     bool m_isMotionReduced = false;
     bool m_isReadingDue = false;
 };

@@ -18,6 +18,7 @@ class FakePortal : public QObject
 public:
     uint scheme = 0;
     bool hasAnimations = true;
+    bool hasHighContrast = false;
     int answers = 0;
 
 public Q_SLOTS:
@@ -30,6 +31,8 @@ public Q_SLOTS:
             return QDBusVariant(QVariant::fromValue(QDBusVariant(scheme)));
         if (nameSpace == QStringLiteral("org.gnome.desktop.interface"))
             return QDBusVariant(QVariant::fromValue(QDBusVariant(hasAnimations)));
+        if (key == QStringLiteral("high-contrast"))
+            return QDBusVariant(QVariant::fromValue(QDBusVariant(hasHighContrast)));
         return QDBusVariant(QVariant::fromValue(QDBusVariant(0U)));
     }
 
@@ -42,6 +45,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int patience = 60'000; // milliseconds
+constexpr int allAnswers = 5;    // to what is asked at the start
 
 class DesktopSettingsTest : public ::testing::Test
 {
@@ -80,7 +84,7 @@ TEST_F(DesktopSettingsTest, followsThePortalWhileItRuns)
     startPortal();
     const DesktopSettings settings(bus.client());
     // An answer that arrives later would undo what is announced now.
-    ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == 4; }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == allAnswers; }, patience));
     EXPECT_EQ(settings.colorScheme(), ColorScheme::light);
     QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
     const auto announceScheme = [this](uint scheme) {
@@ -111,7 +115,7 @@ TEST_F(DesktopSettingsTest, takesHighContrastFromThePortalWhileItRuns)
 {
     startPortal();
     const DesktopSettings settings(bus.client());
-    ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == 4; }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == allAnswers; }, patience));
     EXPECT_FALSE(settings.isContrastHigh());
     QSignalSpy changes(&settings, &DesktopSettings::isContrastHighChanged);
     for (const uint contrast : {1U, 0U}) {
@@ -119,6 +123,45 @@ TEST_F(DesktopSettingsTest, takesHighContrastFromThePortalWhileItRuns)
         ASSERT_TRUE(changes.wait(patience));
         EXPECT_EQ(settings.isContrastHigh(), contrast == 1);
     }
+}
+
+TEST_F(DesktopSettingsTest, takesHighContrastFromADesktopWhosePortalHasNoSettingForIt)
+{
+    portal.hasHighContrast = true;
+    startPortal();
+    const DesktopSettings settings(bus.client());
+    QSignalSpy changes(&settings, &DesktopSettings::isContrastHighChanged);
+    ASSERT_TRUE(changes.wait(patience));
+    EXPECT_TRUE(settings.isContrastHigh());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == allAnswers; }, patience));
+    Q_EMIT portal.SettingChanged(u"org.gnome.desktop.a11y.interface"_s, u"high-contrast"_s,
+                                 QDBusVariant(false));
+    ASSERT_TRUE(changes.wait(patience));
+    EXPECT_FALSE(settings.isContrastHigh());
+}
+
+TEST_F(DesktopSettingsTest, keepsHighContrastWhileOneOfTheSettingsAsksForIt)
+{
+    startPortal();
+    const DesktopSettings settings(bus.client());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == allAnswers; }, patience));
+    const auto announceGnome = [this](bool isHigh) {
+        Q_EMIT portal.SettingChanged(u"org.gnome.desktop.a11y.interface"_s, u"high-contrast"_s,
+                                     QDBusVariant(isHigh));
+    };
+    const auto announcePortal = [this](uint contrast) {
+        Q_EMIT portal.SettingChanged(u"org.freedesktop.appearance"_s, u"contrast"_s, QDBusVariant(contrast));
+    };
+    const QSignalSpy changes(&settings, &DesktopSettings::isContrastHighChanged);
+    announceGnome(true);
+    announcePortal(1);
+    announcePortal(0);
+    bus.carryEverythingOver();
+    EXPECT_TRUE(settings.isContrastHigh());
+    EXPECT_EQ(changes.count(), 1);
+    announceGnome(false);
+    bus.carryEverythingOver();
+    EXPECT_FALSE(settings.isContrastHigh());
 }
 
 TEST_F(DesktopSettingsTest, reducesMotionIfTheDesktopSwitchedAnimationsOff)
@@ -140,7 +183,7 @@ TEST_F(DesktopSettingsTest, otherSettingsAreIgnored)
     startPortal();
     const DesktopSettings settings(bus.client());
     const QSignalSpy changes(&settings, &DesktopSettings::colorSchemeChanged);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == 4; }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return portal.answers == allAnswers; }, patience));
     Q_EMIT portal.SettingChanged(u"org.example.other"_s, u"color-scheme"_s, QDBusVariant(1U));
     bus.carryEverythingOver();
     EXPECT_EQ(changes.count(), 0);
