@@ -2,6 +2,7 @@
 
 #include "Keelbright/screens/review/ActivityLogModel.h"
 #include "Keelbright/screens/shared/ListCard.h"
+#include "Keelbright/screens/shared/ScreenCommand.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/widgets/Announcement.h"
@@ -86,6 +87,7 @@ void ActivityLogView::addToolbar()
         setFilterKind(index == 0 ? std::nullopt : std::optional(ActivityEntry::allKinds().at(index - 1)));
     });
     connect(exportButton, &QPushButton::clicked, this, [this] { m_vm.exportCSV(); });
+    offerCommand(*this, ScreenCommand::exportList, [this] { m_vm.exportCSV(); });
     connect(clearButton, &QPushButton::clicked, this, &ActivityLogView::clear);
     for (QWidget* action : {static_cast<QWidget*>(m_filter), static_cast<QWidget*>(exportButton),
                             static_cast<QWidget*>(clearButton)})

@@ -2,6 +2,7 @@
 
 #include "Keelbright/screens/review/ScanReportPanel.h"
 #include "Keelbright/screens/shared/RescanShortcuts.h"
+#include "Keelbright/screens/shared/ScreenCommand.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/state/Workspace.h"
 #include "Keelbright/widgets/Announcement.h"
@@ -12,6 +13,7 @@
 #include "Keelbright/widgets/rows/RowListView.h"
 #include "KeelbrightCore/platform/text/DateFormatter.h"
 
+#include <QAction>
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
@@ -36,6 +38,7 @@ ScanResultsView::ScanResultsView(const ScreenContext& context, QWidget* parent)
     addHeader();
     addStates();
     addRescanShortcuts(*this, [this] { scan(); });
+    m_fullScanCommand = offerCommand(*this, ScreenCommand::fullScan, [this] { scan(); });
     connect(&m_model, &ScanResultsVM::changed, &m_frames, &FrameThrottle::request);
     connect(&m_frames, &FrameThrottle::frame, this, &ScanResultsView::redraw);
     redraw();
@@ -105,6 +108,7 @@ void ScanResultsView::redraw()
     m_fullScan->setCaption(m_model.isScanning() ? tr("Scanning…") : tr("Full Scan"));
     m_fullScan->setKind(report ? Button::Kind::primary : Button::Kind::bordered);
     m_fullScan->setEnabled(!m_model.isScanning());
+    m_fullScanCommand->setEnabled(!m_model.isScanning());
 }
 
 void ScanResultsView::showState(QWidget* state)

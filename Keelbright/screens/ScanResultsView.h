@@ -40,6 +40,7 @@ private:
     FrameThrottle m_frames;
     PageHeader* m_header = nullptr;
     Button* m_fullScan = nullptr;
+    QAction* m_fullScanCommand = nullptr;
     QStackedLayout* m_states = nullptr;
     BusyState* m_scanning = nullptr;
     ScanReportPanel* m_report = nullptr;

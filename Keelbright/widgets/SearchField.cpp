@@ -4,8 +4,8 @@
 #include "Keelbright/widgets/SymbolLabel.h"
 #include "Keelbright/widgets/theme/Theme.h"
 
+#include <QAction>
 #include <QKeyEvent>
-#include <QShortcut>
 
 namespace keelbright {
 
@@ -23,6 +23,7 @@ SearchField::SearchField(const QString& prompt, QWidget* parent)
     : QLineEdit(parent)
     , m_lens(new SymbolLabel(u"magnifyingglass"_s, lensSize, Role::secondaryText, this))
     , m_clear(new Button(Button::Kind::plainIcon, tr("Clear search"), u"xmark.circle.fill"_s, this))
+    , m_find(new QAction(tr("Find"), this))
 {
     setAccessibleName(prompt);
     setPlaceholderText(prompt);
@@ -38,11 +39,25 @@ SearchField::SearchField(const QString& prompt, QWidget* parent)
         setFocus(Qt::OtherFocusReason);
     });
     connect(this, &QLineEdit::textChanged, this, [this] { m_clear->setVisible(!text().isEmpty()); });
-    auto* shortcut = new QShortcut(QKeySequence::Find, this);
-    connect(shortcut, &QShortcut::activated, this, [this] {
+    m_find->setShortcut(QKeySequence::Find);
+    m_find->setEnabled(false);
+    QWidget::addAction(m_find);
+    connect(m_find, &QAction::triggered, this, [this] {
         setFocus(Qt::ShortcutFocusReason);
         selectAll();
     });
+}
+
+void SearchField::showEvent(QShowEvent* event)
+{
+    QLineEdit::showEvent(event);
+    m_find->setEnabled(true);
+}
+
+void SearchField::hideEvent(QHideEvent* event)
+{
+    QLineEdit::hideEvent(event);
+    m_find->setEnabled(false);
 }
 
 void SearchField::keyPressEvent(QKeyEvent* event)

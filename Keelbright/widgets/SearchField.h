@@ -17,7 +17,12 @@ public:
     /// `prompt` is shown in the empty field and is the accessible name.
     explicit SearchField(const QString& prompt, QWidget* parent = nullptr);
 
+    /// Gives the field the focus; enabled while the field is shown.
+    [[nodiscard]] QAction* findAction() const { return m_find; }
+
 protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -26,6 +31,7 @@ private:
 
     SymbolLabel* m_lens;
     Button* m_clear;
+    QAction* m_find;
 };
 
 } // namespace keelbright

@@ -1,6 +1,7 @@
 #include "Keelbright/screens/apps/AppListPanel.h"
 
 #include "Keelbright/screens/apps/UsageLook.h"
+#include "Keelbright/screens/shared/ScreenCommand.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/EmptyStateView.h"
@@ -128,6 +129,7 @@ QWidget* AppListPanel::makeList()
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(8);
     m_search = new SearchField(tr("Search apps"), listed);
+    offerCommand(*m_search->findAction(), ScreenCommand::find);
     connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) {
         AppFilter filter = m_model.filter();
         filter.searchText = text;

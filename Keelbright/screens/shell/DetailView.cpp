@@ -37,6 +37,7 @@ void DetailView::showSelectedScreen()
     setAccessibleName(selected ? screenTitle(*selected) : tr("Welcome"));
     QAccessibleEvent event(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
+    Q_EMIT viewChanged();
 }
 
 } // namespace keelbright

@@ -24,6 +24,10 @@ public:
     /// The view on screen.
     [[nodiscard]] QWidget* currentView() const { return m_view; }
 
+Q_SIGNALS:
+    /// Another view has come; the one before still exists.
+    void viewChanged();
+
 private:
     void showSelectedScreen();
 

@@ -2,6 +2,9 @@
 
 #include "Keelbright/screens/OnboardingView.h"
 #include "Keelbright/screens/check/CheckCopiesWindow.h"
+#include "Keelbright/screens/shell/CommandEntries.h"
+#include "Keelbright/screens/shell/DetailView.h"
+#include "Keelbright/screens/shell/EditCommands.h"
 #include "Keelbright/screens/shell/MainView.h"
 #include "Keelbright/screens/shell/SettingsWindow.h"
 #include "Keelbright/screens/shell/SidebarView.h"
@@ -14,6 +17,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
 
@@ -33,6 +37,7 @@ void bringForward(QWidget& window)
 MainWindow::MainWindow(const ScreenContext& context, QWidget* parent)
     : QMainWindow(parent)
     , m_context(context)
+    , m_commands(new CommandEntries(this))
 {
     setWindowTitle(tr("Keel Bright"));
     setMinimumSize(minimumWindowSize);
@@ -51,36 +56,48 @@ MainWindow::MainWindow(const ScreenContext& context, QWidget* parent)
 
 void MainWindow::makeMenus()
 {
-    QMenu* file = menuBar()->addMenu(tr("&File"));
-    addBackupAction(*file, m_context.state);
-    QAction* check = file->addAction(tr("Check &Copies…"), this, &MainWindow::showCheck);
-    check->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
-    file->addSeparator();
-    QAction* settings = file->addAction(tr("&Settings…"), this, &MainWindow::showSettings);
-    settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
-    settings->setMenuRole(QAction::PreferencesRole);
-    file->addSeparator();
-    QAction* quit = file->addAction(tr("&Quit"), this, &QWidget::close);
-    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    quit->setMenuRole(QAction::QuitRole);
-
+    fillFileMenu(*menuBar()->addMenu(tr("&File")));
     QMenu* edit = menuBar()->addMenu(tr("&Edit"));
     new UndoCommand(m_context.state.undo(), *edit, *this);
-
-    QMenu* view = menuBar()->addMenu(tr("&View"));
-    m_sidebarAction = view->addAction(tr("Hide Sidebar"), this, &MainWindow::toggleSidebar);
-    m_sidebarAction->setShortcut(QKeySequence(Qt::Key_F9));
-    m_progressAction = view->addAction(tr("Show Backup Progress"), this,
-                                       [this] { m_context.state.setSelectedScreen(Screen::backupProgress); });
-
-    addScreenActions(*view, m_context.state);
-
+    new EditCommands(*edit, *this);
+    edit->addSeparator();
+    m_commands->add(*edit, ScreenCommand::find);
+    fillViewMenu(*menuBar()->addMenu(tr("&View")));
     QMenu* window = menuBar()->addMenu(tr("&Window"));
     QAction* minimize = window->addAction(tr("&Minimize"), this, &QWidget::showMinimized);
     minimize->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
     QAction* close = window->addAction(tr("&Close"), this, &QWidget::close);
     close->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_W));
     addHelpMenu(*menuBar(), *this);
+}
+
+void MainWindow::fillFileMenu(QMenu& menu)
+{
+    addBackupAction(menu, m_context.state);
+    QAction* check = menu.addAction(tr("Check &Copies…"), this, &MainWindow::showCheck);
+    check->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
+    m_fullScanAction = m_commands->add(menu, ScreenCommand::fullScan);
+    connect(m_fullScanAction, &QAction::triggered, this, &MainWindow::startFullScan);
+    m_commands->add(menu, ScreenCommand::exportList);
+    menu.addSeparator();
+    QAction* settings = menu.addAction(tr("&Settings…"), this, &MainWindow::showSettings);
+    settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    settings->setMenuRole(QAction::PreferencesRole);
+    menu.addSeparator();
+    QAction* quit = menu.addAction(tr("&Quit"), this, &QWidget::close);
+    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    quit->setMenuRole(QAction::QuitRole);
+}
+
+void MainWindow::fillViewMenu(QMenu& menu)
+{
+    m_commands->add(menu, ScreenCommand::rescan);
+    menu.addSeparator();
+    m_sidebarAction = menu.addAction(tr("Hide Sidebar"), this, &MainWindow::toggleSidebar);
+    m_sidebarAction->setShortcut(QKeySequence(Qt::Key_F9));
+    m_progressAction = menu.addAction(tr("Show Backup Progress"), this,
+                                      [this] { m_context.state.setSelectedScreen(Screen::backupProgress); });
+    addScreenActions(menu, m_context.state);
 }
 
 void MainWindow::showOnboardingOrMain()
@@ -99,10 +116,26 @@ void MainWindow::showOnboardingOrMain()
         setCentralWidget(m_main);
     else
         setCentralWidget(new OnboardingView(m_context.state, this));
-    if (m_main)
+    if (m_main) {
         m_main->focusSidebar();
+        connect(m_main->detail(), &DetailView::viewChanged, this, &MainWindow::followScreen);
+    }
+    m_fullScanAction->setEnabled(isPassed);
+    followScreen();
     updateSidebarAction();
     updateProgressAction();
+}
+
+void MainWindow::followScreen()
+{
+    m_commands->follow(m_main ? m_main->detail()->currentView() : nullptr);
+}
+
+void MainWindow::startFullScan()
+{
+    m_context.state.setSelectedScreen(Screen::scanResults);
+    if (QAction* scan = offeredCommand(m_main->detail()->currentView(), ScreenCommand::fullScan))
+        scan->trigger();
 }
 
 void MainWindow::showSettings()

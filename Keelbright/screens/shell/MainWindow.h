@@ -6,10 +6,12 @@
 #include <QPointer>
 
 class QAction;
+class QMenu;
 
 namespace keelbright {
 
 class CheckCopiesWindow;
+class CommandEntries;
 class MainView;
 class SettingsWindow;
 
@@ -48,6 +50,10 @@ protected:
 
 private:
     void makeMenus();
+    void fillFileMenu(QMenu& menu);
+    void fillViewMenu(QMenu& menu);
+    void startFullScan();
+    void followScreen();
     void showOnboardingOrMain();
     void askToStop();
     void toggleSidebar();
@@ -58,6 +64,8 @@ private:
     QPointer<MainView> m_main;
     QPointer<SettingsWindow> m_settings;
     QPointer<CheckCopiesWindow> m_check;
+    CommandEntries* m_commands;
+    QAction* m_fullScanAction = nullptr;
     QAction* m_sidebarAction = nullptr;
     QAction* m_progressAction = nullptr;
     bool m_mayClose = false;

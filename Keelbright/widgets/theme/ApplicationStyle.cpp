@@ -5,8 +5,10 @@
 
 #include <QAbstractScrollArea>
 #include <QApplication>
+#include <QMenu>
 #include <QPainter>
 #include <QStyleOption>
+#include <cmath>
 
 namespace keelbright {
 
@@ -15,6 +17,8 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int scrollBarWidth = 12;
+constexpr int menuRadius = 8;
+constexpr int menuMargin = 5; ///< above the first entry and below the last, so that no corner cuts them
 
 void drawScrollBar(const QStyleOptionSlider& option, QPainter& painter, QRect handle)
 {
@@ -94,6 +98,39 @@ void drawControlGround(const QStyleOption& option, QPainter& painter, bool isFie
     painter.restore();
 }
 
+void drawMenuPanel(const QRect& rect, QPainter& painter)
+{
+    const Theme& theme = Theme::instance();
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(composed(theme.color(Role::card), theme.color(Role::controlLine)), 1));
+    painter.setBrush(theme.color(Role::card));
+    painter.drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), menuRadius, menuRadius);
+    painter.restore();
+}
+
+/// The pixels of which a rounded panel covers at least a part.
+QRegion roundedRegion(const QRect& rect)
+{
+    QRegion region(rect);
+    for (int row = 0; row < menuRadius; ++row) {
+        const double height = menuRadius - (row + 1);
+        const int cut = static_cast<int>(menuRadius - std::sqrt(menuRadius * menuRadius - height * height));
+        for (const int y : {rect.top() + row, rect.bottom() - row}) {
+            region -= QRect(rect.left(), y, cut, 1);
+            region -= QRect(rect.right() - cut + 1, y, cut, 1);
+        }
+    }
+    return region;
+}
+
+/// Without a compositor, which only X11 can lack, what is transparent would be black.
+bool mayLackCompositor()
+{
+    return !QGuiApplication::platformName().startsWith("wayland"_L1) &&
+           QGuiApplication::platformName() != "cocoa"_L1;
+}
+
 /// The symbol in place of one of the toolkit's pictures; empty if the toolkit's own is kept.
 QString symbolFor(QStyle::StandardPixmap picture)
 {
@@ -136,6 +173,14 @@ ApplicationStyle::ApplicationStyle()
     : QProxyStyle(u"Fusion"_s)
 {}
 
+void ApplicationStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    // Its rounded corners show what lies behind.
+    if (qobject_cast<QMenu*>(widget) != nullptr)
+        widget->setAttribute(Qt::WA_TranslucentBackground);
+}
+
 void ApplicationStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                                    const QWidget* widget) const
 {
@@ -148,6 +193,8 @@ void ApplicationStyle::drawControl(ControlElement element, const QStyleOption* o
         painter->fillRect(option->rect, Theme::instance().color(Role::line));
         return;
     }
+    if (element == CE_MenuEmptyArea)
+        return; // the panel lies there already
     if (element == CE_MenuBarItem) {
         if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
             drawMenuBarItem(*item, *painter);
@@ -192,12 +239,12 @@ void ApplicationStyle::drawPrimitive(PrimitiveElement element, const QStyleOptio
     }
     if (element == PE_FrameLineEdit)
         return; // drawn with the background
-    if (element == PE_PanelMenu || element == PE_FrameMenu) {
-        painter->setPen(Theme::instance().color(Role::controlLine));
-        painter->setBrush(element == PE_PanelMenu ? Theme::instance().color(Role::card) : Qt::transparent);
-        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    if (element == PE_PanelMenu) {
+        drawMenuPanel(option->rect, *painter);
         return;
     }
+    if (element == PE_FrameMenu)
+        return; // drawn with the panel
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
@@ -263,7 +310,10 @@ int ApplicationStyle::pixelMetric(PixelMetric metric, const QStyleOption* option
     case PM_MenuBarHMargin:
         return 8;
     case PM_SplitterWidth:
+    case PM_MenuPanelWidth:
         return 1;
+    case PM_MenuVMargin:
+        return menuMargin;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -284,6 +334,13 @@ int ApplicationStyle::styleHint(StyleHint hint, const QStyleOption* option, cons
 {
     switch (hint) {
     case SH_ScrollBar_Transient:
+        return 0;
+    case SH_Menu_Mask:
+        if (auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(data);
+            mask != nullptr && option != nullptr && mayLackCompositor()) {
+            mask->region = roundedRegion(option->rect);
+            return 1;
+        }
         return 0;
     case SH_Widget_Animation_Duration:
         return Theme::instance().duration(QProxyStyle::styleHint(hint, option, widget, data));

@@ -8,7 +8,8 @@ class QAbstractScrollArea;
 namespace keelbright {
 
 /// Draws the toolkit's own widgets (menus, scroll bars, text fields, the folder chooser) so that they
-/// match the program's widgets.
+/// match the program's widgets. Menus have rounded corners: transparent ones, and on X11, where there may be
+/// no compositor, cut off as well.
 class ApplicationStyle : public QProxyStyle
 {
     Q_OBJECT
@@ -20,6 +21,8 @@ public:
     /// content leaves 12 points free at its right edge. Before the area is laid out.
     static void floatScrollBar(QAbstractScrollArea& area);
 
+    using QProxyStyle::polish;
+    void polish(QWidget* widget) override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,

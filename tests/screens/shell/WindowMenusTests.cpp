@@ -4,6 +4,8 @@
 #include "KeelbrightCore/platform/system/ProgramVersion.h"
 #include "tests/screens/shared/ScreenTestCase.h"
 
+#include <QApplication>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -96,6 +98,93 @@ TEST_F(WindowMenusTests, aBackupStartsFromAnyScreen)
     EXPECT_FALSE(backup->isEnabled());
     state->engine().setIsRunning(false);
     EXPECT_TRUE(backup->isEnabled());
+}
+
+TEST_F(WindowMenusTests, aFullScanStartsFromAnyScreen)
+{
+    QAction* scan = entry(u"File"_s, u"Full Scan"_s);
+    EXPECT_EQ(scan->shortcut(), QKeySequence(u"Ctrl+Shift+F"_s));
+    EXPECT_FALSE(scan->isEnabled());
+    pass();
+    state->setSelectedScreen(Screen::activityLog);
+    scan = entry(u"File"_s, u"Full Scan"_s);
+    EXPECT_TRUE(scan->isEnabled());
+    scan->trigger();
+    EXPECT_EQ(state->selectedScreen(), Screen::scanResults);
+    show(window);
+    turnUntil([this] { return !textsIn(window).filter(u"Last scanned"_s).isEmpty(); });
+    turnUntil([this] { return entry(u"File"_s, u"Full Scan"_s)->isEnabled(); });
+}
+
+TEST_F(WindowMenusTests, anEntryIsEnabledOnTheScreensWhereItDoesSomething)
+{
+    const auto enabledOn = [this](const QString& menuTitle, const QString& text) {
+        QStringList screens;
+        for (const Screen screen : allScreens()) {
+            state->setSelectedScreen(screen);
+            settle();
+            if (entry(menuTitle, text)->isEnabled())
+                screens.append(rawValue(screen));
+        }
+        return screens;
+    };
+    pass();
+    EXPECT_EQ(enabledOn(u"File"_s, u"Export…"_s), QStringList{u"Activity Log"_s});
+    EXPECT_EQ(enabledOn(u"View"_s, u"Re-scan"_s),
+              (QStringList{u"App Manager"_s, u"Junk Cleaner"_s, u"Storage Browser"_s, u"Smart Organizer"_s,
+                           u"Scan Results"_s, u"Restore Browser"_s}));
+    EXPECT_EQ(enabledOn(u"Edit"_s, u"Find"_s), QStringList()) << "no application is listed yet";
+}
+
+TEST_F(WindowMenusTests, findLeadsToTheSearchOfTheApplications)
+{
+    pass();
+    state->setScannedApps({AppInfo({.name = u"Sketchbook"_s})});
+    state->setSelectedScreen(Screen::appManager);
+    show(window);
+    turnUntil([this] { return entry(u"Edit"_s, u"Find"_s)->isEnabled(); });
+    EXPECT_EQ(entry(u"Edit"_s, u"Find"_s)->shortcut(), QKeySequence(u"Ctrl+F"_s));
+    QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+    auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_NE(field, nullptr) << "its keys are those of one action alone";
+    EXPECT_EQ(field->accessibleName(), u"Search apps"_s);
+    state->setSelectedScreen(Screen::dashboard);
+    EXPECT_FALSE(entry(u"Edit"_s, u"Find"_s)->isEnabled());
+}
+
+TEST_F(WindowMenusTests, exportDoesWhatTheButtonDoes)
+{
+    pass();
+    state->setSelectedScreen(Screen::activityLog);
+    show(window);
+    files.willBeDismissed();
+    QTest::keyClick(&window, Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(files.saveRequests.size(), 1);
+    files.willBeDismissed();
+    entry(u"File"_s, u"Export…"_s)->trigger();
+    EXPECT_EQ(files.saveRequests.size(), 2);
+    state->setSelectedScreen(Screen::dashboard);
+    settle();
+    QTest::keyClick(&window, Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(files.saveRequests.size(), 2);
+}
+
+TEST_F(WindowMenusTests, anEntryStaysInItsPlace)
+{
+    const auto texts = [this] {
+        QStringList found;
+        for (const QAction* action : menu(u"File"_s)->actions())
+            found.append(QString(action->text()).remove(u'&'));
+        return found;
+    };
+    const QStringList expected{u"Backup Now"_s, u"Check Copies…"_s, u"Full Scan"_s, u"Export…"_s,
+                               QString(),       u"Settings…"_s,     QString(),      u"Quit"_s};
+    EXPECT_EQ(texts(), expected);
+    pass();
+    for (const Screen screen : {Screen::activityLog, Screen::scanResults, Screen::dashboard}) {
+        state->setSelectedScreen(screen);
+        EXPECT_EQ(texts(), expected);
+    }
 }
 
 TEST_F(WindowMenusTests, aboutShowsVersionAndLicences)

@@ -3,6 +3,7 @@
 #include "Keelbright/widgets/theme/Theme.h"
 #include "tests/support/ThemeGuard.h"
 
+#include <QMenu>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyleOptionSlider>
@@ -26,6 +27,29 @@ protected:
 
     ApplicationStyle style;
     QScrollBar bar{Qt::Vertical};
+};
+
+class MenuStyleTest : public ::testing::Test
+{
+protected:
+    MenuStyleTest()
+    {
+        menu.setStyle(&style);
+        menu.addAction(QStringLiteral("Size"));
+        menu.addAction(QStringLiteral("Name"));
+        menu.popup(QPoint(20, 20));
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&menu));
+    }
+
+    [[nodiscard]] static QColor lineOnCard()
+    {
+        const Theme& theme = Theme::instance();
+        return composed(theme.color(Role::card), theme.color(Role::controlLine));
+    }
+
+    testing::ThemeGuard guard{ColorScheme::light, true};
+    ApplicationStyle style;
+    QMenu menu;
 };
 
 } // namespace
@@ -71,6 +95,35 @@ TEST_F(ScrollBarStyleTest, theHandleStaysLargeEnoughToGrabOverAHugeRange)
     const QRect handle =
         style.subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, &bar);
     EXPECT_EQ(handle.height(), 32);
+}
+
+TEST_F(MenuStyleTest, hasRoundedCornersAndTheLineOfControls)
+{
+    const QImage picture = menu.grab().toImage();
+    const QRect area = picture.rect();
+    for (const QPoint& corner : {area.topLeft(), area.topRight(), area.bottomLeft(), area.bottomRight()})
+        EXPECT_EQ(picture.pixelColor(corner).alpha(), 0) << corner.x() << ", " << corner.y();
+    for (const QPoint& edge : {QPoint(area.center().x(), 0), QPoint(area.center().x(), area.bottom()),
+                               QPoint(0, area.center().y()), QPoint(area.right(), area.center().y())})
+        EXPECT_EQ(picture.pixelColor(edge), lineOnCard()) << edge.x() << ", " << edge.y();
+    EXPECT_EQ(picture.pixelColor(3, area.center().y()), Theme::instance().color(Role::card));
+}
+
+TEST_F(MenuStyleTest, itsCornersAreCutOffWhereThereMayBeNoCompositor)
+{
+    const QRegion mask = menu.mask();
+    const QRect area = menu.rect();
+    for (const QPoint& corner : {area.topLeft(), area.topRight(), area.bottomLeft(), area.bottomRight()})
+        EXPECT_FALSE(mask.contains(corner)) << corner.x() << ", " << corner.y();
+    EXPECT_TRUE(mask.contains(QPoint(area.center().x(), 0)));
+    EXPECT_TRUE(mask.contains(QPoint(0, area.center().y())));
+    // Nothing that is drawn is cut off.
+    const QImage picture = menu.grab().toImage();
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            EXPECT_TRUE(picture.pixelColor(x, y).alpha() == 0 || mask.contains(QPoint(x, y)))
+                << x << ", " << y;
+    }
 }
 
 TEST(ApplicationStyle, endsTheToolkitsAnimationsIfMotionIsReduced)
