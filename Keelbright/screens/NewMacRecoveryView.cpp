@@ -2,6 +2,7 @@
 
 #include "Keelbright/screens/recovery/ManifestSummary.h"
 #include "Keelbright/screens/shared/PageSection.h"
+#include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/Announcement.h"
 #include "Keelbright/widgets/Button.h"
 #include "Keelbright/widgets/Card.h"
@@ -73,8 +74,9 @@ QWidget* makeStep(const Step& step, std::size_t number)
 
 } // namespace
 
-NewMacRecoveryView::NewMacRecoveryView(FileChooser& files, QWidget* parent)
+NewMacRecoveryView::NewMacRecoveryView(const AppState& state, FileChooser& files, QWidget* parent)
     : Page(parent)
+    , m_state(state)
     , m_vm(files, this)
 {
     addHeader();
@@ -115,7 +117,7 @@ void NewMacRecoveryView::addManifestSection()
                           FontRole::body, Role::secondaryText, card),
         1);
     auto* load = new Button(Button::Kind::primary, tr("Load Manifest…"), u"doc.badge.arrow.up"_s, card);
-    connect(load, &QPushButton::clicked, &m_vm, &NewMacRecoveryVM::loadManifest);
+    connect(load, &QPushButton::clicked, this, [this] { m_vm.loadManifest(m_state.backupsFolder()); });
     row->addWidget(load);
     card->content()->addLayout(row);
 

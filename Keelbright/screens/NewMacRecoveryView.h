@@ -5,6 +5,7 @@
 
 namespace keelbright {
 
+class AppState;
 class FileChooser;
 class Label;
 
@@ -15,8 +16,8 @@ class NewMacRecoveryView : public Page
     Q_OBJECT
 
 public:
-    /// The chooser must outlive the screen.
-    explicit NewMacRecoveryView(FileChooser& files, QWidget* parent = nullptr);
+    /// Both must outlive the screen.
+    NewMacRecoveryView(const AppState& state, FileChooser& files, QWidget* parent = nullptr);
 
 private:
     void addHeader();
@@ -25,6 +26,7 @@ private:
     void showManifest();
     void redraw();
 
+    const AppState& m_state;
     NewMacRecoveryVM m_vm;
     QWidget* m_errorLine = nullptr;
     Label* m_errorText = nullptr;

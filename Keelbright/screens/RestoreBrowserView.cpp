@@ -23,6 +23,7 @@ using namespace Qt::StringLiterals;
 
 RestoreBrowserView::RestoreBrowserView(AppState& state, Workspace& workspace, QWidget* parent)
     : Page(parent)
+    , m_state(state)
     , m_workspace(workspace)
     , m_vm(state.services().folderChooser, this)
     , m_rows(new SnapshotRows(this))
@@ -41,7 +42,7 @@ void RestoreBrowserView::addHeader()
         new PageHeader(tr("Restore Browser"),
                        tr("Browse snapshots from a Keel Bright backup to find your personal files."), this);
     auto* open = new Button(Button::Kind::primary, tr("Open Backup Folder"), u"folder.badge.gear"_s, header);
-    connect(open, &QPushButton::clicked, &m_vm, &RestoreBrowserVM::pickBackupFolder);
+    connect(open, &QPushButton::clicked, this, [this] { m_vm.pickBackupFolder(m_state.backupsFolder()); });
     header->addAction(open);
     content()->addWidget(header);
     m_nothingOpened = new EmptyStateView(

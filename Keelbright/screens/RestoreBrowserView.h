@@ -28,6 +28,7 @@ private:
     void showFolder();
     void redraw();
 
+    const AppState& m_state;
     Workspace& m_workspace;
     RestoreBrowserVM m_vm;
     SnapshotRows* m_rows;

@@ -12,10 +12,11 @@ namespace keelbright {
 /// What a chooser is asked for when the user opens a file.
 struct FileOpenRequest
 {
-    QString message;                              ///< what the user is to choose, shown as the title
-    QString prompt;                               ///< the text of the accepting button
-    QStringList extensions;                       ///< without dots; only such files can be chosen
-    std::optional<FileURL> folder = std::nullopt; ///< shown first; the home where there is none
+    QString message;        ///< what the user is to choose, shown as the title
+    QString prompt;         ///< the text of the accepting button
+    QStringList extensions; ///< without dots; only such files can be chosen
+    /// Shown first, or the folder around it; the home where neither is there.
+    std::optional<FileURL> folder = std::nullopt;
 };
 
 /// What a chooser is asked for when the user chooses where a file is saved.
@@ -25,7 +26,8 @@ struct FileSaveRequest
     QString prompt;    ///< the text of the accepting button
     QString name;      ///< what the file is called unless the user writes otherwise
     QString extension; ///< without a dot; given to a name that is written without one
-    std::optional<FileURL> folder = std::nullopt; ///< proposed; the home where there is none
+    /// Proposed, or the folder around it; the home where neither is there.
+    std::optional<FileURL> folder = std::nullopt;
 };
 
 /// Asks the user for one file. Handed to the screens, so that they know no dialog.

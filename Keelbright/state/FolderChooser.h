@@ -5,6 +5,7 @@
 #include <QList>
 #include <QString>
 #include <functional>
+#include <optional>
 
 namespace keelbright {
 
@@ -15,6 +16,8 @@ struct FolderChooserRequest
     QString prompt;  ///< the text of the accepting button
     bool allowsMultipleSelection = false;
     bool canCreateDirectories = false;
+    /// Shown first, or the folder around it; the home where neither is there.
+    std::optional<FileURL> folder = std::nullopt;
 };
 
 /// Asks the user for folders; given to the state at start, so that it knows no dialog.

@@ -31,12 +31,13 @@ NewMacRecoveryVM::NewMacRecoveryVM(FileChooser& files, QObject* parent)
     , m_files(files)
 {}
 
-void NewMacRecoveryVM::loadManifest()
+void NewMacRecoveryVM::loadManifest(const std::optional<FileURL>& start)
 {
     const FileOpenRequest request{
         .message = tr("Select the recovery-manifest.json from your backup."),
         .prompt = tr("Load"),
         .extensions = {u"json"_s},
+        .folder = start,
     };
     // The screen may have been left while the chooser was open.
     m_files.chooseFile(request, [model = QPointer(this)](const FileURL& url) {

@@ -25,8 +25,9 @@ public:
     /// The whole line as it is shown.
     [[nodiscard]] const std::optional<QString>& loadError() const { return m_loadError; }
 
-    /// Asks the user for a manifest and reads it; nothing changes where the chooser is dismissed.
-    void loadManifest();
+    /// Asks the user for a manifest and reads it; nothing changes where the chooser is dismissed. `start` is
+    /// the folder that the chooser shows first.
+    void loadManifest(const std::optional<FileURL>& start = std::nullopt);
 
 Q_SIGNALS:
     /// A file has been read, or could not be read.

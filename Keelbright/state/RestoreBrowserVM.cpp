@@ -40,11 +40,12 @@ RestoreBrowserVM::RestoreBrowserVM(FolderChooser& folderChooser, QObject* parent
     , m_folderChooser(folderChooser)
 {}
 
-void RestoreBrowserVM::pickBackupFolder()
+void RestoreBrowserVM::pickBackupFolder(const std::optional<FileURL>& start)
 {
     const FolderChooserRequest request{
         .message = tr("Navigate to your Keelbright/DeviceName folder on your backup drive."),
         .prompt = tr("Open"),
+        .folder = start,
     };
     // The screen may have been left while the chooser was open.
     m_folderChooser.chooseFolders(request, [model = QPointer(this)](const QList<FileURL>& urls) {

@@ -30,8 +30,8 @@ public:
     [[nodiscard]] const QList<BackupSnapshot>& snapshots() const { return m_snapshots; }
 
     /// Asks the user for the folder of a device and reads it; nothing changes where the chooser is
-    /// dismissed.
-    void pickBackupFolder();
+    /// dismissed. `start` is the folder that the chooser shows first.
+    void pickBackupFolder(const std::optional<FileURL>& start = std::nullopt);
     /// Reads the opened folder once more; nothing before one was opened.
     void reload();
 

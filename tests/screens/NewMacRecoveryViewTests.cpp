@@ -71,7 +71,7 @@ const QString notAManifest = u"Could not read manifest: The value \"appVersion\"
 
 TEST_F(NewMacRecoveryViewTests, guidesThroughThreeSteps)
 {
-    NewMacRecoveryView view(files);
+    NewMacRecoveryView view(*state, files);
     show(view);
     EXPECT_EQ(textsIn(view),
               (QStringList{
@@ -95,9 +95,22 @@ TEST_F(NewMacRecoveryViewTests, guidesThroughThreeSteps)
     expectEveryControlIsNamedAndReachedByTab(view);
 }
 
+TEST_F(NewMacRecoveryViewTests, theChooserStartsAtTheDestination)
+{
+    NewMacRecoveryView view(*state, files);
+    show(view);
+    files.willBeDismissed();
+    button(view, u"Load Manifest…"_s)->click();
+    EXPECT_EQ(files.openRequests.last().folder, std::nullopt);
+    chooseDrive();
+    files.willBeDismissed();
+    button(view, u"Load Manifest…"_s)->click();
+    EXPECT_EQ(files.openRequests.last().folder, drive().appending(u"Keelbright"_s));
+}
+
 TEST_F(NewMacRecoveryViewTests, theStepsHaveTheirColors)
 {
-    const NewMacRecoveryView view(files);
+    const NewMacRecoveryView view(*state, files);
     QList<Role> colors;
     for (const auto* tile : view.findChildren<Tile*>())
         colors.append(tile->colorRole());
@@ -106,7 +119,7 @@ TEST_F(NewMacRecoveryViewTests, theStepsHaveTheirColors)
 
 TEST_F(NewMacRecoveryViewTests, showsWhatTheManifestSays)
 {
-    NewMacRecoveryView view(files);
+    NewMacRecoveryView view(*state, files);
     show(view);
     load(view, write(manifest()));
     EXPECT_TRUE(textsIn(view).contains(u"Summary from your previous Mac"_s));
@@ -122,7 +135,7 @@ TEST_F(NewMacRecoveryViewTests, showsWhatTheManifestSays)
 
 TEST_F(NewMacRecoveryViewTests, scrollsToTheSummary)
 {
-    NewMacRecoveryView view(files);
+    NewMacRecoveryView view(*state, files);
     show(view);
     view.resize(620, 400);
     turnFrame();
@@ -189,7 +202,7 @@ TEST_F(NewMacRecoveryViewTests, namesFromTheFileAreMadeSafe)
 
 TEST_F(NewMacRecoveryViewTests, showsWhyAFileIsNoManifest)
 {
-    NewMacRecoveryView view(files);
+    NewMacRecoveryView view(*state, files);
     show(view);
     load(view, write("{}"));
     EXPECT_EQ(red(view), QStringList{notAManifest});
@@ -199,7 +212,7 @@ TEST_F(NewMacRecoveryViewTests, showsWhyAFileIsNoManifest)
 
 TEST_F(NewMacRecoveryViewTests, aFailedLoadRemovesTheSummaryOfAGoodOne)
 {
-    NewMacRecoveryView view(files);
+    NewMacRecoveryView view(*state, files);
     show(view);
     load(view, write(manifest()));
     load(view, write("{}"));
@@ -210,7 +223,7 @@ TEST_F(NewMacRecoveryViewTests, aFailedLoadRemovesTheSummaryOfAGoodOne)
 
 TEST_F(NewMacRecoveryViewTests, aGoodLoadRemovesTheErrorOfAFailedOne)
 {
-    NewMacRecoveryView view(files);
+    NewMacRecoveryView view(*state, files);
     show(view);
     load(view, write("{}"));
     load(view, write(manifest()));
@@ -221,7 +234,7 @@ TEST_F(NewMacRecoveryViewTests, aGoodLoadRemovesTheErrorOfAFailedOne)
 
 TEST_F(NewMacRecoveryViewTests, aDismissedChooserChangesNothing)
 {
-    NewMacRecoveryView view(files);
+    NewMacRecoveryView view(*state, files);
     load(view, write(manifest()));
     files.willBeDismissed();
     button(view, u"Load Manifest…"_s)->click();
@@ -230,7 +243,7 @@ TEST_F(NewMacRecoveryViewTests, aDismissedChooserChangesNothing)
 
 TEST_F(NewMacRecoveryViewTests, theGuideStaysUsableAfterAFailure)
 {
-    NewMacRecoveryView view(files);
+    NewMacRecoveryView view(*state, files);
     show(view);
     const QStringList guide = textsIn(view);
     load(view, write("{}"));
@@ -247,10 +260,10 @@ TEST_F(NewMacRecoveryViewTests, theGuideStaysUsableAfterAFailure)
 TEST_F(NewMacRecoveryViewTests, aNewVisitHasForgottenTheManifest)
 {
     {
-        NewMacRecoveryView view(files);
+        NewMacRecoveryView view(*state, files);
         load(view, write(manifest()));
     }
-    const NewMacRecoveryView again(files);
+    const NewMacRecoveryView again(*state, files);
     EXPECT_TRUE(summaryOf(again).isEmpty());
 }
 
@@ -258,11 +271,11 @@ TEST_F(NewMacRecoveryViewTests, aChooserThatOutlivesTheScreenIsHarmless)
 {
     files.willStayOpen();
     {
-        const NewMacRecoveryView view(files);
+        const NewMacRecoveryView view(*state, files);
         button(view, u"Load Manifest…"_s)->click();
     }
     files.confirm(write(manifest()));
-    EXPECT_TRUE(summaryOf(NewMacRecoveryView(files)).isEmpty());
+    EXPECT_TRUE(summaryOf(NewMacRecoveryView(*state, files)).isEmpty());
 }
 
 } // namespace keelbright::testing

@@ -85,6 +85,19 @@ TEST_F(RestoreBrowserViewTests, showsTheMirrorAndEachSnapshot)
     expectEveryControlIsNamedAndReachedByTab(view);
 }
 
+TEST_F(RestoreBrowserViewTests, theChooserStartsAtTheDestination)
+{
+    RestoreBrowserView view(*state, workspace);
+    show(view);
+    chooser.willBeDismissed();
+    button(view, u"Open Backup Folder"_s)->click();
+    EXPECT_EQ(chooser.requests().last().folder, std::nullopt);
+    chooseDrive();
+    chooser.willBeDismissed();
+    button(view, u"Open Backup Folder"_s)->click();
+    EXPECT_EQ(chooser.requests().last().folder, drive().appending(u"Keelbright"_s));
+}
+
 TEST_F(RestoreBrowserViewTests, opensTheMirror)
 {
     addFolder("Latest");

@@ -49,6 +49,13 @@ TEST_F(RestoreBrowserVMTest, startsWithNoFolder)
     EXPECT_TRUE(model.snapshots().isEmpty());
 }
 
+TEST_F(RestoreBrowserVMTest, asksInTheFolderThatIsKnown)
+{
+    chooser.willBeDismissed();
+    model.pickBackupFolder(device());
+    EXPECT_EQ(chooser.requests().first().folder, device());
+}
+
 TEST_F(RestoreBrowserVMTest, asksForOneFolderThatExists)
 {
     chooser.willBeDismissed();

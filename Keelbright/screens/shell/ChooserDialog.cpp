@@ -10,6 +10,7 @@
 #include <QSplitter>
 #include <QStyle>
 #include <QUrl>
+#include <algorithm>
 
 namespace keelbright {
 
@@ -51,13 +52,19 @@ PlainIcons* plainIcons()
     return &icons;
 }
 
-/// Home, the root folder, and the folders in which drives are mounted.
-QList<QUrl> shortcuts()
+/// The role under which the toolkit keeps where a place leads; it has no public name for it.
+constexpr int placeRole = Qt::UserRole + 1;
+
+/// Home, the root folder, the mounted drives, and the folders in which such drives are, which hold those of a
+/// network as well.
+QList<QUrl> shortcuts(const QList<MountedVolume>& volumes)
 {
     const FileManager& files = FileManager::defaultManager();
     const FileURL home = files.homeDirectory();
     const QString user = home.lastPathComponent();
     QList<QUrl> urls{QUrl::fromLocalFile(home.path()), QUrl::fromLocalFile(u"/"_s)};
+    for (const MountedVolume& volume : volumes)
+        urls.append(QUrl::fromLocalFile(volume.point.path()));
     for (const QString& place : {u"/Volumes"_s, u"/media/"_s + user, u"/run/media/"_s + user, u"/mnt"_s}) {
         const FileURL url = files.systemLocation(place);
         if (files.fileExists(url).isDirectory)
@@ -75,13 +82,52 @@ ChooserDialog::ChooserDialog(const QString& title, const QString& prompt, Accept
     setAcceptMode(mode);
     setLabelText(Accept, prompt);
     setDirectory(FileManager::defaultManager().homeDirectory().path());
-    setSidebarUrls(shortcuts());
     setViewMode(List);
     resize(760, 480);
     setIconProvider(plainIcons());
+    const QList<MountedVolume> volumes = FileManager::defaultManager().mountedVolumes();
+    setSidebarUrls(shortcuts(volumes));
+    showLabels(volumes);
     // The toolkit makes the list of places too narrow for the names of most of them.
     if (auto* panes = findChild<QSplitter*>(u"splitter"_s))
         panes->setSizes({placesWidth, width() - placesWidth});
+}
+
+void ChooserDialog::showLabels(const QList<MountedVolume>& volumes)
+{
+    const auto* sidebar = findChild<QListView*>(u"sidebar"_s);
+    if (sidebar == nullptr)
+        return;
+    QAbstractItemModel* places = sidebar->model();
+    // Each time that the toolkit has read such a folder, it puts the folder's name there again.
+    const auto apply = [places, volumes] {
+        for (int row = 0; row < places->rowCount(); ++row) {
+            const QModelIndex place = places->index(row, 0);
+            const QString path = place.data(placeRole).toUrl().toLocalFile();
+            const auto volume = std::ranges::find(
+                volumes, path, [](const MountedVolume& each) { return each.point.path(); });
+            if (volume == volumes.end() || place.data().toString() == volume->label)
+                continue;
+            places->setData(place, QApplication::style()->standardIcon(QStyle::SP_DriveHDIcon),
+                            Qt::DecorationRole);
+            places->setData(place, volume->label, Qt::DisplayRole);
+        }
+    };
+    connect(places, &QAbstractItemModel::dataChanged, this, apply);
+    apply();
+}
+
+void ChooserDialog::startAt(const std::optional<FileURL>& folder)
+{
+    if (!folder)
+        return;
+    const FileManager& files = FileManager::defaultManager();
+    for (const FileURL& candidate : {*folder, folder->deletingLastPathComponent()}) {
+        if (files.fileExists(candidate).isDirectory) {
+            setDirectory(candidate.path());
+            return;
+        }
+    }
 }
 
 void ChooserDialog::ask(std::function<void()> accepted)

@@ -42,8 +42,7 @@ OpenFileDialog::OpenFileDialog(const FileOpenRequest& request, QWidget* parent)
 {
     setOption(ReadOnly);
     setFileMode(ExistingFile);
-    if (request.folder)
-        setDirectory(request.folder->path());
+    startAt(request.folder);
     if (!m_extensions.isEmpty())
         setNameFilter(nameFilter(m_extensions));
 }
@@ -80,8 +79,7 @@ SaveFileDialog::SaveFileDialog(const FileSaveRequest& request, QWidget* parent)
     : ChooserDialog(request.title, request.prompt, AcceptSave, parent)
 {
     setFileMode(AnyFile);
-    if (request.folder)
-        setDirectory(request.folder->path());
+    startAt(request.folder);
     if (!request.extension.isEmpty()) {
         setDefaultSuffix(request.extension);
         setNameFilter(nameFilter({request.extension}));

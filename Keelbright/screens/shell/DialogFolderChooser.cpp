@@ -20,6 +20,7 @@ FolderDialog::FolderDialog(const FolderChooserRequest& request, QWidget* parent)
     setOption(ShowDirsOnly);
     setOption(ReadOnly, !request.canCreateDirectories);
     setFileMode(Directory);
+    startAt(request.folder);
     // There are only folders to choose from.
     for (QWidget* widget :
          {findChild<QWidget*>(u"fileTypeLabel"_s), findChild<QWidget*>(u"fileTypeCombo"_s)}) {

@@ -52,7 +52,7 @@ QWidget* makeScreen(Screen screen, const ScreenContext& context, QWidget* parent
     case Screen::restoreBrowser:
         return new RestoreBrowserView(context.state, context.workspace, parent);
     case Screen::recovery:
-        return new NewMacRecoveryView(context.files, parent);
+        return new NewMacRecoveryView(context.state, context.files, parent);
     }
     return makeWelcomeView(parent);
 }

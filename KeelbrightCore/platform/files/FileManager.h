@@ -5,6 +5,7 @@
 #include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 #include "KeelbrightCore/platform/files/FileError.h"
 #include "KeelbrightCore/platform/files/FileURL.h"
+#include "KeelbrightCore/platform/files/MountedVolume.h"
 #include "KeelbrightCore/platform/files/PlaceOnVolume.h"
 #include "KeelbrightCore/platform/files/TrashedItem.h"
 
@@ -114,6 +115,10 @@ public:
     /// empty one at its end. Where that fails, its error is the result, and nothing is replaced.
     [[nodiscard]] virtual std::expected<void, FileError>
     writePiecesAtomically(const FileURL& url, const NextPiece& nextPiece) = 0;
+
+    /// The drives that people have mounted, by label; none of a network. Asks none of them, so that none can
+    /// keep the caller waiting.
+    [[nodiscard]] virtual QList<MountedVolume> mountedVolumes() const = 0;
 
     [[nodiscard]] virtual FileURL homeDirectory() const = 0;
     /// The user's folder for application data; a folder of the program's own goes inside.

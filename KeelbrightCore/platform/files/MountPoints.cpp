@@ -28,7 +28,7 @@ QByteArray unescapedMountPoint(const QByteArray& text)
 
 #ifdef __APPLE__
 
-QList<FileURL> mountPoints()
+QList<DeviceMount> deviceMounts()
 {
     const int count = ::getfsstat(nullptr, 0, MNT_NOWAIT);
     if (count <= 0)
@@ -36,10 +36,12 @@ QList<FileURL> mountPoints()
     std::vector<struct statfs> systems(static_cast<size_t>(count));
     const int size = static_cast<int>(systems.size() * sizeof(struct statfs));
     const int filled = ::getfsstat(systems.data(), size, MNT_NOWAIT);
-    QList<FileURL> points;
-    for (int i = 0; i < filled; ++i)
-        points.append(FileURL::fromNativePath(systems[static_cast<size_t>(i)].f_mntonname));
-    return points;
+    QList<DeviceMount> mounts;
+    for (int i = 0; i < filled; ++i) {
+        const struct statfs& system = systems[static_cast<size_t>(i)];
+        mounts.append({system.f_mntfromname, FileURL::fromNativePath(system.f_mntonname)});
+    }
+    return mounts;
 }
 
 std::optional<PlaceOnVolume> placeOnVolume(const FileURL&)
@@ -57,6 +59,7 @@ struct Mount
     QByteArray volume;
     FileURL root; ///< what of the volume is mounted
     FileURL point;
+    QByteArray device;
 };
 
 QByteArray mountTable()
@@ -80,22 +83,25 @@ QList<Mount> mounts()
     QList<Mount> found;
     for (const QByteArray& line : mountTable().split('\n')) {
         const QList<QByteArray> fields = line.split(' ');
+        // Behind a hyphen, as fields of any number come before it.
+        const qsizetype device = fields.indexOf("-") + 2;
         if (fields.size() >= count)
             found.append({fields[id].toULongLong(), fields[volume],
                           FileURL::fromNativePath(unescapedMountPoint(fields[root])),
-                          FileURL::fromNativePath(unescapedMountPoint(fields[point]))});
+                          FileURL::fromNativePath(unescapedMountPoint(fields[point])),
+                          unescapedMountPoint(fields.value(device))});
     }
     return found;
 }
 
 } // namespace
 
-QList<FileURL> mountPoints()
+QList<DeviceMount> deviceMounts()
 {
-    QList<FileURL> points;
+    QList<DeviceMount> found;
     for (const Mount& mount : mounts())
-        points.append(mount.point);
-    return points;
+        found.append({mount.device, mount.point});
+    return found;
 }
 
 std::optional<PlaceOnVolume> placeOnVolume(const FileURL& url)
@@ -117,5 +123,13 @@ std::optional<PlaceOnVolume> placeOnVolume(const FileURL& url)
 }
 
 #endif
+
+QList<FileURL> mountPoints()
+{
+    QList<FileURL> points;
+    for (const DeviceMount& mount : deviceMounts())
+        points.append(mount.point);
+    return points;
+}
 
 } // namespace keelbright

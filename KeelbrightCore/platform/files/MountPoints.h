@@ -11,6 +11,17 @@ namespace keelbright {
 /// it. Internal to the platform folder.
 [[nodiscard]] QList<FileURL> mountPoints();
 
+/// A file system and the device, such as "/dev/sdb1", that it lies on; something else where there is none.
+struct DeviceMount
+{
+    QByteArray device;
+    FileURL point;
+};
+
+/// The same places with what is mounted there. Asks no file system, so that none can keep the caller waiting.
+/// Internal to the platform folder.
+[[nodiscard]] QList<DeviceMount> deviceMounts();
+
 /// Nothing where the system does not report it. Internal to the platform folder.
 [[nodiscard]] std::optional<PlaceOnVolume> placeOnVolume(const FileURL& url);
 

@@ -3,6 +3,7 @@
 #include "KeelbrightCore/platform/files/AtomicWrite.h"
 #include "KeelbrightCore/platform/files/FileDescriptor.h"
 #include "KeelbrightCore/platform/files/MountPoints.h"
+#include "KeelbrightCore/platform/files/MountedVolumes.h"
 #include "KeelbrightCore/platform/files/ProtectedPlaces.h"
 #include "KeelbrightCore/platform/files/ResolvedPath.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
@@ -253,6 +254,11 @@ std::expected<void, FileError> SystemFileManager::writePiecesAtomically(const Fi
                                                                         const NextPiece& nextPiece)
 {
     return atomicWrite(url, nextPiece);
+}
+
+QList<MountedVolume> SystemFileManager::mountedVolumes() const
+{
+    return volumesAmong(deviceMounts(), *this);
 }
 
 FileURL SystemFileManager::homeDirectory() const

@@ -2,6 +2,7 @@
 
 #include "tests/support/Accessible.h"
 #include "tests/support/Printing.h"
+#include "tests/support/SandboxFileManager.h"
 #include "tests/support/TestMac.h"
 
 #include <QApplication>
@@ -19,6 +20,18 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// The test's machine with a drive whose folder has no name for people.
+class MachineWithDrive : public testing::SandboxFileManager
+{
+public:
+    using SandboxFileManager::SandboxFileManager;
+
+    [[nodiscard]] QList<MountedVolume> mountedVolumes() const override
+    {
+        return {{systemLocation(u"/media/mira/9C33-6BBD"_s), u"Backup Drive"_s}};
+    }
+};
+
 class DialogFolderChooserTest : public ::testing::Test
 {
 protected:
@@ -31,9 +44,9 @@ protected:
 
     ~DialogFolderChooserTest() override { delete dialog; }
 
-    void open(bool isMultiple)
+    void open(bool isMultiple, const std::optional<FileURL>& folder = std::nullopt)
     {
-        chooser.chooseFolders({u"Select folders to protect."_s, u"Add Folder"_s, isMultiple, false},
+        chooser.chooseFolders({u"Select folders to protect."_s, u"Add Folder"_s, isMultiple, false, folder},
                               [this](const QList<FileURL>& urls) {
                                   ++confirmations;
                                   chosen = urls;
@@ -45,8 +58,19 @@ protected:
         ASSERT_FALSE(dialog.isNull());
         view = dialog->findChild<QListView*>(u"listView"_s);
         field = dialog->findChild<QLineEdit*>(u"fileNameEdit"_s);
-        ASSERT_TRUE(
-            QTest::qWaitFor([this] { return view->model()->rowCount(view->rootIndex()) >= 3; }, 5000));
+        if (!folder)
+            ASSERT_TRUE(
+                QTest::qWaitFor([this] { return view->model()->rowCount(view->rootIndex()) >= 3; }, 60'000));
+    }
+
+    /// The texts of the places beside the files.
+    [[nodiscard]] QStringList places() const
+    {
+        const QAbstractItemModel* model = dialog->findChild<QListView*>(u"sidebar"_s)->model();
+        QStringList texts;
+        for (int i = 0; i < model->rowCount(); ++i)
+            texts.append(model->index(i, 0).data().toString());
+        return texts;
     }
 
     [[nodiscard]] QModelIndex row(const QString& name) const
@@ -102,6 +126,46 @@ TEST_F(DialogFolderChooserTest, showsMessageAndPromptAndStartsAtHome)
     EXPECT_EQ(dialog->directory().path(), mac.home().path());
     EXPECT_TRUE(dialog->testOption(QFileDialog::DontUseNativeDialog));
     EXPECT_EQ(confirmations, 0);
+}
+
+TEST_F(DialogFolderChooserTest, listsMountedDrivesByTheirLabels)
+{
+    mac.makeFolder("media/mira/9C33-6BBD/Photos");
+    MachineWithDrive machine(mac.root());
+    const FileManagerGuard guard(machine);
+    open(false);
+    EXPECT_EQ(places().count(u"Backup Drive"_s), 1);
+    EXPECT_FALSE(places().contains(u"9C33-6BBD"_s));
+    auto* sidebar = dialog->findChild<QListView*>(u"sidebar"_s);
+    const QModelIndex drive =
+        sidebar->model()->index(static_cast<int>(places().indexOf(u"Backup Drive"_s)), 0);
+    sidebar->scrollTo(drive);
+    QTest::mouseClick(sidebar->viewport(), Qt::LeftButton, {}, sidebar->visualRect(drive).center());
+    EXPECT_EQ(dialog->directory().path(), mac.root().appending(u"media/mira/9C33-6BBD"_s).path());
+    // The toolkit reads the folder now, and writes the folder's name.
+    EXPECT_TRUE(QTest::qWaitFor([this] { return row(u"Photos"_s).isValid(); }, 60'000));
+    EXPECT_EQ(places().count(u"Backup Drive"_s), 1);
+    EXPECT_FALSE(places().contains(u"9C33-6BBD"_s));
+}
+
+TEST_F(DialogFolderChooserTest, startsWhereItIsAskedTo)
+{
+    const FileURL backups = mac.makeFolder("Volumes/Anchor/Keelbright");
+    open(false, backups);
+    EXPECT_EQ(dialog->directory().path(), backups.path());
+}
+
+TEST_F(DialogFolderChooserTest, startsAroundAFolderThatIsNotThereYet)
+{
+    const FileURL drive = mac.makeFolder("Volumes/Anchor");
+    open(false, drive.appending(u"Keelbright"_s));
+    EXPECT_EQ(dialog->directory().path(), drive.path());
+}
+
+TEST_F(DialogFolderChooserTest, startsAtHomeWhereTheDriveIsGone)
+{
+    open(false, mac.root().appending(u"Volumes/Gone/Keelbright"_s));
+    EXPECT_EQ(dialog->directory().path(), mac.home().path());
 }
 
 TEST_F(DialogFolderChooserTest, listsFoldersOnly)
