@@ -82,12 +82,12 @@ void StorageBrowserView::fitHeight()
 {
     // In a low window the entries get the room that is left around the head.
     const bool isLow = height() < lowHeight;
-    const int margin = isLow ? Metrics::cardSpacing : Metrics::pageMarginY;
-    const int spacing = isLow ? 8 : 12;
+    const int margin = isLow ? 8 : Metrics::pageMarginY;
     layout()->setContentsMargins(Metrics::pageMarginX, margin, Metrics::pageMarginX,
                                  margin - Metrics::cardShadow);
-    layout()->setSpacing(spacing);
-    m_level->setSpacing(spacing);
+    layout()->setSpacing(isLow ? 6 : 12);
+    m_header->setLow(isLow);
+    m_level->setLow(isLow);
 }
 
 void StorageBrowserView::resizeEvent(QResizeEvent* event)

@@ -105,7 +105,7 @@ int Button::symbolSize() const
 int Button::padding() const
 {
     if (m_kind == Kind::link)
-        return 3;
+        return linkPadding;
     return m_isCompact ? 10 : 14;
 }
 

@@ -22,6 +22,9 @@ public:
         plainIcon,   ///< a symbol alone, no frame until the pointer is on it
     };
 
+    /// Between the text of a link and its sides.
+    static constexpr int linkPadding = 3;
+
     /// For the two kinds with a symbol alone `text` is the tool tip and the accessible name.
     Button(Kind kind, const QString& text, QString symbolKey = {}, QWidget* parent = nullptr);
 

@@ -1,11 +1,12 @@
 #include "Keelbright/widgets/Card.h"
 
+#include "Keelbright/widgets/SmoothGradient.h"
 #include "Keelbright/widgets/theme/Theme.h"
 
 #include <QLayout>
-#include <QLinearGradient>
 #include <QPainter>
 #include <QVBoxLayout>
+#include <QtMath>
 
 namespace keelbright {
 
@@ -52,9 +53,15 @@ void Card::paintEvent(QPaintEvent*)
     paintSurface(painter, rect(), theme.color(Role::card));
     if (m_tint == Role::card)
         return;
-    QLinearGradient gradient(0, 0, width(), 0);
-    gradient.setColorAt(0, theme.tint(m_tint, 0.16));
-    gradient.setColorAt(1, theme.tint(m_tint, 0.06));
+    const double scale = devicePixelRatioF();
+    const QSize pixels(qCeil(width() * scale), qCeil(height() * scale));
+    const std::pair colors(theme.tint(m_tint, 0.16), theme.tint(m_tint, 0.06));
+    if (m_gradient.size() != pixels || m_gradientColors != colors) {
+        m_gradient = smoothGradient(pixels, colors.first, colors.second);
+        m_gradientColors = colors;
+    }
+    QBrush gradient(m_gradient);
+    gradient.setTransform(QTransform::fromScale(1 / scale, 1 / scale));
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(gradient);
     painter.setPen(theme.tint(m_tint, 0.30));

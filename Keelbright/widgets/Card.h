@@ -2,7 +2,9 @@
 
 #include "Keelbright/widgets/theme/Roles.h"
 
+#include <QImage>
 #include <QWidget>
+#include <utility>
 
 class QVBoxLayout;
 
@@ -32,6 +34,8 @@ protected:
 private:
     QVBoxLayout* m_content;
     Role m_tint = Role::card;
+    QImage m_gradient; ///< of the tint, in the card's own pixels; empty before it is painted
+    std::pair<QColor, QColor> m_gradientColors;
 };
 
 /// A card of rows with a fine line above each row except the first. The rows have their own margins.

@@ -203,6 +203,22 @@ TEST_F(DashboardViewTests, saysBesideTheDestinationsNameThatItsDriveIsAway)
     turnUntil([&] { return !textsIn(view).contains(u"Not connected"_s); });
 }
 
+TEST_F(DashboardViewTests, theTextsOfLinksEndWhereTheFrameOfAButtonEnds)
+{
+    AppState& app = makeState(sampleReport());
+    app.setSelectedDestination(driveDestination());
+    DashboardView view(app);
+    show(view);
+    turnFrame();
+    const auto rightEdge = [&view](const QString& name) {
+        const Button* shown = button(view, name);
+        return shown->mapTo(&view, QPoint(shown->width(), 0)).x();
+    };
+    const int frame = rightEdge(u"Change"_s);
+    for (const QString& link : {u"Manage"_s, u"View Report"_s})
+        EXPECT_EQ(rightEdge(link) - Button::linkPadding, frame) << link.toStdString();
+}
+
 TEST_F(DashboardViewTests, followsAChangeOfTheDestination)
 {
     AppState& app = makeState();

@@ -98,6 +98,32 @@ TEST_F(RestoreBrowserViewTests, theChooserStartsAtTheDestination)
     EXPECT_EQ(chooser.requests().last().folder, drive().appending(u"Keelbright"_s));
 }
 
+TEST_F(RestoreBrowserViewTests, theMirrorAndTheSnapshotsAreAligned)
+{
+    addFolder("Latest");
+    addFolder("Snapshots/2024-05-01-0930");
+    RestoreBrowserView view(*state, workspace);
+    show(view);
+    pick(view, device());
+    turnFrame();
+    const auto* list = view.findChild<RowListView*>();
+    const QRect place = list->visualRect(list->model()->index(0, 0));
+    const RowLayout row = layOutRow(view.findChild<SnapshotRows*>()->rowAt(0), place.adjusted(0, 0, 0, -1),
+                                    RowMetrics::tablePadding);
+    const auto inView = [&](const QRect& part) {
+        return QRect(list->viewport()->mapTo(&view, part.topLeft()), part.size());
+    };
+    const auto* open = button(view, u"Open in Finder"_s);
+    EXPECT_EQ(inView(row.actions.first()).right(), open->mapTo(&view, open->rect().topRight()).x());
+    const Label* title = nullptr;
+    for (const auto* label : view.findChildren<Label*>()) {
+        if (label->text() == u"Latest/"_s)
+            title = label;
+    }
+    ASSERT_NE(title, nullptr);
+    EXPECT_EQ(inView(row.title).left(), title->mapTo(&view, QPoint()).x());
+}
+
 TEST_F(RestoreBrowserViewTests, opensTheMirror)
 {
     addFolder("Latest");

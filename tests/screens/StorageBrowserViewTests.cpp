@@ -12,9 +12,11 @@
 #include "tests/screens/storage/StorageBrowserViewFixture.h"
 
 #include <QAbstractItemModelTester>
+#include <QApplication>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTest>
+#include <QWheelEvent>
 
 namespace keelbright::testing {
 
@@ -351,19 +353,53 @@ TEST_F(StorageBrowserViewTests, theMapTakesTheWholeWidthOfAWideWindow)
     EXPECT_GE(list(view)->width(), 1360 - 2 * Metrics::pageMarginX - 2);
 }
 
-TEST_F(StorageBrowserViewTests, theSmallestWindowShowsAtLeastSixEntries)
+TEST_F(StorageBrowserViewTests, theSmallestWindowShowsAtLeastEightEntries)
 {
-    for (int i = 0; i < 12; ++i)
-        write(u"entry %1.pdf"_s.arg(i).toUtf8(), 1'000 + i);
+    // Of many kinds, so that the legend is as long as it gets.
+    int size = 1'000;
+    for (const char* extension : {"pdf", "jpg", "mp4", "zip", "cpp", "mp3", "other"}) {
+        for (int i = 0; i < 2; ++i)
+            write(u"entry %1.%2"_s.arg(i).arg(QLatin1String(extension)).toUtf8(), ++size);
+    }
     for (const QString& shortcut : {u"Desktop"_s, u"Downloads"_s})
         mac.makeFolder("Users/mira/" + shortcut.toUtf8());
     StorageBrowserView view(context());
     browse(view, documents());
     view.resize(620, 592);
     turnFrame();
-    EXPECT_GE(list(view)->viewport()->height(), 6 * RowMetrics::tableRow);
+    EXPECT_EQ(list(view)->visualRect(list(view)->model()->index(0, 0)).height(), RowMetrics::denseRow);
+    EXPECT_GE(list(view)->viewport()->height(), 8 * RowMetrics::denseRow - 1);
     const auto* shortcuts = view.findChild<ShortcutBar*>();
     EXPECT_EQ(shortcuts->height(), Metrics::buttonHeight) << "one line";
+}
+
+TEST_F(StorageBrowserViewTests, inTheSmallestWindowOneTurnOfTheWheelShowsTheRestOfTheMap)
+{
+    write("entry.pdf", 1'000);
+    StorageBrowserView view(context());
+    browse(view, documents());
+    choose(view, ViewMode::treemap);
+    view.resize(620, 592);
+    turnFrame();
+    auto* map = view.findChild<TreemapView*>();
+    EXPECT_EQ(map->height(), 420);
+    const auto shown = [map] { return map->visibleRegion().boundingRect(); };
+    EXPECT_EQ(shown().top(), 0);
+    EXPECT_LT(shown().bottom(), 419);
+    QWheelEvent turn(QPointF(50, 50), map->mapToGlobal(QPointF(50, 50)), {}, {0, -120}, Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(map, &turn);
+    EXPECT_EQ(shown().bottom(), 419);
+}
+
+TEST_F(StorageBrowserViewTests, aLargeWindowKeepsItsRows)
+{
+    write("entry.pdf", 1'000);
+    StorageBrowserView view(context());
+    browse(view, documents());
+    view.resize(940, 732);
+    turnFrame();
+    EXPECT_EQ(list(view)->visualRect(list(view)->model()->index(0, 0)).height(), RowMetrics::tableRow);
 }
 
 TEST_F(StorageBrowserViewTests, anEmptyMapHasNothingToScrollTo)

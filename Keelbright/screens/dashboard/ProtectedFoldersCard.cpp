@@ -26,11 +26,19 @@ QWidget* makeMoreRow(qsizetype count)
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(rowPadding, 10, rowPadding, 10);
-    layout->addSpacing(Metrics::tile + 11);
+    layout->addSpacing(Metrics::tile + 12);
     layout->addWidget(new Label(ProtectedFoldersCard::tr("+ %n more folders", nullptr, pluralNumber(count)),
                                 FontRole::secondary, Role::secondaryText, row));
     layout->addStretch();
     return row;
+}
+
+/// Has the text of the link at the end of the row end where the frames of other rows' buttons end.
+void alignLink(QLayout& row)
+{
+    QMargins margins = row.contentsMargins();
+    margins.setRight(margins.right() - Button::linkPadding);
+    row.setContentsMargins(margins);
 }
 
 } // namespace
@@ -48,7 +56,7 @@ ProtectedFoldersCard::ProtectedFoldersCard(AppState& state, QWidget* parent)
 void ProtectedFoldersCard::addHeader()
 {
     auto* header = new SectionHeader(tr("Protected Folders"), {}, Role::accent, this);
-    header->setContentsMargins(rowPadding, 6, rowPadding, 6);
+    header->setContentsMargins(rowPadding, 6, rowPadding - Button::linkPadding, 6);
     auto* manage = new Button(Button::Kind::link, tr("Manage"), {}, header);
     connect(manage, &QPushButton::clicked, this,
             [this] { m_state.setSelectedScreen(Screen::protectedItems); });
@@ -77,6 +85,7 @@ void ProtectedFoldersCard::addReportRow()
     auto* view = new Button(Button::Kind::link, tr("View Report"), {}, m_reportRow);
     connect(view, &QPushButton::clicked, this, [this] { m_state.setSelectedScreen(Screen::backupReport); });
     m_reportRow->addTrailing(view);
+    alignLink(*m_reportRow->layout());
     addRow(m_reportRow);
 }
 

@@ -52,6 +52,24 @@ int FlowLayout::heightForWidth(int width) const
     return flow({0, 0, width, 0}, [](QLayoutItem*, const QRect&) {});
 }
 
+void FlowLayout::setBalanced(bool isBalanced)
+{
+    m_isBalanced = isBalanced;
+    invalidate();
+}
+
+int FlowLayout::lineWidth(int width) const
+{
+    const int height = heightForWidth(width);
+    if (!m_isBalanced || height <= sizeHint().height())
+        return width;
+    constexpr int step = 4;
+    int narrow = width;
+    while (narrow > step && heightForWidth(narrow - step) == height)
+        narrow -= step;
+    return narrow;
+}
+
 QSize FlowLayout::sizeHint() const
 {
     QSize hint(0, 0);
@@ -76,7 +94,8 @@ QSize FlowLayout::minimumSize() const
 void FlowLayout::setGeometry(const QRect& rect)
 {
     QLayout::setGeometry(rect);
-    flow(rect, [](QLayoutItem* item, const QRect& place) { item->setGeometry(place); });
+    const QRect lines(rect.topLeft(), QSize(lineWidth(rect.width()), rect.height()));
+    flow(lines, [](QLayoutItem* item, const QRect& place) { item->setGeometry(place); });
 }
 
 } // namespace keelbright

@@ -13,6 +13,9 @@ class FlowLayout : public ItemLayout
 public:
     FlowLayout(int horizontalSpacing, int verticalSpacing, QWidget* parent = nullptr);
 
+    /// Makes several lines about equally long, so that no single item stands on the last one.
+    void setBalanced(bool isBalanced);
+
     [[nodiscard]] int heightForWidth(int width) const override;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSize() const override;
@@ -22,9 +25,12 @@ private:
     /// Calls `place` with each item and its rectangle; returns the height.
     template <typename Place> int flow(const QRect& rect, Place place) const;
     [[nodiscard]] int horizontalSpacing(int width) const;
+    /// Of the width, what the lines may take.
+    [[nodiscard]] int lineWidth(int width) const;
 
     int m_horizontalSpacing;
     int m_verticalSpacing;
+    bool m_isBalanced = false;
 };
 
 } // namespace keelbright

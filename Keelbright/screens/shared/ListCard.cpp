@@ -40,8 +40,8 @@ void fitListCard(RowListView* list)
     const int rows = list->rowModel() != nullptr ? list->rowModel()->rowCount() : 0;
     int height = 0;
     for (int row = 0; row < std::min(rows, manyRows); ++row)
-        height += list->rowModel()->headerAt(row).isEmpty() ? RowMetrics::tableRow : RowMetrics::header;
-    list->setMinimumHeight(std::min(height, 2 * RowMetrics::tableRow));
+        height += list->rowModel()->headerAt(row).isEmpty() ? list->rowHeight() : RowMetrics::header;
+    list->setMinimumHeight(std::min(height, 2 * list->rowHeight()));
     QWidget* card = list->parentWidget();
     card->setMaximumHeight(height + 2 * cornerRoom + Metrics::cardShadow);
     card->setVisible(rows > 0);

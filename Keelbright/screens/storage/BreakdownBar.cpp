@@ -138,6 +138,7 @@ BreakdownBar::BreakdownBar(QWidget* parent)
     , m_bar(new ShareBar(this))
     , m_legend(new FlowLayout(16, 4))
 {
+    m_legend->setBalanced(true);
     // A fixed policy would keep the height of a legend on one line.
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);

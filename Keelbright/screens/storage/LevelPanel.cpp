@@ -9,6 +9,7 @@
 #include "Keelbright/widgets/rows/RowListView.h"
 
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -17,6 +18,11 @@
 namespace keelbright {
 
 namespace {
+
+constexpr int spacing = 12;
+constexpr int lowSpacing = 6;
+/// So that in the lowest window a single turn of the wheel, which is three steps, shows the rest of the map.
+constexpr int mapStep = 40;
 
 RowListView* makeList(StorageNodeModel* rows, QWidget* parent)
 {
@@ -35,6 +41,7 @@ QScrollArea* makeMapPage(TreemapView* map, QWidget* parent)
     page->setFocusPolicy(Qt::NoFocus);
     page->setAlignment(Qt::AlignTop);
     page->setWidget(map);
+    page->verticalScrollBar()->setSingleStep(mapStep);
     return page;
 }
 
@@ -55,7 +62,7 @@ LevelPanel::LevelPanel(StorageBrowserModel& model, QWidget* parent)
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(12);
+    layout->setSpacing(spacing);
     layout->addWidget(m_breadcrumbs);
     layout->addWidget(m_breakdown);
     layout->addWidget(m_views, 1);
@@ -82,6 +89,13 @@ void LevelPanel::connectParts()
     });
     connect(m_largest, &LargestFilesPanel::refreshPressed, &m_model, &StorageBrowserModel::loadLargestFiles);
     connect(m_largest, &LargestFilesPanel::actionPressed, this, &LevelPanel::actionPressed);
+}
+
+void LevelPanel::setLow(bool isLow)
+{
+    layout()->setSpacing(isLow ? lowSpacing : spacing);
+    m_list->setDense(isLow);
+    fitListCard(m_list);
 }
 
 LevelPanel::View LevelPanel::currentView() const

@@ -3,7 +3,6 @@
 #include "Keelbright/screens/storage/StorageBrowserModel.h"
 #include "Keelbright/widgets/rows/ListRow.h"
 
-#include <QLayout>
 #include <QWidget>
 
 class QScrollArea;
@@ -30,8 +29,8 @@ public:
     /// Shows the last level of the model, which must have one.
     void redraw();
 
-    /// Between its parts.
-    void setSpacing(int spacing) { layout()->setSpacing(spacing); }
+    /// In a low window its parts stand closer, and the rows are lower.
+    void setLow(bool isLow);
 
     /// To the level before, if there is one and none is being measured.
     void goBack();

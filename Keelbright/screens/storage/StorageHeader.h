@@ -2,6 +2,7 @@
 
 #include "Keelbright/screens/storage/StorageBrowserModel.h"
 
+#include <QLayout>
 #include <QWidget>
 
 class QHBoxLayout;
@@ -28,6 +29,9 @@ public:
 
     /// The line below the title.
     [[nodiscard]] QString subtitle() const;
+
+    /// In a low window its two rows stand closer.
+    void setLow(bool isLow) { layout()->setSpacing(isLow ? 6 : 10); }
 
     /// Always that of two rows: while there is one, the window could not become narrower otherwise.
     [[nodiscard]] QSize minimumSizeHint() const override;

@@ -54,7 +54,7 @@ QSize RowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& inde
     const RowModel* model = m_view->rowModel();
     if (model != nullptr && !model->headerAt(index.row()).isEmpty())
         return {1, RowMetrics::header};
-    return {1, m_view->look() == RowListView::Look::table ? RowMetrics::tableRow : RowMetrics::panelRow};
+    return {1, m_view->rowHeight()};
 }
 
 void RowDelegate::paintHeader(QPainter& painter, const QRect& rect, const QString& title)

@@ -19,6 +19,7 @@ constexpr int chevronSize = 14;
 constexpr int buttonGap = 2;
 constexpr int barHeight = 3;
 constexpr int barBottom = 5;
+constexpr int denseBarBottom = 2;
 constexpr int minimumTitleWidth = 60;
 constexpr int minimumDetailWidth = 40;
 
@@ -172,7 +173,8 @@ RowLayout layOutRow(const ListRow& row, const QRect& rect, int padding)
     QRect inner = rect.adjusted(padding, 0, -padding, 0);
     if (row.bar) {
         const double fraction = std::clamp(*row.bar, 0.0, 1.0);
-        layout.bar = QRect(inner.left(), rect.bottom() - barBottom - barHeight,
+        const int bottom = rect.height() < Metrics::row ? denseBarBottom : barBottom;
+        layout.bar = QRect(inner.left(), rect.bottom() - bottom - barHeight,
                            static_cast<int>(std::round(inner.width() * fraction)), barHeight);
         inner.setBottom(inner.bottom() - barHeight - 2);
     }

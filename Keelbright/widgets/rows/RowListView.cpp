@@ -91,6 +91,21 @@ void RowListView::setRowModel(RowModel* model)
     updateButtons();
 }
 
+void RowListView::setDense(bool isDense)
+{
+    if (isDense == m_isDense)
+        return;
+    m_isDense = isDense;
+    doItemsLayout();
+}
+
+int RowListView::rowHeight() const
+{
+    if (m_look == Look::panel)
+        return RowMetrics::panelRow;
+    return m_isDense ? RowMetrics::denseRow : RowMetrics::tableRow;
+}
+
 int RowListView::currentRow() const
 {
     return currentIndex().isValid() ? currentIndex().row() : -1;

@@ -38,6 +38,11 @@ public:
 
     [[nodiscard]] Look look() const { return m_look; }
 
+    /// Makes the rows of a table lower, for a low window.
+    void setDense(bool isDense);
+    /// Of a row that is no header, with its line.
+    [[nodiscard]] int rowHeight() const;
+
     /// -1 if no row is current.
     [[nodiscard]] int currentRow() const;
     /// Makes the row current and selects it, without `currentRowChanged`; -1 for no row.
@@ -90,6 +95,7 @@ private:
     void reportMark();
 
     Look m_look;
+    bool m_isDense = false;
     QPointer<RowModel> m_model;
     RowDelegate* m_delegate;
     QPointer<RowButtons> m_buttons;

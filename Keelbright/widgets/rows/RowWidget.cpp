@@ -32,7 +32,7 @@ RowWidget::RowWidget(QWidget* leading, const QString& title, const QString& deta
     setMinimumHeight(Metrics::row + 1);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_layout->setContentsMargins(rowPadding, 7, rowPadding, 7);
-    m_layout->setSpacing(11);
+    m_layout->setSpacing(12);
     if (leading != nullptr)
         m_layout->addWidget(leading);
     auto* texts = new QVBoxLayout;

@@ -55,6 +55,23 @@ TEST_F(FlowLayoutTests, goesOnBelowWhereOnePixelIsMissing)
     EXPECT_EQ(layout->minimumSize(), QSize(100, 20));
 }
 
+TEST_F(FlowLayoutTests, aBalancedOneLeavesNoItemAlone)
+{
+    auto* fourth = new QWidget(&ground);
+    fourth->setFixedSize(100, 20);
+    layout->addWidget(fourth);
+    const auto fourthAt = [&](int width) {
+        layout->setGeometry({0, 0, width, 100});
+        return fourth->pos();
+    };
+    EXPECT_EQ(fourthAt(400), QPoint(0, 24));
+    layout->setBalanced(true);
+    EXPECT_EQ(fourthAt(400), QPoint(110, 24));
+    EXPECT_EQ(blocks[2]->pos(), QPoint(0, 24));
+    EXPECT_EQ(fourthAt(430), QPoint(330, 0)) << "one line stays as it is";
+    EXPECT_EQ(layout->heightForWidth(400), 44);
+}
+
 TEST_F(FlowLayoutTests, whatIsHiddenTakesNoRoom)
 {
     blocks[1]->hide();
