@@ -121,8 +121,8 @@ public:
     runPreflight(const std::shared_ptr<const Cancellation>& cancellation) const;
     /// Called when the user confirms on the preflight screen: builds the job from the present choices,
     /// starts it and moves to the progress screen. False, and nothing done, without a destination or without
-    /// its drive. False also while copies are being checked: then the dashboard says so. `expectedBytes` is what
-    /// the checks have estimated; with 0 the run shows no remaining time.
+    /// its drive. False also while copies are being checked: then the dashboard says so. `expectedBytes` is
+    /// what the checks have estimated; with 0 the run shows no remaining time.
     bool confirmBackup(qint64 expectedBytes = 0);
 
     /// Of the running backup.

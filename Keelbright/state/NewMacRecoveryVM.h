@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KeelbrightCore/backup/BackupManifest.h"
+#include "KeelbrightCore/platform/files/FileURL.h"
 
 #include <QObject>
 #include <optional>
@@ -8,7 +9,6 @@
 namespace keelbright {
 
 class FileChooser;
-class FileURL;
 
 /// What the screen for a new machine reads: the manifest of a backup, or why it can't be read. Main
 /// thread only; lives as long as its screen, and nothing of it is kept.

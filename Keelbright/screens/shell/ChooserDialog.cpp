@@ -104,8 +104,8 @@ void ChooserDialog::showLabels(const QList<MountedVolume>& volumes)
         for (int row = 0; row < places->rowCount(); ++row) {
             const QModelIndex place = places->index(row, 0);
             const QString path = place.data(placeRole).toUrl().toLocalFile();
-            const auto volume = std::ranges::find(
-                volumes, path, [](const MountedVolume& each) { return each.point.path(); });
+            const auto volume =
+                std::ranges::find(volumes, path, [](const MountedVolume& each) { return each.point.path(); });
             if (volume == volumes.end() || place.data().toString() == volume->label)
                 continue;
             places->setData(place, QApplication::style()->standardIcon(QStyle::SP_DriveHDIcon),

@@ -12,8 +12,8 @@ class QLineEdit;
 namespace keelbright {
 
 /// The base of the program's dialogs for files and folders. Looks the same on every desktop, works
-/// with the keyboard alone, and shows a given text on the accept button. Beside the files it lists the mounted
-/// drives by their labels. Starts in the home folder.
+/// with the keyboard alone, and shows a given text on the accept button. Beside the files it lists the
+/// mounted drives by their labels. Starts in the home folder.
 class ChooserDialog : public QFileDialog
 {
     Q_OBJECT

@@ -15,8 +15,8 @@ namespace keelbright {
 class SingleInstance;
 
 /// The running program as one of the desktop's own: it can be asked for its window from outside, keeps the
-/// machine awake during a backup, shows its progress in the task bar, notifies of its end, and notices drives that
-/// come and go. Main thread.
+/// machine awake during a backup, shows its progress in the task bar, notifies of its end, and notices drives
+/// that come and go. Main thread.
 class DesktopPresence
 {
 public:

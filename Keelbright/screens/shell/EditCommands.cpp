@@ -14,8 +14,6 @@ namespace keelbright {
 
 namespace {
 
-using namespace Qt::StringLiterals;
-
 bool clipboardHasText()
 {
     const QMimeData* data = QGuiApplication::clipboard()->mimeData();
@@ -37,7 +35,8 @@ QString textOfRow(const QModelIndex& row)
 
 bool canBeSelected(const QLabel& label)
 {
-    return (label.textInteractionFlags() & (Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard)) != 0;
+    return label.textInteractionFlags().testAnyFlags(Qt::TextSelectableByMouse |
+                                                     Qt::TextSelectableByKeyboard);
 }
 
 } // namespace

@@ -247,10 +247,9 @@ TEST_F(MainWindowTest, everyMenuEntryHasAShortcut)
     for (const QAction* menu : window.menuBar()->actions())
         texts.append(QString(menu->text()).remove(u'&'));
     EXPECT_EQ(texts, QStringList({u"File"_s, u"Edit"_s, u"View"_s, u"Window"_s, u"Help"_s}));
-    for (const QString& text :
-         {u"Check Copies…"_s, u"Full Scan"_s, u"Export…"_s, u"Settings…"_s, u"Quit"_s, u"Undo"_s, u"Cut"_s,
-          u"Copy"_s, u"Paste"_s, u"Select All"_s, u"Find"_s, u"Re-scan"_s, u"Hide Sidebar"_s, u"Minimize"_s,
-          u"Close"_s})
+    for (const QString& text : {u"Check Copies…"_s, u"Full Scan"_s, u"Export…"_s, u"Settings…"_s, u"Quit"_s,
+                                u"Undo"_s, u"Cut"_s, u"Copy"_s, u"Paste"_s, u"Select All"_s, u"Find"_s,
+                                u"Re-scan"_s, u"Hide Sidebar"_s, u"Minimize"_s, u"Close"_s})
         EXPECT_FALSE(action(text)->shortcut().isEmpty()) << text.toStdString();
 }
 
