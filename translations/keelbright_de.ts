@@ -470,32 +470,6 @@
         <source>It gave different data when it was read twice.</source>
         <translation>Sie ergab bei zweimaligem Lesen verschiedene Daten.</translation>
     </message>
-    <message>
-        <source>Under a minute</source>
-        <translation>Unter 1 Minute</translation>
-    </message>
-    <message>
-        <source>1 minute</source>
-        <translation>1 Minute</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln minutes</source>
-        <translation>
-            <numerusform>%Ln Minute</numerusform>
-            <numerusform>%Ln Minuten</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>1 hour</source>
-        <translation>1 Stunde</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln hours</source>
-        <translation>
-            <numerusform>%Ln Stunde</numerusform>
-            <numerusform>%Ln Stunden</numerusform>
-        </translation>
-    </message>
 </context>
 <context>
     <name>FileCategory</name>
@@ -1266,6 +1240,46 @@
     </message>
 </context>
 <context>
+    <name>RemainingTime</name>
+    <message>
+        <source>About 1 minute left</source>
+        <translation>Noch etwa 1 Minute</translation>
+    </message>
+    <message numerus="yes">
+        <source>About %n minutes left</source>
+        <translation>
+            <numerusform>Noch etwa %n Minute</numerusform>
+            <numerusform>Noch etwa %n Minuten</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>About %1 hours left</source>
+        <translation>Noch etwa %1 Stunden</translation>
+    </message>
+    <message>
+        <source>About 1 hour left</source>
+        <translation>Noch etwa 1 Stunde</translation>
+    </message>
+    <message numerus="yes">
+        <source>About %n hours left</source>
+        <translation>
+            <numerusform>Noch etwa %n Stunde</numerusform>
+            <numerusform>Noch etwa %n Stunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Less than a minute left</source>
+        <translation>Noch weniger als eine Minute</translation>
+    </message>
+    <message numerus="yes">
+        <source>About %n days left</source>
+        <translation>
+            <numerusform>Noch etwa %n Tag</numerusform>
+            <numerusform>Noch etwa %n Tage</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ScanFinding</name>
     <message>
         <source>Junk</source>
@@ -1341,6 +1355,25 @@
     <message>
         <source>Settings</source>
         <translation>Einstellungen</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenCommand</name>
+    <message>
+        <source>&amp;Full Scan</source>
+        <translation>&amp;Vollständiger Scan</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>E&amp;xportieren …</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Re-scan</source>
+        <translation>E&amp;rneut scannen</translation>
     </message>
 </context>
 <context>
@@ -2268,10 +2301,6 @@ Eingebaut: die Schrift Material Design Icons (SIL Open Font License 1.1, ihre Bi
         <translation>Tempo</translation>
     </message>
     <message>
-        <source>Time Left</source>
-        <translation>Restzeit</translation>
-    </message>
-    <message>
         <source>Checking the copies</source>
         <translation>Die Kopien werden geprüft</translation>
     </message>
@@ -2397,6 +2426,25 @@ Eingebaut: die Schrift Material Design Icons (SIL Open Font License 1.1, ihre Bi
     <message>
         <source>Welcome</source>
         <translation>Willkommen</translation>
+    </message>
+</context>
+<context>
+    <name>keelbright::EditCommands</name>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>&amp;Ausschneiden</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>A&amp;lles auswählen</translation>
     </message>
 </context>
 <context>
@@ -3488,6 +3536,10 @@ Eingebaut: die Schrift Material Design Icons (SIL Open Font License 1.1, ihre Bi
     </message>
     <message>
         <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Find</source>
         <translation>Suchen</translation>
     </message>
 </context>

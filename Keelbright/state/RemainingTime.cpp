@@ -1,7 +1,8 @@
 #include "Keelbright/state/RemainingTime.h"
 
-#include <QCoreApplication>
+#include "KeelbrightCore/platform/text/PluralNumber.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 
 namespace keelbright {
@@ -44,14 +45,24 @@ seconds rounded(seconds time)
     return toNearest(days(1));
 }
 
-QString tr(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("RemainingTime", text);
+    Q_DECLARE_TR_FUNCTIONS(RemainingTime)
+};
+
+QString textOfMinutes(qint64 count)
+{
+    return count == 1 ? Texts::tr("About 1 minute left")
+                      : Texts::tr("About %n minutes left", nullptr, pluralNumber(count));
 }
 
-QString counted(qint64 count, const char* one, const char* many)
+QString textOfHours(seconds time)
 {
-    return count == 1 ? tr(one) : tr(many).arg(QString::number(count));
+    const qint64 whole = time / hours(1);
+    if (time % hours(1) != 0s)
+        return Texts::tr("About %1 hours left").arg(QString::number(whole) + u"½"_s);
+    return whole == 1 ? Texts::tr("About 1 hour left")
+                      : Texts::tr("About %n hours left", nullptr, pluralNumber(whole));
 }
 
 } // namespace
@@ -62,15 +73,12 @@ QString RemainingTime::text() const
         return {};
     const seconds time = *m_shown;
     if (time < 1min)
-        return tr("Less than a minute left");
+        return Texts::tr("Less than a minute left");
     if (time < 1h)
-        return counted(time / minutes(1), "About 1 minute left", "About %1 minutes left");
-    if (time >= days(2))
-        return counted(time / days(1), "About 1 day left", "About %1 days left");
-    const qint64 whole = time / hours(1);
-    if (time % hours(1) != 0s)
-        return tr("About %1 hours left").arg(QString::number(whole) + u"½"_s);
-    return counted(whole, "About 1 hour left", "About %1 hours left");
+        return textOfMinutes(time / minutes(1));
+    if (time < days(2))
+        return textOfHours(time);
+    return Texts::tr("About %n days left", nullptr, pluralNumber(time / days(1)));
 }
 
 void RemainingTime::add(Milliseconds moment, qint64 doneBytes, qint64 totalBytes)

@@ -11,10 +11,10 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-QString tr(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("ScreenCommand", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ScreenCommand)
+};
 
 /// By which the menu bar finds the action in the screen.
 QString objectNameOf(ScreenCommand command)
@@ -26,13 +26,13 @@ QString textOf(ScreenCommand command)
 {
     switch (command) {
     case ScreenCommand::fullScan:
-        return tr("&Full Scan");
+        return Texts::tr("&Full Scan");
     case ScreenCommand::exportList:
-        return tr("&Export…");
+        return Texts::tr("&Export…");
     case ScreenCommand::find:
-        return tr("&Find");
+        return Texts::tr("&Find");
     case ScreenCommand::rescan:
-        return tr("&Re-scan");
+        return Texts::tr("&Re-scan");
     }
     Q_UNREACHABLE();
 }
