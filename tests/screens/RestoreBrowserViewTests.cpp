@@ -2,6 +2,7 @@
 
 #include "Keelbright/screens/recovery/SnapshotRows.h"
 #include "Keelbright/widgets/EmptyStateView.h"
+#include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/rows/RowListView.h"
 #include "tests/screens/shared/ListDriver.h"
 #include "tests/screens/shared/ScreenTestCase.h"
