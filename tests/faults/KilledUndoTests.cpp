@@ -48,8 +48,8 @@ TEST_F(KilledUndoTest, everyFileIsInOneOfItsTwoPlaces)
     mac.writeFile("Users/mira/Downloads/a.png", "333");
     mac.writeFile("Users/mira/Downloads/b.png", "22");
     mac.writeFile("Users/mira/Downloads/c.png", "1");
-    doWorkAndKill(u"undo-organize"_s, downloads, u"renameat2"_s, 2,
-                  downloads.appendingNative("Images/b.png"));
+    // Only the undo makes sure of this folder, before each file, and in a thread of its own.
+    doWorkAndKill(u"undo-organize"_s, downloads, u"?mkdir,mkdirat"_s, 2, downloads);
     EXPECT_THAT(everythingBelow(downloads), ElementsAre("Images", "Images/a.png", "Images/b.png", "c.png"));
     EXPECT_EQ(TestMac::read(downloads.appendingNative("c.png")), "1");
     EXPECT_EQ(TestMac::read(downloads.appendingNative("Images/b.png")), "22");

@@ -28,15 +28,22 @@ TrashedItem missing(const Stage& stage, const QString& name)
             .record = "none"};
 }
 
-void playRunning(Stage& stage)
+/// Begins an undo of three moves and holds it when so many have been tried.
+void holdUndoAfter(Stage& stage, qsizetype tried)
 {
     stage.start();
     const TrashedItems trashed =
         trashDocuments(stage, {"Letter to Grandma.odt", "Garden diary 1961.odt", "Tax 2024.pdf"});
-    stage.files.holdNextLookAt(trashed.items.first().origin);
+    // The last one goes back first.
+    stage.files.holdNextLookAt(trashed.items.at(trashed.items.size() - 1 - tried).origin);
     stage.state().undo().remember(trashed);
     stage.undo();
     EXPECT_TRUE(stage.files.waitUntilHeld());
+}
+
+void playRunning(Stage& stage)
+{
+    holdUndoAfter(stage, 2);
     const auto* bar = stage.screen().findChild<BarProgress*>();
     stage.waitUntil([bar] { return bar->fraction() > 0.6; });
     Stage::turnFrames();
@@ -44,7 +51,7 @@ void playRunning(Stage& stage)
 
 void playCancelled(Stage& stage)
 {
-    playRunning(stage);
+    holdUndoAfter(stage, 1);
     stage.state().undo().cancel();
     stage.files.letGo();
     stage.settle();
