@@ -24,6 +24,7 @@ ListRow UndoFailureModel::rowAt(int row) const
     shown.symbolColor = Role::orange;
     shown.title = titleAt(row);
     shown.detail = m_failures.at(row).reason;
+    shown.detailElide = Qt::ElideMiddle; // the sentence begins with the name and ends with the reason
     return shown;
 }
 

@@ -112,6 +112,7 @@ TEST_F(UndoWindowTests, whatCouldNotBePutBackIsListedWithItsReasonAndCanBeCopied
     EXPECT_EQ(list()->accessibleName(), u"Not put back"_s);
     ASSERT_EQ(list()->rowModel()->rowCount(), 2);
     EXPECT_EQ(list()->rowModel()->accessibleText(1), u"/home/mira/1.txt, It is gone."_s);
+    EXPECT_EQ(list()->rowModel()->rowAt(1).detailElide, Qt::ElideMiddle);
     expectEveryControlIsNamedAndReachedByTab(*window);
     QTest::mouseClick(button(*window, u"Copy the list"_s), Qt::LeftButton);
     EXPECT_EQ(QGuiApplication::clipboard()->text(),
