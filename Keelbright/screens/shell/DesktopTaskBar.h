@@ -7,9 +7,9 @@
 
 namespace keelbright {
 
-/// The entry of "keelbright.desktop" in docks and task bars that follow Unity's launcher protocol. It is a
-/// signal on the session bus: nobody has to be there, and who is there forgets it when the program leaves
-/// the bus.
+/// The entry of the program's desktop file in docks and task bars that follow Unity's launcher protocol. It
+/// is a signal on the session bus: nobody has to be there, and who is there forgets it when the program
+/// leaves the bus.
 class DesktopTaskBar : public TaskBar
 {
 public:

@@ -58,9 +58,10 @@ protected:
         ASSERT_FALSE(dialog.isNull());
         view = dialog->findChild<QListView*>(u"listView"_s);
         field = dialog->findChild<QLineEdit*>(u"fileNameEdit"_s);
-        if (!folder)
+        if (!folder) {
             ASSERT_TRUE(
                 QTest::qWaitFor([this] { return view->model()->rowCount(view->rootIndex()) >= 3; }, 60'000));
+        }
     }
 
     /// The texts of the places beside the files.
