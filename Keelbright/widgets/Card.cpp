@@ -64,7 +64,7 @@ void Card::paintEvent(QPaintEvent*)
     gradient.setTransform(QTransform::fromScale(1 / scale, 1 / scale));
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(gradient);
-    painter.setPen(theme.tint(m_tint, 0.30));
+    painter.setPen(theme.isContrastHigh() ? theme.color(Role::line) : theme.tint(m_tint, 0.30));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5 - Metrics::cardShadow),
                             Metrics::cardRadius, Metrics::cardRadius);
 }

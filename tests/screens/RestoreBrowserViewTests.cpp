@@ -109,8 +109,8 @@ TEST_F(RestoreBrowserViewTests, theMirrorAndTheSnapshotsAreAligned)
     turnFrame();
     const auto* list = view.findChild<RowListView*>();
     const QRect place = list->visualRect(list->model()->index(0, 0));
-    const RowLayout row = layOutRow(view.findChild<SnapshotRows*>()->rowAt(0), place.adjusted(0, 0, 0, -1),
-                                    RowMetrics::tablePadding);
+    const RowLayout row =
+        layOutRow(view.findChild<SnapshotRows*>()->rowAt(0), place.adjusted(0, 0, 0, -1), list->padding());
     const auto inView = [&](const QRect& part) {
         return QRect(list->viewport()->mapTo(&view, part.topLeft()), part.size());
     };

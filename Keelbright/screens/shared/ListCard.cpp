@@ -28,6 +28,7 @@ QWidget* makeListCard(RowListView* list, QWidget* parent)
     card->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     card->content()->setContentsMargins(1, cornerRoom, 1, cornerRoom);
     card->content()->addWidget(list);
+    list->setPadding(RowMetrics::paddingInCard);
     // The height that the rows do not need stays empty below the card.
     column->addWidget(card, 1000);
     column->addStretch(1);

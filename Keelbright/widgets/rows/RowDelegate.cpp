@@ -30,9 +30,9 @@ RowDelegate::RowDelegate(RowListView* view)
 RowLayout RowDelegate::layoutIn(const QRect& rect, const ListRow& row) const
 {
     if (m_view->look() == RowListView::Look::table)
-        return layOutRow(row, rect.adjusted(0, 0, 0, -1), RowMetrics::tablePadding);
+        return layOutRow(row, rect.adjusted(0, 0, 0, -1), m_view->padding());
     const QRect field = rect.adjusted(RowMetrics::panelInset, 1, -RowMetrics::panelInset, -1);
-    return layOutRow(row, field, RowMetrics::panelPadding);
+    return layOutRow(row, field, m_view->padding());
 }
 
 RowLayout RowDelegate::layoutOf(const QModelIndex& index, const ListRow& row) const
@@ -57,13 +57,13 @@ QSize RowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& inde
     return {1, m_view->rowHeight()};
 }
 
-void RowDelegate::paintHeader(QPainter& painter, const QRect& rect, const QString& title)
+void RowDelegate::paintHeader(QPainter& painter, const QRect& rect, const QString& title) const
 {
     const Theme& theme = Theme::instance();
     painter.setFont(theme.font(FontRole::groupTitle));
     painter.setPen(theme.color(Role::secondaryText));
     // Nearer to the rows below than to those above.
-    const QRect textRect = rect.adjusted(RowMetrics::tablePadding, 9, -RowMetrics::tablePadding, 0);
+    const QRect textRect = rect.adjusted(m_view->padding(), 9, -m_view->padding(), 0);
     painter.drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                      painter.fontMetrics().elidedText(title, Qt::ElideRight, textRect.width()));
     painter.fillRect(lineAtBottom(painter, rect), theme.color(Role::line));
@@ -94,7 +94,7 @@ void RowDelegate::paintGround(QPainter& painter, const QStyleOptionViewItem& opt
 void RowDelegate::paintActions(QPainter& painter, const ListRow& row, const RowLayout& layout,
                                int index) const
 {
-    constexpr double restingOpacity = 0.45;
+    const double restingOpacity = Theme::instance().isContrastHigh() ? 1 : 0.45;
     for (qsizetype i = 0; i < layout.actions.size(); ++i) {
         const bool isHovered = index == m_hoveredRow && i == m_hoveredAction;
         // Symbols step back in all rows but the one under the pointer; the current row has real buttons.

@@ -28,7 +28,7 @@ public:
     void setHoveredAction(int row, qsizetype action);
 
 private:
-    static void paintHeader(QPainter& painter, const QRect& rect, const QString& title);
+    void paintHeader(QPainter& painter, const QRect& rect, const QString& title) const;
     void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void paintActions(QPainter& painter, const ListRow& row, const RowLayout& layout, int index) const;
 

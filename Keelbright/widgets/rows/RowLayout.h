@@ -30,8 +30,9 @@ inline constexpr int tableRow = Metrics::row + 1; ///< with its line
 inline constexpr int denseRow = 41;               ///< the same in a low window
 inline constexpr int panelRow = 50;
 inline constexpr int header = 38;
-/// With the frame of the card around the list it is the padding of the rows that have a widget each.
-inline constexpr int tablePadding = Metrics::cardPadding - 1;
+inline constexpr int tablePadding = Metrics::panelPadding;
+/// With the frame of the card it is the padding of the rows that have a widget each.
+inline constexpr int paddingInCard = Metrics::cardPadding - 1;
 inline constexpr int panelInset = 6; ///< around the field of a row
 inline constexpr int panelRadius = 8;
 inline constexpr int panelPadding = Metrics::panelPadding - panelInset; ///< within the field

@@ -32,6 +32,7 @@ struct RowListView::Target
 RowListView::RowListView(Look look, const QString& name, QWidget* parent)
     : QListView(parent)
     , m_look(look)
+    , m_padding(look == Look::table ? RowMetrics::tablePadding : RowMetrics::panelPadding)
     , m_delegate(new RowDelegate(this))
     , m_buttons(new RowButtons(this))
     , m_pressed(std::make_unique<Target>())
@@ -96,6 +97,12 @@ void RowListView::setDense(bool isDense)
     if (isDense == m_isDense)
         return;
     m_isDense = isDense;
+    doItemsLayout();
+}
+
+void RowListView::setPadding(int padding)
+{
+    m_padding = padding;
     doItemsLayout();
 }
 

@@ -40,6 +40,11 @@ public:
 
     /// Makes the rows of a table lower, for a low window.
     void setDense(bool isDense);
+    /// Between the ends of a table's rows and their parts.
+    void setPadding(int padding);
+
+    [[nodiscard]] int padding() const { return m_padding; }
+
     /// Of a row that is no header, with its line.
     [[nodiscard]] int rowHeight() const;
 
@@ -96,6 +101,7 @@ private:
 
     Look m_look;
     bool m_isDense = false;
+    int m_padding;
     QPointer<RowModel> m_model;
     RowDelegate* m_delegate;
     QPointer<RowButtons> m_buttons;

@@ -140,8 +140,9 @@ QColor strongTokenColor(Role role, ColorScheme scheme)
     switch (role) {
     case Role::secondaryText:
     case Role::mutedText:
-    case Role::emptyMark:
         return tokenColor(Role::primaryText, scheme);
+    case Role::emptyMark: // also what is disabled, which must not look like what is enabled
+        return tokenColor(Role::mutedText, scheme);
     case Role::line:
         return inkOfOpacity(0.45F);
     case Role::controlLine:

@@ -132,7 +132,7 @@ private:
         m_list->scrollTo(m_list->rowModel()->index(index));
         const QRect rect = m_list->visualRect(m_list->rowModel()->index(index));
         if (m_list->look() == RowListView::Look::table)
-            return layOutRow(row(index), rect.adjusted(0, 0, 0, -1), RowMetrics::tablePadding);
+            return layOutRow(row(index), rect.adjusted(0, 0, 0, -1), m_list->padding());
         return layOutRow(row(index), rect.adjusted(RowMetrics::panelInset, 1, -RowMetrics::panelInset, -1),
                          RowMetrics::panelPadding);
     }

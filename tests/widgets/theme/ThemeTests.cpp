@@ -2,6 +2,7 @@
 #include "Keelbright/widgets/StatusCard.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 #include "tests/support/Accessible.h"
+#include "tests/support/Contrast.h"
 #include "tests/support/Printing.h"
 #include "tests/support/ThemeGuard.h"
 
@@ -45,8 +46,11 @@ TEST(Theme, highContrastMakesFaintTextsAndLinesStrong)
         const qsizetype before = spy.count();
         theme.setContrastHigh(true);
         EXPECT_EQ(spy.count(), before + 1);
-        for (const Role text : {Role::secondaryText, Role::mutedText, Role::emptyMark})
+        for (const Role text : {Role::secondaryText, Role::mutedText})
             EXPECT_EQ(theme.color(text), theme.color(Role::primaryText));
+        EXPECT_NE(theme.color(Role::emptyMark), theme.color(Role::primaryText))
+            << "what is disabled shows it";
+        EXPECT_GE(testing::contrastRatio(theme.color(Role::emptyMark), theme.color(Role::card)), 4.5);
         EXPECT_GT(theme.color(Role::line).alpha(), 4 * faintLine.alpha());
         EXPECT_GT(theme.color(Role::controlLine).alpha(), theme.color(Role::line).alpha());
         EXPECT_EQ(theme.color(Role::accent), accent);
