@@ -1,5 +1,8 @@
+#include "KeelbrightCore/backup/ErrorLine.h"
 #include "tests/gallery/ScreenStates.h"
 #include "tests/gallery/Stage.h"
+
+#include <cerrno>
 
 namespace keelbright::testing {
 
@@ -208,7 +211,9 @@ void playProgressLongName(Stage& stage)
     populateAndChooseDrive(stage);
     stage.goTo(Screen::backupProgress);
     run(stage, progress);
-    stage.state().engine().appendError(u"Skip: Could not read The whole long story.pages: no permission."_s);
+    const QString name = u"The whole long story.pages"_s;
+    stage.state().engine().appendError(
+        skipLine(name, FileError::fromCode(FileError::Operation::read, name, EACCES)));
     Stage::turnFrames();
 }
 

@@ -1,6 +1,9 @@
+#include "KeelbrightCore/backup/ErrorLine.h"
 #include "tests/gallery/ScreenStates.h"
 #include "tests/gallery/Stage.h"
 #include "tests/support/SampleReport.h"
+
+#include <cerrno>
 
 namespace keelbright::testing {
 
@@ -117,8 +120,10 @@ void playReportErrors(Stage& stage)
 {
     BackupReport report = sampleReport();
     report.personalFilesPath += u"/and some more folders, so that the path is longer than the card is wide"_s;
-    for (int i = 1; i <= 40; ++i)
-        report.errors.append(u"Skip: IMG_%1.jpg: no permission to read the file."_s.arg(4100 + i));
+    for (int i = 1; i <= 40; ++i) {
+        const QString name = u"IMG_%1.jpg"_s.arg(4100 + i);
+        report.errors.append(skipLine(name, FileError::fromCode(FileError::Operation::read, name, EACCES)));
+    }
     AppConfiguration configuration;
     configuration.lastReport = report;
     configuration.lastBackupTime = report.completedAt;
