@@ -781,19 +781,19 @@
     <name>HealthScore</name>
     <message>
         <source>Your Mac is in great shape.</source>
-        <translation>Ihr Computer ist in bester Verfassung.</translation>
+        <translation>Ihr Computer ist in bester Form.</translation>
     </message>
     <message>
         <source>Your Mac is in good shape.</source>
-        <translation>Ihr Computer ist in guter Verfassung.</translation>
+        <translation>Ihr Computer ist in guter Form.</translation>
     </message>
     <message>
         <source>Your Mac could use some attention.</source>
-        <translation>Ihr Computer könnte etwas Pflege gebrauchen.</translation>
+        <translation>Ihr Computer braucht etwas Pflege.</translation>
     </message>
     <message>
         <source>Your Mac needs a cleanup.</source>
-        <translation>Ihr Computer sollte aufgeräumt werden.</translation>
+        <translation>Aufräumen täte Ihrem Computer gut.</translation>
     </message>
     <message>
         <source>Your Mac needs immediate attention.</source>
@@ -997,7 +997,7 @@
     </message>
     <message>
         <source>iOS Device Backups</source>
-        <translation>Backups von iOS-Geräten</translation>
+        <translation>iOS-Backups</translation>
     </message>
     <message>
         <source>Browser Caches</source>
@@ -1784,7 +1784,7 @@ Eingebaut: die Schrift Material Design Icons (SIL Open Font License 1.1, ihre Bi
     <name>keelbright::AppDetailPanel</name>
     <message>
         <source>v%1</source>
-        <translation>Version %1</translation>
+        <translation>v%1</translation>
     </message>
     <message>
         <source>Associated files (%1) will also be moved to Trash.</source>
@@ -1811,7 +1811,7 @@ Eingebaut: die Schrift Material Design Icons (SIL Open Font License 1.1, ihre Bi
     <name>keelbright::AppListModel</name>
     <message>
         <source>Reveal in Finder</source>
-        <translation>Im Dateimanager zeigen</translation>
+        <translation>Dateimanager</translation>
     </message>
     <message>
         <source>Remove…</source>
@@ -2635,8 +2635,8 @@ Eingebaut: die Schrift Material Design Icons (SIL Open Font License 1.1, ihre Bi
     <message numerus="yes">
         <source>%n items · %1 total</source>
         <translation>
-            <numerusform>%n Objekt · insgesamt %1</numerusform>
-            <numerusform>%n Objekte · insgesamt %1</numerusform>
+            <numerusform>%n Objekt · %1</numerusform>
+            <numerusform>%n Objekte · %1</numerusform>
         </translation>
     </message>
     <message>
@@ -3648,7 +3648,7 @@ Cloud-Backup: Sie können einen Ordner wählen, den iCloud Drive, Dropbox, OneDr
     <name>keelbright::ShortcutBar</name>
     <message>
         <source>Home</source>
-        <translation>Persönlicher Ordner</translation>
+        <translation>Persönlich</translation>
     </message>
     <message>
         <source>Documents</source>

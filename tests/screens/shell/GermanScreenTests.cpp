@@ -174,7 +174,7 @@ QString withoutNames(QString text)
 QString foreignWords(const QStringList& texts, const Stage& stage)
 {
     const QSet<QString> known = german().words() | wordsOfMachine(stage) | wordsOfDates() |
-                                TranslationFile::wordsIn(u"Ctrl " + Host::operatingSystemVersionString());
+                                TranslationFile::wordsIn(u"Ctrl "_s + Host::operatingSystemVersionString());
     QStringList found;
     for (const QString& text : texts) {
         for (const QString& word : TranslationFile::wordsIn(withoutNames(text)) - known)
