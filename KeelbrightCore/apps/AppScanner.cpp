@@ -10,12 +10,12 @@
 
 #include <QMutex>
 #include <QPromise>
-#include <QSet>
 #include <algorithm>
 #include <atomic>
 #include <memory>
 #include <new>
 #include <optional>
+#include <set>
 #include <utility>
 
 namespace keelbright {
@@ -47,8 +47,11 @@ template <typename Part> void asFarAsMemoryAllows(Part part)
     }
 }
 
+/// Paths without links. Not a hash of Qt's, which ends the program where memory runs out for it.
+using SeenPaths = std::set<QByteArray>;
+
 /// Adds the bundles of a root; of several that links lead to, the first one found.
-void addBundles(const FileURL& root, QSet<FileURL>& seen, QList<FileURL>& bundles)
+void addBundles(const FileURL& root, SeenPaths& seen, QList<FileURL>& bundles)
 {
     const FileManager& fileManager = FileManager::defaultManager();
     const auto entries = fileManager.contentsOfDirectory(root, DirectoryEnumerator::Option::skipsHiddenFiles);
@@ -57,11 +60,8 @@ void addBundles(const FileURL& root, QSet<FileURL>& seen, QList<FileURL>& bundle
     for (const DirectoryEntry& entry : *entries) {
         if (pathExtensionOf(entry.url.nativeLastPathComponent()) != "app")
             continue;
-        const FileURL resolved = fileManager.resolvingSymlinks(entry.url);
-        if (!seen.contains(resolved)) {
-            seen.insert(resolved);
+        if (seen.insert(fileManager.resolvingSymlinks(entry.url).nativePath()).second)
             bundles.append(entry.url);
-        }
     }
 }
 
@@ -69,7 +69,7 @@ void addBundles(const FileURL& root, QSet<FileURL>& seen, QList<FileURL>& bundle
 QList<FileURL> installedBundles()
 {
     QList<FileURL> bundles;
-    QSet<FileURL> seen;
+    SeenPaths seen;
     asFarAsMemoryAllows([&] {
         for (const FileURL& root : roots(FileManager::defaultManager()))
             asFarAsMemoryAllows([&] { addBundles(root, seen, bundles); });

@@ -34,7 +34,7 @@ QStringView withoutBlanks(QStringView text)
     return {first, last.base()};
 }
 
-std::optional<QString> valueOf(const QHash<QString, QString>& values, const QString& key)
+std::optional<QString> valueOf(const QMap<QString, QString>& values, const QString& key)
 {
     const auto found = values.find(key);
     return found == values.end() ? std::nullopt : std::optional(*found);
@@ -103,16 +103,16 @@ AppScanner::SpotlightMeta AppScanner::metadataFromOutput(const QByteArray& outpu
     const QString text = decoder(output);
     if (decoder.hasError())
         return {};
-    const QHash<QString, QString> values = parseMdls(text);
+    const QMap<QString, QString> values = parseMdls(text);
     return {.lastUsed = parseDate(valueOf(values, u"kMDItemLastUsedDate"_s)),
             .useCount = wholeNumber(values.value(u"kMDItemUseCount"_s)),
             .dateAdded = parseDate(valueOf(values, u"kMDItemDateAdded"_s))};
 }
 
-QHash<QString, QString> AppScanner::parseMdls(const QString& text)
+QMap<QString, QString> AppScanner::parseMdls(const QString& text)
 {
     constexpr QStringView separator = u" = ";
-    QHash<QString, QString> values;
+    QMap<QString, QString> values;
     for (const QStringView line : QStringTokenizer{text, u'\n'}) {
         const qsizetype place = line.indexOf(separator);
         if (place < 0)

@@ -5,7 +5,7 @@
 
 #include <QByteArray>
 #include <QDateTime>
-#include <QHash>
+#include <QMap>
 #include <QString>
 #include <optional>
 
@@ -36,8 +36,9 @@ void spotlightMetadata(const FileURL& bundle, MetadataReceiver receive);
 [[nodiscard]] SpotlightMeta metadataFromOutput(const QByteArray& output);
 
 /// The "key = value" lines, both trimmed of blanks and tabs. A line without " = " and a value of
-/// "(null)" are left out; of two equal keys the last one holds.
-[[nodiscard]] QHash<QString, QString> parseMdls(const QString& text);
+/// "(null)" are left out; of two equal keys the last one holds. A map, because a hash of Qt's ends the
+/// program where memory runs out for it.
+[[nodiscard]] QMap<QString, QString> parseMdls(const QString& text);
 
 /// A date of the form "2026-03-01 09:05:00 +0000", the seconds whole or with exactly six further
 /// digits (kept to the millisecond). Each field needs its full width: nothing else is a date.

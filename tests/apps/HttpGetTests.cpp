@@ -119,7 +119,7 @@ TEST_F(HttpGetTests, aDamagedCompressedBodyIsNothing)
 
 TEST_F(HttpGetTests, aSmallBodyThatUnpacksAboveTheLimitIsDropped)
 {
-    const QByteArray bomb = gzipped(QByteArray(20 * maximumBody, ' '));
+    const QByteArray bomb = gzipped(QByteArray(4 * maximumBody, ' '));
     ASSERT_LT(bomb.size(), maximumBody);
     EXPECT_EQ(getBody(bomb, "Content-Encoding: gzip\r\n"), std::nullopt);
 }

@@ -18,7 +18,7 @@ using AppScanner::SpotlightMeta;
 
 namespace {
 
-using Values = QHash<QString, QString>;
+using Values = QMap<QString, QString>;
 
 QDateTime utc(int year, int month, int day, int hour = 0, int minute = 0, int second = 0, int millisecond = 0)
 {

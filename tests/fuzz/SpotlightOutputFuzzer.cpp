@@ -6,7 +6,7 @@ namespace {
 
 using fuzzing::require;
 
-QString writtenLines(const QHash<QString, QString>& values)
+QString writtenLines(const QMap<QString, QString>& values)
 {
     QString text;
     for (auto line = values.cbegin(); line != values.cend(); ++line)
@@ -27,7 +27,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     using namespace keelbright;
     const QByteArray output = fuzzing::bytesOf(data, size);
-    QHash<QString, QString> values = AppScanner::parseMdls(QString::fromUtf8(output));
+    QMap<QString, QString> values = AppScanner::parseMdls(QString::fromUtf8(output));
     for (const QString& value : values)
         require(value != QStringLiteral("(null)") && !value.contains(u'\n'), "a value is one of a line");
     // Such a key is possible only if another kind of blank precedes the sign that ends it.

@@ -19,7 +19,9 @@ class AppScanMemoryTest : public AppScannerTestCase
 protected:
     AppScanMemoryTest()
     {
-        addNumberedBundles(3);
+        addNumberedBundles(2);
+        addBundle("Applications/App2.app", Entries{{"CFBundleIdentifier", "org.example.app"}},
+                  PropertyListForm::binary);
         setMetadataTool(R"(printf 'kMDItemUseCount = 7\n')");
         std::ignore = scan(); // what is made once is there: threads, the watch of the helpers
         waitForBackgroundWork();
@@ -41,7 +43,7 @@ protected:
         QFuture<Apps> future;
         long failed = 0;
         {
-            const FailingAllocations failing(first, count);
+            const FailingAllocations failing(first, count, FailingAllocations::Of::program);
             future = AppScanner::scan(m_mac.clock());
             waitForBackgroundWork();
             failed = failing.failed();

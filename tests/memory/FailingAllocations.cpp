@@ -4,7 +4,12 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdlib>
+#include <functional>
 #include <new>
+
+// Where the program's own code begins and ends, as the linker says.
+extern "C" const char __executable_start;
+extern "C" const char etext;
 
 namespace {
 
@@ -13,14 +18,21 @@ namespace {
 thread_local bool isSpared = false;
 
 std::atomic<bool> isArmed = false;
+std::atomic<bool> isForProgramOnly = false;
 std::atomic<long> seen = 0;
 std::atomic<long> firstToFail = 0;
 std::atomic<long> afterLast = 0;
 std::atomic<long> failures = 0;
 
-bool fails()
+bool isOfProgram(const void* caller)
 {
-    if (!isArmed || isSpared)
+    const std::less<const void*> isBefore;
+    return !isBefore(caller, &__executable_start) && isBefore(caller, &etext);
+}
+
+bool fails(const void* caller)
+{
+    if (!isArmed || isSpared || (isForProgramOnly && !isOfProgram(caller)))
         return false;
     const long number = seen++;
     if (number < firstToFail || number >= afterLast)
@@ -35,7 +47,8 @@ bool fails()
 
 void* operator new(std::size_t size)
 {
-    void* const memory = fails() ? nullptr : std::malloc(std::max(size, std::size_t{1}));
+    void* const memory =
+        fails(__builtin_return_address(0)) ? nullptr : std::malloc(std::max(size, std::size_t{1}));
     if (memory == nullptr)
         throw std::bad_alloc();
     return memory;
@@ -53,9 +66,10 @@ void operator delete(void* memory, std::size_t /*size*/) noexcept
 
 namespace keelbright::testing {
 
-FailingAllocations::FailingAllocations(long first, long count)
+FailingAllocations::FailingAllocations(long first, long count, Of of)
 {
     isSpared = true;
+    isForProgramOnly = of == Of::program;
     seen = 0;
     firstToFail = first;
     afterLast = first + count;

@@ -10,8 +10,14 @@ namespace keelbright::testing {
 class FailingAllocations
 {
 public:
+    /// Whose allocations are counted and fail.
+    enum class Of {
+        all,
+        program, ///< not those that a library makes by itself: Qt's reader of XML ends the program then
+    };
+
     /// Every allocation from the `first` on (counted from 0), `count` in all, fails.
-    FailingAllocations(long first, long count);
+    FailingAllocations(long first, long count, Of of = Of::all);
     ~FailingAllocations();
     FailingAllocations(const FailingAllocations&) = delete;
     FailingAllocations& operator=(const FailingAllocations&) = delete;

@@ -4,10 +4,10 @@
 #include "KeelbrightCore/platform/formats/PropertyList.h"
 
 #include <QDateTime>
-#include <QHash>
 #include <QVariantMap>
 #include <bit>
 #include <cmath>
+#include <map>
 #include <vector>
 
 namespace keelbright {
@@ -104,7 +104,7 @@ public:
             if (!(isComplete ? finish() : proceed(container)))
                 return std::nullopt;
         }
-        return m_made.value(m_layout.top()).value;
+        return m_made[m_layout.top()].value;
     }
 
 private:
@@ -135,12 +135,12 @@ private:
         if (!object->isContainer()) {
             const std::optional<QVariant> value = plainValue(m_layout, *object);
             if (value)
-                m_made.insert(index, {.value = *value, .valueCount = 1, .depth = 0});
+                m_made[index] = {.value = *value, .valueCount = 1, .depth = 0};
             return value.has_value();
         }
         if (m_open.size() >= size_t{PropertyList::maximumDepth})
             return false;
-        m_made.insert(index, {});
+        m_made[index] = {};
         m_open.push_back({.index = index, .object = *object, .next = 0, .parts = {}});
         return true;
     }
@@ -149,18 +149,19 @@ private:
     [[nodiscard]] bool proceed(Container& container)
     {
         const quint64 index = m_layout.reference(container.object, container.next);
-        const auto part = m_made.constFind(index);
-        if (part == m_made.constEnd())
+        const auto found = m_made.find(index);
+        if (found == m_made.end())
             return begin(index);
-        if (part->valueCount == 0) // the container lies within itself
+        const Made& part = found->second;
+        if (part.valueCount == 0) // the container lies within itself
             return false;
         const bool isKey =
             container.object.kind == Kind::dictionary && container.next < container.object.count;
-        if (isKey && part->value.typeId() != QMetaType::QString)
+        if (isKey && part.value.typeId() != QMetaType::QString)
             return false;
-        container.parts.append(part->value);
-        container.valueCount += isKey ? 0 : part->valueCount;
-        container.depth = qMax(container.depth, part->depth + 1);
+        container.parts.append(part.value);
+        container.valueCount += isKey ? 0 : part.valueCount;
+        container.depth = qMax(container.depth, part.depth + 1);
         ++container.next;
         return ++m_references <= 2 * PropertyList::maximumValues &&
                container.valueCount <= PropertyList::maximumValues &&
@@ -179,14 +180,14 @@ private:
                 map.insert(container.parts[i].toString(), container.parts[count + i]);
             value = map;
         }
-        m_made.insert(container.index,
-                      {.value = value, .valueCount = container.valueCount, .depth = container.depth});
+        m_made[container.index] = {
+            .value = value, .valueCount = container.valueCount, .depth = container.depth};
         return true;
     }
 
     const Layout& m_layout;
     quint64 m_sizeLeft;
-    QHash<quint64, Made> m_made;
+    std::map<quint64, Made> m_made; ///< a hash of Qt's ends the program where memory runs out for it
     std::vector<Container> m_open;
     qint64 m_references = 0;
 };
