@@ -63,7 +63,7 @@ void playFailures(Stage& stage)
     TrashedItems trashed =
         trashDocuments(stage, {"Letter to Grandma.odt", "Garden diary 1961.odt", "Tax 2024.pdf"});
     stage.mac.writeFile("Users/mira/Documents/Tax 2024.pdf", "a newer one");
-    trashed.items.append(missing(stage, u"Summer in the archipelago.mov"_s));
+    trashed.items.append(missing(stage, u"IMG_4117.jpg"_s));
     stage.state().undo().remember(trashed);
     stage.undo();
     stage.settle();
