@@ -339,7 +339,7 @@ TEST_F(StorageBrowserViewTests, nothingIsCutInANarrowWindow)
         }
     }
     choose(view, ViewMode::list);
-    EXPECT_GE(list(view)->height(), 49);
+    EXPECT_GE(list(view)->height(), list(view)->rowHeight());
 }
 
 TEST_F(StorageBrowserViewTests, theMapTakesTheWholeWidthOfAWideWindow)
@@ -388,7 +388,7 @@ TEST_F(StorageBrowserViewTests, inTheSmallestWindowOneTurnOfTheWheelShowsTheRest
     EXPECT_LT(shown().bottom(), 419);
     QWheelEvent turn(QPointF(50, 50), map->mapToGlobal(QPointF(50, 50)), {}, {0, -120}, Qt::NoButton,
                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(map, &turn);
+    QApplication::sendEvent(map->parentWidget(), &turn); // an event that is sent does not go on to the parent
     EXPECT_EQ(shown().bottom(), 419);
 }
 

@@ -108,9 +108,10 @@ void ChooserDialog::showLabels(const QList<MountedVolume>& volumes)
                 std::ranges::find(volumes, path, [](const MountedVolume& each) { return each.point.path(); });
             if (volume == volumes.end() || place.data().toString() == volume->label)
                 continue;
+            // The label first: each change calls this again, and then there is nothing left to do.
+            places->setData(place, volume->label, Qt::DisplayRole);
             places->setData(place, QApplication::style()->standardIcon(QStyle::SP_DriveHDIcon),
                             Qt::DecorationRole);
-            places->setData(place, volume->label, Qt::DisplayRole);
         }
     };
     connect(places, &QAbstractItemModel::dataChanged, this, apply);
