@@ -1373,7 +1373,7 @@
     </message>
     <message>
         <source>&amp;Re-scan</source>
-        <translation>E&amp;rneut scannen</translation>
+        <translation>&amp;Neu scannen</translation>
     </message>
 </context>
 <context>
@@ -1738,13 +1738,13 @@ Eingebaut: die Schrift Material Design Icons (SIL Open Font License 1.1, ihre Bi
     </message>
     <message>
         <source>1 action · %1 freed total</source>
-        <translation>1 Vorgang · insgesamt %1 frei gemacht</translation>
+        <translation>1 Vorgang · %1 frei gemacht</translation>
     </message>
     <message numerus="yes">
         <source>%n actions · %1 freed total</source>
         <translation>
-            <numerusform>%n Vorgang · insgesamt %1 frei gemacht</numerusform>
-            <numerusform>%n Vorgänge · insgesamt %1 frei gemacht</numerusform>
+            <numerusform>%n Vorgang · %1 frei gemacht</numerusform>
+            <numerusform>%n Vorgänge · %1 frei gemacht</numerusform>
         </translation>
     </message>
     <message>

@@ -11,6 +11,7 @@
 #include "Keelbright/widgets/SymbolLabel.h"
 #include "KeelbrightCore/platform/system/ProgramVersion.h"
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <utility>
@@ -181,7 +182,9 @@ void SettingsView::showFolders()
     for (const RecommendedFolder& folder : m_state.recommendedFolders()) {
         if (!folder.isEnabled)
             continue;
-        auto* row = new RowWidget(new Tile(folder.icon, Role::accent), folder.name);
+        const QString name =
+            QCoreApplication::translate("RecommendedFolder", folder.name.toUtf8().constData());
+        auto* row = new RowWidget(new Tile(folder.icon, Role::accent), name);
         row->addTrailing(new Label(tr("Recommended"), FontRole::secondary, Role::secondaryText));
         m_folders->addRow(row);
     }

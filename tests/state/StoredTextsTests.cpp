@@ -30,9 +30,19 @@ public:
     }
 };
 
+/// Translators are asked where there is an application.
+class StoredTextsTests : public ::testing::Test
+{
+protected:
+    int argc = 1;
+    char name[13] = "StoredTexts";
+    char* argv[2] = {name, nullptr};
+    QCoreApplication application{argc, argv};
+};
+
 } // namespace
 
-TEST(StoredTextsTests, whatIsStoredIsEnglishInEveryLanguage)
+TEST_F(StoredTextsTests, whatIsStoredIsEnglishInEveryLanguage)
 {
     const PseudoTranslation translation;
     EXPECT_EQ(stored(backupCompleted), u"Backup completed"_s);
@@ -40,14 +50,14 @@ TEST(StoredTextsTests, whatIsStoredIsEnglishInEveryLanguage)
     EXPECT_EQ(stored(appRemoved, {u"Sketchbook"_s}), u"Sketchbook removed"_s);
 }
 
-TEST(StoredTextsTests, aValueMayLookLikeAPlaceForValues)
+TEST_F(StoredTextsTests, aValueMayLookLikeAPlaceForValues)
 {
     EXPECT_EQ(stored(filesSortedIn, {u"3"_s, u"100%1"_s}), u"3 files sorted into subfolders in 100%1"_s);
     EXPECT_EQ(shownDetail(u"3 files sorted into subfolders in 100%1"_s),
               u"3 files sorted into subfolders in 100%1"_s);
 }
 
-TEST(StoredTextsTests, englishIsShownAsItIsStored)
+TEST_F(StoredTextsTests, englishIsShownAsItIsStored)
 {
     for (const QString& title : {u"Backup completed"_s, u"Files organised"_s, u"Sketchbook removed"_s})
         EXPECT_EQ(shownTitle(title), title);
@@ -57,7 +67,7 @@ TEST(StoredTextsTests, englishIsShownAsItIsStored)
     EXPECT_EQ(shownError(u"Skip a.txt: no"_s), u"Skip a.txt: no"_s);
 }
 
-TEST(StoredTextsTests, aTitleIsTranslatedAndKeepsItsValues)
+TEST_F(StoredTextsTests, aTitleIsTranslatedAndKeepsItsValues)
 {
     const PseudoTranslation translation;
     EXPECT_EQ(shownTitle(u"Backup completed with warnings"_s),
@@ -65,7 +75,7 @@ TEST(StoredTextsTests, aTitleIsTranslatedAndKeepsItsValues)
     EXPECT_EQ(shownTitle(u"Sketchbook removed"_s), u"⟦StoredTexts: Sketchbook removed⟧"_s);
 }
 
-TEST(StoredTextsTests, aDetailIsTranslatedAndKeepsItsValues)
+TEST_F(StoredTextsTests, aDetailIsTranslatedAndKeepsItsValues)
 {
     const PseudoTranslation translation;
     for (const QString& detail :
@@ -77,7 +87,7 @@ TEST(StoredTextsTests, aDetailIsTranslatedAndKeepsItsValues)
         EXPECT_EQ(shownDetail(detail), u"⟦StoredTexts: %1⟧"_s.arg(detail));
 }
 
-TEST(StoredTextsTests, theNumberPicksThePluralOfADetail)
+TEST_F(StoredTextsTests, theNumberPicksThePluralOfADetail)
 {
     const NumberTranslation translation;
     EXPECT_EQ(shownDetail(u"1 files · 2 MB"_s), u"1"_s);
@@ -86,7 +96,7 @@ TEST(StoredTextsTests, theNumberPicksThePluralOfADetail)
     EXPECT_EQ(shownDetail(u"1 item across 2 categories"_s), u"-1"_s);
 }
 
-TEST(StoredTextsTests, whatIsKnownOfAnErrorIsTranslated)
+TEST_F(StoredTextsTests, whatIsKnownOfAnErrorIsTranslated)
 {
     const PseudoTranslation translation;
     for (const QString& line : {u"Skip a.txt: no"_s, u"Dir error /a: no"_s, u"Cannot create /a: no"_s,
@@ -95,7 +105,7 @@ TEST(StoredTextsTests, whatIsKnownOfAnErrorIsTranslated)
         EXPECT_EQ(shownError(line), u"⟦StoredTexts: %1⟧"_s.arg(line));
 }
 
-TEST(StoredTextsTests, anyOtherTextStaysAsItIs)
+TEST_F(StoredTextsTests, anyOtherTextStaysAsItIs)
 {
     const PseudoTranslation translation;
     EXPECT_EQ(shownTitle(u"Something of a later version"_s), u"Something of a later version"_s);
