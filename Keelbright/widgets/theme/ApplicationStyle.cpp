@@ -98,12 +98,16 @@ void drawControlGround(const QStyleOption& option, QPainter& painter, bool isFie
     painter.restore();
 }
 
-void drawMenuPanel(const QRect& rect, QPainter& painter)
+void drawMenuPanel(const QRect& rect, QPainter& painter, bool areCornersCutOff)
 {
     const Theme& theme = Theme::instance();
+    const QColor line = composed(theme.color(Role::card), theme.color(Role::controlLine));
     painter.save();
+    // What is left of the corners would be black without a compositor.
+    if (areCornersCutOff)
+        painter.fillRect(rect, line);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(composed(theme.color(Role::card), theme.color(Role::controlLine)), 1));
+    painter.setPen(QPen(line, 1));
     painter.setBrush(theme.color(Role::card));
     painter.drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), menuRadius, menuRadius);
     painter.restore();
@@ -124,11 +128,11 @@ QRegion roundedRegion(const QRect& rect)
     return region;
 }
 
-/// Without a compositor, which only X11 can lack, what is transparent would be black.
-bool mayLackCompositor()
+/// X11 is the one platform that may have no compositor, without which nothing is transparent.
+ApplicationStyle::Corners cornersOfPlatform()
 {
-    return !QGuiApplication::platformName().startsWith("wayland"_L1) &&
-           QGuiApplication::platformName() != "cocoa"_L1;
+    const QString platform = QGuiApplication::platformName();
+    return platform == "xcb"_L1 ? ApplicationStyle::Corners::cutOff : ApplicationStyle::Corners::transparent;
 }
 
 /// The symbol in place of one of the toolkit's pictures; empty if the toolkit's own is kept.
@@ -170,14 +174,18 @@ void ApplicationStyle::floatScrollBar(QAbstractScrollArea& area)
 }
 
 ApplicationStyle::ApplicationStyle()
+    : ApplicationStyle(cornersOfPlatform())
+{}
+
+ApplicationStyle::ApplicationStyle(Corners corners)
     : QProxyStyle(u"Fusion"_s)
+    , m_corners(corners)
 {}
 
 void ApplicationStyle::polish(QWidget* widget)
 {
     QProxyStyle::polish(widget);
-    // Its rounded corners show what lies behind.
-    if (qobject_cast<QMenu*>(widget) != nullptr)
+    if (qobject_cast<QMenu*>(widget) != nullptr && m_corners == Corners::transparent)
         widget->setAttribute(Qt::WA_TranslucentBackground);
 }
 
@@ -240,7 +248,7 @@ void ApplicationStyle::drawPrimitive(PrimitiveElement element, const QStyleOptio
     if (element == PE_FrameLineEdit)
         return; // drawn with the background
     if (element == PE_PanelMenu) {
-        drawMenuPanel(option->rect, *painter);
+        drawMenuPanel(option->rect, *painter, m_corners == Corners::cutOff);
         return;
     }
     if (element == PE_FrameMenu)
@@ -337,7 +345,7 @@ int ApplicationStyle::styleHint(StyleHint hint, const QStyleOption* option, cons
         return 0;
     case SH_Menu_Mask:
         if (auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(data);
-            mask != nullptr && option != nullptr && mayLackCompositor()) {
+            mask != nullptr && option != nullptr && m_corners == Corners::cutOff) {
             mask->region = roundedRegion(option->rect);
             return 1;
         }

@@ -8,14 +8,18 @@ class QAbstractScrollArea;
 namespace keelbright {
 
 /// Draws the toolkit's own widgets (menus, scroll bars, text fields, the folder chooser) so that they
-/// match the program's widgets. Menus have rounded corners: transparent ones, and on X11, where there may be
-/// no compositor, cut off as well.
+/// match the program's widgets.
 class ApplicationStyle : public QProxyStyle
 {
     Q_OBJECT
 
 public:
+    /// How the corners of menus are rounded: smoothly, or pixel by pixel, which needs no compositor.
+    enum class Corners { transparent, cutOff };
+
+    /// With the corners that the platform can surely show.
     ApplicationStyle();
+    explicit ApplicationStyle(Corners corners);
 
     /// Has the scroll bar of the area lie above its content, so that nothing moves when it is needed; the
     /// content leaves 12 points free at its right edge. Before the area is laid out.
@@ -38,6 +42,9 @@ public:
                                      const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* data) const override;
+
+private:
+    Corners m_corners;
 };
 
 } // namespace keelbright

@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QStyleOptionSlider>
 #include <QTest>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace keelbright {
@@ -29,10 +30,12 @@ protected:
     QScrollBar bar{Qt::Vertical};
 };
 
-class MenuStyleTest : public ::testing::Test
+/// An open menu of two entries.
+class MenuOf
 {
-protected:
-    MenuStyleTest()
+public:
+    explicit MenuOf(ApplicationStyle::Corners corners)
+        : style(corners)
     {
         menu.setStyle(&style);
         menu.addAction(QStringLiteral("Size"));
@@ -41,16 +44,23 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&menu));
     }
 
-    [[nodiscard]] static QColor lineOnCard()
+    [[nodiscard]] QImage picture() { return menu.grab().toImage(); }
+
+    [[nodiscard]] QList<QPoint> corners() const
     {
-        const Theme& theme = Theme::instance();
-        return composed(theme.color(Role::card), theme.color(Role::controlLine));
+        const QRect area = menu.rect();
+        return {area.topLeft(), area.topRight(), area.bottomLeft(), area.bottomRight()};
     }
 
-    testing::ThemeGuard guard{ColorScheme::light, true};
     ApplicationStyle style;
     QMenu menu;
 };
+
+QColor lineOnCard()
+{
+    const Theme& theme = Theme::instance();
+    return composed(theme.color(Role::card), theme.color(Role::controlLine));
+}
 
 } // namespace
 
@@ -97,32 +107,50 @@ TEST_F(ScrollBarStyleTest, theHandleStaysLargeEnoughToGrabOverAHugeRange)
     EXPECT_EQ(handle.height(), 32);
 }
 
-TEST_F(MenuStyleTest, hasRoundedCornersAndTheLineOfControls)
+TEST(MenuStyle, hasTransparentCornersAndTheLineOfControls)
 {
-    const QImage picture = menu.grab().toImage();
+    const testing::ThemeGuard guard(ColorScheme::light, true);
+    MenuOf open(ApplicationStyle::Corners::transparent);
+    const QImage picture = open.picture();
     const QRect area = picture.rect();
-    for (const QPoint& corner : {area.topLeft(), area.topRight(), area.bottomLeft(), area.bottomRight()})
+    for (const QPoint& corner : open.corners())
         EXPECT_EQ(picture.pixelColor(corner).alpha(), 0) << corner.x() << ", " << corner.y();
     for (const QPoint& edge : {QPoint(area.center().x(), 0), QPoint(area.center().x(), area.bottom()),
                                QPoint(0, area.center().y()), QPoint(area.right(), area.center().y())})
         EXPECT_EQ(picture.pixelColor(edge), lineOnCard()) << edge.x() << ", " << edge.y();
     EXPECT_EQ(picture.pixelColor(3, area.center().y()), Theme::instance().color(Role::card));
+    EXPECT_TRUE(open.menu.mask().isEmpty());
 }
 
-TEST_F(MenuStyleTest, itsCornersAreCutOffWhereThereMayBeNoCompositor)
+TEST(MenuStyle, itsCornersAreCutOffWhereThereMayBeNoCompositor)
 {
-    const QRegion mask = menu.mask();
-    const QRect area = menu.rect();
-    for (const QPoint& corner : {area.topLeft(), area.topRight(), area.bottomLeft(), area.bottomRight()})
+    const testing::ThemeGuard guard(ColorScheme::light, true);
+    MenuOf open(ApplicationStyle::Corners::cutOff);
+    const QRegion mask = open.menu.mask();
+    const QRect area = open.menu.rect();
+    for (const QPoint& corner : open.corners())
         EXPECT_FALSE(mask.contains(corner)) << corner.x() << ", " << corner.y();
     EXPECT_TRUE(mask.contains(QPoint(area.center().x(), 0)));
     EXPECT_TRUE(mask.contains(QPoint(0, area.center().y())));
-    // Nothing that is drawn is cut off.
-    const QImage picture = menu.grab().toImage();
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x)
-            EXPECT_TRUE(picture.pixelColor(x, y).alpha() == 0 || mask.contains(QPoint(x, y)))
+    const int outermost = static_cast<int>(std::ranges::count_if(
+        QList<int>{0, 1, 2, 3, 4, 5, 6, 7}, [&mask](int x) { return !mask.contains(QPoint(x, 0)); }));
+    EXPECT_EQ(outermost, 4) << "of eight pixels in the first row";
+}
+
+TEST(MenuStyle, nothingBlackIsLeftOfCornersThatAreCutOff)
+{
+    const testing::ThemeGuard guard(ColorScheme::light, true);
+    MenuOf open(ApplicationStyle::Corners::cutOff);
+    const QRegion mask = open.menu.mask();
+    const QImage picture = open.picture();
+    const int darkest = lineOnCard().lightness() - 1; // painting rounds
+    for (int y = 0; y < 8; ++y) {
+        for (int x = 0; x < 8; ++x) {
+            const QColor color = picture.pixelColor(x, y);
+            EXPECT_TRUE(!mask.contains(QPoint(x, y)) ||
+                        (color.alpha() == 255 && color.lightness() >= darkest))
                 << x << ", " << y;
+        }
     }
 }
 
