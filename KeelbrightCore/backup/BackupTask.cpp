@@ -42,7 +42,7 @@ void BackupTask::destroy(BackupTask* task)
     if (task->thread() == QThread::currentThread())
         delete task;
     else
-        task->deleteLater();
+        waitingForMemory([task] { task->deleteLater(); });
 }
 
 void BackupTask::post(Change change, NextChange next)

@@ -1,5 +1,6 @@
 // Backups during which memory runs out, at every single `operator new` of a small run.
 
+#include "KeelbrightCore/backup/BackupTask.h"
 #include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/system/WaitForMemory.h"
@@ -8,12 +9,16 @@
 #include "tests/support/EngineRun.h"
 #include "tests/support/Printing.h"
 
+#include <QEvent>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSemaphore>
+#include <QThread>
 #include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <thread>
+#include <tuple>
 
 namespace keelbright::testing {
 namespace {
@@ -202,6 +207,32 @@ TEST_F(MemoryTest, allocationsOfManyWorkersMayFail)
     constexpr long step = 53; // no divisor of the allocations that an item takes
     for (long first = 0; runWithout(first, 1) && !HasFailure(); first += step) {
     }
+}
+
+TEST_F(MemoryTest, aRunLetsGoOfItsTaskThoughMemoryRunsOutForThat)
+{
+    auto task = BackupTask::create(engine);
+    bool isDestroyed = false;
+    QObject::connect(task.get(), &QObject::destroyed, [&isDestroyed] { isDestroyed = true; });
+    QSemaphore isReady;
+    QSemaphore mayGo;
+    std::thread thread([&] {
+        std::ignore = QThread::currentThread(); // what Qt keeps for a thread is there
+        isReady.release();
+        mayGo.acquire();
+        task.reset();
+    });
+    isReady.acquire();
+    long failed = 0;
+    {
+        const FailingAllocations failing(0, 1);
+        mayGo.release();
+        thread.join();
+        failed = failing.failed();
+    }
+    EXPECT_EQ(failed, 1);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(isDestroyed);
 }
 
 TEST_F(MemoryTest, aWalkGoesOnWhereMemoryWasMissing)
