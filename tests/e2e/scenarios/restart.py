@@ -1,4 +1,6 @@
-from keelbright import CHOOSE_FOLDER
+import json
+
+from keelbright import CHOOSE_FOLDER, WINDOW
 from scenario import Scenario
 
 
@@ -32,6 +34,28 @@ class Restart(Scenario):
         self.assertEqual(lines[start + 7], f"Folder: Photos Library, Path: {home}/Pictures/"
                                            "Photos Library.photoslibrary, Exists: true")
         self.assertEqual(lines[start + 8], "-------------------------------")
+
+
+    def test_opens_where_it_stood(self):
+        self.start().button("Continue")
+        self.leave()
+        file = self.machine.support / "window.json"
+        place = json.loads(file.read_text())
+        self.assertEqual((place["width"], place["height"], place["isMaximized"]), (1180, 760, False))
+        file.write_text(json.dumps({**place, "x": 120, "y": 90, "width": 900, "height": 650}))
+
+        box = self.start().window(WINDOW).box
+        self.assertEqual((box.x, box.y, box.width, box.height), (120, 90, 900, 650))
+        self.leave()
+        self.assertEqual(json.loads(file.read_text()),
+                         {"x": 120, "y": 90, "width": 900, "height": 650, "isMaximized": False})
+
+    def test_is_brought_back_from_a_screen_that_is_gone(self):
+        self.machine.support.mkdir(parents=True, exist_ok=True)
+        (self.machine.support / "window.json").write_text(
+            json.dumps({"x": 3000, "y": 200, "width": 900, "height": 650, "isMaximized": False}))
+        box = self.start().window(WINDOW).box
+        self.assertEqual((box.x, box.y), (500, 200))
 
 
 class SettingsWindow(Scenario):
