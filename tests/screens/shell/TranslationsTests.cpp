@@ -1,7 +1,9 @@
 #include "Keelbright/screens/shell/Translations.h"
 
 #include <QCoreApplication>
-#include <QLocale>
+#include <QFile>
+#include <QKeySequence>
+#include <QLibraryInfo>
 #include <gtest/gtest.h>
 
 namespace keelbright {
@@ -62,6 +64,16 @@ TEST(TranslationsTests, theTextsAreEnglishAgainAfterIt)
         const Translations translations(QStringList{u"de"_s});
     }
     EXPECT_EQ(settings(), u"Settings"_s);
+}
+
+TEST(TranslationsTests, theKeysHaveTheNamesThatQtGivesThem)
+{
+    if (!QFile::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + u"/qtbase_de.qm"_s))
+        GTEST_SKIP() << "Qt's own translations are not installed (Debian: qt6-translations-l10n)";
+    const QKeySequence undo(Qt::CTRL | Qt::Key_Z);
+    EXPECT_EQ(undo.toString(QKeySequence::NativeText), u"Ctrl+Z"_s);
+    const Translations translations(QStringList{u"de"_s});
+    EXPECT_EQ(undo.toString(QKeySequence::NativeText), u"Strg+Z"_s);
 }
 
 TEST(TranslationsTests, aNumberPicksItsForm)
