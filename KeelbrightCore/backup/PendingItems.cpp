@@ -29,9 +29,12 @@ int possibleWorkers()
     return std::clamp(QThread::idealThreadCount(), 1, maximumWorkers);
 }
 
-bool isForLackOfRoom(const CopyQueue::Item& item)
+/// Not after a failed swap, whose temporary file stays as it may be the only whole copy: another try would
+/// leave it beside the copy.
+bool isWorthAnotherTry(const CopyQueue::Item& item)
 {
-    return !item.result && item.result.error().isForLackOfRoom();
+    return !item.result && item.result.error().isForLackOfRoom() &&
+           item.result.error().operation != FileError::Operation::replaced;
 }
 
 void flushBeforeReplacing(CopyQueue::Item& item)
@@ -165,7 +168,7 @@ void PendingItems::completeBurst(qsizetype count)
             return;
         }
         publish(*item);
-        if (isForLackOfRoom(*item)) {
+        if (isWorthAnotherTry(*item)) {
             Items rest = waitingForMemory([&] { return withRoomFor(items.end() - item); });
             CopyQueue::Item lacking = std::move(*item);
             std::move(item + 1, items.end(), std::back_inserter(rest));

@@ -312,6 +312,20 @@ TEST_F(PendingItemsTest, preparesACopyOnceMoreWhereItsNameFoundNoRoom)
     EXPECT_EQ(record.names("prepared").count("f0100"), 2);
 }
 
+TEST_F(PendingItemsTest, doesNotRepeatASwapThatFoundNoRoomAsItsTemporaryFileStays)
+{
+    prepare = [&](const QByteArray& item) -> Prepared {
+        record.append("prepared " + item);
+        return std::make_unique<RecordedCopy>(item, record, 1,
+                                              failure(FileError::Operation::replaced, item, ENOSPC));
+    };
+    runWhole({"a"});
+    EXPECT_EQ(record.names("prepared"), QByteArrayList{"a"});
+    EXPECT_THAT(engine.progress().errors,
+                ElementsAre(QStringLiteral(
+                    "Skip a: “a” could not be replaced: there is not enough space on the drive.")));
+}
+
 TEST_F(PendingItemsTest, reportsACopyThatHasNoRoomEvenAlone)
 {
     prepare = [&](const QByteArray& item) -> Prepared {
