@@ -89,51 +89,51 @@
     <message numerus="yes">
         <source>Used heavily before (%1 times, ~%2/mo). Dormant for %3 months.</source>
         <translation>
-            <numerusform>Früher viel benutzt (%1-mal, etwa %2/Monat). Seit %3 Monat ungenutzt.</numerusform>
-            <numerusform>Früher viel benutzt (%1-mal, etwa %2/Monat). Seit %3 Monaten ungenutzt.</numerusform>
+            <numerusform>Viel benutzt (%1-mal, ~%2/Monat), seit %3 Monat nicht.</numerusform>
+            <numerusform>Viel benutzt (%1-mal, ~%2/Monat), seit %3 Monaten nicht.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Used regularly (%1 times total). Dormant for %2 months.</source>
         <translation>
-            <numerusform>Regelmäßig benutzt (insgesamt %1-mal). Seit %2 Monat ungenutzt.</numerusform>
-            <numerusform>Regelmäßig benutzt (insgesamt %1-mal). Seit %2 Monaten ungenutzt.</numerusform>
+            <numerusform>Regelmäßig benutzt (%1-mal), seit %2 Monat nicht.</numerusform>
+            <numerusform>Regelmäßig benutzt (%1-mal), seit %2 Monaten nicht.</numerusform>
         </translation>
     </message>
     <message>
         <source>Opened %1 times in %2 month. Last used %3 months ago.</source>
-        <translation>%1-mal in %2 Monat(en) geöffnet. Zuletzt vor %3 Monaten benutzt.</translation>
+        <translation>%1-mal in %2 Monat(en) geöffnet, zuletzt vor %3 Monaten.</translation>
     </message>
     <message numerus="yes">
         <source>Opened %1 times in %2 months. Last used %3 months ago.</source>
         <translation>
-            <numerusform>%1-mal in %2 Monaten geöffnet. Zuletzt vor %3 Monat benutzt.</numerusform>
-            <numerusform>%1-mal in %2 Monaten geöffnet. Zuletzt vor %3 Monaten benutzt.</numerusform>
+            <numerusform>%1-mal in %2 Monaten geöffnet, zuletzt vor %3 Monat.</numerusform>
+            <numerusform>%1-mal in %2 Monaten geöffnet, zuletzt vor %3 Monaten.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Opened %1 times total. Last used %2 days ago.</source>
         <translation>
-            <numerusform>Insgesamt %1-mal geöffnet. Zuletzt vor %2 Tag benutzt.</numerusform>
-            <numerusform>Insgesamt %1-mal geöffnet. Zuletzt vor %2 Tagen benutzt.</numerusform>
+            <numerusform>%1-mal geöffnet, zuletzt vor %2 Tag.</numerusform>
+            <numerusform>%1-mal geöffnet, zuletzt vor %2 Tagen.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Opened %1 times. Last used %2 days ago.</source>
         <translation>
-            <numerusform>%1-mal geöffnet. Zuletzt vor %2 Tag benutzt.</numerusform>
-            <numerusform>%1-mal geöffnet. Zuletzt vor %2 Tagen benutzt.</numerusform>
+            <numerusform>%1-mal geöffnet, zuletzt vor %2 Tag.</numerusform>
+            <numerusform>%1-mal geöffnet, zuletzt vor %2 Tagen.</numerusform>
         </translation>
     </message>
     <message>
         <source>Installed %1 day ago — too early to judge.</source>
-        <translation>Vor %1 Tag installiert – noch zu früh für ein Urteil.</translation>
+        <translation>Vor %1 Tag installiert – zu früh für ein Urteil.</translation>
     </message>
     <message numerus="yes">
         <source>Installed %1 days ago — too early to judge.</source>
         <translation>
-            <numerusform>Vor %1 Tag installiert – noch zu früh für ein Urteil.</numerusform>
-            <numerusform>Vor %1 Tagen installiert – noch zu früh für ein Urteil.</numerusform>
+            <numerusform>Vor %1 Tag installiert – zu früh für ein Urteil.</numerusform>
+            <numerusform>Vor %1 Tagen installiert – zu früh für ein Urteil.</numerusform>
         </translation>
     </message>
     <message>
@@ -151,8 +151,8 @@
     <message numerus="yes">
         <source>Used %1 times — last opened %2.</source>
         <translation>
-            <numerusform>%1-mal benutzt – zuletzt %2 geöffnet.</numerusform>
-            <numerusform>%1-mal benutzt – zuletzt %2 geöffnet.</numerusform>
+            <numerusform>%1-mal benutzt, zuletzt %2.</numerusform>
+            <numerusform>%1-mal benutzt, zuletzt %2.</numerusform>
         </translation>
     </message>
     <message>
