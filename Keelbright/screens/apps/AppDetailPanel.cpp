@@ -35,7 +35,8 @@ AppDetailPanel::AppDetailPanel(AppInfo app, const ScreenContext& context, AppIco
 {
     m_model.loadLeftovers();
     auto* page = new Page(this);
-    page->content()->addWidget(makeHeader());
+    // It stays at the top where there is little below it.
+    page->content()->addWidget(makeHeader(), 0, Qt::AlignTop);
     page->content()->addWidget(new AppUsageSection(m_model.app(), context.state.now(), page));
     page->content()->addWidget(new AppStoreSection(m_model, page));
     page->content()->addWidget(new LeftoversSection(m_model, context.workspace, page));
@@ -59,8 +60,6 @@ QWidget* AppDetailPanel::makeHeader()
     constexpr int iconSide = 56;
     const AppInfo& app = m_model.app();
     auto* header = new QWidget(this);
-    // It stays at the top where there is little below it.
-    header->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     auto* row = new QHBoxLayout(header);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(14);
@@ -69,13 +68,11 @@ QWidget* AppDetailPanel::makeHeader()
     texts->setSpacing(2);
     texts->addStretch();
     texts->addLayout(makeTitle(header));
-    auto* facts = new QHBoxLayout;
-    facts->setSpacing(10);
+    auto* facts = new FlowLayout(10, 0);
     facts->addWidget(new ElidedLabel(tr("v%1").arg(app.version), FontRole::secondary, Role::secondaryText,
                                      Qt::ElideRight, header));
     facts->addWidget(
         new ElidedLabel(app.bundleID, FontRole::secondary, Role::secondaryText, Qt::ElideMiddle, header));
-    facts->addStretch(1);
     texts->addLayout(facts);
     texts->addStretch();
     row->addLayout(texts, 1);

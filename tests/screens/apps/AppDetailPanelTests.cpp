@@ -230,6 +230,21 @@ TEST_F(AppDetailPanelTests, theNumbersStandBelowEachOtherWhereThePanelIsNarrow)
     }
 }
 
+TEST_F(AppDetailPanelTests, nothingInTheHeaderLiesOnAnotherWhereThePanelIsNarrow)
+{
+    const auto panel = makeSettledPanel(sketchbook());
+    panel->resize(340, 560);
+    turnFrame();
+    QList<QRect> rects;
+    for (const auto* shown : panel->findChild<AppIconLabel*>()->parentWidget()->findChildren<QLabel*>())
+        rects.append({shown->mapTo(panel.get(), QPoint()), shown->size()});
+    ASSERT_EQ(rects.size(), 4) << "name, tag, version, identifier";
+    for (qsizetype i = 0; i < rects.size(); ++i) {
+        for (qsizetype j = i + 1; j < rects.size(); ++j)
+            EXPECT_FALSE(rects.at(i).intersects(rects.at(j))) << i << " and " << j;
+    }
+}
+
 TEST_F(AppDetailPanelTests, theHeaderStaysAtTheTopAndTheBarBelowTheCards)
 {
     const auto panel = makeSettledPanel(sketchbook());
