@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/system/Cancellation.h"
+#include "KeelbrightCore/platform/system/Logging.h"
 
 #include <cerrno>
 #include <new>
@@ -54,6 +55,7 @@ try {
     }
 } catch (const std::bad_alloc&) {
     // The rest can be undone when there is memory again.
+    qCDebug(storageLog) << "not enough memory for the rest of the undo";
 }
 
 void removeEmptyFolders(const QList<FileURL>& folders, FileManager& fm)

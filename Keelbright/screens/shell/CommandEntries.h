@@ -29,9 +29,9 @@ public:
 private:
     struct Entry
     {
-        ScreenCommand command;
-        QMenu* menu;
-        QAction* ofWindow;
+        ScreenCommand command{};
+        QMenu* menu = nullptr;
+        QAction* ofWindow = nullptr;
         QPointer<QAction> shown;
     };
 
