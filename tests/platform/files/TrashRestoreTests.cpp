@@ -104,9 +104,9 @@ TEST_F(TrashRestoreTests, theSecondOfOneNameGoesBackToItsOwnPlace)
 
 TEST_F(TrashRestoreTests, aFolderThatIsGoneIsMadeAgain)
 {
-    const TrashedItem note = trash(m_mac.writeFile("Users/mira/Work/2026/note.txt", "n"));
-    ASSERT_EQ(::rmdir(m_mac.home().appendingNative("Work/2026").nativePath().constData()), 0);
-    ASSERT_EQ(::rmdir(m_mac.home().appendingNative("Work").nativePath().constData()), 0);
+    const TrashedItem note = trash(m_mac.writeFile("Users/mira/Letters/2026/note.txt", "n"));
+    ASSERT_EQ(::rmdir(m_mac.home().appendingNative("Letters/2026").nativePath().constData()), 0);
+    ASSERT_EQ(::rmdir(m_mac.home().appendingNative("Letters").nativePath().constData()), 0);
     restore(note);
     EXPECT_EQ(TestMac::read(note.origin), "n");
 }
@@ -171,9 +171,9 @@ TEST_F(TrashRestoreTests, aLinkOrAPipeIsNoRecord)
 
 TEST_F(TrashRestoreTests, aFileInThePlaceOfTheFolderIsReported)
 {
-    const TrashedItem note = trash(m_mac.writeFile("Users/mira/Work/note.txt", "n"));
-    ASSERT_EQ(::rmdir(m_mac.home().appendingNative("Work").nativePath().constData()), 0);
-    m_mac.writeFile("Users/mira/Work", "a file");
+    const TrashedItem note = trash(m_mac.writeFile("Users/mira/Letters/note.txt", "n"));
+    ASSERT_EQ(::rmdir(m_mac.home().appendingNative("Letters").nativePath().constData()), 0);
+    m_mac.writeFile("Users/mira/Letters", "a file");
     expectStaysAway(note, QStringLiteral("“note.txt” could not be put back: a file stands in the place of a "
                                          "folder."));
     EXPECT_TRUE(exists(note.place));
