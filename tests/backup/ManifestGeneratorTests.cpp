@@ -14,16 +14,6 @@ namespace {
 class ManifestGeneratorTest : public ::testing::Test
 {
 protected:
-    void SetUp() override { qputenv("SHELL", "/bin/zsh"); }
-
-    void TearDown() override
-    {
-        if (m_shell.isNull())
-            qunsetenv("SHELL");
-        else
-            qputenv("SHELL", m_shell);
-    }
-
     [[nodiscard]] BackupManifest generate() const { return ManifestGenerator::generate(job); }
 
     TestMac mac;
@@ -32,9 +22,6 @@ protected:
                    {QUuid::createUuid(), FileURL::fromPath(u"/Users/mira/Secret Plans"_s), false}},
                   {QUuid::createUuid(), FileURL::fromPath(u"/Volumes/Anchor"_s)},
                   QDateTime(QDate(2026, 3, 1), QTime(9, 5, 7, 250), Qt::UTC)};
-
-private:
-    QByteArray m_shell = qgetenv("SHELL");
 };
 
 } // namespace
@@ -118,9 +105,10 @@ TEST_F(ManifestGeneratorTest, withoutAnApplicationsFolderTheListIsEmpty)
 TEST_F(ManifestGeneratorTest, theShellComesFromTheEnvironment)
 {
     EXPECT_EQ(generate().shellInfo, u"/bin/zsh"_s);
-    qputenv("SHELL", "");
+    const EnvironmentVariable shell("SHELL");
+    shell.set("");
     EXPECT_EQ(generate().shellInfo, QString());
-    qunsetenv("SHELL");
+    shell.unset();
     EXPECT_EQ(generate().shellInfo, u"unknown"_s);
 }
 

@@ -35,6 +35,7 @@ TestMac::TestMac()
     // What asks the environment instead of the file manager must not find the real ones.
     m_configurationHome.set(home().appendingNative(".config").nativePath());
     m_dataHome.set(m_fileManager.applicationSupportDirectory().nativePath());
+    m_shell.set("/bin/zsh");
     setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
     setTimeZone("Europe/Berlin");
 }

@@ -11,8 +11,8 @@
 namespace keelbright::testing {
 
 /// A whole machine in a temporary folder, standing for the real one while it lives: file manager,
-/// home, the folders for configuration and data below it, locale (American English), time zone
-/// (Berlin) and clock (2026-03-02 09:05:07 UTC).
+/// home, the folders for configuration and data below it, login shell (/bin/zsh), locale (American
+/// English), time zone (Berlin) and clock (2026-03-02 09:05:07 UTC).
 class TestMac
 {
 public:
@@ -48,6 +48,7 @@ private:
     EnvironmentVariable m_timeZone{"TZ"};
     EnvironmentVariable m_configurationHome{"XDG_CONFIG_HOME"};
     EnvironmentVariable m_dataHome{"XDG_DATA_HOME"};
+    EnvironmentVariable m_shell{"SHELL"};
     std::shared_ptr<QDateTime> m_now;
 };
 

@@ -33,16 +33,20 @@ TEST(TestMac, putsTheEnvironmentBack)
     const EnvironmentVariable timeZone("TZ");
     const EnvironmentVariable configurationHome("XDG_CONFIG_HOME");
     const EnvironmentVariable dataHome("XDG_DATA_HOME");
+    const EnvironmentVariable shell("SHELL");
     timeZone.set("Asia/Kathmandu");
     configurationHome.set("/before");
     dataHome.unset();
+    shell.unset(); // as where a service starts the tests
     {
         TestMac mac;
+        EXPECT_EQ(qgetenv("SHELL"), "/bin/zsh");
         mac.setTimeZone("America/New_York");
     }
     EXPECT_EQ(qgetenv("TZ"), "Asia/Kathmandu");
     EXPECT_EQ(qgetenv("XDG_CONFIG_HOME"), "/before");
     EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_DATA_HOME"));
+    EXPECT_FALSE(qEnvironmentVariableIsSet("SHELL"));
     const QDateTime noon(QDate(2026, 3, 2), QTime(12, 0), Qt::UTC);
     EXPECT_EQ(noon.toLocalTime().offsetFromUtc(), 20'700) << "the clock knows the zone too";
 }
