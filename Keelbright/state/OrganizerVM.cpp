@@ -5,6 +5,7 @@
 #include "Keelbright/state/L10n.h"
 #include "Keelbright/state/StoredTexts.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/MachinePlaces.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/storage/OrganizerService.h"
@@ -41,7 +42,8 @@ OrganizerVM::OrganizerVM(ActivityStore& activityStore, FolderChooser& folderChoo
 void OrganizerVM::scan(QuickTarget target)
 {
     setActiveTarget(target);
-    scan(FileManager::defaultManager().homeDirectory().appending(rawValue(target)));
+    const UserFolder folder = target == QuickTarget::desktop ? UserFolder::desktop : UserFolder::downloads;
+    scan(MachinePlaces(FileManager::defaultManager()).userFolder(folder));
 }
 
 void OrganizerVM::pickCustomFolder()

@@ -1,6 +1,7 @@
 #include "KeelbrightCore/apps/AppLeftoversScanner.h"
 
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/MachinePlaces.h"
 #include "KeelbrightCore/storage/FolderSizeService.h"
 
 #include <algorithm>
@@ -16,7 +17,7 @@ using Kind = AppLeftover::Kind;
 
 struct Place
 {
-    QByteArray folder; ///< ends with a slash
+    FileURL folder;
     QByteArray name;
     Kind kind;
 };
@@ -29,7 +30,7 @@ public:
         : m_cancellation(cancellation)
         , m_bundleID(bundleID.toUtf8())
         , m_appName(appName.toUtf8())
-        , m_library(m_fileManager.homeDirectory().nativePath() + "/Library/")
+        , m_library(MachinePlaces(m_fileManager).macLibrary())
     {}
 
     QList<AppLeftover> run()
@@ -42,27 +43,23 @@ public:
     }
 
 private:
-    [[nodiscard]] QByteArray systemPath(const QString& folder) const
-    {
-        return m_fileManager.systemLocation(folder).nativePath() + '/';
-    }
-
     [[nodiscard]] QList<Place> fixedPlaces() const
     {
-        return {{m_library + "Preferences/", m_bundleID + ".plist", Kind::preferences},
-                {m_library + "Preferences/", m_bundleID + ".LSSharedFileList.plist", Kind::preferences},
-                {m_library + "Caches/", m_bundleID, Kind::cache},
-                {m_library + "Application Support/", m_bundleID, Kind::support},
-                {m_library + "Application Support/", m_appName, Kind::support},
-                {m_library + "Containers/", m_bundleID, Kind::container},
-                {m_library + "Saved Application State/", m_bundleID + ".savedState", Kind::savedState},
-                {m_library + "WebKit/", m_bundleID, Kind::cache},
-                {m_library + "HTTPStorages/", m_bundleID, Kind::cache},
-                {m_library + "HTTPStorages/", m_bundleID + ".binarycookies", Kind::cache},
-                {m_library + "Application Scripts/", m_bundleID, Kind::support},
-                {m_library + "LaunchAgents/", m_bundleID + ".plist", Kind::launchAgent},
-                {systemPath(u"/Library/LaunchAgents"_s), m_bundleID + ".plist", Kind::launchAgent},
-                {systemPath(u"/Library/LaunchDaemons"_s), m_bundleID + ".plist", Kind::launchAgent}};
+        const QByteArray list = m_bundleID + ".plist";
+        return {{m_library.preferences, list, Kind::preferences},
+                {m_library.preferences, m_bundleID + ".LSSharedFileList.plist", Kind::preferences},
+                {m_library.caches, m_bundleID, Kind::cache},
+                {m_library.applicationSupport, m_bundleID, Kind::support},
+                {m_library.applicationSupport, m_appName, Kind::support},
+                {m_library.containers, m_bundleID, Kind::container},
+                {m_library.savedStates, m_bundleID + ".savedState", Kind::savedState},
+                {m_library.webKit, m_bundleID, Kind::cache},
+                {m_library.httpStorages, m_bundleID, Kind::cache},
+                {m_library.httpStorages, m_bundleID + ".binarycookies", Kind::cache},
+                {m_library.applicationScripts, m_bundleID, Kind::support},
+                {m_library.launchAgents, list, Kind::launchAgent},
+                {m_library.systemLaunchAgents, list, Kind::launchAgent},
+                {m_library.systemLaunchDaemons, list, Kind::launchAgent}};
     }
 
     void searchFixedPlaces()
@@ -72,7 +69,7 @@ private:
             // of the user look like a leftover.
             if (!place.name.isEmpty() && !isFileName(place.name))
                 continue;
-            const FileURL url = FileURL::fromNativePath(place.folder + place.name);
+            const FileURL url = place.folder.appendingNative(place.name);
             if (m_fileManager.fileExists(url).exists)
                 append(url, place.kind);
         }
@@ -80,7 +77,7 @@ private:
 
     void searchGroupContainers()
     {
-        for (const FileURL& url : contents("Group Containers")) {
+        for (const FileURL& url : contents(m_library.groupContainers)) {
             // Behind the prefix of a team, and anywhere else in the name.
             if (url.nativeLastPathComponent().contains(m_bundleID))
                 append(url, Kind::container);
@@ -89,7 +86,7 @@ private:
 
     void searchPreferences()
     {
-        for (const FileURL& url : contents("Preferences")) {
+        for (const FileURL& url : contents(m_library.preferences)) {
             const QByteArray name = url.nativeLastPathComponent();
             const bool isListed = std::ranges::find(m_found, url, &AppLeftover::url) != m_found.end();
             if (name.startsWith(m_bundleID) && pathExtensionOf(name) == "plist" && !isListed)
@@ -97,10 +94,10 @@ private:
         }
     }
 
-    [[nodiscard]] QList<FileURL> contents(const QByteArray& folder) const
+    [[nodiscard]] QList<FileURL> contents(const FileURL& folder) const
     {
-        const auto entries = m_fileManager.contentsOfDirectory(FileURL::fromNativePath(m_library + folder),
-                                                               DirectoryEnumerator::Option::skipsHiddenFiles);
+        const auto entries =
+            m_fileManager.contentsOfDirectory(folder, DirectoryEnumerator::Option::skipsHiddenFiles);
         QList<FileURL> urls;
         for (const DirectoryEntry& entry : entries.value_or(QList<DirectoryEntry>()))
             urls.append(entry.url);
@@ -125,7 +122,7 @@ private:
     const Cancellation& m_cancellation;
     const QByteArray m_bundleID;
     const QByteArray m_appName;
-    const QByteArray m_library;
+    const MacLibrary m_library;
     QList<AppLeftover> m_found;
 };
 

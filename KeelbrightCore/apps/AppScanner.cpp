@@ -3,6 +3,7 @@
 #include "KeelbrightCore/apps/ScanWork.h"
 #include "KeelbrightCore/apps/SpotlightMetadata.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/MachinePlaces.h"
 #include "KeelbrightCore/platform/formats/PropertyList.h"
 #include "KeelbrightCore/platform/system/Logging.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
@@ -29,13 +30,6 @@ using AppScanner::spotlightMetadata;
 using AppScanner::startStep;
 
 constexpr qsizetype workWidth = 32;
-
-QList<FileURL> roots(const FileManager& fileManager)
-{
-    return {fileManager.systemLocation(u"/Applications"_s),
-            fileManager.systemLocation(u"/Applications/Utilities"_s),
-            FileURL::fromNativePath(fileManager.homeDirectory().nativePath() + "/Applications")};
-}
 
 /// Does a part of a scan; where memory runs out for it, the scan goes on without it.
 template <typename Part> void asFarAsMemoryAllows(Part part)
@@ -71,7 +65,7 @@ QList<FileURL> installedBundles()
     QList<FileURL> bundles;
     SeenPaths seen;
     asFarAsMemoryAllows([&] {
-        for (const FileURL& root : roots(FileManager::defaultManager()))
+        for (const FileURL& root : MachinePlaces(FileManager::defaultManager()).bundleFolders())
             asFarAsMemoryAllows([&] { addBundles(root, seen, bundles); });
     });
     return bundles;

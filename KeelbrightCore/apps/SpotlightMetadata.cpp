@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/apps/ScanWork.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/MachinePlaces.h"
 #include "KeelbrightCore/platform/files/OutOfMemory.h"
 #include "KeelbrightCore/platform/system/Logging.h"
 #include "KeelbrightCore/platform/system/Subprocess.h"
@@ -51,7 +52,7 @@ qint64 wholeNumber(const QString& text)
 
 std::expected<void, FileError> askTool(const FileURL& bundle, Subprocess::Receiver receive)
 {
-    const FileURL tool = FileManager::defaultManager().systemLocation(u"/usr/bin/mdls"_s);
+    const FileURL tool = MachinePlaces::metadataTool(FileManager::defaultManager());
     return Subprocess::start(tool,
                              {"-name", "kMDItemLastUsedDate", "-name", "kMDItemUseCount", "-name",
                               "kMDItemDateAdded", bundle.nativePath()},

@@ -1,6 +1,7 @@
 #include "KeelbrightCore/backup/ManifestGenerator.h"
 
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/MachinePlaces.h"
 #include "KeelbrightCore/platform/system/Host.h"
 #include "KeelbrightCore/platform/system/ProgramVersion.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 QStringList installedApps(const FileManager& fileManager)
 {
-    const auto entries = fileManager.contentsOfDirectory(fileManager.systemLocation(u"/Applications"_s), {});
+    const auto entries = fileManager.contentsOfDirectory(MachinePlaces(fileManager).sharedBundleFolder(), {});
     if (!entries)
         return {};
     QStringList names;

@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/MachinePlaces.h"
 #include "KeelbrightCore/platform/text/ByteCountFormatter.h"
 #include "KeelbrightCore/platform/text/ByteSum.h"
 
@@ -81,12 +82,7 @@ private:
             m_result.destinationFreeSpace = capacity->freeBytes.value_or(0);
     }
 
-    [[nodiscard]] bool isDangerous(const FileURL& url) const
-    {
-        return url == m_fileManager.systemLocation(u"/System"_s) ||
-               url == m_fileManager.systemLocation(u"/Library"_s) ||
-               url == m_fileManager.systemLocation(u"/"_s);
-    }
+    [[nodiscard]] bool isDangerous(const FileURL& url) const { return m_systemFolders.contains(url); }
 
     /// Reports the first problem of the source and no other.
     bool isValid(const BackupSource& source)
@@ -156,6 +152,7 @@ private:
     }
 
     const FileManager& m_fileManager = FileManager::defaultManager();
+    const QList<FileURL> m_systemFolders = MachinePlaces(m_fileManager).systemFolders();
     const FileURL m_destination;
     const FileURL m_resolvedDestination;
     const std::optional<PlaceOnVolume> m_placeOfDestination;

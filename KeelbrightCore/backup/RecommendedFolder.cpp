@@ -6,7 +6,7 @@ namespace keelbright {
 
 FileURL RecommendedFolder::url() const
 {
-    return FileManager::defaultManager().homeDirectory().appending(relativePath);
+    return place ? *place : FileManager::defaultManager().homeDirectory().appending(relativePath);
 }
 
 bool RecommendedFolder::exists() const

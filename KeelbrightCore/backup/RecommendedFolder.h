@@ -3,10 +3,11 @@
 #include "KeelbrightCore/backup/BackupSource.h"
 
 #include <QList>
+#include <optional>
 
 namespace keelbright {
 
-/// A suggested folder below the user's home.
+/// A suggested folder, which lies below the user's home unless the user has put it elsewhere.
 struct RecommendedFolder
 {
     QUuid id;
@@ -15,6 +16,7 @@ struct RecommendedFolder
     QString description;
     QString icon;
     bool isEnabled = false;
+    std::optional<FileURL> place = {}; ///< where it lies if not at its path below the home
 
     [[nodiscard]] FileURL url() const;
     /// Asks the file system at each call.

@@ -1,6 +1,7 @@
 #include "Keelbright/state/OrganizerVM.h"
 #include "tests/state/OrganizerVMFixture.h"
 #include "tests/support/HeldFileManager.h"
+#include "tests/support/TestLinux.h"
 
 #include <QSemaphore>
 #include <QSignalSpy>
@@ -69,6 +70,29 @@ TEST_F(OrganizerVMTest, aQuickTargetIsScannedInTheHome)
     EXPECT_EQ(model.activeTarget(), QuickTarget::downloads);
     EXPECT_EQ(model.targetFolder(), downloads());
     EXPECT_EQ(plan(), QStringList{u"Audio: b.mp3"_s});
+}
+
+TEST_F(OrganizerVMTest, onAnotherDesktopAQuickTargetIsTheFolderThatTheUserHasChosen)
+{
+    const TestLinux linuxMachine;
+    linuxMachine.madeUp(MadeUpLinux::Desktop::gnome, MadeUpLinux::Language::german).addUserFolders();
+    linuxMachine.files().text("home/mira/Schreibtisch/a.png", "1");
+    model.scan(QuickTarget::desktop);
+    EXPECT_EQ(model.targetFolder(), linuxMachine.atHome("Schreibtisch"));
+    waitForPlan();
+    EXPECT_EQ(plan(), QStringList{u"Images: a.png"_s});
+    waitForTasks();
+}
+
+TEST_F(OrganizerVMTest, aDesktopThatIsSwitchedOffNeverSortsTheHomeItself)
+{
+    const TestLinux linuxMachine;
+    linuxMachine.files().text("home/mira/.config/user-dirs.dirs", "XDG_DESKTOP_DIR=\"$HOME/\"\n");
+    linuxMachine.files().text("home/mira/letter.txt", "1");
+    model.scan(QuickTarget::desktop);
+    waitForPlan();
+    EXPECT_THAT(model.proposals(), IsEmpty());
+    waitForTasks();
 }
 
 TEST_F(OrganizerVMTest, aNewPlanIsAllTickedWithItsLargestCategoryOpen)

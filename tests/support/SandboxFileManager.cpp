@@ -8,7 +8,7 @@ SandboxFileManager::SandboxFileManager(FileURL root)
 
 FileURL SandboxFileManager::homeDirectory() const
 {
-    return m_root.appending(QStringLiteral("Users/mira"));
+    return m_root.appending(m_isMac ? QStringLiteral("Users/mira") : QStringLiteral("home/mira"));
 }
 
 FileURL SandboxFileManager::applicationSupportDirectory() const

@@ -5,17 +5,25 @@
 namespace keelbright::testing {
 
 /// The real file system, with home, application support and the system's absolute places laid
-/// below one folder: home is `<root>/Users/mira`, "/Applications" is `<root>/Applications`.
+/// below one folder: home is `<root>/Users/mira`, "/Applications" is `<root>/Applications`. The home of
+/// what is no Mac is `<root>/home/mira`.
 class SandboxFileManager : public SystemFileManager
 {
 public:
     explicit SandboxFileManager(FileURL root);
+
+    [[nodiscard]] bool isMac() const override { return m_isMac; }
+
     [[nodiscard]] FileURL homeDirectory() const override;
     [[nodiscard]] FileURL applicationSupportDirectory() const override;
     [[nodiscard]] FileURL systemLocation(const QString& absolutePath) const override;
 
+    /// It is a Mac, also where its home has no "Library", until a test says otherwise.
+    void setIsMac(bool isMac) { m_isMac = isMac; }
+
 private:
     FileURL m_root;
+    bool m_isMac = true;
 };
 
 } // namespace keelbright::testing

@@ -27,6 +27,8 @@ public:
 
     [[nodiscard]] SandboxFileManager& fileManager() { return m_fileManager; }
 
+    [[nodiscard]] const SandboxFileManager& fileManager() const { return m_fileManager; }
+
     /// Writes a file with its folders. `path` is relative to the root of the machine.
     FileURL writeFile(const QByteArray& path, const QByteArray& content) const;
     FileURL makeFolder(const QByteArray& path) const;

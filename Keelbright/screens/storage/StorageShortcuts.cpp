@@ -2,28 +2,27 @@
 
 #include "Keelbright/state/Delivery.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/MachinePlaces.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 
 #include <utility>
 
 namespace keelbright {
 
-using namespace Qt::StringLiterals;
-
 FileURL StorageShortcuts::folder(Place place)
 {
-    FileURL home = FileManager::defaultManager().homeDirectory();
+    const FileManager& files = FileManager::defaultManager();
     switch (place) {
     case Place::home:
-        return home;
+        return files.homeDirectory();
     case Place::documents:
-        return home.appending(u"Documents"_s);
+        return MachinePlaces(files).userFolder(UserFolder::documents);
     case Place::desktop:
-        return home.appending(u"Desktop"_s);
+        return MachinePlaces(files).userFolder(UserFolder::desktop);
     case Place::downloads:
-        return home.appending(u"Downloads"_s);
+        return MachinePlaces(files).userFolder(UserFolder::downloads);
     case Place::pictures:
-        return home.appending(u"Pictures"_s);
+        return MachinePlaces(files).userFolder(UserFolder::pictures);
     }
     Q_UNREACHABLE();
 }

@@ -120,6 +120,8 @@ public:
     /// keep the caller waiting.
     [[nodiscard]] virtual QList<MountedVolume> mountedVolumes() const = 0;
 
+    /// Whether the machine is a Mac; where things lie is asked of `MachinePlaces`.
+    [[nodiscard]] virtual bool isMac() const = 0;
     [[nodiscard]] virtual FileURL homeDirectory() const = 0;
     /// The user's folder for application data; a folder of the program's own goes inside.
     [[nodiscard]] virtual FileURL applicationSupportDirectory() const = 0;

@@ -4,6 +4,7 @@
 #include "KeelbrightCore/platform/files/MountPoints.h"
 #include "KeelbrightCore/platform/files/ResolvedPath.h"
 #include "KeelbrightCore/platform/files/UserFolders.h"
+#include "KeelbrightCore/platform/files/XdgFolders.h"
 
 #include <QSet>
 #include <algorithm>
@@ -123,7 +124,10 @@ QList<FileURL> ProtectedPlaces::of(const FileManager& files)
         places.append(home.appendingNative(folder));
     appendLibrary(places, home.appendingNative("Library"));
     appendLibrary(places, files.systemLocation(QStringLiteral("/Library")));
-    return places + userFolders(files);
+    for (const FileURL& base :
+         {XdgFolders::configuration(files), XdgFolders::caches(files), XdgFolders::state(files)})
+        places.append(base);
+    return places + userFolders(files).values();
 }
 
 std::optional<FileError::Reason> ProtectedPlaces::reasonToStay(const FileURL& location,

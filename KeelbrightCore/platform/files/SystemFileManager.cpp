@@ -261,6 +261,15 @@ QList<MountedVolume> SystemFileManager::mountedVolumes() const
     return volumesAmong(deviceMounts(), *this);
 }
 
+bool SystemFileManager::isMac() const
+{
+#ifdef __APPLE__
+    return true;
+#else
+    return false;
+#endif
+}
+
 FileURL SystemFileManager::homeDirectory() const
 {
     const QByteArray home = qgetenv("HOME");

@@ -1,54 +1,76 @@
 #include "KeelbrightCore/platform/files/UserFolders.h"
 
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/XdgFolders.h"
+
+#include <optional>
 
 namespace keelbright {
 
 namespace {
 
-FileURL settingsFolder(const FileURL& home)
+struct Assignment
 {
-    const QByteArray folder = qgetenv("XDG_CONFIG_HOME");
-    // The base directory specification asks to ignore a relative path.
-    return folder.startsWith('/') ? FileURL::fromNativePath(folder) : home.appendingNative(".config");
+    QByteArray name;
+    QByteArray value;
+};
+
+/// The text up to the closing quote, without its backslashes; what follows the quote is a comment.
+std::optional<QByteArray> upToQuote(QByteArrayView text)
+{
+    QByteArray value;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] == '"')
+            return value;
+        i += text[i] == '\\' && i + 1 < text.size() ? 1 : 0;
+        value.append(text[i]);
+    }
+    return std::nullopt;
 }
 
-/// The content of the quotes in `XDG_MUSIC_DIR="…"`; empty for any other line.
-QByteArray quotedValue(const QByteArray& line)
+/// A line such as `XDG_MUSIC_DIR="…"`; nothing for any other line.
+std::optional<Assignment> assignmentIn(QByteArrayView line)
 {
-    const qsizetype start = line.indexOf("_DIR=\"");
-    const qsizetype end = line.lastIndexOf('"');
-    if (!line.startsWith("XDG_") || start < 0)
-        return {};
-    const qsizetype first = start + qsizetype{6};
-    if (end < first)
-        return {};
-    QByteArray value;
-    for (qsizetype i = first; i < end; ++i) {
-        i += line[i] == '\\' && i + 1 < end ? 1 : 0;
-        value.append(line[i]);
-    }
-    return value;
+    const QByteArrayView start("XDG_");
+    const QByteArrayView end("_DIR");
+    const qsizetype sign = line.indexOf('=');
+    if (sign < 0)
+        return std::nullopt;
+    const QByteArrayView key = line.first(sign).trimmed();
+    const QByteArrayView text = line.sliced(sign + 1).trimmed();
+    if (!key.startsWith(start) || !key.endsWith(end) || key.size() <= start.size() + end.size() ||
+        !text.startsWith('"'))
+        return std::nullopt;
+    const auto value = upToQuote(text.sliced(1));
+    if (!value)
+        return std::nullopt;
+    return Assignment{key.sliced(start.size()).chopped(end.size()).toByteArray(), *value};
+}
+
+/// Nothing for a relative path, which the desktop ignores too.
+std::optional<FileURL> folderAt(const QByteArray& value, const FileURL& home)
+{
+    const QByteArrayView variable("$HOME");
+    if (value == variable)
+        return home;
+    if (value.startsWith(variable) && value.at(variable.size()) == '/')
+        return home.appendingNative(QByteArrayView(value).sliced(variable.size() + 1));
+    return value.startsWith('/') ? std::optional(FileURL::fromNativePath(value)) : std::nullopt;
 }
 
 } // namespace
 
-QList<FileURL> userFolders(const FileManager& files)
+QHash<QByteArray, FileURL> userFolders(const FileManager& files)
 {
     constexpr qint64 maximumBytes = qint64{64} * 1024; // eight lines, and comments
     const FileURL home = files.homeDirectory();
-    const FileURL list =
-        files.resolvingSymlinks(settingsFolder(home).appending(QStringLiteral("user-dirs.dirs")));
-    if (files.fileSize(list).value_or(maximumBytes + 1) > maximumBytes)
-        return {};
-    QList<FileURL> folders;
-    for (const QByteArray& line : files.contents(list).value_or(QByteArray()).split('\n')) {
-        const QByteArray value = quotedValue(line.trimmed());
-        const QByteArrayView homeVariable("$HOME/");
-        if (value.startsWith(homeVariable))
-            folders.append(home.appendingNative(QByteArrayView(value).sliced(homeVariable.size())));
-        else if (value.startsWith('/'))
-            folders.append(FileURL::fromNativePath(value));
+    const FileURL list = XdgFolders::configuration(files).appending(QStringLiteral("user-dirs.dirs"));
+    QHash<QByteArray, FileURL> folders;
+    for (const QByteArray& line : files.contents(list, maximumBytes).value_or(QByteArray()).split('\n')) {
+        const auto assignment = assignmentIn(line);
+        const auto folder = assignment ? folderAt(assignment->value, home) : std::nullopt;
+        if (folder)
+            folders.insert(assignment->name, *folder);
     }
     return folders;
 }

@@ -1,6 +1,7 @@
 #include "KeelbrightCore/platform/system/UserDefaults.h"
 
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/XdgFolders.h"
 
 #include <QSettings>
 
@@ -19,15 +20,6 @@ QString storedKey(const QString& key)
 {
     return key;
 }
-
-FileURL configurationFolder()
-{
-    const QByteArray configured = qgetenv("XDG_CONFIG_HOME");
-    // The base directory specification asks to ignore a relative path.
-    if (configured.startsWith('/'))
-        return FileURL::fromNativePath(configured);
-    return FileManager::defaultManager().homeDirectory().appending(QStringLiteral(".config"));
-}
 #endif
 
 } // namespace
@@ -39,7 +31,8 @@ UserDefaults UserDefaults::standard()
                                                     QStringLiteral("keelbright.com"),
                                                     QStringLiteral("Keelbright")));
 #else
-    const FileURL file = configurationFolder().appending(QStringLiteral("Keelbright/UserDefaults.ini"));
+    const FileURL file = XdgFolders::configuration(FileManager::defaultManager())
+                             .appending(QStringLiteral("Keelbright/UserDefaults.ini"));
     return UserDefaults(std::make_unique<QSettings>(file.path(), QSettings::IniFormat));
 #endif
 }

@@ -1,7 +1,7 @@
 #include "Keelbright/screens/storage/StorageShortcuts.h"
 
 #include "tests/support/HeldFileManager.h"
-#include "tests/support/TestMac.h"
+#include "tests/support/TestLinux.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -58,6 +58,17 @@ TEST_F(StorageShortcutsTests, areTheHomeAndItsFolders)
     EXPECT_EQ(StorageShortcuts::folder(Place::desktop), mac.home().appending(u"Desktop"_s));
     EXPECT_EQ(StorageShortcuts::folder(Place::downloads), mac.home().appending(u"Downloads"_s));
     EXPECT_EQ(StorageShortcuts::folder(Place::pictures), mac.home().appending(u"Pictures"_s));
+}
+
+TEST_F(StorageShortcutsTests, onAnotherDesktopTheyAreTheFoldersThatTheUserHasChosen)
+{
+    const TestLinux linuxMachine;
+    linuxMachine.madeUp(MadeUpLinux::Desktop::plasma, MadeUpLinux::Language::german).addUserFolders();
+    EXPECT_EQ(StorageShortcuts::folder(Place::home), linuxMachine.home());
+    EXPECT_EQ(StorageShortcuts::folder(Place::documents), linuxMachine.atHome("Dokumente"));
+    EXPECT_EQ(StorageShortcuts::folder(Place::desktop), linuxMachine.atHome("Schreibtisch"));
+    EXPECT_EQ(StorageShortcuts::folder(Place::downloads), linuxMachine.atHome("Downloads"));
+    EXPECT_EQ(StorageShortcuts::folder(Place::pictures), linuxMachine.atHome("Bilder"));
 }
 
 TEST_F(StorageShortcutsTests, everyPlaceExistsUntilTheFirstLookHasEnded)

@@ -1,0 +1,112 @@
+#include "KeelbrightCore/platform/files/MachinePlaces.h"
+
+#include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/UserFolders.h"
+
+namespace keelbright {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct FolderNames
+{
+    const char* mac;
+    const char* english; ///< of the other desktops
+    const char* key;     ///< in their settings
+};
+
+FolderNames namesOf(UserFolder folder)
+{
+    switch (folder) {
+    case UserFolder::desktop:
+        return {"Desktop", "Desktop", "DESKTOP"};
+    case UserFolder::documents:
+        return {"Documents", "Documents", "DOCUMENTS"};
+    case UserFolder::pictures:
+        return {"Pictures", "Pictures", "PICTURES"};
+    case UserFolder::downloads:
+        return {"Downloads", "Downloads", "DOWNLOAD"};
+    case UserFolder::movies:
+        return {"Movies", "Videos", "VIDEOS"};
+    case UserFolder::music:
+        return {"Music", "Music", "MUSIC"};
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+MachinePlaces::MachinePlaces(const FileManager& files)
+    : m_files(files)
+    , m_home(files.homeDirectory())
+    , m_isMac(files.isMac() || files.fileExists(m_home.appending(u"Library"_s)).isDirectory)
+{
+    if (!m_isMac)
+        m_userFolders = userFolders(files);
+}
+
+FileURL MachinePlaces::userFolder(UserFolder folder) const
+{
+    const FolderNames names = namesOf(folder);
+    if (m_isMac)
+        return m_home.appendingNative(names.mac);
+    const FileURL chosen = m_userFolders.value(names.key, m_home);
+    // A folder that is switched off must not stand for the whole home.
+    return chosen == m_home ? m_home.appendingNative(names.english) : chosen;
+}
+
+bool MachinePlaces::isSwitchedOff(UserFolder folder) const
+{
+    const auto chosen = m_userFolders.constFind(namesOf(folder).key);
+    return chosen != m_userFolders.constEnd() && *chosen == m_home;
+}
+
+FileURL MachinePlaces::sharedBundleFolder() const
+{
+    return m_files.systemLocation(u"/Applications"_s);
+}
+
+QList<FileURL> MachinePlaces::bundleFolders() const
+{
+    if (!m_isMac)
+        return {};
+    return {sharedBundleFolder(), m_files.systemLocation(u"/Applications/Utilities"_s),
+            m_home.appending(u"Applications"_s)};
+}
+
+FileURL MachinePlaces::inLibrary(const char* name) const
+{
+    return m_home.appending(u"Library"_s).appendingNative(name);
+}
+
+MacLibrary MachinePlaces::macLibrary() const
+{
+    return {
+        .preferences = inLibrary("Preferences"),
+        .caches = inLibrary("Caches"),
+        .applicationSupport = inLibrary("Application Support"),
+        .containers = inLibrary("Containers"),
+        .groupContainers = inLibrary("Group Containers"),
+        .savedStates = inLibrary("Saved Application State"),
+        .webKit = inLibrary("WebKit"),
+        .httpStorages = inLibrary("HTTPStorages"),
+        .applicationScripts = inLibrary("Application Scripts"),
+        .launchAgents = inLibrary("LaunchAgents"),
+        .systemLaunchAgents = m_files.systemLocation(u"/Library/LaunchAgents"_s),
+        .systemLaunchDaemons = m_files.systemLocation(u"/Library/LaunchDaemons"_s),
+    };
+}
+
+FileURL MachinePlaces::metadataTool(const FileManager& files)
+{
+    return files.systemLocation(u"/usr/bin/mdls"_s);
+}
+
+QList<FileURL> MachinePlaces::systemFolders() const
+{
+    return {m_files.systemLocation(u"/System"_s), m_files.systemLocation(u"/Library"_s),
+            m_files.systemLocation(u"/"_s)};
+}
+
+} // namespace keelbright

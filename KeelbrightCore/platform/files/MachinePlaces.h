@@ -1,0 +1,71 @@
+#pragma once
+
+#include "KeelbrightCore/platform/files/FileURL.h"
+
+#include <QHash>
+#include <QList>
+
+namespace keelbright {
+
+class FileManager;
+
+/// The folders for a person's own files that every desktop knows.
+enum class UserFolder { desktop, documents, pictures, downloads, movies, music };
+
+/// Where the applications of a Mac keep files outside their bundles.
+struct MacLibrary
+{
+    FileURL preferences;
+    FileURL caches;
+    FileURL applicationSupport;
+    FileURL containers;
+    FileURL groupContainers;
+    FileURL savedStates;
+    FileURL webKit;
+    FileURL httpStorages;
+    FileURL applicationScripts;
+    FileURL launchAgents;
+    FileURL systemLaunchAgents;  ///< of all users
+    FileURL systemLaunchDaemons; ///< of all users
+};
+
+/// Where this machine keeps things; the only class that knows. A Mac, and a home that has a folder
+/// "Library", has the places of a Mac, every other home those of the XDG specifications. Whether a place
+/// exists is another question.
+class MachinePlaces
+{
+public:
+    /// Looks at the home and, where it is no Mac's, reads two small files of settings. Blocks; any thread.
+    /// `files` outlives the object.
+    explicit MachinePlaces(const FileManager& files);
+
+    [[nodiscard]] bool isMac() const { return m_isMac; }
+
+    /// The folder that the user has chosen; below the home under its English name where the user has
+    /// chosen none or has switched it off.
+    [[nodiscard]] FileURL userFolder(UserFolder folder) const;
+    /// Whether the user wants no such folder.
+    [[nodiscard]] bool isSwitchedOff(UserFolder folder) const;
+
+    /// The folders in which bundles of applications lie, in the order in which they are searched; empty
+    /// where there are none.
+    [[nodiscard]] QList<FileURL> bundleFolders() const;
+    /// The one whose applications all users have; first in `bundleFolders`.
+    [[nodiscard]] FileURL sharedBundleFolder() const;
+    [[nodiscard]] MacLibrary macLibrary() const;
+    /// The tool that a Mac's metadata index is asked with.
+    [[nodiscard]] static FileURL metadataTool(const FileManager& files);
+
+    /// What is never a source of a backup.
+    [[nodiscard]] QList<FileURL> systemFolders() const;
+
+private:
+    [[nodiscard]] FileURL inLibrary(const char* name) const;
+
+    const FileManager& m_files;
+    FileURL m_home;
+    bool m_isMac = false;
+    QHash<QByteArray, FileURL> m_userFolders; ///< as the desktop's settings have them
+};
+
+} // namespace keelbright

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "KeelbrightCore/platform/files/FileURL.h"
+
+namespace keelbright {
+
+class FileManager;
+
+/// The base folders below which the programs of a desktop keep their files, as the environment names
+/// them, else below the home. The one for data is `FileManager::applicationSupportDirectory`. Internal to
+/// the platform folder.
+namespace XdgFolders {
+
+[[nodiscard]] FileURL configuration(const FileManager& files);
+[[nodiscard]] FileURL caches(const FileManager& files);
+[[nodiscard]] FileURL state(const FileManager& files);
+
+} // namespace XdgFolders
+} // namespace keelbright

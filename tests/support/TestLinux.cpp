@@ -1,0 +1,28 @@
+#include "tests/support/TestLinux.h"
+
+#include <filesystem>
+
+namespace keelbright::testing {
+
+TestLinux::TestLinux()
+{
+    m_machine.fileManager().setIsMac(false);
+    std::filesystem::create_directories(home().nativePath().toStdString());
+    m_configurationHome.set(atHome(".config").nativePath());
+    m_dataHome.set(atHome(".local/share").nativePath());
+    for (const EnvironmentVariable* variable :
+         {&m_cacheHome, &m_stateHome, &m_dataFolders, &m_currentDesktop})
+        variable->unset();
+}
+
+MadeUpLinux TestLinux::madeUp(MadeUpLinux::Desktop desktop, MadeUpLinux::Language language) const
+{
+    return {files(), desktop, language};
+}
+
+MadeUpFiles TestLinux::files() const
+{
+    return {root(), m_machine.clock()()};
+}
+
+} // namespace keelbright::testing
