@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/health/HealthScoring.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/MachinePlaces.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 #include "KeelbrightCore/platform/text/ByteSum.h"
 #include "KeelbrightCore/storage/FolderSizeService.h"
@@ -10,26 +11,22 @@
 
 namespace keelbright::HealthScoreService {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// Narrower than the junk scanner on purpose: the score has to stay cheap.
 qint64 estimateJunk(const FileManager& fm)
 {
-    const QStringList folders{
-        u"Library/Caches"_s,
-        u"Library/Logs"_s,
-        u"Library/Developer/Xcode/DerivedData"_s,
-        u"Library/Developer/Xcode/Archives"_s,
-    };
-    QList<FileURL> existing;
-    for (const QString& path : folders) {
-        const FileURL folder = fm.homeDirectory().appending(path);
-        if (fm.fileExists(folder).exists)
-            existing.append(folder);
+    const MachinePlaces places(fm);
+    QList<FileURL> folders;
+    QList<qint64> sizesOfFiles;
+    for (const FileURL& place : places.junkEstimate()) {
+        const FileExistence existence = fm.fileExists(place);
+        if (existence.isDirectory)
+            folders.append(place);
+        else if (existence.exists && !places.isMac())
+            sizesOfFiles.append(fm.fileSize(place).value_or(0));
     }
-    return sumOfBytes(FolderSizeService::recursiveSizes(existing, fm), std::identity());
+    return sumOfBytes(FolderSizeService::recursiveSizes(folders, fm) + sizesOfFiles, std::identity());
 }
 
 } // namespace

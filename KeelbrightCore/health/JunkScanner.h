@@ -6,8 +6,9 @@
 
 namespace keelbright::JunkScanner {
 
-/// Finds the caches, logs, leftovers of developing, device backups and the Trash of the home
-/// folder. Gives the categories that have items, the largest first, each with its items.
+/// Finds the caches, logs, leftovers of developing, device backups and the Trash of the user, where
+/// `MachinePlaces` says that they lie. Gives the categories that have items, the largest first, each with its
+/// items.
 ///
 /// Only lists and measures; a place that can't be read yields no items. Never fails; returns at
 /// once, from any thread. One walk on a thread of its own, at the utility priority, that holds

@@ -2,9 +2,13 @@
 
 #include <QList>
 
+#include <unistd.h>
+
 namespace keelbright::testing {
 
 namespace {
+
+constexpr qint64 kilobyte = 1'000;
 
 const QByteArray homePath = "home/mira/";
 
@@ -48,6 +52,109 @@ void MadeUpLinux::addUserFolders() const
     }
     m_files.text(homePath + ".config/user-dirs.dirs", list);
     m_files.text(homePath + ".config/user-dirs.locale", m_language == Language::german ? "de_DE" : "en_US");
+}
+
+void MadeUpLinux::addCaches() const
+{
+    const QByteArray caches = homePath + ".cache/";
+    // What fontconfig, Mesa and GStreamer write under any desktop.
+    m_files.noise(caches + "fontconfig/4b9e1ab2c0ef3b1a-le64.cache-7", 40 * kilobyte);
+    m_files.noise(caches + "mesa_shader_cache/index", 1'300 * kilobyte);
+    m_files.noise(caches + "gstreamer-1.0/registry.x86_64.bin", 900 * kilobyte);
+    switch (m_desktop) {
+    case Desktop::gnome:
+        // The thumbnails of Files, the sounds of the shell and the catalogue of Software.
+        m_files.noise(caches + "thumbnails/large/3f1b0f2a9c.png", 60 * kilobyte);
+        m_files.noise(caches + "event-sound-cache.tdb.0a1b2c.x86_64-pc-linux-gnu", 12 * kilobyte);
+        m_files.noise(caches + "gnome-software/appstream/components.xmlb", 2'000 * kilobyte);
+        break;
+    case Desktop::plasma:
+        // KDE's shared caches are plain files.
+        m_files.noise(caches + "icon-cache.kcache", 1'000 * kilobyte);
+        m_files.noise(caches + "ksycoca5_de_abc", 500 * kilobyte);
+        m_files.noise(caches + "plasmashell/qmlcache/0f.qmlc", 80 * kilobyte);
+        break;
+    case Desktop::windowManager:
+        break;
+    }
+}
+
+void MadeUpLinux::addBrowsers() const
+{
+    const QByteArray profile = "a1b2c3d4.default-release";
+    // Each with its folder of caches and the folder that holds its profiles. Flatpak and Snap give a program
+    // base folders of its own; Snap's Firefox and Chromium use those that all their revisions share.
+    const QList<std::pair<QByteArray, QByteArray>> firefoxes{
+        {".cache/", ".mozilla/"},
+        {".var/app/org.mozilla.firefox/cache/", ".var/app/org.mozilla.firefox/.mozilla/"},
+        {"snap/firefox/common/.cache/", "snap/firefox/common/.mozilla/"}};
+    for (const auto& [caches, profiles] : firefoxes) {
+        m_files.noise(homePath + caches + "mozilla/firefox/" + profile + "/cache2/entries/0A1B",
+                      200 * kilobyte);
+        m_files.noise(homePath + profiles + "firefox/" + profile + "/places.sqlite", 50 * kilobyte);
+    }
+    const QList<std::pair<QByteArray, QByteArray>> chromiums{
+        {".cache/", ".config/"},
+        {".var/app/org.chromium.Chromium/cache/", ".var/app/org.chromium.Chromium/config/"},
+        {"snap/chromium/common/.cache/", "snap/chromium/common/"}};
+    for (const auto& [caches, profiles] : chromiums) {
+        m_files.noise(homePath + caches + "chromium/Default/Cache/Cache_Data/f_000001", 100 * kilobyte);
+        m_files.noise(homePath + profiles + "chromium/Default/History", 40 * kilobyte);
+    }
+}
+
+void MadeUpLinux::addDeveloperCaches() const
+{
+    m_files.noise(homePath + ".npm/_cacache/content-v2/sha512/00/11/2233", 70 * kilobyte);
+    m_files.text(homePath + ".npm/_update-notifier-last-checked", "");
+    m_files.noise(homePath + ".cargo/registry/cache/index.crates.io-6f17d22bba15001f/serde-1.0.0.crate",
+                  60 * kilobyte);
+    m_files.noise(homePath + ".cargo/bin/cargo", 5 * kilobyte);
+    m_files.noise(homePath + ".gradle/caches/modules-2/files-2.1/junit.jar", 50 * kilobyte);
+    m_files.text(homePath + ".gradle/gradle.properties", "org.gradle.daemon=true\n");
+    m_files.noise(homePath + ".cache/pip/http/0/1/2/3/4/0123", 40 * kilobyte);
+    m_files.noise(homePath + ".cache/go-build/00/00ff-d", 30 * kilobyte);
+    m_files.noise(homePath + ".cache/ccache/0/1/23R", 20 * kilobyte);
+}
+
+void MadeUpLinux::addLogs() const
+{
+    // Debian's Xsession starts every session on X with its output in the first of these.
+    if (m_desktop != Desktop::gnome) {
+        m_files.noise(homePath + ".xsession-errors", 9 * kilobyte);
+        m_files.noise(homePath + ".local/share/xorg/Xorg.0.log", 30 * kilobyte);
+        m_files.noise(homePath + ".local/share/xorg/Xorg.0.log.old", 31 * kilobyte);
+    }
+    const QByteArray state = homePath + ".local/state/";
+    m_files.noise(state + "nvim/log", 7 * kilobyte);
+    m_files.noise(state + "nvim/shada/main.shada", 8 * kilobyte);
+    m_files.noise(state + "syncthing/logs/main.txt", 6 * kilobyte);
+    m_files.noise(state + "syncthing/index.db", 300 * kilobyte);
+    m_files.noise(state + "wireplumber/restore-stream", 2 * kilobyte);
+    m_files.noise(state + "python_history", 3 * kilobyte);
+}
+
+void MadeUpLinux::addTrash() const
+{
+    const QByteArray trash = homePath + ".local/share/Trash/";
+    m_files.noise(trash + "files/Old letter.odt", 25 * kilobyte);
+    m_files.noise(trash + "files/Drafts/draft.odt", 35 * kilobyte);
+    for (const QByteArray name : {"Old letter.odt", "Drafts"})
+        m_files.text(trash + "info/" + name + ".trashinfo",
+                     "[Trash Info]\nPath=" +
+                         (m_files.root().nativePath() + "/home/mira/" + name).toPercentEncoding("/") +
+                         "\nDeletionDate=2026-02-01T10:00:00\n");
+}
+
+void MadeUpLinux::addProcesses(const QList<QByteArrayList>& commands) const
+{
+    int number = 1000;
+    for (const QByteArrayList& command : commands) {
+        const QByteArray process = "proc/" + QByteArray::number(++number) + '/';
+        m_files.text(process + "cmdline", command.join('\0') + '\0');
+        m_files.text(process + "status",
+                     "Name:\tprogram\nUid:\t" + QByteArray::number(::getuid()) + "\t0\t0\t0\n");
+    }
 }
 
 } // namespace keelbright::testing

@@ -19,6 +19,20 @@ public:
     /// any folder that nobody has made: of its user's there are "Documents" and "Pictures".
     void addUserFolders() const;
 
+    /// What the desktop itself and its programs cache: some files and some folders.
+    void addCaches() const;
+    /// A Firefox and a Chromium, each as a package of the system, as a Flatpak and as a Snap, with a cache
+    /// and a profile.
+    void addBrowsers() const;
+    /// What npm, pip, cargo, Go, ccache and Gradle have fetched and built.
+    void addDeveloperCaches() const;
+    /// The logs of the session and of programs, and beside them what the programs still need.
+    void addLogs() const;
+    /// A document and a folder in the Trash of the home.
+    void addTrash() const;
+    /// The processes as the kernel lists them: one of this user for each command, with its arguments.
+    void addProcesses(const QList<QByteArrayList>& commands) const;
+
     [[nodiscard]] FileURL home() const { return m_files.at("home/mira"); }
 
 private:

@@ -14,6 +14,11 @@ public:
 
     [[nodiscard]] bool isMac() const override { return m_isMac; }
 
+    /// Those that the test names, not the real ones.
+    [[nodiscard]] QList<MountedVolume> mountedVolumes() const override { return m_volumes; }
+
+    void setMountedVolumes(const QList<MountedVolume>& volumes) { m_volumes = volumes; }
+
     [[nodiscard]] FileURL homeDirectory() const override;
     [[nodiscard]] FileURL applicationSupportDirectory() const override;
     [[nodiscard]] FileURL systemLocation(const QString& absolutePath) const override;
@@ -24,6 +29,7 @@ public:
 private:
     FileURL m_root;
     bool m_isMac = true;
+    QList<MountedVolume> m_volumes;
 };
 
 } // namespace keelbright::testing

@@ -56,6 +56,8 @@ ListRow JunkItemModel::rowAt(int row) const
     shown.title = item.name();
     shown.detail = item.url.path();
     shown.detailElide = Qt::ElideMiddle;
+    if (!item.inUseBy.isEmpty())
+        shown.toolTip = tr("%1 is running and uses this cache.").arg(item.inUseBy);
     shown.value = item.formattedSize();
     shown.valueColor = sizeColor(item.sizeBytes);
     shown.actions = {{.id = RowActionId::reveal, .symbol = u"folder"_s, .name = tr("Reveal in Finder")}};

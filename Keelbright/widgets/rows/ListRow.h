@@ -67,6 +67,8 @@ struct ListRow
     QString capsule;                                ///< a small number on a tint after the detail
     Role capsuleColor = Role::secondaryText;
 
+    QString toolTip; ///< shown when the row is pointed at, and read out at its end
+
     QString value;
     Role valueColor = Role::secondaryText;
     std::optional<double> bar; ///< a thin bar below the row, from 0 to 1

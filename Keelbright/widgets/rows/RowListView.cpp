@@ -389,6 +389,8 @@ QString RowListView::toolTipAt(const QPoint& position) const
         return metrics.horizontalAdvance(displayText(text)) > rect.width();
     };
     QStringList whole;
+    if (!row.toolTip.isEmpty())
+        whole.append(displayText(row.toolTip));
     if (isCut(layout.title, FontRole::bodyStrong, row.title))
         whole.append(displayText(row.title));
     if (isCut(layout.detail, FontRole::secondary, row.detail))

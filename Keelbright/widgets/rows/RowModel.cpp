@@ -20,8 +20,8 @@ QString RowModel::accessibleText(int row) const
 {
     const ListRow shown = rowAt(row);
     QStringList parts;
-    for (const QString& text :
-         {shown.rank, shown.title, shown.tag, shown.aside, shown.detail, shown.capsule, shown.value}) {
+    for (const QString& text : {shown.rank, shown.title, shown.tag, shown.aside, shown.detail, shown.capsule,
+                                shown.value, shown.toolTip}) {
         if (!text.isEmpty())
             parts.append(displayText(text));
     }

@@ -1,7 +1,9 @@
 #include "KeelbrightCore/platform/files/MachinePlaces.h"
 
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/MacJunk.h"
 #include "KeelbrightCore/platform/files/UserFolders.h"
+#include "KeelbrightCore/platform/files/XdgJunk.h"
 
 namespace keelbright {
 
@@ -60,6 +62,16 @@ bool MachinePlaces::isSwitchedOff(UserFolder folder) const
 {
     const auto chosen = m_userFolders.constFind(namesOf(folder).key);
     return chosen != m_userFolders.constEnd() && *chosen == m_home;
+}
+
+JunkPlaces MachinePlaces::junk() const
+{
+    return m_isMac ? macJunkPlaces(m_home) : xdgJunkPlaces(m_files);
+}
+
+QList<FileURL> MachinePlaces::junkEstimate() const
+{
+    return m_isMac ? macJunkEstimate(m_home) : xdgJunkEstimate(m_files);
 }
 
 FileURL MachinePlaces::sharedBundleFolder() const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KeelbrightCore/platform/files/FileURL.h"
+#include "KeelbrightCore/platform/files/JunkPlaces.h"
 
 #include <QHash>
 #include <QList>
@@ -46,6 +46,10 @@ public:
     [[nodiscard]] FileURL userFolder(UserFolder folder) const;
     /// Whether the user wants no such folder.
     [[nodiscard]] bool isSwitchedOff(UserFolder folder) const;
+
+    [[nodiscard]] JunkPlaces junk() const;
+    /// What a quick estimate of the junk adds up, which is less than all of it; files may be among them.
+    [[nodiscard]] QList<FileURL> junkEstimate() const;
 
     /// The folders in which bundles of applications lie, in the order in which they are searched; empty
     /// where there are none.

@@ -115,12 +115,12 @@ std::expected<TrashFolder, FailureCause> TrashFolder::ofHome(const FileURL& home
 
 std::expected<TrashFolder, FailureCause> TrashFolder::ofVolume(const FileURL& top)
 {
-    const QByteArray user = QByteArray::number(::getuid());
-    if (const FileURL shared = top.appendingNative(".Trash"); isSharedTrash(shared)) {
-        if (auto folder = openOnVolume(shared.appendingNative(user)))
+    const QList<FileURL> places = volumeTrashes(top);
+    if (places.size() > 1) {
+        if (auto folder = openOnVolume(places.first()))
             return folder;
     }
-    return openOnVolume(top.appendingNative(".Trash-" + user));
+    return openOnVolume(places.last());
 }
 
 qsizetype TrashFolder::maximumNameLength() const
@@ -130,6 +130,15 @@ qsizetype TrashFolder::maximumNameLength() const
         return NAME_MAX;
     // Some file systems count characters and report a limit in bytes that is larger than the usual one.
     return static_cast<qsizetype>(std::min<unsigned long>(status.f_namemax, NAME_MAX));
+}
+
+QList<FileURL> volumeTrashes(const FileURL& top)
+{
+    const QByteArray user = QByteArray::number(::getuid());
+    QList<FileURL> places{top.appendingNative(".Trash-" + user)};
+    if (const FileURL shared = top.appendingNative(".Trash"); isSharedTrash(shared))
+        places.prepend(shared.appendingNative(user));
+    return places;
 }
 
 std::expected<FileURL, int> volumeTop(const FileURL& folder, dev_t device)

@@ -4,6 +4,7 @@
 #include "KeelbrightCore/platform/files/FileURL.h"
 #include "KeelbrightCore/platform/files/FolderPrivacy.h"
 
+#include <QList>
 #include <expected>
 #include <sys/types.h>
 
@@ -45,6 +46,10 @@ private:
     FileDescriptor m_files;
     FileDescriptor m_info;
 };
+
+/// Where the user's Trash may be on a volume whose top folder is given: in the shared one, if the
+/// administrator made one, and in one of the user's own. Neither need exist.
+[[nodiscard]] QList<FileURL> volumeTrashes(const FileURL& top);
 
 /// The top folder of the volume that holds `folder`, which must exist and have no link in its path.
 /// Fails where a folder on the way can't be read: a Trash in any folder but the top is never shown.

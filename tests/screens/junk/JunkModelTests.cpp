@@ -68,6 +68,18 @@ TEST_F(JunkModelTests, anItemsIconSaysWhatItIs)
                            u"doc.fill"_s, u"doc.fill"_s, u"folder.fill"_s, u"doc.fill"_s}));
 }
 
+TEST_F(JunkModelTests, aCacheOfARunningProgramIsMarkedInItsToolTip)
+{
+    JunkItem used = itemAt("used");
+    used.inUseBy = u"Firefox"_s;
+    JunkItemModel model(vm);
+    model.setItems({used, itemAt("unused")});
+    EXPECT_EQ(model.rowAt(0).toolTip, u"Firefox is running and uses this cache."_s);
+    EXPECT_TRUE(model.accessibleText(0).endsWith(u", Firefox is running and uses this cache."_s))
+        << model.accessibleText(0).toStdString();
+    EXPECT_EQ(model.rowAt(1).toolTip, QString());
+}
+
 TEST_F(JunkModelTests, itemsAreFoldersUntilTheAnswerIsThere)
 {
     mac.writeFile("file", "x");
