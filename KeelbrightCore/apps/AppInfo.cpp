@@ -49,7 +49,8 @@ class Analysis
 
 public:
     Analysis(const AppFacts& facts, const QDateTime& now)
-        : m_useCount(facts.useCount)
+        : m_hasUsageRecord(facts.hasUsageRecord)
+        , m_useCount(facts.useCount)
         , m_daysSinceAdded(facts.dateAdded ? days(*facts.dateAdded, now) : daysSinceUnknownDate)
     {
         if (facts.lastUsedDate)
@@ -61,14 +62,14 @@ public:
     {
         if (m_daysSinceAdded <= 29)
             return {UsageCategory::new_, newDescription()};
+        if (!m_hasUsageRecord)
+            return {UsageCategory::unknown, unknownDescription()};
         if (m_useCount == 0)
             return {UsageCategory::forgotten, tr("Never opened.")};
         if (m_useCount <= 2)
             return {UsageCategory::forgotten, hardlyOpenedDescription()};
-        if (!m_daysSinceUsed) {
-            return {UsageCategory::unknown,
-                    tr("Opened %n times — usage timing unknown.", nullptr, pluralNumber(m_useCount))};
-        }
+        if (!m_daysSinceUsed)
+            return {UsageCategory::unknown, unknownDescription()};
         if (*m_daysSinceUsed <= 13)
             return {UsageCategory::dailyDriver, dailyDescription(*m_daysSinceUsed)};
         return analyzeDormancy(*m_daysSinceUsed);
@@ -124,6 +125,11 @@ private:
         return text.arg(decimal(m_daysSinceAdded));
     }
 
+    [[nodiscard]] QString unknownDescription() const
+    {
+        return tr("Opened %n times — usage timing unknown.", nullptr, pluralNumber(m_useCount));
+    }
+
     [[nodiscard]] QString hardlyOpenedDescription() const
     {
         const QString text =
@@ -137,6 +143,7 @@ private:
             .arg(decimal(m_useCount), daysSinceUsed == 0 ? tr("today") : daysAgo(daysSinceUsed));
     }
 
+    bool m_hasUsageRecord;
     qint64 m_useCount;
     qint64 m_daysSinceAdded;
     std::optional<qint64> m_daysSinceUsed;

@@ -31,6 +31,12 @@ struct AppFacts
     std::optional<QDateTime> lastUsedDate = {}; ///< UTC
     qint64 useCount = 0;
     std::optional<QDateTime> dateAdded = {}; ///< UTC
+    bool hasUsageRecord = true;              ///< false where nothing on this machine records any use
+    std::optional<qint64> sizeBytes = {};    ///< where its package or its file reports it
+    QString program = {};                    ///< the file name of its executable; empty where unknown
+    QString themeIcon = {};                  ///< in the icon theme, or an absolute path; empty for a bundle
+    /// The command that removes it, where it belongs to a package; else the user may move it to the Trash.
+    QString removalCommand = {};
 };
 
 /// One installed application with the verdict on its use, which is made once and then kept; the

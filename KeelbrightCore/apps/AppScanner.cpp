@@ -1,5 +1,6 @@
 #include "KeelbrightCore/apps/AppScanner.h"
 
+#include "KeelbrightCore/apps/LinuxApps.h"
 #include "KeelbrightCore/apps/ScanWork.h"
 #include "KeelbrightCore/apps/SpotlightMetadata.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
@@ -132,6 +133,13 @@ public:
 private:
     void discover()
     {
+        bool isMac = true;
+        asFarAsMemoryAllows([&] { isMac = MachinePlaces(FileManager::defaultManager()).isMac(); });
+        if (!isMac) {
+            asFarAsMemoryAllows([this] { addLinuxApps(); });
+            finish();
+            return;
+        }
         m_bundles = installedBundles();
         const qsizetype lanes = std::min(workWidth, m_bundles.size());
         m_lanes = lanes;
@@ -139,6 +147,12 @@ private:
             finish();
         for (qsizetype i = 0; i < lanes; ++i)
             waitingForMemory([this] { startStep([scan = shared_from_this()] { scan->takeNext(); }); });
+    }
+
+    void addLinuxApps()
+    {
+        for (AppFacts& facts : LinuxApps::installed(FileManager::defaultManager()))
+            m_apps.append(AppInfo(std::move(facts), m_clock()));
     }
 
     void takeNext()

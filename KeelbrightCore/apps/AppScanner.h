@@ -7,9 +7,9 @@
 
 namespace keelbright::AppScanner {
 
-/// Lists the installed applications, sorted by `sortPriority`, then by last use, the longest ago
-/// (or never) first. Never fails; returns at once, from any thread. Where memory runs out, what needed it
-/// is left out, and the scan ends all the same.
+/// Lists the installed applications, on a Mac the bundles and elsewhere what `LinuxApps` lists, sorted by
+/// `sortPriority`, then by last use, the longest ago (or never) first. Never fails; returns at once, from
+/// any thread. Where memory runs out, what needed it is left out, and the scan ends all the same.
 ///
 /// Runs on the user-initiated pool and holds nothing of its caller. At most 32 applications are in
 /// work, and at most 32 processes of the metadata tool run for all scans together; there is no

@@ -57,6 +57,15 @@ TEST(UsageCategory, casesComeInTheirOrderWithRawValueAndPriority)
                                   u"New 4"_s, u"Unknown 3"_s}));
 }
 
+TEST(AppInfo, withoutAnyRecordOfItsUseItIsUnknownUnlessItIsNew)
+{
+    const AppInfo old({.dateAdded = daysAgo(400), .hasUsageRecord = false}, now);
+    EXPECT_EQ(old.usageCategory, UsageCategory::unknown);
+    EXPECT_EQ(old.usageDescription, u"Opened 0 times — usage timing unknown."_s);
+    EXPECT_EQ(AppInfo({.dateAdded = daysAgo(3), .hasUsageRecord = false}, now).usageCategory,
+              UsageCategory::new_);
+}
+
 TEST(AppInfo, theFactsAreKeptAsTheyAre)
 {
     const QUuid id = QUuid::createUuid();

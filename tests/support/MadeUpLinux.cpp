@@ -2,6 +2,8 @@
 
 #include <QList>
 
+#include <fstream>
+#include <iterator>
 #include <unistd.h>
 
 namespace keelbright::testing {
@@ -155,6 +157,96 @@ void MadeUpLinux::addProcesses(const QList<QByteArrayList>& commands) const
         m_files.text(process + "status",
                      "Name:\tprogram\nUid:\t" + QByteArray::number(::getuid()) + "\t0\t0\t0\n");
     }
+}
+
+void MadeUpLinux::addEntry(const QByteArray& path, const QByteArray& lines) const
+{
+    m_files.text(path, "[Desktop Entry]\nVersion=1.0\nType=Application\n" + lines);
+}
+
+void MadeUpLinux::addApplications() const
+{
+    addEntry("usr/share/applications/org.gnome.Nautilus.desktop",
+             "Name=Files\nName[de]=Dateien\nExec=nautilus --new-window %U\nIcon=org.gnome.Nautilus\n");
+    addPackage("nautilus", "43.2-1", 3'900,
+               {"/.", "/usr", "/usr/bin/nautilus", "/usr/share/applications/org.gnome.Nautilus.desktop"},
+               700);
+    addSnap("firefox", "Firefox", "121.0-1", 90);
+    addAppImage("Applications/krita-5.2.2-x86_64.appimage", 300 * kilobyte, 60);
+    // As the tool that integrates AppImages into the menu writes it.
+    addEntry(homePath + ".local/share/applications/appimagekit_0a1b-Krita.desktop",
+             "Name=Krita\nExec=/home/mira/Applications/krita-5.2.2-x86_64.appimage %F\nIcon=krita\n");
+    addFlatpak("org.gnome.Maps", "Maps", "45.2", 12'345'678, 200);
+}
+
+void MadeUpLinux::addPackage(const QByteArray& name, const QByteArray& version, int kibibytes,
+                             const QByteArrayList& files, int daysOld) const
+{
+    // One paragraph for each package, whose description goes on with lines that begin with a blank.
+    const FileURL status = m_files.at("var/lib/dpkg/status");
+    std::ifstream old(status.nativePath().toStdString(), std::ios::binary);
+    const QByteArray before = QByteArray::fromStdString({std::istreambuf_iterator<char>(old), {}});
+    m_files.text("var/lib/dpkg/status",
+                 before + "Package: " + name + "\nStatus: install ok installed\nPriority: optional\n" +
+                     "Installed-Size: " + QByteArray::number(kibibytes) + "\nArchitecture: amd64\nVersion: " +
+                     version + "\nDescription: what " + name + " does\n Version: not this one\n .\n\n");
+    m_files.text("var/lib/dpkg/info/" + name + ".list", files.join('\n') + '\n', daysOld);
+}
+
+void MadeUpLinux::addFlatpak(const QByteArray& id, const QByteArray& name, const QByteArray& version,
+                             quint64 size, int daysOld) const
+{
+    const QByteArray installation = "var/lib/flatpak/";
+    const QByteArray active = installation + "app/" + id + "/x86_64/stable/0a1b2c/";
+    m_files.link(installation + "app/" + id + "/current", "x86_64/stable");
+    m_files.link(installation + "app/" + id + "/x86_64/stable/active", "0a1b2c");
+    addEntry(active + "export/share/applications/" + id + ".desktop",
+             "Name=" + name + "\nExec=/usr/bin/flatpak run --branch=stable --arch=x86_64 " + id +
+                 "\nIcon=" + id + "\nX-Flatpak=" + id + '\n');
+    m_files.link(installation + "exports/share/applications/" + id + ".desktop",
+                 "../../../app/" + id + "/current/active/export/share/applications/" + id + ".desktop");
+    m_files.text(active + "files/share/metainfo/" + id + ".metainfo.xml",
+                 "<?xml version=\"1.0\"?>\n<component type=\"desktop-application\">\n<id>" + id +
+                     "</id>\n<releases>\n<release version=\"" + version +
+                     "\" date=\"2026-01-01\"/>\n<release version=\"1.0\"/>\n</releases>\n</component>\n");
+    // The serialised GVariant "(ssasta{sv})": origin, commit, no subpaths, size, no more metadata.
+    QByteArray deploy = QByteArray("flathub") + '\0' + QByteArray(64, 'c') + '\0';
+    const auto firstEnd = static_cast<char>(QByteArrayView("flathub").size() + 1);
+    const auto secondEnd = static_cast<char>(deploy.size());
+    while (deploy.size() % 8 != 0)
+        deploy += '\0';
+    for (int shift = 56; shift >= 0; shift -= 8)
+        deploy += static_cast<char>(size >> static_cast<unsigned>(shift));
+    deploy += secondEnd; // of the empty list of subpaths
+    deploy += secondEnd;
+    deploy += firstEnd;
+    m_files.text(active + "deploy", deploy, daysOld);
+}
+
+void MadeUpLinux::addSnap(const QByteArray& instance, const QByteArray& name, const QByteArray& version,
+                          int daysOld) const
+{
+    addEntry("var/lib/snapd/desktop/applications/" + instance + '_' + instance + ".desktop",
+             "X-SnapInstanceName=" + instance + "\nName=" + name +
+                 "\nExec=env BAMF_DESKTOP_FILE_HINT=/var/lib/snapd/desktop/applications/" + instance + '_' +
+                 instance + ".desktop /snap/bin/" + instance + " %u\nIcon=/snap/" + instance +
+                 "/7/default256.png\n");
+    m_files.text("snap/" + instance + "/7/meta/snap.yaml",
+                 "name: " + instance + "\nversion: '" + version + "'\nsummary: what it does\n");
+    m_files.link("snap/" + instance + "/current", "7");
+    m_files.noise("var/lib/snapd/snaps/" + instance + "_7.snap", 250 * kilobyte, daysOld);
+}
+
+void MadeUpLinux::addAppImage(const QByteArray& path, qint64 bytes, int daysOld) const
+{
+    QByteArray content(bytes, '\0');
+    content.replace(0, 11,
+                    QByteArray("\x7F"
+                               "ELF"
+                               "\x02\x01\x01\x00"
+                               "AI\x02",
+                               11));
+    m_files.text(homePath + path, content, daysOld);
 }
 
 } // namespace keelbright::testing

@@ -30,12 +30,29 @@ public:
     void addLogs() const;
     /// A document and a folder in the Trash of the home.
     void addTrash() const;
+    /// Four applications: Files as a package of the system, Firefox as a Snap, Krita as an AppImage with an
+    /// entry of its own in the menu, and Maps as a Flatpak. Names have a German form.
+    void addApplications() const;
+    /// A package in the database of dpkg, with the files that it owns and the days since it was installed.
+    void addPackage(const QByteArray& name, const QByteArray& version, int kibibytes,
+                    const QByteArrayList& files, int daysOld) const;
+    /// What Flatpak lays out for an application: its export, its metadata and the file "deploy".
+    void addFlatpak(const QByteArray& id, const QByteArray& name, const QByteArray& version, quint64 size,
+                    int daysOld) const;
+    /// What snapd lays out for an application.
+    void addSnap(const QByteArray& instance, const QByteArray& name, const QByteArray& version,
+                 int daysOld) const;
+    /// A file that begins like an AppImage; the path is relative to the home.
+    void addAppImage(const QByteArray& path, qint64 bytes, int daysOld) const;
+
     /// The processes as the kernel lists them: one of this user for each command, with its arguments.
     void addProcesses(const QList<QByteArrayList>& commands) const;
 
     [[nodiscard]] FileURL home() const { return m_files.at("home/mira"); }
 
 private:
+    void addEntry(const QByteArray& path, const QByteArray& lines) const;
+
     MadeUpFiles m_files;
     Desktop m_desktop;
     Language m_language;

@@ -9,6 +9,7 @@
 #include "KeelbrightCore/platform/files/PlaceOnVolume.h"
 #include "KeelbrightCore/platform/files/TrashedItem.h"
 
+#include <QDateTime>
 #include <QList>
 #include <memory>
 #include <optional>
@@ -49,6 +50,12 @@ public:
     [[nodiscard]] virtual FileExistence fileExists(const FileURL& url) const = 0;
     [[nodiscard]] virtual bool isReadable(const FileURL& url) const = 0;
     [[nodiscard]] virtual bool isWritable(const FileURL& url) const = 0;
+    /// Whether it is a file that the user may run.
+    [[nodiscard]] virtual bool isExecutable(const FileURL& url) const = 0;
+    /// When the item's data was last changed, links followed, in UTC; nothing where it can't be read.
+    [[nodiscard]] virtual std::optional<QDateTime> modificationDate(const FileURL& url) const = 0;
+    /// The first bytes of a file, fewer where it is shorter; nothing where it can't be read.
+    [[nodiscard]] virtual std::optional<QByteArray> beginning(const FileURL& url, qsizetype bytes) const = 0;
     /// The logical size in bytes of anything but a folder (of a link: of the link itself); nothing
     /// where it can't be read.
     [[nodiscard]] virtual std::optional<qint64> fileSize(const FileURL& url) const = 0;

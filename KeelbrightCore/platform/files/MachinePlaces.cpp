@@ -3,6 +3,7 @@
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/files/MacJunk.h"
 #include "KeelbrightCore/platform/files/UserFolders.h"
+#include "KeelbrightCore/platform/files/XdgFolders.h"
 #include "KeelbrightCore/platform/files/XdgJunk.h"
 
 namespace keelbright {
@@ -72,6 +73,41 @@ JunkPlaces MachinePlaces::junk() const
 QList<FileURL> MachinePlaces::junkEstimate() const
 {
     return m_isMac ? macJunkEstimate(m_home) : xdgJunkEstimate(m_files);
+}
+
+QList<FileURL> MachinePlaces::dataFolders() const
+{
+    return m_isMac ? QList<FileURL>() : XdgFolders::dataFolders(m_files);
+}
+
+LinuxPackages MachinePlaces::linuxPackages() const
+{
+    return {
+        .dpkgStatus = m_files.systemLocation(u"/var/lib/dpkg/status"_s),
+        .dpkgLists = m_files.systemLocation(u"/var/lib/dpkg/info"_s),
+        .snaps = m_files.systemLocation(u"/snap"_s),
+        .snapFiles = m_files.systemLocation(u"/var/lib/snapd/snaps"_s),
+    };
+}
+
+LinuxUsage MachinePlaces::linuxUsage() const
+{
+    const FileURL data = m_files.applicationSupportDirectory();
+    return {
+        .recentFiles = data.appending(u"recently-used.xbel"_s),
+        .gnomeState = data.appending(u"gnome-shell/application_state"_s),
+        .plasmaDatabase = data.appending(u"kactivitymanagerd/resources/database"_s),
+    };
+}
+
+QList<FileURL> MachinePlaces::appImageFolders() const
+{
+    if (m_isMac)
+        return {};
+    QList<FileURL> folders;
+    for (const char* name : {"Applications", "AppImages", "bin", ".local/bin"})
+        folders.append(m_home.appendingNative(name));
+    return folders + QList{userFolder(UserFolder::downloads), userFolder(UserFolder::desktop), m_home};
 }
 
 FileURL MachinePlaces::sharedBundleFolder() const

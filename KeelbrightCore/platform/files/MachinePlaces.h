@@ -29,6 +29,23 @@ struct MacLibrary
     FileURL systemLaunchDaemons; ///< of all users
 };
 
+/// Where Linux systems keep what is known of installed packages.
+struct LinuxPackages
+{
+    FileURL dpkgStatus; ///< the file with all packages
+    FileURL dpkgLists;  ///< a list of its files for each package
+    FileURL snaps;      ///< where Snaps are mounted
+    FileURL snapFiles;  ///< the files that are mounted there
+};
+
+/// Where desktops record which applications are used.
+struct LinuxUsage
+{
+    FileURL recentFiles;    ///< of all programs that follow the desktop bookmark specification
+    FileURL gnomeState;     ///< of GNOME's shell
+    FileURL plasmaDatabase; ///< of KDE's activity manager
+};
+
 /// Where this machine keeps things; the only class that knows. A Mac, and a home that has a folder
 /// "Library", has the places of a Mac, every other home those of the XDG specifications. Whether a place
 /// exists is another question.
@@ -50,6 +67,14 @@ public:
     [[nodiscard]] JunkPlaces junk() const;
     /// What a quick estimate of the junk adds up, which is less than all of it; files may be among them.
     [[nodiscard]] QList<FileURL> junkEstimate() const;
+
+    /// Where the entries of the desktop's menu and other data lie, in the order in which they are
+    /// searched; empty on a Mac.
+    [[nodiscard]] QList<FileURL> dataFolders() const;
+    [[nodiscard]] LinuxPackages linuxPackages() const;
+    [[nodiscard]] LinuxUsage linuxUsage() const;
+    /// The folders in the home in which people keep AppImages; empty on a Mac.
+    [[nodiscard]] QList<FileURL> appImageFolders() const;
 
     /// The folders in which bundles of applications lie, in the order in which they are searched; empty
     /// where there are none.

@@ -93,6 +93,36 @@ bool SystemFileManager::isWritable(const FileURL& url) const
     return isAccessible(url, W_OK);
 }
 
+bool SystemFileManager::isExecutable(const FileURL& url) const
+{
+    struct stat status = {};
+    return ::stat(url.nativePath().constData(), &status) == 0 && S_ISREG(status.st_mode) &&
+           isAccessible(url, X_OK);
+}
+
+std::optional<QDateTime> SystemFileManager::modificationDate(const FileURL& url) const
+{
+    struct stat status = {};
+    if (::stat(url.nativePath().constData(), &status) != 0)
+        return std::nullopt;
+    return QDateTime::fromSecsSinceEpoch(status.st_mtime, Qt::UTC);
+}
+
+std::optional<QByteArray> SystemFileManager::beginning(const FileURL& url, qsizetype bytes) const
+{
+    const FileDescriptor file(retrying(
+        [&] { return ::open(url.nativePath().constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
+    struct stat status = {};
+    if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    QByteArray data(bytes, Qt::Uninitialized);
+    const ssize_t got = retrying([&] { return ::read(file.get(), data.data(), static_cast<size_t>(bytes)); });
+    if (got < 0)
+        return std::nullopt;
+    data.truncate(got);
+    return data;
+}
+
 std::optional<qint64> SystemFileManager::fileSize(const FileURL& url) const
 {
     struct stat status = {};

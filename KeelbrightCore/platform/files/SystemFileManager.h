@@ -14,6 +14,9 @@ public:
     [[nodiscard]] FileExistence fileExists(const FileURL& url) const override;
     [[nodiscard]] bool isReadable(const FileURL& url) const override;
     [[nodiscard]] bool isWritable(const FileURL& url) const override;
+    [[nodiscard]] bool isExecutable(const FileURL& url) const override;
+    [[nodiscard]] std::optional<QDateTime> modificationDate(const FileURL& url) const override;
+    [[nodiscard]] std::optional<QByteArray> beginning(const FileURL& url, qsizetype bytes) const override;
     [[nodiscard]] std::optional<qint64> fileSize(const FileURL& url) const override;
     [[nodiscard]] FileURL resolvingSymlinks(const FileURL& url) const override;
     [[nodiscard]] std::optional<PlaceOnVolume> placeOnVolume(const FileURL& url) const override;

@@ -31,4 +31,27 @@ FileURL XdgFolders::state(const FileManager& files)
     return baseFolder(files, "XDG_STATE_HOME", ".local/state");
 }
 
+QList<FileURL> XdgFolders::dataFolders(const FileManager& files)
+{
+    const FileURL own = files.applicationSupportDirectory();
+    QList<FileURL> folders{own};
+    const auto add = [&folders](const FileURL& folder) {
+        if (!folders.contains(folder))
+            folders.append(folder);
+    };
+    QByteArray system = qgetenv("XDG_DATA_DIRS");
+    if (system.isEmpty())
+        system = "/usr/local/share:/usr/share";
+    for (const QByteArray& folder : system.split(':')) {
+        // The base directory specification asks to ignore a relative path.
+        if (folder.startsWith('/'))
+            add(files.systemLocation(QString::fromUtf8(folder)));
+    }
+    // A session that was started without their profiles does not name them.
+    add(own.appendingNative("flatpak/exports/share"));
+    add(files.systemLocation(QStringLiteral("/var/lib/flatpak/exports/share")));
+    add(files.systemLocation(QStringLiteral("/var/lib/snapd/desktop")));
+    return folders;
+}
+
 } // namespace keelbright

@@ -2,6 +2,8 @@
 
 #include "KeelbrightCore/platform/files/FileURL.h"
 
+#include <QList>
+
 namespace keelbright {
 
 class FileManager;
@@ -14,6 +16,9 @@ namespace XdgFolders {
 [[nodiscard]] FileURL configuration(const FileManager& files);
 [[nodiscard]] FileURL caches(const FileManager& files);
 [[nodiscard]] FileURL state(const FileManager& files);
+/// Where data lies that programs look for: the user's own folder, then those of the system, then what
+/// Flatpak and Snap add to them, each once.
+[[nodiscard]] QList<FileURL> dataFolders(const FileManager& files);
 
 } // namespace XdgFolders
 } // namespace keelbright
