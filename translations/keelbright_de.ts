@@ -1527,6 +1527,10 @@
         <translation>Dateien geordnet</translation>
     </message>
     <message>
+        <source>Files of %1 removed</source>
+        <translation>Dateien von %1 entfernt</translation>
+    </message>
+    <message>
         <source>%1 removed</source>
         <translation>%1 entfernt</translation>
     </message>
@@ -1579,6 +1583,17 @@
         <translation>
             <numerusform>App und %1 zugehörige Datei in den Papierkorb gelegt</numerusform>
             <numerusform>App und %1 zugehörige Dateien in den Papierkorb gelegt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 leftover file moved to Trash</source>
+        <translation>%1 zugehörige Datei in den Papierkorb gelegt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 leftover files moved to Trash</source>
+        <translation>
+            <numerusform>%1 zugehörige Datei in den Papierkorb gelegt</numerusform>
+            <numerusform>%1 zugehörige Dateien in den Papierkorb gelegt</numerusform>
         </translation>
     </message>
     <message>
@@ -1803,6 +1818,16 @@ Eingebaut: die Schrift Material Design Icons (SIL Open Font License 1.1, ihre Bi
         <translation>Abbrechen</translation>
     </message>
     <message>
+        <source>The app belongs to a package. This command removes it: %1
+Associated files (%2) can be moved to Trash.</source>
+        <translation>Die App gehört zu einem Paket. Dieser Befehl entfernt sie: %1
+Zugehörige Dateien (%2) können in den Papierkorb gelegt werden.</translation>
+    </message>
+    <message>
+        <source>Move Files to Trash</source>
+        <translation>Dateien in den Papierkorb</translation>
+    </message>
+    <message>
         <source>Move App Only to Trash</source>
         <translation>Nur App in den Papierkorb</translation>
     </message>
@@ -1958,6 +1983,10 @@ Eingebaut: die Schrift Material Design Icons (SIL Open Font License 1.1, ihre Bi
 </context>
 <context>
     <name>keelbright::AppUsageSection</name>
+    <message>
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
+    </message>
     <message>
         <source>%1 %2</source>
         <translation>%1 %2</translation>
@@ -2613,6 +2642,10 @@ Eingebaut: die Schrift Material Design Icons (SIL Open Font License 1.1, ihre Bi
 </context>
 <context>
     <name>keelbright::JunkItemModel</name>
+    <message>
+        <source>%1 is running and uses this cache.</source>
+        <translation>%1 läuft und benutzt diesen Cache.</translation>
+    </message>
     <message>
         <source>Reveal in Finder</source>
         <translation>Im Dateimanager zeigen</translation>

@@ -97,7 +97,8 @@ void AppDetailVM::removeApp()
     for (const AppLeftover& leftover : m_leftovers)
         moveToTrash(leftover.url, moved);
     const char* detail = count == 1 ? StoredTexts::appAndFileTrashed : StoredTexts::appAndFilesTrashed;
-    logRemoval(StoredTexts::stored(detail, {QString::number(count)}), bytes, count + 1);
+    logRemoval(StoredTexts::appRemoved, StoredTexts::stored(detail, {QString::number(count)}), bytes,
+               count + 1);
     Q_EMIT trashed(moved);
     Q_EMIT removed(m_app);
 }
@@ -105,18 +106,34 @@ void AppDetailVM::removeApp()
 void AppDetailVM::removeAppOnly()
 {
     const TrashedItems moved = moveApplicationToTrash(m_app.url);
-    logRemoval(StoredTexts::stored(StoredTexts::appTrashed), 0, 1);
+    logRemoval(StoredTexts::appRemoved, StoredTexts::stored(StoredTexts::appTrashed), 0, 1);
     Q_EMIT trashed(moved);
     Q_EMIT removed(m_app);
 }
 
-void AppDetailVM::logRemoval(const QString& detail, qint64 bytes, qint64 items) const
+void AppDetailVM::removeFilesOnly()
+{
+    const qint64 bytes = totalLeftoverBytes();
+    const qsizetype count = m_leftovers.size();
+    if (count == 0)
+        return;
+    TrashedItems moved;
+    for (const AppLeftover& leftover : m_leftovers)
+        moveToTrash(leftover.url, moved);
+    const char* detail = count == 1 ? StoredTexts::appFileTrashed : StoredTexts::appFilesTrashed;
+    logRemoval(StoredTexts::appFilesRemoved, StoredTexts::stored(detail, {QString::number(count)}), bytes,
+               count);
+    Q_EMIT trashed(moved);
+    loadLeftovers();
+}
+
+void AppDetailVM::logRemoval(const char* title, const QString& detail, qint64 bytes, qint64 items) const
 {
     m_activityStore.append({
         .id = QUuid::createUuid(),
         .timestamp = m_clock(),
         .kind = ActivityEntry::Kind::appRemove,
-        .title = StoredTexts::stored(StoredTexts::appRemoved, {m_app.name}),
+        .title = StoredTexts::stored(title, {m_app.name}),
         .detail = detail,
         .bytesAffected = bytes,
         .itemCount = items,

@@ -48,6 +48,9 @@ public:
 
     void setShowDeleteConfirm(bool show) { m_showDeleteConfirm = show; }
 
+    /// Whether the application itself can be moved to the Trash; one that belongs to a package can't.
+    [[nodiscard]] bool canMoveApp() const { return m_app.removalCommand.isEmpty(); }
+
     /// Looks in the background for what the application keeps outside its bundle. A search that is under
     /// way ends before its next place, and so does one whose model goes.
     void loadLeftovers();
@@ -59,6 +62,9 @@ public:
     void removeApp();
     /// The same for the bundle alone.
     void removeAppOnly();
+    /// The same for the leftovers alone, which are then looked for again. The application stays, and
+    /// without leftovers nothing is logged.
+    void removeFilesOnly();
 
 Q_SIGNALS:
     void leftoversChanged();
@@ -71,7 +77,7 @@ Q_SIGNALS:
 
 private:
     void setIsLoadingLeftovers(bool isLoading);
-    void logRemoval(const QString& detail, qint64 bytes, qint64 items) const;
+    void logRemoval(const char* title, const QString& detail, qint64 bytes, qint64 items) const;
 
     const AppInfo m_app;
     ActivityStore& m_activityStore;

@@ -76,18 +76,25 @@ QString stored(const char* text, const QStringList& values)
 QString shownTitle(const QString& stored)
 {
     static const QList<Form> titles{Form(backupCompleted), Form(backupWithWarnings), Form(junkTrashed),
-                                    Form(filesOrganised), Form(appRemoved)};
+                                    Form(filesOrganised),  Form(appFilesRemoved),    Form(appRemoved)};
     return translated(stored, titles);
 }
 
 QString shownDetail(const QString& stored)
 {
     static const QList<Form> details{
-        Form(filesBackedUp, Numbers::plural),      Form(itemTrashed),
-        Form(itemsTrashed, Numbers::plural),       Form(fileSortedIn),
-        Form(filesSortedIn, Numbers::plural),      Form(fileSorted),
-        Form(filesSorted, Numbers::plural),        Form(appAndFileTrashed),
-        Form(appAndFilesTrashed, Numbers::plural), Form(appTrashed),
+        Form(filesBackedUp, Numbers::plural),
+        Form(itemTrashed),
+        Form(itemsTrashed, Numbers::plural),
+        Form(fileSortedIn),
+        Form(filesSortedIn, Numbers::plural),
+        Form(fileSorted),
+        Form(filesSorted, Numbers::plural),
+        Form(appAndFileTrashed),
+        Form(appAndFilesTrashed, Numbers::plural),
+        Form(appTrashed),
+        Form(appFileTrashed),
+        Form(appFilesTrashed, Numbers::plural),
     };
     return translated(stored, details);
 }

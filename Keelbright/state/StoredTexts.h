@@ -15,6 +15,7 @@ inline constexpr char backupWithWarnings[] =
     QT_TRANSLATE_NOOP("StoredTexts", "Backup completed with warnings");
 inline constexpr char junkTrashed[] = QT_TRANSLATE_NOOP("StoredTexts", "Junk files moved to Trash");
 inline constexpr char filesOrganised[] = QT_TRANSLATE_NOOP("StoredTexts", "Files organised");
+inline constexpr char appFilesRemoved[] = QT_TRANSLATE_NOOP("StoredTexts", "Files of %1 removed");
 inline constexpr char appRemoved[] = QT_TRANSLATE_NOOP("StoredTexts", "%1 removed");
 
 // Details there; the first value of those with "%1" is a whole number.
@@ -31,6 +32,9 @@ inline constexpr char appAndFileTrashed[] =
     QT_TRANSLATE_NOOP("StoredTexts", "App + %1 leftover file moved to Trash");
 inline constexpr char appAndFilesTrashed[] =
     QT_TRANSLATE_N_NOOP("StoredTexts", "App + %1 leftover files moved to Trash");
+inline constexpr char appFileTrashed[] = QT_TRANSLATE_NOOP("StoredTexts", "%1 leftover file moved to Trash");
+inline constexpr char appFilesTrashed[] =
+    QT_TRANSLATE_N_NOOP("StoredTexts", "%1 leftover files moved to Trash");
 inline constexpr char appTrashed[] = QT_TRANSLATE_NOOP("StoredTexts", "App bundle moved to Trash");
 
 /// The English text with its values in it, at most two.

@@ -207,6 +207,8 @@ AppInfo::AppInfo(AppFacts facts, const QDateTime& now)
 
 QString AppInfo::lastUsedFormatted(const QDateTime& now) const
 {
+    if (!hasUsageRecord)
+        return Analysis::tr("Unknown");
     if (!lastUsedDate)
         return Analysis::tr("Never");
     const qint64 count = days(*lastUsedDate, now);

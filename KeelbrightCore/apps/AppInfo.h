@@ -51,7 +51,7 @@ struct AppInfo : AppFacts
     UsageCategory usageCategory = UsageCategory::unknown;
     QString usageDescription; ///< one sentence that says why
 
-    /// "Never", "Today", "5 days ago", "2 years ago"…, seen from `now`.
+    /// "Never", "Today", "5 days ago", "2 years ago"…, seen from `now`; "Unknown" without a record.
     [[nodiscard]] QString lastUsedFormatted(const QDateTime& now = systemClock()) const;
     /// The day of installation in the user's locale, or "Unknown".
     [[nodiscard]] QString installedFormatted() const;

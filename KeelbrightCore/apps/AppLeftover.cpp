@@ -1,6 +1,8 @@
 #include "KeelbrightCore/apps/AppLeftover.h"
 
+#include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/text/ByteCountFormatter.h"
+#include "KeelbrightCore/storage/FolderSizeService.h"
 
 namespace keelbright {
 
@@ -58,6 +60,13 @@ QString AppLeftover::icon(Kind kind)
 QString AppLeftover::formattedSize() const
 {
     return ByteCountFormatter::string(sizeBytes);
+}
+
+AppLeftover measuredLeftover(const FileURL& url, AppLeftover::Kind kind, const FileManager& files)
+{
+    const qint64 bytes = files.fileExists(url).isDirectory ? FolderSizeService::recursiveSize(url, files)
+                                                           : files.fileSize(url).value_or(0);
+    return {.url = url, .sizeBytes = bytes, .kind = kind};
 }
 
 } // namespace keelbright

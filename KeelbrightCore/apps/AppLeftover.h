@@ -29,4 +29,10 @@ struct AppLeftover
     friend bool operator==(const AppLeftover&, const AppLeftover&) = default;
 };
 
+class FileManager;
+
+/// With its size as `FolderSizeService` has it, 0 where it can't be read. Blocks; any thread.
+[[nodiscard]] AppLeftover measuredLeftover(const FileURL& url, AppLeftover::Kind kind,
+                                           const FileManager& files);
+
 } // namespace keelbright

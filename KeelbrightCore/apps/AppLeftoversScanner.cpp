@@ -1,8 +1,8 @@
 #include "KeelbrightCore/apps/AppLeftoversScanner.h"
 
+#include "KeelbrightCore/apps/LinuxLeftovers.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/files/MachinePlaces.h"
-#include "KeelbrightCore/storage/FolderSizeService.h"
 
 #include <algorithm>
 #include <functional>
@@ -108,14 +108,7 @@ private:
     {
         if (m_cancellation.isCancelled())
             return;
-        m_found.append({.url = url, .sizeBytes = itemSize(url), .kind = kind});
-    }
-
-    [[nodiscard]] qint64 itemSize(const FileURL& url) const
-    {
-        if (m_fileManager.fileExists(url).isDirectory)
-            return FolderSizeService::recursiveSize(url, m_fileManager);
-        return m_fileManager.fileSize(url).value_or(0);
+        m_found.append(measuredLeftover(url, kind, m_fileManager));
     }
 
     const FileManager& m_fileManager = FileManager::defaultManager();
@@ -131,6 +124,9 @@ private:
 QList<AppLeftover> AppLeftoversScanner::scan(const QString& bundleID, const QString& appName,
                                              const Cancellation& cancellation)
 {
+    const FileManager& files = FileManager::defaultManager();
+    if (!MachinePlaces(files).isMac())
+        return LinuxLeftovers::scan(bundleID, files, cancellation);
     return Search(bundleID, appName, cancellation).run();
 }
 

@@ -62,6 +62,7 @@ TEST(AppInfo, withoutAnyRecordOfItsUseItIsUnknownUnlessItIsNew)
     const AppInfo old({.dateAdded = daysAgo(400), .hasUsageRecord = false}, now);
     EXPECT_EQ(old.usageCategory, UsageCategory::unknown);
     EXPECT_EQ(old.usageDescription, u"Opened 0 times — usage timing unknown."_s);
+    EXPECT_EQ(old.lastUsedFormatted(now), u"Unknown"_s);
     EXPECT_EQ(AppInfo({.dateAdded = daysAgo(3), .hasUsageRecord = false}, now).usageCategory,
               UsageCategory::new_);
 }

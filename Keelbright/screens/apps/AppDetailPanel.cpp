@@ -63,7 +63,7 @@ QWidget* AppDetailPanel::makeHeader()
     auto* row = new QHBoxLayout(header);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(14);
-    row->addWidget(new AppIconLabel(m_icons, app.url, iconSide, header));
+    row->addWidget(new AppIconLabel(m_icons, app, iconSide, header));
     auto* texts = new QVBoxLayout;
     texts->setSpacing(2);
     texts->addStretch();
@@ -73,6 +73,10 @@ QWidget* AppDetailPanel::makeHeader()
                                      Qt::ElideRight, header));
     facts->addWidget(
         new ElidedLabel(app.bundleID, FontRole::secondary, Role::secondaryText, Qt::ElideMiddle, header));
+    if (app.sizeBytes) {
+        facts->addWidget(new ElidedLabel(ByteCountFormatter::string(*app.sizeBytes), FontRole::secondary,
+                                         Role::secondaryText, Qt::ElideRight, header));
+    }
     texts->addLayout(facts);
     texts->addStretch();
     row->addLayout(texts, 1);
@@ -117,8 +121,12 @@ void AppDetailPanel::revealBundle()
 
 QString AppDetailPanel::question() const
 {
-    return tr("Associated files (%1) will also be moved to Trash.")
-        .arg(ByteCountFormatter::string(m_model.totalLeftoverBytes()));
+    const QString size = ByteCountFormatter::string(m_model.totalLeftoverBytes());
+    if (m_model.canMoveApp())
+        return tr("Associated files (%1) will also be moved to Trash.").arg(size);
+    return tr("The app belongs to a package. This command removes it: %1\nAssociated files (%2) can be "
+              "moved to Trash.")
+        .arg(m_model.app().removalCommand, size);
 }
 
 void AppDetailPanel::askForRemoval()
@@ -126,6 +134,10 @@ void AppDetailPanel::askForRemoval()
     if (m_model.showDeleteConfirm())
         return;
     m_model.setShowDeleteConfirm(true);
+    if (!m_model.canMoveApp()) {
+        askForRemovalOfFiles();
+        return;
+    }
     const AlertRequest request{
         .title = tr("Remove \"%1\"?").arg(displayText(m_model.app().name)),
         .message = question(),
@@ -137,6 +149,21 @@ void AppDetailPanel::askForRemoval()
         .secondConfirmed = [this] { endQuestion(&AppDetailVM::removeAppOnly); },
     };
     m_context.alerts.present(this, request, [this] { endQuestion(&AppDetailVM::removeApp); });
+}
+
+void AppDetailPanel::askForRemovalOfFiles()
+{
+    const AlertRequest request{
+        .title = tr("Remove \"%1\"?").arg(displayText(m_model.app().name)),
+        .message = question(),
+        .action = tr("Move Files to Trash"),
+        .cancel = tr("Cancel"),
+        .isDestructive = true,
+        .dismissed = [this] { m_model.setShowDeleteConfirm(false); },
+        .secondAction = {},
+        .secondConfirmed = {},
+    };
+    m_context.alerts.present(this, request, [this] { endQuestion(&AppDetailVM::removeFilesOnly); });
 }
 
 void AppDetailPanel::endQuestion(void (AppDetailVM::*remove)())

@@ -33,6 +33,8 @@ private:
     [[nodiscard]] QLayout* makeTitle(QWidget* header) const;
     [[nodiscard]] QWidget* makeActions();
     [[nodiscard]] QString question() const;
+    /// The question where the application itself has to stay.
+    void askForRemovalOfFiles();
     void endQuestion(void (AppDetailVM::*remove)());
 
     ScreenContext m_context;

@@ -24,6 +24,12 @@ struct Entry
     QByteArrayView whole; ///< with its head
 };
 
+bool isPictureFormat(const QByteArray& extension)
+{
+    static const QByteArrayList formats{"png", "svg", "xpm", "jpg", "jpeg"};
+    return formats.contains(extension);
+}
+
 struct KnownType
 {
     QByteArrayView type;
@@ -92,6 +98,23 @@ QImage decodeAs(const char* format, const QByteArray& data)
     return reader.read();
 }
 
+/// A drawing is drawn in the size that is wanted.
+QImage decodePicture(const QByteArray& format, const QByteArray& data, int side)
+{
+    if (side <= 0)
+        return {};
+    QBuffer buffer;
+    buffer.setData(data);
+    QImageReader reader(&buffer, format);
+    const QSize size = reader.size();
+    if (format == "svg")
+        reader.setScaledSize(size.scaled(side, side, Qt::KeepAspectRatio));
+    else if (size.width() > AppIconFile::maximumSide || size.height() > AppIconFile::maximumSide)
+        return {};
+    const QImage picture = reader.read();
+    return picture.isNull() ? picture : AppIconFile::asSquare(picture, side);
+}
+
 QImage decodeEntry(const Entry& picture, const QList<Entry>& entries)
 {
     const QByteArrayView content = picture.whole.sliced(headSize);
@@ -104,15 +127,6 @@ QImage decodeEntry(const Entry& picture, const QList<Entry>& entries)
             body.append(entry.whole);
     }
     return decodeAs("icns", "icns" + bigEndian(body.size() + headSize) + body);
-}
-
-QImage asSquare(const QImage& picture, int side)
-{
-    const QImage scaled = picture.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    QImage square(side, side, QImage::Format_ARGB32_Premultiplied);
-    square.fill(Qt::transparent);
-    QPainter(&square).drawImage((side - scaled.width()) / 2, (side - scaled.height()) / 2, scaled);
-    return square;
 }
 
 /// The icon's file as the bundle names it; absent if it names none.
@@ -132,17 +146,27 @@ std::optional<FileURL> iconFile(const FileURL& bundle)
 
 } // namespace
 
-QImage AppIconFile::read(const FileURL& bundle, int side)
+QImage AppIconFile::asSquare(const QImage& picture, int side)
 {
-    const std::optional<FileURL> file = iconFile(bundle);
+    const QImage scaled = picture.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    QImage square(side, side, QImage::Format_ARGB32_Premultiplied);
+    square.fill(Qt::transparent);
+    QPainter(&square).drawImage((side - scaled.width()) / 2, (side - scaled.height()) / 2, scaled);
+    return square;
+}
+
+QImage AppIconFile::read(const FileURL& source, int side)
+{
+    const QByteArray extension = pathExtensionOf(source.nativeLastPathComponent()).toByteArray().toLower();
+    const bool isPicture = isPictureFormat(extension);
+    const std::optional<FileURL> file = isPicture ? source : iconFile(source);
     if (!file)
         return {};
     const FileManager& fileManager = FileManager::defaultManager();
-    const auto size = fileManager.fileSize(fileManager.resolvingSymlinks(*file));
-    if (!size || *size > maximumBytes)
+    const auto content = fileManager.contents(*file, maximumBytes);
+    if (!content)
         return {};
-    const auto content = fileManager.contents(*file);
-    return content ? decode(*content, side) : QImage();
+    return isPicture ? decodePicture(extension, *content, side) : decode(*content, side);
 }
 
 QImage AppIconFile::decode(const QByteArray& icns, int side)

@@ -16,9 +16,12 @@ inline constexpr qint64 maximumBytes = qint64{32} * 1024 * 1024;
 /// A picture with a longer side is ignored.
 inline constexpr int maximumSide = 2048;
 
-/// The icon that the bundle names, as a square of that many pixels; null if it names none or none that
-/// can be read.
-[[nodiscard]] QImage read(const FileURL& bundle, int side);
+/// The icon that the bundle names, or the picture itself where the location is that of a picture, as a
+/// square of that many pixels; null if there is none or none that can be read.
+[[nodiscard]] QImage read(const FileURL& source, int side);
+
+/// The picture scaled into the middle of a square of that many pixels.
+[[nodiscard]] QImage asSquare(const QImage& picture, int side);
 
 /// The picture of an `.icns` file that is best for a square of that many pixels, scaled to it; null if
 /// there is none.

@@ -8,17 +8,18 @@ namespace keelbright {
 
 using namespace Qt::StringLiterals;
 
-AppIconLabel::AppIconLabel(AppIcons& icons, FileURL bundle, int side, QWidget* parent)
+AppIconLabel::AppIconLabel(AppIcons& icons, const AppFacts& app, int side, QWidget* parent)
     : Tile(u"app.fill"_s, Role::secondaryText, side, parent)
     , m_icons(icons)
-    , m_bundle(std::move(bundle))
+    , m_source(AppIcons::sourceOf(app))
+    , m_name(app.themeIcon)
 {
     connect(&m_icons, &AppIcons::loaded, this, qOverload<>(&QWidget::update));
 }
 
 void AppIconLabel::paintEvent(QPaintEvent* event)
 {
-    const QPixmap icon = m_icons.icon(m_bundle, sizeHint().width());
+    const QPixmap icon = m_icons.icon(m_source, sizeHint().width(), m_name);
     if (icon.isNull())
         Tile::paintEvent(event);
     else

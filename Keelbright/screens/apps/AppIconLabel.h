@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Keelbright/widgets/SymbolLabel.h"
-#include "KeelbrightCore/platform/files/FileURL.h"
+#include "KeelbrightCore/apps/AppInfo.h"
 
 namespace keelbright {
 
@@ -14,14 +14,15 @@ class AppIconLabel : public Tile
 
 public:
     /// The icons outlive the label.
-    AppIconLabel(AppIcons& icons, FileURL bundle, int side, QWidget* parent = nullptr);
+    AppIconLabel(AppIcons& icons, const AppFacts& app, int side, QWidget* parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     AppIcons& m_icons;
-    const FileURL m_bundle;
+    const FileURL m_source;
+    const QString m_name; ///< in the icon theme
 };
 
 } // namespace keelbright

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KeelbrightCore/platform/files/FileURL.h"
+#include "KeelbrightCore/apps/AppInfo.h"
 
 #include <QCache>
 #include <QList>
@@ -21,19 +21,26 @@ class AppIcons : public QObject
 public:
     using QObject::QObject;
 
-    /// The icon of a bundle as a square of that many device-independent pixels, sharp on every screen.
-    /// Null until it is read, and if the bundle has none.
-    [[nodiscard]] QPixmap icon(const FileURL& bundle, int side);
+    /// The icon of an application as a square of that many device-independent pixels, sharp on every
+    /// screen. Null until it is read, and if the application has none. `name` is its name in the icon
+    /// theme, if it has one.
+    [[nodiscard]] QPixmap icon(const FileURL& source, int side, const QString& name = {});
+
+    /// Where the icon of the application is read from: its bundle, or the picture that it names.
+    [[nodiscard]] static FileURL sourceOf(const AppFacts& app);
 
 Q_SIGNALS:
-    /// `icon` returns it from now on.
-    void loaded(const keelbright::FileURL& bundle);
+    /// `icon` returns what is read from there from now on.
+    void loaded(const keelbright::FileURL& source);
 
 private:
-    using Key = std::pair<FileURL, int>; ///< bundle and side in real pixels
+    using Key = std::pair<FileURL, int>; ///< source and side in real pixels
+
+    [[nodiscard]] QPixmap drawn(const QString& name, const Key& key);
 
     void request(const Key& key);
     void readNext();
+    void store(const Key& key, const QImage& image);
     void keep(const Key& key, const QImage& image);
 
     QCache<Key, QPixmap> m_icons{24'576}; ///< counted in kilobytes

@@ -55,7 +55,7 @@ ListRow AppListModel::rowAt(int row) const
     const AppInfo& app = itemAt(row);
     const UsageLook look = lookOf(app.usageCategory);
     ListRow shown;
-    shown.image = m_icons.icon(app.url, Metrics::tile);
+    shown.image = m_icons.icon(AppIcons::sourceOf(app), Metrics::tile, app.themeIcon);
     shown.picture = shown.image.isNull() ? ListRow::Picture::tile : ListRow::Picture::image;
     shown.symbol = u"app.fill"_s;
     shown.symbolColor = Role::secondaryText;
@@ -69,9 +69,9 @@ ListRow AppListModel::rowAt(int row) const
     return shown;
 }
 
-void AppListModel::redrawRowOf(const FileURL& bundle)
+void AppListModel::redrawRowOf(const FileURL& source)
 {
-    const auto found = std::ranges::find(items(), bundle, &AppInfo::url);
+    const auto found = std::ranges::find(items(), source, &AppIcons::sourceOf);
     if (found == items().end())
         return;
     const int row = static_cast<int>(found - items().begin());

@@ -44,12 +44,19 @@ QHBoxLayout* makeVerdict(const AppInfo& app)
     return row;
 }
 
+QString usesOf(const AppInfo& app)
+{
+    if (!app.hasUsageRecord)
+        return AppUsageSection::tr("Unknown");
+    return app.useCount == 0 ? AppUsageSection::tr("Never") : QString::number(app.useCount);
+}
+
 } // namespace
 
 AppUsageSection::AppUsageSection(const AppInfo& app, const QDateTime& now, QWidget* parent)
     : PageSection(new SectionHeader(tr("Usage"), u"chart.bar.fill"_s), parent)
 {
-    const QString uses = app.useCount == 0 ? tr("Never") : QString::number(app.useCount);
+    const QString uses = usesOf(app);
     auto* card = new Card(this);
     // Its height depends on how many numbers stand side by side.
     card->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);

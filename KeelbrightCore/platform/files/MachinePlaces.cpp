@@ -100,6 +100,17 @@ LinuxUsage MachinePlaces::linuxUsage() const
     };
 }
 
+LinuxAppFolders MachinePlaces::linuxAppFolders() const
+{
+    return {
+        .configuration = XdgFolders::configuration(m_files),
+        .data = m_files.applicationSupportDirectory(),
+        .state = XdgFolders::state(m_files),
+        .caches = XdgFolders::caches(m_files),
+        .flatpaks = m_home.appending(u".var/app"_s),
+    };
+}
+
 QList<FileURL> MachinePlaces::appImageFolders() const
 {
     if (m_isMac)

@@ -38,6 +38,16 @@ struct LinuxPackages
     FileURL snapFiles;  ///< the files that are mounted there
 };
 
+/// Where the applications of a Linux desktop keep files, each in a folder of its own name.
+struct LinuxAppFolders
+{
+    FileURL configuration;
+    FileURL data;
+    FileURL state;
+    FileURL caches;
+    FileURL flatpaks;
+};
+
 /// Where desktops record which applications are used.
 struct LinuxUsage
 {
@@ -73,6 +83,7 @@ public:
     [[nodiscard]] QList<FileURL> dataFolders() const;
     [[nodiscard]] LinuxPackages linuxPackages() const;
     [[nodiscard]] LinuxUsage linuxUsage() const;
+    [[nodiscard]] LinuxAppFolders linuxAppFolders() const;
     /// The folders in the home in which people keep AppImages; empty on a Mac.
     [[nodiscard]] QList<FileURL> appImageFolders() const;
 

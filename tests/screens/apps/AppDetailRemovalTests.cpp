@@ -42,6 +42,30 @@ TEST_F(AppDetailRemovalTests, bothRemovalsAreOfferedEvenWithoutFiles)
     EXPECT_EQ(alerts.requests().first().secondAction, u"Move App Only to Trash"_s);
 }
 
+TEST_F(AppDetailRemovalTests, ofAnAppThatBelongsToAPackageOnlyTheFilesCanGo)
+{
+    made.addLibrary();
+    addApplications();
+    AppFacts facts = sketchbook();
+    facts.removalCommand = u"sudo apt remove sketchbook"_s;
+    const auto panel = makeSettledPanel(AppInfo(facts, mac.clock()()));
+    const QSignalSpy removed(panel.get(), &AppDetailPanel::removed);
+    button(*panel, u"Remove…"_s)->click();
+    ASSERT_EQ(alerts.requests().size(), 1);
+    EXPECT_EQ(alerts.requests().first().message,
+              u"The app belongs to a package. This command removes it: sudo apt remove sketchbook\n"
+              "Associated files (148 MB) can be moved to Trash."_s);
+    EXPECT_EQ(alerts.requests().first().action, u"Move Files to Trash"_s);
+    EXPECT_EQ(alerts.requests().first().secondAction, QString());
+    alerts.confirm();
+    EXPECT_TRUE(exists(bundle(u"Sketchbook"_s)));
+    EXPECT_FALSE(exists(mac.home().appending(u"Library/Application Support/Sketchbook"_s)));
+    EXPECT_EQ(activityStore.load().first().title, u"Files of Sketchbook removed"_s);
+    EXPECT_EQ(activityStore.load().first().detail, u"9 leftover files moved to Trash"_s);
+    EXPECT_EQ(activityStore.load().first().itemCount, 9);
+    EXPECT_EQ(removed.size(), 0);
+}
+
 TEST_F(AppDetailRemovalTests, appAndFilesGoToTheTrash)
 {
     made.addLibrary();

@@ -3,6 +3,7 @@
 #include "tests/screens/shared/ScreenTestCase.h"
 #include "tests/support/MadeUpApplication.h"
 
+#include <QIcon>
 #include <QSignalSpy>
 #include <QTest>
 #include <filesystem>
@@ -51,6 +52,35 @@ TEST_F(AppIconsTests, anIconIsReadInTheBackgroundAndThenKept)
     EXPECT_FALSE(icons.icon(ink, 30).isNull());
     waitForIcons();
     EXPECT_EQ(loaded.size(), 1);
+}
+
+TEST_F(AppIconsTests, aPictureThatTheApplicationNamesIsItsIcon)
+{
+    QImage picture(40, 40, QImage::Format_RGB32);
+    picture.fill(QColor(0xF0, 0x8A, 0x00));
+    const FileURL file = mac.writeFile("snap/ink/7/icon.png", "");
+    ASSERT_TRUE(picture.save(file.path()));
+    const AppFacts app{.name = u"Ink"_s, .themeIcon = u"/snap/ink/7/icon.png"_s};
+    EXPECT_EQ(AppIcons::sourceOf(app), file);
+    QSignalSpy loaded(&icons, &AppIcons::loaded);
+    EXPECT_TRUE(icons.icon(file, 30, app.themeIcon).isNull());
+    ASSERT_TRUE(loaded.wait(20'000));
+    EXPECT_EQ(icons.icon(file, 30, app.themeIcon).toImage().pixel(15, 15), 0xFFF08A00);
+}
+
+TEST_F(AppIconsTests, aNameInTheIconThemeIsDrawnAtOnce)
+{
+    QImage picture(48, 48, QImage::Format_RGB32);
+    picture.fill(QColor(0x0A, 0x6C, 0xFF));
+    const FileURL file = mac.writeFile("pixmaps/org.example.Ink.png", "");
+    ASSERT_TRUE(picture.save(file.path()));
+    const QStringList before = QIcon::fallbackSearchPaths();
+    QIcon::setFallbackSearchPaths({file.deletingLastPathComponent().path()});
+    const FileURL entry = mac.root().appending(u"usr/share/applications/org.example.Ink.desktop"_s);
+    EXPECT_EQ(AppIcons::sourceOf({.url = entry, .themeIcon = u"org.example.Ink"_s}), entry);
+    EXPECT_EQ(icons.icon(entry, 30, u"org.example.Ink"_s).toImage().pixel(15, 15), 0xFF0A6CFF);
+    EXPECT_TRUE(icons.icon(mac.root().appending(u"x.desktop"_s), 30, u"no.such.name"_s).isNull());
+    QIcon::setFallbackSearchPaths(before);
 }
 
 TEST_F(AppIconsTests, eachSizeIsAPictureOfItsOwn)
