@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/files/MachinePlaces.h"
+#include "KeelbrightCore/platform/system/DesktopApplications.h"
 #include "KeelbrightCore/platform/system/Host.h"
 #include "KeelbrightCore/platform/system/ProgramVersion.h"
 
@@ -13,8 +14,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The names in the desktop's menu, each once.
+QStringList applicationsInMenu(const FileManager& fileManager)
+{
+    QStringList names;
+    for (const DesktopApplication& application : desktopApplications(fileManager))
+        names.append(application.entry.name.isEmpty() ? application.id : application.entry.name);
+    std::sort(names.begin(), names.end());
+    names.removeDuplicates();
+    return names;
+}
+
 QStringList installedApps(const FileManager& fileManager)
 {
+    if (!MachinePlaces(fileManager).isMac())
+        return applicationsInMenu(fileManager);
     const auto entries = fileManager.contentsOfDirectory(MachinePlaces(fileManager).sharedBundleFolder(), {});
     if (!entries)
         return {};

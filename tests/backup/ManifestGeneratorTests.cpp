@@ -1,7 +1,7 @@
 #include "KeelbrightCore/backup/ManifestGenerator.h"
 #include "KeelbrightCore/platform/system/Host.h"
 #include "tests/support/Printing.h"
-#include "tests/support/TestMac.h"
+#include "tests/support/TestLinux.h"
 
 #include <gtest/gtest.h>
 
@@ -131,6 +131,26 @@ TEST_F(ManifestGeneratorTest, filesAndFoldersOfTheHomeArePresent)
             {u".bash_profile"_s, true}, {u".gitconfig"_s, true}, {u".ssh"_s, false}, {u".zshrc"_s, true}}));
     mac.makeFolder("Users/mira/.ssh");
     EXPECT_TRUE(generate().dotfilesPresent.value(u".ssh"_s));
+}
+
+TEST_F(ManifestGeneratorTest, ofAnotherDesktopTheApplicationsAreThoseOfItsMenu)
+{
+    const TestLinux linuxMachine;
+    const EnvironmentVariable language("LC_ALL");
+    language.set("de_DE.UTF-8");
+    linuxMachine.madeUp(MadeUpLinux::Desktop::gnome).addApplications();
+    linuxMachine.files().text("usr/share/applications/second.desktop",
+                              "[Desktop Entry]\nType=Application\nName=Maps\n");
+    linuxMachine.files().text("usr/share/applications/hidden.desktop",
+                              "[Desktop Entry]\nType=Application\nName=Hidden\nNoDisplay=true\n");
+    linuxMachine.files().folder("home/mira/.ssh");
+    const BackupManifest manifest = generate();
+    EXPECT_EQ(manifest.installedApps, (QStringList{u"Dateien"_s, u"Firefox"_s, u"Krita"_s, u"Maps"_s}));
+    EXPECT_EQ(manifest.shellInfo, u"/bin/zsh"_s);
+    EXPECT_EQ(
+        manifest.dotfilesPresent,
+        (QMap<QString, bool>{
+            {u".bash_profile"_s, false}, {u".gitconfig"_s, false}, {u".ssh"_s, true}, {u".zshrc"_s, false}}));
 }
 
 } // namespace keelbright::testing
