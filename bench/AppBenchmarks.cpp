@@ -1,7 +1,7 @@
 #include "KeelbrightCore/apps/AppScanner.h"
 #include "KeelbrightCore/apps/SpotlightMetadata.h"
 #include "tests/support/MadeUpApplication.h"
-#include "tests/support/TestMac.h"
+#include "tests/support/TestLinux.h"
 
 #include <benchmark/benchmark.h>
 
@@ -41,6 +41,23 @@ void scanPropertyLists(benchmark::State& state)
         benchmark::DoNotOptimize(AppScanner::scan(mac.clock()).result());
 }
 
+/// A desktop with as many entries in its menu, each of a package.
+void scanDesktopEntries(benchmark::State& state)
+{
+    const testing::TestLinux machine;
+    const testing::MadeUpLinux home = machine.madeUp(testing::MadeUpLinux::Desktop::gnome);
+    QByteArrayList entries;
+    for (int number = 0; number < state.range(0); ++number) {
+        const QByteArray path = "/usr/share/applications/app" + QByteArray::number(number) + ".desktop";
+        machine.files().text(path.sliced(1), "[Desktop Entry]\nType=Application\nName=App\nExec=app\n");
+        entries.append(path);
+    }
+    home.addPackage("apps", "1.0", 1, entries, 100);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(AppScanner::scan(machine.clock()).result());
+}
+
+BENCHMARK(scanDesktopEntries)->Arg(3'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(readMetadataOutput)->Unit(benchmark::kMicrosecond);
 BENCHMARK(readMegabytesOfMetadataOutput)->Unit(benchmark::kMillisecond);
 BENCHMARK(scanPropertyLists)->Unit(benchmark::kMillisecond)->UseRealTime();
