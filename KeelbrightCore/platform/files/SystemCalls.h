@@ -27,6 +27,9 @@ namespace SystemCalls {
 /// A descriptor that gives no access to the file or link, but keeps its room on the drive until it is closed,
 /// also when the name is gone.
 [[nodiscard]] std::expected<FileDescriptor, int> holdFile(int folder, const char* name);
+/// EEXIST where `newName` is taken; ENOTSUP where the file system can't do that in one step.
+[[nodiscard]] std::expected<void, int> renameInOneStep(int oldFolder, const char* oldName, int newFolder,
+                                                       const char* newName);
 /// EEXIST where `newName` is taken. Where a file system can't do that in one step, `newName` is looked
 /// for before.
 [[nodiscard]] std::expected<void, int> renameWithoutReplacing(int oldFolder, const char* oldName,
@@ -39,8 +42,8 @@ namespace SystemCalls {
 void copyExtendedAttributes(int source, int target);
 /// Removes the access lists that a file or a folder has got from the folder around it.
 void removeAccessLists(int file);
-/// Writes everything of the descriptor's file system through to the drive, and reports the
-/// write-back errors since the descriptor was opened.
+/// Writes everything of the file system of an open folder through to the drive, and reports the write-back
+/// errors since the folder was opened. On a drive that can't do that, what the folder itself needs.
 [[nodiscard]] std::expected<void, int> flushFileSystem(int folder);
 /// Brings a file's data onto the drive.
 [[nodiscard]] std::expected<void, int> flushData(int file);
@@ -57,6 +60,10 @@ void startWriting(int file);
 [[nodiscard]] std::optional<quint64> mountId(const char* path);
 /// Whether something is mounted on the folder of that name; false where the system does not say.
 [[nodiscard]] bool isMountPoint(int folder, const char* name);
+
+/// The logical size in bytes of an entry of an open folder, links not followed; nothing where it can't be
+/// read.
+[[nodiscard]] std::optional<qint64> sizeOf(int folder, const char* name);
 
 /// Access, modification and change times from a status.
 [[nodiscard]] timespec accessTime(const struct stat& status);

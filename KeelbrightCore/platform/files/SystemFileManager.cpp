@@ -8,6 +8,7 @@
 #include "KeelbrightCore/platform/files/ResolvedPath.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
 #include "KeelbrightCore/platform/files/SystemCopyDestination.h"
+#include "KeelbrightCore/platform/files/SystemTrash.h"
 #include "KeelbrightCore/platform/files/Trash.h"
 
 #include <array>
@@ -212,8 +213,7 @@ std::expected<void, FileError> SystemFileManager::moveItem(const FileURL& source
 
 std::expected<TrashedItem, FileError> SystemFileManager::trashItem(const FileURL& url)
 {
-    return Trash::moveToTrash(url, applicationSupportDirectory().appending(QStringLiteral("Trash")),
-                              ProtectedPlaces::of(*this));
+    return Trash::moveToTrash(url, homeTrashOf(*this), ProtectedPlaces::of(*this));
 }
 
 std::expected<void, FileError> SystemFileManager::restoreItem(const TrashedItem& item)

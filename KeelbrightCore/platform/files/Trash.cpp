@@ -1,257 +1,10 @@
 #include "KeelbrightCore/platform/files/Trash.h"
 
-#include "KeelbrightCore/platform/files/ProtectedPlaces.h"
-#include "KeelbrightCore/platform/files/ResolvedPath.h"
-#include "KeelbrightCore/platform/files/SystemCalls.h"
+#include "KeelbrightCore/platform/files/SystemTrash.h"
 
-#ifdef __APPLE__
-#include <QFile>
 #include <cerrno>
-#include <unistd.h>
-#else
-#include "KeelbrightCore/platform/files/TrashFolder.h"
-#include "KeelbrightCore/platform/files/TrashRecord.h"
-#include "KeelbrightCore/platform/files/TrashRecordFile.h"
-#endif
-
-#include <fcntl.h>
 
 namespace keelbright {
-
-namespace {
-
-using Outcome = std::expected<TrashedItem, FileError>;
-
-/// `cause` is an `errno` value or a reason of this program's own.
-std::unexpected<FileError> notTrashed(const FileURL& item, auto cause)
-{
-    return failure(FileError::Operation::trashed, item, cause);
-}
-
-std::unexpected<FileError> notPutBack(const TrashedItem& item, auto cause)
-{
-    return failure(FileError::Operation::restored, item.origin, cause);
-}
-
-bool isBelow(const FileURL& location, const FileURL& folder)
-{
-    return location.nativePath().startsWith(folder.nativePath() + '/');
-}
-
-#ifdef __APPLE__
-
-/// By what a file is known again after it was moved.
-QByteArray fileNumber(const struct stat& status)
-{
-    return QByteArray::number(static_cast<qint64>(status.st_dev)) + ':' +
-           QByteArray::number(static_cast<quint64>(status.st_ino));
-}
-
-/// The system's own Trash.
-Outcome move(const FileURL& item, const FileURL& homeTrash, const QList<FileURL>& protectedPlaces)
-{
-    struct stat status = {};
-    if (::lstat(item.nativePath().constData(), &status) != 0)
-        return notTrashed(item, errno);
-    const FileURL location =
-        resolvedPath(item.deletingLastPathComponent()).appendingNative(item.nativeLastPathComponent());
-    if (const auto reason = ProtectedPlaces::reasonToStay(location, status, protectedPlaces))
-        return notTrashed(item, *reason);
-    const QByteArray volumeTrash = "/.Trashes/" + QByteArray::number(::getuid()) + '/';
-    if (isBelow(item, homeTrash) || item.nativePath().contains(volumeTrash))
-        return notTrashed(item, FileError::Reason::alreadyInTrash);
-    QString place;
-    if (!QFile::moveToTrash(item.path(), &place))
-        return notTrashed(item, EPERM);
-    const FileURL trashed = FileURL::fromPath(place);
-    // By its new place, as it may have got to another volume.
-    const bool isFound = ::lstat(trashed.nativePath().constData(), &status) == 0;
-    return TrashedItem{location, trashed, isFound ? fileNumber(status) : QByteArray()};
-}
-
-bool isThere(const TrashedItem& item)
-{
-    struct stat status = {};
-    return ::lstat(item.place.nativePath().constData(), &status) == 0 && fileNumber(status) == item.record;
-}
-
-std::expected<void, FileError> moveBack(const TrashedItem& item)
-{
-    if (!isThere(item))
-        return notPutBack(item, FileError::Reason::notInTrash);
-    const auto moved = SystemCalls::renameWithoutReplacing(AT_FDCWD, item.place.nativePath().constData(),
-                                                           AT_FDCWD, item.origin.nativePath().constData());
-    if (!moved)
-        return notPutBack(item, moved.error());
-    return {};
-}
-
-#else
-
-/// An item whose folder is kept open: a change of the folders above it can't put another item in its
-/// place meanwhile.
-struct HeldItem
-{
-    FileURL location; ///< without links in the path of its folder
-    QByteArray name;
-    FileDescriptor folder;
-    struct stat status = {};
-    struct stat folderStatus = {};
-};
-
-std::expected<HeldItem, int> hold(const FileURL& item)
-{
-    HeldItem held;
-    held.name = item.nativeLastPathComponent();
-    const FileURL folder = resolvedPath(item.deletingLastPathComponent());
-    held.location = folder.appendingNative(held.name);
-    held.folder = FileDescriptor(retrying([&] {
-        return ::open(folder.nativePath().constData(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    }));
-    if (!held.folder.isOpen() || ::fstat(held.folder.get(), &held.folderStatus) != 0 ||
-        ::fstatat(held.folder.get(), held.name.constData(), &held.status, AT_SYMLINK_NOFOLLOW) != 0)
-        return std::unexpected(errno);
-    return held;
-}
-
-QByteArray relativePath(const FileURL& location, const FileURL& folder)
-{
-    return location.nativePath().mid(folder == FileURL() ? 1 : folder.nativePath().size() + 1);
-}
-
-/// Refuses what lies in a Trash, a Trash itself, and a folder that holds one.
-std::expected<void, FileError> checkIsOutsideTrash(const HeldItem& item, const FileURL& homeTrash,
-                                                   const FileURL& top)
-{
-    const FileURL trash = resolvedPath(homeTrash);
-    const TrashRelation relation = relationToVolumeTrash(relativePath(item.location, top));
-    if (item.location == trash || isBelow(trash, item.location) || relation == TrashRelation::isTrash)
-        return notTrashed(item.location, FileError::Reason::neededInItsPlace);
-    if (isBelow(item.location, trash) || relation == TrashRelation::inside)
-        return notTrashed(item.location, FileError::Reason::alreadyInTrash);
-    return {};
-}
-
-/// Refuses what the machine needs in its place and the root of a volume.
-std::expected<void, FileError> checkMayGo(const HeldItem& item, const QList<FileURL>& protectedPlaces)
-{
-    if (const auto reason = ProtectedPlaces::reasonToStay(item.location, item.status, protectedPlaces))
-        return notTrashed(item.location, *reason);
-    if (S_ISDIR(item.status.st_mode) && item.status.st_dev != item.folderStatus.st_dev)
-        return notTrashed(item.location, FileError::Reason::driveMounted);
-    return {};
-}
-
-std::expected<TrashedItem, int> moveWithRecord(const TrashFolder& trash, const HeldItem& item,
-                                               const QByteArray& recordedPath)
-{
-    const QByteArray content = TrashRecord::content(recordedPath, QDateTime::currentDateTime());
-    const qsizetype maximumLength = trash.maximumNameLength();
-    for (int attempt = 1; attempt <= TrashRecord::attempts; ++attempt) {
-        const QByteArray name = TrashRecord::itemName(item.name, attempt, maximumLength);
-        const QByteArray recordName = name + TrashRecord::suffix.toByteArray();
-        // The record also reserves the name for the item. After a power cut nothing else says where the
-        // item came from.
-        auto done = writeTrashRecord(trash.infoDescriptor(), recordName, content);
-        if (done) {
-            done = SystemCalls::renameWithoutReplacing(item.folder.get(), item.name.constData(),
-                                                       trash.filesDescriptor(), name.constData());
-            if (done)
-                return TrashedItem{item.location, trash.files().appendingNative(name), content};
-            ::unlinkat(trash.infoDescriptor(), recordName.constData(), 0);
-        }
-        if (done.error() != EEXIST)
-            return std::unexpected(done.error());
-    }
-    return std::unexpected(EEXIST);
-}
-
-/// Moves an item that may go to the Trash of its volume, whose top folder is given.
-Outcome moveHeld(const HeldItem& held, const FileURL& homeTrash, const FileURL& top)
-{
-    const auto homeDevice = deviceOf(homeTrash);
-    if (!homeDevice)
-        return notTrashed(held.location, homeDevice.error());
-    const bool isAtHome = held.folderStatus.st_dev == *homeDevice;
-    const auto trash = isAtHome ? TrashFolder::ofHome(homeTrash) : TrashFolder::ofVolume(top);
-    if (!trash)
-        return std::visit([&](auto cause) { return Outcome(notTrashed(held.location, cause)); },
-                          trash.error());
-    const auto moved = moveWithRecord(
-        *trash, held, isAtHome ? held.location.nativePath() : relativePath(held.location, top));
-    if (!moved)
-        return notTrashed(held.location, moved.error());
-    return *moved;
-}
-
-Outcome move(const FileURL& item, const FileURL& homeTrash, const QList<FileURL>& protectedPlaces)
-{
-    const auto held = hold(item);
-    if (!held)
-        return notTrashed(item, held.error());
-    if (const auto mayGo = checkMayGo(*held, protectedPlaces); !mayGo)
-        return std::unexpected(mayGo.error());
-    const auto top = volumeTop(held->location.deletingLastPathComponent(), held->folderStatus.st_dev);
-    if (!top)
-        return notTrashed(item, top.error());
-    if (const auto outside = checkIsOutsideTrash(*held, homeTrash, *top); !outside)
-        return std::unexpected(outside.error());
-    return moveHeld(*held, homeTrash, *top);
-}
-
-/// The two folders of the Trash that an item lies in.
-struct TrashFolders
-{
-    explicit TrashFolders(const TrashedItem& item)
-        : files(open(item.place.deletingLastPathComponent()))
-        , info(open(
-              item.place.deletingLastPathComponent().deletingLastPathComponent().appendingNative("info")))
-        , name(item.place.nativeLastPathComponent())
-        , recordName(name + TrashRecord::suffix.toByteArray())
-    {}
-
-    static FileDescriptor open(const FileURL& folder)
-    {
-        constexpr int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
-        return FileDescriptor(retrying([&] { return ::open(folder.nativePath().constData(), flags); }));
-    }
-
-    FileDescriptor files;
-    FileDescriptor info;
-    QByteArray name;
-    QByteArray recordName;
-};
-
-bool isThere(const TrashedItem& item, const TrashFolders& trash)
-{
-    struct stat status = {};
-    return trash.files.isOpen() && trash.info.isOpen() &&
-           ::fstatat(trash.files.get(), trash.name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-           isTrashRecord(trash.info.get(), trash.recordName, item.record);
-}
-
-bool isThere(const TrashedItem& item)
-{
-    return isThere(item, TrashFolders(item));
-}
-
-std::expected<void, FileError> moveBack(const TrashedItem& item)
-{
-    const TrashFolders trash(item);
-    if (!isThere(item, trash))
-        return notPutBack(item, FileError::Reason::notInTrash);
-    const auto moved = SystemCalls::renameWithoutReplacing(trash.files.get(), trash.name.constData(),
-                                                           AT_FDCWD, item.origin.nativePath().constData());
-    if (!moved)
-        return notPutBack(item, moved.error());
-    // Other programs pass over a record without its item.
-    ::unlinkat(trash.info.get(), trash.recordName.constData(), 0);
-    return {};
-}
-
-#endif
-
-} // namespace
 
 std::expected<TrashedItem, FileError> Trash::moveToTrash(const FileURL& item, const FileURL& homeTrash,
                                                          const QList<FileURL>& protectedPlaces)
@@ -260,19 +13,19 @@ std::expected<TrashedItem, FileError> Trash::moveToTrash(const FileURL& item, co
         return notTrashed(item, FileError::Reason::neededInItsPlace);
     if (!isFileName(item.nativeLastPathComponent())) // "." or ".."
         return notTrashed(item, EBUSY);
-    return move(item, homeTrash, protectedPlaces);
+    return moveToSystemTrash(item, homeTrash, protectedPlaces);
 }
 
 std::expected<void, FileError> Trash::checkIsThere(const TrashedItem& item)
 {
-    if (!isThere(item))
+    if (!isInSystemTrash(item))
         return notPutBack(item, FileError::Reason::notInTrash);
     return {};
 }
 
 std::expected<void, FileError> Trash::putBack(const TrashedItem& item)
 {
-    return moveBack(item);
+    return putBackFromSystemTrash(item);
 }
 
 } // namespace keelbright

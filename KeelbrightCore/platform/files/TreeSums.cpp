@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/files/FolderChain.h"
+#include "KeelbrightCore/platform/system/ThreadPriority.h"
 #include "KeelbrightCore/platform/text/ByteSum.h"
 
 #include <QThread>
@@ -15,10 +16,6 @@
 #include <system_error>
 #include <thread>
 #include <vector>
-
-#ifdef __APPLE__
-#include <pthread.h>
-#endif
 
 namespace keelbright {
 
@@ -57,14 +54,10 @@ public:
     template <typename Work> void start(size_t count, Work work)
     {
         m_wereStarted = true;
-#ifdef __APPLE__
-        const auto begin = [work, priority = ::qos_class_self()] {
-            ::pthread_set_qos_class_self_np(priority, 0);
+        const auto begin = [work, priority = ThreadPriority::inherited()] {
+            ThreadPriority::inherit(priority);
             work();
         };
-#else
-        const auto begin = work; // a new thread has the nice value of the one that starts it
-#endif
         try {
             while (m_threads.size() < count)
                 m_threads.emplace_back(begin);

@@ -1,5 +1,7 @@
 #include "KeelbrightCore/platform/system/OpenFileLimit.h"
 
+#include "KeelbrightCore/platform/system/ProcessCalls.h"
+
 #include <algorithm>
 #include <atomic>
 #include <pthread.h>
@@ -43,13 +45,10 @@ void raise()
     std::ignore = registered;
 }
 
-void lowerFor([[maybe_unused]] pid_t child)
+void lowerFor(pid_t child)
 {
-#ifdef __linux__
-    rlimit limit = {};
-    if (::prlimit(child, RLIMIT_NOFILE, nullptr, &limit) == 0 && becomesLimitOfChild(limit))
-        ::prlimit(child, RLIMIT_NOFILE, &limit, nullptr);
-#endif
+    if (const rlim_t before = limitBefore; before != neverRaised)
+        ProcessCalls::limitOpenFiles(child, before);
 }
 
 } // namespace keelbright::OpenFileLimit

@@ -1,5 +1,7 @@
 #include "KeelbrightCore/platform/system/Pipe.h"
 
+#include "KeelbrightCore/platform/system/ProcessCalls.h"
+
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
@@ -24,15 +26,8 @@ FileDescriptor aboveStandardStreams(FileDescriptor descriptor)
 std::expected<Pipe, int> Pipe::make()
 {
     std::array<int, 2> ends = {-1, -1};
-#ifdef __linux__
-    if (::pipe2(ends.data(), O_CLOEXEC) != 0)
-        return std::unexpected(errno);
-#else
-    if (::pipe(ends.data()) != 0)
-        return std::unexpected(errno);
-    ::fcntl(ends[0], F_SETFD, FD_CLOEXEC);
-    ::fcntl(ends[1], F_SETFD, FD_CLOEXEC);
-#endif
+    if (const int code = ProcessCalls::makePipe(ends))
+        return std::unexpected(code);
     Pipe pipe{aboveStandardStreams(FileDescriptor(ends[0])), aboveStandardStreams(FileDescriptor(ends[1]))};
     if (!pipe.readEnd.isOpen() || !pipe.writeEnd.isOpen())
         return std::unexpected(errno);

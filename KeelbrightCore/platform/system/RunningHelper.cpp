@@ -1,6 +1,7 @@
 #include "KeelbrightCore/platform/system/RunningHelper.h"
 
 #include "KeelbrightCore/platform/system/Logging.h"
+#include "KeelbrightCore/platform/system/ProcessCalls.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -9,33 +10,13 @@
 #include <sys/wait.h>
 #include <utility>
 
-#ifdef __linux__
-#include <sys/syscall.h>
-#include <unistd.h>
-#endif
-
 namespace keelbright {
-
-namespace {
-
-/// A descriptor that becomes readable when the process ends; none where the system is too old.
-FileDescriptor watchForEnd([[maybe_unused]] pid_t process)
-{
-#ifdef __linux__
-    // By its number, because the C library of Debian 12 declares the function for C only.
-    return FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)));
-#else
-    return {};
-#endif
-}
-
-} // namespace
 
 RunningHelper::RunningHelper(QString name, pid_t process, FileDescriptor output, Subprocess::Receiver receive)
     : m_name(std::move(name))
     , m_process(process)
     , m_output(std::move(output))
-    , m_endWatch(watchForEnd(process))
+    , m_endWatch(ProcessCalls::watchForEnd(process))
     , m_receive(std::move(receive))
 {}
 

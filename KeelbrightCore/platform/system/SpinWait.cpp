@@ -1,19 +1,6 @@
 #include "KeelbrightCore/platform/system/SpinWait.h"
 
-#ifdef __linux__
-#include <sched.h>
-#endif
-
 namespace keelbright {
-
-int SpinWait::currentProcessor()
-{
-#ifdef __linux__
-    return ::sched_getcpu();
-#else
-    return unknownProcessor;
-#endif
-}
 
 /// Lets the other hardware thread of the core work between two checks. It does not yield the processor:
 /// beside other busy programs, a thread that yields gets it back only milliseconds later.

@@ -3,6 +3,7 @@
 #include "KeelbrightCore/platform/system/HelperWatch.h"
 #include "KeelbrightCore/platform/system/Logging.h"
 #include "KeelbrightCore/platform/system/OpenFileLimit.h"
+#include "KeelbrightCore/platform/system/ProcessCalls.h"
 #include "KeelbrightCore/platform/system/WaitForMemory.h"
 
 #include <csignal>
@@ -30,18 +31,14 @@ public:
         ::posix_spawn_file_actions_addopen(&m_actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
         ::posix_spawn_file_actions_addopen(&m_actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
         short flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
-#ifdef __linux__
-        ::posix_spawn_file_actions_addclosefrom_np(&m_actions, STDERR_FILENO + 1);
-#else
-        flags |= POSIX_SPAWN_CLOEXEC_DEFAULT;
-#endif
+        ProcessCalls::closeOtherFiles(m_actions, flags);
         // A helper does not inherit which signals this program or one of its libraries blocks.
         sigset_t signalSet;
-        ::sigemptyset(&signalSet);
+        sigemptyset(&signalSet); // a macro in some C libraries, as are the next ones
         ::posix_spawnattr_setsigmask(&m_attributes, &signalSet);
-        ::sigfillset(&signalSet);
-        ::sigdelset(&signalSet, SIGKILL);
-        ::sigdelset(&signalSet, SIGSTOP);
+        sigfillset(&signalSet);
+        sigdelset(&signalSet, SIGKILL);
+        sigdelset(&signalSet, SIGSTOP);
         ::posix_spawnattr_setsigdefault(&m_attributes, &signalSet);
         ::posix_spawnattr_setflags(&m_attributes, flags);
     }

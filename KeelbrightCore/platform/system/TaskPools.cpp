@@ -1,6 +1,7 @@
 #include "KeelbrightCore/platform/system/TaskPools.h"
 
 #include "KeelbrightCore/platform/system/Logging.h"
+#include "KeelbrightCore/platform/system/ThreadPriority.h"
 
 #include <QRunnable>
 #include <QSemaphore>
@@ -11,47 +12,12 @@
 #include <memory>
 #include <new>
 
-#ifdef __APPLE__
-#include <pthread.h>
-#else
-#include <sys/resource.h>
-#include <unistd.h>
-#endif
-
 namespace keelbright {
 
 namespace {
 
 /// How many tasks may hang with their drives before others have to wait for a thread.
 constexpr int spareThreads = 32;
-
-int niceOfThisThread()
-{
-#ifdef __APPLE__
-    return 0;
-#else
-    return ::getpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()));
-#endif
-}
-
-void becomeUserInitiated([[maybe_unused]] int niceOfProgram)
-{
-#ifdef __APPLE__
-    ::pthread_set_qos_class_self_np(QOS_CLASS_USER_INITIATED, 0);
-#endif
-}
-
-void becomeUtility([[maybe_unused]] int niceOfProgram)
-{
-#ifdef __APPLE__
-    ::pthread_set_qos_class_self_np(QOS_CLASS_UTILITY, 0);
-#else
-    // Linux keeps a nice value for every thread, and takes the I/O priority from it. The priority
-    // that Qt would set has no effect under the usual scheduler.
-    constexpr int backgroundNice = 10;
-    ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), niceOfProgram + backgroundNice);
-#endif
-}
 
 using SetPriority = void (*)(int niceOfProgram);
 
@@ -72,7 +38,7 @@ void startThreads(QThreadPool& pool, int count, SetPriority setPriority)
     pool.setMaxThreadCount(count);
     pool.setExpiryTimeout(-1);
     const auto start = std::make_shared<Start>(count);
-    const int nice = niceOfThisThread();
+    const int nice = ThreadPriority::niceOfThisThread();
     for (int i = 0; i < count; ++i) {
         pool.start([start, count, nice, setPriority] {
             setPriority(nice);
@@ -118,14 +84,14 @@ struct Pools
     // A thread each for whatever is handed in; those that have ended serve the next work for a while.
     QThreadPool userInitiatedApart;
     QThreadPool utilityApart;
-    const int niceOfProgram = niceOfThisThread();
+    const int niceOfProgram = ThreadPriority::niceOfThisThread();
     std::atomic<int> withoutThread = 0;
 
     Pools()
     {
         const int processors = qMax(2, QThread::idealThreadCount());
-        startThreads(userInitiated, spareThreads + processors, becomeUserInitiated);
-        startThreads(utility, processors, becomeUtility);
+        startThreads(userInitiated, spareThreads + processors, ThreadPriority::becomeUserInitiated);
+        startThreads(utility, processors, ThreadPriority::becomeUtility);
         userInitiatedApart.setMaxThreadCount(std::numeric_limits<int>::max());
         utilityApart.setMaxThreadCount(std::numeric_limits<int>::max());
     }
@@ -163,8 +129,8 @@ void TaskPools::startApart(Priority priority, UniqueFunction<void()> work)
     Pools& all = pools();
     const bool isUtility = priority == Priority::utility;
     QThreadPool& pool = isUtility ? all.utilityApart : all.userInitiatedApart;
-    pool.start(
-        new Apart(std::move(work), all.niceOfProgram, isUtility ? becomeUtility : becomeUserInitiated));
+    pool.start(new Apart(std::move(work), all.niceOfProgram,
+                         isUtility ? ThreadPriority::becomeUtility : ThreadPriority::becomeUserInitiated));
 }
 
 TaskPools::WorkWithoutThread::WorkWithoutThread()
