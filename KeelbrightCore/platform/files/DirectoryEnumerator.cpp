@@ -5,6 +5,7 @@
 #include "KeelbrightCore/platform/files/ItemStatus.h"
 #include "KeelbrightCore/platform/files/Package.h"
 #include "KeelbrightCore/platform/files/ReadingCalls.h"
+#include "KeelbrightCore/platform/files/SystemCalls.h"
 #include "KeelbrightCore/platform/system/WaitForMemory.h"
 
 #include <cstring>
@@ -28,22 +29,6 @@ AccessTimes accessTimesOf(DirectoryEnumerator::Options options)
 {
     return options.testFlag(DirectoryEnumerator::Option::keepsAccessTimes) ? AccessTimes::kept
                                                                            : AccessTimes::noted;
-}
-
-std::optional<qint64> sizeOf(int folder, const char* name)
-{
-#ifdef __linux__
-    // Asking for the size alone spares network drives the rest.
-    struct statx status = {};
-    if (::statx(folder, name, AT_SYMLINK_NOFOLLOW, STATX_SIZE, &status) != 0)
-        return std::nullopt;
-    return static_cast<qint64>(status.stx_size);
-#else
-    struct stat status = {};
-    if (::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
-        return std::nullopt;
-    return status.st_size;
-#endif
 }
 
 } // namespace
@@ -98,6 +83,9 @@ public:
 
     [[nodiscard]] quint64 number() const { return m_number; }
 
+    /// Absent where the listing did not bring it.
+    [[nodiscard]] std::optional<qint64> size() const { return m_size; }
+
 private:
     /// The next entry of the current folder; nothing at its end, and where its listing breaks off.
     [[nodiscard]] std::optional<RawDirectoryEntry> read()
@@ -126,6 +114,7 @@ private:
         m_name = entry.name;
         m_type = *type;
         m_number = entry.number;
+        m_size = entry.size;
         m_entersCurrent = m_type == EntryType::directory &&
                           !(m_options.testFlag(Option::skipsPackageDescendants) && isPackage(m_name));
         return true;
@@ -134,16 +123,14 @@ private:
     void enterCurrent()
     {
         const QByteArray name(m_name);
+        // The folder that is closed to make room for this one.
+        if (const auto depth = m_chain.depthToClose())
+            m_chain.dataAt(*depth).suspend(m_chain.descriptorAt(*depth));
         const auto entered = m_chain.enter(name);
         // What was removed since it was listed is no loss.
         if (!entered && entered.error() != ENOENT)
             report(currentFolder().appendingNative(name), FileError::Operation::opened, entered.error());
         m_entersCurrent = false; // only now: where memory runs out, the next call tries again
-        if (!entered)
-            return;
-        // The folder that was perhaps closed to make room for this one.
-        if (const size_t firstOpen = m_chain.firstOpenDepth(); firstOpen > 1)
-            m_chain.dataAt(firstOpen - 1).suspend();
     }
 
     void leave()
@@ -166,6 +153,7 @@ private:
     const char* m_name = nullptr;
     EntryType m_type = EntryType::other;
     quint64 m_number = 0;
+    std::optional<qint64> m_size;
     bool m_entersCurrent = false;
 };
 
@@ -239,7 +227,7 @@ std::optional<qint64> DirectoryEnumerator::fileSize() const
 {
     if (m_walk->type() == EntryType::directory)
         return std::nullopt;
-    return sizeOf(folderDescriptor(), m_walk->name());
+    return m_walk->size() ? m_walk->size() : SystemCalls::sizeOf(folderDescriptor(), m_walk->name());
 }
 
 QByteArrayView DirectoryEnumerator::relativeFolder() const

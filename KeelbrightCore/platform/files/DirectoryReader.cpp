@@ -1,10 +1,6 @@
 #include "KeelbrightCore/platform/files/DirectoryReader.h"
 
-#include "KeelbrightCore/platform/files/FileDescriptor.h"
-
-#include <dirent.h>
-#include <fcntl.h>
-#include <tuple>
+#include <cstring>
 
 namespace keelbright {
 
@@ -14,31 +10,6 @@ bool isDotEntry(const char* name)
 {
     return name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0'));
 }
-
-std::optional<EntryType> typeOf(unsigned char directoryType)
-{
-    switch (directoryType) {
-    case DT_REG:
-        return EntryType::regularFile;
-    case DT_DIR:
-        return EntryType::directory;
-    case DT_LNK:
-        return EntryType::symbolicLink;
-    case DT_UNKNOWN:
-        return std::nullopt;
-    default:
-        return EntryType::other;
-    }
-}
-
-} // namespace
-
-#ifdef __linux__
-
-namespace {
-
-/// The same as the C library's; a larger one did not make a walk faster.
-constexpr size_t bufferSize = size_t{32} * 1024;
 
 } // namespace
 
@@ -52,81 +23,73 @@ std::expected<std::optional<RawDirectoryEntry>, int> DirectoryReader::read(int f
             if (!*filled)
                 return std::nullopt;
         }
-        const auto* entry = reinterpret_cast<const dirent64*>(m_buffer.get() + m_offset);
-        m_offset += entry->d_reclen;
-        m_position = entry->d_off;
-        if (!isDotEntry(entry->d_name))
-            return RawDirectoryEntry{entry->d_name, typeOf(entry->d_type), entry->d_ino};
+        const auto [entry, length] = DirectoryPieces::entryAt(m_pieces.get() + m_offset);
+        m_offset += length;
+        if (!isDotEntry(entry.name))
+            return entry;
     }
 }
 
 std::expected<bool, int> DirectoryReader::fill(int folder)
 {
-    if (!m_buffer)
-        m_buffer = std::make_unique_for_overwrite<char[]>(bufferSize);
-    if (m_isSuspended && ::lseek(folder, m_position, SEEK_SET) < 0)
-        return std::unexpected(errno);
-    m_isSuspended = false;
-    const ssize_t count = retrying([&] { return ::getdents64(folder, m_buffer.get(), bufferSize); });
-    // A folder that was removed meanwhile reads as ended.
-    if (count < 0 && errno != ENOENT)
-        return std::unexpected(errno);
-    m_size = count > 0 ? static_cast<size_t>(count) : 0;
+    if (m_failure != 0)
+        return std::unexpected(m_failure);
+    if (m_isSuspended && !m_rest.isOpen())
+        return false;
+    if (m_capacity != DirectoryPieces::pieceSize) {
+        // Nothing that lies in memory is still to be read.
+        m_size = 0;
+        m_offset = 0;
+        growTo(DirectoryPieces::pieceSize);
+    }
+    const auto count =
+        DirectoryPieces::read(m_isSuspended ? m_rest.get() : folder, m_pieces.get(), m_capacity);
+    if (!count)
+        return std::unexpected(count.error());
+    m_size = *count;
     m_offset = 0;
     return m_size > 0;
 }
 
-void DirectoryReader::suspend()
+void DirectoryReader::suspend(int folder)
 {
-    m_buffer.reset();
-    m_size = 0;
-    m_offset = 0;
-    m_isSuspended = true;
-}
-
-#else
-
-std::expected<std::optional<RawDirectoryEntry>, int> DirectoryReader::read(int folder)
-{
-    if (!m_stream) {
-        if (const auto opened = openStream(folder); !opened)
-            return std::unexpected(opened.error());
-    }
-    for (;;) {
-        errno = 0;
-        const dirent* entry = ::readdir(m_stream.get());
-        if (!entry)
-            return errno == 0 ? std::expected<std::optional<RawDirectoryEntry>, int>(std::nullopt)
-                              : std::unexpected(errno);
-        if (!isDotEntry(entry->d_name))
-            return RawDirectoryEntry{entry->d_name, typeOf(entry->d_type), entry->d_ino};
-    }
-}
-
-std::expected<void, int> DirectoryReader::openStream(int folder)
-{
-    // The stream gets an open file of its own, whose position it moves and which it closes.
-    FileDescriptor own(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!own.isOpen())
-        return std::unexpected(errno);
-    m_stream.reset(::fdopendir(own.get()));
-    if (!m_stream)
-        return std::unexpected(errno);
-    std::ignore = own.release();
     if (m_isSuspended)
-        ::seekdir(m_stream.get(), m_position);
-    m_isSuspended = false;
-    return {};
-}
-
-void DirectoryReader::suspend()
-{
-    if (m_stream)
-        m_position = ::telldir(m_stream.get());
-    m_stream.reset();
+        return;
+    m_size -= m_offset;
+    if (m_offset > 0)
+        std::memmove(m_pieces.get(), m_pieces.get() + m_offset, m_size);
+    m_offset = 0;
+    for (size_t got = 1; got > 0 && m_failure == 0 && m_size < m_maximumMemory; m_size += got) {
+        // Before the read, so that no entry is lost where memory runs out. Twice as much each time, because
+        // all is moved.
+        if (m_capacity - m_size < DirectoryPieces::pieceSize)
+            growTo(2 * m_size + DirectoryPieces::pieceSize);
+        const auto count = DirectoryPieces::read(folder, m_pieces.get() + m_size, DirectoryPieces::pieceSize);
+        m_failure = count ? 0 : count.error();
+        got = count.value_or(0);
+    }
+    if (m_failure == 0 && m_size >= m_maximumMemory)
+        keepOpen(folder);
+    else
+        growTo(m_size); // the room that is left over, for as long as the walk is below
     m_isSuspended = true;
 }
 
-#endif
+void DirectoryReader::keepOpen(int folder)
+{
+    m_rest = FileDescriptor::duplicate(folder);
+    if (!m_rest.isOpen())
+        m_failure = errno;
+}
+
+/// Or makes it smaller; keeps what is still to be read.
+void DirectoryReader::growTo(size_t capacity)
+{
+    auto pieces = std::make_unique_for_overwrite<char[]>(capacity);
+    if (m_size > 0)
+        std::memcpy(pieces.get(), m_pieces.get(), m_size);
+    m_pieces = std::move(pieces);
+    m_capacity = capacity;
+}
 
 } // namespace keelbright

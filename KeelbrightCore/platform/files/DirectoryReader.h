@@ -1,64 +1,58 @@
 #pragma once
 
-#include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
+#include "KeelbrightCore/platform/files/DirectoryPieces.h"
+#include "KeelbrightCore/platform/files/FileDescriptor.h"
 
 #include <expected>
 #include <memory>
 #include <optional>
-#include <vector>
-
-#ifndef __linux__
-#include <dirent.h>
-#endif
 
 namespace keelbright {
 
-/// One entry as it is stored in the directory.
-struct RawDirectoryEntry
-{
-    const char* name = nullptr;    ///< valid until the next read of the same folder
-    std::optional<EntryType> type; ///< absent where the file system stores it in the inode only
-    quint64 number = 0;            ///< of the inode
-};
-
 /// Reads the entries of one open folder in pieces. Internal to the platform folder.
 ///
-/// `suspend` frees the memory and remembers the position, for a folder that is closed while the
-/// walk is far below it.
+/// `suspend` prepares for the folder being closed while the walk is far below it: the rest of its listing is
+/// then read into memory. A mark in a listing would not do, as on some systems it belongs to the open folder
+/// and means nothing to the same one opened again.
 class DirectoryReader
 {
 public:
+    /// What a suspended reader keeps in memory at most, in bytes, and a piece more: some fifty thousand
+    /// entries. Of a longer rest it keeps the folder open.
+    static constexpr size_t usualMemory = size_t{4} * 1024 * 1024;
+
     DirectoryReader() = default;
+
+    explicit DirectoryReader(size_t maximumMemory)
+        : m_maximumMemory(maximumMemory)
+    {}
+
     DirectoryReader(DirectoryReader&& other) noexcept = default;
     DirectoryReader& operator=(DirectoryReader&& other) noexcept = default;
     DirectoryReader(const DirectoryReader&) = delete;
     DirectoryReader& operator=(const DirectoryReader&) = delete;
     ~DirectoryReader() = default;
 
-    /// The next entry, "." and ".." left out; nothing at the end; else an `errno` value.
+    /// The next entry, "." and ".." left out; nothing at the end; else an `errno` value. Once suspended, it
+    /// does not look at `folder` any more.
     [[nodiscard]] std::expected<std::optional<RawDirectoryEntry>, int> read(int folder);
-    void suspend();
+    /// To be called while the folder is still open; a failure is reported by the `read` that comes to it.
+    /// Where memory runs out it throws, has lost nothing, and goes on when it is called again.
+    void suspend(int folder);
 
 private:
-#ifdef __linux__
     [[nodiscard]] std::expected<bool, int> fill(int folder);
+    void growTo(size_t capacity);
+    void keepOpen(int folder);
 
-    std::unique_ptr<char[]> m_buffer;
+    size_t m_maximumMemory = usualMemory;
+    std::unique_ptr<char[]> m_pieces;
+    size_t m_capacity = 0;
     size_t m_size = 0;
     size_t m_offset = 0;
-    qint64 m_position = 0; ///< the file system's value for what follows the last entry read
-#else
-    struct Closer
-    {
-        void operator()(DIR* stream) const { ::closedir(stream); }
-    };
-
-    [[nodiscard]] std::expected<void, int> openStream(int folder);
-
-    std::unique_ptr<DIR, Closer> m_stream;
-    long m_position = 0;
-#endif
     bool m_isSuspended = false;
+    int m_failure = 0;     ///< the `errno` value that comes after what is in memory
+    FileDescriptor m_rest; ///< the suspended folder, where more follows than lies in memory
 };
 
 } // namespace keelbright

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <expected>
 #include <new>
+#include <optional>
 #include <sys/stat.h>
 #include <vector>
 
@@ -47,9 +48,14 @@ public:
     /// Path of the innermost folder below the root, without a slash at either end.
     [[nodiscard]] const QByteArray& relativePath() const { return m_path; }
 
-    /// From this depth below the root on every folder is open; those between it and the root are
-    /// closed.
-    [[nodiscard]] size_t firstOpenDepth() const { return m_firstOpen; }
+    /// The folder that the next `enter` will close, by its depth; nothing where it need not close one.
+    [[nodiscard]] std::optional<size_t> depthToClose() const
+    {
+        return m_levels.size() + 1 - m_firstOpen > m_maximumOpen ? std::optional(m_firstOpen) : std::nullopt;
+    }
+
+    /// The open folder at that depth; stays owned here.
+    [[nodiscard]] int descriptorAt(size_t depth) const { return m_levels[depth].folder.get(); }
 
     /// What is kept with the innermost folder, or with the one at that depth.
     [[nodiscard]] Data& data() { return m_levels.back().data; }

@@ -56,7 +56,7 @@ TEST_F(FolderChainTest, keepsABoundedNumberOfFoldersOpen)
     FolderChain<int> folders = chain();
     for (int level = 0; level < 100; ++level)
         ASSERT_TRUE(folders.enter("d").has_value());
-    EXPECT_EQ(folders.firstOpenDepth(), 77U) << "24 of 100 stay open";
+    EXPECT_EQ(folders.depthToClose(), 77U) << "24 of 100 stay open";
     for (int level = 0; level < 100; ++level)
         ASSERT_TRUE(folders.leave().has_value());
     EXPECT_EQ(folders.depth(), 0U);
