@@ -1,6 +1,7 @@
 #include "KeelbrightCore/platform/files/CopyAttributes.h"
 
 #include "KeelbrightCore/platform/files/SystemCalls.h"
+#include "KeelbrightCore/platform/files/Unsupported.h"
 
 #include <array>
 #include <tuple>
@@ -16,7 +17,7 @@ constexpr mode_t rightsOfOthers = S_IRWXG | S_IRWXO;
 /// Whether the code means that the drive has no such attribute, not that it failed to store it.
 bool isUnsupported(int code)
 {
-    return code == EPERM || code == EACCES || code == EINVAL || code == ENOSYS || code == EOPNOTSUPP;
+    return code == EPERM || code == EACCES || code == EINVAL || meansUnsupported(code);
 }
 
 } // namespace

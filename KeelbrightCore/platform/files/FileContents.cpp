@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/files/FileDescriptor.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
+#include "KeelbrightCore/platform/files/Unsupported.h"
 #include "KeelbrightCore/platform/system/Cancellation.h"
 
 #include <algorithm>
@@ -54,7 +55,7 @@ void makeChangesVisible(int source, const struct stat& status)
 /// Whether the answer says that the file system does not support a search for data and holes.
 bool isSearchUnsupported(int code)
 {
-    return code == EINVAL || code == ENOSYS || code == EOPNOTSUPP;
+    return code == EINVAL || meansUnsupported(code);
 }
 
 } // namespace

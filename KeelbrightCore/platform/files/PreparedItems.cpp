@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/files/NameForms.h"
 #include "KeelbrightCore/platform/files/TemporaryName.h"
+#include "KeelbrightCore/platform/files/Unsupported.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -115,7 +116,7 @@ std::expected<void, FileError> PreparedLink::publish()
         return checked;
     if (::symlinkat(m_linkTarget.constData(), folder, m_name.constData()) == 0)
         return {};
-    if (errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS)
+    if (errno == EPERM || meansUnsupported(errno))
         return failure(FileError::Operation::copied, m_name, FileError::Reason::linksNotSupported);
     if (errno != EEXIST)
         return failure(FileError::Operation::copied, m_name, errno);

@@ -10,13 +10,13 @@
 #include "KeelbrightCore/platform/files/SystemCopyDestination.h"
 #include "KeelbrightCore/platform/files/SystemTrash.h"
 #include "KeelbrightCore/platform/files/Trash.h"
+#include "KeelbrightCore/platform/files/VolumeCapacity.h"
 
 #include <array>
 #include <fcntl.h>
 #include <new>
 #include <pwd.h>
 #include <sys/stat.h>
-#include <sys/statvfs.h>
 #include <tuple>
 
 namespace keelbright {
@@ -144,12 +144,10 @@ std::optional<PlaceOnVolume> SystemFileManager::placeOnVolume(const FileURL& url
 
 std::expected<FileSystemCapacity, FileError> SystemFileManager::fileSystemCapacity(const FileURL& url) const
 {
-    struct statvfs status = {};
-    if (retrying([&] { return ::statvfs(url.nativePath().constData(), &status); }) != 0)
-        return failure(FileError::Operation::measured, url, errno);
-    const auto blockSize = static_cast<qint64>(status.f_frsize);
-    return FileSystemCapacity{.totalBytes = static_cast<qint64>(status.f_blocks) * blockSize,
-                              .freeBytes = static_cast<qint64>(status.f_bavail) * blockSize};
+    const auto capacity = volumeCapacity(url);
+    if (!capacity)
+        return failure(FileError::Operation::measured, url, capacity.error());
+    return *capacity;
 }
 
 std::expected<QList<DirectoryEntry>, FileError>
