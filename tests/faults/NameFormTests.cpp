@@ -59,6 +59,22 @@ TEST_F(NameFormTest, ofFoldersMakeALineForEachFileOfTheSecond)
               first == composed ? "first" : "second");
 }
 
+TEST_F(NameFormTest, ofTwoSourcesOfOneNameMakeALineAndLeaveTheFirstFile)
+{
+    const FileURL archive = mac.makeFolder("Users/mira/Archive/Documents");
+    mac.writeFile("Users/mira/Documents/" + composed, "first");
+    mac.writeFile("Users/mira/Archive/Documents/" + decomposed, "second");
+    for (int attempt = 1; attempt <= 2; ++attempt) {
+        run({documents, archive});
+        EXPECT_EQ(progress().errors,
+                  QStringList{skipLine(decomposed, "copied: a file whose name the drive takes for the same "
+                                                   "is already there.")});
+        EXPECT_EQ(testing::TestMac::read(mirrored("Documents/" + composed)), "first");
+        EXPECT_EQ(progress().filesCopied, 1);
+        EXPECT_EQ(progress().filesSkipped, 1);
+    }
+}
+
 TEST_F(NameFormTest, mayChangeBetweenRuns)
 {
     makeFile(composed, 100, 1);

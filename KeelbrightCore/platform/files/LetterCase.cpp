@@ -2,8 +2,6 @@
 
 #include "KeelbrightCore/platform/files/EntryLookup.h"
 
-#include <QString>
-
 namespace keelbright {
 
 namespace {
@@ -19,16 +17,20 @@ QByteArray withCaseSwapped(QByteArray name)
     return name;
 }
 
-/// Letter by letter, as file systems do it, so that "ß" does not become "ss".
 QString withoutCase(QByteArrayView name)
 {
-    QString folded;
-    for (const char32_t character : QString::fromUtf8(name).toUcs4())
-        folded += QStringView(QChar::fromUcs4(QChar::toCaseFolded(character)));
-    return folded;
+    return withoutLetterCase(QString::fromUtf8(name));
 }
 
 } // namespace
+
+QString withoutLetterCase(const QString& name)
+{
+    QString folded;
+    for (const char32_t character : name.toUcs4())
+        folded += QStringView(QChar::fromUcs4(QChar::toCaseFolded(character)));
+    return folded;
+}
 
 void LetterCase::learn(int folder, const QByteArray& name)
 {

@@ -3,8 +3,13 @@
 #include <QByteArray>
 #include <QHash>
 #include <QSet>
+#include <QString>
 
 namespace keelbright {
+
+/// A name without its letter case, letter by letter as file systems do it, so that "ß" does not become "ss".
+/// Internal to the platform folder.
+[[nodiscard]] QString withoutLetterCase(const QString& name);
 
 /// Keeps names apart that differ in letter case only, on file systems to which such names are the
 /// same. Internal to the platform folder.

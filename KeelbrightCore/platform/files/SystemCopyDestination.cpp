@@ -176,7 +176,7 @@ std::expected<void, FileError> SystemCopyDestination::enterOrCreate(const QByteA
 {
     if (m_letterCase.isClaimedByAnother(m_chain.descriptor(), m_chain.relativePath(), name))
         return failure(FileError::Operation::created, name, FileError::Reason::differsInCaseOnly);
-    const QByteArray twin = m_chain.data().forms.twinOf(name);
+    const QByteArray twin = twinOf(name);
     if (!twin.isEmpty() && areTheSame(m_chain.descriptor(), twin, name))
         return failure(FileError::Operation::created, name, FileError::Reason::nameTakenForAnother);
     auto opened = openOrCreateFolder(m_chain.descriptor(), name, sources ? S_IRWXU : 0777);
@@ -246,6 +246,16 @@ bool SystemCopyDestination::isOwnFolder(const DirectoryEnumerator& item) const
     return m_anchor->isOwnFolder(item, m_copyOfSource);
 }
 
+/// The name that this run has given the entered folder before, and that some drives take for this one.
+QByteArray SystemCopyDestination::twinOf(QByteArrayView name)
+{
+    const bool foldsCase = m_letterCase.folds();
+    const QByteArray earlier =
+        m_formClaims.twinOf(m_chain.descriptor(), m_chain.relativePath(), name, foldsCase);
+    const QByteArray here = m_chain.data().forms.twinOf(name, foldsCase); // perhaps it has no name yet
+    return here.isEmpty() ? earlier : here;
+}
+
 std::expected<PlannedCopy, FileError> SystemCopyDestination::plan(const DirectoryEnumerator& item)
 {
     if (m_letterCase.isClaimedByAnother(m_chain.descriptor(), m_chain.relativePath(), item.name()))
@@ -253,7 +263,7 @@ std::expected<PlannedCopy, FileError> SystemCopyDestination::plan(const Director
     if (const auto opened = openFolders(item); !opened)
         return failure(FileError::Operation::copied, item.name(), opened.error());
     return PlannedCopy{m_sourceFolder, m_targetFolder, item.name().toByteArray(), item.type(),
-                       m_chain.data().forms.twinOf(item.name())};
+                       twinOf(item.name())};
 }
 
 std::expected<void, int> SystemCopyDestination::openFolders(const DirectoryEnumerator& item)

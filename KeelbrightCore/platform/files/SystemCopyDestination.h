@@ -58,6 +58,7 @@ private:
     void noteSource(const QByteArray& copy, int source);
     void beginSource();
     [[nodiscard]] bool leaveFolder();
+    [[nodiscard]] QByteArray twinOf(QByteArrayView name);
     /// The entered folder and the one that the planned items lie in, opened for copies that are published
     /// after others have been entered.
     [[nodiscard]] std::expected<void, int> openFolders(const DirectoryEnumerator& item);
@@ -78,6 +79,7 @@ private:
     FilledFolderHandler m_filledFolderHandler;
     CopyAttributes m_attributes;
     LetterCase m_letterCase;
+    NameFormClaims m_formClaims;
     bool m_flushesBeforeReplacing;
     std::optional<bool> m_hasUnnamedFiles;                ///< nothing until it has been tried
     std::shared_ptr<const FileDescriptor> m_sourceFolder; ///< null until asked for, as the next one
