@@ -105,6 +105,26 @@ TEST_F(FailingCallTest, reportsAFileThatCannotBeReadToItsEnd)
     EXPECT_THAT(temporaryFiles(drive), IsEmpty());
 }
 
+/// What macOS answers for a file that only its cloud provider has, where it is told to fetch none.
+TEST_F(FailingCallTest, skipsAFileThatIsNotOnThisMachine)
+{
+    for (const char* call : {"openat", "read"}) {
+        const QString item = qstrcmp(call, "openat") == 0 ? chosenName : pathOf(chosen);
+        const RunnerOutcome outcome = runFailing(call, "EDEADLK", 1, item);
+        expectOneSkip(outcome, chosen, "read: it is not on this Mac.");
+        EXPECT_THAT(temporaryFiles(drive), IsEmpty());
+    }
+}
+
+TEST_F(FailingCallTest, skipsAFolderWhoseListIsNotOnThisMachine)
+{
+    const RunnerOutcome outcome = runFailing("getdents64", "EDEADLK", 3, documents.path());
+    EXPECT_EQ(outcome.errors,
+              QStringList{skipLine("Documents", "listed completely: it is not on this Mac.")});
+    EXPECT_EQ(outcome.copied, 0);
+    EXPECT_EQ(outcome.skipped, 1);
+}
+
 TEST_F(FailingCallTest, continuesAfterAnInterruptedRead)
 {
     const RunnerOutcome outcome = runFailing("read", "EINTR", 1, pathOf(chosen));

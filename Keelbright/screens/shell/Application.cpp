@@ -17,6 +17,7 @@
 #include "Keelbright/widgets/theme/DesktopSettings.h"
 #include "Keelbright/widgets/theme/Theme.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/system/CloudFiles.h"
 #include "KeelbrightCore/platform/system/Console.h"
 #include "KeelbrightCore/platform/system/EndRequests.h"
 #include "KeelbrightCore/platform/system/FileSizeLimit.h"
@@ -167,6 +168,7 @@ int runApplication(int argc, char** argv, AppLookup lookup)
     }
     reportFileSizeLimitAsError();
     OpenFileLimit::raise();
+    CloudFiles::leaveInTheCloud();
     const std::unique_ptr<QApplication> application =
         connectToDisplay([&] { return std::make_unique<ProgramApplication>(argc, argv); });
     return openWindow(*application, request->action, std::move(lookup));

@@ -85,6 +85,7 @@ constexpr CodedReason knownReasons[] = {
     {ESTALE, QT_TRANSLATE_NOOP("FileError", "the network drive no longer knows it")},
     {ENOMEM, QT_TRANSLATE_NOOP("FileError", "there is not enough memory")},
     {ETIMEDOUT, QT_TRANSLATE_NOOP("FileError", "the drive did not answer in time")},
+    {EDEADLK, QT_TRANSLATE_NOOP("FileError", "it is not on this Mac")}, // only its cloud provider has it
 };
 
 QString systemReason(int code)

@@ -65,6 +65,9 @@ void startWriting(int file);
 /// read.
 [[nodiscard]] std::optional<qint64> sizeOf(int folder, const char* name);
 
+/// Whether a file has its data on this machine; false where only a cloud provider has it.
+[[nodiscard]] bool hasItsData(const struct stat& status);
+
 /// Access, modification and change times from a status.
 [[nodiscard]] timespec accessTime(const struct stat& status);
 [[nodiscard]] timespec modificationTime(const struct stat& status);

@@ -76,6 +76,8 @@ SystemCopyWorker::Prepared SystemCopyWorker::prepareFile(const PlannedCopy& plan
         return failure(FileError::Operation::read, plan.name, errno);
     if (!S_ISREG(status.st_mode))
         return notARegularFile(plan.name);
+    if (!SystemCalls::hasItsData(status))
+        return failure(FileError::Operation::copied, plan.name, EDEADLK); // as every read of it would say
 
     auto target = createFile(plan, status);
     if (!target)

@@ -184,6 +184,11 @@ std::optional<qint64> sizeOf(int folder, const char* name)
     return static_cast<qint64>(status.stx_size);
 }
 
+bool hasItsData(const struct stat&)
+{
+    return true;
+}
+
 timespec accessTime(const struct stat& status)
 {
     return status.st_atim;

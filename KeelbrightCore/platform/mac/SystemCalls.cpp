@@ -140,6 +140,11 @@ std::optional<qint64> sizeOf(int folder, const char* name)
     return status.st_size;
 }
 
+bool hasItsData(const struct stat& status)
+{
+    return (status.st_flags & SF_DATALESS) == 0;
+}
+
 timespec accessTime(const struct stat& status)
 {
     return status.st_atimespec;

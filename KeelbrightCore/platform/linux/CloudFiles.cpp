@@ -1,0 +1,7 @@
+#include "KeelbrightCore/platform/system/CloudFiles.h"
+
+namespace keelbright {
+
+void CloudFiles::leaveInTheCloud() {}
+
+} // namespace keelbright
