@@ -3,11 +3,13 @@
 #include "KeelbrightCore/platform/files/DirectoryReader.h"
 #include "KeelbrightCore/platform/files/FolderChain.h"
 #include "KeelbrightCore/platform/files/ItemStatus.h"
+#include "KeelbrightCore/platform/files/MachineRules.h"
 #include "KeelbrightCore/platform/files/Package.h"
 #include "KeelbrightCore/platform/files/ReadingCalls.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
 #include "KeelbrightCore/platform/system/WaitForMemory.h"
 
+#include <QByteArrayList>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -31,14 +33,29 @@ AccessTimes accessTimesOf(DirectoryEnumerator::Options options)
                                                                            : AccessTimes::noted;
 }
 
+/// The paths below the root of those places that lie there.
+QByteArrayList pathsBelow(const FileURL& root, const QList<FileURL>& places)
+{
+    const QByteArray& path = root.nativePath();
+    const QByteArray start = path.endsWith('/') ? path : path + '/';
+    QByteArrayList paths;
+    for (const FileURL& place : places) {
+        if (place.nativePath().startsWith(start))
+            paths.append(place.nativePath().sliced(start.size()));
+    }
+    return paths;
+}
+
 } // namespace
 
 class DirectoryEnumerator::Walk
 {
 public:
-    Walk(FileURL root, FileDescriptor folder, Options options)
+    Walk(FileURL root, FileDescriptor folder, Options options, const QList<FileURL>& passedOver)
         : m_root(std::move(root))
         , m_options(options)
+        , m_passedOver(passedOver)
+        , m_pathsPassedOver(pathsBelow(m_root, passedOver))
         , m_chain(std::move(folder), accessTimesOf(options))
     {}
 
@@ -70,7 +87,8 @@ public:
         if (!folder.isOpen())
             return nullptr;
         m_entersCurrent = false;
-        return std::make_unique<Walk>(currentFolder().appendingNative(m_name), std::move(folder), m_options);
+        return std::make_unique<Walk>(currentFolder().appendingNative(m_name), std::move(folder), m_options,
+                                      m_passedOver);
     }
 
     [[nodiscard]] FileURL currentFolder() const { return m_root.appendingNative(m_chain.relativePath()); }
@@ -116,8 +134,17 @@ private:
         m_number = entry.number;
         m_size = entry.size;
         m_entersCurrent = m_type == EntryType::directory &&
-                          !(m_options.testFlag(Option::skipsPackageDescendants) && isPackage(m_name));
+                          !(m_options.testFlag(Option::skipsPackageDescendants) && isPackage(m_name)) &&
+                          !isPassedOver();
         return true;
+    }
+
+    [[nodiscard]] bool isPassedOver() const
+    {
+        if (m_pathsPassedOver.isEmpty())
+            return false;
+        const QByteArray& folder = m_chain.relativePath();
+        return m_pathsPassedOver.contains(folder.isEmpty() ? QByteArray(m_name) : folder + '/' + m_name);
     }
 
     void enterCurrent()
@@ -148,6 +175,8 @@ private:
 
     FileURL m_root;
     Options m_options;
+    QList<FileURL> m_passedOver;
+    QByteArrayList m_pathsPassedOver; ///< below the root; of most roots none
     FolderChain<DirectoryReader> m_chain;
     ErrorHandler m_errorHandler;
     const char* m_name = nullptr;
@@ -160,6 +189,12 @@ private:
 std::expected<std::unique_ptr<DirectoryEnumerator>, FileError> DirectoryEnumerator::open(const FileURL& root,
                                                                                          Options options)
 {
+    return open(root, options, MachineRules::placesSeenTwice());
+}
+
+std::expected<std::unique_ptr<DirectoryEnumerator>, FileError>
+DirectoryEnumerator::open(const FileURL& root, Options options, const QList<FileURL>& passedOver)
+{
     const int linkFlag = options.testFlag(Option::followsRootLink) ? 0 : O_NOFOLLOW;
     const char* const path = root.nativePath().constData();
     const int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | linkFlag;
@@ -169,7 +204,7 @@ std::expected<std::unique_ptr<DirectoryEnumerator>, FileError> DirectoryEnumerat
     if (!folder.isOpen())
         return failure(FileError::Operation::opened, root, errno);
     return std::unique_ptr<DirectoryEnumerator>(
-        new DirectoryEnumerator(std::make_unique<Walk>(root, std::move(folder), options)));
+        new DirectoryEnumerator(std::make_unique<Walk>(root, std::move(folder), options, passedOver)));
 }
 
 DirectoryEnumerator::DirectoryEnumerator(std::unique_ptr<Walk> walk)

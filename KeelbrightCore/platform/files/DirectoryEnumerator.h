@@ -4,6 +4,7 @@
 #include "KeelbrightCore/platform/files/FileURL.h"
 
 #include <QFlags>
+#include <QList>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -34,9 +35,13 @@ public:
 
     using ErrorHandler = std::function<void(const FileURL& folder, const FileError& error)>;
 
-    /// Opens the root; fails where it is not a folder or can't be opened.
+    /// Opens the root; fails where it is not a folder or can't be opened. What the system shows in two places
+    /// is walked in one of them.
     [[nodiscard]] static std::expected<std::unique_ptr<DirectoryEnumerator>, FileError>
     open(const FileURL& root, Options options);
+    /// The same with other places to pass over: they are delivered and not entered.
+    [[nodiscard]] static std::expected<std::unique_ptr<DirectoryEnumerator>, FileError>
+    open(const FileURL& root, Options options, const QList<FileURL>& passedOver);
     ~DirectoryEnumerator();
     DirectoryEnumerator(const DirectoryEnumerator&) = delete;
     DirectoryEnumerator& operator=(const DirectoryEnumerator&) = delete;

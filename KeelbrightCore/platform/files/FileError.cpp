@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/files/FileError.h"
 
+#include "KeelbrightCore/platform/files/MachineRules.h"
 #include "KeelbrightCore/platform/system/WaitForMemory.h"
 
 #include <QCoreApplication>
@@ -135,11 +136,29 @@ QString reasonText(const FileError& error)
     return Texts::tr("the reason is unknown");
 }
 
+/// Whether the user may have to allow it first. Permissions of the file itself give EACCES.
+bool mayNeedConsent(const FileError& error)
+{
+    const bool isReading = error.operation == FileError::Operation::read ||
+                           error.operation == FileError::Operation::opened ||
+                           error.operation == FileError::Operation::listed;
+    return isReading && error.reason == FileError::Reason::system && error.code == EPERM;
+}
+
 } // namespace
 
 QString FileError::localizedDescription() const
 {
-    return Texts::tr("“%1” could not be %2: %3.").arg(name, verb(operation), reasonText(*this));
+    return description(MachineRules::keepsProgramsOut());
+}
+
+QString FileError::description(bool systemKeepsProgramsOut) const
+{
+    const QString text = Texts::tr("“%1” could not be %2: %3.").arg(name, verb(operation), reasonText(*this));
+    if (!systemKeepsProgramsOut || !mayNeedConsent(*this))
+        return text;
+    return text + u' ' +
+           Texts::tr("Allow it in System Settings, under Privacy & Security, Full Disk Access.");
 }
 
 bool FileError::isForLackOfRoom() const

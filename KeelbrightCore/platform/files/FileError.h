@@ -53,8 +53,12 @@ struct FileError
     Reason reason = Reason::system;
     int code = 0; ///< `errno` where the reason is `system`
 
-    /// A plain English sentence with the name in it.
+    /// A plain English sentence with the name in it; where the user has to allow the program something, one
+    /// more says where.
     [[nodiscard]] QString localizedDescription() const;
+    /// The same for a system that keeps programs out of some folders until the user allows it, or one that
+    /// does not.
+    [[nodiscard]] QString description(bool systemKeepsProgramsOut) const;
 
     /// Whether the reason was a full drive, an exhausted quota, too many open files or a lack of memory.
     [[nodiscard]] bool isForLackOfRoom() const;

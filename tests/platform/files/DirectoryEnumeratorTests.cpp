@@ -108,6 +108,40 @@ TEST_F(DirectoryEnumeratorTest, entersAPackageThatIsTheRootItself)
                 ElementsAre("file"));
 }
 
+TEST_F(DirectoryEnumeratorTest, whatIsSeenInTwoPlacesIsWalkedInOneOfThem)
+{
+    mac.writeFile("tree/System/Volumes/Data/Users/file", "x");
+    mac.writeFile("tree/Users/file", "x");
+    const QList<FileURL> twice{root.appendingNative("System/Volumes/Data")};
+    const auto walkFrom = [&](const FileURL& start) {
+        QByteArrayList paths;
+        const auto items = DirectoryEnumerator::open(start, {}, twice);
+        while (items && (*items)->next())
+            paths.append((*items)->url().nativePath().sliced(root.nativePath().size() + 1));
+        return paths;
+    };
+    EXPECT_THAT(walkFrom(root), UnorderedElementsAre("System", "System/Volumes", "System/Volumes/Data",
+                                                     "Users", "Users/file"));
+    EXPECT_THAT(walkFrom(root.appendingNative("System")),
+                UnorderedElementsAre("System/Volumes", "System/Volumes/Data"));
+    EXPECT_THAT(walkFrom(twice.first()),
+                UnorderedElementsAre("System/Volumes/Data/Users", "System/Volumes/Data/Users/file"))
+        << "who asks for the place itself gets it";
+}
+
+TEST_F(DirectoryEnumeratorTest, aBranchPassesOverTheSamePlaces)
+{
+    mac.writeFile("tree/System/Data/file", "x");
+    const auto items = DirectoryEnumerator::open(root, {}, {root.appendingNative("System/Data")});
+    ASSERT_TRUE((*items)->next());
+    const auto branch = (*items)->branchOff();
+    ASSERT_TRUE(branch);
+    ASSERT_TRUE(branch->next());
+    EXPECT_EQ(branch->name(), "Data");
+    EXPECT_FALSE(branch->branchOff());
+    EXPECT_FALSE(branch->next());
+}
+
 TEST_F(DirectoryEnumeratorTest, staysOutOfAFolderThatTheCallerSkips)
 {
     mac.writeFile("tree/skipped/file", "x");

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "KeelbrightCore/platform/files/FileURL.h"
+
+#include <QList>
+
+namespace keelbright {
+
+/// What one operating system does with its folders and others don't. Internal to the platform folder.
+namespace MachineRules {
+
+/// Folders whose content is also seen in other places, so that a walk from above would come to it twice. One
+/// that begins in them finds it.
+[[nodiscard]] QList<FileURL> placesSeenTwice();
+
+/// Whether the system keeps programs out of some folders of the user until the user allows it.
+[[nodiscard]] bool keepsProgramsOut();
+
+} // namespace MachineRules
+} // namespace keelbright
