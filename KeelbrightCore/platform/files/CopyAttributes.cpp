@@ -20,6 +20,16 @@ bool isUnsupported(int code)
     return code == EPERM || code == EACCES || code == EINVAL || meansUnsupported(code);
 }
 
+/// 0, or an `errno` value.
+int giveTimes(int copy, const struct stat& source)
+{
+    const std::array<timespec, 2> times = {SystemCalls::accessTime(source),
+                                           SystemCalls::modificationTime(source)};
+    const int code = ::futimens(copy, times.data()) == 0 ? 0 : errno;
+    SystemCalls::copySystemFacts(source, copy);
+    return code;
+}
+
 } // namespace
 
 CopyAttributes::CopyAttributes()
@@ -60,7 +70,7 @@ std::expected<CopyAttributes::FolderEnd, int> CopyAttributes::beginFolder(int so
     struct stat before = {};
     if (::fstat(source, &status) != 0 || ::fstat(copy, &before) != 0)
         return std::unexpected(errno);
-    FolderEnd end{.times = {SystemCalls::accessTime(status), SystemCalls::modificationTime(status)}};
+    FolderEnd end{.source = status};
     // Without its access list a folder would be open to all that the list had let in altogether.
     if (::fchmod(copy, S_IRWXU) != 0) {
         // Into a folder of a read-only drive nothing is copied anyway.
@@ -84,7 +94,7 @@ void CopyAttributes::endFolder(int copy, const FolderEnd& end)
 {
     if ((end.mode & S_IRWXU) != S_IRWXU)
         std::ignore = ::fchmod(copy, end.mode);
-    std::ignore = ::futimens(copy, end.times.data());
+    std::ignore = giveTimes(copy, end.source);
 }
 
 std::expected<void, int> CopyAttributes::copy(int source, int target, const struct stat& status,
@@ -94,10 +104,8 @@ std::expected<void, int> CopyAttributes::copy(int source, int target, const stru
     SystemCalls::copyExtendedAttributes(source, target);
     if (!hasMode && ::fchmod(target, mode) != 0 && !isUnsupported(errno))
         return std::unexpected(errno);
-    const std::array<timespec, 2> times = {SystemCalls::accessTime(status),
-                                           SystemCalls::modificationTime(status)};
-    if (::futimens(target, times.data()) != 0 && !isUnsupported(errno))
-        return std::unexpected(errno);
+    if (const int code = giveTimes(target, status); code != 0 && !isUnsupported(code))
+        return std::unexpected(code);
     return {};
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <expected>
 #include <sys/stat.h>
 
@@ -32,7 +31,7 @@ public:
     struct FolderEnd
     {
         mode_t mode = S_IRWXU;
-        std::array<timespec, 2> times = {};
+        struct stat source = {}; ///< for its times
     };
 
     /// Gives the open copy of a folder the owner, the access lists and the permissions of its source. Until

@@ -1,6 +1,7 @@
 #include "KeelbrightCore/platform/files/FileContents.h"
 
 #include "KeelbrightCore/platform/files/FileDescriptor.h"
+#include "KeelbrightCore/platform/files/ItemStatus.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
 #include "KeelbrightCore/platform/files/Unsupported.h"
 #include "KeelbrightCore/platform/system/Cancellation.h"
@@ -20,21 +21,6 @@ constexpr size_t bufferSize = size_t{1024} * 1024;
 /// A copy within the kernel goes in pieces of this size, so that quitting is noticed in between.
 constexpr qint64 kernelPiece = qint64{16} * 1024 * 1024;
 constexpr int maximumCopies = 3;
-
-bool isSame(const timespec& a, const timespec& b)
-{
-    return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
-}
-
-bool hasSameChangeTime(const struct stat& before, const struct stat& after)
-{
-    return isSame(SystemCalls::changeTime(before), SystemCalls::changeTime(after));
-}
-
-bool isUnchanged(const struct stat& before, const struct stat& after)
-{
-    return before.st_size == after.st_size && hasSameChangeTime(before, after);
-}
 
 bool hasHoles(const struct stat& status)
 {

@@ -47,6 +47,18 @@ std::expected<ItemStatus, int> itemStatus(int file)
     return statusFrom(status);
 }
 
+bool hasSameChangeTime(const struct stat& before, const struct stat& after)
+{
+    const timespec first = SystemCalls::changeTime(before);
+    const timespec second = SystemCalls::changeTime(after);
+    return first.tv_sec == second.tv_sec && first.tv_nsec == second.tv_nsec;
+}
+
+bool isUnchanged(const struct stat& before, const struct stat& after)
+{
+    return before.st_size == after.st_size && hasSameChangeTime(before, after);
+}
+
 EntryType typeOfMode(mode_t mode)
 {
     if (S_ISREG(mode))

@@ -25,6 +25,12 @@ struct ItemStatus
 /// Of an open file.
 [[nodiscard]] std::expected<ItemStatus, int> itemStatus(int file);
 
+/// Whether nothing of a file has changed between the one status and the other, as far as its size and the
+/// time of its last change show.
+[[nodiscard]] bool isUnchanged(const struct stat& before, const struct stat& after);
+/// The same without the size.
+[[nodiscard]] bool hasSameChangeTime(const struct stat& before, const struct stat& after);
+
 [[nodiscard]] EntryType typeOfMode(mode_t mode);
 
 /// Where a symbolic link leads; the `errno` value where that can't be read.

@@ -36,10 +36,16 @@ namespace SystemCalls {
                                                               int newFolder, const char* newName);
 /// Lets `target` share the data of `source`.
 [[nodiscard]] std::expected<void, int> clone(int source, int target);
+/// Makes a file of that name in an open folder which shares all data of an open file and has its attributes.
+/// ENOTSUP or EXDEV where the two file systems can't do that, EINVAL where that one file can't be shared.
+[[nodiscard]] std::expected<void, int> cloneFile(int source, int folder, const char* name);
 /// Copies up to `count` bytes within the kernel, from and to the files' positions; 0 at the end.
 [[nodiscard]] std::expected<size_t, int> copyRange(int source, int target, size_t count);
 /// Copies what extended attributes both sides can hold; a failure is no error.
 void copyExtendedAttributes(int source, int target);
+/// Gives a copy the creation date and the marks of its source that only this operating system has; to be
+/// called after its times have been set. What the drive can't hold is no error.
+void copySystemFacts(const struct stat& source, int copy);
 /// Removes the access lists that a file or a folder has got from the folder around it.
 void removeAccessLists(int file);
 /// Writes everything of the file system of an open folder through to the drive, and reports the write-back

@@ -79,12 +79,15 @@ SystemCopyWorker::Prepared SystemCopyWorker::prepareFile(const PlannedCopy& plan
     if (!SystemCalls::hasItsData(status))
         return failure(FileError::Operation::copied, plan.name, EDEADLK); // as every read of it would say
 
-    auto target = createFile(plan, status);
+    auto target = createFile(plan, source.get(), status);
     if (!target)
         return std::unexpected(target.error());
-    const int file = target->file.descriptor();
-    if (const auto copied = m_contents.copy(source.get(), file, status, cancellation, plan.name); !copied)
-        return std::unexpected(copied.error());
+    if (!target->hasData) {
+        const int file = target->file.descriptor();
+        const auto copied = m_contents.copy(source.get(), file, status, cancellation, plan.name);
+        if (!copied)
+            return std::unexpected(copied.error());
+    }
     if (const auto done = finish(*target, source.get(), status, plan); !done)
         return failure(FileError::Operation::copied, plan.name, done.error());
     return std::make_unique<PreparedFile>(plan, std::move(target->newFolder), std::move(target->file),
@@ -116,16 +119,16 @@ std::expected<void, int> SystemCopyWorker::finish(NewFile& file, int source, con
     return file.file.finishWriting();
 }
 
-std::expected<SystemCopyWorker::NewFile, FileError> SystemCopyWorker::createFile(const PlannedCopy& plan,
-                                                                                 const struct stat& source)
+std::expected<SystemCopyWorker::NewFile, FileError>
+SystemCopyWorker::createFile(const PlannedCopy& plan, int source, const struct stat& status)
 {
     const TargetFolder& target = *plan.target;
-    auto file = createFileIn(target.folder.get(), target, source);
+    auto file = createFileIn(target.folder.get(), target, source, status);
     if (!file && isRemoved(target.folder.get(), file.error())) {
         auto folder = target.anchor->recreateFolder(target.path);
         if (!folder)
             return std::unexpected(folder.error());
-        file = createFileIn(folder->get(), target, source);
+        file = createFileIn(folder->get(), target, source, status);
         if (file)
             file->newFolder = std::move(*folder);
     }
@@ -135,17 +138,19 @@ std::expected<SystemCopyWorker::NewFile, FileError> SystemCopyWorker::createFile
 }
 
 std::expected<SystemCopyWorker::NewFile, int>
-SystemCopyWorker::createFileIn(int folder, const TargetFolder& target, const struct stat& source)
+SystemCopyWorker::createFileIn(int folder, const TargetFolder& target, int source, const struct stat& status)
 {
+    if (auto file = clone(folder, source, status))
+        return NewFile{.file = std::move(*file), .hasData = true};
     constexpr mode_t ownersOnly = S_IRUSR | S_IWUSR;
     if (m_hasUnnamedFiles) {
         // Nobody can open a file without a name, so it may have its permissions at once, which
         // saves a call a file.
-        const bool hasMode = m_attributes.isModeSetAtCreation(source, target.umask);
-        const mode_t mode = hasMode ? source.st_mode & 07777 : ownersOnly;
+        const bool hasMode = m_attributes.isModeSetAtCreation(status, target.umask);
+        const mode_t mode = hasMode ? status.st_mode & 07777 : ownersOnly;
         auto file = UnpublishedFile::createUnnamed(folder, mode);
         if (file)
-            return NewFile{{}, std::move(*file), hasMode, false, {}};
+            return NewFile{.file = std::move(*file), .hasMode = hasMode};
         if (file.error() != ENOTSUP)
             return std::unexpected(file.error());
         m_hasUnnamedFiles = false;
@@ -153,7 +158,28 @@ SystemCopyWorker::createFileIn(int folder, const TargetFolder& target, const str
     auto file = UnpublishedFile::createTemporary(folder, ownersOnly);
     if (!file)
         return std::unexpected(file.error());
-    return NewFile{{}, std::move(*file), false, false, {}};
+    return NewFile{.file = std::move(*file)};
+}
+
+/// The whole copy at once, where the system can share the data of a file between two names of one volume.
+std::optional<UnpublishedFile> SystemCopyWorker::clone(int folder, int source, const struct stat& status)
+{
+    if (m_sourceDevice != status.st_dev) {
+        m_sourceDevice = status.st_dev;
+        m_triesClone = true;
+    }
+    if (!m_triesClone || status.st_size == 0)
+        return std::nullopt;
+    auto file = UnpublishedFile::createClone(folder, source);
+    if (!file) {
+        m_triesClone = file.error() == EINVAL; // which is about the one file
+        return std::nullopt;
+    }
+    struct stat after = {};
+    // One that is being written to is copied by the way that waits until it holds still.
+    if (::fstat(source, &after) != 0 || !isUnchanged(status, after))
+        return std::nullopt;
+    return std::move(*file);
 }
 
 } // namespace keelbright

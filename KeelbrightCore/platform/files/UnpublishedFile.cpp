@@ -46,6 +46,20 @@ std::expected<UnpublishedFile, int> UnpublishedFile::createTemporary(int folder,
     return UnpublishedFile(folder, std::move(file), std::move(name));
 }
 
+std::expected<UnpublishedFile, int> UnpublishedFile::createClone(int folder, int source)
+{
+    QByteArray name = temporaryName();
+    if (const auto cloned = SystemCalls::cloneFile(source, folder, name.constData()); !cloned)
+        return std::unexpected(cloned.error());
+    constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    FileDescriptor file(retrying([&] { return ::openat(folder, name.constData(), flags); }));
+    if (file.isOpen())
+        return UnpublishedFile(folder, std::move(file), std::move(name));
+    // Its permissions, which are those of the source, keep its own owner out.
+    ::unlinkat(folder, name.constData(), 0);
+    return std::unexpected(EINVAL);
+}
+
 UnpublishedFile::UnpublishedFile(int folder, FileDescriptor file, QByteArray temporaryName)
     : m_folder(folder)
     , m_file(std::move(file))

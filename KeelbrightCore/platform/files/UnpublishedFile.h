@@ -24,6 +24,10 @@ public:
     /// ENOTSUP where the file system does not support unnamed files.
     [[nodiscard]] static std::expected<UnpublishedFile, int> createUnnamed(int folder, mode_t mode);
     [[nodiscard]] static std::expected<UnpublishedFile, int> createTemporary(int folder, mode_t mode);
+    /// One that shares the data of an open file and has its attributes, under a temporary name; it can't be
+    /// written to. ENOTSUP or EXDEV where the file systems can't do that, EINVAL where that one file can't be
+    /// shared.
+    [[nodiscard]] static std::expected<UnpublishedFile, int> createClone(int folder, int source);
 
     ~UnpublishedFile();
     UnpublishedFile(UnpublishedFile&& other) noexcept;
@@ -31,7 +35,7 @@ public:
     UnpublishedFile(const UnpublishedFile&) = delete;
     UnpublishedFile& operator=(const UnpublishedFile&) = delete;
 
-    /// For writing; -1 once it is closed.
+    /// For writing, or to set attributes of a clone; -1 once it is closed.
     [[nodiscard]] int descriptor() const { return m_file.get(); }
 
     [[nodiscard]] bool isUnnamed() const { return m_temporaryName.isEmpty(); }

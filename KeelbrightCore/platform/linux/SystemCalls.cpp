@@ -87,6 +87,11 @@ std::expected<void, int> clone(int source, int target)
     return outcome(::ioctl(target, FICLONE, source));
 }
 
+std::expected<void, int> cloneFile(int, int, const char*)
+{
+    return std::unexpected(ENOTSUP); // `clone` fills a file without a name
+}
+
 std::expected<size_t, int> copyRange(int source, int target, size_t count)
 {
     const ssize_t copied =
@@ -119,6 +124,8 @@ void copyExtendedAttributes(int source, int target)
                 ::fsetxattr(target, name.constData(), value.constData(), static_cast<size_t>(size), 0);
     }
 }
+
+void copySystemFacts(const struct stat&, int) {}
 
 void removeAccessLists(int file)
 {

@@ -3,9 +3,9 @@
 #include "KeelbrightCore/platform/files/FlushWays.h"
 #include "KeelbrightCore/platform/files/Unsupported.h"
 
-#include <array>
 #include <copyfile.h>
 #include <fcntl.h>
+#include <sys/acl.h>
 #include <sys/attr.h>
 #include <sys/clonefile.h>
 #include <tuple>
@@ -14,13 +14,6 @@
 namespace keelbright::SystemCalls {
 
 namespace {
-
-std::expected<void, int> outcome(int result)
-{
-    if (result != 0)
-        return std::unexpected(errno);
-    return {};
-}
 
 /// Everything that was written to the volume, down into the drive's own cache. `F_FULLFSYNC` on a folder
 /// flushes no file.
@@ -88,6 +81,20 @@ std::expected<void, int> clone(int, int)
     return std::unexpected(ENOTSUP);
 }
 
+std::expected<void, int> cloneFile(int source, int folder, const char* name)
+{
+    // A locked file's clone would be locked too, and could not get its name.
+    constexpr quint32 locks = UF_IMMUTABLE | UF_APPEND | SF_IMMUTABLE | SF_APPEND | SF_DATALESS;
+    struct stat status = {};
+    if (::fstat(source, &status) != 0)
+        return std::unexpected(errno);
+    if ((status.st_flags & locks) != 0)
+        return std::unexpected(EINVAL);
+    if (::fclonefileat(source, folder, name, CLONE_NOOWNERCOPY) == 0)
+        return {};
+    return std::unexpected(meansUnsupported(errno) ? ENOTSUP : errno);
+}
+
 std::expected<size_t, int> copyRange(int, int, size_t)
 {
     return std::unexpected(ENOTSUP);
@@ -95,10 +102,34 @@ std::expected<size_t, int> copyRange(int, int, size_t)
 
 void copyExtendedAttributes(int source, int target)
 {
+    // With the resource fork, the marks of the Finder and that of a download.
     std::ignore = ::fcopyfile(source, target, nullptr, COPYFILE_XATTR | COPYFILE_ACL);
 }
 
-void removeAccessLists(int) {}
+void copySystemFacts(const struct stat& source, int copy)
+{
+    attrlist creation = {};
+    creation.bitmapcount = ATTR_BIT_MAP_COUNT;
+    creation.commonattr = ATTR_CMN_CRTIME;
+    timespec date = source.st_birthtimespec;
+    std::ignore = ::fsetattrlist(copy, &creation, &date, sizeof(date), 0);
+    struct stat status = {};
+    // Of the flags this one is the user's. The others say how the file lies on its own drive, or lock it, and
+    // a locked copy could never be refreshed.
+    constexpr quint32 kept = UF_HIDDEN;
+    if (::fstat(copy, &status) != 0 || ((status.st_flags ^ source.st_flags) & kept) == 0)
+        return;
+    std::ignore = ::fchflags(copy, (status.st_flags & ~kept) | (source.st_flags & kept));
+}
+
+void removeAccessLists(int file)
+{
+    const acl_t none = ::acl_init(1);
+    if (none == nullptr)
+        return;
+    std::ignore = ::acl_set_fd_np(file, none, ACL_TYPE_EXTENDED);
+    ::acl_free(none);
+}
 
 std::expected<void, int> flushFileSystem(int folder)
 {

@@ -235,6 +235,20 @@ TEST_P(UnpublishedFileTest, isNeverUnnamedWhereTheFileSystemDoesNotSupportThat)
         EXPECT_EQ(file.error(), ENOTSUP);
 }
 
+TEST_P(UnpublishedFileTest, isACloneWhereTheSystemMakesOneAndNothingWhereNot)
+{
+    UnpublishedFile source = created("content");
+    {
+        const auto clone = UnpublishedFile::createClone(m_folder, source.descriptor());
+        if (clone)
+            EXPECT_FALSE(clone->isUnnamed());
+        else
+            EXPECT_THAT(clone.error(), ::testing::AnyOf(ENOTSUP, EXDEV, EINVAL));
+    }
+    ASSERT_TRUE(source.publish("name").has_value());
+    EXPECT_THAT(names(), ElementsAre("name"));
+}
+
 TEST_P(UnpublishedFileTest, canHaveATemporaryNameOnEveryDrive)
 {
     auto file = UnpublishedFile::createTemporary(m_folder, 0600);
