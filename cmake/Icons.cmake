@@ -1,5 +1,8 @@
 # The program's icon, drawn from its two SVG pictures when the program is built.
 set(KEELBRIGHT_ICON_SIZES 16 22 24 32 48 64 128 256 512)
+if(APPLE)
+  list(APPEND KEELBRIGHT_ICON_SIZES 1024)
+endif()
 set(KEELBRIGHT_ICONS "${PROJECT_BINARY_DIR}/icons") # SIZE.png each
 
 # Puts the list of the pictures into `result` and lets the calling folder draw them.

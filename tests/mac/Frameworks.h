@@ -2,6 +2,7 @@
 // without them; for tools/mac-check alone. The check makes these headers of it:
 //
 // <CoreFoundation/CoreFoundation.h>
+// <IOKit/pwr_mgt/IOPMLib.h>
 // <SystemConfiguration/SystemConfiguration.h>
 
 #pragma once
@@ -32,4 +33,14 @@ Boolean CFURLCopyResourcePropertyForKey(CFURLRef url, CFStringRef key, void* val
 // The name that the user gave the machine.
 using SCDynamicStoreRef = const struct __SCDynamicStore*;
 CFStringRef SCDynamicStoreCopyComputerName(SCDynamicStoreRef store, unsigned int* nameEncoding);
+
+// The promise not to go to sleep.
+using IOReturn = int;
+using IOPMAssertionID = unsigned int;
+using IOPMAssertionLevel = unsigned int;
+constexpr IOReturn kIOReturnSuccess = 0;
+constexpr IOPMAssertionLevel kIOPMAssertionLevelOn = 255;
+IOReturn IOPMAssertionCreateWithName(CFStringRef kind, IOPMAssertionLevel level, CFStringRef name,
+                                     IOPMAssertionID* assertion);
+IOReturn IOPMAssertionRelease(IOPMAssertionID assertion);
 }

@@ -10,6 +10,7 @@
 #include "Keelbright/screens/shell/ProgramApplication.h"
 #include "Keelbright/screens/shell/ProgramIcon.h"
 #include "Keelbright/screens/shell/SingleInstance.h"
+#include "Keelbright/screens/shell/SystemServices.h"
 #include "Keelbright/screens/shell/Translations.h"
 #include "Keelbright/screens/shell/WindowPlaceFile.h"
 #include "Keelbright/state/KeelbrightApp.h"
@@ -104,6 +105,7 @@ int runWindow(QApplication& application, SingleInstance& instance, const std::op
     std::optional<DesktopPresence> presence(std::in_place, app.state(), window, instance);
     followEndOfSession(application, endRequests, window);
     window.show();
+    adoptFrame(window);
     if (action)
         presence->requests().activate(action);
     const int code = QApplication::exec();

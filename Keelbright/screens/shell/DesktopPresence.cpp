@@ -1,6 +1,8 @@
 #include "Keelbright/screens/shell/DesktopPresence.h"
 
+#include "Keelbright/screens/shell/MainWindow.h"
 #include "Keelbright/screens/shell/SingleInstance.h"
+#include "Keelbright/screens/shell/SystemServices.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/SessionBus.h"
 
@@ -11,8 +13,10 @@ namespace keelbright {
 DesktopPresence::DesktopPresence(AppState& state, MainWindow& window, const SingleInstance& instance)
     : m_requests(state, window)
     , m_service(sessionBus())
-    , m_awakeBackup(state.engine(), m_sleepBlocker)
-    , m_backupEndNotice(state, m_notifier,
+    , m_sleepBlocker(makeSleepBlocker())
+    , m_awakeBackup(state.engine(), *m_sleepBlocker)
+    , m_notifier(makeNotifier(window))
+    , m_backupEndNotice(state, *m_notifier,
                         {[] { return QApplication::activeWindow() != nullptr; },
                          [this] { m_requests.activate(std::nullopt); }})
     , m_destinationDrive(state)

@@ -1,14 +1,16 @@
 #pragma once
 
 #include "Keelbright/screens/shell/ApplicationService.h"
-#include "Keelbright/screens/shell/DesktopNotifier.h"
 #include "Keelbright/screens/shell/DesktopRequests.h"
-#include "Keelbright/screens/shell/DesktopSleepBlocker.h"
 #include "Keelbright/screens/shell/DesktopTaskBar.h"
 #include "Keelbright/state/AwakeBackup.h"
 #include "Keelbright/state/BackupEndNotice.h"
 #include "Keelbright/state/BackupInTaskBar.h"
 #include "Keelbright/state/DestinationDrive.h"
+#include "Keelbright/state/Notifier.h"
+#include "Keelbright/state/SleepBlocker.h"
+
+#include <memory>
 
 namespace keelbright {
 
@@ -28,9 +30,9 @@ public:
 private:
     DesktopRequests m_requests;
     ApplicationService m_service;
-    DesktopSleepBlocker m_sleepBlocker;
+    std::unique_ptr<SleepBlocker> m_sleepBlocker;
     AwakeBackup m_awakeBackup;
-    DesktopNotifier m_notifier;
+    std::unique_ptr<Notifier> m_notifier;
     BackupEndNotice m_backupEndNotice;
     DestinationDrive m_destinationDrive;
     DesktopTaskBar m_taskBar;

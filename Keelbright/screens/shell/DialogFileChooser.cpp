@@ -3,6 +3,7 @@
 #include "Keelbright/widgets/AlertPresenter.h"
 #include "Keelbright/widgets/DisplayText.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/system/SystemPanels.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -132,6 +133,18 @@ void SaveFileDialog::askToReplace(const FileURL& url)
 
 void DialogFileChooser::chooseFile(const FileOpenRequest& request, std::function<void(const FileURL&)> chosen)
 {
+    if (SystemPanels::areThere()) {
+        const auto chooseFirst = [chosen = std::move(chosen)](const QList<FileURL>& files) {
+            if (!files.isEmpty())
+                chosen(files.first());
+        };
+        SystemPanels::open({.message = request.message,
+                            .prompt = request.prompt,
+                            .extensions = request.extensions,
+                            .folder = request.folder},
+                           chooseFirst);
+        return;
+    }
     auto* dialog = new OpenFileDialog(request, QApplication::activeWindow());
     dialog->ask([dialog, chosen = std::move(chosen)] {
         if (const std::optional<FileURL> file = dialog->chosenFile())
@@ -142,6 +155,15 @@ void DialogFileChooser::chooseFile(const FileOpenRequest& request, std::function
 void DialogFileChooser::chooseSaveLocation(const FileSaveRequest& request,
                                            std::function<void(const FileURL&)> chosen)
 {
+    if (SystemPanels::areThere()) {
+        SystemPanels::save({.title = request.title,
+                            .prompt = request.prompt,
+                            .name = request.name,
+                            .extension = request.extension,
+                            .folder = request.folder},
+                           std::move(chosen));
+        return;
+    }
     auto* dialog = new SaveFileDialog(request, QApplication::activeWindow());
     dialog->ask([dialog, chosen = std::move(chosen)] {
         if (const std::optional<FileURL> file = dialog->chosenFile())

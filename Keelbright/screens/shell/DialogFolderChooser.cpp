@@ -1,6 +1,7 @@
 #include "Keelbright/screens/shell/DialogFolderChooser.h"
 
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/system/SystemPanels.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -51,6 +52,15 @@ void FolderDialog::accept()
 void DialogFolderChooser::chooseFolders(const FolderChooserRequest& request,
                                         std::function<void(const QList<FileURL>&)> chosen)
 {
+    if (SystemPanels::areThere()) {
+        SystemPanels::open({.message = request.message,
+                            .prompt = request.prompt,
+                            .choosesFolders = true,
+                            .allowsMultipleSelection = request.allowsMultipleSelection,
+                            .canCreateFolders = request.canCreateDirectories},
+                           std::move(chosen));
+        return;
+    }
     auto* dialog = new FolderDialog(request, QApplication::activeWindow());
     dialog->ask([dialog, chosen = std::move(chosen)] { chosen(dialog->chosenFolders()); });
 }

@@ -1,6 +1,7 @@
 #include "Keelbright/widgets/theme/DesktopSettings.h"
 
 #include "Keelbright/widgets/SessionBus.h"
+#include "KeelbrightCore/platform/system/AccessibilityPreferences.h"
 
 #include <QApplication>
 #include <QDBusMessage>
@@ -58,6 +59,7 @@ DesktopSettings::DesktopSettings(const QDBusConnection& bus, QObject* parent)
     : QObject(parent)
 {
     watchPalette();
+    watchSystem();
     watchPortal(bus);
 }
 
@@ -102,6 +104,21 @@ bool DesktopSettings::eventFilter(QObject* watched, QEvent* event)
             Qt::QueuedConnection);
     }
     return QObject::eventFilter(watched, event);
+}
+
+void DesktopSettings::watchSystem()
+{
+    // Who changes these settings has another program in front meanwhile.
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, &DesktopSettings::readSystem);
+    readSystem();
+}
+
+void DesktopSettings::readSystem()
+{
+    if (const std::optional<bool> isReduced = AccessibilityPreferences::isMotionReduced())
+        setMotionReduced(*isReduced);
+    if (const std::optional<bool> isHigh = AccessibilityPreferences::isContrastHigh())
+        setContrastHigh(m_isSystemContrastHigh, *isHigh);
 }
 
 void DesktopSettings::watchPortal(const QDBusConnection& bus)

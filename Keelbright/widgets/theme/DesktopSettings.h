@@ -10,8 +10,8 @@
 namespace keelbright {
 
 /// The desktop's settings for the look: light or dark, high contrast, reduced motion. Follows changes
-/// while the program runs. Asks the desktop's settings portal without waiting for it; without an
-/// answer the lightness of the platform's palette decides. Main thread.
+/// while the program runs. Asks the operating system where that keeps them, and the desktop's settings portal
+/// without waiting for it; without an answer the lightness of the platform's palette decides. Main thread.
 ///
 /// The portal client is here and not with the platform's other services because the logic does not
 /// link D-Bus.
@@ -27,7 +27,10 @@ public:
     [[nodiscard]] ColorScheme colorScheme() const;
 
     /// Where either of the settings that desktops have for it asks for it.
-    [[nodiscard]] bool isContrastHigh() const { return m_isPortalContrastHigh || m_isGnomeContrastHigh; }
+    [[nodiscard]] bool isContrastHigh() const
+    {
+        return m_isPortalContrastHigh || m_isGnomeContrastHigh || m_isSystemContrastHigh;
+    }
 
     [[nodiscard]] bool isMotionReduced() const { return m_isMotionReduced; }
 
@@ -44,6 +47,8 @@ private Q_SLOTS:
 private:
     void watchPalette();
     void readPalette();
+    void watchSystem();
+    void readSystem();
     void watchPortal(const QDBusConnection& bus);
     void askPortal(const QDBusConnection& bus, const QString& nameSpace, const QString& key);
     void setPortalScheme(std::optional<ColorScheme> scheme);
@@ -54,6 +59,7 @@ private:
     std::optional<ColorScheme> m_portalScheme;
     bool m_isPortalContrastHigh = false;
     bool m_isGnomeContrastHigh = false;
+    bool m_isSystemContrastHigh = false;
     bool m_isMotionReduced = false;
     bool m_isReadingDue = false;
 };

@@ -1,0 +1,14 @@
+#include "KeelbrightCore/platform/system/SystemPanels.h"
+
+namespace keelbright {
+
+bool SystemPanels::areThere()
+{
+    return false; // the desktops' own panels can't show the text of a button
+}
+
+void SystemPanels::open(const OpenPanelRequest&, std::function<void(const QList<FileURL>&)>) {}
+
+void SystemPanels::save(const SavePanelRequest&, std::function<void(const FileURL&)>) {}
+
+} // namespace keelbright
