@@ -645,6 +645,10 @@
         <translation>das Laufwerk hat nicht rechtzeitig geantwortet</translation>
     </message>
     <message>
+        <source>it is not on this Mac</source>
+        <translation>es ist nicht auf diesem Mac</translation>
+    </message>
+    <message>
         <source>it is neither a file nor a link</source>
         <translation>es ist weder eine Datei noch eine Verknüpfung</translation>
     </message>
@@ -707,6 +711,10 @@
     <message>
         <source>“%1” could not be %2: %3.</source>
         <translation>„%1“ konnte nicht %2 werden: %3.</translation>
+    </message>
+    <message>
+        <source>Allow it in System Settings, under Privacy &amp; Security, Full Disk Access.</source>
+        <translation>Erlauben Sie es in den Systemeinstellungen unter Datenschutz &amp; Sicherheit, Festplattenvollzugriff.</translation>
     </message>
     <message>
         <source>put back</source>
