@@ -59,27 +59,30 @@ void DirectoryReader::suspend(int folder)
     if (m_offset > 0)
         std::memmove(m_pieces.get(), m_pieces.get() + m_offset, m_size);
     m_offset = 0;
-    for (size_t got = 1; got > 0 && m_failure == 0 && m_size < m_maximumMemory; m_size += got) {
+    while (m_failure == 0 && !keepsOpen(folder)) {
         // Before the read, so that no entry is lost where memory runs out. Twice as much each time, because
         // all is moved.
         if (m_capacity - m_size < DirectoryPieces::pieceSize)
             growTo(2 * m_size + DirectoryPieces::pieceSize);
         const auto count = DirectoryPieces::read(folder, m_pieces.get() + m_size, DirectoryPieces::pieceSize);
+        if (count && *count == 0)
+            break;
         m_failure = count ? 0 : count.error();
-        got = count.value_or(0);
+        m_size += count.value_or(0);
     }
-    if (m_failure == 0 && m_size >= m_maximumMemory)
-        keepOpen(folder);
-    else
+    if (!m_rest.isOpen())
         growTo(m_size); // the room that is left over, for as long as the walk is below
     m_isSuspended = true;
 }
 
-void DirectoryReader::keepOpen(int folder)
+/// Whether the rest is left to the folder itself, which takes one of the files that may be open. Where there
+/// are none left, all of it goes into memory: a listing is not broken off.
+bool DirectoryReader::keepsOpen(int folder)
 {
+    if (m_size < m_maximumMemory)
+        return false;
     m_rest = FileDescriptor::duplicate(folder);
-    if (!m_rest.isOpen())
-        m_failure = errno;
+    return m_rest.isOpen();
 }
 
 /// Or makes it smaller; keeps what is still to be read.

@@ -18,7 +18,7 @@ class DirectoryReader
 {
 public:
     /// What a suspended reader keeps in memory at most, in bytes, and a piece more: some fifty thousand
-    /// entries. Of a longer rest it keeps the folder open.
+    /// entries. Of a longer rest it keeps the folder open, as long as the process may open files.
     static constexpr size_t usualMemory = size_t{4} * 1024 * 1024;
 
     DirectoryReader() = default;
@@ -43,7 +43,7 @@ public:
 private:
     [[nodiscard]] std::expected<bool, int> fill(int folder);
     void growTo(size_t capacity);
-    void keepOpen(int folder);
+    [[nodiscard]] bool keepsOpen(int folder);
 
     size_t m_maximumMemory = usualMemory;
     std::unique_ptr<char[]> m_pieces;

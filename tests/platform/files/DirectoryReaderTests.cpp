@@ -5,6 +5,7 @@
 #include <QByteArrayList>
 #include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 
 namespace keelbright {
 namespace {
@@ -90,6 +91,22 @@ TEST_F(DirectoryReaderTest, keepsTheFolderOpenWhereTheRestIsTooLongForTheMemory)
     DirectoryReader reader(little);
     QByteArrayList found = next(reader, folder.get(), 5);
     reader.suspend(folder.get());
+    folder.reset();
+    found += next(reader, noFolder, 2 * fileCount);
+    EXPECT_THAT(found, UnorderedElementsAreArray(names));
+}
+
+TEST_F(DirectoryReaderTest, takesALongRestIntoMemoryWhereNoFileMayBeOpened)
+{
+    constexpr size_t little = 1'000;
+    DirectoryReader reader(little);
+    QByteArrayList found = next(reader, folder.get(), 5);
+    rlimit before = {};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit none = {0, before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    reader.suspend(folder.get());
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
     folder.reset();
     found += next(reader, noFolder, 2 * fileCount);
     EXPECT_THAT(found, UnorderedElementsAreArray(names));
