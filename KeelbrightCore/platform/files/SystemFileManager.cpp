@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/files/AtomicWrite.h"
 #include "KeelbrightCore/platform/files/FileDescriptor.h"
+#include "KeelbrightCore/platform/files/MachineRules.h"
 #include "KeelbrightCore/platform/files/MountPoints.h"
 #include "KeelbrightCore/platform/files/MountedVolumes.h"
 #include "KeelbrightCore/platform/files/ProtectedPlaces.h"
@@ -291,11 +292,7 @@ QList<MountedVolume> SystemFileManager::mountedVolumes() const
 
 bool SystemFileManager::isMac() const
 {
-#ifdef __APPLE__
-    return true;
-#else
-    return false;
-#endif
+    return MachineRules::isMac();
 }
 
 FileURL SystemFileManager::homeDirectory() const
@@ -306,15 +303,7 @@ FileURL SystemFileManager::homeDirectory() const
 
 FileURL SystemFileManager::applicationSupportDirectory() const
 {
-#ifdef __APPLE__
-    return homeDirectory().appending(QStringLiteral("Library/Application Support"));
-#else
-    const QByteArray dataHome = qgetenv("XDG_DATA_HOME");
-    // The base directory specification asks to ignore a relative path.
-    if (dataHome.startsWith('/'))
-        return FileURL::fromNativePath(dataHome);
-    return homeDirectory().appending(QStringLiteral(".local/share"));
-#endif
+    return MachineRules::applicationSupport(*this);
 }
 
 FileURL SystemFileManager::systemLocation(const QString& absolutePath) const

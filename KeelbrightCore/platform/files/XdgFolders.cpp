@@ -21,6 +21,11 @@ FileURL XdgFolders::configuration(const FileManager& files)
     return baseFolder(files, "XDG_CONFIG_HOME", ".config");
 }
 
+FileURL XdgFolders::data(const FileManager& files)
+{
+    return baseFolder(files, "XDG_DATA_HOME", ".local/share");
+}
+
 FileURL XdgFolders::caches(const FileManager& files)
 {
     return baseFolder(files, "XDG_CACHE_HOME", ".cache");

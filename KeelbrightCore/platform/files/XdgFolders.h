@@ -9,11 +9,12 @@ namespace keelbright {
 class FileManager;
 
 /// The base folders below which the programs of a desktop keep their files, as the environment names
-/// them, else below the home. The one for data is `FileManager::applicationSupportDirectory`. Internal to
-/// the platform folder.
+/// them, else below the home. Internal to the platform folder.
 namespace XdgFolders {
 
 [[nodiscard]] FileURL configuration(const FileManager& files);
+/// For the user's data ask `FileManager::applicationSupportDirectory` instead, which knows a Mac's place too.
+[[nodiscard]] FileURL data(const FileManager& files);
 [[nodiscard]] FileURL caches(const FileManager& files);
 [[nodiscard]] FileURL state(const FileManager& files);
 /// Where data lies that programs look for: the user's own folder, then those of the system, then what

@@ -1,6 +1,18 @@
 #include "KeelbrightCore/platform/files/MachineRules.h"
 
+#include "KeelbrightCore/platform/files/XdgFolders.h"
+
 namespace keelbright {
+
+bool MachineRules::isMac()
+{
+    return false;
+}
+
+FileURL MachineRules::applicationSupport(const FileManager& files)
+{
+    return XdgFolders::data(files);
+}
 
 QList<FileURL> MachineRules::placesSeenTwice()
 {

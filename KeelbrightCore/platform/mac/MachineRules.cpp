@@ -1,6 +1,18 @@
 #include "KeelbrightCore/platform/files/MachineRules.h"
 
+#include "KeelbrightCore/platform/files/FileManager.h"
+
 namespace keelbright {
+
+bool MachineRules::isMac()
+{
+    return true;
+}
+
+FileURL MachineRules::applicationSupport(const FileManager& files)
+{
+    return files.homeDirectory().appending(QStringLiteral("Library/Application Support"));
+}
 
 QList<FileURL> MachineRules::placesSeenTwice()
 {

@@ -1,40 +1,14 @@
 #include "KeelbrightCore/platform/system/UserDefaults.h"
 
-#include "KeelbrightCore/platform/files/FileManager.h"
-#include "KeelbrightCore/platform/files/XdgFolders.h"
+#include "KeelbrightCore/platform/system/DefaultsStore.h"
 
 #include <QSettings>
 
 namespace keelbright {
 
-namespace {
-
-#ifdef __APPLE__
-/// The native store of Qt takes a slash for what the system's own keys write as a full stop.
-QString storedKey(QString key)
-{
-    return key.replace(u'.', u'/');
-}
-#else
-QString storedKey(const QString& key)
-{
-    return key;
-}
-#endif
-
-} // namespace
-
 UserDefaults UserDefaults::standard()
 {
-#ifdef __APPLE__
-    return UserDefaults(std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
-                                                    QStringLiteral("keelbright.com"),
-                                                    QStringLiteral("Keelbright")));
-#else
-    const FileURL file = XdgFolders::configuration(FileManager::defaultManager())
-                             .appending(QStringLiteral("Keelbright/UserDefaults.ini"));
-    return UserDefaults(std::make_unique<QSettings>(file.path(), QSettings::IniFormat));
-#endif
+    return UserDefaults(DefaultsStore::ofTheUser());
 }
 
 UserDefaults::UserDefaults(std::unique_ptr<QSettings> settings)
@@ -47,7 +21,7 @@ UserDefaults& UserDefaults::operator=(UserDefaults&&) noexcept = default;
 
 std::optional<QByteArray> UserDefaults::dataForKey(const QString& key) const
 {
-    const QVariant value = m_settings->value(storedKey(key));
+    const QVariant value = m_settings->value(DefaultsStore::storedKey(key));
     if (value.typeId() != QMetaType::QByteArray)
         return std::nullopt;
     return value.toByteArray();
@@ -55,9 +29,9 @@ std::optional<QByteArray> UserDefaults::dataForKey(const QString& key) const
 
 std::optional<QStringList> UserDefaults::stringArrayForKey(const QString& key) const
 {
-    if (!m_settings->contains(storedKey(key)))
+    if (!m_settings->contains(DefaultsStore::storedKey(key)))
         return std::nullopt;
-    const QVariant value = m_settings->value(storedKey(key));
+    const QVariant value = m_settings->value(DefaultsStore::storedKey(key));
     switch (value.typeId()) {
     case QMetaType::UnknownType: // how the store keeps a list without elements
     case QMetaType::QString:     // and one with a single element
@@ -70,7 +44,7 @@ std::optional<QStringList> UserDefaults::stringArrayForKey(const QString& key) c
 
 void UserDefaults::removeObjectForKey(const QString& key)
 {
-    m_settings->remove(storedKey(key));
+    m_settings->remove(DefaultsStore::storedKey(key));
     m_settings->sync();
 }
 
@@ -78,8 +52,8 @@ void UserDefaults::renameKey(const QString& key, const QString& newKey)
 {
     if (key == newKey)
         return;
-    m_settings->setValue(storedKey(newKey), m_settings->value(storedKey(key)));
-    m_settings->remove(storedKey(key));
+    m_settings->setValue(DefaultsStore::storedKey(newKey), m_settings->value(DefaultsStore::storedKey(key)));
+    m_settings->remove(DefaultsStore::storedKey(key));
     m_settings->sync();
 }
 
