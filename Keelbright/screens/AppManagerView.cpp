@@ -2,11 +2,12 @@
 
 #include "Keelbright/screens/apps/AppDetailPanel.h"
 #include "Keelbright/screens/apps/AppListPanel.h"
-#include "Keelbright/screens/shared/RescanShortcuts.h"
+#include "Keelbright/screens/shared/ScreenCommand.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/Panels.h"
 
+#include <QAction>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -47,11 +48,19 @@ AppManagerView::AppManagerView(const ScreenContext& context, QWidget* parent)
         setSelectedApp(app);
         m_panel->askForRemoval();
     });
-    addRescanShortcuts(*this, [this] { scanApps(); });
+    offerRescan();
     connect(&context.state.undo(), &UndoStore::ended, this, [this](const UndoResult& result) {
         if (result.isOfRemoval())
             scanApps();
     });
+}
+
+void AppManagerView::offerRescan()
+{
+    QAction* rescan = offerCommand(*this, ScreenCommand::rescan, [this] { scanApps(); });
+    const auto update = [rescan, &state = m_context.state] { rescan->setEnabled(!state.isAppScanning()); };
+    connect(&m_context.state, &AppState::isAppScanningChanged, rescan, update);
+    update();
 }
 
 void AppManagerView::scanApps()

@@ -30,6 +30,7 @@ public:
     void scanApps();
 
 private:
+    void offerRescan();
     void setSelectedApp(const std::optional<AppInfo>& app);
     void showDetail(QWidget* detail);
     void dropApp(const AppInfo& app);

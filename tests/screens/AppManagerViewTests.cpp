@@ -1,6 +1,7 @@
 #include "Keelbright/screens/AppManagerView.h"
 
 #include "Keelbright/screens/apps/AppDetailPanel.h"
+#include "Keelbright/screens/shared/ScreenCommand.h"
 #include "Keelbright/screens/shell/ScreenFactory.h"
 #include "Keelbright/widgets/MenuButton.h"
 #include "Keelbright/widgets/SearchField.h"
@@ -9,6 +10,7 @@
 #include "tests/support/HeldFileManager.h"
 #include "tests/support/WorkTimer.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QMenu>
 #include <QScrollBar>
@@ -295,6 +297,46 @@ TEST_F(AppManagerViewTests, aScanTakesThePlaceOfTheListAndKeepsItsHeader)
     turnUntil([this] { return !state->isAppScanning(); });
     turnFrame();
     EXPECT_EQ(titlesIn(*apps(*view)).size(), 8);
+    waitForBackgroundWork();
+}
+
+TEST_F(AppManagerViewTests, noScanCanBeAskedForWhileOneIsUnderWay)
+{
+    scan();
+    HeldFileManager held(mac.root());
+    const FileManagerGuard guard(held);
+    const auto view = makeView();
+    Button* rescan = button(*view, u"Re-scan apps"_s);
+    const QAction* command = offeredCommand(view.get(), ScreenCommand::rescan);
+    ASSERT_NE(command, nullptr);
+    EXPECT_TRUE(rescan->isEnabled());
+    EXPECT_TRUE(command->isEnabled());
+    held.holdNextLookAt(applications());
+    rescan->setFocus();
+    QTest::keyClick(rescan, Qt::Key_Space);
+    ASSERT_TRUE(held.waitUntilHeld());
+    turnUntil([&] { return !rescan->isEnabled(); });
+    EXPECT_FALSE(command->isEnabled());
+    held.letGo();
+    turnUntil([&] { return rescan->isEnabled(); });
+    EXPECT_TRUE(command->isEnabled());
+    EXPECT_EQ(QApplication::focusWidget(), rescan) << "the keyboard is where it was";
+    waitForBackgroundWork();
+}
+
+TEST_F(AppManagerViewTests, openedDuringAScanItOffersNoOther)
+{
+    addApplications();
+    HeldFileManager held(mac.root());
+    const FileManagerGuard guard(held);
+    held.holdNextLookAt(applications());
+    state->scanApps();
+    ASSERT_TRUE(held.waitUntilHeld());
+    const auto view = makeView();
+    EXPECT_FALSE(button(*view, u"Re-scan apps"_s)->isEnabled());
+    EXPECT_FALSE(offeredCommand(view.get(), ScreenCommand::rescan)->isEnabled());
+    held.letGo();
+    turnUntil([this] { return !state->isAppScanning(); });
     waitForBackgroundWork();
 }
 

@@ -70,10 +70,10 @@ void AppListPanel::addHeader()
         filter.sortBy = allSortOptions().at(choice);
         setFilter(filter);
     });
-    auto* scan = new Button(Button::Kind::plainIcon, tr("Re-scan apps"), u"arrow.clockwise"_s, m_header);
-    connect(scan, &QPushButton::clicked, this, &AppListPanel::scanRequested);
+    m_rescan = new Button(Button::Kind::plainIcon, tr("Re-scan apps"), u"arrow.clockwise"_s, m_header);
+    connect(m_rescan, &QPushButton::clicked, this, &AppListPanel::scanRequested);
     m_header->addTrailing(sort);
-    m_header->addTrailing(scan);
+    m_header->addTrailing(m_rescan);
     content()->addWidget(m_header);
 }
 
@@ -196,6 +196,11 @@ QString AppListPanel::caption() const
 
 void AppListPanel::redraw()
 {
+    m_focus.redraw(m_state.isAppScanning(), [this] { redrawContent(); });
+}
+
+void AppListPanel::redrawContent()
+{
     if (std::exchange(m_areAppsStale, false)) {
         m_model.setApps(m_state.scannedApps());
         m_list->setCurrentRow(m_selectedApp ? m_model.rowOf(*m_selectedApp) : -1);
@@ -205,6 +210,7 @@ void AppListPanel::redraw()
         showState(m_scanning);
     else
         showState(m_state.scannedApps().isEmpty() ? m_empty : m_listed);
+    m_rescan->setEnabled(!m_state.isAppScanning());
     const bool hasEnded = m_wasScanning && !m_state.isAppScanning();
     m_wasScanning = m_state.isAppScanning();
     if (hasEnded)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Keelbright/screens/apps/AppListModel.h"
+#include "Keelbright/screens/shared/FocusKeeper.h"
 #include "Keelbright/widgets/FrameThrottle.h"
 #include "Keelbright/widgets/Panels.h"
 
@@ -48,16 +49,19 @@ private:
     /// Empty as long as no application was found.
     [[nodiscard]] QString caption() const;
     void redraw();
+    void redrawContent();
     void showState(QWidget* state);
 
     AppState& m_state;
     AppListModel m_model;
     FrameThrottle m_frames;
+    FocusKeeper m_focus{*this};
     bool m_areAppsStale = true;
     bool m_wasScanning = false;
     bool m_restoresFocus = false;
     std::optional<QUuid> m_selectedApp;
     PanelHeader* m_header = nullptr;
+    Button* m_rescan = nullptr;
     MenuButton* m_category = nullptr;
     Button* m_clearFilter = nullptr;
     QStackedWidget* m_states = nullptr;

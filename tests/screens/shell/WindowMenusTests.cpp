@@ -123,6 +123,7 @@ TEST_F(WindowMenusTests, anEntryIsEnabledOnTheScreensWhereItDoesSomething)
         for (const Screen screen : allScreens()) {
             state->setSelectedScreen(screen);
             settle();
+            turnUntil([this] { return !state->isAppScanning(); }); // the Dashboard has started it
             if (entry(menuTitle, text)->isEnabled())
                 screens.append(rawValue(screen));
         }
