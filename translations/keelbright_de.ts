@@ -326,10 +326,60 @@
         <translation>Die einzige Kopie auf %1 ist lesbar.</translation>
     </message>
     <message numerus="yes">
-        <source>All %Ln copies on %1 are readable, and none is damaged.</source>
+        <source>All %Ln copies on %1 are readable, but none could be compared with an unchanged original.</source>
         <translation>
-            <numerusform>%Ln Kopie auf %1 ist lesbar und nicht beschädigt.</numerusform>
-            <numerusform>Alle %Ln Kopien auf %1 sind lesbar, und keine ist beschädigt.</numerusform>
+            <numerusform>%Ln Kopie auf %1 ist lesbar, konnte aber nicht mit einem unveränderten Original verglichen werden.</numerusform>
+            <numerusform>Alle %Ln Kopien auf %1 sind lesbar, aber keine konnte mit einem unveränderten Original verglichen werden.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>All %Ln copies on %1 are readable, and 1 of them is equal to its original.</source>
+        <translation>
+            <numerusform>%Ln Kopie auf %1 ist lesbar, und 1 davon gleicht ihrem Original.</numerusform>
+            <numerusform>Alle %Ln Kopien auf %1 sind lesbar, und 1 davon gleicht ihrem Original.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>All %Ln copies on %1 are readable, and %2 of them are equal to their originals.</source>
+        <translation>
+            <numerusform>%Ln Kopie auf %1 ist lesbar, und %2 davon gleichen ihren Originalen.</numerusform>
+            <numerusform>Alle %Ln Kopien auf %1 sind lesbar, und %2 davon gleichen ihren Originalen.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>None of the %Ln copies on %1 could be compared with its checksum.</source>
+        <translation>
+            <numerusform>Die %Ln Kopie auf %1 konnte nicht mit ihrer Prüfsumme verglichen werden.</numerusform>
+            <numerusform>Keine der %Ln Kopien auf %1 konnte mit ihrer Prüfsumme verglichen werden.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>1 of %Ln copies on %1 is readable and equal to its checksum.</source>
+        <translation>
+            <numerusform>1 von %Ln Kopie auf %1 ist lesbar und entspricht ihrer Prüfsumme.</numerusform>
+            <numerusform>1 von %Ln Kopien auf %1 ist lesbar und entspricht ihrer Prüfsumme.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %Ln copies on %2 are readable and equal to their checksums.</source>
+        <translation>
+            <numerusform>%1 von %Ln Kopie auf %2 sind lesbar und entsprechen ihren Prüfsummen.</numerusform>
+            <numerusform>%1 von %Ln Kopien auf %2 sind lesbar und entsprechen ihren Prüfsummen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 copy on %1 is damaged or can&apos;t be read.</source>
+        <translation>1 Kopie auf %1 ist beschädigt oder nicht lesbar.</translation>
+    </message>
+    <message>
+        <source>1 folder of copies on %1 can&apos;t be read.</source>
+        <translation>1 Ordner mit Kopien auf %1 ist nicht lesbar.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln folders of copies on %1 can&apos;t be read.</source>
+        <translation>
+            <numerusform>%Ln Ordner mit Kopien auf %1 ist nicht lesbar.</numerusform>
+            <numerusform>%Ln Ordner mit Kopien auf %1 sind nicht lesbar.</numerusform>
         </translation>
     </message>
     <message numerus="yes">

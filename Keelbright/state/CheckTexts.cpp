@@ -21,40 +21,90 @@ QString counted(qint64 count, const char* one, const char* many)
     return count == 1 ? Texts::tr(one) : Texts::tr(many, nullptr, pluralNumber(count));
 }
 
-QString damaged(const CheckReport& report, const QString& drive)
+/// Of copies alone.
+QString damagedCopies(const CheckReport& report, const QString& drive, qint64 faults)
 {
     if (report.checked == 1)
-        return Texts::tr("The only copy on %1 is damaged or can't be read.").arg(drive);
-    if (report.faults() == 1)
+        return report.unreadableFolders == 0
+                   ? Texts::tr("The only copy on %1 is damaged or can't be read.").arg(drive)
+                   : Texts::tr("1 copy on %1 is damaged or can't be read.").arg(drive);
+    if (faults == 1)
         return Texts::tr("1 of %Ln copies on %1 is damaged or can't be read.", nullptr,
                          pluralNumber(report.checked))
             .arg(drive);
-    return Texts::tr("%Ln of %1 copies on %2 are damaged or can't be read.", nullptr,
-                     pluralNumber(report.faults()))
+    return Texts::tr("%Ln of %1 copies on %2 are damaged or can't be read.", nullptr, pluralNumber(faults))
         .arg(number(report.checked), drive);
+}
+
+QString damaged(const CheckReport& report, const QString& drive)
+{
+    const qint64 folders = report.unreadableFolders;
+    const qint64 faults = report.faults() - folders;
+    if (folders == 0)
+        return damagedCopies(report, drive, faults);
+    // How many copies lie in such a folder is not known.
+    const QString unlisted =
+        counted(folders, QT_TRANSLATE_NOOP("CheckTexts", "1 folder of copies on %1 can't be read."),
+                QT_TRANSLATE_N_NOOP("CheckTexts", "%Ln folders of copies on %1 can't be read."))
+            .arg(drive);
+    return faults == 0 ? unlisted : Texts::tr("%1 %2").arg(damagedCopies(report, drive, faults), unlisted);
+}
+
+/// Of copies that were compared with a list of checksums. Those that the list does not know were not read.
+QString soundByList(const CheckReport& report, const QString& drive)
+{
+    const qint64 count = report.checked + report.count(CopyVerdict::onlyOnDrive);
+    const qint64 same = report.count(CopyVerdict::same);
+    const int all = pluralNumber(count);
+    if (report.checked == 0)
+        return Texts::tr("The list has no copies on %1.").arg(drive);
+    if (count == 1)
+        return same == 1 ? Texts::tr("The only copy on %1 is readable and equal to its checksum.").arg(drive)
+                         : Texts::tr("The only copy on %1 is readable.").arg(drive);
+    if (same == count)
+        return Texts::tr("All %Ln copies on %1 are readable and equal to their checksums.", nullptr, all)
+            .arg(drive);
+    if (same == 0)
+        return Texts::tr("None of the %Ln copies on %1 could be compared with its checksum.", nullptr, all)
+            .arg(drive);
+    if (same == 1)
+        return Texts::tr("1 of %Ln copies on %1 is readable and equal to its checksum.", nullptr, all)
+            .arg(drive);
+    return Texts::tr("%1 of %Ln copies on %2 are readable and equal to their checksums.", nullptr, all)
+        .arg(number(same), drive);
+}
+
+/// Of copies that were compared with their originals. One whose original has changed or is gone was read, and
+/// nothing is known of what it should hold.
+QString soundByOriginals(const CheckReport& report, const QString& drive)
+{
+    const qint64 same = report.count(CopyVerdict::same);
+    const int all = pluralNumber(report.checked);
+    if (report.checked == 0)
+        return Texts::tr("There are no copies on %1 yet.").arg(drive);
+    if (report.checked == 1)
+        return same == 1 ? Texts::tr("The only copy on %1 is readable and equal to its original.").arg(drive)
+                         : Texts::tr("The only copy on %1 is readable.").arg(drive);
+    if (same == report.checked)
+        return Texts::tr("All %Ln copies on %1 are readable and equal to their originals.", nullptr, all)
+            .arg(drive);
+    if (same == 0)
+        return Texts::tr("All %Ln copies on %1 are readable, but none could be compared with an unchanged "
+                         "original.",
+                         nullptr, all)
+            .arg(drive);
+    if (same == 1)
+        return Texts::tr("All %Ln copies on %1 are readable, and 1 of them is equal to its original.",
+                         nullptr, all)
+            .arg(drive);
+    return Texts::tr("All %Ln copies on %1 are readable, and %2 of them are equal to their originals.",
+                     nullptr, all)
+        .arg(drive, number(same));
 }
 
 QString sound(const CheckReport& report, const QString& drive)
 {
-    const qint64 count = report.checked;
-    const int all = pluralNumber(count);
-    if (count == 0)
-        return report.isAgainstList ? Texts::tr("The list has no copies on %1.").arg(drive)
-                                    : Texts::tr("There are no copies on %1 yet.").arg(drive);
-    const bool areAllSame = report.count(CopyVerdict::same) == count;
-    if (areAllSame && report.isAgainstList)
-        return count == 1 ? Texts::tr("The only copy on %1 is readable and equal to its checksum.").arg(drive)
-                          : Texts::tr("All %Ln copies on %1 are readable and equal to their checksums.",
-                                      nullptr, all)
-                                .arg(drive);
-    if (areAllSame)
-        return count == 1 ? Texts::tr("The only copy on %1 is readable and equal to its original.").arg(drive)
-                          : Texts::tr("All %Ln copies on %1 are readable and equal to their originals.",
-                                      nullptr, all)
-                                .arg(drive);
-    if (count == 1)
-        return Texts::tr("The only copy on %1 is readable.").arg(drive);
-    return Texts::tr("All %Ln copies on %1 are readable, and none is damaged.", nullptr, all).arg(drive);
+    return report.isAgainstList ? soundByList(report, drive) : soundByOriginals(report, drive);
 }
 
 /// For a check that did not come to its end.

@@ -52,12 +52,13 @@ struct CheckReport
     End end = End::complete;
     std::optional<FileError> error;
     bool isAgainstList = false;
-    FileURL deviceFolder;    ///< of the machine whose copies were checked
-    FileURL personalFiles;   ///< the folder of the copies
-    qint64 copies = 0;       ///< files and links on the drive, as far as they can be listed
-    qint64 checked = 0;      ///< of these
-    qint64 unknownLines = 0; ///< of the list
-    bool isFromDrive = true; ///< false where the copies may have been read from memory
+    FileURL deviceFolder;         ///< of the machine whose copies were checked
+    FileURL personalFiles;        ///< the folder of the copies
+    qint64 copies = 0;            ///< files and links on the drive, as far as they can be listed
+    qint64 checked = 0;           ///< of these
+    qint64 unknownLines = 0;      ///< of the list
+    qint64 unreadableFolders = 0; ///< of the unreadable items
+    bool isFromDrive = true;      ///< false where the copies may have been read from memory
     QList<CheckFinding> findings;
     /// Of all files that could be read and are no fault; null where they could not be kept.
     std::shared_ptr<ChecksumSpool> checksums;

@@ -175,10 +175,9 @@ void OriginalsCheck::reportUnreadable(const CheckedItem& item, int code)
 
 void OriginalsCheck::reportUnreadableFolder(const FileURL& folder, const FileError& error)
 {
-    if (m_again->isGone(error.code))
-        m_report.end = CheckReport::End::driveGone;
-    else
-        record({.verdict = CopyVerdict::unreadable, .item = folder, .error = error});
+    record({.verdict = CopyVerdict::unreadable, .item = folder, .error = error});
+    if (m_report.end == CheckReport::End::complete)
+        ++m_report.unreadableFolders;
 }
 
 void OriginalsCheck::record(const CheckFinding& finding)

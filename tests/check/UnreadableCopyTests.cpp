@@ -70,6 +70,8 @@ TEST_F(UnreadableCopyTests, aFolderThatCantBeListedIsAFault)
     drive.failNow();
     const CheckReport report = check();
     EXPECT_EQ(report.count(CopyVerdict::unreadable), 1);
+    EXPECT_EQ(report.unreadableFolders, 1);
+    EXPECT_EQ(report.checked, 0);
     EXPECT_THAT(items(report), ElementsAre(run.latest("Personal Files")));
 }
 

@@ -41,10 +41,50 @@ TEST_F(CheckTextsTests, changesAreNoFaults)
     report.add(CopyVerdict::changedSince, 1);
     report.add(CopyVerdict::onlyOnDrive, 2);
     report.add(CopyVerdict::notBackedUp, 1'234);
-    EXPECT_EQ(headline(report), u"All 1,000 copies on Anchor are readable, and none is damaged."_s);
+    EXPECT_EQ(headline(report),
+              u"All 1,000 copies on Anchor are readable, and 997 of them are equal to their originals."_s);
     EXPECT_EQ(details(report), QStringList({u"1 original has changed since it was copied."_s,
                                             u"2 copies have no original any more."_s,
                                             u"1,234 files are not backed up yet."_s}));
+}
+
+TEST_F(CheckTextsTests, whatHadNothingToBeComparedWithIsNotCalledSound)
+{
+    CheckReport report = sampleCheck(1'000);
+    report.add(CopyVerdict::same, -999);
+    report.add(CopyVerdict::onlyOnDrive, 999);
+    EXPECT_EQ(headline(report),
+              u"All 1,000 copies on Anchor are readable, and 1 of them is equal to its original."_s);
+    report.add(CopyVerdict::same, -1);
+    report.add(CopyVerdict::changedSince, 1);
+    EXPECT_EQ(headline(report),
+              u"All 1,000 copies on Anchor are readable, but none could be compared with an "
+              "unchanged original."_s);
+    CheckReport only = sampleCheck(1);
+    only.add(CopyVerdict::same, -1);
+    only.add(CopyVerdict::onlyOnDrive, 1);
+    EXPECT_EQ(headline(only), u"The only copy on Anchor is readable."_s);
+}
+
+TEST_F(CheckTextsTests, aFolderThatCantBeReadIsNotCountedAsACopy)
+{
+    CheckReport report = sampleCheck(0);
+    const auto addFolder = [&report] {
+        report.add(CopyVerdict::unreadable);
+        ++report.unreadableFolders;
+    };
+    addFolder();
+    EXPECT_EQ(headline(report), u"1 folder of copies on Anchor can't be read."_s);
+    addFolder();
+    EXPECT_EQ(headline(report), u"2 folders of copies on Anchor can't be read."_s);
+    report.checked = 1;
+    report.add(CopyVerdict::differs);
+    EXPECT_EQ(headline(report), u"1 copy on Anchor is damaged or can't be read. 2 folders of copies on "
+                                "Anchor can't be read."_s);
+    report.checked = 1'000;
+    report.add(CopyVerdict::differs);
+    EXPECT_EQ(headline(report), u"2 of 1,000 copies on Anchor are damaged or can't be read. 2 folders of "
+                                "copies on Anchor can't be read."_s);
 }
 
 TEST_F(CheckTextsTests, faultsAreSaidWithWhatHelps)
@@ -121,9 +161,30 @@ TEST_F(CheckTextsTests, ofAListItSaysWhatTheListDoesNotKnow)
     report.add(CopyVerdict::changedSince, 1);
     report.add(CopyVerdict::onlyOnDrive, 5);
     report.unknownLines = 1;
+    EXPECT_EQ(headline(report), u"3 of 9 copies on Anchor are readable and equal to their checksums."_s);
     EXPECT_EQ(details(report), QStringList({u"1 copy was written after the list, so it was only read."_s,
                                             u"5 copies are not in the list, so they were not read."_s,
                                             u"1 line of the list can't be understood."_s}));
+}
+
+TEST_F(CheckTextsTests, aListOfAPartOfTheCopiesProvesNoMore)
+{
+    CheckReport report = sampleCheck(2);
+    report.isAgainstList = true;
+    report.add(CopyVerdict::onlyOnDrive, 1);
+    EXPECT_EQ(headline(report), u"2 of 3 copies on Anchor are readable and equal to their checksums."_s);
+    report.add(CopyVerdict::same, -1);
+    report.add(CopyVerdict::changedSince, 1);
+    EXPECT_EQ(headline(report), u"1 of 3 copies on Anchor is readable and equal to its checksum."_s);
+    report.add(CopyVerdict::same, -1);
+    report.add(CopyVerdict::changedSince, 1);
+    EXPECT_EQ(headline(report), u"None of the 3 copies on Anchor could be compared with its checksum."_s);
+    CheckReport only = sampleCheck(1);
+    only.isAgainstList = true;
+    EXPECT_EQ(headline(only), u"The only copy on Anchor is readable and equal to its checksum."_s);
+    only.add(CopyVerdict::same, -1);
+    only.add(CopyVerdict::changedSince, 1);
+    EXPECT_EQ(headline(only), u"The only copy on Anchor is readable."_s);
 }
 
 TEST_F(CheckTextsTests, namesTheDriveOfADevice)

@@ -32,10 +32,13 @@ Outcome outcomeOf(const CheckReport& report)
 {
     if (report.faults() > 0 || report.end == CheckReport::End::failed)
         return {u"xmark.octagon.fill"_s, Role::red};
-    const bool isWhole = report.end == CheckReport::End::complete && report.checked > 0 &&
-                         report.isFromDrive && report.count(CopyVerdict::originalUnreadable) == 0;
-    return isWhole ? Outcome{u"checkmark.seal.fill"_s, Role::green}
-                   : Outcome{u"exclamationmark.triangle.fill"_s, Role::orange};
+    const bool isWhole = report.end == CheckReport::End::complete && report.isFromDrive &&
+                         report.count(CopyVerdict::originalUnreadable) == 0;
+    // A copy that the list does not know was not even read.
+    const bool isProved = report.count(CopyVerdict::same) > 0 &&
+                          (!report.isAgainstList || report.count(CopyVerdict::onlyOnDrive) == 0);
+    return isWhole && isProved ? Outcome{u"checkmark.seal.fill"_s, Role::green}
+                               : Outcome{u"exclamationmark.triangle.fill"_s, Role::orange};
 }
 
 } // namespace

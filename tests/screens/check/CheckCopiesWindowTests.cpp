@@ -177,6 +177,26 @@ TEST_F(CheckCopiesWindowTests, aSoundDriveHasItsSentenceItsNumbersAndNoList)
     EXPECT_TRUE(button(*window, u"Start Check"_s)->isEnabled());
 }
 
+TEST_F(CheckCopiesWindowTests, aCheckThatComparedNothingHasNoGreenMark)
+{
+    start();
+    CheckReport report = sampleCheck(2);
+    report.add(CopyVerdict::same, -2);
+    report.add(CopyVerdict::onlyOnDrive, 2);
+    end(report);
+    EXPECT_FALSE(shownSymbols(*window).contains(u"checkmark.seal.fill"_s));
+}
+
+TEST_F(CheckCopiesWindowTests, aListThatLacksCopiesGivesNoGreenMark)
+{
+    start();
+    CheckReport report = sampleCheck(2);
+    report.isAgainstList = true;
+    report.add(CopyVerdict::onlyOnDrive, 1);
+    end(report);
+    EXPECT_FALSE(shownSymbols(*window).contains(u"checkmark.seal.fill"_s));
+}
+
 TEST_F(CheckCopiesWindowTests, faultsCanBeShownAndCopied)
 {
     start();
