@@ -2434,6 +2434,10 @@ Zugehörige Dateien (%2) können in den Papierkorb gelegt werden.</translation>
         <translation>Ein Backup läuft. Die Kopien können geprüft werden, wenn es beendet ist.</translation>
     </message>
     <message>
+        <source>%1 is not connected.</source>
+        <translation>%1 ist nicht verbunden.</translation>
+    </message>
+    <message>
         <source>Choose a backup destination in Settings first.</source>
         <translation>Wählen Sie zuerst in den Einstellungen ein Backup-Ziel.</translation>
     </message>

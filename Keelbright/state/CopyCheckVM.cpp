@@ -43,6 +43,7 @@ CopyCheckVM::CopyCheckVM(AppState& state, FileChooser& files, QObject* parent)
     connect(&m_look, &QTimer::timeout, this, &CopyCheckVM::readProgress);
     connect(&state.engine(), &BackupEngine::isRunningChanged, this, &CopyCheckVM::changed);
     connect(&state, &AppState::selectedDestinationChanged, this, &CopyCheckVM::changed);
+    connect(&state, &AppState::isDestinationAwayChanged, this, &CopyCheckVM::changed);
 }
 
 CopyCheckVM::~CopyCheckVM()
@@ -61,6 +62,9 @@ QString CopyCheckVM::refusalForOriginals() const
 {
     if (!m_state.selectedDestination())
         return tr("Choose a backup destination in Settings first.");
+    // The folder that a drive has left behind would look like one without copies.
+    if (m_state.isDestinationAway())
+        return tr("%1 is not connected.").arg(driveName());
     return refusal();
 }
 

@@ -1,6 +1,5 @@
 #include "KeelbrightCore/check/OriginalsCheck.h"
 
-#include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/check/CheckProgress.h"
 #include "KeelbrightCore/check/ChecksumSpool.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
@@ -61,8 +60,11 @@ bool OriginalsCheck::openCopies()
     const auto destination = ReadOnlyTree::open(m_job.destination.value_or(m_deviceFolder));
     auto copies = ReadOnlyTree::open(m_deviceFolder, "Latest");
     auto again = ReadOnlyTree::open(m_deviceFolder, "Latest");
-    if (destination && !copies && isMissing(copies.error().code))
+    if (destination && !copies && isMissing(copies.error().code)) {
+        if (auto device = ReadOnlyTree::open(m_deviceFolder))
+            m_device = std::move(*device);
         return true;
+    }
     if (!destination || !copies || !again) {
         m_report.end = CheckReport::End::failed;
         if (!destination)
@@ -227,16 +229,25 @@ void OriginalsCheck::lookForNew(const BackupSource& source)
     });
     const QByteArray name = source.url.nativeLastPathComponent();
     const QByteArray root = name == "/" ? personalFiles : personalFiles + '/' + name;
-    FileScanner::LeftOut isLeftOut;
-    if (m_again)
-        isLeftOut = [this, copy = m_again->folderId(root)](const DirectoryEnumerator& folder) {
-            return m_again->isOwnFolder(folder, copy);
-        };
+    const FileScanner::LeftOut isLeftOut = ownFoldersWhileFilling(root);
     while (!stops() && (*items)->next()) {
         const bool isCopied = FileScanner::handlingOf(**items, isLeftOut) == FileScanner::Handling::copied;
         if (isCopied && (*items)->type() != EntryType::other && !hasCopy(**items, root))
             m_report.add(CopyVerdict::notBackedUp);
     }
+}
+
+/// What a backup leaves out while it fills the folder of copies at `root`.
+FileScanner::LeftOut OriginalsCheck::ownFoldersWhileFilling(const QByteArray& root)
+{
+    if (m_again)
+        return [this, copy = m_again->folderId(root)](const DirectoryEnumerator& folder) {
+            return m_again->isOwnFolder(folder, copy);
+        };
+    // It would make the copies in the folder of the device, which may hold reports.
+    if (m_device)
+        return [this](const DirectoryEnumerator& folder) { return m_device->isRoot(folder); };
+    return {};
 }
 
 bool OriginalsCheck::hasCopy(const DirectoryEnumerator& item, const QByteArray& root)

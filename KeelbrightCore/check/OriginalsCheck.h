@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/check/CheckJob.h"
 #include "KeelbrightCore/check/CheckReport.h"
 #include "KeelbrightCore/check/CopyJudge.h"
@@ -29,6 +30,7 @@ private:
     void reportUnreadableFolder(const FileURL& folder, const FileError& error);
     void lookForNew();
     void lookForNew(const BackupSource& source);
+    [[nodiscard]] FileScanner::LeftOut ownFoldersWhileFilling(const QByteArray& root);
     [[nodiscard]] bool hasCopy(const DirectoryEnumerator& item, const QByteArray& root);
 
     [[nodiscard]] QList<Original> originalsOf(const CheckedItem& item) const;
@@ -43,6 +45,7 @@ private:
     CheckReport m_report;
     FileURL m_latest;
     Originals m_originals;
+    std::unique_ptr<ReadOnlyTree> m_device; ///< where there are no copies
     std::unique_ptr<ReadOnlyTree> m_copies; ///< of who reads ahead
     std::unique_ptr<ReadOnlyTree> m_again;  ///< of this thread
     QList<CheckedItem> m_window;

@@ -207,6 +207,19 @@ TEST_F(OriginalsCheckTests, whatABackupLeavesOutIsNotToBeBackedUpEither)
     EXPECT_EQ(counts(check()), (Counts{{"not backed up", run.engine.progress().filesCopied}}));
 }
 
+TEST_F(OriginalsCheckTests, reportsWhoseCopiesWereDeletedAreNotToBeBackedUp)
+{
+    write("a", "1");
+    run.drive = run.mac.makeFolder("Users/mira/Documents/Drive");
+    backUp();
+    std::filesystem::remove_all(run.latest().nativePath().toStdString());
+    ASSERT_FALSE(testing::EngineRun::everythingBelow(run.reports()).isEmpty());
+    write("Drive/Keelbright/Another Mac/b", "of no run of this machine");
+    EXPECT_EQ(counts(check()), (Counts{{"not backed up", 2}}));
+    backUp();
+    EXPECT_EQ(run.engine.progress().filesCopied, 2);
+}
+
 TEST_F(OriginalsCheckTests, aMountedPartOfTheCopiesIsNotToBeBackedUp)
 {
     write("folder/letter", "1");

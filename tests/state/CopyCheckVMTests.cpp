@@ -156,6 +156,21 @@ TEST_F(CopyCheckVMTests, isRefusedDuringABackup)
     EXPECT_EQ(model->refusal(), QString());
 }
 
+TEST_F(CopyCheckVMTests, aDriveThatIsAwayIsNotTakenForOneWithoutCopies)
+{
+    chooseDrive();
+    const QSignalSpy changed(model.get(), &CopyCheckVM::changed);
+    state->setIsDestinationAway(true);
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(model->refusalForOriginals(), u"Anchor is not connected."_s);
+    EXPECT_EQ(model->refusal(), QString()) << "a list may lie beside copies of another drive";
+    model->checkOriginals();
+    EXPECT_TRUE(checks.jobs.isEmpty());
+    state->setIsDestinationAway(false);
+    EXPECT_EQ(changed.count(), 2);
+    EXPECT_EQ(model->refusalForOriginals(), QString());
+}
+
 TEST_F(CopyCheckVMTests, refusesABackupWhileItRuns)
 {
     startCheck();

@@ -64,7 +64,7 @@ void CheckStartPanel::setRefusals(const QString& originals, const QString& list)
 {
     m_start->setEnabled(originals.isEmpty());
     m_list->setEnabled(list.isEmpty());
-    m_refusal->setTitle(originals);
+    m_refusal->setTitle(displayText(originals));
     m_refusal->setVisible(!originals.isEmpty());
 }
 

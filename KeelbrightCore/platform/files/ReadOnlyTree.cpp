@@ -1,10 +1,12 @@
 #include "KeelbrightCore/platform/files/ReadOnlyTree.h"
 
 #include "KeelbrightCore/platform/files/CopyAnchor.h"
+#include "KeelbrightCore/platform/files/DirectoryEnumerator.h"
 #include "KeelbrightCore/platform/files/FolderChain.h"
 #include "KeelbrightCore/platform/files/ReadingCalls.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 
 namespace keelbright {
 
@@ -110,6 +112,14 @@ FolderId ReadOnlyTree::folderId(QByteArrayView folder)
 bool ReadOnlyTree::isOwnFolder(const DirectoryEnumerator& item, const FolderId& copyOfSource) const
 {
     return m_folders->anchor().isOwnFolder(item, copyOfSource);
+}
+
+bool ReadOnlyTree::isRoot(const DirectoryEnumerator& item) const
+{
+    struct stat status = {};
+    return item.type() == EntryType::directory &&
+           ::fstatat(item.folderDescriptor(), item.name().data(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+           FolderId::of(status) == FolderId::of(m_folders->anchor().descriptor());
 }
 
 bool ReadOnlyTree::isGone(int code)

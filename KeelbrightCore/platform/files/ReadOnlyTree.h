@@ -36,6 +36,9 @@ public:
     /// fills the folder `copyOfSource`: by the rule of `CopyDestination`.
     [[nodiscard]] bool isOwnFolder(const DirectoryEnumerator& item, const FolderId& copyOfSource) const;
 
+    /// Whether the entry is the root itself, by whatever path the walk has come to it.
+    [[nodiscard]] bool isRoot(const DirectoryEnumerator& item) const;
+
     /// Whether a read that failed with `code` did so because the whole drive is gone: pulled out, unmounted
     /// or replaced. Asks the system.
     [[nodiscard]] bool isGone(int code);

@@ -127,6 +127,21 @@ TEST_F(ReadOnlyTreeTests, knowsItsOwnFolderTheOneAroundAndTheCopyOfASource)
     EXPECT_THAT(ownFolders(copy), ::testing::ElementsAre("around", "root", "of source"));
 }
 
+TEST_F(ReadOnlyTreeTests, knowsItsRootFromAnywhereAboveIt)
+{
+    mac.makeFolder("around/root/inside");
+    mac.makeFolder("beside/root");
+    link("around/root", "link");
+    const auto tree = open("around/root");
+    const auto walk = DirectoryEnumerator::open(mac.root(), {});
+    QByteArrayList roots;
+    while ((*walk)->next()) {
+        if (tree->isRoot(**walk))
+            roots.append((*walk)->url().nativePath());
+    }
+    EXPECT_THAT(roots, ::testing::ElementsAre(mac.root().appendingNative("around/root").nativePath()));
+}
+
 TEST_F(ReadOnlyTreeTests, knowsAPartOfItsOwnFolderThatIsMountedElsewhere)
 {
     const FileURL part = mac.makeFolder("around/root/part");
