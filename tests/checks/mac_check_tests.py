@@ -148,6 +148,20 @@ class MacCheckTests(unittest.TestCase):
         self.assertEqual(self.compilation("-DOTHER").run("source.cpp", "x86_64")[1], False)
         self.assertEqual(len(self.calls()), 4)
 
+    def test_what_was_compiled_may_be_moved(self):
+        self.write("source.cpp", "one")
+        self.write("Included.h", "one")
+        folder = f"-I{self.root}/headers"
+        self.assertEqual(self.compilation(folder).run("source.cpp", "aarch64")[1], True)
+        moved = self.root.with_name(self.root.name + "-moved")
+        self.addCleanup(shutil.rmtree, moved)
+        shutil.copytree(self.root, moved)
+        shutil.rmtree(self.root)
+        self.root.mkdir()  # which the end of the test removes
+        self.root = self.check.ROOT = moved
+        self.check.WORK = moved / "build/mac-check"
+        self.assertEqual(self.compilation(f"-I{moved}/headers").run("source.cpp", "aarch64")[1], False)
+
     def test_what_does_not_compile_is_tried_again(self):
         self.write("source.cpp", "wrong")
         for _ in range(2):
