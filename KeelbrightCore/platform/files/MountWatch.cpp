@@ -1,16 +1,12 @@
 #include "KeelbrightCore/platform/files/MountWatch.h"
 
+#include "KeelbrightCore/platform/files/MountSource.h"
+
 namespace keelbright {
 
 MountWatch::MountWatch(QObject* parent)
     : QObject(parent)
-    , m_table(::open("/proc/self/mountinfo", O_RDONLY | O_CLOEXEC))
-{
-    if (!m_table.isOpen())
-        return;
-    // The kernel reports a change of this file as an exception, once.
-    m_notifier = std::make_unique<QSocketNotifier>(m_table.get(), QSocketNotifier::Exception);
-    connect(m_notifier.get(), &QSocketNotifier::activated, this, &MountWatch::changed);
-}
+    , m_source(watchMounts([this] { Q_EMIT changed(); }))
+{}
 
 } // namespace keelbright

@@ -1,15 +1,12 @@
 #pragma once
 
-#include "KeelbrightCore/platform/files/FileDescriptor.h"
-
 #include <QObject>
-#include <QSocketNotifier>
 #include <memory>
 
 namespace keelbright {
 
-/// Notices drives that come and go, wherever they are mounted. Main thread. Silent where the system has no
-/// table of mounts that can be watched.
+/// Notices drives that come and go, wherever they are mounted. Main thread. Silent where the system does
+/// not report them.
 class MountWatch : public QObject
 {
     Q_OBJECT
@@ -22,8 +19,7 @@ Q_SIGNALS:
     void changed();
 
 private:
-    FileDescriptor m_table;
-    std::unique_ptr<QSocketNotifier> m_notifier;
+    std::unique_ptr<QObject> m_source;
 };
 
 } // namespace keelbright
