@@ -6,7 +6,8 @@ namespace keelbright {
 
 MountWatch::MountWatch(QObject* parent)
     : QObject(parent)
-    , m_source(watchMounts([this] { Q_EMIT changed(); }))
-{}
+{
+    m_source = watchMounts([this] { Q_EMIT changed(); });
+}
 
 } // namespace keelbright
