@@ -46,7 +46,7 @@ struct CheckReport
         complete,
         cancelled,
         driveGone, ///< pulled out, unmounted or replaced in the middle
-        failed,    ///< it could not begin: see `error`
+        failed,    ///< it could not begin, or memory ran out for it: see `error`
     };
 
     End end = End::complete;

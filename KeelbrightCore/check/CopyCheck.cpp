@@ -4,8 +4,11 @@
 #include "KeelbrightCore/check/ListCheck.h"
 #include "KeelbrightCore/check/OriginalsCheck.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/OutOfMemory.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
+#include "KeelbrightCore/platform/system/WaitForMemory.h"
 
+#include <QPromise>
 #include <cerrno>
 
 namespace keelbright::CopyCheck {
@@ -14,21 +17,24 @@ namespace {
 
 const QByteArray extension = ".sha256";
 
-/// For a list that does not say where its copies are, where no destination does either.
-CheckReport withoutCopies(const CheckJob& job)
+CheckReport failed(const CheckJob& job, const FileError& error)
 {
     CheckReport report;
     report.end = CheckReport::End::failed;
-    report.isAgainstList = true;
-    QString name = job.checksumList.value_or(FileURL()).lastPathComponent();
-    name.chop(extension.size());
-    report.error = FileError::fromCode(FileError::Operation::opened, name, ENOENT);
+    report.isAgainstList = job.checksumList.has_value();
+    report.error = error;
     return report;
 }
 
-} // namespace
+/// For a list that does not say where its copies are, where no destination does either.
+CheckReport withoutCopies(const CheckJob& job)
+{
+    QString name = job.checksumList.value_or(FileURL()).lastPathComponent();
+    name.chop(extension.size());
+    return failed(job, FileError::fromCode(FileError::Operation::opened, name, ENOENT));
+}
 
-CheckReport run(const CheckJob& job, CheckProgress& progress, const Cancellation& cancellation)
+CheckReport check(const CheckJob& job, CheckProgress& progress, const Cancellation& cancellation)
 {
     std::optional<FileURL> device;
     if (job.checksumList)
@@ -42,11 +48,33 @@ CheckReport run(const CheckJob& job, CheckProgress& progress, const Cancellation
     return OriginalsCheck(job, *device, progress, cancellation).run();
 }
 
+} // namespace
+
+CheckReport run(const CheckJob& job, CheckProgress& progress, const Cancellation& cancellation)
+{
+    const FileURL place = job.checksumList ? *job.checksumList : job.destination.value_or(FileURL());
+    auto report = orOutOfMemory(
+        FileError::Operation::read, place.nativePath(),
+        [&]() -> std::expected<CheckReport, FileError> { return check(job, progress, cancellation); });
+    if (!report)
+        return failed(job, report.error());
+    return std::move(*report);
+}
+
 QFuture<CheckReport> start(const CheckJob& job, const std::shared_ptr<CheckProgress>& progress,
                            const std::shared_ptr<const Cancellation>& cancellation)
 {
-    return TaskPools::runApart(TaskPools::Priority::utility,
-                               [job, progress, cancellation] { return run(job, *progress, *cancellation); });
+    QPromise<CheckReport> promise;
+    promise.start();
+    auto future = promise.future();
+    TaskPools::startApart(TaskPools::Priority::utility,
+                          [promise = std::move(promise), job, progress, cancellation]() mutable {
+                              const CheckReport report = run(job, *progress, *cancellation);
+                              // The window waits for it, and no backup starts before it is there.
+                              waitingForMemory([&] { promise.addResult(report); });
+                              promise.finish();
+                          });
+    return future;
 }
 
 FileURL proposedChecksumList(const FileURL& deviceFolder)

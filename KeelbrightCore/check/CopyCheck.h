@@ -15,8 +15,8 @@ namespace keelbright {
 /// that to the user. Memory does not grow with the number of files, only with that of findings.
 namespace CopyCheck {
 
-/// Ends early, with what it has found out so far, once it is cancelled or the drive is gone. Blocks; any
-/// thread.
+/// Ends early, with what it has found out so far, once it is cancelled or the drive is gone; where memory
+/// runs out, it fails with that as its error. Blocks; any thread.
 [[nodiscard]] CheckReport run(const CheckJob& job, CheckProgress& progress,
                               const Cancellation& cancellation = Cancellation());
 

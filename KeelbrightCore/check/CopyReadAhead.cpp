@@ -1,6 +1,9 @@
 #include "KeelbrightCore/check/CopyReadAhead.h"
 
+#include "KeelbrightCore/platform/files/OutOfMemory.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
+
+#include <utility>
 
 namespace keelbright {
 
@@ -8,8 +11,6 @@ namespace {
 
 /// How much memory is read ahead, in pieces: enough for a drive to go on while a piece is compared.
 constexpr int buffers = 8;
-/// How many pieces wait at most, those without memory among them.
-constexpr size_t maximumWaiting = 64;
 
 } // namespace
 
@@ -17,6 +18,7 @@ CopyReadAhead::CopyReadAhead(ReadOnlyTree& tree, QList<CheckedItem> items)
     : m_tree(tree)
     , m_items(std::move(items))
 {
+    m_freeBuffers.reserve(buffers);
     for (int i = 0; i < buffers; ++i)
         m_freeBuffers.push_back(std::make_unique<PieceBuffer>());
     TaskPools::startApart(TaskPools::Priority::utility, [this] {
@@ -38,9 +40,10 @@ CopyReadAhead::~CopyReadAhead()
 CopyPiece CopyReadAhead::next()
 {
     std::unique_lock lock(m_mutex);
-    m_changed.wait(lock, [this] { return !m_pieces.empty(); });
-    CopyPiece piece = std::move(m_pieces.front());
-    m_pieces.pop_front();
+    m_changed.wait(lock, [this] { return m_waiting > 0; });
+    CopyPiece piece = std::exchange(m_pieces[m_first], {});
+    m_first = (m_first + 1) % maximumWaiting;
+    --m_waiting;
     lock.unlock();
     m_changed.notify_all();
     return piece;
@@ -70,8 +73,11 @@ void CopyReadAhead::push(CopyPiece piece)
 {
     {
         std::unique_lock lock(m_mutex);
-        m_changed.wait(lock, [this] { return m_stops || m_pieces.size() < maximumWaiting; });
-        m_pieces.push_back(std::move(piece));
+        m_changed.wait(lock, [this] { return m_stops || m_waiting < maximumWaiting; });
+        if (m_stops)
+            return;
+        m_pieces[(m_first + m_waiting) % maximumWaiting] = std::move(piece);
+        ++m_waiting;
     }
     m_changed.notify_all();
 }
@@ -87,7 +93,7 @@ void CopyReadAhead::readAll()
 
 void CopyReadAhead::readItem(const CheckedItem& item)
 {
-    const auto status = m_tree.status(item.folder, item.name);
+    const auto status = orOutOfMemory([&] { return m_tree.status(item.folder, item.name); });
     if (!status) {
         push({.kind = CopyPiece::Kind::begin, .code = status.error(), .status = {}, .buffer = {}});
         return;
@@ -96,7 +102,7 @@ void CopyReadAhead::readItem(const CheckedItem& item)
         push({.kind = CopyPiece::Kind::begin, .status = *status, .buffer = {}});
         return;
     }
-    auto file = m_tree.openFile(item.folder, item.name);
+    auto file = orOutOfMemory([&] { return m_tree.openFile(item.folder, item.name); });
     if (!file) {
         push({.kind = CopyPiece::Kind::begin, .code = file.error(), .status = *status, .buffer = {}});
         return;

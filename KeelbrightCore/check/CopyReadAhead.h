@@ -4,9 +4,9 @@
 
 #include <QList>
 #include <QSemaphore>
+#include <array>
 #include <atomic>
 #include <condition_variable>
-#include <deque>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -47,7 +47,8 @@ struct CopyPiece
 /// with one file at a time: a disk whose heads move between two files is many times slower.
 ///
 /// One thread calls; a thread of its own reads, at the priority of the caller or lower. `next` waits for the
-/// drive for as long as the drive takes; so does the destructor, for the read that is under way.
+/// drive for as long as the drive takes; so does the destructor, for the read that is under way. Where memory
+/// runs out for opening a copy, its `begin` has the code ENOMEM, and the next copy is read.
 class CopyReadAhead
 {
 public:
@@ -63,6 +64,9 @@ public:
     void giveBack(std::unique_ptr<PieceBuffer> buffer);
 
 private:
+    /// How many pieces wait at most, those without memory among them.
+    static constexpr size_t maximumWaiting = 64;
+
     void readAll();
     void readItem(const CheckedItem& item);
     [[nodiscard]] int readPieces(ReadOnlyFile& file);
@@ -72,10 +76,13 @@ private:
 
     ReadOnlyTree& m_tree;
     const QList<CheckedItem> m_items;
-    std::mutex m_mutex; ///< for the three members below
+    std::mutex m_mutex; ///< for the members below
     std::condition_variable m_changed;
-    std::deque<CopyPiece> m_pieces;
+    // Both have their room from the beginning, so that handing over a piece needs no memory.
+    std::array<CopyPiece, maximumWaiting> m_pieces; ///< a ring, in which `m_waiting` follow from `m_first` on
     std::vector<std::unique_ptr<PieceBuffer>> m_freeBuffers;
+    size_t m_first = 0;
+    size_t m_waiting = 0;
     std::atomic<bool> m_stops = false;
     QSemaphore m_ended;
 };

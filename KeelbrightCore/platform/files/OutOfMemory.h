@@ -2,6 +2,8 @@
 
 #include "KeelbrightCore/platform/files/FileError.h"
 
+#include <cerrno>
+#include <expected>
 #include <new>
 #include <type_traits>
 
@@ -17,6 +19,16 @@ template <typename Work>
         return work();
     } catch (const std::bad_alloc&) {
         return outOfMemory(operation, path);
+    }
+}
+
+/// The same for work whose error is an `errno` value.
+template <typename Work> [[nodiscard]] std::invoke_result_t<Work&> orOutOfMemory(Work work)
+{
+    try {
+        return work();
+    } catch (const std::bad_alloc&) {
+        return std::unexpected(ENOMEM);
     }
 }
 
