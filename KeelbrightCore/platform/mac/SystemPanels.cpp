@@ -51,6 +51,16 @@ void beginIn(id panel, const std::optional<FileURL>& folder)
 
 using AnswerHandler = void (^)(long answer);
 
+/// As a sheet of the window in front, which waits for the answer.
+void begin(id panel, AnswerHandler handler)
+{
+    const id window = send<id>(send<id>(classNamed("NSApplication"), "sharedApplication"), "keyWindow");
+    if (window != nullptr)
+        send<void>(panel, "beginSheetModalForWindow:completionHandler:", window, handler);
+    else
+        send<void>(panel, "beginWithCompletionHandler:", handler);
+}
+
 } // namespace
 
 bool SystemPanels::areThere()
@@ -75,7 +85,7 @@ void SystemPanels::open(const OpenPanelRequest& request, std::function<void(cons
       if (answer == accepted)
           chosen(locationsOf(panel));
     };
-    send<void>(panel, "beginWithCompletionHandler:", handler);
+    begin(panel, handler);
 }
 
 void SystemPanels::save(const SavePanelRequest& request, std::function<void(const FileURL&)> chosen)
@@ -93,7 +103,7 @@ void SystemPanels::save(const SavePanelRequest& request, std::function<void(cons
       if (answer == accepted)
           chosen(locationOf(send<id>(panel, "URL")));
     };
-    send<void>(panel, "beginWithCompletionHandler:", handler);
+    begin(panel, handler);
 }
 
 } // namespace keelbright
