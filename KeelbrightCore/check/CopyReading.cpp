@@ -40,7 +40,20 @@ bool isMissing(int code)
     return code == ENOENT || code == ENOTDIR || code == ELOOP;
 }
 
-TreeSum countCopies(const FileURL& folder, Links links, const Cancellation& cancellation)
+QList<FileURL> foldersOfCopies(const FileURL& personalFiles)
+{
+    QList<FileURL> folders{personalFiles};
+    const auto entries = FileManager::defaultManager().contentsOfDirectory(
+        personalFiles, DirectoryEnumerator::Option::keepsAccessTimes);
+    // Where it can't be listed, the walk of it says so.
+    for (const DirectoryEntry& entry : entries.value_or(QList<DirectoryEntry>())) {
+        if (entry.type == EntryType::directory && entry.url.nativeLastPathComponent().startsWith('.'))
+            folders.append(entry.url);
+    }
+    return folders;
+}
+
+TreeSum countCopies(const FileURL& personalFiles, Links links, const Cancellation& cancellation)
 {
     const auto bytesOf = [links](DirectoryEnumerator& copy) -> std::optional<qint64> {
         if (copy.type() == EntryType::regularFile)
@@ -49,7 +62,13 @@ TreeSum countCopies(const FileURL& folder, Links links, const Cancellation& canc
             return 0;
         return std::nullopt;
     };
-    return sumTrees({folder}, walkOptions, bytesOf, FileManager::defaultManager(), cancellation).value(0);
+    TreeSum all;
+    for (const TreeSum& sum : sumTrees(foldersOfCopies(personalFiles), walkOptions, bytesOf,
+                                       FileManager::defaultManager(), cancellation)) {
+        all.entries += sum.entries;
+        all.bytes += sum.bytes;
+    }
+    return all;
 }
 
 } // namespace keelbright

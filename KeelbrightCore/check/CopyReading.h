@@ -34,9 +34,14 @@ inline constexpr qsizetype itemsAtATime = 4096;
 inline constexpr auto walkOptions =
     DirectoryEnumerator::Option::skipsHiddenFiles | DirectoryEnumerator::Option::keepsAccessTimes;
 
+/// Where all copies lie: "Personal Files" itself, and the hidden folders in it, which a walk of it passes
+/// over. They are of sources whose own names are hidden.
+[[nodiscard]] QList<FileURL> foldersOfCopies(const FileURL& personalFiles);
+
 enum class Links { counted, leftOut };
 
-/// How many copies lie below a folder, and their size.
-[[nodiscard]] TreeSum countCopies(const FileURL& folder, Links links, const Cancellation& cancellation);
+/// How many copies lie in all of them, and their size.
+[[nodiscard]] TreeSum countCopies(const FileURL& personalFiles, Links links,
+                                  const Cancellation& cancellation);
 
 } // namespace keelbright

@@ -87,12 +87,24 @@ bool OriginalsCheck::stops() const
 
 void OriginalsCheck::readCopies()
 {
-    const auto walk = FileManager::defaultManager().enumerator(m_report.personalFiles, walkOptions);
+    for (const FileURL& folder : foldersOfCopies(m_report.personalFiles)) {
+        if (!stops())
+            readCopiesIn(folder);
+    }
+    checkWindow();
+}
+
+void OriginalsCheck::readCopiesIn(const FileURL& root)
+{
+    const auto walk = FileManager::defaultManager().enumerator(root, walkOptions);
     if (!walk) {
         if (!isMissing(walk.error().code))
-            reportUnreadableFolder(m_report.personalFiles, walk.error());
+            reportUnreadableFolder(root, walk.error());
         return;
     }
+    QByteArray above = personalFiles;
+    if (root != m_report.personalFiles)
+        above.append('/').append(root.nativeLastPathComponent());
     (*walk)->setErrorHandler(
         [this](const FileURL& folder, const FileError& error) { reportUnreadableFolder(folder, error); });
     while (!stops() && (*walk)->next()) {
@@ -100,7 +112,7 @@ void OriginalsCheck::readCopies()
         if (type != EntryType::regularFile && type != EntryType::symbolicLink)
             continue;
         const QByteArrayView below = (*walk)->relativeFolder();
-        QByteArray folder = personalFiles;
+        QByteArray folder = above;
         if (!below.isEmpty())
             folder.append('/').append(below);
         // Copies of one folder share the bytes of its path.
@@ -110,7 +122,6 @@ void OriginalsCheck::readCopies()
         if (m_window.size() == itemsAtATime)
             checkWindow();
     }
-    checkWindow();
 }
 
 void OriginalsCheck::checkWindow()

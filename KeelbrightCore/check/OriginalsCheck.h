@@ -23,6 +23,7 @@ public:
 private:
     [[nodiscard]] bool openCopies();
     void readCopies();
+    void readCopiesIn(const FileURL& root);
     void checkWindow();
     void checkItem(CopyReadAhead& pieces, const CheckedItem& item);
     void checkFile(CopyReadAhead& pieces, const CheckedItem& item, const ItemStatus& copy);

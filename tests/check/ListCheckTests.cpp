@@ -136,6 +136,15 @@ TEST_F(ListCheckTests, needsNoDestinationWhereTheListLiesBesideItsCopies)
               QStringLiteral("“elsewhere” could not be opened: it does not exist."));
 }
 
+TEST_F(ListCheckTests, knowsTheCopiesOfASourceWithAHiddenName)
+{
+    documents = run.mac.makeFolder("Users/mira/.letters");
+    run.mac.writeFile("Users/mira/.letters/a", "1");
+    const CheckReport report = checkAgainst(backUpAndSaveList());
+    EXPECT_EQ(counts(report), (Counts{{"same", 1}}));
+    EXPECT_EQ(report.copies, 1);
+}
+
 TEST_F(ListCheckTests, aCopyThatIsMissingIsAFault)
 {
     write("a", "1");

@@ -161,6 +161,23 @@ TEST_F(OriginalsCheckTests, specialFilesAndWhatABackupLeavesOutAreNotCounted)
     EXPECT_EQ(counts(check()), (Counts{{"same", 2}}));
 }
 
+TEST_F(OriginalsCheckTests, copiesOfASourceWithAHiddenNameAreCheckedToo)
+{
+    documents = run.mac.makeFolder("Users/mira/.letters");
+    for (const char* name : {"a", "deep/b", ".left out", "deep/.left out/c"})
+        run.mac.writeFile(QByteArray("Users/mira/.letters/") + name, "1234");
+    backUp();
+    CheckReport report = check();
+    EXPECT_EQ(counts(report), (Counts{{"same", 2}}));
+    EXPECT_EQ(report.copies, 2);
+    EXPECT_EQ(progress.values().bytes, 8);
+    const FileURL damaged = run.mirrored(".letters/deep/b");
+    overwrite(damaged, 0, "x");
+    report = check();
+    EXPECT_EQ(counts(report), (Counts{{"same", 1}, {"differs", 1}}));
+    EXPECT_THAT(items(report), ElementsAre(damaged));
+}
+
 TEST_F(OriginalsCheckTests, ofTwoSourcesWithOneNameEitherMayHaveGivenTheCopy)
 {
     write("a", "from the first");
