@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/files/MachinePlaces.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 
 #include <algorithm>
 
@@ -21,7 +22,7 @@ QByteArray read(const FileURL& file, const FileManager& files)
 
 std::optional<QDateTime> AppUse::dateOf(qint64 seconds)
 {
-    const QDateTime date = QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC);
+    const QDateTime date = QDateTime::fromSecsSinceEpoch(seconds, utcZone);
     return seconds > 0 && date.isValid() ? std::optional(date) : std::nullopt;
 }
 

@@ -1,6 +1,7 @@
 #include "KeelbrightCore/apps/iTunesLookupService.h"
 
 #include "KeelbrightCore/apps/HttpGet.h"
+#include "KeelbrightCore/platform/system/ReadyFuture.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 
 #include <QCoreApplication>
@@ -82,7 +83,7 @@ QFuture<Found> iTunesLookupService::lookup(const QString& appName, const SearchS
 {
     const QUrl url = searchUrl(service.origin, appName);
     if (!url.isValid())
-        return QtFuture::makeReadyFuture(Found());
+        return readyFuture(Found());
     return (new Request(url, appName, service))->future();
 }
 

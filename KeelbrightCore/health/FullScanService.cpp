@@ -4,8 +4,7 @@
 #include "KeelbrightCore/health/FullScanComposition.h"
 #include "KeelbrightCore/health/HealthScoreService.h"
 #include "KeelbrightCore/health/JunkScanner.h"
-
-#include <QPromise>
+#include "KeelbrightCore/platform/system/ReadyFuture.h"
 
 namespace keelbright::FullScanService {
 
@@ -15,12 +14,7 @@ QFuture<QList<AppInfo>> installedApps(const QList<AppInfo>& cachedApps, const Cl
 {
     if (cachedApps.isEmpty())
         return AppScanner::scan(clock);
-    // `makeReadyFuture` would take the list for a list of results.
-    QPromise<QList<AppInfo>> known;
-    known.start();
-    known.addResult(cachedApps);
-    known.finish();
-    return known.future();
+    return readyFuture(cachedApps);
 }
 
 } // namespace

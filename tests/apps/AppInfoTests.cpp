@@ -1,5 +1,6 @@
 #include "KeelbrightCore/apps/AppInfo.h"
 
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 
@@ -13,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QDateTime now(QDate(2026, 3, 10), QTime(12, 0), Qt::UTC);
+const QDateTime now(QDate(2026, 3, 10), QTime(12, 0), utcZone);
 constexpr qint64 day = qint64{24} * 60 * 60 * 1000;
 
 std::optional<QDateTime> daysAgo(std::optional<qint64> count)
@@ -375,7 +376,7 @@ TEST(AppInfo, lastUsedIsNeverWithoutADate)
 TEST(AppInfo, installedIsTheDayInTheUsersLocaleAndTimeZone)
 {
     TestMac mac; // Berlin
-    const AppInfo installed({.dateAdded = QDateTime(QDate(2026, 3, 1), QTime(23, 30), Qt::UTC)}, now);
+    const AppInfo installed({.dateAdded = QDateTime(QDate(2026, 3, 1), QTime(23, 30), utcZone)}, now);
     EXPECT_EQ(installed.installedFormatted(), u"Mar 2, 2026"_s);
     mac.setLocale(QLocale(QLocale::German, QLocale::Germany));
     EXPECT_EQ(installed.installedFormatted(), u"02.03.2026"_s);

@@ -1,5 +1,6 @@
 #include "KeelbrightCore/apps/SpotlightMetadata.h"
 
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/MadeUpFiles.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
@@ -22,7 +23,7 @@ using Values = QMap<QString, QString>;
 
 QDateTime utc(int year, int month, int day, int hour = 0, int minute = 0, int second = 0, int millisecond = 0)
 {
-    return {QDate(year, month, day), QTime(hour, minute, second, millisecond), Qt::UTC};
+    return {QDate(year, month, day), QTime(hour, minute, second, millisecond), utcZone};
 }
 
 qint64 useCount(const QByteArray& value)

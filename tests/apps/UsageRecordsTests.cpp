@@ -1,5 +1,6 @@
 #include "KeelbrightCore/apps/UsageRecords.h"
 
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/PlasmaDatabase.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestLinux.h"
@@ -17,7 +18,7 @@ namespace {
 
 QDateTime day(int month, int dayOfMonth, int hour = 12)
 {
-    return {QDate(2026, month, dayOfMonth), QTime(hour, 0), Qt::UTC};
+    return {QDate(2026, month, dayOfMonth), QTime(hour, 0), utcZone};
 }
 
 /// The bookmarks as GLib writes them, with these elements of one document.

@@ -1,4 +1,5 @@
 #include "KeelbrightCore/backup/BackupManifest.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/Printing.h"
 
 #include <QJsonDocument>
@@ -16,7 +17,7 @@ BackupManifest sampleManifest()
         .appVersion = u"1.0.0-mvp"_s,
         .deviceName = u"Mira's Mac"_s,
         .macOSVersion = u"Version 12.7 (Build 21G816)"_s,
-        .backupDate = QDateTime(QDate(2026, 3, 1), QTime(23, 30), Qt::UTC),
+        .backupDate = QDateTime(QDate(2026, 3, 1), QTime(23, 30), utcZone),
         .sourceFolders = {u"/Users/mira/Desktop"_s, u"/Users/mira/Ünterlagen"_s},
         .destinationPath = u"/Volumes/Anchor"_s,
         .installedApps = {u"Alpha"_s, u"beta.us"_s},
@@ -64,7 +65,7 @@ TEST(BackupManifest, comesBackEqualFromJson)
 TEST(BackupManifest, anEmptyOneComesBackEqualFromJson)
 {
     BackupManifest manifest;
-    manifest.backupDate = QDateTime(QDate(2026, 3, 1), QTime(0, 0), Qt::UTC);
+    manifest.backupDate = QDateTime(QDate(2026, 3, 1), QTime(0, 0), utcZone);
     EXPECT_EQ(BackupManifest::fromJson(JsonDecoder(manifest.toJson())).value(), manifest);
 }
 

@@ -1,5 +1,6 @@
 #include "KeelbrightCore/backup/BackupReportWriter.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/Printing.h"
 #include "tests/support/SampleReport.h"
 #include "tests/support/TestMac.h"
@@ -129,7 +130,7 @@ TEST_F(BackupReportWriterTest, bothFilesCarryTheStampOfTheStart)
 TEST_F(BackupReportWriterTest, theStampIsUtcWhileTheDateIsLocal)
 {
     BackupReport report = sampleReport();
-    report.startedAt = QDateTime(QDate(2026, 2, 28), QTime(23, 30, 5), Qt::UTC);
+    report.startedAt = QDateTime(QDate(2026, 2, 28), QTime(23, 30, 5), utcZone);
     const auto written = BackupReportWriter::write(report, reports);
     ASSERT_TRUE(written.has_value());
     EXPECT_EQ(written->mdURL.lastPathComponent(), u"backup-report-20260228-233005.md"_s);

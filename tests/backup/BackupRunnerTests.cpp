@@ -3,6 +3,7 @@
 #include "KeelbrightCore/backup/BackupManifest.h"
 #include "KeelbrightCore/backup/BackupReport.h"
 #include "KeelbrightCore/backup/BackupTask.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/EngineRun.h"
 
 #include <fcntl.h>
@@ -195,7 +196,7 @@ TEST_F(BackupRunnerTest, lastsNoTimeByAClockThatIsSetBack)
     mac.writeFile("Users/mira/Documents/a", "x");
     const BackupJob order = job({documents});
     const auto task = BackupTask::create(engine);
-    const QDateTime start(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC);
+    const QDateTime start(QDate(2026, 3, 2), QTime(9, 5, 7), utcZone);
     const auto clock = [start, reads = 0]() mutable { return start.addSecs(-3'600 * reads++); };
     std::atomic<bool> hasEnded = false;
     std::thread thread([&] {

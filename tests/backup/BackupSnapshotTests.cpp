@@ -1,4 +1,5 @@
 #include "KeelbrightCore/backup/BackupSnapshot.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 
@@ -10,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const BackupSnapshot snapshot{QUuid(), QDateTime(QDate(2026, 3, 1), QTime(23, 30), Qt::UTC),
+const BackupSnapshot snapshot{QUuid(), QDateTime(QDate(2026, 3, 1), QTime(23, 30), utcZone),
                               FileURL::fromPath(u"/Volumes/Anchor/Snapshots/2026-03-01"_s)};
 
 } // namespace

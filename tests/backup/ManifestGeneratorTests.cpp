@@ -1,5 +1,6 @@
 #include "KeelbrightCore/backup/ManifestGenerator.h"
 #include "KeelbrightCore/platform/system/Host.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestLinux.h"
 
@@ -21,7 +22,7 @@ protected:
                   {{QUuid::createUuid(), FileURL::fromPath(u"/Users/mira/Desktop"_s), true},
                    {QUuid::createUuid(), FileURL::fromPath(u"/Users/mira/Secret Plans"_s), false}},
                   {QUuid::createUuid(), FileURL::fromPath(u"/Volumes/Anchor"_s)},
-                  QDateTime(QDate(2026, 3, 1), QTime(9, 5, 7, 250), Qt::UTC)};
+                  QDateTime(QDate(2026, 3, 1), QTime(9, 5, 7, 250), utcZone)};
 };
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include "Keelbright/screens/shell/Application.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/system/ReadyFuture.h"
 #include "tests/support/SandboxFileManager.h"
 
 #include <cstdio>
@@ -16,7 +17,7 @@ QFuture<std::optional<iTunesAppInfo>> lookup(const QString& appName)
 {
     const QString origin = qEnvironmentVariable("KEELBRIGHT_TEST_STORE");
     if (origin.isEmpty())
-        return QtFuture::makeReadyFuture(std::optional<iTunesAppInfo>());
+        return readyFuture(std::optional<iTunesAppInfo>());
     return iTunesLookupService::lookup(appName, {.origin = origin});
 }
 

@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/system/ProgramVersion.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 #include "tests/faults/CareFaultTest.h"
 #include "tests/faults/ProgramProcess.h"
@@ -68,7 +69,7 @@ protected:
         .customSources = {{QUuid::createUuid(), mac.home().appending(u"Code"_s), true}},
         .enabledRecommendedFolders = {u"Documents"_s, u"Music"_s},
         .lastReport = std::nullopt,
-        .lastBackupTime = QDateTime(QDate(2026, 3, 1), QTime(9, 5, 42), Qt::UTC),
+        .lastBackupTime = QDateTime(QDate(2026, 3, 1), QTime(9, 5, 42), utcZone),
     };
 };
 

@@ -1,3 +1,4 @@
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "KeelbrightCore/records/ActivityEntry.h"
 #include "tests/fuzz/RecordRoundTrip.h"
 
@@ -7,7 +8,7 @@ namespace {
 /// Makes the texts that the screen of the log shows for an entry.
 void requireShownTexts(const ActivityEntry& entry)
 {
-    static const QDateTime now(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC);
+    static const QDateTime now(QDate(2026, 3, 2), QTime(9, 5, 7), utcZone);
     fuzzing::require(!entry.relativeTime(now).isEmpty(), "every line has a time");
     fuzzing::require(entry.formattedBytes().isEmpty() == (entry.bytesAffected <= 0),
                      "a line has a size where there is one");

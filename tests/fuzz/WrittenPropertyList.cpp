@@ -1,6 +1,7 @@
 #include "tests/fuzz/WrittenPropertyList.h"
 
 #include "KeelbrightCore/platform/text/DateFormatter.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/fuzz/Fuzzer.h"
 
 #include <QDateTime>
@@ -90,7 +91,7 @@ QByteArray plainObject(const QVariant& value)
     case QMetaType::Double:
         return '\x23' + bigEndian(std::bit_cast<quint64>(value.toDouble()));
     case QMetaType::QDateTime: {
-        static const QDateTime epoch(QDate(2001, 1, 1), QTime(0, 0, 0), Qt::UTC);
+        static const QDateTime epoch(QDate(2001, 1, 1), QTime(0, 0, 0), utcZone);
         const double seconds = static_cast<double>(epoch.msecsTo(value.toDateTime())) / 1'000.0;
         return '\x33' + bigEndian(std::bit_cast<quint64>(seconds));
     }

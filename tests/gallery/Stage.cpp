@@ -4,6 +4,7 @@
 #include "Keelbright/screens/shell/DetailView.h"
 #include "Keelbright/screens/undo/UndoWindow.h"
 #include "Keelbright/widgets/MenuButton.h"
+#include "KeelbrightCore/platform/system/ReadyFuture.h"
 #include "KeelbrightCore/platform/system/TaskPools.h"
 #include "tests/support/Frames.h"
 #include "tests/support/PseudoTranslation.h"
@@ -72,7 +73,7 @@ Stage::~Stage()
 void Stage::startWithOnboarding()
 {
     AppServices services{configStore, activityStore, userDefaults, folderChooser, mac.clock()};
-    services.lookup = [](const QString& name) { return QtFuture::makeReadyFuture(answerOfTheStore(name)); };
+    services.lookup = [](const QString& name) { return readyFuture(answerOfTheStore(name)); };
     services.startCopyCheck = copyCheck.starter();
     services.steadyClock = [this] { return steadyNow; };
     (void)standardOutputOf([&] { m_state = std::make_unique<AppState>(services); });

@@ -3,6 +3,7 @@
 #include "Keelbright/screens/shell/MainWindow.h"
 #include "Keelbright/state/AppState.h"
 #include "KeelbrightCore/platform/system/UserDefaults.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 #include "tests/support/FakeAlertPresenter.h"
@@ -44,7 +45,7 @@ public:
 class StageMac : public TestMac
 {
 public:
-    StageMac() { setNow({QDateTime::currentDateTimeUtc().date(), QTime(9, 5, 7), Qt::UTC}); }
+    StageMac() { setNow({QDateTime::currentDateTimeUtc().date(), QTime(9, 5, 7), utcZone}); }
 };
 
 /// The real window on the machine of a user called Mira, brought into a state by her actions: scans

@@ -1,3 +1,4 @@
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "KeelbrightCore/records/ActivityEntry.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
@@ -13,13 +14,13 @@ namespace {
 
 using Kind = ActivityEntry::Kind;
 
-const QDateTime now(QDate(2026, 3, 10), QTime(12, 0), Qt::UTC);
+const QDateTime now(QDate(2026, 3, 10), QTime(12, 0), utcZone);
 
 ActivityEntry sampleEntry()
 {
     return {
         .id = QUuid(u"{0a4ba8c1-57b2-4e0f-9c43-5e5f2a9d6b10}"_s),
-        .timestamp = QDateTime(QDate(2026, 3, 1), QTime(9, 5, 0), Qt::UTC),
+        .timestamp = QDateTime(QDate(2026, 3, 1), QTime(9, 5, 0), utcZone),
         .kind = Kind::clean,
         .title = u"Junk files moved to Trash"_s,
         .detail = u"3 items across 2 categories"_s,
@@ -131,7 +132,7 @@ TEST(ActivityEntry, theMediumDateIsLocal)
 {
     TestMac mac;
     ActivityEntry entry = sampleEntry();
-    entry.timestamp = QDateTime(QDate(2026, 3, 1), QTime(23, 30), Qt::UTC);
+    entry.timestamp = QDateTime(QDate(2026, 3, 1), QTime(23, 30), utcZone);
     EXPECT_EQ(entry.relativeTime(now), u"Mar 2, 2026"_s);
     mac.setTimeZone("America/New_York");
     EXPECT_EQ(entry.relativeTime(now), u"Mar 1, 2026"_s);

@@ -1,3 +1,4 @@
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "tests/support/Printing.h"
 #include "tests/support/StandardOutput.h"
@@ -18,7 +19,7 @@ ActivityEntry entryWithTitle(const QString& title)
 {
     return {
         .id = QUuid::createUuid(),
-        .timestamp = QDateTime(QDate(2026, 3, 1), QTime(9, 5, 0), Qt::UTC),
+        .timestamp = QDateTime(QDate(2026, 3, 1), QTime(9, 5, 0), utcZone),
         .kind = Kind::clean,
         .title = title,
         .detail = u"3 items"_s,

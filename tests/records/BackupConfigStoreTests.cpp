@@ -1,3 +1,4 @@
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
 #include "tests/support/Printing.h"
 #include "tests/support/SampleReport.h"
@@ -43,7 +44,7 @@ AppConfiguration sampleConfiguration()
                            FileURL::fromPath(u"/Users/mira/Code"_s), false}},
         .enabledRecommendedFolders = {u"Desktop"_s},
         .lastReport = std::nullopt,
-        .lastBackupTime = QDateTime(QDate(2026, 3, 1), QTime(9, 5, 42), Qt::UTC),
+        .lastBackupTime = QDateTime(QDate(2026, 3, 1), QTime(9, 5, 42), utcZone),
     };
 }
 
@@ -79,9 +80,9 @@ TEST_F(BackupConfigStoreTest, whatWasSavedIsLoadedEqual)
 TEST_F(BackupConfigStoreTest, datesAreCutToWholeSeconds)
 {
     AppConfiguration configuration;
-    configuration.lastBackupTime = QDateTime(QDate(2026, 3, 1), QTime(9, 5, 42, 999), Qt::UTC);
+    configuration.lastBackupTime = QDateTime(QDate(2026, 3, 1), QTime(9, 5, 42, 999), utcZone);
     store.save(configuration);
-    EXPECT_EQ(store.load().lastBackupTime, QDateTime(QDate(2026, 3, 1), QTime(9, 5, 42), Qt::UTC));
+    EXPECT_EQ(store.load().lastBackupTime, QDateTime(QDate(2026, 3, 1), QTime(9, 5, 42), utcZone));
 }
 
 TEST_F(BackupConfigStoreTest, theFileIsIndentedAndLeavesOutWhatIsAbsent)

@@ -3,6 +3,7 @@
 #include "Keelbright/screens/recovery/ManifestSummary.h"
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/SymbolLabel.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/screens/shared/ScreenTestCase.h"
 
 #include <QJsonDocument>
@@ -22,7 +23,7 @@ protected:
             .appVersion = u"1.0.0"_s,
             .deviceName = u"Mira's Mac"_s,
             .macOSVersion = u"Version 14.4 (Build 23E214)"_s,
-            .backupDate = QDateTime(QDate(2026, 3, 1), QTime(9, 5, 0), Qt::UTC),
+            .backupDate = QDateTime(QDate(2026, 3, 1), QTime(9, 5, 0), utcZone),
             .sourceFolders = {u"/Users/mira/Desktop"_s},
             .destinationPath = u"/Volumes/Anchor"_s,
             .installedApps = {u"Editor"_s, u"Mail"_s, u"Viewer"_s},

@@ -4,6 +4,7 @@
 #include "Keelbright/widgets/EmptyStateView.h"
 #include "Keelbright/widgets/Label.h"
 #include "Keelbright/widgets/rows/RowListView.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/screens/shared/ListDriver.h"
 #include "tests/screens/shared/ScreenTestCase.h"
 #include "tests/support/WorkTimer.h"
@@ -245,7 +246,7 @@ TEST_F(RestoreBrowserViewTests, theRowsPassTheModelTester)
 {
     SnapshotRows rows;
     const QAbstractItemModelTester tester(&rows, QAbstractItemModelTester::FailureReportingMode::Fatal);
-    const BackupSnapshot snapshot{QUuid::createUuid(), QDateTime(QDate(2024, 5, 1), QTime(7, 30), Qt::UTC),
+    const BackupSnapshot snapshot{QUuid::createUuid(), QDateTime(QDate(2024, 5, 1), QTime(7, 30), utcZone),
                                   FileURL()};
     rows.setSnapshots({snapshot, snapshot});
     EXPECT_EQ(rows.rowCount(), 2);

@@ -1,4 +1,5 @@
 #include "Keelbright/state/ActivityLogVM.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "tests/support/FakeFileChooser.h"
 #include "tests/support/Printing.h"
@@ -21,7 +22,7 @@ protected:
     {
         return {
             .id = QUuid::createUuid(),
-            .timestamp = QDateTime(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC),
+            .timestamp = QDateTime(QDate(2026, 3, 2), QTime(9, 5, 7), utcZone),
             .kind = ActivityEntry::Kind::backup,
             .title = title,
             .detail = u"Explained"_s,

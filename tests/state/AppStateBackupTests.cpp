@@ -1,4 +1,5 @@
 #include "KeelbrightCore/backup/PreflightService.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/state/AppStateFixture.h"
 
 #include <QDeadlineTimer>
@@ -161,7 +162,7 @@ TEST_F(AppStateBackupTest, confirmingBacksUpAndShowsTheProgress)
 TEST_F(AppStateBackupTest, theMomentOfConfirmingIsTheManifestsDate)
 {
     const auto state = makeStateWithWork();
-    mac.setNow(QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5), Qt::UTC));
+    mac.setNow(QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5), utcZone));
     backUp(*state);
     const QByteArray manifest = TestMac::read(FileURL::fromPath(state->lastReport()->manifestPath));
     EXPECT_EQ(decodeJsonObject(manifest).value().string(u"backupDate"_s).value(), u"2026-01-02T03:04:05Z"_s);
@@ -261,7 +262,7 @@ TEST_F(AppStateBackupTest, everyRunIsLogged)
 TEST_F(AppStateBackupTest, theEntryOfTheLogHasTheNumbersOfTheReport)
 {
     const auto state = makeState();
-    mac.setNow(QDateTime(QDate(2026, 3, 1), QTime(9, 6), Qt::UTC));
+    mac.setNow(QDateTime(QDate(2026, 3, 1), QTime(9, 6), utcZone));
     endRun(*state, sampleReport());
     turnEventLoopOnce();
     const QList<ActivityEntry> entries = activityStore.load();
@@ -269,7 +270,7 @@ TEST_F(AppStateBackupTest, theEntryOfTheLogHasTheNumbersOfTheReport)
     EXPECT_FALSE(entries.first().id.isNull());
     EXPECT_EQ(entries.first(), (ActivityEntry{
                                    .id = entries.first().id,
-                                   .timestamp = QDateTime(QDate(2026, 3, 1), QTime(9, 6), Qt::UTC),
+                                   .timestamp = QDateTime(QDate(2026, 3, 1), QTime(9, 6), utcZone),
                                    .kind = ActivityEntry::Kind::backup,
                                    .title = u"Backup completed"_s,
                                    .detail = u"1234 files · 2.5 MB"_s,

@@ -1,3 +1,4 @@
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/state/AppStateFixture.h"
 
 #include <QSet>
@@ -189,7 +190,7 @@ TEST_F(AppStateTest, whatIsOnItsWayDiesWithTheState)
 TEST_F(AppStateTest, givesTheTimeOfItsClock)
 {
     const auto state = makeState();
-    EXPECT_EQ(state->now(), QDateTime(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC));
+    EXPECT_EQ(state->now(), QDateTime(QDate(2026, 3, 2), QTime(9, 5, 7), utcZone));
 }
 
 } // namespace keelbright::testing

@@ -1,3 +1,4 @@
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/state/JunkCleanerVMFixture.h"
 #include "tests/state/OnlyEntry.h"
 
@@ -62,13 +63,13 @@ TEST_F(JunkCleanTest, aCleanIsLogged)
     addJunk();
     scan();
     select({u"small"_s, u"one"_s, u"two"_s});
-    mac.setNow(QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7), Qt::UTC));
+    mac.setNow(QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7), utcZone));
     model.clean();
     const ActivityEntry entry = onlyEntry(activityStore);
     EXPECT_FALSE(entry.id.isNull());
     EXPECT_EQ(entry, (ActivityEntry{
                          .id = entry.id,
-                         .timestamp = QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7), Qt::UTC),
+                         .timestamp = QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7), utcZone),
                          .kind = ActivityEntry::Kind::clean,
                          .title = u"Junk files moved to Trash"_s,
                          .detail = u"3 items across 3 categories"_s,

@@ -1,4 +1,5 @@
 #include "Keelbright/state/L10n.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 
@@ -61,7 +62,7 @@ TEST(L10n, bytesAreInDecimalUnits)
 TEST(L10n, aDateHasItsMediumDayAndItsShortTime)
 {
     TestMac mac;
-    const QDateTime date(QDate(2026, 3, 1), QTime(23, 30), Qt::UTC);
+    const QDateTime date(QDate(2026, 3, 1), QTime(23, 30), utcZone);
     EXPECT_EQ(L10n::Formatters::date(date), u"Mar 2, 2026, 12:30\u202fAM"_s);
     mac.setTimeZone("America/New_York");
     mac.setLocale(QLocale(QLocale::German, QLocale::Germany));

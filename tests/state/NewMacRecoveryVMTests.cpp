@@ -1,4 +1,5 @@
 #include "Keelbright/state/NewMacRecoveryVM.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/FakeFileChooser.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
@@ -22,7 +23,7 @@ protected:
             .appVersion = u"1.0.0"_s,
             .deviceName = u"Mira's Mac"_s,
             .macOSVersion = u"Version 14.4 (Build 23E214)"_s,
-            .backupDate = QDateTime(QDate(2026, 3, 1), QTime(9, 5, 0), Qt::UTC),
+            .backupDate = QDateTime(QDate(2026, 3, 1), QTime(9, 5, 0), utcZone),
             .sourceFolders = {u"/Users/mira/Desktop"_s},
             .destinationPath = u"/Volumes/Anchor"_s,
             .installedApps = {u"Editor"_s, u"Mail"_s},

@@ -1,4 +1,5 @@
 #include "Keelbright/state/OrganizerVM.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/state/OnlyEntry.h"
 #include "tests/state/OrganizerVMFixture.h"
 
@@ -43,7 +44,7 @@ TEST_F(OrganizerRunTest, aRunMovesWhatIsTickedAndLogsIt)
     EXPECT_FALSE(entry.id.isNull());
     EXPECT_EQ(entry, (ActivityEntry{
                          .id = entry.id,
-                         .timestamp = QDateTime(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC),
+                         .timestamp = QDateTime(QDate(2026, 3, 2), QTime(9, 5, 7), utcZone),
                          .kind = ActivityEntry::Kind::organise,
                          .title = u"Files organised"_s,
                          .detail = u"3 files sorted into subfolders in Downloads"_s,

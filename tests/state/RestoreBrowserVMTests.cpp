@@ -1,4 +1,5 @@
 #include "Keelbright/state/RestoreBrowserVM.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/FakeFolderChooser.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
@@ -91,7 +92,7 @@ TEST_F(RestoreBrowserVMTest, listsADatedFolderAndNoOther)
     pick(device());
     EXPECT_EQ(names(), QStringList{u"2024-05-01-0930"_s});
     const BackupSnapshot& snapshot = model.snapshots().first();
-    EXPECT_EQ(snapshot.date, QDateTime(QDate(2024, 5, 1), QTime(7, 30), Qt::UTC)); // Berlin in summer
+    EXPECT_EQ(snapshot.date, QDateTime(QDate(2024, 5, 1), QTime(7, 30), utcZone)); // Berlin in summer
     EXPECT_EQ(snapshot.folderURL, device().appending(u"Snapshots/2024-05-01-0930"_s));
     EXPECT_FALSE(snapshot.id.isNull());
 }
@@ -103,7 +104,7 @@ TEST_F(RestoreBrowserVMTest, aDateIsThatOfTheUsersCalendar)
     addFolder("Snapshots/2567-05-01-0930");
     pick(device());
     ASSERT_EQ(model.snapshots().size(), 1);
-    EXPECT_EQ(model.snapshots().first().date, QDateTime(QDate(2024, 5, 1), QTime(7, 30), Qt::UTC));
+    EXPECT_EQ(model.snapshots().first().date, QDateTime(QDate(2024, 5, 1), QTime(7, 30), utcZone));
     EXPECT_TRUE(model.snapshots().first().label().contains(u"2567"_s));
 }
 

@@ -1,5 +1,6 @@
 #include "tests/support/TestMac.h"
 
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/HelperRun.h"
 
 #include <QDir>
@@ -26,7 +27,7 @@ TestMac::TestMac()
     : m_root(FileURL::fromPath(QDir(m_folder.path()).canonicalPath()))
     , m_fileManager(m_root)
     , m_guard(m_fileManager)
-    , m_now(std::make_shared<QDateTime>(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC))
+    , m_now(std::make_shared<QDateTime>(QDate(2026, 3, 2), QTime(9, 5, 7), utcZone))
 {
     m_folder.setAutoRemove(false);
     if (!m_folder.isValid())

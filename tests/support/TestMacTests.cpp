@@ -1,6 +1,7 @@
 #include "tests/support/TestMac.h"
 
 #include "KeelbrightCore/platform/system/UserDefaults.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 
 #include <QStandardPaths>
 #include <gtest/gtest.h>
@@ -47,7 +48,7 @@ TEST(TestMac, putsTheEnvironmentBack)
     EXPECT_EQ(qgetenv("XDG_CONFIG_HOME"), "/before");
     EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_DATA_HOME"));
     EXPECT_FALSE(qEnvironmentVariableIsSet("SHELL"));
-    const QDateTime noon(QDate(2026, 3, 2), QTime(12, 0), Qt::UTC);
+    const QDateTime noon(QDate(2026, 3, 2), QTime(12, 0), utcZone);
     EXPECT_EQ(noon.toLocalTime().offsetFromUtc(), 20'700) << "the clock knows the zone too";
 }
 

@@ -12,6 +12,7 @@
 #include "KeelbrightCore/platform/files/SystemTrash.h"
 #include "KeelbrightCore/platform/files/Trash.h"
 #include "KeelbrightCore/platform/files/VolumeCapacity.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 
 #include <array>
 #include <fcntl.h>
@@ -107,7 +108,7 @@ std::optional<QDateTime> SystemFileManager::modificationDate(const FileURL& url)
     struct stat status = {};
     if (::stat(url.nativePath().constData(), &status) != 0)
         return std::nullopt;
-    return QDateTime::fromSecsSinceEpoch(status.st_mtime, Qt::UTC);
+    return QDateTime::fromSecsSinceEpoch(status.st_mtime, utcZone);
 }
 
 std::optional<QByteArray> SystemFileManager::beginning(const FileURL& url, qsizetype bytes) const

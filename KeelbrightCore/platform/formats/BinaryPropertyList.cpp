@@ -2,6 +2,7 @@
 
 #include "KeelbrightCore/platform/formats/BinaryPropertyListLayout.h"
 #include "KeelbrightCore/platform/formats/PropertyList.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 
 #include <QDateTime>
 #include <QVariantMap>
@@ -45,7 +46,7 @@ std::optional<QVariant> dateValue(const Layout& layout, const Object& object)
     const double seconds = realValue(layout, object);
     if (!(std::abs(seconds) <= maximumDistance))
         return std::nullopt;
-    static const QDateTime epoch(QDate(2001, 1, 1), QTime(0, 0, 0), Qt::UTC);
+    static const QDateTime epoch(QDate(2001, 1, 1), QTime(0, 0, 0), utcZone);
     return epoch.addMSecs(std::llround(seconds * 1'000));
 }
 

@@ -1,6 +1,7 @@
 #include "KeelbrightCore/platform/text/DateFormatter.h"
 
 #include "KeelbrightCore/platform/text/IcuText.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 
 #include <QLocale>
 #include <QRegularExpression>
@@ -63,8 +64,8 @@ std::unique_ptr<icu::DateFormat> makeFormat(DateFormatter::Style dateStyle, Date
 /// The nearest date whose year has four digits.
 QDateTime withinFourDigitYears(const QDateTime& date)
 {
-    static const QDateTime earliest(QDate(1, 1, 1), QTime(0, 0, 0), Qt::UTC);
-    static const QDateTime latest(QDate(9999, 12, 31), QTime(23, 59, 59), Qt::UTC);
+    static const QDateTime earliest(QDate(1, 1, 1), QTime(0, 0, 0), utcZone);
+    static const QDateTime latest(QDate(9999, 12, 31), QTime(23, 59, 59), utcZone);
     return qBound(earliest, date, latest);
 }
 
@@ -151,7 +152,7 @@ std::optional<QDateTime> DateFormatter::fromIso8601(const QString& text)
     if (!day.isValid() || !time.isValid() || hours > 23 || minutes > 59)
         return std::nullopt;
     const int offset = (hours * 60 + minutes) * 60;
-    const QDateTime asUtc(day, time, Qt::UTC);
+    const QDateTime asUtc(day, time, utcZone);
     return withinFourDigitYears(asUtc.addSecs(match.captured(3) == QStringLiteral("-") ? offset : -offset));
 }
 
@@ -181,7 +182,7 @@ std::optional<QDateTime> DateFormatter::fromPattern(const QString& text, const Q
     format->format(time, written);
     if (shape(fromIcu(written), conventions) != shape(text, conventions))
         return std::nullopt;
-    return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(time), Qt::UTC);
+    return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(time), utcZone);
 }
 
 } // namespace keelbright

@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/files/TrashRecord.h"
 
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/Printing.h"
 
 #include <gtest/gtest.h>
@@ -85,7 +86,7 @@ TEST(TrashRecordTests, theContentIsThatOfTheTrashSpecification)
 
 TEST(TrashRecordTests, thePathIsPercentEncodedToTheByte)
 {
-    const QDateTime date(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC);
+    const QDateTime date(QDate(2026, 3, 2), QTime(9, 5, 7), utcZone);
     const auto path = [&](const QByteArray& original) {
         const QByteArray content = TrashRecord::content(original, date);
         return content.mid(18, content.indexOf('\n', 18) - 18);

@@ -1,3 +1,4 @@
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/platform/formats/PropertyListFixtures.h"
 
 #include <QRandomGenerator>
@@ -56,8 +57,8 @@ TEST(BinaryPropertyListTests, everyKindOfBinaryValueIsRead)
 TEST(BinaryPropertyListTests, binaryDatesExceed32Bits)
 {
     EXPECT_EQ(binaryValue("\x33" + bigEndian(0, 8)),
-              QVariant(QDateTime(QDate(2001, 1, 1), QTime(), Qt::UTC)));
-    const QDateTime far(QDate(4001, 1, 1), QTime(0, 0), Qt::UTC);
+              QVariant(QDateTime(QDate(2001, 1, 1), QTime(), utcZone)));
+    const QDateTime far(QDate(4001, 1, 1), QTime(0, 0), utcZone);
     EXPECT_EQ(binaryValue("\x33" + bigEndian(std::bit_cast<quint64>(63113904000.0), 8)), QVariant(far));
 }
 

@@ -1,4 +1,5 @@
 #include "KeelbrightCore/platform/formats/JsonDecoding.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/Printing.h"
 
 #include <gtest/gtest.h>
@@ -63,7 +64,7 @@ TEST(JsonDecoding, readsEveryType)
     EXPECT_EQ(json.integer(u"count"_s).value(), -42);
     EXPECT_EQ(json.uuid(u"id"_s).value(), QUuid(u"{e621e1f8-c36c-495a-93fc-0c247a3e6e5f}"_s));
     EXPECT_EQ(json.url(u"url"_s).value(), FileURL::fromPath(u"/Users/mira/My Files"_s));
-    EXPECT_EQ(json.date(u"date"_s).value(), QDateTime(QDate(2026, 3, 1), QTime(9, 5), Qt::UTC));
+    EXPECT_EQ(json.date(u"date"_s).value(), QDateTime(QDate(2026, 3, 1), QTime(9, 5), utcZone));
     EXPECT_EQ(json.strings(u"texts"_s).value(), (QStringList{u"a"_s, QString(), u"b"_s}));
     EXPECT_EQ(json.object(u"inner"_s).value().integer(u"x"_s).value(), 1);
     EXPECT_EQ(json.objects(u"list"_s).value().at(1).integer(u"x"_s).value(), 2);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KeelbrightCore/platform/formats/PropertyList.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/Printing.h"
 
 #include <QDateTime>
@@ -104,7 +105,7 @@ inline const QVariantMap foreignContent = {
     {text("real"), 1.5},
     {text("yes"), true},
     {text("no"), false},
-    {text("when"), QDateTime(QDate(2026, 3, 1), QTime(9, 5), Qt::UTC)},
+    {text("when"), QDateTime(QDate(2026, 3, 1), QTime(9, 5), utcZone)},
     {text("data"), QByteArray("\x00\x01\xFF", 3)},
     {text("list"), QVariantList{text("a"), QVariantList{text("b")}, QVariantMap{}}},
     {text("nested"), QVariantMap{{text("k"), text("v")}}},

@@ -1,3 +1,4 @@
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/platform/formats/PropertyListFixtures.h"
 
 #include <gtest/gtest.h>
@@ -35,7 +36,7 @@ TEST(XmlPropertyListTests, everyKindOfXmlValueIsRead)
     EXPECT_EQ(xmlValue("<true/>"), QVariant(true));
     EXPECT_EQ(xmlValue("<false></false>"), QVariant(false));
     EXPECT_EQ(xmlValue("<date>2026-03-01T09:05:00Z</date>"),
-              QVariant(QDateTime(QDate(2026, 3, 1), QTime(9, 5), Qt::UTC)));
+              QVariant(QDateTime(QDate(2026, 3, 1), QTime(9, 5), utcZone)));
     EXPECT_EQ(xmlValue("<data>\n\tAAEC\n\t/w==\n</data>"), QVariant(QByteArray("\x00\x01\x02\xFF", 4)));
     EXPECT_EQ(xmlValue("<array><string>a</string><integer>1</integer></array>"),
               QVariant(QVariantList{text("a"), qint64{1}}));

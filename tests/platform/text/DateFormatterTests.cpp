@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/text/DateFormatter.h"
 
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
@@ -25,7 +26,7 @@ protected:
     static QDateTime utc(int year, int month, int day, int hour = 0, int minute = 0, int second = 0,
                          int millisecond = 0)
     {
-        return {QDate(year, month, day), QTime(hour, minute, second, millisecond), Qt::UTC};
+        return {QDate(year, month, day), QTime(hour, minute, second, millisecond), utcZone};
     }
 
     static std::optional<QDateTime> parsed(const char* text)

@@ -1,5 +1,6 @@
 #include "Keelbright/screens/dashboard/Insight.h"
 
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/Printing.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +11,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QDateTime now(QDate(2026, 3, 2), QTime(9, 5, 7), Qt::UTC);
+const QDateTime now(QDate(2026, 3, 2), QTime(9, 5, 7), utcZone);
 constexpr qint64 day = 86'400'000;
 
 HealthScore scoreWithDisk(qint64 used, qint64 total)

@@ -1,5 +1,6 @@
 #include "Keelbright/screens/review/ActivityLogModel.h"
 
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestMac.h"
 #include "tests/support/WorkTimer.h"
@@ -107,8 +108,8 @@ TEST_F(ActivityLogModelTests, aDayOfTwentyFiveHoursIsOneDay)
 
 TEST_F(ActivityLogModelTests, theDayIsThatOfTheLocalZone)
 {
-    const QDateTime now(QDate(2026, 3, 2), QTime(12, 0), Qt::UTC);
-    const ActivityEntry entry = entryAt(QDateTime(QDate(2026, 3, 1), QTime(23, 30), Qt::UTC));
+    const QDateTime now(QDate(2026, 3, 2), QTime(12, 0), utcZone);
+    const ActivityEntry entry = entryAt(QDateTime(QDate(2026, 3, 1), QTime(23, 30), utcZone));
     EXPECT_EQ(labels({entry}, now), QStringList{u"Today"_s});
     mac.setTimeZone("America/Los_Angeles");
     EXPECT_EQ(labels({entry}, now), QStringList{u"Yesterday"_s});

@@ -3,6 +3,7 @@
 #include "Keelbright/screens/review/ScanFindingsModel.h"
 #include "Keelbright/widgets/Progress.h"
 #include "Keelbright/widgets/rows/RowListView.h"
+#include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/screens/shared/ListDriver.h"
 #include "tests/screens/shared/ScreenTestCase.h"
 #include "tests/support/WorkTimer.h"
@@ -36,7 +37,7 @@ protected:
     [[nodiscard]] static FullScanReport report(const QList<Severity>& severities, qint64 reclaimable = 0)
     {
         FullScanReport made;
-        made.scannedAt = QDateTime(QDate(2026, 3, 2), QTime(9, 5), Qt::UTC);
+        made.scannedAt = QDateTime(QDate(2026, 3, 2), QTime(9, 5), utcZone);
         made.totalReclaimableBytes = reclaimable;
         for (const Severity severity : severities)
             made.findings.append(finding(Category::junk, severity, u"Caches"_s));

@@ -3,6 +3,7 @@
 #include "Keelbright/screens/shared/ScreenContext.h"
 #include "Keelbright/state/AppState.h"
 #include "Keelbright/widgets/Button.h"
+#include "KeelbrightCore/platform/system/ReadyFuture.h"
 #include "KeelbrightCore/platform/system/UserDefaults.h"
 #include "KeelbrightCore/records/ActivityStore.h"
 #include "KeelbrightCore/records/BackupConfigStore.h"
@@ -48,8 +49,7 @@ protected:
                 .userDefaults = userDefaults,
                 .folderChooser = chooser,
                 .clock = mac.clock(),
-                .lookup =
-                    [](const QString&) { return QtFuture::makeReadyFuture(std::optional<iTunesAppInfo>()); },
+                .lookup = [](const QString&) { return readyFuture(std::optional<iTunesAppInfo>()); },
                 .steadyClock = [this] { return steadyNow; }};
     }
 
