@@ -196,7 +196,8 @@ private:
     void finish()
     {
         std::ranges::stable_sort(m_apps, comesBefore);
-        waitingForMemory([this] { m_promise.addResult(m_apps); });
+        // Without an index Qt would count up also where an attempt finds no memory.
+        waitingForMemory([this] { m_promise.addResult(m_apps, 0); });
         m_promise.finish();
     }
 

@@ -70,8 +70,9 @@ QFuture<CheckReport> start(const CheckJob& job, const std::shared_ptr<CheckProgr
     TaskPools::startApart(TaskPools::Priority::utility,
                           [promise = std::move(promise), job, progress, cancellation]() mutable {
                               const CheckReport report = run(job, *progress, *cancellation);
-                              // The window waits for it, and no backup starts before it is there.
-                              waitingForMemory([&] { promise.addResult(report); });
+                              // The window waits for it, and no backup starts before it is there. The index
+                              // is named because Qt counts up also where an attempt finds no memory.
+                              waitingForMemory([&] { promise.addResult(report, 0); });
                               promise.finish();
                           });
     return future;
