@@ -245,6 +245,7 @@ TEST_P(UnpublishedFileTest, isACloneWhereTheSystemMakesOneAndNothingWhereNot)
         else
             EXPECT_THAT(clone.error(), ::testing::AnyOf(ENOTSUP, EXDEV, EINVAL));
     }
+    ASSERT_TRUE(source.finishWriting().has_value());
     ASSERT_TRUE(source.publish("name").has_value());
     EXPECT_THAT(names(), ElementsAre("name"));
 }
