@@ -315,6 +315,22 @@ TEST_F(OriginalsCheckTests, aCancelledCheckSaysHowFarItCame)
     EXPECT_EQ(counts(report), Counts());
 }
 
+TEST_F(OriginalsCheckTests, aDriveThatNothingCanBeWrittenToIsCheckedLikeAnyOther)
+{
+    const testing::TemporaryVolume volume(run.mac.makeFolder("Volumes/Stick"));
+    if (!volume.isMounted())
+        GTEST_SKIP() << "a volume of its own needs the right to mount";
+    run.drive = volume.location();
+    write("folder/a", "1234");
+    write("b", "1234");
+    backUp();
+    overwrite(copy("b"), 0, "x");
+    ASSERT_TRUE(volume.makeReadOnly());
+    const CheckReport report = check();
+    EXPECT_EQ(report.end, CheckReport::End::complete);
+    EXPECT_EQ(counts(report), (Counts{{"same", 1}, {"differs", 1}}));
+}
+
 TEST_F(OriginalsCheckTests, saysThatADriveInMemoryCantBeReadPastIt)
 {
     write("a", "text");

@@ -3,6 +3,7 @@
 #include "tests/check/CheckTestCase.h"
 #include "tests/support/BackgroundWork.h"
 #include "tests/support/FailingDrive.h"
+#include "tests/support/UnprivilegedUser.h"
 
 #include <QThread>
 
@@ -73,6 +74,31 @@ TEST_F(UnreadableCopyTests, aFolderThatCantBeListedIsAFault)
     EXPECT_EQ(report.unreadableFolders, 1);
     EXPECT_EQ(report.checked, 0);
     EXPECT_THAT(items(report), ElementsAre(run.latest("Personal Files")));
+}
+
+TEST_F(UnreadableCopyTests, whatIsKeptFromTheUserIsAFaultAndWhatBelongsToOthersIsCompared)
+{
+    for (const char* name : {"open", "closed", "room/inside"})
+        write(name, "1234");
+    backUp();
+    const auto setMode = [](const FileURL& item, mode_t mode) {
+        ASSERT_EQ(::chmod(item.nativePath().constData(), mode), 0);
+    };
+    setMode(run.mac.root(), 0755);
+    setMode(copy("closed"), 0);
+    setMode(copy("room"), 0);
+    CheckReport report;
+    {
+        const testing::UnprivilegedUser user;
+        report = check();
+    }
+    setMode(copy("room"), 0755); // for the removal of the test's files
+    EXPECT_EQ(report.end, CheckReport::End::complete);
+    EXPECT_EQ(counts(report), (Counts{{"same", 1}, {"unreadable", 2}}));
+    EXPECT_EQ(report.unreadableFolders, 1);
+    EXPECT_THAT(items(report), UnorderedElementsAre(copy("closed"), copy("room")));
+    for (const CheckFinding& finding : report.findings)
+        EXPECT_EQ(finding.error->code, EACCES);
 }
 
 TEST_F(UnreadableCopyTests, aDriveThatIsPulledInTheMiddleEndsTheCheckWithoutInventedFaults)
