@@ -11,7 +11,8 @@ is unmounted. With block, each read that covers the byte AFTER of a file fails, 
 A REQUEST of size, blocks or cached-size makes no request fail: AFTER is then the size that the drive gives for
 every file, whatever can be read of it. With blocks the file seems to be one hole as well; with cached-size the
 system keeps what it has read. With names, AFTER is the number of bytes that the drive allows in a name;
-with forms, the drive takes both ways to encode an accented letter for the same.
+with forms, the drive takes both ways to encode an accented letter for the same. With held, what is to be read
+waits until the signal USR1 comes.
 """
 
 import errno
@@ -19,6 +20,7 @@ import os
 import signal
 import stat
 import sys
+import time
 import unicodedata
 
 try:
@@ -77,6 +79,8 @@ class OpenFile:
         self.descriptor = os.open(place_of(path), flags & ~os.O_APPEND, *mode)
 
     def read(self, length, offset):
+        while REQUEST == "held" and Budget.left > 0:
+            time.sleep(0.02)
         Budget.spend("read", length)
         if REQUEST == "block" and offset <= int(AFTER) < offset + length:
             raise OSError(getattr(errno, ERROR), os.strerror(getattr(errno, ERROR)))
@@ -143,7 +147,7 @@ class FailingDrive(fuse.Fuse):
         os.chown(place_of(path), user, group, follow_symlinks=False)
 
     def utimens(self, path, accessed, modified):
-        times = tuple(int(time.tv_sec) * 1_000_000_000 + int(time.tv_nsec) for time in (accessed, modified))
+        times = tuple(int(moment.tv_sec) * 1_000_000_000 + int(moment.tv_nsec) for moment in (accessed, modified))
         os.utime(place_of(path), ns=times, follow_symlinks=False)
 
     def statfs(self):

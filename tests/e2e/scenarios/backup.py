@@ -2,6 +2,7 @@ import os
 import stat
 import time
 
+from held_drive import HeldDrive, is_asked_by
 from keelbright import WINDOW
 from machine import decimal_size, read_json
 from scenario import Scenario
@@ -171,7 +172,9 @@ class Backup(Scenario):
 
 
 class LongRun(Scenario):
-    FILES = 40_000
+    """A run that is in the middle of many files until the drive with the last of them answers."""
+
+    FILES = 10_000
 
     def setUp(self):
         super().setUp()
@@ -184,6 +187,19 @@ class LongRun(Scenario):
                 first = file
             else:  # hard links, because a run takes its time by the number of names
                 os.link(first, file)
+        self.drive = HeldDrive(self, self.machine.home / FOLDERS[-1] / "Scans")
+        for number in range(100):
+            (self.drive.folder / f"Scan {number}.txt").write_bytes(b"%05d" % number * 20)
+
+    def start_run(self):
+        """Starts a run that can't end before the drive is released."""
+        window = self.start()
+        window.pass_onboarding(self.machine.drive)
+        window.confirm_backup()
+        return window
+
+    def has_begun(self):
+        return any(self.machine.drive.glob("Keelbright/*/Latest/Personal Files/Documents/Many/*"))
 
     def assert_whole_part(self):
         """Asserts that every file on the drive is a whole copy, and that no temporary file is left."""
@@ -195,37 +211,34 @@ class LongRun(Scenario):
             self.assertFalse(path.name.endswith(".tmp") and stat.S_ISREG(path.lstat().st_mode), path)
 
     def test_cancelling_stops_before_the_next_file(self):
-        window = self.start()
-        window.pass_onboarding(self.machine.drive)
-        window.confirm_backup()
+        window = self.start_run()
+        wait_until(lambda: is_asked_by(window.process.pid), "the run does not get to the drive")
         window.button("Cancel Backup").press()
+        self.drive.release()
         window.button("View Full Report")
         window.label("Backup Complete")
         self.assert_whole_part()
         report = self.machine.config()["lastReport"]
-        self.assertLess(report["filesCopied"], self.FILES)
+        self.assertLess(report["filesCopied"], len(self.machine.expected_backup(FOLDERS).files))
         self.assertEqual(report["errors"], [])
         self.assertEqual(read_json(self.machine.reports()[0]), report)
         self.assertTrue((self.machine.device_folder() / "Latest/recovery-manifest.json").exists())
         self.assertEqual(self.machine.activity()[0]["itemCount"], report["filesCopied"])
 
     def test_continues_while_other_screens_are_shown(self):
-        window = self.start()
-        window.pass_onboarding(self.machine.drive)
-        window.confirm_backup()
+        window = self.start_run()
         window.label("Backing up to Backup Drive")
         window.go_to("Dashboard")
         window.label("Backing Up…")
         window.go_to("Protected Items")
         window.label("Choose What to Protect")
         window.go_to("Dashboard")
+        self.drive.release()
         window.find("push button", "Backup Now", 60)
         self.assertEqual(self.machine.expected_backup(FOLDERS).differences(self.machine.personal_files()), [])
 
     def test_closing_the_window_asks_once(self):
-        window = self.start()
-        window.pass_onboarding(self.machine.drive)
-        window.confirm_backup()
+        window = self.start_run()
         window.label("Backing up to Backup Drive")
         window.screen.ask_to_close(WINDOW)
         question = window.find("dialog", "Stop the backup?")
@@ -237,26 +250,23 @@ class LongRun(Scenario):
         self.assertIsNone(window.process.poll(), "the program goes on")
         window.screen.ask_to_close(WINDOW)
         window.find("dialog", "Stop the backup?").button("Stop").press()
+        self.drive.release()
         self.assertEqual(window.wait_for_end(), 0, window.output())
         self.assert_whole_part()
 
     def test_no_half_file_is_left_by_a_kill(self):
-        window = self.start()
-        window.pass_onboarding(self.machine.drive)
-        window.confirm_backup()
-        wait_until(lambda: any(self.machine.drive.glob("Keelbright/*/Latest/Personal Files/Documents/Many/*")),
-                   "nothing is copied")
+        window = self.start_run()
+        wait_until(self.has_begun, "nothing is copied")
         window.kill()
+        self.drive.release()
         self.assert_whole_part()
 
     def test_a_request_to_end_stops_the_run_and_the_next_one_finishes_it(self):
-        window = self.start()
-        window.pass_onboarding(self.machine.drive)
+        window = self.start_run()
         config = self.machine.config()
-        window.confirm_backup()
-        wait_until(lambda: any(self.machine.drive.glob("Keelbright/*/Latest/Personal Files/Documents/Many/*")),
-                   "nothing is copied")
+        wait_until(self.has_begun, "nothing is copied")
         window.process.terminate()
+        self.drive.release()
         self.assertEqual(window.wait_for_end(), 0, window.output())
         self.assert_whole_part()
         self.assertEqual(self.machine.config(), config)

@@ -1,15 +1,8 @@
-import os
 import shutil
-import signal
-import subprocess
-import time
-import unittest
-from pathlib import Path
 
+from held_drive import HeldDrive, is_asked_by
 from scenario import Scenario
 from window import wait_until
-
-FAILING_DRIVE = Path(__file__).parents[2] / "support/failing_drive.py"
 
 # Leaves a mark that it runs, and hangs for as long as its machine is there.
 HANGING_TOOL = """#!/bin/sh
@@ -36,36 +29,15 @@ class Ending(Scenario):
 
     def start_with_a_hanging_drive(self):
         """Starts the program with a home of which one folder is on a drive that does not answer any more."""
-        folder, place = self.machine.root / "behind", self.machine.home / "Library/Developer/Xcode/Archives"
-        for made in (folder, place):
-            made.mkdir(parents=True, exist_ok=True)
-        drive = subprocess.Popen(["/usr/bin/python3", FAILING_DRIVE, folder, place, "none", "0", "EIO"])
-        self.addCleanup(drive.wait)
-        self.addCleanup(drive.kill)
-        self.addCleanup(subprocess.run, ["umount", "-l", place], check=False)
-        deadline = time.monotonic() + 10
-        while not os.path.ismount(place):
-            if drive.poll() is not None or time.monotonic() > deadline:
-                raise unittest.SkipTest("no file system of our own can be mounted here")
-            time.sleep(0.05)
-        drive.send_signal(signal.SIGSTOP)
+        drive = HeldDrive(self, self.machine.home / "Library/Developer/Xcode/Archives")
+        drive.hang()
         window = self.start()
         window.pass_onboarding()
         # The score waits for the drive.
         wait_until(lambda: any(element.name == "Calculating the health score" for element in window.all()),
                    window.outline)
-        wait_until(lambda: self.has_thread_on_the_drive(window.process.pid), "nobody walks on the drive")
+        wait_until(lambda: is_asked_by(window.process.pid), "nobody walks on the drive")
         return window
-
-    @staticmethod
-    def has_thread_on_the_drive(process):
-        def wait_channel(task):
-            try:
-                return (task / "wchan").read_text(encoding="ascii")
-            except OSError:
-                return ""
-        return any("fuse" in wait_channel(task) or "request_wait" in wait_channel(task)
-                   for task in Path(f"/proc/{process}/task").iterdir())
 
     def test_a_tool_that_hangs_does_not_hold_quit(self):
         self.start_with_hanging_tools()
