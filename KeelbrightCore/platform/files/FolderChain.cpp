@@ -1,6 +1,6 @@
 #include "KeelbrightCore/platform/files/FolderChain.h"
 
-#include <sys/resource.h>
+#include "KeelbrightCore/platform/system/OpenFileLimit.h"
 
 namespace keelbright {
 
@@ -8,13 +8,6 @@ namespace {
 
 /// What the program needs besides its walks and copies: a file for each of its threads.
 constexpr rlim_t restOfTheProgram = 52;
-
-/// The usual limit is 1,024 or 256.
-rlim_t maximumOpenFiles()
-{
-    rlimit limit = {};
-    return ::getrlimit(RLIMIT_NOFILE, &limit) == 0 ? limit.rlim_cur : RLIM_INFINITY;
-}
 
 } // namespace
 
@@ -24,7 +17,7 @@ size_t maximumOpenFolders()
     // room for the rest of the program.
     constexpr rlim_t maximum = 24;
     constexpr rlim_t minimum = 4;
-    const rlim_t limit = maximumOpenFiles();
+    const rlim_t limit = OpenFileLimit::current();
     if (limit >= restOfTheProgram + 2 * maximum)
         return maximum;
     if (limit <= restOfTheProgram + 2 * minimum)
@@ -34,7 +27,7 @@ size_t maximumOpenFolders()
 
 size_t openFilesForWalks()
 {
-    const rlim_t limit = maximumOpenFiles();
+    const rlim_t limit = OpenFileLimit::current();
     const rlim_t others = restOfTheProgram + 2 * maximumOpenFolders();
     return limit > others ? (limit - others) / 2 : 0;
 }

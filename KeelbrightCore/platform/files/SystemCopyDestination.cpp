@@ -3,10 +3,10 @@
 #include "KeelbrightCore/platform/files/FolderOpening.h"
 #include "KeelbrightCore/platform/files/SystemCalls.h"
 #include "KeelbrightCore/platform/files/SystemCopyWorker.h"
+#include "KeelbrightCore/platform/system/OpenFileLimit.h"
 
 #include <algorithm>
 #include <fcntl.h>
-#include <sys/resource.h>
 
 namespace keelbright {
 
@@ -18,10 +18,10 @@ qsizetype maximumPreparedCopies()
 {
     constexpr rlim_t restOfTheProgram = 128;
     constexpr rlim_t maximum = 2'000;
-    rlimit limit = {};
-    if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur <= restOfTheProgram)
+    const rlim_t limit = OpenFileLimit::current();
+    if (limit <= restOfTheProgram)
         return 1;
-    return static_cast<qsizetype>(std::clamp<rlim_t>((limit.rlim_cur - restOfTheProgram) / 5, 1, maximum));
+    return static_cast<qsizetype>(std::clamp<rlim_t>((limit - restOfTheProgram) / 5, 1, maximum));
 }
 
 QByteArrayList componentsOf(QByteArrayView path)

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <atomic>
 #include <pthread.h>
-#include <sys/resource.h>
 #include <tuple>
 
 namespace keelbright::OpenFileLimit {
@@ -31,6 +30,12 @@ void lowerInChild()
 }
 
 } // namespace
+
+rlim_t current()
+{
+    rlimit limit = {};
+    return ::getrlimit(RLIMIT_NOFILE, &limit) == 0 ? limit.rlim_cur : RLIM_INFINITY;
+}
 
 void raise()
 {

@@ -1,12 +1,14 @@
 #include "KeelbrightCore/platform/system/TaskPools.h"
 
 #include "KeelbrightCore/platform/system/Logging.h"
+#include "KeelbrightCore/platform/system/OpenFileLimit.h"
 #include "KeelbrightCore/platform/system/ThreadPriority.h"
 
 #include <QRunnable>
 #include <QSemaphore>
 #include <QThread>
 #include <QThreadPool>
+#include <algorithm>
 #include <atomic>
 #include <limits>
 #include <memory>
@@ -16,8 +18,13 @@ namespace keelbright {
 
 namespace {
 
-/// How many tasks may hang with their drives before others have to wait for a thread.
-constexpr int spareThreads = 32;
+/// How many tasks may hang with their drives before others have to wait for a thread. Each thread keeps a
+/// file open, and the program ends where it can't.
+int spareThreads()
+{
+    constexpr rlim_t maximum = 32;
+    return static_cast<int>(std::min(maximum, OpenFileLimit::current() / 8));
+}
 
 using SetPriority = void (*)(int niceOfProgram);
 
@@ -90,7 +97,7 @@ struct Pools
     Pools()
     {
         const int processors = qMax(2, QThread::idealThreadCount());
-        startThreads(userInitiated, spareThreads + processors, ThreadPriority::becomeUserInitiated);
+        startThreads(userInitiated, spareThreads() + processors, ThreadPriority::becomeUserInitiated);
         startThreads(utility, processors, ThreadPriority::becomeUtility);
         userInitiatedApart.setMaxThreadCount(std::numeric_limits<int>::max());
         utilityApart.setMaxThreadCount(std::numeric_limits<int>::max());
