@@ -1,5 +1,7 @@
 #include "KeelbrightCore/check/ChecksumReader.h"
 
+#include "KeelbrightCore/platform/files/FileManager.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -21,10 +23,12 @@ bool isBelow(const QByteArray& path)
 
 std::expected<ChecksumReader, FileError> ChecksumReader::open(const FileURL& list)
 {
-    const auto folder = ReadOnlyTree::open(list.deletingLastPathComponent());
+    // Who chooses a link to a list means the list.
+    const FileURL place = FileManager::defaultManager().resolvingSymlinks(list);
+    const auto folder = ReadOnlyTree::open(place.deletingLastPathComponent());
     if (!folder)
         return std::unexpected(folder.error());
-    auto file = (*folder)->openFile({}, list.nativeLastPathComponent());
+    auto file = (*folder)->openFile({}, place.nativeLastPathComponent());
     if (!file)
         return failure(FileError::Operation::opened, list, file.error());
     return ChecksumReader(std::move(*file));

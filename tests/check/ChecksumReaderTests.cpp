@@ -3,6 +3,7 @@
 #include "tests/support/TestMac.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 namespace keelbright {
 namespace {
@@ -45,6 +46,18 @@ TEST_F(ChecksumReaderTests, readsALastLineWithoutABreakAndPassesEmptyOnesOver)
     list.chop(1);
     EXPECT_THAT(pathsIn(list), ElementsAre("a", "b"));
     EXPECT_EQ(unknownLines, 0);
+}
+
+TEST_F(ChecksumReaderTests, readsTheListThatALinkLeadsTo)
+{
+    mac.writeFile("drive/list.sha256", line("a"));
+    const FileURL link = mac.root().appendingNative("link.sha256");
+    ASSERT_EQ(::symlink("drive/list.sha256", link.nativePath().constData()), 0);
+    auto reader = ChecksumReader::open(link);
+    ASSERT_TRUE(reader.has_value());
+    const auto first = reader->next();
+    ASSERT_TRUE(first.has_value());
+    EXPECT_EQ(first->path, "a");
 }
 
 TEST_F(ChecksumReaderTests, countsLinesThatAreNoneOfAList)
