@@ -1,6 +1,7 @@
 import shutil
 
 from held_drive import HeldDrive, is_asked_by
+from keelbright import WINDOW
 from scenario import Scenario
 from window import wait_until
 
@@ -39,6 +40,21 @@ class Ending(Scenario):
         wait_until(lambda: is_asked_by(window.process.pid), "nobody walks on the drive")
         return window
 
+    def start_with_a_hanging_check(self):
+        """Starts the program and a check of copies whose drive does not answer any more."""
+        drive = HeldDrive(self, self.machine.drive)
+        window = self.start()
+        window.pass_onboarding(self.machine.drive)
+        window.back_up()
+        window.keys(WINDOW, "Control_L", "Shift_L", "c")
+        check = window.window("Check Copies")
+        start = check.button("Start Check")
+        drive.hang()
+        start.press()
+        check.button("Cancel Check")
+        wait_until(lambda: is_asked_by(window.process.pid), "nobody reads from the drive")
+        return window
+
     def test_a_tool_that_hangs_does_not_hold_quit(self):
         self.start_with_hanging_tools()
         self.leave()
@@ -54,5 +70,14 @@ class Ending(Scenario):
 
     def test_a_walk_that_hangs_does_not_hold_a_request_to_end(self):
         window = self.start_with_a_hanging_drive()
+        window.process.terminate()
+        self.assertEqual(window.wait_for_end(), 0, window.output())
+
+    def test_a_check_of_copies_that_hangs_does_not_hold_quit(self):
+        self.start_with_a_hanging_check()
+        self.leave()
+
+    def test_a_check_of_copies_that_hangs_does_not_hold_a_request_to_end(self):
+        window = self.start_with_a_hanging_check()
         window.process.terminate()
         self.assertEqual(window.wait_for_end(), 0, window.output())
