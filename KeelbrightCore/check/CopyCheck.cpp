@@ -34,11 +34,27 @@ CheckReport withoutCopies(const CheckJob& job)
     return failed(job, FileError::fromCode(FileError::Operation::opened, name, ENOENT));
 }
 
+/// The folder of copies that a list is about: the one of its name, beside it or on the destination.
+std::optional<FileURL> deviceFolderNamedBy(const FileURL& checksumList,
+                                           const std::optional<FileURL>& destination)
+{
+    auto folder = deviceFolderBeside(checksumList);
+    if (folder)
+        return folder;
+    const FileURL list = FileManager::defaultManager().resolvingSymlinks(checksumList);
+    folder = deviceFolderBeside(list);
+    // A list may be kept on another machine, too, whose own copies lie in another folder.
+    if (!folder && destination)
+        folder =
+            deviceFolderBeside(destination->appendingNative("Keelbright/" + list.nativeLastPathComponent()));
+    return folder;
+}
+
 CheckReport check(const CheckJob& job, CheckProgress& progress, const Cancellation& cancellation)
 {
     std::optional<FileURL> device;
     if (job.checksumList)
-        device = deviceFolderBeside(*job.checksumList);
+        device = deviceFolderNamedBy(*job.checksumList, job.destination);
     if (!device && job.destination)
         device = job.destination->appendingNative(DeviceFolder::ofThisMachine());
     if (!device)

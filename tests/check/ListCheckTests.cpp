@@ -136,6 +136,36 @@ TEST_F(ListCheckTests, needsNoDestinationWhereTheListLiesBesideItsCopies)
               QStringLiteral("“elsewhere” could not be opened: it does not exist."));
 }
 
+TEST_F(ListCheckTests, aListThatLiesElsewhereIsAboutTheFolderOfItsName)
+{
+    write("a", "1");
+    const FileURL list = backUpAndSaveList();
+    const auto move = [](const FileURL& from, const FileURL& to) {
+        ASSERT_EQ(::rename(from.nativePath().constData(), to.nativePath().constData()), 0);
+    };
+    const FileURL another = run.drive.appendingNative("Keelbright/Another Mac");
+    move(deviceFolder(), another);
+    const FileURL elsewhere = run.mac.home().appendingNative("Another Mac.sha256");
+    move(list, elsewhere);
+    write("b", "of this machine");
+    backUp();
+    const CheckReport report = checkAgainst(elsewhere);
+    EXPECT_EQ(counts(report), (Counts{{"same", 1}}));
+    EXPECT_EQ(report.deviceFolder, another);
+}
+
+TEST_F(ListCheckTests, aListBehindALinkLiesBesideItsCopies)
+{
+    write("a", "1");
+    const FileURL list = backUpAndSaveList();
+    const FileURL link = run.mac.home().appendingNative("link.sha256");
+    ASSERT_EQ(::symlink(list.nativePath().constData(), link.nativePath().constData()), 0);
+    const CheckReport report =
+        CopyCheck::run({.sources = {}, .destination = std::nullopt, .checksumList = link}, progress);
+    EXPECT_EQ(counts(report), (Counts{{"same", 1}}));
+    EXPECT_EQ(report.deviceFolder, deviceFolder());
+}
+
 TEST_F(ListCheckTests, knowsTheCopiesOfASourceWithAHiddenName)
 {
     documents = run.mac.makeFolder("Users/mira/.letters");
