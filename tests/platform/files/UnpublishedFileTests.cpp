@@ -7,6 +7,8 @@
 #include "tests/support/TmpfsMount.h"
 
 #include <QByteArrayList>
+#include <QDeadlineTimer>
+#include <algorithm>
 #include <array>
 #include <fcntl.h>
 #include <filesystem>
@@ -116,6 +118,19 @@ protected:
     }
 
     [[nodiscard]] std::vector<std::string> names() const
+    {
+        // What was removed while it was open keeps such a name until ntfs-3g has been informed of its close.
+        const auto isLeaving = [](const std::string& name) { return name.starts_with(".ghost-ntfs-3g-"); };
+        const QDeadlineTimer deadline(10'000);
+        std::vector<std::string> found = listed();
+        while (std::ranges::any_of(found, isLeaving) && !deadline.hasExpired()) {
+            std::this_thread::yield();
+            found = listed();
+        }
+        return found;
+    }
+
+    [[nodiscard]] std::vector<std::string> listed() const
     {
         std::vector<std::string> found;
         for (const auto& entry : std::filesystem::directory_iterator(location({}).nativePath().toStdString()))
