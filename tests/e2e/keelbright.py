@@ -73,11 +73,15 @@ class KeelBright(Program):
         dialog.button(button).press()
         self.wait_gone("dialog", question)
 
-    def confirm_backup(self):
-        """Starts a backup from any screen."""
+    def check_before_backup(self):
+        """Goes to the check before a backup, from any screen."""
         self.go_to("Dashboard")
         self.button("Backup Now").press()
         self.label("Preflight Check")
+
+    def confirm_backup(self):
+        """Starts a backup from any screen."""
+        self.check_before_backup()
         self.button("Confirm & Start").press()
 
     def back_up(self):

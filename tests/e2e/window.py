@@ -181,6 +181,11 @@ class Screen:
         self._window(title).set_input_focus(X.RevertToPointerRoot, X.CurrentTime)
         self.display.sync()
 
+    def take_focus_away(self):
+        """As another program's window does that comes to the front."""
+        self.display.set_input_focus(X.NONE, X.RevertToNone, X.CurrentTime)
+        self.display.sync()
+
     def ask_to_close(self, title):
         """Sends what a desktop sends when the close button of a window is clicked."""
         window = self._window(title)
