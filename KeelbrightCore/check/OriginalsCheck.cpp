@@ -140,6 +140,8 @@ void OriginalsCheck::checkItem(CopyReadAhead& pieces, const CheckedItem& item)
 {
     m_progress.beginFile(item.name);
     const CopyPiece begin = pieces.next();
+    // What was removed since it was listed is no copy any more.
+    const bool isCopy = !isMissing(begin.code);
     if (begin.code != 0)
         reportUnreadable(item, begin.code);
     else if (begin.status.type == EntryType::regularFile)
@@ -148,7 +150,8 @@ void OriginalsCheck::checkItem(CopyReadAhead& pieces, const CheckedItem& item)
         record(m_judge->judgeLink(item, begin.status, originalsOf(item)));
     if (stops())
         return;
-    ++m_report.checked;
+    if (isCopy)
+        ++m_report.checked;
     m_progress.endFile();
 }
 
@@ -182,7 +185,7 @@ void OriginalsCheck::reportUnreadable(const CheckedItem& item, int code)
 {
     if (m_again->isGone(code))
         m_report.end = CheckReport::End::driveGone;
-    else if (!isMissing(code)) // what was removed since it was listed is no copy any more
+    else if (!isMissing(code))
         record(m_judge->unreadable(item, code));
 }
 

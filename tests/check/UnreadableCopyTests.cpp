@@ -101,6 +101,22 @@ TEST_F(UnreadableCopyTests, whatIsKeptFromTheUserIsAFaultAndWhatBelongsToOthersI
         EXPECT_EQ(finding.error->code, EACCES);
 }
 
+TEST_F(UnreadableCopyTests, aCopyThatIsRemovedDuringTheCheckIsNotCountedAsChecked)
+{
+    // What the check has listed can't be found any more when it is opened.
+    const FailingDrive drive(QStringLiteral("open"), 1'000'000, QStringLiteral("ENOENT"));
+    if (!drive.reasonMissing().empty())
+        GTEST_SKIP() << drive.reasonMissing();
+    write("a", "1234");
+    backUpTo(drive.root());
+    drive.failNow();
+    const CheckReport report = check();
+    EXPECT_EQ(report.end, CheckReport::End::complete);
+    EXPECT_EQ(counts(report), Counts());
+    EXPECT_EQ(report.copies, 1);
+    EXPECT_EQ(report.checked, 0);
+}
+
 TEST_F(UnreadableCopyTests, aDriveThatIsPulledInTheMiddleEndsTheCheckWithoutInventedFaults)
 {
     FailingDrive drive(QStringLiteral("none"), 0, QStringLiteral("EIO"));
