@@ -66,7 +66,8 @@ TEST_F(AppStateTest, recommendedFoldersTakeNewIdsAtEachStart)
 {
     QSet<QUuid> ids;
     for (int start = 0; start < 2; ++start) {
-        for (const RecommendedFolder& folder : makeState()->recommendedFolders())
+        const auto state = makeState();
+        for (const RecommendedFolder& folder : state->recommendedFolders())
             ids.insert(folder.id);
     }
     EXPECT_EQ(ids.size(), 14);
