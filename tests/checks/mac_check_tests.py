@@ -38,7 +38,8 @@ exports:
 
 COMPILER = """import sys
 words = sys.argv
-source, output, rule = (words[words.index(word) + 1] for word in ("-c", "-o", "-MF"))
+kind = "-c" if "-c" in words else "c++-header"
+source, output, rule = (words[words.index(word) + 1] for word in (kind, "-o", "-MF"))
 with open("calls", "a", encoding="utf-8") as calls:
     calls.write(source + "\\n")
 if "wrong" in open(source, encoding="utf-8").read():
@@ -161,6 +162,23 @@ class MacCheckTests(unittest.TestCase):
         self.root = self.check.ROOT = moved
         self.check.WORK = moved / "build/mac-check"
         self.assertEqual(self.compilation(f"-I{moved}/headers").run("source.cpp", "aarch64")[1], False)
+
+    def test_shared_headers_are_read_once_in_each_folder(self):
+        self.write("shared.h", "one")
+        self.write("source.cpp", "one")
+        self.write("Included.h", "one")
+        for _ in range(2):
+            compilation = self.compilation()
+            compilation.share("shared.h", "aarch64")
+            compilation.run("source.cpp", "aarch64")
+        self.assertEqual(self.calls(), ["shared.h", "source.cpp"])
+        self.assertEqual(compilation.shared, {
+            "aarch64": ["-include-pch", str(self.check.WORK / "objects/aarch64/shared.h.pch")], "x86_64": []})
+
+    def test_shared_headers_that_cannot_be_read_are_a_fault(self):
+        self.write("shared.h", "wrong")
+        with self.assertRaisesRegex(self.check.Fault, "a fault"):
+            self.compilation().share("shared.h", "aarch64")
 
     def test_what_does_not_compile_is_tried_again(self):
         self.write("source.cpp", "wrong")
