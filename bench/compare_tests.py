@@ -100,7 +100,7 @@ class CommandTests(unittest.TestCase):
         self.assertEqual(done.returncode, 1, done.stderr)
         self.assertIn("MISSED", done.stdout)
 
-    def test_a_missed_bound_of_a_quick_run_is_told_and_ends_with_0(self):
+    def test_a_missed_bound_of_a_quick_run_is_reported_and_ends_with_0(self):
         done = self.run_with("--quick", tool="echo wall 0.017; echo cpu 0.017")
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assertIn("MISSED", done.stdout)
@@ -217,11 +217,11 @@ class RunningTests(unittest.TestCase):
         results = running.in_turn(2, lambda: order.append("a") or 1, lambda: order.append("b") or 2)
         self.assertEqual((order, results), (["a", "b", "a", "b"], [[1, 1], [2, 2]]))
 
-    def test_figures_are_read_from_among_other_words(self):
-        self.assertEqual(running.figures_of(["wall 0.5", "stall:App Manager 0.002", "a warning of some library", ""]),
+    def test_numbers_are_read_from_among_other_output(self):
+        self.assertEqual(running.numbers_in(["wall 0.5", "stall:App Manager 0.002", "a warning of some library", ""]),
                          {"wall": 0.5, "stall:App Manager": 0.002})
 
-    def test_a_peer_tells_what_it_took(self):
+    def test_a_peer_reports_what_it_took(self):
         taken = running.peer("sleep", 0.05)
         self.assertGreaterEqual(taken["wall"], 0.05)
         self.assertLess(taken["cpu"], taken["wall"])

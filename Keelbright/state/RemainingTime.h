@@ -8,7 +8,7 @@
 
 namespace keelbright {
 
-/// How long a piece of work still takes, as its bytes tell it, in the rough numbers that people use. Calm
+/// How long a piece of work still takes, computed from its bytes, in the rough numbers that people use. Calm
 /// rather than exact: what it shows goes down with the work, and up only where it was wrong for a while.
 /// One thread.
 class RemainingTime

@@ -28,7 +28,7 @@ namespace PreflightService {
 
 /// What is known of the destination's drive beforehand.
 enum class Drive {
-    unknown, ///< the folder tells
+    unknown, ///< only the folder itself is looked at
     away,    ///< what exists under the folder's path is its empty mount point, and no destination
 };
 

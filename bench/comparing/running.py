@@ -33,7 +33,7 @@ class Measure:
 
     def __call__(self, *arguments, home=None):
         """The numbers that it prints."""
-        return figures_of(self.lines(*arguments, home=home))
+        return numbers_in(self.lines(*arguments, home=home))
 
     def lines(self, *arguments, home=None):
         """The lines that it prints. Ends everything where it fails."""
@@ -60,7 +60,7 @@ class Measure:
 
 
 def busy_while_there(process):
-    """The command of a program that is busy until this process is gone. It is told which one: its own parent
+    """The command of a program that is busy until this process is gone. The process is named to it: its own parent
     may be gone before it could ask who that is."""
     return ["sh", "-c", 'while kill -0 "$1"; do :; done', "busy", str(process)]
 
@@ -77,7 +77,7 @@ def busy_programs(count):
         yield
 
 
-def figures_of(lines):
+def numbers_in(lines):
     """Of lines that are a name and a number."""
     numbers = {}
     for line in lines:

@@ -59,7 +59,7 @@ TEST_F(OriginalsCheckTests, aDestinationThatIsMissingCantBeChecked)
               QStringLiteral("“Nowhere” could not be opened: it does not exist."));
 }
 
-TEST_F(OriginalsCheckTests, tellsWhatHasChangedAtTheSourceFromFaults)
+TEST_F(OriginalsCheckTests, countsWhatHasChangedAtTheSourceAsNoFault)
 {
     write("grown", "1234");
     write("edited", "1234");

@@ -119,7 +119,7 @@ class CheckFloorsTests(unittest.TestCase):
         self.assert_found_out("Keelbright/screens/shell/Wrong.cpp", '#include "tests/support/Help.h"\n',
                               "the program may not include tests/support/Help.h")
 
-    def test_a_file_outside_every_floor_is_told(self):
+    def test_a_file_outside_every_floor_is_reported(self):
         self.write("KeelbrightCore/attic/Old.h", "")
         result = self.check()
         self.assertEqual((result.returncode, result.stdout),

@@ -37,7 +37,7 @@ class FuzzCampaignTests(unittest.TestCase):
         with self.assertRaises(ProcessLookupError):
             os.kill(int(number.read_text(encoding="ascii")), 0)
 
-    def test_a_finding_ends_the_turns_of_its_fuzzer_and_is_told(self):
+    def test_a_finding_ends_the_turns_of_its_fuzzer_and_is_reported(self):
         with self.start("echo 'Does not hold: all is well'; exit 77") as campaign:
             printed = campaign.communicate()[0]
         self.assertEqual(campaign.returncode, 1)

@@ -105,7 +105,7 @@ TEST_F(FailingCallTest, reportsAFileThatCannotBeReadToItsEnd)
     EXPECT_THAT(temporaryFiles(drive), IsEmpty());
 }
 
-/// What macOS answers for a file that only its cloud provider has, where it is told to fetch none.
+/// What macOS answers for a file that only its cloud provider has, where it may fetch none.
 TEST_F(FailingCallTest, skipsAFileThatIsNotOnThisMachine)
 {
     for (const char* call : {"openat", "read"}) {

@@ -186,10 +186,10 @@ TEST_F(HealthScoringTest, aBackupLessThanADayAheadIsOfToday)
 
 TEST_F(HealthScoringTest, junkIsMentionedFromATenthOfAGibibyte)
 {
-    constexpr qint64 lastUntold = 107'374'182;            // 0.0999999998 GiB
+    constexpr qint64 lastUnmentioned = 107'374'182;       // 0.0999999998 GiB
     EXPECT_EQ(junkAndDiskText(107'266'808, 0, 0), u""_s); // 0.0999 GiB
-    EXPECT_EQ(junkAndDiskText(lastUntold, 0, 0), u""_s);
-    EXPECT_EQ(junkAndDiskText(lastUntold + 1, 0, 0), u" 107.4 MB of cached junk found."_s);
+    EXPECT_EQ(junkAndDiskText(lastUnmentioned, 0, 0), u""_s);
+    EXPECT_EQ(junkAndDiskText(lastUnmentioned + 1, 0, 0), u" 107.4 MB of cached junk found."_s);
 }
 
 TEST_F(HealthScoringTest, aDiskIsMentionedFromEightyFiveWholePercent)

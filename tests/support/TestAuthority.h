@@ -10,7 +10,7 @@ using X509 = struct x509_st;
 
 namespace keelbright::testing {
 
-/// A certificate authority of a test's own, which nobody trusts who is not told to.
+/// A certificate authority of a test's own, trusted only by programs that are given it.
 class TestAuthority
 {
 public:

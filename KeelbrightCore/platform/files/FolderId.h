@@ -5,7 +5,7 @@
 
 namespace keelbright {
 
-/// By what a system tells folders apart, whatever path leads to them.
+/// Identifies a folder, whatever path leads to it.
 struct FolderId
 {
     dev_t device = 0;

@@ -18,7 +18,7 @@ inline constexpr qint64 maximumValues = 1'000'000;
 /// dictionary, it is larger than `maximumBytes`, nested deeper than `maximumDepth` or holds more
 /// than `maximumValues` (a value that a binary list refers to twice counts twice). Of two equal
 /// keys the last one holds. Values are QString, bool, qint64, double (also for a whole number
-/// beyond 64 bits), QDateTime (UTC), QByteArray, QVariantList and QVariantMap.
+/// that needs more than 64 bits), QDateTime (UTC), QByteArray, QVariantList and QVariantMap.
 [[nodiscard]] std::optional<QVariantMap> dictionary(const QByteArray& data);
 /// As above, from a regular file.
 [[nodiscard]] std::optional<QVariantMap> dictionaryAt(const FileURL& url);

@@ -177,7 +177,7 @@ TEST_F(CopyDestinationTest, keepsHolesHoles)
 {
     const QByteArray path = source.appendingNative("sparse").nativePath();
     const int file = ::open(path.constData(), O_RDWR | O_CREAT, 0644);
-    constexpr off_t size = 5LL * 1024 * 1024 * 1024; // beyond what 32 bits count
+    constexpr off_t size = 5LL * 1024 * 1024 * 1024; // more than 32 bits count
     ASSERT_EQ(::ftruncate(file, size), 0);
     ASSERT_EQ(::pwrite(file, "head", 4, 0), 4);
     ASSERT_EQ(::pwrite(file, "middle", 6, size / 2), 6);

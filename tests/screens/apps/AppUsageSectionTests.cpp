@@ -35,7 +35,7 @@ protected:
 
 } // namespace
 
-TEST_F(AppUsageSectionTests, tellsThreeNumbersAndTheVerdict)
+TEST_F(AppUsageSectionTests, showsThreeNumbersAndTheVerdict)
 {
     const AppUsageSection section(app(usedLongAgo()), mac.clock()());
     EXPECT_EQ(textsIn(section),

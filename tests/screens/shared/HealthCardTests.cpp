@@ -120,7 +120,7 @@ TEST_F(HealthCardTests, theButtonAsksForARecalculation)
     EXPECT_EQ(requests.count(), 1);
 }
 
-TEST_F(HealthCardTests, tellsANewScoreWhileItIsOnScreen)
+TEST_F(HealthCardTests, announcesANewScoreWhileItIsOnScreen)
 {
     HealthCard card;
     show(card);
