@@ -18,7 +18,23 @@ constexpr qsizetype maximumReads = 2;
 /// More rows than any screen shows. A row whose request was dropped repeats it when it is painted again.
 constexpr qsizetype maximumRequests = 200;
 
+/// Bounds the queue by giving up what was requested first.
+template <typename Request> void putLast(QList<Request>& queue, const Request& request)
+{
+    queue.removeOne(request);
+    queue.append(request);
+    if (queue.size() > maximumRequests)
+        queue.removeFirst();
+}
+
 } // namespace
+
+AppIcons::AppIcons(QObject* parent)
+    : QObject(parent)
+{
+    m_turn.setSingleShot(true);
+    connect(&m_turn, &QTimer::timeout, this, &AppIcons::drawNext);
+}
 
 FileURL AppIcons::sourceOf(const AppFacts& app)
 {
@@ -30,35 +46,40 @@ QPixmap AppIcons::icon(const FileURL& source, int side, const QString& name)
 {
     const double ratio = qGuiApp->devicePixelRatio();
     const Key key(source, qCeil(side * ratio));
-    QPixmap icon;
-    if (const QPixmap* known = m_icons.object(key))
-        icon = *known;
-    else if (name.isEmpty() || name.startsWith(u'/'))
+    if (const QPixmap* known = m_icons.object(key)) {
+        QPixmap icon = *known;
+        if (!icon.isNull())
+            icon.setDevicePixelRatio(ratio);
+        return icon;
+    }
+    if (name.isEmpty() || name.startsWith(u'/')) {
         request(key);
-    else
-        icon = drawn(name, key);
-    if (!icon.isNull())
-        icon.setDevicePixelRatio(ratio);
-    return icon;
+    } else {
+        putLast(m_toDraw, {key, name});
+        m_turn.start(0);
+    }
+    return {};
 }
 
-/// The theme reads and draws it here and now: a window's pictures can't be made elsewhere.
-QPixmap AppIcons::drawn(const QString& name, const Key& key)
+/// Icons of the theme are a matter of the main thread, and some take milliseconds: one in each turn of its
+/// loop.
+void AppIcons::drawNext()
 {
+    if (m_toDraw.isEmpty())
+        return;
+    const auto [key, name] = m_toDraw.takeLast();
+    if (!m_toDraw.isEmpty())
+        m_turn.start(0);
     const QImage picture = QIcon::fromTheme(name).pixmap(QSize(key.second, key.second)).toImage();
     store(key, picture.isNull() ? picture : AppIconFile::asSquare(picture, key.second));
-    const QPixmap* icon = m_icons.object(key);
-    return icon != nullptr ? *icon : QPixmap();
+    Q_EMIT loaded(key.first);
 }
 
 void AppIcons::request(const Key& key)
 {
     if (m_reading.contains(key))
         return;
-    m_waiting.removeOne(key);
-    m_waiting.append(key);
-    if (m_waiting.size() > maximumRequests)
-        m_waiting.removeFirst();
+    putLast(m_waiting, key);
     readNext();
 }
 

@@ -7,19 +7,20 @@
 #include <QObject>
 #include <QPixmap>
 #include <QSet>
+#include <QTimer>
 #include <utility>
 
 namespace keelbright {
 
-/// The icons of applications, kept as long as there is room. Others are read in the background, the last
-/// requested first, so that a list that is scrolled fast shows those of its visible rows. Main thread
-/// only.
+/// The icons of applications, kept as long as there is room. Others are read in the background or, where the
+/// icon theme has them, drawn one after the other, the last requested first, so that a list that is scrolled
+/// fast shows those of its visible rows. Main thread only.
 class AppIcons : public QObject
 {
     Q_OBJECT
 
 public:
-    using QObject::QObject;
+    explicit AppIcons(QObject* parent = nullptr);
 
     /// The icon of an application as a square of that many device-independent pixels, sharp on every
     /// screen. Null until it is read, and if the application has none. `name` is its name in the icon
@@ -36,8 +37,7 @@ Q_SIGNALS:
 private:
     using Key = std::pair<FileURL, int>; ///< source and side in real pixels
 
-    [[nodiscard]] QPixmap drawn(const QString& name, const Key& key);
-
+    void drawNext();
     void request(const Key& key);
     void readNext();
     void store(const Key& key, const QImage& image);
@@ -45,6 +45,8 @@ private:
 
     QCache<Key, QPixmap> m_icons{24'576}; ///< counted in kilobytes
     QList<Key> m_waiting;
+    QList<std::pair<Key, QString>> m_toDraw; ///< each with its name in the icon theme
+    QTimer m_turn;
     QSet<Key> m_reading;
 };
 

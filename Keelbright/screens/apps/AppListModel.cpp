@@ -3,8 +3,6 @@
 #include "Keelbright/screens/apps/AppIcons.h"
 #include "Keelbright/screens/apps/UsageLook.h"
 
-#include <algorithm>
-
 namespace keelbright {
 
 using namespace Qt::StringLiterals;
@@ -13,7 +11,7 @@ AppListModel::AppListModel(AppIcons& icons, QObject* parent)
     : ItemRowModel(parent)
     , m_icons(icons)
 {
-    connect(&m_icons, &AppIcons::loaded, this, &AppListModel::redrawRowOf);
+    connect(&m_icons, &AppIcons::loaded, this, &AppListModel::redrawRowsOf);
 }
 
 QString AppListModel::revealActionName()
@@ -69,13 +67,12 @@ ListRow AppListModel::rowAt(int row) const
     return shown;
 }
 
-void AppListModel::redrawRowOf(const FileURL& source)
+void AppListModel::redrawRowsOf(const FileURL& source)
 {
-    const auto found = std::ranges::find(items(), source, &AppIcons::sourceOf);
-    if (found == items().end())
-        return;
-    const int row = static_cast<int>(found - items().begin());
-    announceRows(row, row);
+    for (int row = 0; row < items().size(); ++row) {
+        if (AppIcons::sourceOf(itemAt(row)) == source)
+            announceRows(row, row);
+    }
 }
 
 } // namespace keelbright

@@ -32,7 +32,7 @@ public:
 
 private:
     void applyFilter();
-    void redrawRowOf(const FileURL& source);
+    void redrawRowsOf(const FileURL& source);
 
     AppIcons& m_icons;
     AppIndex m_index;

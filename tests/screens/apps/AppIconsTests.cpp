@@ -31,7 +31,26 @@ protected:
         return mac.root().appendingNative("Applications/" + name + ".app");
     }
 
+    /// An icon theme of one icon until the test ends.
+    void useThemeWith(const QString& name) const
+    {
+        QImage picture(48, 48, QImage::Format_RGB32);
+        picture.fill(QColor(0x0A, 0x6C, 0xFF));
+        const FileURL file = mac.writeFile("pixmaps/" + name.toUtf8() + ".png", "");
+        ASSERT_TRUE(picture.save(file.path()));
+        QIcon::setFallbackSearchPaths({file.deletingLastPathComponent().path()});
+    }
+
+    void TearDown() override
+    {
+        QIcon::setFallbackSearchPaths(m_searchPaths);
+        ScreenTestCase::TearDown();
+    }
+
     AppIcons icons;
+
+private:
+    const QStringList m_searchPaths = QIcon::fallbackSearchPaths();
 };
 
 } // namespace
@@ -68,19 +87,41 @@ TEST_F(AppIconsTests, aPictureThatTheApplicationNamesIsItsIcon)
     EXPECT_EQ(icons.icon(file, 30, app.themeIcon).toImage().pixel(15, 15), 0xFFF08A00);
 }
 
-TEST_F(AppIconsTests, aNameInTheIconThemeIsDrawnAtOnce)
+TEST_F(AppIconsTests, aNameInTheIconThemeIsDrawnAndKept)
 {
-    QImage picture(48, 48, QImage::Format_RGB32);
-    picture.fill(QColor(0x0A, 0x6C, 0xFF));
-    const FileURL file = mac.writeFile("pixmaps/org.example.Ink.png", "");
-    ASSERT_TRUE(picture.save(file.path()));
-    const QStringList before = QIcon::fallbackSearchPaths();
-    QIcon::setFallbackSearchPaths({file.deletingLastPathComponent().path()});
+    useThemeWith(u"org.example.Ink"_s);
     const FileURL entry = mac.root().appending(u"usr/share/applications/org.example.Ink.desktop"_s);
     EXPECT_EQ(AppIcons::sourceOf({.url = entry, .themeIcon = u"org.example.Ink"_s}), entry);
+    QSignalSpy loaded(&icons, &AppIcons::loaded);
+    EXPECT_TRUE(icons.icon(entry, 30, u"org.example.Ink"_s).isNull());
+    ASSERT_TRUE(loaded.wait(20'000));
+    EXPECT_EQ(loaded.first().first().value<FileURL>(), entry);
     EXPECT_EQ(icons.icon(entry, 30, u"org.example.Ink"_s).toImage().pixel(15, 15), 0xFF0A6CFF);
-    EXPECT_TRUE(icons.icon(mac.root().appending(u"x.desktop"_s), 30, u"no.such.name"_s).isNull());
-    QIcon::setFallbackSearchPaths(before);
+}
+
+TEST_F(AppIconsTests, aNameThatNoThemeHasIsLookedForOnce)
+{
+    const FileURL entry = mac.root().appending(u"x.desktop"_s);
+    QSignalSpy loaded(&icons, &AppIcons::loaded);
+    (void)icons.icon(entry, 30, u"no.such.name"_s);
+    ASSERT_TRUE(loaded.wait(20'000));
+    EXPECT_TRUE(icons.icon(entry, 30, u"no.such.name"_s).isNull());
+    turnFrame();
+    EXPECT_EQ(loaded.size(), 1);
+}
+
+TEST_F(AppIconsTests, ofManyInTheThemeTheLastComesFirstAndOthersHaveTheirTurnInBetween)
+{
+    useThemeWith(u"org.example.Ink"_s);
+    QStringList order;
+    QObject::connect(&icons, &AppIcons::loaded, &icons, [&](const FileURL& source) {
+        order.append(source.lastPathComponent());
+        QMetaObject::invokeMethod(&icons, [&] { order.append(u"another"_s); }, Qt::QueuedConnection);
+    });
+    for (const QString& name : {u"a"_s, u"b"_s, u"c"_s})
+        (void)icons.icon(mac.root().appending(name), 30, u"org.example.Ink"_s);
+    turnUntil([&] { return order.size() == 6; });
+    EXPECT_EQ(order, (QStringList{u"c"_s, u"another"_s, u"b"_s, u"another"_s, u"a"_s, u"another"_s}));
 }
 
 TEST_F(AppIconsTests, eachSizeIsAPictureOfItsOwn)
