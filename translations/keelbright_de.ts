@@ -1876,6 +1876,12 @@ Eingebaut: die Schrift Material Design Icons (SIL Open Font License 1.1, ihre Bi
         <translation>Abbrechen</translation>
     </message>
     <message>
+        <source>The app is installed for all users and stays.
+Associated files (%1) can be moved to Trash.</source>
+        <translation>Die App ist für alle Benutzer installiert und bleibt.
+Zugehörige Dateien (%1) können in den Papierkorb gelegt werden.</translation>
+    </message>
+    <message>
         <source>The app belongs to a package. This command removes it: %1
 Associated files (%2) can be moved to Trash.</source>
         <translation>Die App gehört zu einem Paket. Dieser Befehl entfernt sie: %1

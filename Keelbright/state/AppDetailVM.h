@@ -48,8 +48,9 @@ public:
 
     void setShowDeleteConfirm(bool show) { m_showDeleteConfirm = show; }
 
-    /// Whether the application itself can be moved to the Trash; one that belongs to a package can't.
-    [[nodiscard]] bool canMoveApp() const { return m_app.removalCommand.isEmpty(); }
+    /// Whether the application itself can be moved to the Trash; one that belongs to a package or to all
+    /// users can't.
+    [[nodiscard]] bool canMoveApp() const { return m_app.removalCommand.isEmpty() && !m_app.isForAllUsers; }
 
     /// Looks in the background for what the application keeps outside its bundle. A search that is under
     /// way ends before its next place, and so does one whose model goes.

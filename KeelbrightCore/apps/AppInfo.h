@@ -33,10 +33,9 @@ struct AppFacts
     std::optional<QDateTime> dateAdded = {}; ///< UTC
     bool hasUsageRecord = true;              ///< false where nothing on this machine records any use
     std::optional<qint64> sizeBytes = {};    ///< where its package or its file reports it
-    QString program = {};                    ///< the file name of its executable; empty where unknown
     QString themeIcon = {};                  ///< in the icon theme, or an absolute path; empty for a bundle
-    /// The command that removes it, where it belongs to a package; else the user may move it to the Trash.
-    QString removalCommand = {};
+    QString removalCommand = {};             ///< where it belongs to a package: what removes it
+    bool isForAllUsers = false;              ///< the user can not move it to the Trash
 };
 
 /// One installed application with the verdict on its use, which is made once and then kept; the

@@ -1,11 +1,11 @@
 #include "KeelbrightCore/apps/LinuxApps.h"
 
-#include "KeelbrightCore/apps/AppImages.h"
 #include "KeelbrightCore/apps/ContainedPackages.h"
 #include "KeelbrightCore/apps/DpkgPackages.h"
 #include "KeelbrightCore/apps/UsageRecords.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/files/PlaceOnVolume.h"
+#include "KeelbrightCore/platform/system/AppImages.h"
 
 #include <algorithm>
 
@@ -54,6 +54,12 @@ public:
     }
 
 private:
+    [[nodiscard]] bool isUsersOwn(const DesktopApplication& application) const
+    {
+        return application.dataFolder == m_files.applicationSupportDirectory() ||
+               isAtOrBelow(application.file, m_files.homeDirectory());
+    }
+
     [[nodiscard]] PackageFacts packageOf(const DesktopApplication& application) const
     {
         if (const auto facts = ContainedPackages::flatpak(application, m_files))
@@ -65,26 +71,18 @@ private:
         return {.installed = m_files.modificationDate(application.file)};
     }
 
-    /// The AppImage that the entry runs; null where it runs none.
-    [[nodiscard]] const AppImage* imageOf(const DesktopApplication& application) const
-    {
-        const FileURL program = m_files.systemLocation(application.entry.program());
-        const auto image = std::ranges::find(m_images, program, &AppImage::file);
-        return image == m_images.end() ? nullptr : &*image;
-    }
-
     AppFacts factsOf(const DesktopApplication& application)
     {
         AppFacts facts{.name = application.entry.name.isEmpty() ? application.id : application.entry.name,
                        .bundleID = application.id,
                        .url = application.file};
-        if (const AppImage* image = imageOf(application)) {
+        if (const AppImage* image = imageOf(application, m_images, m_files)) {
             m_imagesInMenu.append(image->file);
             takeImage(facts, *image);
         } else {
             takePackage(facts, packageOf(application));
+            facts.isForAllUsers = !isUsersOwn(application);
         }
-        facts.program = ownProgramOf(application.entry);
         facts.themeIcon = application.entry.icon;
         const std::optional<AppUse> use = m_usage.of(application);
         facts.hasUsageRecord = use.has_value();
@@ -99,7 +97,6 @@ private:
     {
         AppFacts facts{.name = image.name, .bundleID = image.file.lastPathComponent()};
         takeImage(facts, image);
-        facts.program = image.file.lastPathComponent();
         facts.hasUsageRecord = false;
         return facts;
     }

@@ -1,10 +1,10 @@
 #include "KeelbrightCore/apps/LinuxLeftovers.h"
 
-#include "KeelbrightCore/apps/AppImages.h"
 #include "KeelbrightCore/apps/UsageRecords.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/files/MachinePlaces.h"
 #include "KeelbrightCore/platform/files/PlaceOnVolume.h"
+#include "KeelbrightCore/platform/system/AppImages.h"
 
 #include <algorithm>
 #include <functional>
@@ -100,10 +100,9 @@ private:
     /// Without its AppImage the entry would lead nowhere.
     void appendEntryOfImage(const DesktopApplication& application)
     {
-        const FileURL program = m_files.systemLocation(application.entry.program());
         const QList<AppImage> images = appImages(m_files);
-        const bool runsImage = std::ranges::find(images, program, &AppImage::file) != images.end();
-        if (runsImage && isAtOrBelow(application.file, m_files.homeDirectory()))
+        if (imageOf(application, images, m_files) != nullptr &&
+            isAtOrBelow(application.file, m_files.homeDirectory()))
             append(application.file, Kind::other);
     }
 

@@ -2,7 +2,7 @@
 
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/files/MachinePlaces.h"
-#include "KeelbrightCore/platform/system/DesktopApplications.h"
+#include "KeelbrightCore/platform/system/AppImages.h"
 #include "KeelbrightCore/platform/system/Host.h"
 #include "KeelbrightCore/platform/system/ProgramVersion.h"
 
@@ -14,12 +14,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The names in the desktop's menu, each once.
-QStringList applicationsInMenu(const FileManager& fileManager)
+/// The names in the desktop's menu and those of the AppImages that it does not run, each once.
+QStringList applicationsOfDesktop(const FileManager& fileManager)
 {
     QStringList names;
-    for (const DesktopApplication& application : desktopApplications(fileManager))
+    QList<AppImage> images = appImages(fileManager);
+    for (const DesktopApplication& application : desktopApplications(fileManager)) {
         names.append(application.entry.name.isEmpty() ? application.id : application.entry.name);
+        if (const AppImage* image = imageOf(application, images, fileManager))
+            images.removeAt(image - images.constData());
+    }
+    for (const AppImage& image : images)
+        names.append(image.name);
     std::sort(names.begin(), names.end());
     names.removeDuplicates();
     return names;
@@ -28,7 +34,7 @@ QStringList applicationsInMenu(const FileManager& fileManager)
 QStringList installedApps(const FileManager& fileManager)
 {
     if (!MachinePlaces(fileManager).isMac())
-        return applicationsInMenu(fileManager);
+        return applicationsOfDesktop(fileManager);
     const auto entries = fileManager.contentsOfDirectory(MachinePlaces(fileManager).sharedBundleFolder(), {});
     if (!entries)
         return {};

@@ -55,7 +55,6 @@ TEST_F(LinuxAppsTests, anApplicationOfAPackageHasWhatThePackageKnows)
     EXPECT_EQ(files.sizeBytes, 3'900 * 1'024);
     EXPECT_EQ(files.dateAdded, daysAgo(700));
     EXPECT_EQ(files.removalCommand, u"sudo apt remove nautilus"_s);
-    EXPECT_EQ(files.program, u"nautilus"_s);
     EXPECT_EQ(files.themeIcon, u"org.gnome.Nautilus"_s);
 }
 
@@ -66,12 +65,10 @@ TEST_F(LinuxAppsTests, aFlatpakAndASnapHaveTheirOwn)
     EXPECT_EQ(maps.version, u"45.2"_s);
     EXPECT_EQ(maps.sizeBytes, 12'345'678);
     EXPECT_EQ(maps.removalCommand, u"flatpak uninstall org.gnome.Maps"_s);
-    EXPECT_EQ(maps.program, QString()) << "flatpak runs it";
     const AppFacts firefox = named(u"Firefox"_s);
     EXPECT_EQ(firefox.bundleID, u"firefox_firefox"_s);
     EXPECT_EQ(firefox.version, u"121.0-1"_s);
     EXPECT_EQ(firefox.removalCommand, u"sudo snap remove firefox"_s);
-    EXPECT_EQ(firefox.program, u"firefox"_s);
 }
 
 TEST_F(LinuxAppsTests, anAppImageWithAnEntryIsOneApplicationAndItsFileIsWhatCanGo)
@@ -94,6 +91,18 @@ TEST_F(LinuxAppsTests, anAppImageWithoutAnEntryIsListedByItsFile)
     EXPECT_EQ(keys.version, u"2.7.6"_s);
     EXPECT_EQ(keys.bundleID, u"KeePassXC-2.7.6-x86_64.AppImage"_s);
     EXPECT_FALSE(keys.hasUsageRecord);
+}
+
+TEST_F(LinuxAppsTests, onlyWhatLiesInTheUsersOwnFolderOfDataIsTheUsersOwn)
+{
+    const QByteArray entry = "[Desktop Entry]\nType=Application\nName=";
+    machine.files().text("usr/local/share/applications/a.desktop", entry + "Shared\n");
+    machine.files().text("home/mira/.local/share/applications/b.desktop", entry + "Own\n");
+    home.addAppImage("Downloads/Own-1.0.AppImage", 1'000, 5);
+    EXPECT_TRUE(named(u"Shared"_s).isForAllUsers);
+    EXPECT_EQ(named(u"Shared"_s).removalCommand, QString());
+    for (const AppFacts& app : LinuxApps::installed(machine.fileManager()))
+        EXPECT_EQ(app.isForAllUsers, app.name == u"Shared"_s) << app.name.toStdString();
 }
 
 TEST_F(LinuxAppsTests, theScanJudgesThemLikeAnyApplication)

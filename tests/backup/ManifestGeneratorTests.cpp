@@ -134,19 +134,22 @@ TEST_F(ManifestGeneratorTest, filesAndFoldersOfTheHomeArePresent)
     EXPECT_TRUE(generate().dotfilesPresent.value(u".ssh"_s));
 }
 
-TEST_F(ManifestGeneratorTest, ofAnotherDesktopTheApplicationsAreThoseOfItsMenu)
+TEST_F(ManifestGeneratorTest, ofAnotherDesktopTheApplicationsAreThoseOfItsMenuAndTheOtherAppImages)
 {
     const TestLinux linuxMachine;
     const EnvironmentVariable language("LC_ALL");
     language.set("de_DE.UTF-8");
-    linuxMachine.madeUp(MadeUpLinux::Desktop::gnome).addApplications();
+    const MadeUpLinux home = linuxMachine.madeUp(MadeUpLinux::Desktop::gnome);
+    home.addApplications();
+    home.addAppImage("Downloads/KeePassXC-2.7.6-x86_64.AppImage", 1'000, 5);
     linuxMachine.files().text("usr/share/applications/second.desktop",
                               "[Desktop Entry]\nType=Application\nName=Maps\n");
     linuxMachine.files().text("usr/share/applications/hidden.desktop",
                               "[Desktop Entry]\nType=Application\nName=Hidden\nNoDisplay=true\n");
     linuxMachine.files().folder("home/mira/.ssh");
     const BackupManifest manifest = generate();
-    EXPECT_EQ(manifest.installedApps, (QStringList{u"Dateien"_s, u"Firefox"_s, u"Krita"_s, u"Maps"_s}));
+    EXPECT_EQ(manifest.installedApps,
+              (QStringList{u"Dateien"_s, u"Firefox"_s, u"KeePassXC"_s, u"Krita"_s, u"Maps"_s}));
     EXPECT_EQ(manifest.shellInfo, u"/bin/zsh"_s);
     EXPECT_EQ(
         manifest.dotfilesPresent,

@@ -124,6 +124,11 @@ QString AppDetailPanel::question() const
     const QString size = ByteCountFormatter::string(m_model.totalLeftoverBytes());
     if (m_model.canMoveApp())
         return tr("Associated files (%1) will also be moved to Trash.").arg(size);
+    if (m_model.app().removalCommand.isEmpty()) {
+        return tr("The app is installed for all users and stays.\nAssociated files (%1) can be moved to "
+                  "Trash.")
+            .arg(size);
+    }
     return tr("The app belongs to a package. This command removes it: %1\nAssociated files (%2) can be "
               "moved to Trash.")
         .arg(m_model.app().removalCommand, size);

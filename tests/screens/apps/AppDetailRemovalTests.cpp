@@ -66,6 +66,23 @@ TEST_F(AppDetailRemovalTests, ofAnAppThatBelongsToAPackageOnlyTheFilesCanGo)
     EXPECT_EQ(removed.size(), 0);
 }
 
+TEST_F(AppDetailRemovalTests, anAppForAllUsersStaysAndItsFilesCanGo)
+{
+    made.addLibrary();
+    addApplications();
+    AppFacts facts = sketchbook();
+    facts.isForAllUsers = true;
+    const auto panel = makeSettledPanel(AppInfo(facts, mac.clock()()));
+    button(*panel, u"Remove…"_s)->click();
+    ASSERT_EQ(alerts.requests().size(), 1);
+    EXPECT_EQ(alerts.requests().first().message, u"The app is installed for all users and stays.\n"
+                                                 "Associated files (148 MB) can be moved to Trash."_s);
+    EXPECT_EQ(alerts.requests().first().action, u"Move Files to Trash"_s);
+    alerts.confirm();
+    EXPECT_TRUE(exists(bundle(u"Sketchbook"_s)));
+    EXPECT_FALSE(exists(mac.home().appending(u"Library/Application Support/Sketchbook"_s)));
+}
+
 TEST_F(AppDetailRemovalTests, appAndFilesGoToTheTrash)
 {
     made.addLibrary();

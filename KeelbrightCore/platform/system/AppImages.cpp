@@ -1,9 +1,10 @@
-#include "KeelbrightCore/apps/AppImages.h"
+#include "KeelbrightCore/platform/system/AppImages.h"
 
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/files/MachinePlaces.h"
 
 #include <QRegularExpression>
+#include <algorithm>
 
 namespace keelbright {
 
@@ -37,6 +38,14 @@ QList<AppImage> appImages(const FileManager& files)
         }
     }
     return found;
+}
+
+const AppImage* imageOf(const DesktopApplication& application, const QList<AppImage>& images,
+                        const FileManager& files)
+{
+    const FileURL program = files.systemLocation(application.entry.program());
+    const auto image = std::ranges::find(images, program, &AppImage::file);
+    return image == images.end() ? nullptr : &*image;
 }
 
 AppImage appImageNamed(const FileURL& file)

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "KeelbrightCore/platform/files/FileURL.h"
+#include "KeelbrightCore/platform/system/DesktopApplications.h"
 
-#include <QList>
 #include <QString>
 
 namespace keelbright {
@@ -18,8 +17,11 @@ struct AppImage
 };
 
 /// The AppImages in the folders of the home in which people keep them. Blocks while it reads; any thread.
-/// Internal to the application scanner.
 [[nodiscard]] QList<AppImage> appImages(const FileManager& files);
+
+/// The one that the entry of the menu runs; null where it runs none of them.
+[[nodiscard]] const AppImage* imageOf(const DesktopApplication& application, const QList<AppImage>& images,
+                                      const FileManager& files);
 
 /// What the name of a file says: of "Krita-5.2.2-x86_64.AppImage" the name is "Krita" and the version
 /// "5.2.2".

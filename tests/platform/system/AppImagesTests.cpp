@@ -1,4 +1,4 @@
-#include "KeelbrightCore/apps/AppImages.h"
+#include "KeelbrightCore/platform/system/AppImages.h"
 
 #include "tests/support/Printing.h"
 #include "tests/support/TestLinux.h"
