@@ -36,21 +36,26 @@ protected:
     {
         QImage picture(48, 48, QImage::Format_RGB32);
         picture.fill(QColor(0x0A, 0x6C, 0xFF));
-        const FileURL file = mac.writeFile("pixmaps/" + name.toUtf8() + ".png", "");
+        mac.writeFile("icons/MadeUp/index.theme",
+                      "[Icon Theme]\nName=MadeUp\nDirectories=48x48/apps\n\n[48x48/apps]\nSize=48\n");
+        const FileURL file = mac.writeFile("icons/MadeUp/48x48/apps/" + name.toUtf8() + ".png", "");
         ASSERT_TRUE(picture.save(file.path()));
-        QIcon::setFallbackSearchPaths({file.deletingLastPathComponent().path()});
+        QIcon::setThemeSearchPaths({mac.root().appending(u"icons"_s).path()});
+        QIcon::setThemeName(u"MadeUp"_s);
     }
 
     void TearDown() override
     {
-        QIcon::setFallbackSearchPaths(m_searchPaths);
+        QIcon::setThemeName(m_themeName);
+        QIcon::setThemeSearchPaths(m_searchPaths);
         ScreenTestCase::TearDown();
     }
 
     AppIcons icons;
 
 private:
-    const QStringList m_searchPaths = QIcon::fallbackSearchPaths();
+    const QString m_themeName = QIcon::themeName();
+    const QStringList m_searchPaths = QIcon::themeSearchPaths();
 };
 
 } // namespace
