@@ -154,7 +154,7 @@ QString FileError::localizedDescription() const
 
 QString FileError::description(bool systemKeepsProgramsOut) const
 {
-    const QString text = Texts::tr("“%1” could not be %2: %3.").arg(name, verb(operation), reasonText(*this));
+    QString text = Texts::tr("“%1” could not be %2: %3.").arg(name, verb(operation), reasonText(*this));
     if (!systemKeepsProgramsOut || !mayNeedConsent(*this))
         return text;
     return text + u' ' +
