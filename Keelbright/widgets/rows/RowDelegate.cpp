@@ -1,5 +1,6 @@
 #include "Keelbright/widgets/rows/RowDelegate.h"
 
+#include "Keelbright/widgets/DisplayText.h"
 #include "Keelbright/widgets/FocusRing.h"
 #include "Keelbright/widgets/rows/RowListView.h"
 #include "Keelbright/widgets/rows/RowPainting.h"
@@ -38,6 +39,22 @@ RowLayout RowDelegate::layoutIn(const QRect& rect, const ListRow& row) const
 RowLayout RowDelegate::layoutOf(const QModelIndex& index, const ListRow& row) const
 {
     return layoutIn(m_view->visualRect(index), row);
+}
+
+QStringList RowDelegate::cutTexts(const QModelIndex& index, const ListRow& row) const
+{
+    const RowLayout layout = layoutOf(index, row);
+    const auto isCut = [](const QRect& rect, FontRole font, const QString& text) {
+        return QFontMetrics(Theme::instance().font(font)).horizontalAdvance(text) > rect.width();
+    };
+    QStringList texts;
+    if (const QString title = keelbright::displayText(row.title);
+        isCut(layout.title, FontRole::bodyStrong, title))
+        texts.append(title);
+    if (const QString detail = keelbright::displayText(row.detail);
+        isCut(layout.detail, FontRole::secondary, detail))
+        texts.append(detail);
+    return texts;
 }
 
 void RowDelegate::setHoveredAction(int row, qsizetype action)

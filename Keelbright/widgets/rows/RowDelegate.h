@@ -24,6 +24,9 @@ public:
     [[nodiscard]] RowLayout layoutOf(const QModelIndex& index, const ListRow& row) const;
     [[nodiscard]] RowLayout layoutIn(const QRect& rect, const ListRow& row) const;
 
+    /// The title and the detail, each where its place is too narrow for all of it, as they are shown.
+    [[nodiscard]] QStringList cutTexts(const QModelIndex& index, const ListRow& row) const;
+
     /// The action under the pointer is highlighted; -1 for none.
     void setHoveredAction(int row, qsizetype action);
 

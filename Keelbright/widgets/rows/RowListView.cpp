@@ -383,18 +383,9 @@ QString RowListView::toolTipAt(const QPoint& position) const
     const ListRow row = m_model->rowAt(target.row);
     if (target.action >= 0)
         return row.actions.at(target.action).name;
-    const RowLayout layout = m_delegate->layoutOf(m_model->index(target.row), row);
-    const auto isCut = [](const QRect& rect, FontRole font, const QString& text) {
-        const QFontMetrics metrics(Theme::instance().font(font));
-        return metrics.horizontalAdvance(displayText(text)) > rect.width();
-    };
-    QStringList whole;
+    QStringList whole = m_delegate->cutTexts(m_model->index(target.row), row);
     if (!row.toolTip.isEmpty())
-        whole.append(displayText(row.toolTip));
-    if (isCut(layout.title, FontRole::bodyStrong, row.title))
-        whole.append(displayText(row.title));
-    if (isCut(layout.detail, FontRole::secondary, row.detail))
-        whole.append(displayText(row.detail));
+        whole.prepend(displayText(row.toolTip));
     return toolTipText(whole.join(u' '));
 }
 
