@@ -3,6 +3,7 @@
 #include "Keelbright/screens/apps/AppIcons.h"
 #include "Keelbright/screens/apps/LeftoverListModel.h"
 #include "tests/screens/shared/ScreenTestCase.h"
+#include "tests/support/EnglishNumbers.h"
 #include "tests/support/MadeUpApplication.h"
 #include "tests/support/WorkTimer.h"
 
@@ -132,6 +133,7 @@ TEST_F(AppListModelTests, thousandsAreSearchedBetweenTwoKeyStrokes)
 
 TEST(LeftoverListModel, isSoundAndShowsNameKindAndSize)
 {
+    const testing::EnglishNumbers english;
     LeftoverListModel model;
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
     model.setItems({{.url = FileURL::fromPath(u"/Users/mira/Library/Caches/org.example.ink"_s),

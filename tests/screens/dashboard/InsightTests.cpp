@@ -1,6 +1,7 @@
 #include "Keelbright/screens/dashboard/Insight.h"
 
 #include "KeelbrightCore/platform/text/UtcZone.h"
+#include "tests/support/EnglishNumbers.h"
 #include "tests/support/Printing.h"
 
 #include <gtest/gtest.h>
@@ -39,6 +40,7 @@ QList<AppInfo> appsOf(const QList<UsageCategory>& categories)
 
 TEST(Insights, storageShowsUsedAndTotal)
 {
+    const testing::EnglishNumbers english;
     const Insight insight = Insights::storage(scoreWithDisk(312'400'000'000, 494'380'000'000));
     EXPECT_EQ(insight.title, u"Storage"_s);
     EXPECT_EQ(insight.value, u"312.4 GB used"_s);
@@ -129,6 +131,7 @@ TEST(Insights, lastBackupTurnsRedAtSevenDays)
 
 TEST(Insights, junkShowsItsSize)
 {
+    const testing::EnglishNumbers english;
     const Insight insight = Insights::junk(scoreWithDisk(1, 2));
     EXPECT_EQ(insight.title, u"Junk"_s);
     EXPECT_EQ(insight.value, u"412.6 MB"_s);

@@ -1,6 +1,7 @@
 #include "Keelbright/screens/storage/StorageNodeRow.h"
 
 #include "Keelbright/widgets/rows/RowLayout.h"
+#include "tests/support/EnglishNumbers.h"
 
 #include <QAbstractItemModelTester>
 #include <QUuid>
@@ -89,6 +90,7 @@ TEST(StorageNodeRow, aTotalOfZeroMakesNoShare)
 
 TEST(StorageNodeRow, aSingleFileIsRed)
 {
+    const testing::EnglishNumbers english;
     const ListRow shown = row(u"film.mov"_s, false, 2'500'000, 2'500'000).listRow();
     EXPECT_EQ(shown.title, u"film.mov"_s);
     EXPECT_EQ(shown.value, u"2.5 MB"_s);
