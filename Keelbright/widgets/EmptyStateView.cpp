@@ -1,6 +1,6 @@
 #include "Keelbright/widgets/EmptyStateView.h"
 
-#include "Keelbright/widgets/Label.h"
+#include "Keelbright/widgets/BalancedLabel.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 
 #include <QHBoxLayout>
@@ -32,10 +32,9 @@ EmptyStateView::EmptyStateView(const QString& title, const QString& message, con
 
     m_column->addWidget(new SymbolLabel(icon, iconSize, Role::emptyMark, this), 0, Qt::AlignHCenter);
     m_column->addSpacing(8);
-    auto* titleLabel = makeWrappingLabel(title, FontRole::headline, Role::primaryText, this);
-    auto* messageLabel = makeWrappingLabel(message, FontRole::body, Role::secondaryText, this);
-    for (Label* label : {titleLabel, messageLabel}) {
-        label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    auto* titleLabel = new BalancedLabel(title, FontRole::headline, Role::primaryText, this);
+    auto* messageLabel = new BalancedLabel(message, FontRole::body, Role::secondaryText, this);
+    for (BalancedLabel* label : {titleLabel, messageLabel}) {
         label->setMaximumWidth(readableWidth);
         // The stretches beside the label grow only after it has its readable width.
         auto* line = new QHBoxLayout;

@@ -1,7 +1,7 @@
 #include "Keelbright/widgets/PanelNote.h"
 
 #include "Keelbright/widgets/Announcement.h"
-#include "Keelbright/widgets/Label.h"
+#include "Keelbright/widgets/BalancedLabel.h"
 #include "Keelbright/widgets/Progress.h"
 #include "Keelbright/widgets/SymbolLabel.h"
 
@@ -34,9 +34,7 @@ PanelNote::PanelNote(QWidget* picture, const QString& title, const QString& deta
     layout->addWidget(picture, 0, Qt::AlignHCenter);
     layout->addSpacing(8);
     const auto addText = [this, layout](const QString& text, FontRole font, Role role) {
-        auto* label = makeWrappingLabel(text, font, role, this);
-        label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-        layout->addWidget(label);
+        layout->addWidget(new BalancedLabel(text, font, role, this));
     };
     addText(title, FontRole::sectionTitle, Role::primaryText);
     if (!detail.isEmpty())
