@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 bool isNoKey(const QString& literal)
 {
     static const QRegularExpression other(
-        u"^(com|org|kb|www|io)\\.|\\.(com|json|md|csv|ttf|plist|ini|app|tmp|txt|png|icns|lproj|strings|trashinfo)$"_s);
+        u"^(com|org|kb|www|io)\\.|\\.(com|json|md|csv|ttf|plist|ini|app|tmp|txt|png|icns|lproj|strings|trashinfo|log|log\\.1|d)$"_s);
     return other.match(literal).hasMatch();
 }
 
