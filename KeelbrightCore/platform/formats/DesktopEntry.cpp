@@ -26,7 +26,7 @@ std::optional<Group> entryGroup(const QByteArray& data)
             continue;
         }
         const qsizetype sign = line.indexOf('=');
-        if (isInside && sign > 0 && !line.startsWith('#'))
+        if (isInside && group && sign > 0 && !line.startsWith('#'))
             group->insert(line.left(sign).trimmed(), line.mid(sign + 1).trimmed());
     }
     return group;
