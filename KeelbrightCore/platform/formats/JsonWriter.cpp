@@ -68,9 +68,9 @@ char* escapedUtf8(QStringView text, char* out)
                 out = escaped(character, out);
             else
                 *out++ = static_cast<char>(character);
-        } else if (!QChar::isSurrogate(character)) {
-            out = utf8(character, out);
-        } else if (QChar::isHighSurrogate(character) && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
+        } else if (!text[i].isSurrogate()) {
+            out = utf8(static_cast<char32_t>(character), out);
+        } else if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
             out = utf8(QChar::surrogateToUcs4(character, text[++i].unicode()), out);
         } else {
             out = hexEscaped(character, out);
