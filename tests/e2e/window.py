@@ -31,6 +31,11 @@ def wait_until(condition, what, patience=PATIENCE):
         time.sleep(PAUSE)
 
 
+def role_of(accessible):
+    role = accessible.getRoleName()
+    return "push button" if role == "button" else role  # its name from AT-SPI 2.53 on
+
+
 class Element:
     """One element of the accessibility tree."""
 
@@ -47,7 +52,7 @@ class Element:
 
     @property
     def role(self):
-        return self.accessible.getRoleName()
+        return role_of(self.accessible)
 
     @property
     def description(self):
@@ -145,7 +150,7 @@ class Element:
             try:
                 if accessible is not self.accessible and not accessible.getState().contains(pyatspi.STATE_SHOWING):
                     continue
-                role, name = accessible.getRoleName(), accessible.name
+                role, name = role_of(accessible), accessible.name
                 children = [child for child in accessible if child is not None]
             except (LookupError, ValueError, GLib.Error):
                 continue
