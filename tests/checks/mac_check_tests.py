@@ -207,6 +207,14 @@ class MacCheckTests(unittest.TestCase):
 
     # the compiler
 
+    def test_a_compiler_that_does_not_come_in_time_is_skipped(self):
+        npm = self.write("bin/npm", "#!/bin/sh\nexec sleep 60\n")
+        npm.chmod(0o755)
+        with mock.patch.dict(os.environ, {"PATH": f"{npm.parent}:{os.environ['PATH']}"}), \
+                mock.patch.object(self.check, "PATIENCE", 0.2):
+            with self.assertRaisesRegex(self.check.Skipped, "could not be fetched in 0.2 seconds"):
+                self.check.install()
+
     def test_without_npm_it_is_skipped_with_its_reason(self):
         script = self.root / "tools/mac-check"
         script.parent.mkdir()
