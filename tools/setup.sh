@@ -70,7 +70,7 @@ missing_packages() {
 print_needs() {
     printf '%s\n' "This system has no apt-get, so nothing is installed from here. What has to be there:" \
         "  g++ 12 or clang 19, CMake 3.25, Ninja, Qt 6.4 with Svg, DBus and LinguistTools, ICU 72," \
-        "  OpenSSL 3, libcurl 7.87, and the font Material Design Icons (where it is not found:" \
+        "  OpenSSL 3, libcurl 7.87, SQLite 3.40, and the font Material Design Icons (where it is not found:" \
         "  cmake -DKEELBRIGHT_SYMBOL_FONT=.../materialdesignicons-webfont.ttf);" \
         "  for the tests also GoogleTest and Google Benchmark."
 }
