@@ -78,7 +78,11 @@ void BackupTask::wait()
 
 void BackupTask::waitForMainThread()
 {
-    if (m_runThread.until([this] { return !isPending(); }, m_mainThread))
+    const auto isMade = [this] { return !isPending(); };
+    if (m_runThread.until(isMade, m_mainThread))
+        return;
+    // On one processor each change would cost two wake-ups: they take turns there.
+    if (m_runThread.leaveProcessorOf(m_mainThread) && m_runThread.until(isMade, m_mainThread))
         return;
     m_isRunAsleep = true;
     // The change may have been made just before the line above, and then nobody wakes this thread.

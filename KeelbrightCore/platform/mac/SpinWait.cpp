@@ -7,4 +7,9 @@ int SpinWait::currentProcessor()
     return unknownProcessor; // this system moves threads as it likes, and does not report it
 }
 
+bool SpinWait::moveAwayFrom(int)
+{
+    return false; // nor can it be asked to
+}
+
 } // namespace keelbright

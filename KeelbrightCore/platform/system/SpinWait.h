@@ -37,10 +37,18 @@ public:
         return condition();
     }
 
+    /// Where both threads were last noted on the same processor, lets the system go on with this one on
+    /// another, at most once a millisecond. Whether this thread is on another one now. Only where the system
+    /// has such a call, and another processor that this thread may use.
+    [[nodiscard]] bool leaveProcessorOf(const SpinWait& other);
+
 private:
+    using Clock = std::chrono::steady_clock;
+
     static constexpr int unknownProcessor = -1;
 
     [[nodiscard]] static int currentProcessor();
+    [[nodiscard]] static bool moveAwayFrom(int processor);
     static void pause();
 
     [[nodiscard]] bool isOnProcessorOf(const SpinWait& other) const
@@ -49,6 +57,7 @@ private:
     }
 
     std::atomic<int> m_processor = unknownProcessor;
+    Clock::time_point m_lastMove; ///< or the last try
 };
 
 } // namespace keelbright
