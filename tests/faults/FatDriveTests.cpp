@@ -104,6 +104,44 @@ TEST_F(FatDriveTest, keepsTheFirstOfTwoFilesThatDifferInCaseOnly)
     }
 }
 
+TEST_F(FatDriveTest, copiesTheSecondOfTwoSpellingsWhereTheFirstCouldNotBe)
+{
+    constexpr int pairs = 16;
+    makeFile("target");
+    const auto makeLink = [this](const QByteArray& name) {
+        return ::symlink("target", documents.appendingNative(name).nativePath().constData()) == 0;
+    };
+    for (int pair = 0; pair < pairs; ++pair) {
+        const QByteArray number = QByteArray::number(pair);
+        // Some drives list the older of two names first, some the newer.
+        const bool isLinkOlder = pair % 2 == 0;
+        ASSERT_TRUE(!isLinkOlder || makeLink("PAIR" + number));
+        mac.writeFile("Users/mira/Documents/pair" + number, number);
+        ASSERT_TRUE(isLinkOlder || makeLink("PAIR" + number));
+    }
+
+    const QByteArrayList order = walkingOrder();
+    QStringList lines;
+    int linksBeforeTheirFile = 0;
+    for (const QByteArray& name : order) {
+        if (!name.startsWith("PAIR"))
+            continue;
+        const bool isFirst = order.indexOf(name) < order.indexOf(name.toLower());
+        linksBeforeTheirFile += isFirst ? 1 : 0;
+        lines += isFirst ? skipLine(name, "copied: the drive can't hold symbolic links.") : caseLine(name);
+    }
+    ASSERT_GT(linksBeforeTheirFile, 0);
+    ASSERT_LT(linksBeforeTheirFile, pairs);
+
+    run({documents});
+    EXPECT_EQ(progress().errors, lines);
+    EXPECT_EQ(progress().filesCopied, pairs + 1);
+    EXPECT_EQ(progress().filesSkipped, pairs);
+    EXPECT_EQ(everythingBelow(mirrored("Documents")).size(), pairs + 1);
+    for (int pair = 0; pair < pairs; ++pair)
+        EXPECT_EQ(copyOf("pair" + QByteArray::number(pair)), QByteArray::number(pair));
+}
+
 TEST_F(FatDriveTest, refreshesAFileThatWasRenamedInCaseOnly)
 {
     mac.writeFile("Users/mira/Documents/photo.JPG", "old");

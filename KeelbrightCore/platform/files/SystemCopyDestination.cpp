@@ -104,8 +104,8 @@ bool SystemCopyDestination::isInPlace()
 
 qsizetype SystemCopyDestination::maximumPrepared()
 {
-    // Where case folds, each name is compared with those that are on the drive already. Where files can't
-    // be without a name, a kill leaves the temporary names of all that are prepared.
+    // Where case folds, a plan depends on whether the copies planned before it have got their names. Where
+    // files can't be without a name, a kill leaves the temporary names of all that are prepared.
     return m_letterCase.folds() || !hasUnnamedFiles() ? 1 : m_maximumPrepared;
 }
 
