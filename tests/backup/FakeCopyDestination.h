@@ -22,7 +22,9 @@ public:
     [[nodiscard]] QByteArrayList lines() const
     {
         const QMutexLocker locker(&m_mutex);
-        return m_lines;
+        QByteArrayList lines = m_lines;
+        lines.detach(); // what is shared would be read without the lock
+        return lines;
     }
 
     /// The names in the lines that begin with this step, in their order.
