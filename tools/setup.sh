@@ -66,12 +66,12 @@ missing_packages() {
     done
 }
 
-# What another system than Debian has to have, where nothing can be installed from here.
+# What another system than Debian 12 has to have, where not all of it can be installed from here.
 print_needs() {
-    printf '%s\n' "This system has no apt-get, so nothing is installed from here. What has to be there:" \
+    printf '%s\n' "What has to be there:" \
         "  g++ 12 or clang 19, CMake 3.25, Ninja, Qt 6.4 with Svg, DBus and LinguistTools, ICU 72," \
         "  OpenSSL 3, libcurl 7.87, SQLite 3.40, and the font Material Design Icons (where it is not found:" \
-        "  cmake -DKEELBRIGHT_SYMBOL_FONT=.../materialdesignicons-webfont.ttf);" \
+        "  cmake --preset run -DKEELBRIGHT_SYMBOL_FONT=.../materialdesignicons-webfont.ttf);" \
         "  for the tests also GoogleTest and Google Benchmark."
 }
 
@@ -93,6 +93,7 @@ fetch_package_lists() {
 # install_packages SECTION...: installs what is missing; touches nothing where nothing is.
 install_packages() {
     if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
+        printf 'This system has no apt-get, so nothing is installed from here.\n'
         print_needs
         return 0
     fi
@@ -113,13 +114,17 @@ install_packages() {
     # A third-party list that can't be fetched must not stop packages that Debian itself has.
     local has_lists=true
     fetch_package_lists "$logs/package-lists.log" || has_lists=false
+    # In English, in which the cause of a failure is looked for.
     # shellcheck disable=SC2086
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install --no-install-recommends -y \
+    "${as_root[@]}" env LC_ALL=C DEBIAN_FRONTEND=noninteractive apt-get install --no-install-recommends -y \
         -o Acquire::Retries=3 -o DPkg::Lock::Timeout=300 $missing >"$stage_log" 2>&1 </dev/null || {
         tail -n 5 "$stage_log" >&2
         if ! $has_lists; then
             printf 'The lists of packages could not be fetched. Is there a network?\n' >&2
             grep -m 2 '^[EW]: ' "$logs/package-lists.log" >&2 || true
+        elif grep -Eq '^E: (Unable to locate package|Package .* has no installation candidate)' "$stage_log"; then
+            printf 'These lists of packages do not have them all.\n' >&2
+            print_needs >&2
         fi
         return 1
     }
@@ -169,7 +174,9 @@ build() {
     local preset=$1
     shift
     begin "building ${*:-everything}" "$logs/$preset-build.log"
-    cmake --build --preset "$preset" -j "$(nproc)" ${1:+--target "$@"} 2>&1 | tee "$stage_log" | show_progress
+    # Where no locale is set Qt's tools ask for one of UTF-8; for the build alone, the tests do without.
+    env LC_CTYPE="${LC_ALL:-${LC_CTYPE:-${LANG:-C.UTF-8}}}" \
+        cmake --build --preset "$preset" -j "$(nproc)" ${1:+--target "$@"} 2>&1 | tee "$stage_log" | show_progress
 }
 
 # run_tests PRESET [OPTION...]

@@ -50,8 +50,9 @@ class SetUpTests(unittest.TestCase):
         self.tree = Path(folder.name)
         self.commands = self.tree / "commands"
         (self.tree / "tools").mkdir()
+        (self.tree / ".ci").mkdir()
         self.commands.mkdir()
-        for name in ("run", "test", "tools/setup.sh", "tools/packages.txt"):
+        for name in ("run", "test", ".ci/run", "tools/check-package", "tools/setup.sh", "tools/packages.txt"):
             shutil.copy(ROOT / name, self.tree / name)
         for name in REAL:
             (self.commands / name).symlink_to(shutil.which(name))
@@ -72,7 +73,7 @@ class SetUpTests(unittest.TestCase):
         (self.tree / name).touch()
 
     def start(self, script, display=":7"):
-        variables = {"PATH": str(self.commands), "LC_ALL": "C"} | ({"DISPLAY": display} if display else {})
+        variables = {"PATH": str(self.commands), "LC_ALL": "C.UTF-8"} | ({"DISPLAY": display} if display else {})
         return subprocess.run([self.tree / script], cwd=self.tree, env=variables, stdin=subprocess.DEVNULL,
                               capture_output=True, text=True, check=False)
 
@@ -129,11 +130,25 @@ class SetUpTests(unittest.TestCase):
         self.assertIn("Stopped while installing packages", result.stderr)
         self.assertFalse(self.has_built())
 
-    def test_a_package_that_is_missing_from_whole_lists_is_not_blamed_on_the_network(self):
-        self.mark("packages-missing")
+    def test_packages_that_whole_lists_lack_are_named_with_all_that_has_to_be_there(self):
+        for failure in ("E: Unable to locate package cmake", "E: Package 'cmake' has no installation candidate"):
+            with self.subTest(failure):
+                self.put(self.commands / "apt-get",
+                         f'[ "$1" = update ] || {{ [ "$LC_ALL" = C ] && echo "{failure}"; exit 100; }}')
+                result = self.start("run")
+                self.assertEqual(result.returncode, 1)
+                self.assertEqual(result.stderr.splitlines()[:3],
+                                 [failure, "These lists of packages do not have them all.", "What has to be there:"])
+                self.assertIn("Qt 6.4", result.stderr)
+                self.assertNotIn("network", result.stderr)
+                self.assertFalse(self.has_built())
+
+    def test_another_failure_of_apt_is_not_blamed_on_the_lists(self):
+        self.put(self.commands / "apt-get", '[ "$1" = update ] || { echo "E: No space left on device"; exit 100; }')
         result = self.start("run")
         self.assertEqual(result.returncode, 1)
-        self.assertNotIn("network", result.stderr)
+        self.assertEqual(result.stderr.splitlines()[0], "E: No space left on device")
+        self.assertIn("Stopped while installing packages", result.stderr.splitlines()[1])
 
     def test_a_foreign_list_that_can_not_be_fetched_stops_nothing(self):
         self.mark("list-missing")
@@ -144,8 +159,9 @@ class SetUpTests(unittest.TestCase):
         (self.commands / "dpkg-query").unlink()
         result = self.start("run")
         self.assertEqual((result.returncode, result.stderr), (0, ""))
-        self.assertIn("This system has no apt-get, so nothing is installed from here. What has to be there:",
+        self.assertIn("This system has no apt-get, so nothing is installed from here.\nWhat has to be there:\n",
                       result.stdout)
+        self.assertIn("cmake --preset run -DKEELBRIGHT_SYMBOL_FONT=", result.stdout)
         self.assertIn("Qt 6.4", result.stdout)
         self.assertIn("the window", result.stdout)
 
@@ -181,6 +197,34 @@ class SetUpTests(unittest.TestCase):
         self.has_packages("build", "run", "tour")
         self.mark("sudo-refuses")
         self.assert_asks_for_root(self.start("test"), "test-build", "test")
+
+    def test_the_whole_check_installs_everything_before_it_configures_the_first_build(self):
+        self.put(self.tree / "tools/check-sources", "echo check-sources >>calls; exit 1") # where this one ends
+        result = self.start(".ci/run")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("Stopped while checking the sources.", result.stderr)
+        calls = [call.partition(" -j")[0] for call in self.calls() if not call.startswith("sudo ")]
+        self.assertEqual(calls, ["apt-get update", "apt-get install", "cmake --preset release -DKEELBRIGHT_WERROR=ON",
+                                 "cmake --build --preset release", "ctest --preset release", "check-sources"])
+        installed = (self.tree / "installed").read_text(encoding="ascii").split()
+        wanted = packages_of("build", "run", "tour", "test-build", "test", "check", "package")
+        self.assertEqual([name for name in wanted if name not in installed], [])
+
+    def test_a_failed_test_ends_the_whole_check(self):
+        self.has_packages("build", "run", "tour", "test-build", "test", "check", "package")
+        self.put(self.commands / "ctest", "exit 8")
+        result = self.start(".ci/run")
+        self.assertEqual(result.returncode, 8)
+        self.assertIn("Stopped while testing build/release", result.stderr)
+        self.assertIn("Stopped while running ./test.", result.stderr)
+
+    def test_a_build_without_the_package_says_how_it_gets_one(self):
+        (self.commands / "rm").symlink_to(shutil.which("rm"))
+        result = self.start("tools/check-package")
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(result.stderr.splitlines(),
+                         ["build/release: configured without dpkg-shlibdeps: install dpkg-dev and file, "
+                          "then configure again", "Stopped while packing the program."])
 
 
 if __name__ == "__main__":

@@ -65,7 +65,11 @@ class Element:
 
     @property
     def value(self):
-        return self.accessible.queryValue().currentValue
+        """None where the element has just disappeared."""
+        try:
+            return self.accessible.queryValue().currentValue
+        except (NotImplementedError, LookupError, GLib.Error):
+            return None
 
     def has(self, state):
         return self.accessible.getState().contains(state)

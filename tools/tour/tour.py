@@ -74,7 +74,7 @@ class Tour:
 
     def is_well_on_its_way(self):
         ring = self.window.seen("progress bar")
-        return ring is not None and ring.value >= 20
+        return ring is not None and (ring.value or 0) >= 20
 
     def backup(self):
         self.window.go_to("Protected Items")
