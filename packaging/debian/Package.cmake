@@ -37,9 +37,8 @@ caches and other junk, the installed applications and what they leave behind,
 what takes the space, an organizer for loose files. What is cleaned or removed
 goes to the Trash.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What the linker does not see: pictures in SVG, which Qt reads by a plug-in, and the certificates without
-# which every look-up over HTTPS fails.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, ca-certificates")
+# What the linker does not see: the certificates without which every look-up over HTTPS fails.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "ca-certificates")
 # Icons of applications in .icns, desktops without an X server, and the font of the window's design.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-image-formats-plugins, qt6-wayland, qt6-translations-l10n, fonts-inter")
 include(CPack)

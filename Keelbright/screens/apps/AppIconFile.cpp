@@ -6,6 +6,7 @@
 #include <QBuffer>
 #include <QImageReader>
 #include <QPainter>
+#include <QSvgRenderer>
 #include <QtEndian>
 #include <algorithm>
 
@@ -98,20 +99,27 @@ QImage decodeAs(const char* format, const QByteArray& data)
     return reader.read();
 }
 
-/// A drawing is drawn in the size that is wanted.
+/// Drawn in the size that is wanted. Not by Qt's plug-in, which is no part of every system's Qt.
+QImage drawSvg(const QByteArray& data, int side)
+{
+    QSvgRenderer renderer(data);
+    if (!renderer.isValid())
+        return {};
+    renderer.setAspectRatioMode(Qt::KeepAspectRatio);
+    QImage square(side, side, QImage::Format_ARGB32_Premultiplied);
+    square.fill(Qt::transparent);
+    QPainter painter(&square);
+    renderer.render(&painter);
+    return square;
+}
+
 QImage decodePicture(const QByteArray& format, const QByteArray& data, int side)
 {
     if (side <= 0)
         return {};
-    QBuffer buffer;
-    buffer.setData(data);
-    QImageReader reader(&buffer, format);
-    const QSize size = reader.size();
     if (format == "svg")
-        reader.setScaledSize(size.scaled(side, side, Qt::KeepAspectRatio));
-    else if (size.width() > AppIconFile::maximumSide || size.height() > AppIconFile::maximumSide)
-        return {};
-    const QImage picture = reader.read();
+        return drawSvg(data, side);
+    const QImage picture = decodeAs(format.constData(), data);
     return picture.isNull() ? picture : AppIconFile::asSquare(picture, side);
 }
 

@@ -44,6 +44,15 @@ QByteArray png(int width, int height, quint32 rgb)
     return buffer.data();
 }
 
+/// A rectangle of one colour that fills the whole drawing.
+QByteArray svg(int width, int height, const QByteArray& colour)
+{
+    const QByteArray size =
+        "width=\"" + QByteArray::number(width) + "\" height=\"" + QByteArray::number(height) + '"';
+    return "<svg xmlns=\"http://www.w3.org/2000/svg\" " + size + "><rect " + size + " fill=\"" + colour +
+           "\"/></svg>";
+}
+
 /// 16 pixels square in the older form: three planes of one colour, and a mask that lets the upper
 /// half through.
 QByteArray olderPicture(quint32 rgb)
@@ -200,6 +209,42 @@ TEST_F(AppIconFileTests, aPictureThatIsTooLargeIsNotDecoded)
     EXPECT_FALSE(AppIconFile::decode(icns(entry("ic10", png(side, 8, blue))), 32).isNull());
     EXPECT_TRUE(AppIconFile::decode(icns(entry("ic10", png(side + 1, 8, blue))), 32).isNull());
     EXPECT_TRUE(AppIconFile::decode(icns(entry("ic10", png(8, side + 1, blue))), 32).isNull());
+}
+
+TEST_F(AppIconFileTests, aDrawingIsDrawnInTheSizeThatIsWanted)
+{
+    for (const int side : {8, 300}) {
+        const FileURL file = mac.writeFile("icons/drop.svg", svg(side, side, "#0A6CFF"));
+        const QImage icon = AppIconFile::read(file, 30);
+        ASSERT_EQ(icon.size(), QSize(30, 30)) << side;
+        EXPECT_EQ(icon.pixel(0, 0), 0xFF000000U | blue) << side;
+        EXPECT_EQ(icon.pixel(29, 29), 0xFF000000U | blue) << side;
+    }
+}
+
+TEST_F(AppIconFileTests, aDrawingOfAnySizeTakesNoMoreThanTheSquare)
+{
+    const FileURL file = mac.writeFile("icons/drop.svg", svg(1'000'000, 1'000'000, "#0A6CFF"));
+    EXPECT_EQ(middleOf(AppIconFile::read(file, 30)), 0xFF000000U | blue);
+}
+
+TEST_F(AppIconFileTests, aDrawingThatIsNoSquareIsNotStretched)
+{
+    const FileURL file = mac.writeFile("icons/drop.svg", svg(128, 64, "#0A6CFF"));
+    const QImage icon = AppIconFile::read(file, 32);
+    ASSERT_EQ(icon.size(), QSize(32, 32));
+    EXPECT_EQ(middleOf(icon), 0xFF000000U | blue);
+    EXPECT_EQ(qAlpha(icon.pixel(16, 3)), 0);
+    EXPECT_EQ(qAlpha(icon.pixel(16, 28)), 0);
+}
+
+TEST_F(AppIconFileTests, aDrawingThatCanNotBeReadIsNone)
+{
+    for (const QByteArray& content :
+         {QByteArray(), QByteArray("<svg"), QByteArray("<html></html>"), png(8, 8, red)}) {
+        const FileURL file = mac.writeFile("icons/drop.svg", content);
+        EXPECT_TRUE(AppIconFile::read(file, 30).isNull()) << content.toStdString();
+    }
 }
 
 TEST_F(AppIconFileTests, aFileThatEndsAnywhereHasNoPictureOrItsOwn)
