@@ -60,6 +60,18 @@ bool isUsable(const QString& name)
     return isFileName(name.toUtf8());
 }
 
+/// The revision of the Snap that is used. Where there is none, a place at which nothing is.
+FileURL currentSnap(const QString& name, const QList<FileURL>& folders, const FileManager& files)
+{
+    FileURL current;
+    for (const FileURL& folder : folders) {
+        current = folder.appending(name).appending(u"current"_s);
+        if (files.fileExists(current).exists)
+            break;
+    }
+    return current;
+}
+
 qsizetype littleEndian(QByteArrayView bytes)
 {
     quint64 value = 0;
@@ -97,7 +109,7 @@ std::optional<PackageFacts> ContainedPackages::snap(const DesktopApplication& ap
     if (!isUsable(name))
         return std::nullopt;
     const LinuxPackages places = MachinePlaces(files).linuxPackages();
-    const FileURL current = places.snaps.appending(name).appending(u"current"_s);
+    const FileURL current = currentSnap(name, places.snaps, files);
     const QString revision = files.resolvingSymlinks(current).lastPathComponent();
     const FileURL file = places.snapFiles.appending(u"%1_%2.snap"_s.arg(name, revision));
     return PackageFacts{

@@ -4,6 +4,7 @@
 #include "tests/support/TestLinux.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace keelbright::testing {
@@ -75,6 +76,30 @@ TEST_F(ContainedPackagesTests, aSnapHasWhatIsInItAndTheSizeOfItsFile)
                                    .installed = machine.clock()().addDays(-90),
                                    .removalCommand = u"sudo snap remove firefox"_s}));
     EXPECT_EQ(ContainedPackages::flatpak(only(), machine.fileManager()), std::nullopt);
+}
+
+TEST_F(ContainedPackagesTests, aSnapIsKnownAlsoWhereSnapsAreMountedElsewhere)
+{
+    home.addSnap("firefox", "Firefox", "121.0-1", 90);
+    const auto at = [this](const QByteArray& path) {
+        return machine.root().appendingNative(path).nativePath().toStdString();
+    };
+    std::filesystem::rename(at("snap"), at("var/lib/snapd/snap"));
+    const auto facts = ContainedPackages::snap(only(), machine.fileManager());
+    ASSERT_TRUE(facts);
+    EXPECT_EQ(facts->version, u"121.0-1"_s);
+    EXPECT_EQ(facts->sizeBytes, 250'000);
+}
+
+TEST_F(ContainedPackagesTests, aSnapThatIsNotMountedHasItsCommandAlone)
+{
+    home.addSnap("firefox", "Firefox", "121.0-1", 90);
+    std::filesystem::remove_all(machine.root().appendingNative("snap").nativePath().toStdString());
+    const auto facts = ContainedPackages::snap(only(), machine.fileManager());
+    EXPECT_EQ(facts, (PackageFacts{.version = {},
+                                   .sizeBytes = {},
+                                   .installed = {},
+                                   .removalCommand = u"sudo snap remove firefox"_s}));
 }
 
 TEST_F(ContainedPackagesTests, deployDataOfAnyLengthIsRead)

@@ -123,6 +123,20 @@ TEST_F(DestinationDriveTest, noBackupStartsOntoAnEmptyMountPoint)
     EXPECT_FALSE(result.canProceed());
 }
 
+TEST_F(DestinationDriveTest, noBackupStartsOntoAFolderThatADriveHasLeftBehindBefore)
+{
+    mac.writeFile("Users/mira/Desktop/a.txt", "12345");
+    const FileURL left = mac.makeFolder("media/mira/Anchor");
+    state->setSelectedDestination(BackupDestination{QUuid::createUuid(), left});
+    const DestinationDrive watched(*state);
+    ASSERT_TRUE(becomes(true));
+    EXPECT_FALSE(state->confirmBackup());
+    const PreflightResult result = state->runPreflight(std::make_shared<Cancellation>()).result();
+    EXPECT_EQ(result.errors.value(0),
+              QStringLiteral("Destination folder does not exist or is not a directory."));
+    EXPECT_FALSE(result.canProceed());
+}
+
 TEST_F(DestinationDriveTest, noBackupStartsWhereTheDriveHasGoneAndNobodyKnowsYet)
 {
     mac.writeFile("Users/mira/Desktop/a.txt", "12345");

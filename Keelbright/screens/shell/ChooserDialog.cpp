@@ -1,6 +1,7 @@
 #include "Keelbright/screens/shell/ChooserDialog.h"
 
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/MachinePlaces.h"
 
 #include <QAbstractFileIconProvider>
 #include <QApplication>
@@ -60,15 +61,12 @@ constexpr int placeRole = Qt::UserRole + 1;
 QList<QUrl> shortcuts(const QList<MountedVolume>& volumes)
 {
     const FileManager& files = FileManager::defaultManager();
-    const FileURL home = files.homeDirectory();
-    const QString user = home.lastPathComponent();
-    QList<QUrl> urls{QUrl::fromLocalFile(home.path()), QUrl::fromLocalFile(u"/"_s)};
+    QList<QUrl> urls{QUrl::fromLocalFile(files.homeDirectory().path()), QUrl::fromLocalFile(u"/"_s)};
     for (const MountedVolume& volume : volumes)
         urls.append(QUrl::fromLocalFile(volume.point.path()));
-    for (const QString& place : {u"/Volumes"_s, u"/media/"_s + user, u"/run/media/"_s + user, u"/mnt"_s}) {
-        const FileURL url = files.systemLocation(place);
-        if (files.fileExists(url).isDirectory)
-            urls.append(QUrl::fromLocalFile(url.path()));
+    for (const FileURL& folder : MachinePlaces::ownVolumeFolders(files)) {
+        if (files.fileExists(folder).isDirectory)
+            urls.append(QUrl::fromLocalFile(folder.path()));
     }
     return urls;
 }

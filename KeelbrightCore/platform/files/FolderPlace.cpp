@@ -1,7 +1,10 @@
 #include "KeelbrightCore/platform/files/FolderPlace.h"
 
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/MachinePlaces.h"
 #include "KeelbrightCore/platform/files/MountPoints.h"
+
+#include <algorithm>
 
 namespace keelbright {
 
@@ -48,6 +51,19 @@ FileURL listedPlace(const FileURL& folder, const FileURL& resolved, const FileMa
     return deepestAbove(resolved, above);
 }
 
+/// Whether it is an empty folder where only desktops make folders, each for a drive that they mount there.
+/// They remove it with the drive, but not where the power goes first.
+bool isLeftBehind(const FileURL& resolved, const FileManager& files)
+{
+    const FileURL above = resolved.deletingLastPathComponent();
+    const QList<FileURL> places = MachinePlaces::desktopVolumeFolders(files);
+    const auto isAbove = [&](const FileURL& place) { return files.resolvingSymlinks(place) == above; };
+    if (std::ranges::none_of(places, isAbove))
+        return false;
+    const auto entries = files.contentsOfDirectory(resolved, {});
+    return entries && entries->isEmpty();
+}
+
 } // namespace
 
 FolderPlace placeOf(const FileURL& folder)
@@ -56,10 +72,12 @@ FolderPlace placeOf(const FileURL& folder)
     const FileURL resolved = files.resolvingSymlinks(folder);
     const QList<FileURL> mounted = mountPoints();
     const FileURL listed = listedPlace(folder, resolved, files);
+    const bool isMissing = listed != FileURL() && !mounted.contains(listed);
+    const bool isLeft = !mounted.contains(resolved) && isLeftBehind(resolved, files);
     return {.isFolder = files.fileExists(folder).isDirectory,
             .mountPoint = deepestAbove(resolved, mounted),
             // Without a table of mounts nothing can be said.
-            .isWithoutItsDrive = listed != FileURL() && !mounted.isEmpty() && !mounted.contains(listed)};
+            .isWithoutItsDrive = !mounted.isEmpty() && (isMissing || isLeft)};
 }
 
 bool lacksItsDrive(const FolderPlace& place, const FileURL& lastSeenAt)

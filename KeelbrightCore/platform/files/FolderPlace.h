@@ -9,8 +9,9 @@ struct FolderPlace
 {
     bool isFolder = false; ///< it exists, and is a folder
     FileURL mountPoint;    ///< of the drive that it lies on; "/" where that is unknown
-    /// It lies where the system's table of drives ("/etc/fstab") mounts one that is not there now, so that
-    /// what is written would go to the drive below.
+    /// It lies where the system's table of drives ("/etc/fstab") mounts one that is not there now, or it is
+    /// an empty folder in which a desktop has mounted one ("/media/USER/NAME"), so that what is written would
+    /// go to the drive below.
     bool isWithoutItsDrive = false;
 
     friend bool operator==(const FolderPlace&, const FolderPlace&) = default;

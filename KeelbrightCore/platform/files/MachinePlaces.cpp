@@ -85,7 +85,7 @@ LinuxPackages MachinePlaces::linuxPackages() const
     return {
         .dpkgStatus = m_files.systemLocation(u"/var/lib/dpkg/status"_s),
         .dpkgLists = m_files.systemLocation(u"/var/lib/dpkg/info"_s),
-        .snaps = m_files.systemLocation(u"/snap"_s),
+        .snaps = {m_files.systemLocation(u"/snap"_s), m_files.systemLocation(u"/var/lib/snapd/snap"_s)},
         .snapFiles = m_files.systemLocation(u"/var/lib/snapd/snaps"_s),
     };
 }
@@ -160,6 +160,25 @@ MacLibrary MachinePlaces::macLibrary() const
 FileURL MachinePlaces::metadataTool(const FileManager& files)
 {
     return files.systemLocation(u"/usr/bin/mdls"_s);
+}
+
+QList<FileURL> MachinePlaces::volumeFolders(const FileManager& files)
+{
+    return {files.systemLocation(u"/Volumes"_s), files.systemLocation(u"/media"_s),
+            files.systemLocation(u"/run/media"_s), files.systemLocation(u"/mnt"_s)};
+}
+
+QList<FileURL> MachinePlaces::ownVolumeFolders(const FileManager& files)
+{
+    return QList{files.systemLocation(u"/Volumes"_s)} + desktopVolumeFolders(files) +
+           QList{files.systemLocation(u"/mnt"_s)};
+}
+
+QList<FileURL> MachinePlaces::desktopVolumeFolders(const FileManager& files)
+{
+    const QString user = files.homeDirectory().lastPathComponent();
+    return {files.systemLocation(u"/media"_s).appending(user),
+            files.systemLocation(u"/run/media"_s).appending(user)};
 }
 
 QList<FileURL> MachinePlaces::systemFolders() const

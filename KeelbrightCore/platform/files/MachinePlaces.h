@@ -32,10 +32,10 @@ struct MacLibrary
 /// Where Linux systems keep what is known of installed packages.
 struct LinuxPackages
 {
-    FileURL dpkgStatus; ///< the file with all packages
-    FileURL dpkgLists;  ///< a list of its files for each package
-    FileURL snaps;      ///< where Snaps are mounted
-    FileURL snapFiles;  ///< the files that are mounted there
+    FileURL dpkgStatus;   ///< the file with all packages
+    FileURL dpkgLists;    ///< a list of its files for each package
+    QList<FileURL> snaps; ///< where Snaps are mounted, in one of these or in another
+    FileURL snapFiles;    ///< the files that are mounted there
 };
 
 /// Where the applications of a Linux desktop keep files, each in a folder of its own name.
@@ -95,6 +95,15 @@ public:
     [[nodiscard]] MacLibrary macLibrary() const;
     /// The tool that a Mac's metadata index is asked with.
     [[nodiscard]] static FileURL metadataTool(const FileManager& files);
+
+    /// The folders below which drives for people are mounted, at any depth. Reads nothing.
+    [[nodiscard]] static QList<FileURL> volumeFolders(const FileManager& files);
+    /// The same without other users' drives: of "/media" and "/run/media" the user's own folder there. Reads
+    /// nothing.
+    [[nodiscard]] static QList<FileURL> ownVolumeFolders(const FileManager& files);
+    /// The folders of those in which a desktop makes a folder for each drive of the user that it mounts.
+    /// Reads nothing.
+    [[nodiscard]] static QList<FileURL> desktopVolumeFolders(const FileManager& files);
 
     /// What is never a source of a backup.
     [[nodiscard]] QList<FileURL> systemFolders() const;

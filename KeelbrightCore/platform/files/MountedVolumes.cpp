@@ -1,20 +1,13 @@
 #include "KeelbrightCore/platform/files/MountedVolumes.h"
 
 #include "KeelbrightCore/platform/files/FileManager.h"
+#include "KeelbrightCore/platform/files/MachinePlaces.h"
 
 #include <algorithm>
 
 namespace keelbright {
 
 namespace {
-
-QList<FileURL> placesForVolumes(const FileManager& files)
-{
-    QList<FileURL> places;
-    for (const char* place : {"/Volumes", "/media", "/run/media", "/mnt"})
-        places.append(files.systemLocation(QString::fromLatin1(place)));
-    return places;
-}
 
 bool isBelow(const FileURL& url, const FileURL& folder)
 {
@@ -56,7 +49,7 @@ QString labelOf(const DeviceMount& mount, const QList<DirectoryEntry>& links, co
 
 QList<MountedVolume> volumesAmong(const QList<DeviceMount>& mounts, const FileManager& files)
 {
-    const QList<FileURL> places = placesForVolumes(files);
+    const QList<FileURL> places = MachinePlaces::volumeFolders(files);
     const QList<DirectoryEntry> links = labelLinks(files);
     QList<MountedVolume> volumes;
     for (const DeviceMount& mount : mounts) {

@@ -7,8 +7,8 @@ namespace keelbright {
 
 class FileManager;
 
-/// Those of the mounts that are drives for people: they lie below one of the folders for that, and no network
-/// is behind them, which could keep whoever looks at them waiting. By label. Internal to the platform folder.
+/// The mounts that are a user's drives: they lie below one of the folders for drives, and not on a network,
+/// which could keep the caller waiting. Sorted by label. Internal to the platform folder.
 [[nodiscard]] QList<MountedVolume> volumesAmong(const QList<DeviceMount>& mounts, const FileManager& files);
 
 } // namespace keelbright

@@ -93,6 +93,53 @@ TEST_F(FolderPlaceTest, aListedMountPointBehindALinkIsKnown)
     EXPECT_FALSE(placeOf(link.appendingNative("Anchor")).isWithoutItsDrive);
 }
 
+TEST_F(FolderPlaceTest, anEmptyFolderOfADesktopsIsWhatADriveHasLeftBehind)
+{
+    for (const QByteArray above : {"media/mira", "run/media/mira"}) {
+        const FileURL left = mac.makeFolder(above + "/Backup");
+        EXPECT_TRUE(placeOf(left).isWithoutItsDrive) << above.toStdString();
+        EXPECT_TRUE(placeOf(left).isFolder) << above.toStdString();
+        const TemporaryVolume volume(left);
+        if (!volume.isMounted())
+            GTEST_SKIP() << "needs the right to mount";
+        EXPECT_FALSE(placeOf(left).isWithoutItsDrive) << above.toStdString();
+    }
+}
+
+TEST_F(FolderPlaceTest, anEmptyFolderOfADesktopsIsLeftBehindAlsoBelowAListedPlaceThatIsThere)
+{
+    const FileURL left = mac.makeFolder("run/media/mira/Backup");
+    listDrive("/run");
+    const TemporaryVolume volume(mac.root().appendingNative("run"));
+    if (!volume.isMounted())
+        GTEST_SKIP() << "needs the right to mount";
+    mac.makeFolder("run/media/mira/Backup");
+    EXPECT_TRUE(placeOf(left).isWithoutItsDrive);
+}
+
+TEST_F(FolderPlaceTest, anEmptyFolderOfADesktopsBehindALinkIsKnown)
+{
+    const FileURL left = mac.makeFolder("run/media/mira/Backup");
+    std::filesystem::create_directory_symlink(
+        mac.root().appendingNative("run/media").nativePath().toStdString(),
+        mac.root().appendingNative("media").nativePath().toStdString());
+    EXPECT_TRUE(placeOf(mac.root().appendingNative("media/mira/Backup")).isWithoutItsDrive);
+    EXPECT_TRUE(placeOf(left).isWithoutItsDrive);
+}
+
+TEST_F(FolderPlaceTest, aFolderThatNoDriveHasLeftBehindIsThere)
+{
+    const FileURL full = mac.writeFile("media/mira/Shared/a.txt", "1").deletingLastPathComponent();
+    EXPECT_FALSE(placeOf(full).isWithoutItsDrive) << "something lies in it";
+    EXPECT_FALSE(placeOf(mac.makeFolder("media/mira/Shared/Backups")).isWithoutItsDrive)
+        << "no desktop makes it";
+    EXPECT_FALSE(placeOf(mac.makeFolder("media/anna/Backup")).isWithoutItsDrive) << "another user's";
+    EXPECT_FALSE(placeOf(mac.makeFolder("media/Backup")).isWithoutItsDrive) << "made by hand";
+    EXPECT_FALSE(placeOf(mac.makeFolder("mnt/Backup")).isWithoutItsDrive) << "made by hand";
+    EXPECT_FALSE(placeOf(mac.root().appendingNative("media/mira/None")).isWithoutItsDrive) << "missing";
+    EXPECT_FALSE(placeOf(mac.writeFile("media/mira/a.txt", "1")).isWithoutItsDrive) << "a file";
+}
+
 TEST_F(FolderPlaceTest, aDriveIsAwayWhereItsFolderLiesOnTheOneAbove)
 {
     const FolderPlace without = placeOf(folder);

@@ -157,4 +157,15 @@ TEST_F(MachinePlacesTests, aListThatIsNoneOrTooLargeIsIgnored)
     EXPECT_EQ(userFolders(), englishFolders);
 }
 
+TEST_F(MachinePlacesTests, drivesLieBelowTheFoldersOfEachSystem)
+{
+    const auto at = [this](const QByteArray& path) { return linuxMachine.root().appendingNative(path); };
+    EXPECT_EQ(MachinePlaces::volumeFolders(linuxMachine.fileManager()),
+              (QList{at("Volumes"), at("media"), at("run/media"), at("mnt")}));
+    EXPECT_EQ(MachinePlaces::ownVolumeFolders(linuxMachine.fileManager()),
+              (QList{at("Volumes"), at("media/mira"), at("run/media/mira"), at("mnt")}));
+    EXPECT_EQ(MachinePlaces::desktopVolumeFolders(linuxMachine.fileManager()),
+              (QList{at("media/mira"), at("run/media/mira")}));
+}
+
 } // namespace keelbright::testing

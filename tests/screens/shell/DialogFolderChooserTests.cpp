@@ -12,6 +12,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
+#include <QUrl>
 #include <gtest/gtest.h>
 
 namespace keelbright {
@@ -147,6 +148,17 @@ TEST_F(DialogFolderChooserTest, listsMountedDrivesByTheirLabels)
     EXPECT_TRUE(QTest::qWaitFor([this] { return row(u"Photos"_s).isValid(); }, 60'000));
     EXPECT_EQ(places().count(u"Backup Drive"_s), 1);
     EXPECT_FALSE(places().contains(u"9C33-6BBD"_s));
+}
+
+TEST_F(DialogFolderChooserTest, listsTheFoldersOfDrivesThatThereAre)
+{
+    const FileURL own = mac.makeFolder("run/media/mira");
+    const FileURL shared = mac.makeFolder("mnt");
+    mac.makeFolder("media/anna");
+    open(false);
+    const auto url = [](const FileURL& folder) { return QUrl::fromLocalFile(folder.path()); };
+    EXPECT_EQ(dialog->sidebarUrls(),
+              (QList{url(mac.home()), QUrl::fromLocalFile(u"/"_s), url(own), url(shared)}));
 }
 
 TEST_F(DialogFolderChooserTest, startsWhereItIsAskedTo)
