@@ -696,7 +696,7 @@
     </message>
     <message>
         <source>it is not on this Mac</source>
-        <translation>es ist nicht auf diesem Mac</translation>
+        <translation>es ist nicht auf diesem Computer</translation>
     </message>
     <message>
         <source>it is neither a file nor a link</source>
@@ -1051,7 +1051,7 @@
     </message>
     <message>
         <source>Xcode &amp; Simulators</source>
-        <translation>Xcode &amp; Simulatoren</translation>
+        <translation>Entwicklerdaten</translation>
     </message>
     <message>
         <source>iOS Device Backups</source>
