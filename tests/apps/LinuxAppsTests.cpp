@@ -107,20 +107,17 @@ TEST_F(LinuxAppsTests, onlyWhatLiesInTheUsersOwnFolderOfDataIsTheUsersOwn)
 
 TEST_F(LinuxAppsTests, theScanJudgesThemLikeAnyApplication)
 {
-    home.addApplications();
-    machine.files().text("home/mira/.local/share/gnome-shell/application_state",
-                         "<application-state><context id=\"\"><application id=\"org.gnome.Nautilus.desktop\" "
-                         "score=\"412\" last-seen=\"" +
-                             QByteArray::number(daysAgo(1).toSecsSinceEpoch()) +
-                             "\"/></context></application-state>");
+    home.populate();
     QStringList verdicts;
     for (const AppInfo& app : AppScanner::scan(machine.clock()).result())
         verdicts.append(app.name + u": "_s + app.usageDescription);
     verdicts.sort();
-    EXPECT_EQ(verdicts, (QStringList{u"Dateien: Used 412 times — last opened 1 day ago."_s,
-                                     u"Firefox: Opened 0 times — usage timing unknown."_s,
-                                     u"Krita: Opened 0 times — usage timing unknown."_s,
-                                     u"Maps: Opened 0 times — usage timing unknown."_s}));
+    EXPECT_EQ(verdicts,
+              (QStringList{u"Dateien: Used 80 times — last opened 10 days ago."_s,
+                           u"Firefox: Used 2210 times — last opened today."_s,
+                           u"Krita: Opened 0 times — usage timing unknown."_s,
+                           u"Maps: Opened 0 times — usage timing unknown."_s,
+                           u"Tide Table: Used heavily before (640 times, ~21/mo). Dormant for 6 months."_s}));
 }
 
 } // namespace keelbright::testing

@@ -58,6 +58,17 @@ class Machine:
         return ExpectedBackup([self.home / folder for folder in folders])
 
 
+class LinuxMachine(Machine):
+    """A Linux desktop in a folder, filled by `make-linux`."""
+
+    def __init__(self, root, make_linux):
+        super().__init__(root, make_linux)
+        self.drive = self.root / "media/mira/Backup Drive"
+
+    def environment(self):
+        return super().environment() | {"KEELBRIGHT_TEST_MACHINE": "linux"}
+
+
 class ExpectedBackup:
     """What a run over these folders must copy, computed from the rules without the program."""
 

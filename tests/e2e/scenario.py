@@ -20,8 +20,13 @@ class Scenario(unittest.TestCase):
     def setUp(self):
         folder = tempfile.mkdtemp(prefix="keelbright-e2e-")
         self.addCleanup(shutil.rmtree, folder)
-        self.machine = Machine(folder, MAKE_MAC)
+        self.machine = self.make_machine(folder)
         self.window = None
+
+    @staticmethod
+    def make_machine(folder):
+        """Where the scenario plays."""
+        return Machine(folder, MAKE_MAC)
 
     def start(self):
         """Starts the program, which must not be running."""

@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QIcon>
 #include <QLocale>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -112,6 +113,9 @@ int main(int argc, char** argv)
         std::fputs("usage: keelbright-screens [--language LANGUAGE] FOLDER [BEGINNING...]\n", stderr);
         return 2;
     }
+    // Icons of applications come from the desktop's theme, which differs from computer to computer.
+    QIcon::setThemeSearchPaths({configuration.path()});
+    QIcon::setFallbackSearchPaths({configuration.path()});
     const Translations translations(QStringList{order->language});
     if (translations.language() != order->language) {
         std::fprintf(stderr, "there are no texts in %s\n", qPrintable(order->language));

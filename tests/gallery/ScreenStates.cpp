@@ -5,7 +5,7 @@ namespace keelbright::testing {
 QList<ScreenState> screenStates()
 {
     return protectStates() + cleanStates() + storageStates() + organiseStates() + reviewStates() +
-           checkStates() + undoStates();
+           linuxStates() + checkStates() + undoStates();
 }
 
 } // namespace keelbright::testing

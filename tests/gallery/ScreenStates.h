@@ -19,7 +19,8 @@ struct ScreenState
     bool alsoAtDoubleScale = false; ///< drawn at double scale, too
 };
 
-/// Every screen of the program in every state, in the order of the sidebar. The pictures and the
+/// Every screen of the program in every state, in the order of the sidebar, and behind them those of a Linux
+/// desktop and of other windows. The pictures and the
 /// checks of all screens are made from this list: a new state is one line here.
 [[nodiscard]] QList<ScreenState> screenStates();
 
@@ -34,6 +35,8 @@ inline constexpr char longName[] =
 [[nodiscard]] QList<ScreenState> storageStates();
 [[nodiscard]] QList<ScreenState> organiseStates();
 [[nodiscard]] QList<ScreenState> reviewStates();
+/// Those that differ in the home of a Linux desktop, of several screens.
+[[nodiscard]] QList<ScreenState> linuxStates();
 /// Those of the window that checks copies.
 [[nodiscard]] QList<ScreenState> checkStates();
 /// Those of the window that shows an undo.

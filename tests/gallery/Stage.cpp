@@ -70,6 +70,13 @@ Stage::~Stage()
     m_state.reset();
 }
 
+MadeUpLinux Stage::becomeLinux(MadeUpLinux::Language language)
+{
+    files.setIsMac(false);
+    m_linuxEnvironment.begin(files.homeDirectory());
+    return {MadeUpFiles(mac.root(), mac.clock()()), MadeUpLinux::Desktop::gnome, language};
+}
+
 void Stage::startWithOnboarding()
 {
     AppServices services{configStore, activityStore, userDefaults, folderChooser, mac.clock()};

@@ -12,6 +12,8 @@
 #include "tests/support/FakeFolderChooser.h"
 #include "tests/support/FakeWorkspace.h"
 #include "tests/support/HeldFileManager.h"
+#include "tests/support/LinuxEnvironment.h"
+#include "tests/support/MadeUpLinux.h"
 #include "tests/support/MadeUpMac.h"
 #include "tests/support/TestMac.h"
 #include "tests/support/ThemeGuard.h"
@@ -57,6 +59,10 @@ public:
     ~Stage();
     Stage(const Stage&) = delete;
     Stage& operator=(const Stage&) = delete;
+
+    /// Makes the machine a desktop with GNOME, before the program is started: its home is `<root>/home/mira`,
+    /// and what is in it is up to the state.
+    [[nodiscard]] MadeUpLinux becomeLinux(MadeUpLinux::Language language = MadeUpLinux::Language::english);
 
     /// Starts the program on the machine's present files, and passes the onboarding.
     void start();
@@ -123,6 +129,7 @@ public:
     ThemeGuard theme{ColorScheme::light, true};
 
 private:
+    LinuxEnvironment m_linuxEnvironment; ///< restored only when the program is gone
     std::unique_ptr<AppState> m_state;
     std::unique_ptr<MainWindow> m_window;
 };

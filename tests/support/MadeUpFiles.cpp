@@ -20,9 +20,9 @@ std::filesystem::path inExistingFolder(const FileURL& url)
     return path;
 }
 
-void write(const FileURL& url, const QByteArray& content)
+void write(const FileURL& url, const QByteArray& content, std::ios::openmode mode = std::ios::trunc)
 {
-    std::ofstream file(inExistingFolder(url), std::ios::binary | std::ios::trunc);
+    std::ofstream file(inExistingFolder(url), std::ios::binary | mode);
     file.write(content.constData(), content.size());
     file.close();
     if (!file)
@@ -45,6 +45,11 @@ void MadeUpFiles::text(const QByteArray& path, const QByteArray& content, int da
 {
     write(at(path), content);
     setAge(at(path), daysOld);
+}
+
+void MadeUpFiles::append(const QByteArray& path, const QByteArray& content) const
+{
+    write(at(path), content, std::ios::app);
 }
 
 void MadeUpFiles::noise(const QByteArray& path, qint64 bytes, int daysOld) const

@@ -24,6 +24,8 @@ public:
     // Paths are relative to the root; missing folders are made.
     void folder(const QByteArray& path) const;
     void text(const QByteArray& path, const QByteArray& content, int daysOld = 30) const;
+    /// Adds to the end of a file, which is made where there is none.
+    void append(const QByteArray& path, const QByteArray& content) const;
     /// Noise that doesn't compress, the same at each run.
     void noise(const QByteArray& path, qint64 bytes, int daysOld = 30) const;
     /// A file of that length that takes no room: a hole from end to end.

@@ -2,8 +2,7 @@
 
 #include <QList>
 
-#include <fstream>
-#include <iterator>
+#include <algorithm>
 #include <unistd.h>
 
 namespace keelbright::testing {
@@ -11,6 +10,7 @@ namespace keelbright::testing {
 namespace {
 
 constexpr qint64 kilobyte = 1'000;
+constexpr qint64 megabyte = 1'000'000;
 
 const QByteArray homePath = "home/mira/";
 
@@ -37,6 +37,22 @@ MadeUpLinux::MadeUpLinux(MadeUpFiles files, Desktop desktop, Language language)
     , m_language(language)
 {}
 
+void MadeUpLinux::populate() const
+{
+    addUserFolders();
+    addPersonalFiles();
+    addCaches();
+    addBrowsers();
+    addDeveloperCaches();
+    addLogs();
+    addTrash();
+    addYearsOfUse();
+    addApplications();
+    addOwnApplication();
+    addUse();
+    addBackupDrive();
+}
+
 void MadeUpLinux::addUserFolders() const
 {
     if (m_desktop == Desktop::windowManager) {
@@ -54,6 +70,28 @@ void MadeUpLinux::addUserFolders() const
     }
     m_files.text(homePath + ".config/user-dirs.dirs", list);
     m_files.text(homePath + ".config/user-dirs.locale", m_language == Language::german ? "de_DE" : "en_US");
+}
+
+QByteArray MadeUpLinux::userFolder(const QByteArray& key) const
+{
+    const auto name = std::ranges::find(userFolderNames, key, &UserFolderName::key);
+    const bool isTranslated = m_language == Language::german && m_desktop != Desktop::windowManager;
+    return homePath + (isTranslated ? name->german : name->english) + '/';
+}
+
+void MadeUpLinux::addPersonalFiles() const
+{
+    m_files.text(userFolder("DESKTOP") + "To do.txt", "Water the plants\nCall the dentist\n", 1);
+    m_files.noise(userFolder("DOCUMENTS") + "Taxes/2025/Return.pdf", 201 * kilobyte, 40);
+    m_files.noise(userFolder("DOCUMENTS") + "Letters/Letter to Grandma.odt", 24 * kilobyte, 90);
+    for (int photo = 0; photo < 12; ++photo) {
+        const QByteArray name = "IMG_" + QByteArray::number(4100 + photo) + ".jpg";
+        m_files.hole(userFolder("PICTURES") + "Lofoten 2024/" + name, (4 + photo) * megabyte, 600 + photo);
+    }
+    m_files.hole(userFolder("DOWNLOAD") + "debian-12.8.0-amd64-netinst.iso", 661 * megabyte, 210);
+    m_files.noise(userFolder("DOWNLOAD") + "Boarding pass.pdf", 88 * kilobyte, 14);
+    m_files.hole(userFolder("VIDEOS") + "Lofoten from above.mkv", 3'400 * megabyte, 590);
+    m_files.hole(userFolder("MUSIC") + "Choir/Recording 1.ogg", 31 * megabyte, 150);
 }
 
 void MadeUpLinux::addCaches() const
@@ -148,6 +186,22 @@ void MadeUpLinux::addTrash() const
                          "\nDeletionDate=2026-02-01T10:00:00\n");
 }
 
+/// What grows in the places of the other parts.
+void MadeUpLinux::addYearsOfUse() const
+{
+    const QByteArray caches = homePath + ".cache/";
+    const QByteArray entries = "mozilla/firefox/a1b2c3d4.default-release/cache2/entries/";
+    m_files.hole(caches + entries + "4C5D", 612 * megabyte);
+    m_files.hole(homePath + ".var/app/org.mozilla.firefox/cache/" + entries + "6E7F", 233 * megabyte);
+    m_files.hole(caches + "thumbnails/x-large/8d1f20b3c4.png", 84 * megabyte);
+    m_files.hole(caches + "mesa_shader_cache/foz_cache.foz", 310 * megabyte);
+    m_files.hole(caches + "pip/http/5/6/7/8/9/5678", 1'210 * megabyte);
+    m_files.hole(homePath + ".npm/_cacache/content-v2/sha512/44/55/6677", 540 * megabyte);
+    m_files.hole(homePath + ".local/state/syncthing/logs/last year.txt", 14 * megabyte);
+    m_files.hole(homePath + ".local/share/Trash/files/Drafts/film.mkv", 1'900 * megabyte);
+    m_files.hole(homePath + ".var/app/org.gnome.Maps/cache/shumate/tiles.db", 27 * megabyte);
+}
+
 void MadeUpLinux::addProcesses(const QList<QByteArrayList>& commands) const
 {
     int number = 1000;
@@ -159,9 +213,9 @@ void MadeUpLinux::addProcesses(const QList<QByteArrayList>& commands) const
     }
 }
 
-void MadeUpLinux::addEntry(const QByteArray& path, const QByteArray& lines) const
+void MadeUpLinux::addEntry(const QByteArray& path, const QByteArray& lines, int daysOld) const
 {
-    m_files.text(path, "[Desktop Entry]\nVersion=1.0\nType=Application\n" + lines);
+    m_files.text(path, "[Desktop Entry]\nVersion=1.0\nType=Application\n" + lines, daysOld);
 }
 
 void MadeUpLinux::addApplications() const
@@ -179,17 +233,48 @@ void MadeUpLinux::addApplications() const
     addFlatpak("org.gnome.Maps", "Maps", "45.2", 12'345'678, 200);
 }
 
+void MadeUpLinux::addOwnApplication() const
+{
+    m_files.program(homePath + ".local/bin/tidetable", "#!/bin/sh\n");
+    addEntry(homePath + ".local/share/applications/tidetable.desktop",
+             "Name=Tide Table\nExec=/home/mira/.local/bin/tidetable\nIcon=tidetable\n", 900);
+    m_files.text(homePath + ".config/tidetable/settings.ini", "[harbour]\nname=Reine\n");
+    m_files.hole(homePath + ".local/share/tidetable/harbours.db", 41 * megabyte);
+    m_files.hole(homePath + ".cache/tidetable/charts", 9 * megabyte);
+}
+
+void MadeUpLinux::addUse() const
+{
+    if (m_desktop != Desktop::gnome)
+        return;
+    // The shell writes its file at the end of the session, one line for each application that was open.
+    QByteArray state = "<?xml version=\"1.0\"?>\n<application-state>\n  <context id=\"\">\n";
+    const auto add = [&](const QByteArray& id, int score, int daysAgo) {
+        const qint64 seconds = m_files.now().addDays(-daysAgo).toSecsSinceEpoch();
+        state += "    <application id=\"" + id + ".desktop\" score=\"" + QByteArray::number(score) +
+                 "\" last-seen=\"" + QByteArray::number(seconds) + "\"/>\n";
+    };
+    add("firefox_firefox", 2210, 0);
+    add("org.gnome.Nautilus", 80, 10);
+    add("tidetable", 640, 200);
+    state += "  </context>\n</application-state>\n";
+    m_files.text(homePath + ".local/share/gnome-shell/application_state", state, 0);
+}
+
+void MadeUpLinux::addBackupDrive() const
+{
+    m_files.folder("media/mira/Backup Drive/lost+found");
+}
+
 void MadeUpLinux::addPackage(const QByteArray& name, const QByteArray& version, int kibibytes,
                              const QByteArrayList& files, int daysOld) const
 {
     // One paragraph for each package, whose description goes on with lines that begin with a blank.
-    const FileURL status = m_files.at("var/lib/dpkg/status");
-    std::ifstream old(status.nativePath().toStdString(), std::ios::binary);
-    const QByteArray before = QByteArray::fromStdString({std::istreambuf_iterator<char>(old), {}});
-    m_files.text("var/lib/dpkg/status",
-                 before + "Package: " + name + "\nStatus: install ok installed\nPriority: optional\n" +
-                     "Installed-Size: " + QByteArray::number(kibibytes) + "\nArchitecture: amd64\nVersion: " +
-                     version + "\nDescription: what " + name + " does\n Version: not this one\n .\n\n");
+    m_files.append("var/lib/dpkg/status",
+                   "Package: " + name +
+                       "\nStatus: install ok installed\nPriority: optional\nInstalled-Size: " +
+                       QByteArray::number(kibibytes) + "\nArchitecture: amd64\nVersion: " + version +
+                       "\nDescription: what " + name + " does\n Version: not this one\n .\n\n");
     m_files.text("var/lib/dpkg/info/" + name + ".list", files.join('\n') + '\n', daysOld);
 }
 

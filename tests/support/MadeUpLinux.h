@@ -15,10 +15,16 @@ public:
 
     MadeUpLinux(MadeUpFiles files, Desktop desktop, Language language);
 
+    /// A home after years of use, with all of the parts below but the processes, and with caches and a Trash
+    /// of believable sizes, which are holes.
+    void populate() const;
+
     /// The folders for personal files and the list of them. A bare window manager has neither the list nor
     /// any folder that nobody has made: of its user's there are "Documents" and "Pictures".
     void addUserFolders() const;
 
+    /// What is in these folders: documents, pictures, films, music and what was downloaded.
+    void addPersonalFiles() const;
     /// What the desktop itself and its programs cache: some files and some folders.
     void addCaches() const;
     /// A Firefox and a Chromium, each as a package of the system, as a Flatpak and as a Snap, with a cache
@@ -33,6 +39,15 @@ public:
     /// Four applications: Files as a package of the system, Firefox as a Snap, Krita as an AppImage with an
     /// entry of its own in the menu, and Maps as a Flatpak. Names have a German form.
     void addApplications() const;
+    /// Tide Table, which the user has put into the menu without a package, with its program, settings, data
+    /// and cache, 50 MB together.
+    void addOwnApplication() const;
+    /// What GNOME's shell records of how these are used. Other desktops have records of their own; nothing
+    /// is written for them.
+    void addUse() const;
+    /// "/media/mira/Backup Drive", with the folder that every drive of ext4 has: an empty one would be what a
+    /// drive has left behind.
+    void addBackupDrive() const;
     /// A package in the database of dpkg, with the files that it owns and the days since it was installed.
     void addPackage(const QByteArray& name, const QByteArray& version, int kibibytes,
                     const QByteArrayList& files, int daysOld) const;
@@ -51,7 +66,10 @@ public:
     [[nodiscard]] FileURL home() const { return m_files.at("home/mira"); }
 
 private:
-    void addEntry(const QByteArray& path, const QByteArray& lines) const;
+    /// Below the root, with a slash at its end. `key` is that of the list of user folders: "DOCUMENTS".
+    [[nodiscard]] QByteArray userFolder(const QByteArray& key) const;
+    void addYearsOfUse() const;
+    void addEntry(const QByteArray& path, const QByteArray& lines, int daysOld = 30) const;
 
     MadeUpFiles m_files;
     Desktop m_desktop;

@@ -8,11 +8,7 @@ TestLinux::TestLinux()
 {
     m_machine.fileManager().setIsMac(false);
     std::filesystem::create_directories(home().nativePath().toStdString());
-    m_configurationHome.set(atHome(".config").nativePath());
-    m_dataHome.set(atHome(".local/share").nativePath());
-    for (const EnvironmentVariable* variable :
-         {&m_cacheHome, &m_stateHome, &m_dataFolders, &m_currentDesktop})
-        variable->unset();
+    m_environment.begin(home());
 }
 
 MadeUpLinux TestLinux::madeUp(MadeUpLinux::Desktop desktop, MadeUpLinux::Language language) const

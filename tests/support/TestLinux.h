@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/LinuxEnvironment.h"
 #include "tests/support/MadeUpLinux.h"
 #include "tests/support/TestMac.h"
 
@@ -33,12 +34,7 @@ public:
 
 private:
     TestMac m_machine;
-    EnvironmentVariable m_configurationHome{"XDG_CONFIG_HOME"};
-    EnvironmentVariable m_dataHome{"XDG_DATA_HOME"};
-    EnvironmentVariable m_cacheHome{"XDG_CACHE_HOME"};
-    EnvironmentVariable m_stateHome{"XDG_STATE_HOME"};
-    EnvironmentVariable m_dataFolders{"XDG_DATA_DIRS"};
-    EnvironmentVariable m_currentDesktop{"XDG_CURRENT_DESKTOP"};
+    LinuxEnvironment m_environment;
 };
 
 } // namespace keelbright::testing

@@ -3,6 +3,7 @@
 #include "KeelbrightCore/platform/text/UtcZone.h"
 #include "tests/support/Printing.h"
 
+#include <QTimeZone>
 #include <gtest/gtest.h>
 #include <set>
 
@@ -79,7 +80,7 @@ TEST(TrashRecordTests, theFileSystemsOwnLimitHolds)
 
 TEST(TrashRecordTests, theContentIsThatOfTheTrashSpecification)
 {
-    const QDateTime date(QDate(2026, 3, 2), QTime(9, 5, 7, 999), Qt::OffsetFromUTC, 3600);
+    const QDateTime date(QDate(2026, 3, 2), QTime(9, 5, 7, 999), QTimeZone(3600));
     EXPECT_EQ(TrashRecord::content("/home/mira/a b.txt", date),
               "[Trash Info]\nPath=/home/mira/a%20b.txt\nDeletionDate=2026-03-02T09:05:07\n");
 }

@@ -15,7 +15,7 @@ protected:
     /// Sets the clock of the machine, which is in Berlin in winter.
     void setLocalTime(int hour, int minute)
     {
-        mac.setNow(QDateTime(QDate(2026, 3, 2), QTime(hour, minute), Qt::LocalTime).toUTC());
+        mac.setNow(QDateTime(QDate(2026, 3, 2), QTime(hour, minute)).toUTC());
     }
 
     /// The texts of the first part of this class; none if it is hidden.

@@ -21,7 +21,7 @@ class ActivityLogModelTests : public ::testing::Test
 protected:
     [[nodiscard]] static QDateTime local(const QDate& day, const QTime& time)
     {
-        return QDateTime(day, time, Qt::LocalTime).toUTC();
+        return QDateTime(day, time).toUTC();
     }
 
     [[nodiscard]] static ActivityEntry entryAt(const QDateTime& timestamp, const QString& title = u"Done"_s)

@@ -150,7 +150,9 @@ const QStringList& madeUpTexts()
         u"on the evening after (final, corrected)"_s, u"The whole long story"_s,
         u"some more folders, so that the path is longer than the card is wide"_s, u"A folder that is gone"_s,
         u"Sketchbook for Everyone Who Would Rather Draw Than Write, Student Edition 2026"_s, u"Old Scanner"_s,
-        u"Garden diary"_s, u"Summer in the archipelago"_s, u"Miras Mac"_s,
+        u"Garden diary"_s, u"Summer in the archipelago"_s, u"Miras Mac"_s, u"Tide Table"_s,
+        // Of the command that removes a package.
+        u"flatpak uninstall"_s,
         // Of the answer of the App Store.
         u"keeps what you draw, wherever you are. Sketch on the train, sort at home, and find every page "
         "again years later."_s,
