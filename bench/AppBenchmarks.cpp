@@ -57,6 +57,28 @@ void scanDesktopEntries(benchmark::State& state)
         benchmark::DoNotOptimize(AppScanner::scan(machine.clock()).result());
 }
 
+/// A desktop with as many packages, a hundred files in each; every twentieth has an entry in the menu.
+void scanPackages(benchmark::State& state)
+{
+    const testing::TestLinux machine;
+    const testing::MadeUpLinux home = machine.madeUp(testing::MadeUpLinux::Desktop::gnome);
+    for (int number = 0; number < state.range(0); ++number) {
+        const QByteArray name = "package" + QByteArray::number(number);
+        QByteArrayList files;
+        for (int file = 0; file < 100; ++file)
+            files.append("/usr/share/doc/" + name + "/a page of its manual " + QByteArray::number(file));
+        if (number % 20 == 0) {
+            const QByteArray entry = "/usr/share/applications/" + name + ".desktop";
+            machine.files().text(entry.sliced(1), "[Desktop Entry]\nType=Application\nName=App\nExec=app\n");
+            files.append(entry);
+        }
+        home.addPackage(name, "1.0", 1, files, 100);
+    }
+    for (auto _ : state)
+        benchmark::DoNotOptimize(AppScanner::scan(machine.clock()).result());
+}
+
+BENCHMARK(scanPackages)->Arg(4'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(scanDesktopEntries)->Arg(3'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(readMetadataOutput)->Unit(benchmark::kMicrosecond);
 BENCHMARK(readMegabytesOfMetadataOutput)->Unit(benchmark::kMillisecond);

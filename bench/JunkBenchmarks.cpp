@@ -1,6 +1,7 @@
 #include "KeelbrightCore/health/HealthScoreService.h"
 #include "KeelbrightCore/health/JunkScanner.h"
 #include "bench/BenchTree.h"
+#include "tests/support/TestLinux.h"
 
 #include <benchmark/benchmark.h>
 
@@ -29,6 +30,20 @@ void scanJunk(benchmark::State& state)
 }
 
 BENCHMARK(scanJunk)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// A Linux home after years of use, with three times the files of the other trees in its caches.
+void scanJunkOfLinuxHome(benchmark::State& state)
+{
+    testing::TestLinux machine;
+    const int files = 3 * fileCount();
+    makeTree(machine.machine(), "home/mira/.cache", files);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(JunkScanner::scan().result());
+    state.SetItemsProcessed(state.iterations() * files);
+}
+
+// As many files take long to make, and without a number of its own each try would make them again.
+BENCHMARK(scanJunkOfLinuxHome)->Iterations(5)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
 } // namespace keelbright::bench

@@ -23,8 +23,9 @@ namespace keelbright::bench {
 namespace {
 
 constexpr const char* usage =
-    "usage: keelbright-measure [cold] scan TREE | size TREE | junk HOME | level FOLDER | walk TREE |\n"
-    "                          largest TREE | treemap CELLS | plan FOLDER | apps MACHINE COUNT |\n"
+    "usage: keelbright-measure [cold] scan TREE | size TREE | junk HOME | linux-junk MACHINE |\n"
+    "                          level FOLDER | walk TREE | largest TREE | treemap CELLS | plan FOLDER |\n"
+    "                          apps MACHINE COUNT |\n"
     "                          backup TREE DRIVE | check TREE DRIVE | plain TREE FOLDER | lay MACHINE | "
     "visit MACHINE |\n"
     "                          rest MACHINE SCREEN | screens | start SINCE\n"
@@ -53,6 +54,7 @@ std::optional<int> measure(const QString& work, const QStringList& arguments, Ca
     const QHash<QString, Work> works = {
         {QStringLiteral("scan"), {1, [&] { return measureScan(url(0), caches); }}},
         {QStringLiteral("junk"), {1, [&] { return measureJunk(url(0), caches); }}},
+        {QStringLiteral("linux-junk"), {1, [&] { return measureLinuxJunk(url(0), caches); }}},
         {QStringLiteral("apps"), {2, [&] { return measureApps(url(0), arguments.at(1).toInt()); }}},
         {QStringLiteral("backup"), {2, [&] { return measureBackup(url(0), url(1)); }}},
         {QStringLiteral("check"), {2, [&] { return measureCheck(url(0), url(1)); }}},

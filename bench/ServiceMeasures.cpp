@@ -4,7 +4,9 @@
 #include "KeelbrightCore/backup/FileScanner.h"
 #include "KeelbrightCore/check/CopyCheck.h"
 #include "KeelbrightCore/health/HealthScoreService.h"
+#include "KeelbrightCore/health/JunkScanner.h"
 #include "bench/Memory.h"
+#include "tests/support/LinuxEnvironment.h"
 #include "tests/support/SandboxFileManager.h"
 
 #include <algorithm>
@@ -42,6 +44,21 @@ int measureJunk(const FileURL& home, Caches caches)
     const FileManagerGuard guard(fileManager);
     return measureWork(caches, "bytes",
                        [] { return HealthScoreService::compute(std::nullopt).result().junkEstimateBytes; });
+}
+
+int measureLinuxJunk(const FileURL& machine, Caches caches)
+{
+    testing::SandboxFileManager fileManager(machine);
+    fileManager.setIsMac(false);
+    const FileManagerGuard guard(fileManager);
+    const testing::LinuxEnvironment environment;
+    environment.begin(fileManager.homeDirectory());
+    return measureWork(caches, "bytes", [] {
+        qint64 bytes = 0;
+        for (const JunkCategory& category : JunkScanner::scan().result())
+            bytes += category.totalBytes();
+        return bytes;
+    });
 }
 
 int measureCheck(const FileURL& tree, const FileURL& drive)

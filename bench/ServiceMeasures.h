@@ -9,6 +9,8 @@ namespace keelbright::bench {
 
 [[nodiscard]] int measureScan(const FileURL& tree, Caches caches);
 [[nodiscard]] int measureJunk(const FileURL& home, Caches caches);
+/// The scan for junk, not only its estimate, of a machine that is a Linux desktop.
+[[nodiscard]] int measureLinuxJunk(const FileURL& machine, Caches caches);
 /// Checks the copies of a tree on a drive against it, from whatever the system remembers of them.
 [[nodiscard]] int measureCheck(const FileURL& tree, const FileURL& drive);
 /// Scans the applications of a machine. It must have `count` of them, all known to the metadata tool.

@@ -14,7 +14,7 @@ import unittest
 from pathlib import Path
 from unittest import mock
 
-from comparing import backups, images, running, window
+from comparing import backups, images, running, trees, walks, window
 from comparing.comparisons import Comparison, exit_code, line
 from comparing.rows import PLACES, ROWS, chosen
 from comparing.trees import Place, Sizes
@@ -313,6 +313,23 @@ class BackupTests(unittest.TestCase):
                 backups.back_up(self.Bench(**numbers), "tree", "drive", 5)
 
 
+class CacheTests(unittest.TestCase):
+    class Bench:
+        def __init__(self, found):
+            self.found = found
+
+        def measure(self, *_):
+            return {"bytes": self.found, "wall": 1}
+
+    def test_a_scan_that_found_everything_counts(self):
+        everything = trees.bytes_of_small(250)
+        self.assertEqual(walks.scan_caches(self.Bench(everything), "machine", 250)["wall"], 1)
+
+    def test_a_scan_that_left_something_out_does_not(self):
+        with self.assertRaises(SystemExit):
+            walks.scan_caches(self.Bench(trees.bytes_of_small(250) - 1), "machine", 250)
+
+
 class TreeTests(unittest.TestCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
@@ -328,6 +345,7 @@ class TreeTests(unittest.TestCase):
         files = self.files(self.place.small())
         self.assertEqual((len(files), len({file.parent for file in files})), (1_000, 10))
         self.assertEqual(max(file.stat().st_size for file in files), 6_000)
+        self.assertEqual(sum(file.stat().st_size for file in files), trees.bytes_of_small(1_000))
 
     def test_a_level_is_folders_side_by_side(self):
         files = self.files(self.place.level())

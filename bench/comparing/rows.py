@@ -27,6 +27,7 @@ ROWS = (
     Row("estimate", "the estimate of a backup beside du", walks.estimate),
     Row("size", "the size of a folder beside du", walks.size),
     Row("junk", "the junk estimate beside du", walks.junk),
+    Row("caches", "the whole junk scan of a Linux home with 300,000 cache files beside du", walks.caches),
     Row("level", "a level of the storage browser beside gdu", walks.level),
     Row("cold", "the same beside du and gdu, on a file system mounted just before", walks.cold, IMAGES),
     Row("plan", "the plan of the organizer", walks.plan),

@@ -23,13 +23,14 @@ class Sizes:
     deep: int = 1_000_000
     large: int = 4 << 30
     applications: int = 5_000
+    caches: int = 300_000
     cells: int = 10_000
 
     def but(self, **changes):
         return replace(self, **changes)
 
 
-QUICK = Sizes(small=500, level_files=20, deep=2_000, large=4 << 20, applications=40, cells=100)
+QUICK = Sizes(small=500, level_files=20, deep=2_000, large=4 << 20, applications=40, caches=600, cells=100)
 
 
 def write(folder, name, content, mode=0o644):
@@ -54,11 +55,16 @@ class Folder:
         os.close(self._descriptor)
 
 
+def size_of(number):
+    """The size of the file with this number in its folder."""
+    return SIZES[number * 7 % len(SIZES)]
+
+
 def make_files(folder, count, endings=(".txt",)):
     with Folder(folder) as descriptor:
         for number in range(count):
             ending = endings[number % len(endings)]
-            write(descriptor, f"file {number:06d}{ending}", CONTENT[:SIZES[number * 7 % len(SIZES)]])
+            write(descriptor, f"file {number:06d}{ending}", CONTENT[:size_of(number)])
 
 
 def make_small(root, files):
@@ -66,6 +72,11 @@ def make_small(root, files):
     for number in range(0, files, 100):
         folder = root / f"group{number // 5000:03d}" / f"folder{number // 100:05d}"
         make_files(folder, min(100, files - number))
+
+
+def bytes_of_small(files):
+    """What `make_small` writes."""
+    return sum(size_of(number % 100) for number in range(files))
 
 
 def make_level(root, folders, files):

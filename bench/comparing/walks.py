@@ -1,8 +1,10 @@
 """Estimates, sizes, levels and searches beside du, gdu and the plain walk."""
 
+import sys
+
 from comparing.comparisons import Comparison, fixed
 from comparing.running import in_turn
-from comparing.trees import make_level, make_small
+from comparing.trees import bytes_of_small, make_level, make_small
 
 FRAME = 0.016
 
@@ -57,6 +59,25 @@ def junk(bench):
         caches.rename(small)
         bench.place.drop("home")
     yield from warm(bench, "junk estimate", ours, peers)
+
+
+def scan_caches(bench, machine, count):
+    """A scan counts only where it found everything."""
+    numbers = bench.measure("linux-junk", machine)
+    if numbers["bytes"] != bytes_of_small(count):
+        sys.exit(f"a scan of {bytes_of_small(count)} bytes of caches found {numbers['bytes']:.0f}")
+    return numbers
+
+
+def caches(bench):
+    """The whole scan for junk of a Linux home after years of use, where every file is a cache."""
+    count, machine = bench.sizes.caches, bench.place.fresh("machine")
+    make_small(machine / "home" / "mira" / ".cache", count)
+    bench.peer("du", "-sb", machine)
+    ours, peers = in_turn(bench.rounds, lambda: scan_caches(bench, machine, count),
+                          lambda: bench.peer("du", "-sb", machine))
+    yield from warm(bench, f"junk scan of {count:,} cache files", ours, peers)
+    bench.place.drop("machine")
 
 
 def level(bench):
