@@ -30,7 +30,7 @@ private:
     void watchModel();
     void followUndo(UndoStore& undo);
     void receive(const QString& name, const QVariant& object);
-    /// Of a folder that is none of the quick targets.
+    /// Scans a folder that is none of the quick targets.
     void scan(const FileURL& folder);
     void redraw();
     void rescan();

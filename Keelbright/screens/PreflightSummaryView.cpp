@@ -25,7 +25,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// So narrow that the eye finds the value of a label.
+/// Narrow enough for the eye to find the value of a label.
 constexpr int formWidth = 680;
 
 /// Names the row of the number, so that a screen reader reads title and number together.

@@ -61,7 +61,7 @@ void AppDetailVM::setIsLoadingLeftovers(bool isLoading)
 void AppDetailVM::loadLeftovers()
 {
     setIsLoadingLeftovers(true);
-    // Of two searches under way, the later one shows its result.
+    // If two searches are under way, only the later one shows its result.
     const std::shared_ptr<const Cancellation> cancellation = m_leftoversSearch.begin();
     const auto search = [bundleID = m_app.bundleID, name = m_app.name, cancellation] {
         return AppLeftoversScanner::scan(bundleID, name, *cancellation);

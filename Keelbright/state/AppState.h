@@ -125,7 +125,7 @@ public:
     /// what the checks have estimated; with 0 the run shows no remaining time.
     bool confirmBackup(qint64 expectedBytes = 0);
 
-    /// Of the running backup.
+    /// How long the running backup still takes.
     [[nodiscard]] BackupTimeLeft& timeLeft() { return m_timeLeft; }
 
     [[nodiscard]] const BackupTimeLeft& timeLeft() const { return m_timeLeft; }

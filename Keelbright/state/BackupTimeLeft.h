@@ -30,7 +30,7 @@ public:
     void measure();
 
 Q_SIGNALS:
-    /// Of the text.
+    /// The text has changed.
     void changed();
 
 private:

@@ -21,7 +21,7 @@ QString counted(qint64 count, const char* one, const char* many)
     return count == 1 ? Texts::tr(one) : Texts::tr(many, nullptr, pluralNumber(count));
 }
 
-/// Of copies alone.
+/// About the copies that are damaged or can't be read, without the folders that can't be listed.
 QString damagedCopies(const CheckReport& report, const QString& drive, qint64 faults)
 {
     if (report.checked == 1)
@@ -50,7 +50,7 @@ QString damaged(const CheckReport& report, const QString& drive)
     return faults == 0 ? unlisted : Texts::tr("%1 %2").arg(damagedCopies(report, drive, faults), unlisted);
 }
 
-/// Of copies that were compared with a list of checksums. Those that the list does not know were not read.
+/// About copies that were compared with a list of checksums. Those that the list does not know were not read.
 QString soundByList(const CheckReport& report, const QString& drive)
 {
     const qint64 count = report.checked + report.count(CopyVerdict::onlyOnDrive);
@@ -74,8 +74,8 @@ QString soundByList(const CheckReport& report, const QString& drive)
         .arg(number(same), drive);
 }
 
-/// Of copies that were compared with their originals. One whose original has changed or is gone was read, and
-/// nothing is known of what it should hold.
+/// About copies that were compared with their originals. A copy whose original has changed or is gone was
+/// read, but nothing is known of what it should hold.
 QString soundByOriginals(const CheckReport& report, const QString& drive)
 {
     const qint64 same = report.count(CopyVerdict::same);

@@ -37,7 +37,7 @@ public:
     [[nodiscard]] QString refusal() const;
     /// Why the copies can't be compared with their originals now; empty where they can.
     [[nodiscard]] QString refusalForOriginals() const;
-    /// Of the destination; empty where there is none.
+    /// The name of the destination's drive; empty where there is none.
     [[nodiscard]] QString driveName() const;
 
     [[nodiscard]] const CheckProgressValues& progress() const { return m_values; }
@@ -47,7 +47,7 @@ public:
     /// "About 4 minutes left", or empty while that is not known and once the check is cancelled.
     [[nodiscard]] QString timeLeft() const;
 
-    /// Of the last check; absent before the first has ended, and while another one runs.
+    /// The result of the last check; absent before the first has ended, and while another one runs.
     [[nodiscard]] const std::optional<CheckReport>& report() const { return m_report; }
 
     /// Compares the copies with their originals. Does nothing where that is refused.

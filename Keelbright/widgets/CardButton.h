@@ -25,7 +25,7 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
-    /// Of a `Frame::none`, the field that shows pointer, focus and choice.
+    /// The field of a `Frame::none` that shows pointer, focus and choice.
     [[nodiscard]] QRect highlight() const;
 
     void paintEvent(QPaintEvent* event) override;

@@ -46,7 +46,7 @@ Page::Page(QWidget* parent)
     ground->installEventFilter(this);
     m_revealing.setSingleShot(true);
     m_revealing.setInterval(revealMilliseconds);
-    // Who scrolls wants to see something else.
+    // A user who scrolls wants to see something else.
     connect(verticalScrollBar(), &QScrollBar::actionTriggered, &m_revealing, &QTimer::stop);
 }
 

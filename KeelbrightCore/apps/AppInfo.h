@@ -17,7 +17,7 @@ enum class UsageCategory { dailyDriver, seasonal, occasional, forgotten, new_, u
 [[nodiscard]] const QList<UsageCategory>& allUsageCategories();
 /// The text that is shown.
 [[nodiscard]] QString rawValue(UsageCategory category);
-/// What may be cleaned up first has the smallest.
+/// The smaller it is, the earlier the application may be cleaned up.
 [[nodiscard]] int sortPriority(UsageCategory category);
 
 /// What is known of an installed application before its use is judged.

@@ -15,9 +15,9 @@ namespace keelbright::AppScanner {
 /// work, and at most 32 processes of the metadata tool run for all scans together; there is no
 /// time-out. No thread is held while a tool runs, and all scans together take no more threads than
 /// there are processors, so that a scan that never ends holds other scans and nothing else.
-/// Cancelling the future ends the scan before its next application. The future finishes on a thread
-/// of the pool: an object of the main thread that may be destroyed meanwhile listens with a
-/// `QFutureWatcher`.
+/// Cancelling the future ends a Mac's scan before its next application; elsewhere the list is read to its
+/// end. The future finishes on a thread of the pool: an object of the main thread that may be destroyed
+/// meanwhile listens with a `QFutureWatcher`.
 [[nodiscard]] QFuture<QList<AppInfo>> scan(Clock clock = systemClock);
 
 } // namespace keelbright::AppScanner

@@ -120,7 +120,7 @@ public:
         setProxy(QNetworkProxyFactory::proxyForQuery(QNetworkProxyQuery(url)).value(0));
         // What the look for the proxy has left of it; 0 would be no deadline at all.
         set(CURLOPT_TIMEOUT_MS, static_cast<long>(std::max<qint64>(deadline.remainingTime(), 1)));
-        // No signals, which belong to the whole process, and no wait for a name that nobody finds.
+        // No signals, which belong to the whole process, and no wait for a name that can't be found.
         set(CURLOPT_NOSIGNAL, 1L);
         set(CURLOPT_QUICK_EXIT, 1L);
         set(CURLOPT_SSL_VERIFYPEER, 1L);

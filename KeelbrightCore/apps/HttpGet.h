@@ -11,7 +11,7 @@
 namespace keelbright {
 
 /// One GET request over HTTP or HTTPS, by libcurl. The certificate of a server has to be valid and for its
-/// host. Redirections are followed; who is asked over HTTPS leads to nothing but HTTPS. The proxy is the one
+/// host. Redirections are followed, from HTTPS only to HTTPS. The proxy is the one
 /// that the system is set to.
 class HttpGet
 {
@@ -60,7 +60,7 @@ private:
     const QByteArray m_authorities;
     std::atomic<bool> m_isCancelled = false;
     std::mutex m_mutex;                      ///< for the pointer below
-    std::unique_ptr<void, Free> m_transfers; ///< libcurl's, which wakes up who waits; null before `perform`
+    std::unique_ptr<void, Free> m_transfers; ///< libcurl's, to wake its waiting thread; null before `perform`
 };
 
 } // namespace keelbright

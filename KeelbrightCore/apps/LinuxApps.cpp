@@ -22,7 +22,7 @@ QByteArray pathOnMachine(const FileURL& file, const FileManager& files)
     return root == "/" ? file.nativePath() : file.nativePath().sliced(root.size());
 }
 
-/// Of the entries that may belong to a package of the system.
+/// The paths of the entries that may belong to a package of the system.
 QSet<QByteArray> entryPaths(const QList<DesktopApplication>& applications, const FileManager& files)
 {
     QSet<QByteArray> paths;

@@ -16,7 +16,7 @@ class BackupTask;
 /// progress. Main thread only. Destroying it ends a run before its next item.
 ///
 /// Where memory runs out, a setter throws before it has changed anything. An observer that finds no memory
-/// keeps none of the others from the next announcement.
+/// does not keep the next announcement from the others.
 class BackupEngine : public QObject
 {
     Q_OBJECT

@@ -10,7 +10,7 @@ namespace {
 constexpr double bytesWorthAFile = 50'000;
 constexpr int burstsInAMeasure = 4;
 constexpr auto shortestMeasure = std::chrono::milliseconds(20);
-/// Less is within what the same setting differs by from one measure to the next.
+/// A setting has to be this much cheaper: one and the same setting differs by less from measure to measure.
 constexpr double worthChanging = 0.95;
 constexpr double muchMore = 1.5;
 constexpr int longestRest = 64;

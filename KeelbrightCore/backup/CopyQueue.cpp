@@ -275,7 +275,7 @@ void CopyQueue::noteReady()
         ++m_nextClaim;
 }
 
-/// Where it waits, and only for what it waits for: to wake a thread takes as long as half a copy.
+/// Wakes the run only when what it waits for is there: to wake a thread takes as long as half a copy.
 void CopyQueue::wakeTheRun()
 {
     if (m_awaitsWorkers ? m_inWork == 0 : m_readyCount >= m_awaited || needsTheRun())

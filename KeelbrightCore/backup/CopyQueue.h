@@ -41,7 +41,7 @@ public:
         bool needsTheRun = false;
     };
 
-    /// So many items have to wait before a worker is woken: to wake one takes longer than to copy a few.
+    /// A worker is woken when this many items wait: to wake one takes longer than to copy a few.
     static constexpr qsizetype worthWaking = 32;
 
     /// An item without a plan has nothing to be prepared. A lack of memory is the error of the item.

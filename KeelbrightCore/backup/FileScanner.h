@@ -43,9 +43,9 @@ enum class Handling {
     copied,
 };
 
-/// The rule for one entry after the other, for who copies, counts or compares: `isLeftOut` is asked about
-/// folders, then `shouldSkip`. Keeps the enumerator out of what is left out. Where memory runs out it throws,
-/// and may be called again for the same entry.
+/// The rule for one entry after the other, when they are copied, counted or compared: `isLeftOut` is asked
+/// about folders, then `shouldSkip`. Keeps the enumerator out of what is left out. Where memory runs out it
+/// throws, and may be called again for the same entry.
 [[nodiscard]] Handling handlingOf(DirectoryEnumerator& enumerator, const LeftOut& isLeftOut);
 
 /// Whether a scan reads sizes. Without them a large tree is counted in half the time.

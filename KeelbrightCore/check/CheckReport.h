@@ -60,7 +60,7 @@ struct CheckReport
     qint64 unreadableFolders = 0; ///< of the unreadable items
     bool isFromDrive = true;      ///< false where the copies may have been read from memory
     QList<CheckFinding> findings;
-    /// Of all files that could be read and are no fault; null where they could not be kept.
+    /// The checksums of all files that could be read and are no fault; null where they could not be kept.
     std::shared_ptr<ChecksumSpool> checksums;
     std::array<qint64, 7> counts = {}; ///< of the items with each verdict
 

@@ -23,7 +23,7 @@ bool isBelow(const QByteArray& path)
 
 std::expected<ChecksumReader, FileError> ChecksumReader::open(const FileURL& list)
 {
-    // Who chooses a link to a list means the list.
+    // A user who chooses a link to a list means the list itself.
     const FileURL place = FileManager::defaultManager().resolvingSymlinks(list);
     const auto folder = ReadOnlyTree::open(place.deletingLastPathComponent());
     if (!folder)

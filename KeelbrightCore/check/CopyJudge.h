@@ -32,7 +32,7 @@ public:
     /// With the reason of the system.
     [[nodiscard]] CheckFinding unreadable(const CheckedItem& item, int code,
                                           CopyVerdict verdict = CopyVerdict::unreadable) const;
-    /// Of a file that ends before its size says so.
+    /// For a file that ends before its size says so.
     [[nodiscard]] CheckFinding endsEarly(const CheckedItem& item,
                                          CopyVerdict verdict = CopyVerdict::unreadable) const;
 

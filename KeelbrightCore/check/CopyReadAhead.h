@@ -43,7 +43,7 @@ struct CopyPiece
     bool isFromDrive = true;
 };
 
-/// Reads copies from their drive ahead of who compares them, so that the drive is always at work and always
+/// Reads copies from their drive ahead of their comparison, so that the drive is always at work and always
 /// with one file at a time: a disk whose heads move between two files is many times slower.
 ///
 /// One thread calls; a thread of its own reads, at the priority of the caller or lower. `next` waits for the

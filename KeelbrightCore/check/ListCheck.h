@@ -40,8 +40,8 @@ private:
     CheckReport m_report;
     qint64 m_listWrittenAt = 0;
     qint64 m_found = 0;                     ///< copies that the list knows
-    std::unique_ptr<ReadOnlyTree> m_copies; ///< of who reads ahead
-    std::unique_ptr<ReadOnlyTree> m_again;  ///< of this thread
+    std::unique_ptr<ReadOnlyTree> m_copies; ///< for reading ahead
+    std::unique_ptr<ReadOnlyTree> m_again;  ///< for this thread
     QList<Entry> m_window;
     Sha256 m_checksum;
 };

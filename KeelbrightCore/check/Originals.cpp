@@ -6,8 +6,8 @@ namespace keelbright {
 
 namespace {
 
-/// How much later a time can be than a drive gives it, in nanoseconds: FAT keeps every second second, exFAT
-/// hundredths, NTFS a ten-millionth.
+/// By how much a drive may have rounded a time down, in nanoseconds: FAT to two seconds, exFAT to a
+/// hundredth of a second, NTFS to a ten-millionth.
 qint64 inexactness(qint64 time)
 {
     constexpr qint64 second = 1'000'000'000;

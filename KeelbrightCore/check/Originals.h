@@ -28,7 +28,7 @@ public:
     /// one wins in a backup. `folder` is that of the copy below "Personal Files".
     [[nodiscard]] QList<Original> of(const QByteArray& folder, const QByteArray& name) const;
 
-    /// Of the sources that can't be opened.
+    /// A source that can't be opened.
     struct Failure
     {
         FileURL source;

@@ -47,8 +47,8 @@ private:
     FileURL m_latest;
     Originals m_originals;
     std::unique_ptr<ReadOnlyTree> m_device; ///< where there are no copies
-    std::unique_ptr<ReadOnlyTree> m_copies; ///< of who reads ahead
-    std::unique_ptr<ReadOnlyTree> m_again;  ///< of this thread
+    std::unique_ptr<ReadOnlyTree> m_copies; ///< for reading ahead
+    std::unique_ptr<ReadOnlyTree> m_again;  ///< for this thread
     QList<CheckedItem> m_window;
     std::unique_ptr<CopyJudge> m_judge; ///< where there are copies
     Sha256 m_checksum;

@@ -89,7 +89,8 @@ private:
             .value_or(QList<DirectoryEntry>());
     }
 
-    /// The entries of the folders. Of one that holds something with a kind of its own, the rest.
+    /// The entries of the folders. An entry that holds something with a kind of its own is replaced by the
+    /// rest of its entries.
     [[nodiscard]] QList<DirectoryEntry> entriesOf(const QList<FileURL>& folders) const
     {
         QList<DirectoryEntry> found;

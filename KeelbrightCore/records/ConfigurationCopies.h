@@ -25,14 +25,14 @@ public:
     [[nodiscard]] std::expected<void, FileError> putWholeBack() const;
 
     /// Keeps the present file, which can't be loaded, under a name with the date, and gives its place.
-    /// Of such copies the last three stay.
+    /// Only the last three such copies stay.
     [[nodiscard]] std::expected<FileURL, FileError> keepUnusableFile() const;
     /// The same with a whole copy that can't be loaded.
     [[nodiscard]] std::expected<FileURL, FileError> keepUnusableCopy() const;
 
 private:
     [[nodiscard]] std::expected<FileURL, FileError> keepUnusable(const FileURL& unusable) const;
-    /// Of the unusable ones, of which `latest` is the newest whatever the clock says.
+    /// Removes unusable copies; `latest` counts as the newest whatever the clock says.
     void removeOldest(const FileURL& latest) const;
 
     FileURL m_file;

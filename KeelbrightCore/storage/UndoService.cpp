@@ -61,7 +61,7 @@ try {
 void removeEmptyFolders(const QList<FileURL>& folders, FileManager& fm)
 {
     for (const FileURL& folder : folders)
-        std::ignore = fm.removeEmptyFolder(folder); // what lies in it now is somebody's
+        std::ignore = fm.removeEmptyFolder(folder); // it stays if something lies in it by now
 }
 
 } // namespace

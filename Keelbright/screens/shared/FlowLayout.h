@@ -25,7 +25,7 @@ private:
     /// Calls `place` with each item and its rectangle; returns the height.
     template <typename Place> int flow(const QRect& rect, Place place) const;
     [[nodiscard]] int horizontalSpacing(int width) const;
-    /// Of the width, what the lines may take.
+    /// The part of the width that the lines may take.
     [[nodiscard]] int lineWidth(int width) const;
 
     int m_horizontalSpacing;

@@ -112,7 +112,7 @@ int runWindow(QApplication& application, SingleInstance& instance, const std::op
     instance.stopListening();
     presence.reset(); // nothing is asked of a window that is gone
     window.hide();
-    // What is still at work, perhaps because it hangs, is not waited for, and uses what would go below.
+    // Work that goes on, perhaps because it hangs, is not waited for; it uses what is destroyed below.
     if (!app.shutDown() || TaskPools::isAtWork()) {
         std::fflush(stdout);
         std::_Exit(code);

@@ -29,7 +29,7 @@ public:
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
 Q_SIGNALS:
-    /// The desktop wants the window in front, and this of it.
+    /// The desktop wants the window in front, and the action done if there is one.
     void activationRequested(std::optional<keelbright::WindowAction> action);
 
 private:

@@ -12,8 +12,8 @@
 namespace keelbright {
 
 /// Asks logind and the desktop's portal not to suspend. Some desktops suspend by the one and some by the
-/// other; who does not answer is passed over. Nothing else is kept from its course: neither the dark screen
-/// nor its lock, and a closed lid suspends as ever. Both drop what was asked of them as soon as the process
+/// other; one that does not answer is skipped. The screen still goes dark and locks, and a closed lid still
+/// suspends. Both drop what was asked of them as soon as the process
 /// is gone.
 class DesktopSleepBlocker : public SleepBlocker
 {

@@ -8,8 +8,8 @@
 namespace keelbright {
 
 /// The entry of the program's desktop file in docks and task bars that follow Unity's launcher protocol. It
-/// is a signal on the session bus: nobody has to be there, and who is there forgets it when the program
-/// leaves the bus.
+/// is a signal on the session bus: no receiver has to be there, and one that is there forgets it when the
+/// program leaves the bus.
 class DesktopTaskBar : public TaskBar
 {
 public:

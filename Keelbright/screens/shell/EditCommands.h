@@ -11,8 +11,8 @@ class QWidget;
 namespace keelbright {
 
 /// "Cut", "Copy", "Paste" and "Select All" in the menu bar. They act on the text or the list that has the
-/// focus, or had it before the menu was opened, and are disabled where they would do nothing. Of a list, the
-/// texts of the current row are copied.
+/// focus, or had it before the menu was opened, and are disabled where they would do nothing. From a list
+/// they copy the texts of the current row.
 class EditCommands : public QObject
 {
     Q_OBJECT

@@ -39,11 +39,11 @@ public:
     /// Leaves further requests to whoever comes next; for a first that is about to end.
     void stopListening();
 
-    /// Of the local socket, the same in every start on the folder.
+    /// The name of the local socket, the same in every start on the folder.
     [[nodiscard]] const QString& socketName() const { return m_socketName; }
 
 Q_SIGNALS:
-    /// Another start wants the window of this program in front, and this of it.
+    /// Another start wants the window of this program in front, and the action done if there is one.
     void activationRequested(std::optional<keelbright::WindowAction> action);
 
 private:

@@ -15,7 +15,7 @@ namespace keelbright {
 class AppState;
 
 /// Has a screen reader say how a backup goes, which alerts are raised, and that the destination's drive goes
-/// or comes back, whatever screen is shown. Of a run: the start, each quarter, the cancel and the end.
+/// or comes back, whatever screen is shown. Of a run it says the start, each quarter, the cancel and the end.
 class StateAnnouncer : public QObject
 {
     Q_OBJECT

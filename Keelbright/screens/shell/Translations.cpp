@@ -37,7 +37,7 @@ Translations::~Translations()
 
 bool Translations::load(const QString& language)
 {
-    // Of "de_AT" Qt takes the file of "de" where there is no other.
+    // Qt takes the file of "de" for "de_AT" if there is no other.
     const QString name = QString(language).replace(u'-', u'_');
     if (!m_texts.load(u"keelbright_"_s + name, u":/translations"_s))
         return false;

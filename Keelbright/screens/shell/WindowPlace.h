@@ -19,7 +19,7 @@ struct WindowPlace
     QSize size;                     ///< unless it is maximized
     bool isMaximized = false;
 
-    /// Of the window as it is; of one that fills the screen, the place to which it goes back.
+    /// The place of the window as it is; if it fills the screen, the place to which it goes back.
     [[nodiscard]] static WindowPlace of(const QWidget& window);
 
     /// Puts the window there, brought back to the screens that there are now. To be called before it is

@@ -18,7 +18,7 @@ constexpr int gap = 8; ///< behind the button "Back"
 constexpr int chevronSize = 14;
 constexpr int chevronRoom = chevronSize + 4;
 constexpr int maximumCrumbWidth = 180;
-/// Of the last crumb, which is the folder on display.
+/// For the last crumb, which is the folder on display.
 constexpr int minimumLastWidth = 120;
 
 SymbolLabel* makeChevron(QWidget* parent)

@@ -64,7 +64,7 @@ public:
     [[nodiscard]] std::optional<FileURL> currentURL() const;
     [[nodiscard]] QList<FolderSizeNode> currentNodes() const;
     [[nodiscard]] QList<FolderSizeNode> sortedNodes() const;
-    /// Of all current nodes.
+    /// The sum of all current nodes.
     [[nodiscard]] qint64 currentBytes() const;
 
     /// Starts a new walk.

@@ -45,7 +45,7 @@ public:
 
     [[nodiscard]] int padding() const { return m_padding; }
 
-    /// Of a row that is no header, with its line.
+    /// The height of a row that is no header, with its line.
     [[nodiscard]] int rowHeight() const;
 
     /// -1 if no row is current.

@@ -108,7 +108,7 @@ bool DesktopSettings::eventFilter(QObject* watched, QEvent* event)
 
 void DesktopSettings::watchSystem()
 {
-    // Who changes these settings has another program in front meanwhile.
+    // The user changes these settings in another program and then comes back to this one.
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &DesktopSettings::readSystem);
     readSystem();
 }

@@ -35,9 +35,9 @@ public:
     };
 
     /// Gives the open copy of a folder the owner, the access lists and the permissions of its source. Until
-    /// it is complete its owner may also write to it; nobody else ever may more than at the source, not for
-    /// a moment. `isShared` says that the copy holds files of another source too: then nobody else may more
-    /// than at both. Fails with an `errno` value.
+    /// it is complete its owner may also write to it. Nobody else ever gets more rights than at the source,
+    /// not even for a moment. `isShared` says that the copy holds files of another source too: then nobody
+    /// else gets more rights than at both. Fails with an `errno` value.
     [[nodiscard]] std::expected<FolderEnd, int> beginFolder(int source, int copy,
                                                             bool isShared = false) const;
     /// Gives the copy its last permissions and its times; nothing may be added to it afterwards.

@@ -176,7 +176,7 @@ private:
     FileURL m_root;
     Options m_options;
     QList<FileURL> m_passedOver;
-    QByteArrayList m_pathsPassedOver; ///< below the root; of most roots none
+    QByteArrayList m_pathsPassedOver; ///< below the root; empty for most roots
     FolderChain<DirectoryReader> m_chain;
     ErrorHandler m_errorHandler;
     const char* m_name = nullptr;

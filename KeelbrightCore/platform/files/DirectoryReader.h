@@ -18,7 +18,7 @@ class DirectoryReader
 {
 public:
     /// What a suspended reader keeps in memory at most, in bytes, and a piece more: some fifty thousand
-    /// entries. Of a longer rest it keeps the folder open, as long as the process may open files.
+    /// entries. For a longer rest it keeps the folder open, as long as the process may open files.
     static constexpr size_t usualMemory = size_t{4} * 1024 * 1024;
 
     DirectoryReader() = default;

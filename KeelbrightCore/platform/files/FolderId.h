@@ -13,7 +13,7 @@ struct FolderId
 
     [[nodiscard]] static FolderId of(const struct stat& status) { return {status.st_dev, status.st_ino}; }
 
-    /// Of an open folder; no folder's where that can't be read.
+    /// The id of an open folder; that of no folder where it can't be read.
     [[nodiscard]] static FolderId of(int folder)
     {
         struct stat status = {};

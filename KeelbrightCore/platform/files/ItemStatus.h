@@ -20,9 +20,9 @@ struct ItemStatus
     friend bool operator==(const ItemStatus&, const ItemStatus&) = default;
 };
 
-/// Of an entry of an open folder; the `errno` value where that can't be read.
+/// The status of an entry of an open folder; the `errno` value where that can't be read.
 [[nodiscard]] std::expected<ItemStatus, int> itemStatus(int folder, const char* name);
-/// Of an open file.
+/// The status of an open file.
 [[nodiscard]] std::expected<ItemStatus, int> itemStatus(int file);
 
 /// Whether nothing of a file has changed between the one status and the other, as far as its size and the

@@ -12,7 +12,7 @@ namespace keelbright {
 
 namespace {
 
-/// None to spare where a process may have few files open. A copy takes four at worst: itself, what it
+/// One at a time where a process may have few files open. A copy takes four at worst: itself, what it
 /// replaces, its folder and that of its source.
 qsizetype maximumPreparedCopies()
 {

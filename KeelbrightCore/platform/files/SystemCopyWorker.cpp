@@ -176,7 +176,7 @@ std::optional<UnpublishedFile> SystemCopyWorker::clone(int folder, int source, c
         return std::nullopt;
     }
     struct stat after = {};
-    // One that is being written to is copied by the way that waits until it holds still.
+    // A file that is being written to is copied by reading it, which notices its changes.
     if (::fstat(source, &after) != 0 || !isUnchanged(status, after))
         return std::nullopt;
     return std::move(*file);

@@ -5,8 +5,7 @@
 namespace keelbright {
 
 /// The real file system. `homeDirectory` is `$HOME`, else what the user database says; on Linux application
-/// support is
-/// `$XDG_DATA_HOME`, else `.local/share` below the home. A test overrides these places to lay a
+/// support is `$XDG_DATA_HOME`, else `.local/share` below the home. A test overrides these places to lay a
 /// whole machine into a temporary folder.
 class SystemFileManager : public FileManager
 {

@@ -34,9 +34,9 @@ moveToSystemTrash(const FileURL& item, const FileURL& homeTrash, const QList<Fil
     return failure(FileError::Operation::restored, item.origin, cause);
 }
 
-/// Why an item may not go for its place: it lies in a Trash, is one, or holds the one of the home. Nothing
-/// where it may. `location` has no link in the path of its folder; `onVolume` is how it lies to the Trash of
-/// its volume.
+/// Why its place keeps an item from the Trash: it lies in a Trash, is one, or holds the one of the home.
+/// Nothing where it may go. `location` has no link in the path of its folder; `onVolume` is how it lies to
+/// the Trash of its volume.
 [[nodiscard]] std::optional<FileError::Reason>
 reasonForTrashPlace(const FileURL& location, const FileURL& homeTrash, TrashRelation onVolume);
 

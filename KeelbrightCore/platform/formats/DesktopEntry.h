@@ -23,8 +23,8 @@ struct DesktopEntry
     QStringList notShowIn;                 ///< the desktops that it is not for
 
     /// Reads the group "Desktop Entry", which is not trusted. `languages` are tags such as "de_DE" and
-    /// "de", the best one first. Nothing where there is no such group. Of two equal keys the last one
-    /// holds.
+    /// "de", the best one first. Nothing where there is no such group. If a key is there
+    /// twice, the last one counts.
     [[nodiscard]] static std::optional<DesktopEntry> fromData(const QByteArray& data,
                                                               const QStringList& languages);
 

@@ -114,7 +114,7 @@ void copySystemFacts(const struct stat& source, int copy)
     timespec date = source.st_birthtimespec;
     std::ignore = ::fsetattrlist(copy, &creation, &date, sizeof(date), 0);
     struct stat status = {};
-    // Of the flags this one is the user's. The others say how the file lies on its own drive, or lock it, and
+    // Only this flag is the user's. The others say how the file lies on its own drive, or lock it, and
     // a locked copy could never be refreshed.
     constexpr quint32 kept = UF_HIDDEN;
     if (::fstat(copy, &status) != 0 || ((status.st_flags ^ source.st_flags) & kept) == 0)

@@ -36,8 +36,8 @@ enum class Priority {
 void startApart(Priority priority, UniqueFunction<void()> work);
 
 /// Runs a walk through folders, or another work that may hang with a drive, on a thread of its own:
-/// one that hangs holds nobody else. The future finishes on that thread; cancelled, where memory ran out
-/// for the work. It can't be cancelled from outside; the work asks a `Cancellation` instead.
+/// one that hangs keeps no other work waiting. The future finishes on that thread, as cancelled where memory
+/// ran out for the work. It can't be cancelled from outside; the work asks a `Cancellation` instead.
 template <typename Work>
 [[nodiscard]] QFuture<std::invoke_result_t<Work&>> runApart(Priority priority, Work work)
 {
