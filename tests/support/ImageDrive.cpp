@@ -3,6 +3,8 @@
 #include "tests/support/Mounting.h"
 
 #include <QDir>
+#include <QElapsedTimer>
+#include <QThread>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
@@ -90,8 +92,7 @@ FileURL ImageDrive::root() const
 
 void ImageDrive::failInside() const
 {
-    const QString name = m_device.section(u'/', -1);
-    std::ofstream trigger("/sys/fs/ext4/" + name.toStdString() + "/trigger_fs_error");
+    std::ofstream trigger(folderOfSystem() + "/trigger_fs_error");
     trigger << "made by a test" << std::flush;
     EXPECT_TRUE(trigger.good());
 }
@@ -105,9 +106,29 @@ void ImageDrive::pull() const
     ::close(folder);
 }
 
+std::string ImageDrive::folderOfSystem() const
+{
+    return "/sys/fs/ext4/" + m_device.section(u'/', -1).toStdString();
+}
+
+bool ImageDrive::isLeftSoon() const
+{
+    constexpr qint64 patience = 60'000;
+    QElapsedTimer waited;
+    waited.start();
+    while (std::filesystem::exists(folderOfSystem())) {
+        if (waited.elapsed() > patience)
+            return false;
+        QThread::msleep(1);
+    }
+    return true;
+}
+
 void ImageDrive::putBack() const
 {
     unmountAtOnce(root());
+    // While a process still holds it, a mount would show the same file system once more, shut down as it is.
+    ASSERT_TRUE(isLeftSoon());
     EXPECT_EQ(mount(), "");
 }
 

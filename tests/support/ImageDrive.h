@@ -44,6 +44,10 @@ public:
 
 private:
     [[nodiscard]] std::string mount() const;
+    /// Where the kernel shows the file system of the device, as long as anybody holds it.
+    [[nodiscard]] std::string folderOfSystem() const;
+    /// Whether nobody holds the unmounted file system any more within a minute.
+    [[nodiscard]] bool isLeftSoon() const;
 
     Kind m_kind;
     QTemporaryDir m_folder;
