@@ -1,6 +1,5 @@
 #include "KeelbrightCore/apps/LinuxApps.h"
 
-#include "KeelbrightCore/apps/AppScanner.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestLinux.h"
 
@@ -103,21 +102,6 @@ TEST_F(LinuxAppsTests, onlyWhatLiesInTheUsersOwnFolderOfDataIsTheUsersOwn)
     EXPECT_EQ(named(u"Shared"_s).removalCommand, QString());
     for (const AppFacts& app : LinuxApps::installed(machine.fileManager()))
         EXPECT_EQ(app.isForAllUsers, app.name == u"Shared"_s) << app.name.toStdString();
-}
-
-TEST_F(LinuxAppsTests, theScanJudgesThemLikeAnyApplication)
-{
-    home.populate();
-    QStringList verdicts;
-    for (const AppInfo& app : AppScanner::scan(machine.clock()).result())
-        verdicts.append(app.name + u": "_s + app.usageDescription);
-    verdicts.sort();
-    EXPECT_EQ(verdicts,
-              (QStringList{u"Dateien: Used 80 times — last opened 10 days ago."_s,
-                           u"Firefox: Used 2210 times — last opened today."_s,
-                           u"Krita: Opened 0 times — usage timing unknown."_s,
-                           u"Maps: Opened 0 times — usage timing unknown."_s,
-                           u"Tide Table: Used heavily before (640 times, ~21/mo). Dormant for 6 months."_s}));
 }
 
 } // namespace keelbright::testing
