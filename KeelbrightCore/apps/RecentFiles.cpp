@@ -45,6 +45,18 @@ void add(UsageRecords::Uses& uses, const QString& key, const AppUse& use)
     known.last = std::max(known.last, use.last);
 }
 
+/// No desktop of GNOME counts openings. Its shell adds one to the score for each seven seconds in which the
+/// application has the focus, so five minutes of focus stand for one use.
+qint64 usesOf(double score)
+{
+    constexpr double secondsPerScore = 7;
+    constexpr double secondsPerUse = 300;
+    constexpr double maximumScore = 1e9; // a larger number is no score
+    // The shell halves the scores from time to time, but an application with a record has been used.
+    const bool isScore = score >= 0 && score <= maximumScore; // which no NaN is
+    return isScore ? std::max(qint64{1}, static_cast<qint64>(score * secondsPerScore / secondsPerUse)) : 1;
+}
+
 /// Calls `take` with the attributes of each element of that name, until the end or the first mistake.
 /// Own entities, which could expand to any size, are one.
 template <typename Take> void forEachElement(const QByteArray& data, QStringView name, const Take& take)
@@ -87,13 +99,9 @@ UsageRecords::Uses UsageReading::gnomeState(const QByteArray& xml)
         if (!id.endsWith(suffix))
             return;
         id.chop(suffix.size());
-        AppUse use;
-        // The shell lets the score fade, but an application with a record has been used.
-        const double score = attributes.value("score"_L1).toDouble();
-        constexpr double maximumScore = 1e9; // a larger number is no score
-        use.count = score >= 1 && score <= maximumScore ? static_cast<qint64>(score) : 1;
-        use.last = AppUse::dateOf(attributes.value("last-seen"_L1).toLongLong());
-        add(uses, id, use);
+        add(uses, id,
+            {.count = usesOf(attributes.value("score"_L1).toDouble()),
+             .last = AppUse::dateOf(attributes.value("last-seen"_L1).toLongLong())});
     });
     return uses;
 }

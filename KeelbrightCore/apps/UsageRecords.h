@@ -11,7 +11,7 @@ namespace keelbright {
 /// How an application has been used, as far as one desktop has recorded it.
 struct AppUse
 {
-    qint64 count = 0;
+    qint64 count = 0;                   ///< of openings; on GNOME an estimate from the time in focus
     std::optional<QDateTime> last = {}; ///< UTC
 
     /// Seconds since 1970 as a date; nothing where there is no such date.
@@ -53,7 +53,9 @@ struct Recent
 };
 
 [[nodiscard]] Recent recentFiles(const QByteArray& xbel);
-/// By the id of the entry. The count is that of the times at which the shell noted the application in use.
+/// By the id of the entry. The shell notes only how long an application has had the focus, so the count is an
+/// estimate: one use for each five minutes, and at least one. The shell halves all scores as soon as one is
+/// above 25,714, so it counts no more than 599 uses.
 [[nodiscard]] UsageRecords::Uses gnomeState(const QByteArray& xml);
 /// By the id of the entry.
 [[nodiscard]] UsageRecords::Uses plasmaDatabase(const FileURL& database);

@@ -35,11 +35,11 @@ TEST_F(LinuxVerdictTests, theScanJudgesThemLikeAnyApplication)
         verdicts.append(app.name + u": "_s + app.usageDescription);
     verdicts.sort();
     EXPECT_EQ(verdicts,
-              (QStringList{u"Dateien: Used 80 times — last opened 10 days ago."_s,
-                           u"Firefox: Used 2210 times — last opened today."_s,
+              (QStringList{u"Dateien: Used 84 times — last opened 10 days ago."_s,
+                           u"Firefox: Used 441 times — last opened today."_s,
                            u"Krita: Opened 0 times — usage timing unknown."_s,
                            u"Maps: Opened 0 times — usage timing unknown."_s,
-                           u"Tide Table: Used heavily before (640 times, ~21/mo). Dormant for 6 months."_s}));
+                           u"Tide Table: Used heavily before (161 times, ~5/mo). Dormant for 6 months."_s}));
 }
 
 } // namespace keelbright::testing

@@ -41,6 +41,14 @@ QByteArray xbel(const QByteArray& applications)
 )";
 }
 
+/// What one application with that score in the state of GNOME's shell has been used.
+qint64 usesOfScore(const QByteArray& score)
+{
+    const QByteArray state = "<application-state><context id=\"\"><application id=\"a.desktop\" score=\"" +
+                             score + "\" last-seen=\"1767268800\"/></context></application-state>";
+    return gnomeState(state).value(u"a"_s).count;
+}
+
 DesktopApplication application(const QString& id, const QString& exec)
 {
     DesktopApplication made{.id = id, .file = {}, .dataFolder = {}, .entry = {}};
@@ -88,21 +96,40 @@ TEST(RecentFiles, ownEntitiesAreNotExpanded)
     EXPECT_TRUE(recentFiles(bomb).byProgram.isEmpty());
 }
 
-TEST(GnomeState, eachApplicationHasItsScoreAndWhenItWasLastSeen)
+TEST(GnomeState, eachApplicationHasItsUsesAndWhenItWasLastSeen)
 {
     const auto uses = gnomeState(R"(<?xml version="1.0"?>
 <application-state>
   <context id="">
-    <application id="org.gnome.Nautilus.desktop" score="41.70" last-seen="1769947200"/>
-    <application id="firefox.desktop" score="0.20" last-seen="1767268800"/>
-    <application id="window:12" score="3" last-seen="1767268800"/>
+    <application id="org.gnome.Nautilus.desktop" score="3600" last-seen="1769947200"/>
+    <application id="firefox.desktop" score="41.70" last-seen="1767268800"/>
+    <application id="window:12" score="3000" last-seen="1767268800"/>
   </context>
 </application-state>
 )");
     EXPECT_EQ(uses.size(), 2);
-    EXPECT_EQ(uses.value(u"org.gnome.Nautilus"_s), (AppUse{.count = 41, .last = day(2, 1)}));
-    EXPECT_EQ(uses.value(u"firefox"_s), (AppUse{.count = 1, .last = day(1, 1)}))
-        << "it was used at least once";
+    EXPECT_EQ(uses.value(u"org.gnome.Nautilus"_s), (AppUse{.count = 84, .last = day(2, 1)}));
+    EXPECT_EQ(uses.value(u"firefox"_s), (AppUse{.count = 1, .last = day(1, 1)}));
+}
+
+TEST(GnomeState, fiveMinutesOfFocusAreOneUseAndThereIsAtLeastOne)
+{
+    EXPECT_EQ(usesOfScore("0"), 1);
+    EXPECT_EQ(usesOfScore("1"), 1);
+    EXPECT_EQ(usesOfScore("42"), 1) << "294 seconds";
+    EXPECT_EQ(usesOfScore("43"), 1) << "301 seconds";
+    EXPECT_EQ(usesOfScore("85"), 1) << "595 seconds";
+    EXPECT_EQ(usesOfScore("86"), 2) << "602 seconds";
+    EXPECT_EQ(usesOfScore("300"), 7) << "2100 seconds";
+    EXPECT_EQ(usesOfScore("25714"), 599) << "the largest that the shell writes";
+}
+
+TEST(GnomeState, whatIsNoScoreIsOneUse)
+{
+    EXPECT_EQ(usesOfScore("1000000000"), 23'333'333);
+    for (const char* score :
+         {"1000000001", "1e300", "-1", "-25714", "nan", "-nan", "inf", "-inf", "many", ""})
+        EXPECT_EQ(usesOfScore(score), 1) << score;
 }
 
 TEST(PlasmaUsage, eachStartFromAMenuCounts)
