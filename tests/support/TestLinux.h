@@ -7,7 +7,8 @@
 namespace keelbright::testing {
 
 /// A Linux desktop in a temporary folder, standing for the real machine while it lives. Its home is
-/// `<root>/home/mira` and has no "Library"; the environment names no folder elsewhere and no desktop.
+/// `<root>/home/mira` and has no "Library"; the environment names no folder elsewhere, no desktop and no
+/// language.
 class TestLinux
 {
 public:

@@ -95,6 +95,35 @@ QString localized(const Group& group, const QByteArray& key, const QStringList& 
     return unescaped(group.value(key));
 }
 
+/// The locales that messages are wanted in, the best one first.
+QStringList messageLocales()
+{
+    // Qt takes this list for the window, also where the locale is "C", in which gettext passes it over.
+    const QStringList chosen = qEnvironmentVariable("LANGUAGE").split(u':', Qt::SkipEmptyParts);
+    if (!chosen.isEmpty())
+        return chosen;
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const QString locale = qEnvironmentVariable(variable);
+        if (!locale.isEmpty())
+            return {locale};
+    }
+    return {};
+}
+
+/// Those of one locale, at the end. That of machines has none.
+void addTags(QStringList& tags, const QString& locale)
+{
+    const QString modifier = locale.contains(u'@') ? locale.mid(locale.indexOf(u'@')) : QString();
+    const QString place = locale.section(u'@', 0, 0).section(u'.', 0, 0);
+    const QString language = place.section(u'_', 0, 0);
+    if (language.isEmpty() || language == "C"_L1 || language == "POSIX"_L1)
+        return;
+    for (const QString& tag : {place + modifier, place, language + modifier, language}) {
+        if (!tags.contains(tag))
+            tags.append(tag);
+    }
+}
+
 /// "NAME=value", which stands before a program that is run by `env`.
 bool isAssignment(const QString& argument)
 {
@@ -184,20 +213,12 @@ QString DesktopEntry::program() const
 
 QStringList messageLanguages()
 {
-    QByteArray locale;
-    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        locale = qgetenv(variable);
-        if (!locale.isEmpty())
-            break;
-    }
-    const QString text = QString::fromUtf8(locale);
-    const QString modifier = text.contains(u'@') ? text.mid(text.indexOf(u'@')) : QString();
-    const QString place = text.section(u'@', 0, 0).section(u'.', 0, 0);
-    const QString language = place.section(u'_', 0, 0);
     QStringList tags;
-    for (const QString& tag : {place + modifier, place, language + modifier, language}) {
-        if (!language.isEmpty() && !tags.contains(tag))
-            tags.append(tag);
+    for (const QString& locale : messageLocales()) {
+        addTags(tags, locale);
+        // A name without a language is English, so none in a less wanted language comes before it.
+        if (tags.contains("en"_L1))
+            break;
     }
     return tags;
 }

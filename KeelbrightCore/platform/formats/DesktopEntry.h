@@ -38,8 +38,10 @@ struct DesktopEntry
     [[nodiscard]] QString program() const;
 };
 
-/// The tags of the user's language for messages, the best one first, as the environment has it: for
-/// "de_DE.UTF-8@euro" these are "de_DE@euro", "de_DE", "de@euro" and "de".
+/// The tags of the user's languages for messages, the best one first, as the environment has them: for
+/// "de_DE.UTF-8@euro" these are "de_DE@euro", "de_DE", "de@euro" and "de". They are the languages that the
+/// window is shown in: those of LANGUAGE, such as "de_AT:fr", else that of LC_ALL, LC_MESSAGES or LANG. None
+/// comes after English.
 [[nodiscard]] QStringList messageLanguages();
 
 } // namespace keelbright

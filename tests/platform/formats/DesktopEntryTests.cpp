@@ -25,6 +25,21 @@ DesktopEntry running(const QString& exec)
     return entry;
 }
 
+/// What the environment may say of the language of messages, none of which is set at first.
+struct MessageSettings
+{
+    MessageSettings()
+    {
+        for (const EnvironmentVariable* variable : {&language, &all, &messages, &lang})
+            variable->unset();
+    }
+
+    EnvironmentVariable language{"LANGUAGE"};
+    EnvironmentVariable all{"LC_ALL"};
+    EnvironmentVariable messages{"LC_MESSAGES"};
+    EnvironmentVariable lang{"LANG"};
+};
+
 } // namespace
 
 TEST(DesktopEntry, holdsWhatTheFileSays)
@@ -130,20 +145,60 @@ TEST(DesktopEntry, theProgramStandsBehindWhatSetsItsEnvironment)
 
 TEST(MessageLanguages, areThoseOfTheEnvironment)
 {
-    const EnvironmentVariable all("LC_ALL");
-    const EnvironmentVariable messages("LC_MESSAGES");
-    const EnvironmentVariable lang("LANG");
-    all.set("");
-    messages.unset();
-    lang.set("de_DE.UTF-8");
+    const MessageSettings settings;
+    settings.all.set("");
+    settings.lang.set("de_DE.UTF-8");
     EXPECT_EQ(messageLanguages(), (QStringList{u"de_DE"_s, u"de"_s}));
-    messages.set("sr_RS.UTF-8@latin");
+    settings.messages.set("sr_RS.UTF-8@latin");
     EXPECT_EQ(messageLanguages(), (QStringList{u"sr_RS@latin"_s, u"sr_RS"_s, u"sr@latin"_s, u"sr"_s}));
-    all.set("fr");
+    settings.all.set("fr");
     EXPECT_EQ(messageLanguages(), QStringList{u"fr"_s});
-    for (const EnvironmentVariable* variable : {&all, &messages, &lang})
-        variable->unset();
+}
+
+TEST(MessageLanguages, theListOfLanguagesComesBeforeTheLocale)
+{
+    const MessageSettings settings;
+    settings.all.set("fr_FR.UTF-8");
+    settings.language.set("de_AT:it");
+    EXPECT_EQ(messageLanguages(), (QStringList{u"de_AT"_s, u"de"_s, u"it"_s}));
+    settings.language.set(":de_DE:de_AT:de:");
+    EXPECT_EQ(messageLanguages(), (QStringList{u"de_DE"_s, u"de"_s, u"de_AT"_s})) << "each one once";
+    for (const char* empty : {"", ":"}) {
+        settings.language.set(empty);
+        EXPECT_EQ(messageLanguages(), (QStringList{u"fr_FR"_s, u"fr"_s})) << empty;
+    }
+}
+
+TEST(MessageLanguages, theListHoldsInTheLocaleOfMachinesAsForTheWindow)
+{
+    const MessageSettings settings;
+    settings.language.set("de");
+    EXPECT_EQ(messageLanguages(), QStringList{u"de"_s}) << "no locale";
+    for (const char* locale : {"C", "C.UTF-8", "POSIX"}) {
+        settings.all.set(locale);
+        EXPECT_EQ(messageLanguages(), QStringList{u"de"_s}) << locale;
+    }
+}
+
+TEST(MessageLanguages, nothingComesAfterEnglishInWhichANameWithoutALanguageIs)
+{
+    const MessageSettings settings;
+    settings.language.set("en_GB:de");
+    EXPECT_EQ(messageLanguages(), (QStringList{u"en_GB"_s, u"en"_s}));
+    settings.language.set("fr:en:de");
+    EXPECT_EQ(messageLanguages(), (QStringList{u"fr"_s, u"en"_s}));
+}
+
+TEST(MessageLanguages, theLocaleOfMachinesHasNone)
+{
+    const MessageSettings settings;
     EXPECT_EQ(messageLanguages(), QStringList());
+    for (const char* locale : {"C", "C.UTF-8", "POSIX"}) {
+        settings.all.set(locale);
+        EXPECT_EQ(messageLanguages(), QStringList()) << locale;
+    }
+    settings.language.set("C:de");
+    EXPECT_EQ(messageLanguages(), QStringList{u"de"_s});
 }
 
 } // namespace keelbright::testing
