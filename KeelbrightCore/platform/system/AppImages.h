@@ -12,14 +12,16 @@ class FileManager;
 struct AppImage
 {
     FileURL file;
-    QString name;    ///< from the name of the file
-    QString version; ///< from the name of the file; may be empty
+    QString name;       ///< from the name of the file
+    QString version;    ///< from the name of the file; may be empty
+    FileURL place = {}; ///< of the file, without links
 };
 
-/// The AppImages in the folders of the home in which people keep them. Blocks while it reads; any thread.
+/// The AppImages in the folders of the home in which people keep them, each once. Blocks while it reads; any
+/// thread.
 [[nodiscard]] QList<AppImage> appImages(const FileManager& files);
 
-/// The one that the entry of the menu runs; null where it runs none of them.
+/// The one that the entry of the menu runs, by its path or through links; null where it runs none of them.
 [[nodiscard]] const AppImage* imageOf(const DesktopApplication& application, const QList<AppImage>& images,
                                       const FileManager& files);
 

@@ -50,6 +50,48 @@ TEST(AppImages, aFileThatIsOnlyCalledSoIsNone)
     EXPECT_TRUE(appImages(machine.fileManager()).isEmpty());
 }
 
+TEST(AppImages, aFolderIsSearchedOnceWhereAnotherIsALinkToItOrIsTheSame)
+{
+    TestLinux machine;
+    const MadeUpLinux home = machine.madeUp(MadeUpLinux::Desktop::gnome);
+    machine.files().text("home/mira/.config/user-dirs.dirs",
+                         "XDG_DESKTOP_DIR=\"$HOME/Downloads\"\nXDG_DOWNLOAD_DIR=\"$HOME/Downloads\"\n");
+    machine.files().link("home/mira/bin", ".local/bin");
+    home.addAppImage(".local/bin/a.AppImage", 100, 1);
+    home.addAppImage("Downloads/b.AppImage", 100, 1);
+    const QList<AppImage> images = appImages(machine.fileManager());
+    ASSERT_EQ(images.size(), 2);
+    EXPECT_EQ(images[0].file, machine.atHome("bin/a.AppImage"));
+    EXPECT_EQ(images[0].place,
+              machine.fileManager().resolvingSymlinks(machine.atHome(".local/bin/a.AppImage")));
+    EXPECT_EQ(images[1].file, machine.atHome("Downloads/b.AppImage"));
+}
+
+TEST(AppImages, anEntryRunsThemByTheirPathOrThroughLinks)
+{
+    TestLinux machine;
+    const MadeUpLinux home = machine.madeUp(MadeUpLinux::Desktop::gnome);
+    machine.files().link("home/mira/bin", ".local/bin");
+    home.addAppImage("Downloads/other.AppImage", 100, 1);
+    home.addAppImage(".local/bin/ink.AppImage", 100, 1);
+    machine.files().link("home/mira/.local/bin/ink", "ink.AppImage");
+    machine.files().link("home/mira/.local/bin/gone", "gone.AppImage");
+    const QList<AppImage> images = appImages(machine.fileManager());
+    const auto runBy = [&](const QString& exec) {
+        DesktopApplication application;
+        application.entry.exec = exec;
+        const AppImage* image = imageOf(application, images, machine.fileManager());
+        return image == nullptr ? QString() : image->name;
+    };
+    EXPECT_EQ(runBy(u"/home/mira/bin/ink.AppImage %F"_s), u"ink"_s);
+    EXPECT_EQ(runBy(u"/home/mira/.local/bin/ink.AppImage"_s), u"ink"_s);
+    EXPECT_EQ(runBy(u"env A=1 /home/mira/bin/ink"_s), u"ink"_s);
+    EXPECT_EQ(runBy(u"/home/mira/bin/gone"_s), QString());
+    EXPECT_EQ(runBy(u"/home/mira/Downloads/ink.AppImage"_s), QString());
+    EXPECT_EQ(runBy(u"ink.AppImage"_s), QString()) << "not a path";
+    EXPECT_EQ(runBy(QString()), QString());
+}
+
 TEST(AppImages, theNameOfTheFileSaysNameAndVersion)
 {
     EXPECT_EQ(parts(u"krita-5.2.2-x86_64.appimage"_s), u"krita|5.2.2"_s);
@@ -59,6 +101,9 @@ TEST(AppImages, theNameOfTheFileSaysNameAndVersion)
     EXPECT_EQ(parts(u"My_Editor_1.0_linux_amd64.AppImage"_s), u"My Editor|1.0"_s);
     EXPECT_EQ(parts(u"OpenSCAD-2021.01-x86_64.AppImage"_s), u"OpenSCAD|2021.01"_s);
     EXPECT_EQ(parts(u"7zip.AppImage"_s), u"7zip|"_s);
+    EXPECT_EQ(parts(u"krita-5.2.2-x86_64_0123456789abcdef0123456789abcdef.AppImage"_s), u"krita|5.2.2"_s);
+    EXPECT_EQ(parts(u"nvim_0123456789abcdef0123456789abcdef.appimage"_s), u"nvim|"_s);
+    EXPECT_EQ(parts(u"nvim_0123456789abcdef.appimage"_s), u"nvim 0123456789abcdef|"_s) << "too short";
 }
 
 } // namespace keelbright::testing
