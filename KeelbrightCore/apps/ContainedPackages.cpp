@@ -2,7 +2,6 @@
 
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/files/MachinePlaces.h"
-#include "KeelbrightCore/platform/files/PlaceOnVolume.h"
 
 #include <QXmlStreamReader>
 #include <QtEndian>
@@ -93,7 +92,7 @@ std::optional<PackageFacts> ContainedPackages::flatpak(const DesktopApplication&
         FileURL::fromNativePath(application.dataFolder.nativePath().chopped(exports.size()));
     const FileURL active = installation.appending(u"app"_s).appending(id).appending(u"current/active"_s);
     const FileURL deploy = active.appending(u"deploy"_s);
-    const bool isOwn = isAtOrBelow(installation, files.homeDirectory());
+    const bool isOwn = isUsersOwn(installation, files);
     return PackageFacts{
         .version = releaseIn(active.appending(u"files/share"_s), id, files),
         .sizeBytes = sizeInDeployData(files.contents(deploy, maximumBytes).value_or(QByteArray())),

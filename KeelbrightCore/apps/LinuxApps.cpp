@@ -4,7 +4,6 @@
 #include "KeelbrightCore/apps/DpkgPackages.h"
 #include "KeelbrightCore/apps/UsageRecords.h"
 #include "KeelbrightCore/platform/files/FileManager.h"
-#include "KeelbrightCore/platform/files/PlaceOnVolume.h"
 #include "KeelbrightCore/platform/system/AppImages.h"
 
 #include <algorithm>
@@ -22,16 +21,38 @@ QByteArray pathOnMachine(const FileURL& file, const FileManager& files)
     return root == "/" ? file.nativePath() : file.nativePath().sliced(root.size());
 }
 
-/// The paths of the entries that may belong to a package of the system.
+/// The paths of the entries that may belong to a package of the system, also of those that are hidden.
 QSet<QByteArray> entryPaths(const QList<DesktopApplication>& applications, const FileManager& files)
 {
     QSet<QByteArray> paths;
+    const auto add = [&](const FileURL& file) {
+        if (!isUsersOwn(file, files))
+            paths.insert(pathOnMachine(file, files));
+    };
     for (const DesktopApplication& application : applications) {
-        if (!isAtOrBelow(application.file, files.homeDirectory()))
-            paths.insert(pathOnMachine(application.file, files));
+        add(application.file);
+        for (const HiddenEntry& hidden : application.hidden)
+            add(hidden.file);
     }
     return paths;
 }
+
+/// The first entry that all users have; nothing where there are only the user's own.
+std::optional<FileURL> entryOfAllUsers(const DesktopApplication& application, const FileManager& files)
+{
+    if (!isUsersOwn(application.file, files))
+        return application.file;
+    const auto found = std::ranges::find_if(
+        application.hidden, [&](const HiddenEntry& hidden) { return !isUsersOwn(hidden.file, files); });
+    return found == application.hidden.end() ? std::nullopt : std::optional(found->file);
+}
+
+/// An entry with what is known of its package.
+struct Origin
+{
+    FileURL entry;
+    PackageFacts package;
+};
 
 /// One listing of everything.
 class Listing
@@ -54,34 +75,40 @@ public:
     }
 
 private:
-    [[nodiscard]] bool isUsersOwn(const DesktopApplication& application) const
+    [[nodiscard]] std::optional<PackageFacts> packageOf(const DesktopApplication& application) const
     {
-        return application.dataFolder == m_files.applicationSupportDirectory() ||
-               isAtOrBelow(application.file, m_files.homeDirectory());
-    }
-
-    [[nodiscard]] PackageFacts packageOf(const DesktopApplication& application) const
-    {
-        if (const auto facts = ContainedPackages::flatpak(application, m_files))
-            return *facts;
-        if (const auto facts = ContainedPackages::snap(application, m_files))
-            return *facts;
+        if (auto facts = ContainedPackages::flatpak(application, m_files))
+            return facts;
+        if (auto facts = ContainedPackages::snap(application, m_files))
+            return facts;
         if (const PackageFacts* facts = m_dpkg.ownerOf(pathOnMachine(application.file, m_files)))
             return *facts;
-        return {.installed = m_files.modificationDate(application.file)};
+        return std::nullopt;
+    }
+
+    /// A menu editor makes the user a copy of an entry, which hides that of the package.
+    [[nodiscard]] Origin originOf(const DesktopApplication& application) const
+    {
+        if (const auto package = packageOf(application))
+            return {.entry = application.file, .package = *package};
+        for (const HiddenEntry& hidden : application.hidden) {
+            if (const auto package = packageOf(hiddenApplication(application, hidden, m_files)))
+                return {.entry = hidden.file, .package = *package};
+        }
+        const FileURL entry = entryOfAllUsers(application, m_files).value_or(application.file);
+        return {.entry = entry, .package = {.installed = m_files.modificationDate(entry)}};
     }
 
     AppFacts factsOf(const DesktopApplication& application)
     {
         AppFacts facts{.name = application.entry.name.isEmpty() ? application.id : application.entry.name,
-                       .bundleID = application.id,
-                       .url = application.file};
+                       .bundleID = application.id};
         if (const AppImage* image = imageOf(application, m_images, m_files)) {
             m_imagesInMenu.append(image->file);
             takeImage(facts, *image);
         } else {
-            takePackage(facts, packageOf(application));
-            facts.isForAllUsers = !isUsersOwn(application);
+            takeOrigin(facts, originOf(application));
+            facts.isForAllUsers = entryOfAllUsers(application, m_files).has_value();
         }
         facts.themeIcon = application.entry.icon;
         const std::optional<AppUse> use = m_usage.of(application);
@@ -109,12 +136,13 @@ private:
         facts.dateAdded = m_files.modificationDate(image.file);
     }
 
-    static void takePackage(AppFacts& facts, const PackageFacts& package)
+    static void takeOrigin(AppFacts& facts, const Origin& origin)
     {
-        facts.version = package.version;
-        facts.sizeBytes = package.sizeBytes;
-        facts.dateAdded = package.installed;
-        facts.removalCommand = package.removalCommand;
+        facts.url = origin.entry;
+        facts.version = origin.package.version;
+        facts.sizeBytes = origin.package.sizeBytes;
+        facts.dateAdded = origin.package.installed;
+        facts.removalCommand = origin.package.removalCommand;
     }
 
     const FileManager& m_files;

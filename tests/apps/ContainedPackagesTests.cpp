@@ -1,5 +1,6 @@
 #include "KeelbrightCore/apps/ContainedPackages.h"
 
+#include "tests/support/DataElsewhere.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestLinux.h"
 
@@ -49,6 +50,18 @@ TEST_F(ContainedPackagesTests, aFlatpakOfTheUserIsRemovedAsTheUsers)
     EXPECT_EQ(facts->removalCommand, u"flatpak uninstall --user org.example.A"_s);
     EXPECT_EQ(facts->sizeBytes, std::nullopt);
     EXPECT_EQ(facts->version, QString());
+}
+
+TEST_F(ContainedPackagesTests, aFlatpakOfTheUserMayLieOutsideTheHome)
+{
+    machine.files().text("data/mira/flatpak/exports/share/applications/org.example.A.desktop",
+                         "[Desktop Entry]\nType=Application\nName=A\nX-Flatpak=org.example.A\n");
+    const DataElsewhere files(machine.root());
+    const QList<DesktopApplication> all = desktopApplications(files);
+    ASSERT_EQ(all.size(), 1);
+    const auto facts = ContainedPackages::flatpak(all.first(), files);
+    ASSERT_TRUE(facts);
+    EXPECT_EQ(facts->removalCommand, u"flatpak uninstall --user org.example.A"_s);
 }
 
 TEST_F(ContainedPackagesTests, anEntryElsewhereThatOnlySaysSoIsNoFlatpak)

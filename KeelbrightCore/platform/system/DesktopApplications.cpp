@@ -2,8 +2,9 @@
 
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/files/MachinePlaces.h"
+#include "KeelbrightCore/platform/files/PlaceOnVolume.h"
 
-#include <QSet>
+#include <QHash>
 #include <algorithm>
 
 namespace keelbright {
@@ -12,7 +13,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 maximumBytes = qint64{1024} * 1024; // far above any entry
+std::optional<DesktopEntry> readEntry(const FileURL& file, const QStringList& languages,
+                                      const FileManager& files)
+{
+    constexpr qint64 maximumBytes = qint64{1024} * 1024; // far above any entry
+    const auto data = files.contents(file, maximumBytes);
+    return data ? DesktopEntry::fromData(*data, languages) : std::nullopt;
+}
 
 /// Whether there is such a program, by its path or in the folders of programs.
 bool isThere(const QString& program, const FileManager& files)
@@ -29,8 +36,9 @@ bool isThere(const QString& program, const FileManager& files)
 class Search
 {
 public:
-    explicit Search(const FileManager& files)
+    Search(const FileManager& files, Menu menu)
         : m_files(files)
+        , m_menu(menu)
     {}
 
     QList<DesktopApplication> run()
@@ -60,12 +68,16 @@ private:
 
     void take(DesktopApplication application)
     {
-        if (m_ids.contains(application.id))
+        if (const auto first = m_places.constFind(application.id); first != m_places.constEnd()) {
+            if (*first >= 0)
+                m_found[*first].hidden.append(
+                    {.file = application.file, .dataFolder = application.dataFolder});
             return;
-        m_ids.insert(application.id);
-        const auto data = m_files.contents(application.file, maximumBytes);
-        const auto entry = data ? DesktopEntry::fromData(*data, m_languages) : std::nullopt;
-        if (!entry || !isShown(*entry))
+        }
+        const auto entry = readEntry(application.file, m_languages, m_files);
+        const bool isListed = entry && isShown(*entry);
+        m_places.insert(application.id, isListed ? m_found.size() : -1);
+        if (!isListed)
             return;
         application.entry = *entry;
         m_found.append(application);
@@ -74,22 +86,39 @@ private:
     [[nodiscard]] bool isShown(const DesktopEntry& entry) const
     {
         return entry.type == "Application"_L1 && !entry.isHidden && !entry.isNoDisplay &&
-               entry.isShownIn(m_desktops) && (entry.tryExec.isEmpty() || isThere(entry.tryExec, m_files));
+               (m_menu == Menu::ofAnyDesktop || entry.isShownIn(m_desktops)) &&
+               (entry.tryExec.isEmpty() || isThere(entry.tryExec, m_files));
     }
 
     const FileManager& m_files;
+    const Menu m_menu;
     const QStringList m_languages = messageLanguages();
     const QStringList m_desktops =
         qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':', Qt::SkipEmptyParts);
-    QSet<QString> m_ids; ///< of entries that have been found, shown or not
+    QHash<QString, qsizetype> m_places; ///< among those found, by their ids; -1 of one that is not shown
     QList<DesktopApplication> m_found;
 };
 
 } // namespace
 
-QList<DesktopApplication> desktopApplications(const FileManager& files)
+QList<DesktopApplication> desktopApplications(const FileManager& files, Menu menu)
 {
-    return Search(files).run();
+    return Search(files, menu).run();
+}
+
+DesktopApplication hiddenApplication(const DesktopApplication& application, const HiddenEntry& hidden,
+                                     const FileManager& files)
+{
+    return {.id = application.id,
+            .file = hidden.file,
+            .dataFolder = hidden.dataFolder,
+            .entry = readEntry(hidden.file, messageLanguages(), files).value_or(DesktopEntry())};
+}
+
+bool isUsersOwn(const FileURL& place, const FileManager& files)
+{
+    return isAtOrBelow(place, files.homeDirectory()) ||
+           isAtOrBelow(place, files.applicationSupportDirectory());
 }
 
 } // namespace keelbright

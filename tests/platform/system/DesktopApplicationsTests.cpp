@@ -1,5 +1,6 @@
 #include "KeelbrightCore/platform/system/DesktopApplications.h"
 
+#include "tests/support/DataElsewhere.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestLinux.h"
 
@@ -21,10 +22,10 @@ protected:
     }
 
     /// Each as "id: name", in alphabetical order.
-    QStringList shown()
+    QStringList shown(Menu menu = Menu::ofThisDesktop)
     {
         QStringList lines;
-        for (const DesktopApplication& application : desktopApplications(machine.fileManager()))
+        for (const DesktopApplication& application : desktopApplications(machine.fileManager(), menu))
             lines.append(application.id + u": "_s + application.entry.name);
         lines.sort();
         return lines;
@@ -84,6 +85,59 @@ TEST_F(DesktopApplicationsTests, theFirstEntryOfAnIdHidesTheOthers)
     add("home/mira/.local/share/applications/a.desktop", "Hidden", "Hidden=true\n");
     add("home/mira/.local/share/applications/b.desktop", "Not in the menu", "NoDisplay=true\n");
     EXPECT_EQ(shown(), QStringList{u"c: C"_s});
+}
+
+TEST_F(DesktopApplicationsTests, anApplicationKnowsWhichEntriesItsOwnHides)
+{
+    add("home/mira/.local/share/applications/a.desktop", "My copy");
+    add("usr/local/share/applications/a.desktop", "Of the administrator");
+    add("usr/share/applications/a.desktop", "Of a package", "X-SnapInstanceName=a\n");
+    add("usr/share/applications/b.desktop", "B");
+    const QList<DesktopApplication> all = desktopApplications(machine.fileManager());
+    ASSERT_EQ(all.size(), 2);
+    ASSERT_EQ(all[0].hidden.size(), 2);
+    EXPECT_EQ(all[0].hidden[0].file, machine.root().appending(u"usr/local/share/applications/a.desktop"_s));
+    const DesktopApplication package = hiddenApplication(all[0], all[0].hidden[1], machine.fileManager());
+    EXPECT_EQ(package.id, u"a"_s);
+    EXPECT_EQ(package.file, machine.root().appending(u"usr/share/applications/a.desktop"_s));
+    EXPECT_EQ(package.dataFolder, machine.root().appending(u"usr/share"_s));
+    EXPECT_EQ(package.entry.name, u"Of a package"_s);
+    EXPECT_EQ(package.entry.snap, u"a"_s);
+    EXPECT_TRUE(all[1].hidden.isEmpty());
+}
+
+TEST_F(DesktopApplicationsTests, aHiddenEntryThatCanNotBeReadIsEmpty)
+{
+    add("home/mira/.local/share/applications/a.desktop", "My copy");
+    machine.files().text("usr/share/applications/a.desktop", "no entry");
+    const QList<DesktopApplication> all = desktopApplications(machine.fileManager());
+    ASSERT_EQ(all.size(), 1);
+    ASSERT_EQ(all[0].hidden.size(), 1);
+    EXPECT_EQ(hiddenApplication(all[0], all[0].hidden[0], machine.fileManager()).entry.name, QString());
+}
+
+TEST_F(DesktopApplicationsTests, theMenuOfAnyDesktopHasThoseOfOthersButNothingThatNoMenuShows)
+{
+    const EnvironmentVariable desktop("XDG_CURRENT_DESKTOP");
+    desktop.set("KDE");
+    add("usr/share/applications/a.desktop", "A", "OnlyShowIn=GNOME;\n");
+    add("usr/share/applications/b.desktop", "B", "NotShowIn=KDE;\n");
+    add("usr/share/applications/c.desktop", "C", "NoDisplay=true\n");
+    add("usr/share/applications/d.desktop", "D", "Hidden=true\n");
+    EXPECT_EQ(shown(), QStringList());
+    EXPECT_EQ(shown(Menu::ofAnyDesktop), (QStringList{u"a: A"_s, u"b: B"_s}));
+}
+
+TEST_F(DesktopApplicationsTests, theHomeAndTheFolderOfDataOutsideItAreTheUsersOwn)
+{
+    const DataElsewhere files(machine.root());
+    const auto isOwn = [&](const char* path) {
+        return isUsersOwn(machine.root().appendingNative(path), files);
+    };
+    EXPECT_TRUE(isOwn("home/mira/.local/share/applications/a.desktop"));
+    EXPECT_TRUE(isOwn("data/mira/applications/a.desktop"));
+    EXPECT_FALSE(isOwn("data/mirabel/applications/a.desktop"));
+    EXPECT_FALSE(isOwn("usr/share/applications/a.desktop"));
 }
 
 TEST_F(DesktopApplicationsTests, onlyApplicationsThatTheMenuShowsAreListed)
