@@ -17,16 +17,18 @@ namespace {
 
 using Kind = AppLeftover::Kind;
 
-/// Folders of the desktop itself, which every application uses, whatever a program is called.
+/// Folders of the desktop itself, which every application uses, whatever a program is called. Two of them
+/// are called after a program, but serve what no menu shows too: GNOME keeps everyone's calendars, contacts
+/// and accounts in "evolution", and the terminal inside KDE's programs has its profiles in "konsole".
 bool isOfTheDesktop(const QString& name)
 {
     static const QStringList names{u"Trash"_s,           u"applications"_s, u"autostart"_s,  u"backgrounds"_s,
                                    u"bash-completion"_s, u"dbus-1"_s,       u"dconf"_s,      u"desktop"_s,
-                                   u"environment.d"_s,   u"flatpak"_s,      u"fontconfig"_s, u"fonts"_s,
-                                   u"gtk-2.0"_s,         u"gtk-3.0"_s,      u"gtk-4.0"_s,    u"icons"_s,
-                                   u"keyrings"_s,        u"man"_s,          u"menus"_s,      u"mime"_s,
-                                   u"pulse"_s,           u"sounds"_s,       u"systemd"_s,    u"themes"_s,
-                                   u"thumbnails"_s,      u"wallpapers"_s};
+                                   u"environment.d"_s,   u"evolution"_s,    u"flatpak"_s,    u"fontconfig"_s,
+                                   u"fonts"_s,           u"gtk-2.0"_s,      u"gtk-3.0"_s,    u"gtk-4.0"_s,
+                                   u"icons"_s,           u"keyrings"_s,     u"konsole"_s,    u"man"_s,
+                                   u"menus"_s,           u"mime"_s,         u"pulse"_s,      u"sounds"_s,
+                                   u"systemd"_s,         u"themes"_s,       u"thumbnails"_s, u"wallpapers"_s};
     return names.contains(name);
 }
 
@@ -60,15 +62,22 @@ public:
     }
 
 private:
-    /// Without those that another application has too.
+    /// Without those that another application has too, also one whose entry this one's hides.
     [[nodiscard]] QStringList ownNames(const DesktopApplication& application) const
     {
         QStringList names = namesOf(application);
-        for (const DesktopApplication& other : m_installed) {
-            if (other.id == application.id)
-                continue;
+        const auto leaveTo = [&names](const DesktopApplication& other) {
             for (const QString& shared : namesOf(other))
                 names.removeAll(shared);
+        };
+        for (const DesktopApplication& other : m_installed) {
+            if (other.id != application.id)
+                leaveTo(other);
+        }
+        for (const HiddenEntry& hidden : application.hidden) {
+            const DesktopApplication other = hiddenApplication(application, hidden, m_files);
+            if (ownProgramOf(other.entry) != ownProgramOf(application.entry))
+                leaveTo(other);
         }
         names.removeIf(
             [](const QString& name) { return isOfTheDesktop(name) || !isFileName(name.toUtf8()); });
@@ -101,8 +110,7 @@ private:
     void appendEntryOfImage(const DesktopApplication& application)
     {
         const QList<AppImage> images = appImages(m_files);
-        if (imageOf(application, images, m_files) != nullptr &&
-            isAtOrBelow(application.file, m_files.homeDirectory()))
+        if (imageOf(application, images, m_files) != nullptr && isUsersOwn(application.file, m_files))
             append(application.file, Kind::other);
     }
 
@@ -115,7 +123,7 @@ private:
     const QString m_id;
     const FileManager& m_files;
     const Cancellation& m_cancellation;
-    const QList<DesktopApplication> m_installed = desktopApplications(m_files);
+    const QList<DesktopApplication> m_installed = desktopApplications(m_files, Menu::ofAnyDesktop);
     QList<AppLeftover> m_found;
 };
 

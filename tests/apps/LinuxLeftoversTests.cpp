@@ -1,4 +1,7 @@
+#include "KeelbrightCore/apps/LinuxLeftovers.h"
+
 #include "KeelbrightCore/apps/AppLeftoversScanner.h"
+#include "tests/support/DataElsewhere.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TestLinux.h"
 
@@ -98,6 +101,60 @@ TEST_F(LinuxLeftoversTests, theFoldersOfTheDesktopAndOfProgramsThatRunOthersAreN
         EXPECT_EQ(found(id), QStringList()) << id.toStdString();
 }
 
+TEST_F(LinuxLeftoversTests, whatTheDesktopUsesWithoutTheProgramIsNotFound)
+{
+    addEntry("org.gnome.Evolution", "evolution %U");
+    write(".local/share/evolution/calendar/system/calendar.ics", 10);
+    write(".config/evolution/sources/account.source", 10);
+    write(".cache/evolution/addressbook/cache.db", 10);
+    write(".config/org.gnome.Evolution/own", 30);
+    EXPECT_EQ(found(u"org.gnome.Evolution"_s), QStringList{u".config/org.gnome.Evolution Preferences 30"_s});
+    addEntry("org.kde.konsole", "konsole");
+    write(".local/share/konsole/Shell.profile", 10);
+    EXPECT_EQ(found(u"org.kde.konsole"_s), QStringList());
+}
+
+TEST_F(LinuxLeftoversTests, aFolderIsSharedAlsoWithAnApplicationThatOnlyAnotherDesktopShows)
+{
+    const EnvironmentVariable desktop("XDG_CURRENT_DESKTOP");
+    desktop.set("KDE");
+    addEntry("org.example.Ink", "ink");
+    write(".config/ink/settings", 10);
+    addEntry("org.example.Helper", "ink --open", "NoDisplay=true\n");
+    addEntry("org.example.Old", "ink", "Hidden=true\n");
+    EXPECT_EQ(found(u"org.example.Ink"_s), QStringList{u".config/ink Preferences 10"_s})
+        << "what no menu shows is a part of the application";
+    addEntry("org.example.InkForGnome", "ink --gnome", "OnlyShowIn=GNOME;\n");
+    EXPECT_EQ(found(u"org.example.Ink"_s), QStringList());
+    addEntry("org.example.InkForGnome", "ink --gnome", "NotShowIn=KDE;\n");
+    EXPECT_EQ(found(u"org.example.Ink"_s), QStringList());
+}
+
+TEST_F(LinuxLeftoversTests, aFolderIsSharedAlsoWithAnotherProgramWhoseEntryIsHidden)
+{
+    const MadeUpLinux mira = machine.madeUp(MadeUpLinux::Desktop::gnome);
+    mira.addAppImage("Applications/Ink-2.0.AppImage", 100, 1);
+    machine.files().text("home/mira/.local/share/applications/org.example.Ink.desktop",
+                         "[Desktop Entry]\nType=Application\nName=Ink\n"
+                         "Exec=/home/mira/Applications/Ink-2.0.AppImage\n");
+    write(".config/org.example.Ink/settings", 100'000);
+    EXPECT_EQ(found(u"org.example.Ink"_s).value(0), u".config/org.example.Ink Preferences 100000"_s);
+    addEntry("org.example.Ink", "ink");
+    const QStringList lines = found(u"org.example.Ink"_s);
+    ASSERT_EQ(lines.size(), 1) << "the package's program stays and keeps its settings";
+    EXPECT_TRUE(lines.first().startsWith(u".local/share/applications/org.example.Ink.desktop Other "_s))
+        << lines.first().toStdString();
+}
+
+TEST_F(LinuxLeftoversTests, aCopyOfAnEntryOfTheSameProgramSharesNothing)
+{
+    addEntry("org.example.Ink", "/usr/bin/ink %U");
+    machine.files().text("home/mira/.local/share/applications/org.example.Ink.desktop",
+                         "[Desktop Entry]\nType=Application\nName=My Ink\nExec=env A=1 ink %U\n");
+    write(".config/ink/settings", 10);
+    EXPECT_EQ(found(u"org.example.Ink"_s), QStringList{u".config/ink Preferences 10"_s});
+}
+
 TEST_F(LinuxLeftoversTests, aFlatpakHasAFolderOfItsOwn)
 {
     machine.madeUp(MadeUpLinux::Desktop::gnome).addFlatpak("org.gnome.Maps", "Maps", "45.2", 1, 1);
@@ -113,6 +170,20 @@ TEST_F(LinuxLeftoversTests, theEntryOfAnAppImageGoesWithIt)
     EXPECT_TRUE(
         lines.first().startsWith(u".local/share/applications/appimagekit_0a1b-Krita.desktop Other "_s))
         << lines.first().toStdString();
+}
+
+TEST_F(LinuxLeftoversTests, theEntryOfAnAppImageMayLieOutsideTheHome)
+{
+    const MadeUpLinux mira = machine.madeUp(MadeUpLinux::Desktop::gnome);
+    mira.addAppImage("Applications/Ink-2.0.AppImage", 100, 1);
+    machine.files().text("data/mira/applications/ink.desktop",
+                         "[Desktop Entry]\nType=Application\nName=Ink\n"
+                         "Exec=/home/mira/Applications/Ink-2.0.AppImage\n");
+    const QList<AppLeftover> leftovers =
+        LinuxLeftovers::scan(u"ink"_s, DataElsewhere(machine.root()), Cancellation());
+    ASSERT_EQ(leftovers.size(), 1);
+    EXPECT_EQ(leftovers.first().url, machine.root().appending(u"data/mira/applications/ink.desktop"_s));
+    EXPECT_EQ(leftovers.first().kind, AppLeftover::Kind::other);
 }
 
 TEST_F(LinuxLeftoversTests, theHomeAsAFolderOfTheEnvironmentIsNotSearched)
