@@ -1,6 +1,7 @@
 """A drive below the made-up machine that keeps whoever uses it waiting."""
 
 import os
+import select
 import signal
 import subprocess
 import time
@@ -18,15 +19,22 @@ class HeldDrive:
         self.folder = scenario.machine.root / "behind"
         for made in (self.folder, place):
             made.mkdir(parents=True, exist_ok=True)
-        self.server = subprocess.Popen(["/usr/bin/python3", FAILING_DRIVE, self.folder, place, "held", "1", "EIO"])
-        scenario.addCleanup(self.server.wait)
-        scenario.addCleanup(self.server.kill)
+        # pylint: disable=consider-using-with
+        self.server = subprocess.Popen(["/usr/bin/python3", FAILING_DRIVE, self.folder, place, "held", "1", "EIO"],
+                                       stdout=subprocess.PIPE)
+        scenario.addCleanup(self.server.stdout.close)
+        scenario.addCleanup(self.end)
         scenario.addCleanup(subprocess.run, ["umount", "-l", place], check=False)
+        scenario.drives.append(self)
         deadline = time.monotonic() + 10
         while not os.path.ismount(place):
             if self.server.poll() is not None or time.monotonic() > deadline:
                 raise unittest.SkipTest("no file system of our own can be mounted here")
             time.sleep(0.05)
+
+    def has_a_reader(self):
+        """Whether somebody waits for what is to be read, or has waited."""
+        return bool(select.select([self.server.stdout], [], [], 0)[0])
 
     def release(self):
         self.server.send_signal(signal.SIGUSR1)
@@ -35,9 +43,14 @@ class HeldDrive:
         """Answers nothing any more."""
         self.server.send_signal(signal.SIGSTOP)
 
+    def end(self):
+        """Whoever waits gets an error."""
+        self.server.kill()
+        self.server.wait()
+
 
 def is_asked_by(process):
-    """Whether a thread of the process waits for the answer of a drive."""
+    """Whether a thread of the process waits for the answer of a drive to anything but a read."""
     def wait_channel(task):
         try:
             return (task / "wchan").read_text(encoding="ascii")

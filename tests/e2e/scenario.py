@@ -22,6 +22,7 @@ class Scenario(unittest.TestCase):
         self.addCleanup(shutil.rmtree, folder)
         self.machine = self.make_machine(folder)
         self.window = None
+        self.drives = []  # held ones
 
     @staticmethod
     def make_machine(folder):
@@ -31,8 +32,15 @@ class Scenario(unittest.TestCase):
     def start(self):
         """Starts the program, which must not be running."""
         self.window = KeelBright([PROGRAM], self.machine.environment(), self.machine.root / "output.log")
-        self.addCleanup(self.window.kill)
+        self.addCleanup(self.kill, self.window)
         return self.window
+
+    def kill(self, window):
+        """Ends the program without asking it."""
+        window.process.kill()
+        for drive in self.drives:
+            drive.end()  # not even a killed program ends while it waits for a drive
+        window.process.wait()
 
     def leave(self):
         self.assertEqual(self.window.leave(), 0, self.window.output())

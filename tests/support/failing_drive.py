@@ -12,7 +12,7 @@ A REQUEST of size, blocks or cached-size makes no request fail: AFTER is then th
 every file, whatever can be read of it. With blocks the file seems to be one hole as well; with cached-size the
 system keeps what it has read. With names, AFTER is the number of bytes that the drive allows in a name;
 with forms, the drive takes both ways to encode an accented letter for the same. With held, what is to be read
-waits until the signal USR1 comes.
+waits until the signal USR1 comes; the line "held" is printed when somebody waits for the first time.
 """
 
 import errno
@@ -53,6 +53,20 @@ class Budget:
         cls.left = 0
 
 
+class Hold:
+    """What lets a reader wait."""
+
+    is_announced = False
+
+    @classmethod
+    def wait(cls):
+        if not cls.is_announced and Budget.left > 0:
+            cls.is_announced = True
+            print("held", flush=True)
+        while Budget.left > 0:
+            time.sleep(0.02)
+
+
 def place_of(path):
     if REQUEST == "names" and len(os.fsencode(path).rsplit(b"/", 1)[-1]) > int(AFTER):
         raise OSError(errno.ENAMETOOLONG, os.strerror(errno.ENAMETOOLONG))
@@ -79,8 +93,8 @@ class OpenFile:
         self.descriptor = os.open(place_of(path), flags & ~os.O_APPEND, *mode)
 
     def read(self, length, offset):
-        while REQUEST == "held" and Budget.left > 0:
-            time.sleep(0.02)
+        if REQUEST == "held":
+            Hold.wait()
         Budget.spend("read", length)
         if REQUEST == "block" and offset <= int(AFTER) < offset + length:
             raise OSError(getattr(errno, ERROR), os.strerror(getattr(errno, ERROR)))

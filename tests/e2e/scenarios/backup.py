@@ -2,7 +2,7 @@ import os
 import stat
 import time
 
-from held_drive import HeldDrive, is_asked_by
+from held_drive import HeldDrive
 from keelbright import WINDOW
 from machine import decimal_size, read_json
 from scenario import Scenario
@@ -212,7 +212,7 @@ class LongRun(Scenario):
 
     def test_cancelling_stops_before_the_next_file(self):
         window = self.start_run()
-        wait_until(lambda: is_asked_by(window.process.pid), "the run does not get to the drive")
+        wait_until(self.drive.has_a_reader, "the run does not get to the drive")
         window.button("Cancel Backup").press()
         window.label("Cancelling...")
         self.drive.release()
@@ -258,8 +258,9 @@ class LongRun(Scenario):
     def test_no_half_file_is_left_by_a_kill(self):
         window = self.start_run()
         wait_until(self.has_begun, "nothing is copied")
-        window.kill()
-        self.drive.release()
+        window.process.kill()
+        self.drive.release()  # what waits for a drive does not end before it has its answer
+        window.process.wait()
         self.assert_whole_part()
 
     def test_a_request_to_end_stops_the_run_and_the_next_one_finishes_it(self):
