@@ -61,7 +61,7 @@ TEST_F(LinuxFullScanTests, findsTheJunkAndTheApplicationsOfTheDesktop)
                                    u"Log Files: 5 items taking up 83 KB"_s,
                                    u"Trash: 2 items taking up 60 KB"_s,
                                    u"Krita"_s + unused,
-                                   u"Files"_s + unused,
+                                   u"Dolphin"_s + unused,
                                    u"Maps"_s + unused,
                                    u"Firefox"_s + unused,
                                }));

@@ -109,9 +109,10 @@ void MadeUpLinux::addCaches() const
         m_files.noise(caches + "gnome-software/appstream/components.xmlb", 2'000 * kilobyte);
         break;
     case Desktop::plasma:
-        // KDE's shared caches are plain files.
+        // KDE's shared caches are plain files; that of its services has the language in its name.
         m_files.noise(caches + "icon-cache.kcache", 1'000 * kilobyte);
-        m_files.noise(caches + "ksycoca5_de_abc", 500 * kilobyte);
+        m_files.noise(caches + (m_language == Language::german ? "ksycoca5_de_abc" : "ksycoca5_en_abc"),
+                      500 * kilobyte);
         m_files.noise(caches + "plasmashell/qmlcache/0f.qmlc", 80 * kilobyte);
         break;
     case Desktop::windowManager:
@@ -145,6 +146,9 @@ void MadeUpLinux::addBrowsers() const
 
 void MadeUpLinux::addDeveloperCaches() const
 {
+    // As each tool's own documentation has it: the README of npm's cacache, "Cargo Home" in the Cargo Book,
+    // "Gradle-managed Directories", `pip cache dir`, `go help cache` and ccache(1). Go's "-d" is an output,
+    // ccache's "R" a result.
     m_files.noise(homePath + ".npm/_cacache/content-v2/sha512/00/11/2233", 70 * kilobyte);
     m_files.text(homePath + ".npm/_update-notifier-last-checked", "");
     m_files.noise(homePath + ".cargo/registry/cache/index.crates.io-6f17d22bba15001f/serde-1.0.0.crate",
@@ -165,6 +169,9 @@ void MadeUpLinux::addLogs() const
         m_files.noise(homePath + ".local/share/xorg/Xorg.0.log", 30 * kilobyte);
         m_files.noise(homePath + ".local/share/xorg/Xorg.0.log.old", 31 * kilobyte);
     }
+    // The base directory specification of freedesktop.org puts logs and histories into this folder. Neovim's
+    // names are those of its `:help standard-path`, WirePlumber's is that of its saved volumes, and Python's
+    // is where people let PYTHON_HISTORY point. Syncthing's stand for programs with a folder of logs.
     const QByteArray state = homePath + ".local/state/";
     m_files.noise(state + "nvim/log", 7 * kilobyte);
     m_files.noise(state + "nvim/shada/main.shada", 8 * kilobyte);
@@ -176,6 +183,8 @@ void MadeUpLinux::addLogs() const
 
 void MadeUpLinux::addTrash() const
 {
+    // By the Trash specification of freedesktop.org: each thing, and a file of its name that tells where it
+    // was, as in a URL.
     const QByteArray trash = homePath + ".local/share/Trash/";
     m_files.noise(trash + "files/Old letter.odt", 25 * kilobyte);
     m_files.noise(trash + "files/Drafts/draft.odt", 35 * kilobyte);
@@ -204,6 +213,7 @@ void MadeUpLinux::addYearsOfUse() const
 
 void MadeUpLinux::addProcesses(const QList<QByteArrayList>& commands) const
 {
+    // By proc(5): each argument has a null byte at its end, and the user comes in four roles.
     int number = 1000;
     for (const QByteArrayList& command : commands) {
         const QByteArray process = "proc/" + QByteArray::number(++number) + '/';
@@ -213,126 +223,9 @@ void MadeUpLinux::addProcesses(const QList<QByteArrayList>& commands) const
     }
 }
 
-void MadeUpLinux::addEntry(const QByteArray& path, const QByteArray& lines, int daysOld) const
-{
-    m_files.text(path, "[Desktop Entry]\nVersion=1.0\nType=Application\n" + lines, daysOld);
-}
-
-void MadeUpLinux::addApplications() const
-{
-    addEntry("usr/share/applications/org.gnome.Nautilus.desktop",
-             "Name=Files\nName[de]=Dateien\nExec=nautilus --new-window %U\nIcon=org.gnome.Nautilus\n");
-    addPackage("nautilus", "43.2-1", 3'900,
-               {"/.", "/usr", "/usr/bin/nautilus", "/usr/share/applications/org.gnome.Nautilus.desktop"},
-               700);
-    addSnap("firefox", "Firefox", "121.0-1", 90);
-    addAppImage("Applications/krita-5.2.2-x86_64.appimage", 300 * kilobyte, 60);
-    // As the tool that integrates AppImages into the menu writes it.
-    addEntry(homePath + ".local/share/applications/appimagekit_0a1b-Krita.desktop",
-             "Name=Krita\nExec=/home/mira/Applications/krita-5.2.2-x86_64.appimage %F\nIcon=krita\n");
-    addFlatpak("org.gnome.Maps", "Maps", "45.2", 12'345'678, 200);
-}
-
-void MadeUpLinux::addOwnApplication() const
-{
-    m_files.program(homePath + ".local/bin/tidetable", "#!/bin/sh\n");
-    addEntry(homePath + ".local/share/applications/tidetable.desktop",
-             "Name=Tide Table\nExec=/home/mira/.local/bin/tidetable\nIcon=tidetable\n", 900);
-    m_files.text(homePath + ".config/tidetable/settings.ini", "[harbour]\nname=Reine\n");
-    m_files.hole(homePath + ".local/share/tidetable/harbours.db", 41 * megabyte);
-    m_files.hole(homePath + ".cache/tidetable/charts", 9 * megabyte);
-}
-
-void MadeUpLinux::addUse() const
-{
-    if (m_desktop != Desktop::gnome)
-        return;
-    // As gnome-shell's shell-app-usage.c writes it, five minutes after a change: the score is the time in
-    // focus in units of seven seconds. One below 3,214 that was not seen for a week is dropped from the file.
-    QByteArray state = "<?xml version=\"1.0\"?>\n<application-state>\n  <context id=\"\">\n";
-    const auto add = [&](const QByteArray& id, int score, int daysAgo) {
-        const qint64 seconds = m_files.now().addDays(-daysAgo).toSecsSinceEpoch();
-        state += "    <application id=\"" + id + ".desktop\" score=\"" + QByteArray::number(score) +
-                 "\" last-seen=\"" + QByteArray::number(seconds) + "\"/>\n";
-    };
-    add("firefox_firefox", 18'900, 0);
-    add("org.gnome.Nautilus", 3'600, 10);
-    add("tidetable", 6'900, 200);
-    state += "  </context>\n</application-state>\n";
-    m_files.text(homePath + ".local/share/gnome-shell/application_state", state, 0);
-}
-
 void MadeUpLinux::addBackupDrive() const
 {
     m_files.folder("media/mira/Backup Drive/lost+found");
-}
-
-void MadeUpLinux::addPackage(const QByteArray& name, const QByteArray& version, int kibibytes,
-                             const QByteArrayList& files, int daysOld) const
-{
-    // One paragraph for each package, whose description goes on with lines that begin with a blank.
-    m_files.append("var/lib/dpkg/status",
-                   "Package: " + name +
-                       "\nStatus: install ok installed\nPriority: optional\nInstalled-Size: " +
-                       QByteArray::number(kibibytes) + "\nArchitecture: amd64\nVersion: " + version +
-                       "\nDescription: what " + name + " does\n Version: not this one\n .\n\n");
-    m_files.text("var/lib/dpkg/info/" + name + ".list", files.join('\n') + '\n', daysOld);
-}
-
-void MadeUpLinux::addFlatpak(const QByteArray& id, const QByteArray& name, const QByteArray& version,
-                             quint64 size, int daysOld) const
-{
-    const QByteArray installation = "var/lib/flatpak/";
-    const QByteArray active = installation + "app/" + id + "/x86_64/stable/0a1b2c/";
-    m_files.link(installation + "app/" + id + "/current", "x86_64/stable");
-    m_files.link(installation + "app/" + id + "/x86_64/stable/active", "0a1b2c");
-    addEntry(active + "export/share/applications/" + id + ".desktop",
-             "Name=" + name + "\nExec=/usr/bin/flatpak run --branch=stable --arch=x86_64 " + id +
-                 "\nIcon=" + id + "\nX-Flatpak=" + id + '\n');
-    m_files.link(installation + "exports/share/applications/" + id + ".desktop",
-                 "../../../app/" + id + "/current/active/export/share/applications/" + id + ".desktop");
-    m_files.text(active + "files/share/metainfo/" + id + ".metainfo.xml",
-                 "<?xml version=\"1.0\"?>\n<component type=\"desktop-application\">\n<id>" + id +
-                     "</id>\n<releases>\n<release version=\"" + version +
-                     "\" date=\"2026-01-01\"/>\n<release version=\"1.0\"/>\n</releases>\n</component>\n");
-    // The serialised GVariant "(ssasta{sv})": origin, commit, no subpaths, size, no more metadata.
-    QByteArray deploy = QByteArray("flathub") + '\0' + QByteArray(64, 'c') + '\0';
-    const auto firstEnd = static_cast<char>(QByteArrayView("flathub").size() + 1);
-    const auto secondEnd = static_cast<char>(deploy.size());
-    while (deploy.size() % 8 != 0)
-        deploy += '\0';
-    for (int shift = 56; shift >= 0; shift -= 8)
-        deploy += static_cast<char>(size >> static_cast<unsigned>(shift));
-    deploy += secondEnd; // of the empty list of subpaths
-    deploy += secondEnd;
-    deploy += firstEnd;
-    m_files.text(active + "deploy", deploy, daysOld);
-}
-
-void MadeUpLinux::addSnap(const QByteArray& instance, const QByteArray& name, const QByteArray& version,
-                          int daysOld) const
-{
-    addEntry("var/lib/snapd/desktop/applications/" + instance + '_' + instance + ".desktop",
-             "X-SnapInstanceName=" + instance + "\nName=" + name +
-                 "\nExec=env BAMF_DESKTOP_FILE_HINT=/var/lib/snapd/desktop/applications/" + instance + '_' +
-                 instance + ".desktop /snap/bin/" + instance + " %u\nIcon=/snap/" + instance +
-                 "/7/default256.png\n");
-    m_files.text("snap/" + instance + "/7/meta/snap.yaml",
-                 "name: " + instance + "\nversion: '" + version + "'\nsummary: what it does\n");
-    m_files.link("snap/" + instance + "/current", "7");
-    m_files.noise("var/lib/snapd/snaps/" + instance + "_7.snap", 250 * kilobyte, daysOld);
-}
-
-void MadeUpLinux::addAppImage(const QByteArray& path, qint64 bytes, int daysOld) const
-{
-    QByteArray content(bytes, '\0');
-    content.replace(0, 11,
-                    QByteArray("\x7F"
-                               "ELF"
-                               "\x02\x01\x01\x00"
-                               "AI\x02",
-                               11));
-    m_files.text(homePath + path, content, daysOld);
 }
 
 } // namespace keelbright::testing

@@ -36,14 +36,16 @@ public:
     void addLogs() const;
     /// A document and a folder in the Trash of the home.
     void addTrash() const;
-    /// Four applications: Files as a package of the system, Firefox as a Snap, Krita as an AppImage with an
-    /// entry of its own in the menu, and Maps as a Flatpak. Names have a German form.
+    /// Firefox as a Snap, Krita as an AppImage with an entry of its own in the menu, Maps as a Flatpak, and
+    /// what belongs to the desktop as packages of the system: GNOME's Files, called "Dateien" in German,
+    /// Plasma's Dolphin, and beside a bare window manager a document viewer, called "Dokumentenbetrachter" in
+    /// German, and GIMP. The entries have both languages.
     void addApplications() const;
     /// Tide Table, which the user has put into the menu without a package, with its program, settings, data
     /// and cache, 50 MB together.
     void addOwnApplication() const;
-    /// What GNOME's shell records of how these are used. Other desktops have records of their own; nothing
-    /// is written for them.
+    /// What the desktop records of how these are used: GNOME's shell, KDE's activity manager, and beside a
+    /// bare window manager only programs themselves, in the list of recent documents.
     void addUse() const;
     /// "/media/mira/Backup Drive", with the folder that every drive of ext4 has: an empty one would be what a
     /// drive has left behind.
@@ -69,6 +71,10 @@ private:
     /// Below the root, with a slash at its end. `key` is that of the list of user folders: "DOCUMENTS".
     [[nodiscard]] QByteArray userFolder(const QByteArray& key) const;
     void addYearsOfUse() const;
+    void addProgramsOfDesktop() const;
+    void addUseOnGnome() const;
+    void addUseOnPlasma() const;
+    void addUseOfDocuments() const;
     void addEntry(const QByteArray& path, const QByteArray& lines, int daysOld = 30) const;
 
     MadeUpFiles m_files;

@@ -9,6 +9,7 @@ PlasmaDatabase::PlasmaDatabase(const FileURL& file)
     if (sqlite3_open(file.nativePath().constData(), &m_database) != SQLITE_OK)
         qFatal("can't make %s", file.nativePath().constData());
     run("PRAGMA journal_mode = WAL");
+    run("PRAGMA synchronous = OFF"); // it need not outlive the loss of power
     run("CREATE TABLE IF NOT EXISTS ResourceEvent (usedActivity TEXT, initiatingAgent TEXT, "
         "targettedResource TEXT, start INTEGER, end INTEGER)");
 }
