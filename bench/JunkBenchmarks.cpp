@@ -42,7 +42,7 @@ void scanJunkOfLinuxHome(benchmark::State& state)
     state.SetItemsProcessed(state.iterations() * files);
 }
 
-// As many files take long to make, and without a number of its own each try would make them again.
+// So many files take long to make; without a fixed number of iterations every trial would make them again.
 BENCHMARK(scanJunkOfLinuxHome)->Iterations(5)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace

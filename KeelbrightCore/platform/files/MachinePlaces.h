@@ -62,7 +62,7 @@ struct LinuxUsage
 class MachinePlaces
 {
 public:
-    /// Looks at the home and, where it is no Mac's, reads two small files of settings. Blocks; any thread.
+    /// Looks at the home and, where it is no Mac's, reads a small file of settings. Blocks; any thread.
     /// `files` outlives the object.
     explicit MachinePlaces(const FileManager& files);
 
