@@ -131,6 +131,38 @@ TEST_F(LinuxJunkTests, aFolderOfStatesThatHoldsTheHomeIsNotSearchedForLogs)
     EXPECT_EQ(scan(), QList<JunkCategory>());
 }
 
+TEST_F(LinuxJunkTests, aCacheFolderThatHoldsSettingsOrDataIsNotTakenApart)
+{
+    const EnvironmentVariable cacheHome("XDG_CACHE_HOME");
+    write(".config/novel/settings.ini", 1'000);
+    write(".local/share/novel/chapters.db", 1'000);
+    write(".local/state/novel/history", 1'000);
+    for (const QByteArray folder : {".config", ".local", ".local/share", ".local/state"}) {
+        cacheHome.set(linuxMachine.atHome(folder).nativePath());
+        EXPECT_EQ(scan(), QList<JunkCategory>()) << folder.toStdString();
+        EXPECT_EQ(HealthScoreService::compute(std::nullopt).result().junkEstimateBytes, 0)
+            << folder.toStdString();
+    }
+}
+
+TEST_F(LinuxJunkTests, theUsualCacheFolderIsNotTakenApartWhereItHoldsData)
+{
+    const EnvironmentVariable configurationHome("XDG_CONFIG_HOME");
+    configurationHome.set(linuxMachine.atHome(".cache/settings").nativePath());
+    write(".cache/settings/novel.ini", 1'000);
+    write(".cache/pip/http/a", 10);
+    EXPECT_EQ(lines(JunkCategoryID::xcode), QStringList{u".cache/pip 10"_s});
+    EXPECT_EQ(scan().size(), 1);
+}
+
+TEST_F(LinuxJunkTests, aFolderOfStatesThatHoldsSettingsIsNotSearchedForLogs)
+{
+    const EnvironmentVariable stateHome("XDG_STATE_HOME");
+    stateHome.set(linuxMachine.atHome(".config").nativePath());
+    write(".config/diary.log", 1'000);
+    EXPECT_EQ(scan(), QList<JunkCategory>());
+}
+
 TEST_F(LinuxJunkTests, aLinkAmongTheCachesIsNoItem)
 {
     write("Documents/novel.odt", 1'000);
@@ -159,6 +191,8 @@ TEST_F(LinuxJunkTests, allTheBrowsersAreKnown)
                                u".cache/chromium 8"_s,
                                u".cache/google-chrome 7"_s,
                                u".cache/BraveSoftware/Brave-Browser 6"_s,
+                               u".cache/BraveSoftware/Brave-Browser-Beta 6"_s,
+                               u".cache/BraveSoftware/Brave-Browser-Nightly 6"_s,
                                u".cache/microsoft-edge 5"_s,
                                u".cache/vivaldi 4"_s,
                                u".var/app/com.google.Chrome/cache/google-chrome 3"_s,
@@ -232,6 +266,19 @@ TEST_F(LinuxJunkTests, theTrashOfTheHomeAndOfEachVolumeIsListed)
     for (const JunkItem& item : category(JunkCategoryID::trash).items)
         names.append(item.name());
     EXPECT_EQ(names, (QStringList{u"Drafts"_s, u"Old letter.odt"_s, u"song.ogg"_s, u"film.mkv"_s}));
+}
+
+TEST_F(LinuxJunkTests, theTrashOfADiskThatIsMountedAnywhereElseIsListed)
+{
+    linuxMachine.fileManager().setOtherVolumeTops(
+        {linuxMachine.root(), linuxMachine.root().appendingNative("srv/photos")});
+    const QByteArray user = QByteArray::number(::getuid());
+    linuxMachine.files().noise(".Trash-" + user + "/files/core", 7'000);
+    linuxMachine.files().noise("srv/photos/.Trash-" + user + "/files/blurred.jpg", 8'000);
+    QStringList names;
+    for (const JunkItem& item : category(JunkCategoryID::trash).items)
+        names.append(item.name());
+    EXPECT_EQ(names, (QStringList{u"blurred.jpg"_s, u"core"_s}));
 }
 
 TEST_F(LinuxJunkTests, whatLiesInTheTrashIsLeftToTheDesktopsOwnEmptying)

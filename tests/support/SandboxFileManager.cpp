@@ -16,6 +16,14 @@ FileURL SandboxFileManager::applicationSupportDirectory() const
     return homeDirectory().appending(QStringLiteral(".local/share"));
 }
 
+QList<FileURL> SandboxFileManager::volumeTops() const
+{
+    QList<FileURL> tops;
+    for (const MountedVolume& volume : m_volumes)
+        tops.append(volume.point);
+    return tops + m_otherTops;
+}
+
 FileURL SandboxFileManager::systemLocation(const QString& absolutePath) const
 {
     return m_root.appending(absolutePath);

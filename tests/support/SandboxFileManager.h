@@ -19,6 +19,11 @@ public:
 
     void setMountedVolumes(const QList<MountedVolume>& volumes) { m_volumes = volumes; }
 
+    /// Those of the mounted volumes, then those that the test names.
+    [[nodiscard]] QList<FileURL> volumeTops() const override;
+
+    void setOtherVolumeTops(const QList<FileURL>& tops) { m_otherTops = tops; }
+
     [[nodiscard]] FileURL homeDirectory() const override;
     [[nodiscard]] FileURL applicationSupportDirectory() const override;
     [[nodiscard]] FileURL systemLocation(const QString& absolutePath) const override;
@@ -30,6 +35,7 @@ private:
     FileURL m_root;
     bool m_isMac = true;
     QList<MountedVolume> m_volumes;
+    QList<FileURL> m_otherTops;
 };
 
 } // namespace keelbright::testing

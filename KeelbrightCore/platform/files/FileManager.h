@@ -126,6 +126,9 @@ public:
     /// The drives that people have mounted, by label; none of a network. Asks none of them, so that none can
     /// keep the caller waiting.
     [[nodiscard]] virtual QList<MountedVolume> mountedVolumes() const = 0;
+    /// The places of all file systems on devices of this machine, wherever they are mounted, each once; none
+    /// of a network. Asks none of them either.
+    [[nodiscard]] virtual QList<FileURL> volumeTops() const = 0;
 
     /// Whether the machine is a Mac; where things lie is asked of `MachinePlaces`.
     [[nodiscard]] virtual bool isMac() const = 0;

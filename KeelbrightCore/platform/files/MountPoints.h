@@ -16,6 +16,7 @@ struct DeviceMount
 {
     QByteArray device;
     FileURL point;
+    FileURL folder = {}; ///< of the file system, which is shown there; empty where only a whole one can be
 };
 
 /// The same places with what is mounted there. Asks no file system, so that none can keep the caller waiting.

@@ -3,11 +3,19 @@
 #include "KeelbrightCore/platform/files/FileManager.h"
 #include "KeelbrightCore/platform/files/MachinePlaces.h"
 
+#include <QSet>
 #include <algorithm>
+#include <utility>
 
 namespace keelbright {
 
 namespace {
+
+/// A network's or the kernel's own has none.
+bool isOnDevice(const DeviceMount& mount)
+{
+    return mount.device.startsWith("/dev/");
+}
 
 bool isBelow(const FileURL& url, const FileURL& folder)
 {
@@ -55,11 +63,25 @@ QList<MountedVolume> volumesAmong(const QList<DeviceMount>& mounts, const FileMa
     for (const DeviceMount& mount : mounts) {
         const bool isInPlace = std::ranges::any_of(
             places, [&mount](const FileURL& place) { return isBelow(mount.point, place); });
-        if (isInPlace && mount.device.startsWith("/dev/"))
+        if (isInPlace && isOnDevice(mount))
             volumes.append({mount.point, labelOf(mount, links, files)});
     }
     std::ranges::stable_sort(volumes, {}, &MountedVolume::label);
     return volumes;
+}
+
+QList<FileURL> topsAmong(const QList<DeviceMount>& mounts)
+{
+    QList<FileURL> tops;
+    QSet<std::pair<QByteArray, FileURL>> known;
+    for (const DeviceMount& mount : mounts) {
+        const std::pair shown(mount.device, mount.folder);
+        if (!isOnDevice(mount) || known.contains(shown) || tops.contains(mount.point))
+            continue;
+        known.insert(shown);
+        tops.append(mount.point);
+    }
+    return tops;
 }
 
 } // namespace keelbright

@@ -291,6 +291,11 @@ QList<MountedVolume> SystemFileManager::mountedVolumes() const
     return volumesAmong(deviceMounts(), *this);
 }
 
+QList<FileURL> SystemFileManager::volumeTops() const
+{
+    return topsAmong(deviceMounts());
+}
+
 bool SystemFileManager::isMac() const
 {
     return MachineRules::isMac();

@@ -44,6 +44,7 @@ public:
     [[nodiscard]] std::expected<void, FileError> writePiecesAtomically(const FileURL& url,
                                                                        const NextPiece& nextPiece) override;
     [[nodiscard]] QList<MountedVolume> mountedVolumes() const override;
+    [[nodiscard]] QList<FileURL> volumeTops() const override;
     [[nodiscard]] bool isMac() const override;
     [[nodiscard]] FileURL homeDirectory() const override;
     [[nodiscard]] FileURL applicationSupportDirectory() const override;

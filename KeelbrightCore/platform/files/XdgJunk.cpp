@@ -7,6 +7,8 @@
 #include "KeelbrightCore/platform/files/TrashFolder.h"
 #include "KeelbrightCore/platform/files/XdgFolders.h"
 
+#include <algorithm>
+
 namespace keelbright {
 
 using namespace Qt::StringLiterals;
@@ -29,6 +31,8 @@ const QList<Browser>& browsers()
                                          "chromium-browser/chrome"};
     // As Google's own package, and as Flatpak unpacks it.
     static const QByteArrayList chrome{"google/chrome/chrome", "extra/chrome"};
+    static const QByteArrayList chromeUnstable{"google/chrome-unstable/chrome", "extra/chrome"};
+    static const QByteArrayList brave{"brave"};
     static const QByteArrayList edge{"msedge", "microsoft-edge"};
     static const QByteArrayList vivaldi{"vivaldi-bin", "vivaldi"};
     static const QList<Browser> all{
@@ -36,12 +40,10 @@ const QList<Browser>& browsers()
         {u"Chromium"_s, "chromium", "org.chromium.Chromium", "chromium", chromium},
         {u"Chrome"_s, "google-chrome", "com.google.Chrome", {}, chrome},
         {u"Chrome"_s, "google-chrome-beta", {}, {}, {"google/chrome-beta/chrome"}},
-        {u"Chrome"_s,
-         "google-chrome-unstable",
-         "com.google.ChromeDev",
-         {},
-         {"google/chrome-unstable/chrome"}},
-        {u"Brave"_s, "BraveSoftware/Brave-Browser", "com.brave.Browser", "brave", {"brave"}},
+        {u"Chrome"_s, "google-chrome-unstable", "com.google.ChromeDev", {}, chromeUnstable},
+        {u"Brave"_s, "BraveSoftware/Brave-Browser", "com.brave.Browser", "brave", brave},
+        {u"Brave"_s, "BraveSoftware/Brave-Browser-Beta", {}, {}, brave},
+        {u"Brave"_s, "BraveSoftware/Brave-Browser-Nightly", {}, {}, brave},
         {u"Edge"_s, "microsoft-edge", "com.microsoft.Edge", {}, edge},
         {u"Edge"_s, "microsoft-edge-beta", {}, {}, edge},
         {u"Edge"_s, "microsoft-edge-dev", "com.microsoft.EdgeDev", {}, edge},
@@ -72,16 +74,47 @@ QList<BrowserCache> browserCaches(const FileURL& caches, const FileURL& home)
     return native + contained;
 }
 
-/// The folder, unless the environment names one that holds everything else of the home as well: its
-/// entries would be the user's own.
-FileURL unlessAboveHome(const FileURL& folder, const char* usual, const FileURL& home)
+/// Where the user keeps other things than caches and logs.
+QList<FileURL> keptFolders(const FileManager& files)
 {
-    return isAtOrBelow(home, folder) ? home.appendingNative(usual) : folder;
+    return {files.homeDirectory(), XdgFolders::configuration(files), files.applicationSupportDirectory()};
+}
+
+bool holdsOneOf(const FileURL& folder, const QList<FileURL>& others)
+{
+    return std::ranges::any_of(others, [&](const FileURL& other) { return isAtOrBelow(other, folder); });
+}
+
+/// The folder; where the environment names one that holds one of the others as well, the usual one below the
+/// home. Its entries would be the user's own.
+FileURL unlessItHolds(const QList<FileURL>& others, const FileURL& folder, const FileURL& usual)
+{
+    return holdsOneOf(folder, others) ? usual : folder;
+}
+
+FileURL stateFolder(const FileManager& files)
+{
+    return unlessItHolds(keptFolders(files), XdgFolders::state(files),
+                         files.homeDirectory().appendingNative(".local/state"));
+}
+
+/// What must not lie in the folder of caches.
+QList<FileURL> otherThanCaches(const FileManager& files)
+{
+    return keptFolders(files) + QList{XdgFolders::state(files)};
 }
 
 FileURL cacheFolder(const FileManager& files)
 {
-    return unlessAboveHome(XdgFolders::caches(files), ".cache", files.homeDirectory());
+    return unlessItHolds(otherThanCaches(files), XdgFolders::caches(files),
+                         files.homeDirectory().appendingNative(".cache"));
+}
+
+/// The folder whose entries are caches, unless the environment puts something else into the usual one.
+QList<FileURL> foldersOfCaches(const FileManager& files)
+{
+    const FileURL folder = cacheFolder(files);
+    return holdsOneOf(folder, otherThanCaches(files)) ? QList<FileURL>() : QList{folder};
 }
 
 QList<FileURL> cachesOfDeveloping(const FileURL& home)
@@ -97,14 +130,16 @@ QList<FileURL> sessionLogs(const FileURL& home)
 
 FileURL logsOfX(const FileManager& files)
 {
-    return files.applicationSupportDirectory().appendingNative("xorg");
+    const FileURL home = files.homeDirectory();
+    return unlessItHolds({home}, files.applicationSupportDirectory(), home.appendingNative(".local/share"))
+        .appendingNative("xorg");
 }
 
 QList<FileURL> trashFolders(const FileManager& files)
 {
     QList<FileURL> folders{files.applicationSupportDirectory().appendingNative("Trash/files")};
-    for (const MountedVolume& volume : files.mountedVolumes()) {
-        for (const FileURL& trash : volumeTrashes(volume.point))
+    for (const FileURL& top : files.volumeTops()) {
+        for (const FileURL& trash : volumeTrashes(top))
             folders.append(trash.appendingNative("files"));
     }
     return folders;
@@ -117,10 +152,10 @@ JunkPlaces xdgJunkPlaces(const FileManager& files)
     const FileURL home = files.homeDirectory();
     const FileURL caches = cacheFolder(files);
     JunkPlaces places;
-    places.caches = {caches};
+    places.caches = foldersOfCaches(files);
     places.logs = {logsOfX(files)};
     places.singleLogs = sessionLogs(home);
-    places.programStates = {unlessAboveHome(XdgFolders::state(files), ".local/state", home)};
+    places.programStates = {stateFolder(files)};
     places.developer = cachesOfDeveloping(home);
     for (const char* name : {"pip", "go-build", "ccache"})
         places.developer.append(caches.appendingNative(name));
@@ -134,7 +169,7 @@ JunkPlaces xdgJunkPlaces(const FileManager& files)
 QList<FileURL> xdgJunkEstimate(const FileManager& files)
 {
     const FileURL home = files.homeDirectory();
-    return QList{cacheFolder(files), logsOfX(files)} + sessionLogs(home) + cachesOfDeveloping(home);
+    return foldersOfCaches(files) + QList{logsOfX(files)} + sessionLogs(home) + cachesOfDeveloping(home);
 }
 
 } // namespace keelbright

@@ -58,7 +58,7 @@ QList<DeviceMount> deviceMounts()
 {
     QList<DeviceMount> found;
     for (const Mount& mount : mounts())
-        found.append({mount.device, mount.point});
+        found.append({mount.device, mount.point, mount.root});
     return found;
 }
 

@@ -50,6 +50,33 @@ TEST_F(MountedVolumesTest, areNamedByTheirLabels)
                                     {mac.root().appending(u"run/media/mira/3F2A-11"_s), u"Café"_s}}));
 }
 
+TEST_F(MountedVolumesTest, theTopsAreThoseOfAllDevicesWhereverTheyAreMounted)
+{
+    const auto at = [](const char* path) { return FileURL::fromNativePath(path); };
+    EXPECT_EQ(topsAmong({{"proc", at("/proc"), at("/")},
+                         {"/dev/sda2", at("/"), at("/")},
+                         {"tmpfs", at("/run"), at("/")},
+                         {"/dev/sdb1", at("/srv/photos"), at("/")},
+                         {"server:/export", at("/net"), at("/")}}),
+              (QList{at("/"), at("/srv/photos")}));
+}
+
+TEST_F(MountedVolumesTest, aFileSystemThatIsShownTwiceHasOneTop)
+{
+    const auto at = [](const char* path) { return FileURL::fromNativePath(path); };
+    EXPECT_EQ(topsAmong({{"/dev/sda2", at("/"), at("/@root")},
+                         {"/dev/sda2", at("/home"), at("/@home")},
+                         {"/dev/sdb1", at("/data"), at("/")},
+                         {"/dev/sdb1", at("/home/mira/data"), at("/")},
+                         {"/dev/sdc1", at("/data"), at("/")}}),
+              (QList{at("/"), at("/home"), at("/data")}));
+}
+
+TEST_F(MountedVolumesTest, theTopsOfThisMachineAreThoseOfItsMounts)
+{
+    EXPECT_EQ(SystemFileManager().volumeTops(), topsAmong(deviceMounts()));
+}
+
 TEST_F(MountedVolumesTest, oneWithoutALabelIsNamedByItsFolder)
 {
     addLabel("Backup\\x20Drive", "dev/sdb1");
