@@ -99,7 +99,7 @@ QString localized(const Group& group, const QByteArray& key, const QStringList& 
 QStringList messageLocales()
 {
     // Qt takes this list for the window, also where the locale is "C", in which gettext passes it over.
-    const QStringList chosen = qEnvironmentVariable("LANGUAGE").split(u':', Qt::SkipEmptyParts);
+    QStringList chosen = qEnvironmentVariable("LANGUAGE").split(u':', Qt::SkipEmptyParts);
     if (!chosen.isEmpty())
         return chosen;
     for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
